@@ -1,0 +1,34 @@
+# Every target of the project takes its compiler settings from here.
+add_library(tesserae_settings INTERFACE)
+target_include_directories(tesserae_settings INTERFACE ${PROJECT_SOURCE_DIR})
+target_include_directories(tesserae_settings SYSTEM INTERFACE ${Boost_INCLUDE_DIRS})
+target_compile_options(tesserae_settings INTERFACE -Wall -Wextra -Wpedantic -Wshadow
+  -Wnon-virtual-dtor -Woverloaded-virtual -Werror)
+# Placeholders are named boost::placeholders::_1; the checks of boost::bind's old global ones are noise.
+target_compile_definitions(tesserae_settings INTERFACE BOOST_BIND_NO_PLACEHOLDERS)
+if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
+  # A unique symbol keeps its image in the process for good; the module must be able to leave.
+  target_compile_options(tesserae_settings INTERFACE -fno-gnu-unique)
+endif()
+if(TESSERAE_SANITIZE)
+  target_compile_options(tesserae_settings INTERFACE
+    -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
+  target_link_options(tesserae_settings INTERFACE -fsanitize=address,undefined)
+endif()
+
+# tesserae_library(NAME SHARED|OBJECT|STATIC SOURCES ... LINKS ...)
+function(tesserae_library name kind)
+  cmake_parse_arguments(ARG "" "" "SOURCES;LINKS" ${ARGN})
+  add_library(${name} ${kind} ${ARG_SOURCES})
+  target_link_libraries(${name} PUBLIC tesserae_settings ${ARG_LINKS})
+endfunction()
+
+# tesserae_test(NAME SOURCES ... LINKS ...): one GoogleTest binary, run case by case from ctest as one entry.
+function(tesserae_test name)
+  cmake_parse_arguments(ARG "" "" "SOURCES;LINKS" ${ARGN})
+  add_executable(${name} ${ARG_SOURCES})
+  target_link_libraries(${name} PRIVATE tesserae_settings ${ARG_LINKS} GTest::gtest_main)
+  target_include_directories(${name} PRIVATE ${PROJECT_SOURCE_DIR}/tests)
+  add_test(NAME ${name} COMMAND ${name})
+  set_tests_properties(${name} PROPERTIES ENVIRONMENT "QT_QPA_PLATFORM=offscreen")
+endfunction()

@@ -1,0 +1,93 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+
+#include "platform/suites/result_code.h"
+
+/// Everything that a caller of the mosaic dialog needs: acquire MosaicSuite::kName at
+/// MosaicSuite::kVersion from the host, fill a MosaicParameters, call RunMosaicDialog, and on
+/// success build the mosaic from what came back. Lengths are in points of 1/72 inch.
+
+/// The caller's record. The dialog works on a copy; all 80 bytes come back on OK and only on OK,
+/// so the bytes that the dialog does not write return as they went in. Flags are 0 or 1 from the
+/// dialog; from the caller any value but 0 counts as 1.
+struct MosaicParameters {
+  uint8_t reserved0[8];           // passes through
+  uint8_t isColor;                // in, out: colour tiles, otherwise grey ones
+  uint8_t deleteRaster;           // in, out: the raster goes when the mosaic stands
+  uint8_t keepHorizontal;         // in, out: the ratio button derives the vertical values
+  uint8_t reserved11;             // passes through
+  int32_t tilesAcross;            // in (its low 16 bits), out: 1 to 8640
+  int32_t tilesDown;              // in (its low 16 bits), out: 1 to 8640
+  int32_t tileSpacingHorizontal;  // out: whole points, at least 0
+  int32_t tileSpacingVertical;    // out: whole points, at least 0
+  int32_t reserved28;             // out: 0
+  int32_t reserved32;             // out: 0
+  int32_t tilesAcrossCopy;        // out: the same as tilesAcross
+  int32_t tilesDownCopy;          // out: the same as tilesDown
+  int32_t boundsLeft;             // in: bounds of the source picture
+  int32_t boundsTop;              // in
+  int32_t boundsRight;            // in
+  int32_t boundsBottom;           // in
+  int32_t reserved60;             // out: 0
+  int32_t reserved64;             // out: 0
+  float newWidth;           // out: a length, or in percent mode a share of the source (1 is all)
+  float newHeight;          // out: the same rule
+  uint8_t sizeUnavailable;  // in: the source's size is not known, only percentages make sense
+  uint8_t reserved77[3];    // passes through
+};
+
+static_assert(sizeof(MosaicParameters) == 80);
+static_assert(offsetof(MosaicParameters, isColor) == 8);
+static_assert(offsetof(MosaicParameters, deleteRaster) == 9);
+static_assert(offsetof(MosaicParameters, keepHorizontal) == 10);
+static_assert(offsetof(MosaicParameters, reserved11) == 11);
+static_assert(offsetof(MosaicParameters, tilesAcross) == 12);
+static_assert(offsetof(MosaicParameters, tilesDown) == 16);
+static_assert(offsetof(MosaicParameters, tileSpacingHorizontal) == 20);
+static_assert(offsetof(MosaicParameters, tileSpacingVertical) == 24);
+static_assert(offsetof(MosaicParameters, reserved28) == 28);
+static_assert(offsetof(MosaicParameters, reserved32) == 32);
+static_assert(offsetof(MosaicParameters, tilesAcrossCopy) == 36);
+static_assert(offsetof(MosaicParameters, tilesDownCopy) == 40);
+static_assert(offsetof(MosaicParameters, boundsLeft) == 44);
+static_assert(offsetof(MosaicParameters, boundsTop) == 48);
+static_assert(offsetof(MosaicParameters, boundsRight) == 52);
+static_assert(offsetof(MosaicParameters, boundsBottom) == 56);
+static_assert(offsetof(MosaicParameters, reserved60) == 60);
+static_assert(offsetof(MosaicParameters, reserved64) == 64);
+static_assert(offsetof(MosaicParameters, newWidth) == 68);
+static_assert(offsetof(MosaicParameters, newHeight) == 72);
+static_assert(offsetof(MosaicParameters, sizeUnavailable) == 76);
+static_assert(offsetof(MosaicParameters, reserved77) == 77);
+
+/// The caller keeps this value from one showing of the dialog to the next; start with all zero.
+struct MosaicDialogState {
+  float aspectRatio;       // source width by source height; 1 when unknown or the height is 0
+  uint8_t noOriginalSize;  // the record's sizeUnavailable, as the dialog took it
+  uint8_t usePercent;      // the new size was given in percent; the next dialog opens so
+  uint8_t reserved6;       // comes back 0
+  uint8_t reserved7;       // passes through
+};
+
+static_assert(sizeof(MosaicDialogState) == 8);
+static_assert(offsetof(MosaicDialogState, aspectRatio) == 0);
+static_assert(offsetof(MosaicDialogState, noOriginalSize) == 4);
+static_assert(offsetof(MosaicDialogState, usePercent) == 5);
+static_assert(offsetof(MosaicDialogState, reserved6) == 6);
+static_assert(offsetof(MosaicDialogState, reserved7) == 7);
+
+/// The suite's function table.
+struct MosaicSuite {
+  static constexpr const char* kName = "VX TesseraeUI Suite";
+  static constexpr int32_t kVersion = 1001;
+
+  /// Shows the dialog "Create Tesserae" over `**params` and `*state` and returns when it is
+  /// closed. Answers kSuccess after OK, with both rewritten whole; kCancelled when the dialog was
+  /// closed any other way and kCannot when it could not be shown or run, with nothing written.
+  /// Only if closing the dialog itself fails after OK does kCannot come with both written.
+  ResultCode (*RunMosaicDialog)(MosaicDialogState* state, MosaicParameters** params);
+};
+
+static_assert(sizeof(MosaicSuite) == sizeof(void*));
