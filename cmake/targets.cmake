@@ -2,7 +2,7 @@
 add_library(tesserae_settings INTERFACE)
 target_include_directories(tesserae_settings INTERFACE ${PROJECT_SOURCE_DIR})
 target_include_directories(tesserae_settings SYSTEM INTERFACE ${Boost_INCLUDE_DIRS})
-target_compile_options(tesserae_settings INTERFACE -Wall -Wextra -Wpedantic -Wshadow
+target_compile_options(tesserae_settings INTERFACE -Wall -Wextra -Wpedantic
   -Wnon-virtual-dtor -Woverloaded-virtual -Werror)
 # Placeholders are named boost::placeholders::_1; the checks of boost::bind's old global ones are noise.
 target_compile_definitions(tesserae_settings INTERFACE BOOST_BIND_NO_PLACEHOLDERS)

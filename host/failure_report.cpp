@@ -1,0 +1,155 @@
+#include "host/failure_report.h"
+
+#include <algorithm>
+#include <cstdint>
+#include <cstdlib>
+#include <cstring>
+
+#include "host/bounded_string.h"
+#include "host/error.h"
+#include "host/suites.h"
+#include "host/unicode_string.h"
+
+namespace {
+
+// Pairs of a key and its text; the last text is also the default.
+constexpr int32_t kErrorTextList = 16050;
+
+// The host's own texts, by error number.
+constexpr int32_t kHostErrorList = 257;
+constexpr int32_t kFirstHostError = 10;
+constexpr int32_t kEndOfHostErrors = 900;
+
+// Codes above are written as their four characters, others as numbers.
+constexpr int32_t kGreatestPlainNumber = 16384;
+
+// A longer default text leaves no room for the code and is shown as it stands.
+constexpr size_t kFormattedTextLimit = 120;
+
+constexpr int32_t kSilentCodes[] = {
+    FourCharCode("FMT?"),
+    FourCharCode("RFSE"),
+    FourCharCode("AFTR"),
+    FourCharCode("VALD"),
+    FourCharCode("MOOT"),
+    FourCharCode("TRSH"),
+    FourCharCode("CHEK"),
+    FourCharCode("CHIT"),
+    FourCharCode("TLTK"),
+    FourCharCode("pFls"),
+    FourCharCode("S!Fd"),
+    FourCharCode("!Acq"),
+    FourCharCode("Bchn"),
+    FourCharCode("dsRP"),
+    FourCharCode("skpE"),
+    FourCharCode("DONE"),
+    FourCharCode("ASTR"),
+    FourCharCode("STOP"),
+    361,
+};
+
+bool ReadEntry(ModuleRef module, int32_t list, int32_t index, char* buffer, size_t size) {
+  buffer[0] = '\0';
+  const ResultCode code = Suite<KDMBasicSuite>()->GetListString(module, list, index, buffer,
+                                                                static_cast<int32_t>(size));
+  return !Failed(code) && buffer[0] != '\0';
+}
+
+int32_t ValueOfKey(const char* key) {
+  if (key[0] == '-' || (key[0] >= '0' && key[0] <= '9')) return std::atoi(key);
+  uint32_t value = 0;
+  for (size_t i = 0; i < 4; ++i) {
+    value = value << 8 | (*key ? static_cast<unsigned char>(*key++) : 0);
+  }
+  return static_cast<int32_t>(value);
+}
+
+bool LookupHostText(int32_t number, char (&text)[kListTextSize]) {
+  if (number < kFirstHostError || number >= kEndOfHostErrors) return false;
+  const ScopedSuite<GlossaHostInitSuite> host;
+  return host && ReadEntry(host->GetHostModule(), kHostErrorList, number, text, kListTextSize);
+}
+
+void WriteCode(int32_t code, char (&text)[10]) {
+  if (code > kGreatestPlainNumber) {
+    FormatInto(text, "%c%c%c%c", code >> 24, code >> 16 & 0xFF, code >> 8 & 0xFF, code & 0xFF);
+  } else {
+    FormatInto(text, "%d", code);
+  }
+}
+
+// A list is a file that anyone may have damaged: only a text that asks for exactly one string may
+// be used as a format.
+bool AsksForOneString(const char* format) {
+  int strings = 0;
+  for (const char* c = format; *c; ++c) {
+    if (*c != '%') continue;
+    ++c;
+    if (*c == 's') ++strings;
+    if (*c != 's' && *c != '%') return false;
+  }
+  return strings == 1;
+}
+
+void FindAndShow(PluginRef plugin, ResultCode code) {
+  const ScopedSuite<KDMBasicSuite> lists;
+  if (!lists) return;
+  const ScopedSuite<VXUserSuite> user;
+  if (!user) return;
+
+  char ownText[kListTextSize];
+  char hostText[kListTextSize];
+  bool isDefault = false;
+  const int32_t number = static_cast<int32_t>(code);
+  const char* text = LookupErrorText(plugin, code, ownText, &isDefault);
+  if ((!text || isDefault) && LookupHostText(number, hostText)) {
+    text = hostText;
+    isDefault = false;
+  }
+  if (!text) return;
+
+  char formatted[kListTextSize];
+  if (isDefault && std::strlen(text) < kFormattedTextLimit && AsksForOneString(text)) {
+    char codeText[10];
+    WriteCode(number, codeText);
+    FormatInto(formatted, text, codeText);
+    text = formatted;
+  }
+
+  const ScopedSuite<VXUnicodeStringSuite> strings;
+  if (!strings) return;
+  const vx::UnicodeString message(text);
+  (void)user->ShowErrorAlert(message.Handle());
+}
+
+}  // namespace
+
+bool IsSilent(ResultCode code) {
+  return std::ranges::find(kSilentCodes, static_cast<int32_t>(code)) !=
+         std::ranges::end(kSilentCodes);
+}
+
+const char* LookupErrorText(PluginRef plugin, ResultCode code, char (&text)[kListTextSize],
+                            bool* isDefault) {
+  *isDefault = false;
+  char key[32];
+  int32_t index = 1;
+  while (ReadEntry(plugin, kErrorTextList, index, key, sizeof(key))) {
+    if (ValueOfKey(key) == static_cast<int32_t>(code)) {
+      return ReadEntry(plugin, kErrorTextList, index + 1, text, sizeof(text)) ? text : nullptr;
+    }
+    index += 2;
+  }
+  if (index == 1) return nullptr;
+  *isDefault = true;
+  return ReadEntry(plugin, kErrorTextList, index - 1, text, sizeof(text)) ? text : nullptr;
+}
+
+void ShowFailure(PluginRef plugin, ResultCode code) noexcept {
+  if (IsSilent(code)) return;
+  try {
+    FindAndShow(plugin, code);
+  } catch (...) {
+    // The failure has reached the host as a code; a report that fails has nobody to tell.
+  }
+}

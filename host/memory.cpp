@@ -1,0 +1,12 @@
+#include "host/memory.h"
+
+#include "platform/qpbasic/qpbasic.h"
+
+void* TakeHostBlock(size_t size) noexcept {
+  void* block = nullptr;
+  return Failed(QPBasicAllocateBlock(size, &block)) ? nullptr : block;
+}
+
+void ReturnHostBlock(void* block) noexcept {
+  if (block) (void)QPBasicFreeBlock(block);
+}

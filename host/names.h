@@ -1,0 +1,8 @@
+#pragma once
+
+#include <cstring>
+
+/// Names of messages, notifiers and suites are compared byte for byte; an absent one is none.
+inline bool IsNamed(const char* text, const char* name) {
+  return text && std::strcmp(text, name) == 0;
+}

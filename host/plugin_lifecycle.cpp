@@ -1,0 +1,90 @@
+#include <new>
+
+#include "host/bounded_string.h"
+#include "host/error.h"
+#include "host/failure_report.h"
+#include "host/plugin.h"
+
+namespace {
+
+constexpr int32_t kAboutTextList = 16600;
+
+void ReadAboutText(PluginRef plugin, int32_t index, char (&text)[kListTextSize]) {
+  const ResultCode code =
+      Suite<KDMBasicSuite>()->GetListString(plugin, kAboutTextList, index, text, sizeof(text));
+  if (Failed(code)) text[0] = '\0';
+}
+
+}  // namespace
+
+ResultCode Plugin::OnStartup(PluginMessage* message) {
+  (void)SetCurrentPlugin(this);
+  ResultCode code = AcquireSuites();
+  if (!Failed(code)) code = Guarded([&] { return Introduce(message); });
+  if (Failed(code)) AbandonStartup();
+  return code;
+}
+
+ResultCode Plugin::Introduce(PluginMessage* message) {
+  ResultCode code = Suite<QPPluginsSuite>()->SetPluginName(message->pluginRef, name);
+  if (Failed(code)) return code;
+  if (addStartedNotifier) {
+    char notifierName[256];
+    FormatInto(notifierName, "%s App Started Notifier", name);
+    code = Suite<VXNotifierSuite>()->AddNotifier(message->pluginRef, notifierName,
+                                                 kStartedNotifierType, nullptr);
+    if (Failed(code)) return code;
+  }
+  code = ContinueStartup();
+  if (Failed(code)) return code;
+  (void)FinishStartup();
+  return ResultCode::kSuccess;
+}
+
+void Plugin::AbandonStartup() {
+  ReleaseSuites();
+  (void)SetCurrentPlugin(nullptr);
+}
+
+ResultCode Plugin::OnShutdown(PluginMessage*) {
+  ReleaseSuites();
+  (void)SetCurrentPlugin(nullptr);
+  return ResultCode::kSuccess;
+}
+
+ResultCode Plugin::OnUnload(PluginMessage* message) {
+  (void)PrepareUnload(message);
+  (void)SetCurrentPlugin(nullptr);
+  ReleaseSuites();
+  return ResultCode::kSuccess;
+}
+
+ResultCode Plugin::OnReload(PluginMessage*) {
+  (void)SetCurrentPlugin(this);
+  const ResultCode code = AcquireSuites();
+  if (!Failed(code)) (void)FinishStartup();
+  return code;
+}
+
+ResultCode Plugin::AcquireSuites() {
+  if (!suites) suites = new (std::nothrow) SuiteSet;
+  if (!suites) return ResultCode::kOutOfMemory;
+  suiteAcquireCount = 1;
+  const ResultCode code = suites->Error();
+  if (Failed(code)) ReleaseSuites();
+  return code;
+}
+
+void Plugin::ReleaseSuites() {
+  delete suites;
+  suites = nullptr;
+}
+
+ResultCode Plugin::OnAbout(PluginMessage* message) {
+  char firstText[kListTextSize];
+  char secondText[kListTextSize];
+  ReadAboutText(message->pluginRef, 1, firstText);
+  ReadAboutText(message->pluginRef, 2, secondText);
+  (void)Suite<KDMBasicSuite>()->ShowAboutBox(pluginRef, firstText, secondText);
+  return ResultCode::kSuccess;
+}

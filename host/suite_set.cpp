@@ -1,0 +1,90 @@
+#include "host/suite_set.h"
+
+#include "host/error.h"
+
+constinit const SuiteImport kFrameworkSuites[] = {
+    ImportOf<QPAccessSuite>(),  ImportOf<QPPluginsSuite>(), ImportOf<VXNotifierSuite>(),
+    ImportOf<VXContextSuite>(), ImportOf<KDMBasicSuite>(),  {nullptr, 0, nullptr},
+};
+
+constinit uint16_t suiteAcquireCount = 0;
+
+namespace {
+
+constexpr const SuiteImport* kLists[] = {kFrameworkSuites, kPluginSuites};
+
+const SuiteImport* EndOf(const SuiteImport* list) {
+  while (list->name) ++list;
+  return list;
+}
+
+ResultCode TryToAcquire(const SuiteImport& import) noexcept {
+  return Guarded([&] { return AcquireSuite(import); });
+}
+
+ResultCode ReleaseIfHeld(const SuiteImport& import) noexcept {
+  const bool held = import.destination && *import.destination;
+  return held ? ReleaseSuite(import) : ResultCode::kSuccess;
+}
+
+}  // namespace
+
+SuiteSet::SuiteSet() noexcept : error(AcquireRequired()) {
+  CountLists();
+  if (!Failed(error)) AcquireOptional();
+}
+
+SuiteSet::~SuiteSet() {
+  (void)Release();
+}
+
+ResultCode SuiteSet::AcquireRequired() noexcept {
+  if (suiteAcquireCount == 0) {
+    for (const SuiteImport* list : kLists) {
+      for (const SuiteImport* import = list; import->name; ++import) {
+        if (!import->destination) continue;
+        const ResultCode code = TryToAcquire(*import);
+        if (Failed(code)) return code;
+      }
+    }
+  }
+  ++suiteAcquireCount;
+  return ResultCode::kSuccess;
+}
+
+void SuiteSet::CountLists() {
+  const SuiteImport* end = EndOf(kPluginSuites);
+  requiredCount = static_cast<uint16_t>(end - kPluginSuites);
+  if (end->version == kOptionalSuitesFollow) {
+    optionalCount = static_cast<uint16_t>(EndOf(end + 1) - (end + 1));
+  }
+}
+
+void SuiteSet::AcquireOptional() noexcept {
+  if (optionalAcquired == optionalCount) return;
+  const SuiteImport* optional = kPluginSuites + requiredCount + 1;
+  for (uint16_t i = 0; i < optionalCount && optional[i].destination; ++i) {
+    if (!*optional[i].destination && !Failed(TryToAcquire(optional[i]))) ++optionalAcquired;
+  }
+}
+
+ResultCode SuiteSet::Release() noexcept {
+  if (--suiteAcquireCount != 0) return ResultCode::kSuccess;
+  for (const SuiteImport* list : kLists) {
+    for (const SuiteImport* import = list; import->name; ++import) {
+      const ResultCode code = ReleaseIfHeld(*import);
+      if (Failed(code)) return code;
+    }
+  }
+  return ReleaseOptional();
+}
+
+ResultCode SuiteSet::ReleaseOptional() noexcept {
+  if (optionalCount == 0) return ResultCode::kSuccess;
+  const SuiteImport* import = kPluginSuites + requiredCount + 1;
+  for (; optionalAcquired != 0 && import->name; ++import, --optionalAcquired) {
+    const ResultCode code = ReleaseIfHeld(*import);
+    if (Failed(code)) return code;
+  }
+  return ResultCode::kSuccess;
+}
