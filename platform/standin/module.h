@@ -1,0 +1,88 @@
+#pragma once
+
+#include <filesystem>
+#include <memory>
+#include <stdexcept>
+#include <string>
+
+#include "platform/standin/host.h"
+#include "platform/suites/plugin_message.h"
+
+namespace standin {
+
+/// The one function through which a host talks to a plug-in module.
+using EntryPoint = ResultCode (*)(const char* caller, const char* selector, PluginMessage* message);
+
+/// A module that cannot be loaded; `what` says which and why.
+class LoadError : public std::runtime_error {
+ public:
+  using std::runtime_error::runtime_error;
+};
+
+/// A module's code in memory, from construction to destruction.
+class ModuleImage {
+ public:
+  /// Throws LoadError when the file cannot be loaded or has no entry point.
+  explicit ModuleImage(const std::filesystem::path& file);
+  ~ModuleImage();
+
+  ModuleImage(const ModuleImage&) = delete;
+  ModuleImage& operator=(const ModuleImage&) = delete;
+
+  EntryPoint Entry() const { return entry; }
+
+ private:
+  void* handle;
+  EntryPoint entry;
+};
+
+/// A plug-in under the host: its code, and what the host keeps for it from message to message.
+/// The host must outlive it. The destructor shuts down what still runs.
+class Module {
+ public:
+  /// Loads the file and sends nothing yet. Throws LoadError.
+  Module(Host& host, const std::filesystem::path& file);
+  /// A plug-in whose code is linked into this program.
+  Module(Host& host, EntryPoint entry, const std::string& name);
+  ~Module();
+
+  Module(const Module&) = delete;
+  Module& operator=(const Module&) = delete;
+
+  ResultCode StartUp();
+  /// Loads the code first if it is away, since only the code can end what it began.
+  ResultCode ShutDown();
+  /// Sends the message and removes the code from memory. kPluginInUse when something needs it;
+  /// a failure leaves the code where it is.
+  ResultCode Unload();
+  /// Loads the code again, from another file if one is given, and sends the message. Throws
+  /// LoadError, with the plug-in still away. A code that is not away stays and is told only.
+  ResultCode Reload();
+  ResultCode Reload(const std::filesystem::path& otherFile);
+
+  /// Any message without further content. kNotLoaded while the code is away.
+  ResultCode Send(const char* caller, const char* selector);
+  /// Says that something of the notifier's `type` happened.
+  ResultCode Notify(const char* type, const char* selector = "VX Notify");
+  ResultCode About() { return Send("QP Interface", "About"); }
+
+  bool IsLoaded() const { return entry; }
+  PluginRef Ref() const { return plugin; }
+  /// What the plug-in keeps with the host; null when it does not run.
+  void* Globals() const { return globals; }
+  void SetGlobals(void* value) { globals = value; }
+
+ private:
+  ResultCode Send(const char* caller, const char* selector, PluginMessage& message);
+  void Load();
+
+  Host& host;
+  std::filesystem::path file;
+  std::unique_ptr<ModuleImage> image;
+  EntryPoint linkedEntry = nullptr;
+  EntryPoint entry = nullptr;
+  PluginRef plugin;
+  void* globals = nullptr;
+};
+
+}  // namespace standin
