@@ -1,0 +1,44 @@
+#pragma once
+
+#include <initializer_list>
+#include <string>
+
+#include "platform/nrvcore/replacement_value.h"
+#include "platform/nrvcore/string.h"
+
+namespace nrvcore::config {
+
+/// Turns keys of the form "$$$/" path "=" English text into the user's language. Translations are
+/// gettext catalogues of the domain "tesserae" (FOLDER/LANGUAGE/LC_MESSAGES/tesserae.mo) whose
+/// messages are the whole keys. Until a folder is set every text is English.
+///
+/// It sets the process's LC_MESSAGES and the environment's LANGUAGE and nothing else, and needs no
+/// locale but C.UTF-8. For the user-interface thread.
+class NRV_EXPORT Localizer {
+ public:
+  static Localizer& Get();
+
+  Localizer(const Localizer&) = delete;
+  Localizer& operator=(const Localizer&) = delete;
+
+  /// A folder without catalogues is no error: texts are then English.
+  void SetCatalogues(const std::string& folder);
+  /// `code` as in "de" or "pt_BR"; empty means what the user's environment asks for.
+  void SetLanguage(const std::string& code);
+
+  /// A key without translation shows what follows its first "=", one without "=" itself.
+  UTF16String Localize(const char* key) const;
+  /// The same with %1 to %4 replaced.
+  UTF16String Localize(const char* key, std::initializer_list<ReplacementValue> values) const;
+
+  /// The language's decimal sign: the translation of "$$$/nrvcore/Locale/DecimalSign=.".
+  char16_t GetDecimalSign() const;
+
+ private:
+  Localizer();
+  ~Localizer();
+
+  std::string userLanguage;
+};
+
+}  // namespace nrvcore::config

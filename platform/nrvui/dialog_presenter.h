@@ -1,0 +1,32 @@
+#pragma once
+
+#include "platform/nrvcore/export.h"
+
+namespace nrvui::ui {
+
+class UI_Dialog;
+
+/// Shows dialogs to somebody: a person at a window, or a script.
+class DialogPresenter {
+ public:
+  /// Returns when the dialog has a response. Returning without one cancels the dialog; an
+  /// exception ends the modal run and reaches whoever started it.
+  virtual void Present(UI_Dialog& dialog) = 0;
+
+ protected:
+  ~DialogPresenter() = default;
+};
+
+/// Installs a presenter for its own life and puts the former one back.
+class NRV_EXPORT InstalledPresenter {
+ public:
+  explicit InstalledPresenter(DialogPresenter& presenter);
+  InstalledPresenter(const InstalledPresenter&) = delete;
+  InstalledPresenter& operator=(const InstalledPresenter&) = delete;
+  ~InstalledPresenter();
+
+ private:
+  DialogPresenter* former;
+};
+
+}  // namespace nrvui::ui

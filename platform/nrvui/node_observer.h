@@ -1,0 +1,18 @@
+#pragma once
+
+namespace nrvui::ui {
+
+class UI_Node;
+
+/// Follows every change of a node, whoever makes it: value, bounds, unit, caption, enabled and
+/// shown state, rectangle, place, children, a dialog's response. A presenter with real windows
+/// mirrors nodes this way.
+class NodeObserver {
+ public:
+  virtual void NodeChanged(UI_Node& node) = 0;
+
+ protected:
+  ~NodeObserver() = default;
+};
+
+}  // namespace nrvui::ui

@@ -1,0 +1,13 @@
+#pragma once
+
+#include "platform/nrvui/ui_control_view.h"
+
+namespace nrvui::controls {
+
+class NRV_EXPORT UI_Button : public UI_ControlView {
+ public:
+  UI_Button();
+  ~UI_Button() override;
+};
+
+}  // namespace nrvui::controls

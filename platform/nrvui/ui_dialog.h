@@ -1,0 +1,59 @@
+#pragma once
+
+#include "platform/nrvui/os_dialog.h"
+#include "platform/nrvui/os_view.h"
+#include "platform/nrvui/ui_button.h"
+
+namespace nrvui::ui {
+
+/// A dialog with a root view for its content, an OK and a Cancel button and a response. During its
+/// construction nobody may take and drop a reference on it: the count is still 0.
+class NRV_EXPORT UI_Dialog : public OS_Dialog {
+ public:
+  UI_Dialog(const drawbot::SupplierInterface* drawingSupplier,
+            const nrvcore::UTF16String& windowTitle, nrvcore::geom::PointT<float> dialogPoint,
+            nrvcore::geom::PointT<float> contentSize, bool staysOnTop, NSWindow* platformWindow,
+            bool keepsCentre, bool isToolWindow, bool hasTitleBar, bool hasCloseBox,
+            std::uint32_t styleValue, std::uint32_t flags);
+  ~UI_Dialog() override;
+
+  /// Confirms when an OK button is registered, visible and enabled; otherwise nothing happens.
+  virtual void OnReturnKey();
+  /// Cancels unless a registered cancel button is disabled.
+  virtual void OnEscapeKey();
+  /// Cancels, whatever the buttons say.
+  virtual void OnCloseButton();
+  /// Any response but kNoResponse closes the dialog; the last one counts.
+  virtual void SetResponse(DialogResponse newResponse);
+  virtual void DefaultCloseOk();
+  virtual void DefaultCloseCancel();
+
+  DialogResponse GetResponse() const;
+
+  /// The only child; it follows the dialog's size and lasts as long as the dialog.
+  const boost::intrusive_ptr<OS_View>& GetRootView() const;
+
+  void SetOkButton(const boost::intrusive_ptr<controls::UI_Button>& button);
+  void SetCancelButton(const boost::intrusive_ptr<controls::UI_Button>& button);
+  void SetInitialFocus(const boost::intrusive_ptr<UI_Node>& node);
+  const boost::intrusive_ptr<controls::UI_Button>& GetOkButton() const;
+  const boost::intrusive_ptr<controls::UI_Button>& GetCancelButton() const;
+  const boost::intrusive_ptr<UI_Node>& GetInitialFocus() const;
+
+  /// Leaves the place to the platform.
+  void Position();
+
+  void UI_ContentRectChanged(const nrvcore::geom::RectT<float>& rect) override;
+
+ protected:
+  void Run(DialogPresenter& presenter) override;
+
+ private:
+  boost::intrusive_ptr<OS_View> rootView;
+  boost::intrusive_ptr<controls::UI_Button> okButton;
+  boost::intrusive_ptr<controls::UI_Button> cancelButton;
+  boost::intrusive_ptr<UI_Node> initialFocus;
+  DialogResponse response = kNoResponse;
+};
+
+}  // namespace nrvui::ui

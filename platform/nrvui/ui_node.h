@@ -1,0 +1,90 @@
+#pragma once
+
+#include <atomic>
+#include <boost/function.hpp>
+#include <boost/smart_ptr/shared_ptr.hpp>
+#include <cstdint>
+#include <vector>
+
+#include "platform/nrvcore/geometry.h"
+#include "platform/nrvcore/string.h"
+#include "platform/nrvui/node_observer.h"
+#include "platform/nrvui/ui_container.h"
+
+namespace nrvui::ui {
+
+/// Everything that a dialog is made of. Nodes are shared through boost::intrusive_ptr; a node holds
+/// its children and knows its parent by a plain pointer, which is null once the parent is gone.
+/// Counts change atomically, all else belongs to the user-interface thread.
+class NRV_EXPORT UI_Node : public UI_Container {
+ public:
+  UI_Node();
+  UI_Node(const UI_Node&) = delete;
+  UI_Node& operator=(const UI_Node&) = delete;
+  virtual ~UI_Node();
+
+  const boost::intrusive_ptr<UI_Node>* ChildBegin() const override;
+  const boost::intrusive_ptr<UI_Node>* ChildEnd() const override;
+  void ChildPushBack(const boost::intrusive_ptr<UI_Node>& child) override;
+  void ChildSwapOrder(unsigned long first, unsigned long second) override;
+
+  virtual void UI_ActivationChanged(bool active);
+  /// Told the node's new local rectangle, which is already in force.
+  virtual void UI_ContentRectChanged(const nrvcore::geom::RectT<float>& rect);
+  virtual void UI_DisabledStateChanged(bool disabled);
+
+  nrvcore::String UI_GetNodeID() const;
+  void UI_SetNodeID(const nrvcore::String& id);
+
+  UI_Container* UI_GetParentContainer() const;
+  /// The place among the parent's children; throws std::logic_error for a node without parent.
+  unsigned long UI_GetIndex() const;
+
+  /// The node's size as a rectangle: from (0, 0), or with `inParent` from its place in the parent.
+  nrvcore::geom::RectT<float> UI_GetLocalRectF(bool inParent) const;
+  /// Takes the rectangle's width and height as the new size; what is not above 0 counts as 0.
+  /// A size that differs is told to UI_ContentRectChanged, then to the notify function.
+  void UI_SetLocalRectF(const nrvcore::geom::RectT<float>& rect);
+  void UI_SetPosition(nrvcore::geom::PointT<float> positionInParent);
+  void UI_InstallSizeChangedNotifyFunction(
+      const boost::shared_ptr<boost::function<void()>>& notifyFunction);
+
+  void UI_Show(bool show);
+  bool UI_IsShown() const;
+  /// Shown, and so is everything above it.
+  bool UI_IsVisible() const;
+
+  /// At most one; it is not owned and must be taken away (null) before it goes.
+  void UI_SetObserver(NodeObserver* nodeObserver);
+
+  /// For diagnostics and tests.
+  std::int32_t UI_GetReferenceCount() const;
+  /// For a node whose storage belongs to somebody else: no release destroys it then.
+  void UI_KeepOnLastRelease(bool keep);
+
+ protected:
+  /// Tells the observer. To be called after every change that one could see.
+  void UI_Changed();
+
+ private:
+  friend void intrusive_ptr_add_ref(const UI_Node* node) noexcept;
+  friend void intrusive_ptr_release(const UI_Node* node) noexcept;
+
+  void Adopt(UI_Node& child);
+  void Drop(UI_Node& child);
+  bool IsAtOrAbove(const UI_Node& other) const;
+
+  mutable std::atomic<std::int32_t> referenceCount{0};
+  mutable std::uint8_t beingDestroyed = 0;
+  std::uint8_t keptOnLastRelease = 0;
+  bool shown = true;
+  nrvcore::String nodeID;
+  UI_Node* parent = nullptr;
+  NodeObserver* observer = nullptr;
+  std::vector<boost::intrusive_ptr<UI_Node>> children;
+  nrvcore::geom::PointT<float> position;
+  nrvcore::geom::PointT<float> size;
+  boost::shared_ptr<boost::function<void()>> sizeChanged;
+};
+
+}  // namespace nrvui::ui
