@@ -4,8 +4,6 @@ target_include_directories(tesserae_settings INTERFACE ${PROJECT_SOURCE_DIR})
 target_include_directories(tesserae_settings SYSTEM INTERFACE ${Boost_INCLUDE_DIRS})
 target_compile_options(tesserae_settings INTERFACE -Wall -Wextra -Wpedantic
   -Wnon-virtual-dtor -Woverloaded-virtual -Werror)
-# Placeholders are named boost::placeholders::_1; the checks of boost::bind's old global ones are noise.
-target_compile_definitions(tesserae_settings INTERFACE BOOST_BIND_NO_PLACEHOLDERS)
 if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
   # A unique symbol keeps its image in the process for good; the module must be able to leave.
   target_compile_options(tesserae_settings INTERFACE -fno-gnu-unique)

@@ -1,0 +1,18 @@
+#pragma once
+
+#include <boost/smart_ptr/shared_ptr.hpp>
+
+#include "platform/vxui/vxui_cairn_sheet.h"
+
+/// Keeps a dialog's property sheet alive for as long as the dialog, even when the holder of its
+/// layout has let go of it.
+class VXUICairnSheetInterface {
+ public:
+  VXUICairnSheetInterface() = default;
+  virtual ~VXUICairnSheetInterface() = default;
+  VXUICairnSheetInterface(const VXUICairnSheetInterface&) = delete;
+  VXUICairnSheetInterface& operator=(const VXUICairnSheetInterface&) = delete;
+
+ protected:
+  boost::shared_ptr<VXUICairnSheet> sheet;
+};

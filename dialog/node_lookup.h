@@ -1,0 +1,12 @@
+#pragma once
+
+#include <boost/smart_ptr/intrusive_ptr.hpp>
+
+#include "platform/nrvcore/string.h"
+#include "platform/nrvui/ui_node.h"
+
+/// The first node in breadth-first order, `root` included, whose ID is exactly `nodeID`; null when
+/// there is none. The tree must not change meanwhile. Throws std::bad_alloc, with every reference
+/// given back, when there is no memory for the queue of nodes still to visit.
+boost::intrusive_ptr<nrvui::ui::UI_Node> FindNodeByID(
+    const boost::intrusive_ptr<nrvui::ui::UI_Node>& root, const nrvcore::String& nodeID);

@@ -1,0 +1,39 @@
+#include "mosaic/run_mosaic_dialog.h"
+
+#include "mosaic/tesserae_ui.h"
+#include "mosaic/tesserae_ui_dialog.h"
+
+namespace {
+
+/// Runs an operation; whatever it throws only means that the dialog cannot be shown.
+template <class Operation>
+ResultCode OrCannot(Operation operation) noexcept {
+  try {
+    return operation();
+  } catch (...) {
+    return ResultCode::kCannot;
+  }
+}
+
+ResultCode RunAndHandBack(TesseraeUIDialog& dialog, MosaicDialogState* state,
+                          MosaicParameters** params) {
+  dialog.RunModal();
+  if (dialog.GetResponse() != nrvui::ui::kOkResponse) return ResultCode::kCancelled;
+  *state = dialog.State();
+  **params = dialog.Parameters();
+  return ResultCode::kSuccess;
+}
+
+}  // namespace
+
+ResultCode RunMosaicDialog(MosaicDialogState* state, MosaicParameters** params) {
+  if (!currentPlugin || !state || !params || !*params) return ResultCode::kCannot;
+  return OrCannot([&] {
+    auto* dialog = new TesseraeUIDialog(params, *state, currentPlugin->Reference());
+    intrusive_ptr_add_ref(dialog);
+    const ResultCode result = OrCannot([&] { return RunAndHandBack(*dialog, state, params); });
+    // Not left to a smart pointer, whose destructor could not let a failing destruction through.
+    intrusive_ptr_release(dialog);
+    return result;
+  });
+}

@@ -1,0 +1,85 @@
+#include "mosaic/tesserae_ui.h"
+
+#include <new>
+#include <utility>
+
+#include "host/bounded_string.h"
+#include "host/error.h"
+#include "host/plugin_factory.h"
+#include "mosaic/run_mosaic_dialog.h"
+
+constinit const SuiteImport kPluginSuites[] = {
+    ImportOf<QPBlocksSuite>(),        ImportOf<QPSuitesSuite>(), ImportOf<VXRealMathSuite>(),
+    ImportOf<VXUnicodeStringSuite>(), {nullptr, 0, nullptr},
+};
+
+constinit Plugin* currentPlugin = nullptr;
+
+namespace {
+
+constexpr const char* kName = "TesseraeUI";
+constexpr int32_t kInternalVersion = 1;
+
+}  // namespace
+
+Plugin* CreatePlugin(PluginRef pluginRef) {
+  return new TesseraeUI(pluginRef);
+}
+
+Plugin* RebindAfterReload(void* kept) {
+  const TesseraeUI saved(*static_cast<const TesseraeUI*>(kept));
+  return ::new (kept) TesseraeUI(saved);
+}
+
+TesseraeUI::TesseraeUI(PluginRef reference) : Plugin(reference) {
+  BoundedCopy(name, sizeof(name), kName, sizeof(name));
+}
+
+ResultCode TesseraeUI::OnStartup(PluginMessage* message) {
+  ResultCode code = Plugin::OnStartup(message);
+  if (Failed(code)) return code;
+  code = AddTesseraeSuite();
+  if (Failed(code)) AbandonStartup();
+  return code;
+}
+
+ResultCode TesseraeUI::AddTesseraeSuite() {
+  try {
+    void* block = nullptr;
+    (void)Suite<QPBlocksSuite>()->AllocateBlock(sizeof(MosaicSuite), kName, &block);
+    suiteFunctions = static_cast<MosaicSuite*>(block);
+    if (!suiteFunctions) return ResultCode::kParameter;
+    suiteFunctions->RunMosaicDialog = &RunMosaicDialog;
+    SuiteHandle suite = nullptr;
+    return Suite<QPSuitesSuite>()->AddSuite(nullptr, pluginRef, MosaicSuite::kName,
+                                            MosaicSuite::kVersion, kInternalVersion, suiteFunctions,
+                                            &suite);
+  } catch (...) {
+    (void)FreeSuiteFunctions();
+    return ResultCode::kParameter;
+  }
+}
+
+ResultCode TesseraeUI::SetCurrentPlugin(Plugin* plugin) {
+  currentPlugin = plugin;
+  if (suiteFunctions) suiteFunctions->RunMosaicDialog = &RunMosaicDialog;
+  return ResultCode::kSuccess;
+}
+
+ResultCode TesseraeUI::OnShutdown(PluginMessage* message) {
+  const ResultCode code = FreeSuiteFunctions();
+  if (!Failed(code)) return Plugin::OnShutdown(message);
+  // The object goes all the same, so nobody may find it any more.
+  (void)SetCurrentPlugin(nullptr);
+  return code;
+}
+
+ResultCode TesseraeUI::FreeSuiteFunctions() {
+  MosaicSuite* block = std::exchange(suiteFunctions, nullptr);
+  if (!block) return ResultCode::kSuccess;
+  return Guarded([block] {
+    // After an unload the module holds no suites, but the block is still its own.
+    const ScopedSuite<QPBlocksSuite> blocks;
+    return blocks ? blocks->FreeBlock(block) : ResultCode::kCannot;
+  });
+}

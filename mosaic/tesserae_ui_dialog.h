@@ -1,0 +1,75 @@
+#pragma once
+
+#include <boost/smart_ptr/intrusive_ptr.hpp>
+#include <cstdint>
+
+#include "dialog/vxui_base_dialog.h"
+#include "mosaic/checked_cast.h"
+#include "mosaic/mosaic_suite.h"
+
+namespace nrvui::ui {
+class UI_ControlChangedMessage;
+}
+
+/// The dialog "Create Tesserae". It works on copies of the caller's record and state; its change
+/// handlers keep the fields consistent while it runs, and OK brings the number fields into the
+/// copy of the record. A control that the layout lacks, or holds in another class, raises the
+/// toolkit's invalid-type-conversion error wherever it is used.
+class TesseraeUIDialog : public VXUIBaseDialog<nrvui::ui::UI_Dialog> {
+ public:
+  /// Builds the dialog from layout 16301 of the plug-in and gives every control its first value.
+  /// Reads `**params` once and keeps no pointer to it. Throws what host and toolkit throw.
+  TesseraeUIDialog(MosaicParameters** params, MosaicDialogState state, PluginRef pluginRef);
+
+  /// Takes the number fields over and closes the dialog with the OK response.
+  void DefaultCloseOk() override;
+
+  const MosaicParameters& Parameters() const { return parameters; }
+  const MosaicDialogState& State() const { return state; }
+
+ private:
+  using ChangeHandler = void (TesseraeUIDialog::*)(nrvui::ui::UI_ControlChangedMessage*);
+
+  void InitializeControls();
+  void ShowSourceSize();
+
+  // Access to the controls, by node ID.
+  template <class T>
+  boost::intrusive_ptr<T> Control(const char* nodeID) const {
+    const boost::intrusive_ptr<T> control = CheckedCast<T>(FindNodeByID(nodeID));
+    if (!control) nrvcore::config::ThrowInvalidTypeConversion();
+    return control;
+  }
+  void SetControlNumber(const char* nodeID, int32_t value);
+  void GetControlShort(const char* nodeID, int16_t& value) const;
+  float GetControlFloat(const char* nodeID) const;
+  /// Binds nothing, and says nothing, when the layout has no such control.
+  void InstallChangeHandler(const char* nodeID, ChangeHandler handler);
+
+  // Size and ratio.
+  int32_t ConnectControls();
+  void ResetNewSize();
+  void SetUpSizeField(const char* nodeID);
+  int32_t SourceWidth() const;
+  int16_t SourceHeight() const;
+  float SourceAspectRatio() const;
+  void DeriveByRatio(const char* fixedID, const char* derivedID, float factor);
+  void OnUsePercentChanged(nrvui::ui::UI_ControlChangedMessage*);
+  void OnUseRatioButton(nrvui::ui::UI_ControlChangedMessage*);
+
+  // Tile counts, spacing and the choices.
+  void SetUpCountField(const char* nodeID, int32_t count);
+  void SetUpSpacingField(const char* nodeID);
+  void ClampTileSpacing();
+  void ClampSpacing(const char* countID, const char* spacingID);
+  void UpdateRadioButtons();
+  void OnTileCountChanged(nrvui::ui::UI_ControlChangedMessage*);
+  void OnDeleteRasterChanged(nrvui::ui::UI_ControlChangedMessage*);
+  void OnHorizontalRadio(nrvui::ui::UI_ControlChangedMessage*);
+  void OnVerticalRadio(nrvui::ui::UI_ControlChangedMessage*);
+  void OnColorRadio(nrvui::ui::UI_ControlChangedMessage*);
+  void OnGrayRadio(nrvui::ui::UI_ControlChangedMessage*);
+
+  MosaicParameters parameters;
+  MosaicDialogState state;
+};

@@ -1,0 +1,105 @@
+#include <cmath>
+
+#include "host/suites.h"
+#include "mosaic/short_arithmetic.h"
+#include "mosaic/tesserae_ui_dialog.h"
+#include "platform/nrvui/ui_checkbox.h"
+#include "platform/nrvui/ui_radio_button.h"
+#include "platform/nrvui/ui_text_button.h"
+#include "platform/nrvui/ui_unit_number_edit.h"
+
+using nrvui::controls::UI_Checkbox;
+using nrvui::controls::UI_RadioButton;
+using nrvui::controls::UI_TextButton;
+using nrvui::controls::UI_UnitNumberEdit;
+using nrvui::ui::UI_ControlChangedMessage;
+
+namespace {
+
+constexpr double kGreatestPercentage = 100.0;
+constexpr double kGreatestLength = 8640.0;
+constexpr double kWhole = 100.0;
+
+}  // namespace
+
+int32_t TesseraeUIDialog::ConnectControls() {
+  const bool noSize = state.noOriginalSize != 0;
+  InstallChangeHandler("MosaicUseRatioButton", &TesseraeUIDialog::OnUseRatioButton);
+  Control<UI_TextButton>("MosaicUseRatioButton")->SetDisabled(noSize);
+  for (const char* radio : {"HorizontalRadio", "VerticalRadio", "ColorRadio", "GrayRadio"}) {
+    Control<UI_RadioButton>(radio)->SetDisabled(noSize);
+  }
+  if (!noSize) {
+    InstallChangeHandler("HorizontalRadio", &TesseraeUIDialog::OnHorizontalRadio);
+    InstallChangeHandler("VerticalRadio", &TesseraeUIDialog::OnVerticalRadio);
+    InstallChangeHandler("ColorRadio", &TesseraeUIDialog::OnColorRadio);
+    InstallChangeHandler("GrayRadio", &TesseraeUIDialog::OnGrayRadio);
+  }
+  const auto usePercent = Control<UI_Checkbox>("UsePercentChk");
+  usePercent->SetChecked(state.usePercent != 0);
+  usePercent->SetDisabled(noSize);
+  InstallChangeHandler("UsePercentChk", &TesseraeUIDialog::OnUsePercentChanged);
+  InstallChangeHandler("DeleteRasterChk", &TesseraeUIDialog::OnDeleteRasterChanged);
+  InstallChangeHandler("HorizontalCountTxt", &TesseraeUIDialog::OnTileCountChanged);
+  InstallChangeHandler("VerticalCountTxt", &TesseraeUIDialog::OnTileCountChanged);
+  return 0;
+}
+
+void TesseraeUIDialog::ResetNewSize() {
+  SetUpSizeField("NewWidthTxt");
+  SetUpSizeField("NewHeightTxt");
+  const bool whole = state.usePercent || state.noOriginalSize;
+  const auto width = Control<UI_UnitNumberEdit>("NewWidthTxt");
+  const auto height = Control<UI_UnitNumberEdit>("NewHeightTxt");
+  width->SetNumber(whole ? kWhole : LowShort(SourceWidth()));
+  height->SetNumber(whole ? kWhole : SourceHeight());
+  state.aspectRatio = SourceAspectRatio();
+}
+
+void TesseraeUIDialog::SetUpSizeField(const char* nodeID) {
+  const auto field = Control<UI_UnitNumberEdit>(nodeID);
+  field->SetCustomUnit(state.usePercent ? UI_UnitNumberEdit::kPercentUnit
+                                        : UI_UnitNumberEdit::kLengthUnit);
+  field->SetLowerBound(0.0);
+  field->SetUpperBound(state.usePercent ? kGreatestPercentage : kGreatestLength);
+}
+
+int32_t TesseraeUIDialog::SourceWidth() const {
+  return WrappingDifference(parameters.boundsRight, parameters.boundsLeft);
+}
+
+int16_t TesseraeUIDialog::SourceHeight() const {
+  return LowShort(WrappingDifference(parameters.boundsBottom, parameters.boundsTop));
+}
+
+float TesseraeUIDialog::SourceAspectRatio() const {
+  const float height = SourceHeight();
+  if (state.noOriginalSize || height == 0.0f) return 1.0f;
+  return static_cast<float>(SourceWidth()) / height;
+}
+
+void TesseraeUIDialog::OnUsePercentChanged(UI_ControlChangedMessage*) {
+  state.usePercent = Control<UI_Checkbox>("UsePercentChk")->IsChecked();
+  ResetNewSize();
+}
+
+void TesseraeUIDialog::OnUseRatioButton(UI_ControlChangedMessage*) {
+  const bool keepHorizontal = parameters.keepHorizontal != 0;
+  const float factor = keepHorizontal ? Suite<VXRealMathSuite>()->Divide(1.0f, state.aspectRatio)
+                                      : state.aspectRatio;
+  // A source without a width has no ratio by which a height could follow.
+  if (!std::isfinite(factor)) return;
+  if (keepHorizontal) {
+    DeriveByRatio("HorizontalCountTxt", "VerticalCountTxt", factor);
+    DeriveByRatio("NewWidthTxt", "NewHeightTxt", factor);
+  } else {
+    DeriveByRatio("VerticalCountTxt", "HorizontalCountTxt", factor);
+    DeriveByRatio("NewHeightTxt", "NewWidthTxt", factor);
+  }
+}
+
+void TesseraeUIDialog::DeriveByRatio(const char* fixedID, const char* derivedID, float factor) {
+  int16_t fixed = 0;
+  GetControlShort(fixedID, fixed);
+  SetControlNumber(derivedID, RoundToShort(Suite<VXRealMathSuite>()->Multiply(fixed, factor)));
+}
