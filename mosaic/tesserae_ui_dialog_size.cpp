@@ -101,5 +101,6 @@ void TesseraeUIDialog::OnUseRatioButton(UI_ControlChangedMessage*) {
 void TesseraeUIDialog::DeriveByRatio(const char* fixedID, const char* derivedID, float factor) {
   int16_t fixed = 0;
   GetControlShort(fixedID, fixed);
-  SetControlNumber(derivedID, RoundToShort(Suite<VXRealMathSuite>()->Multiply(fixed, factor)));
+  const float derived = Suite<VXRealMathSuite>()->Multiply(fixed, factor);
+  if (!std::isnan(derived)) SetControlNumber(derivedID, RoundToShort(derived));
 }

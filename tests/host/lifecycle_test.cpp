@@ -1,0 +1,122 @@
+#include "host/suite_set.h"
+#include "host/test_plugin.h"
+
+namespace {
+
+class LifecycleTest : public FrameworkTest {};
+
+TEST_F(LifecycleTest, AStartUpIntroducesThePluginAndAShutDownLeavesNothing) {
+  EXPECT_EQ(module.Send("VX Menu", "VX Go"), ResultCode::kSuccess);
+  ASSERT_EQ(module.StartUp(), ResultCode::kSuccess);
+  EXPECT_EQ(runningPlugin, Object());
+  EXPECT_EQ(module.Ref()->name, "Plugin");
+  ASSERT_EQ(host.Objects().notifiers.Size(), 1u);
+  EXPECT_EQ(host.Objects().notifiers.Objects()[0]->name, "Plugin App Started Notifier");
+  EXPECT_EQ(host.Objects().notifiers.Objects()[0]->type, "VX Application Started Notifier");
+
+  EXPECT_EQ(module.ShutDown(), ResultCode::kSuccess);
+  EXPECT_EQ(runningPlugin, nullptr);
+  EXPECT_EQ(module.Globals(), nullptr);
+  EXPECT_EQ(module.ShutDown(), ResultCode::kSuccess);
+  EXPECT_TRUE(host.Leftovers().empty());
+}
+
+TEST_F(LifecycleTest, AStartUpThatFailsHoldsNothing) {
+  for (const char* operation : {"QP Plug-ins Suite/SetPluginName", "VX Notifier Suite/AddNotifier",
+                                "acquire/KDM Basic Suite"}) {
+    for (const bool throws : {false, true}) {
+      SCOPED_TRACE(operation);
+      if (throws) {
+        Operations().Throw(operation, std::make_exception_ptr(7));
+      } else {
+        Operations().Refuse(operation, ResultCode{12});
+      }
+      EXPECT_EQ(module.StartUp(), throws ? ResultCode::kCannot : ResultCode{12});
+      EXPECT_EQ(module.Globals(), nullptr);
+      EXPECT_EQ(runningPlugin, nullptr);
+      EXPECT_TRUE(host.Leftovers().empty());
+    }
+  }
+  plan.continueStartup = ResultCode::kParameter;
+  EXPECT_EQ(module.StartUp(), ResultCode::kParameter);
+  plan.addStartedNotifier = false;
+  plan.continueStartup = ResultCode::kSuccess;
+  const size_t calls = Operations().Calls("VX Notifier Suite/AddNotifier");
+  EXPECT_EQ(module.StartUp(), ResultCode::kSuccess);
+  EXPECT_EQ(Operations().Calls("VX Notifier Suite/AddNotifier"), calls);
+}
+
+TEST_F(LifecycleTest, WithoutMemoryThereIsNoPlugin) {
+  for (const auto code : {ResultCode::kOutOfMemory, ResultCode::kSuccess}) {
+    qpbasic::Ledger::Get().Refuse({.countdown = 1, .once = true, .code = code});
+    EXPECT_EQ(module.StartUp(), ResultCode::kOutOfMemory);
+    EXPECT_EQ(module.Globals(), nullptr);
+  }
+  EXPECT_FALSE(person.alerts.empty());
+  EXPECT_TRUE(host.Leftovers().empty());
+}
+
+TEST_F(LifecycleTest, UnloadReleasesAndReloadAcquiresAgain) {
+  ASSERT_EQ(module.StartUp(), ResultCode::kSuccess);
+  void* const object = module.Globals();
+  Object()->lockCount = 41;
+  ASSERT_EQ(module.Send("QP Access", "Unload"), ResultCode::kSuccess);
+  EXPECT_EQ(runningPlugin, nullptr);
+  EXPECT_EQ(suiteAcquireCount, 0);
+  plan.menuGo = [] { return ResultCode::kParameter; };
+  EXPECT_EQ(module.Send("VX Menu", "VX Go"), ResultCode::kSuccess);
+
+  Operations().Refuse("acquire/VX Context Suite", ResultCode{12});
+  EXPECT_EQ(module.Send("QP Access", "Reload"), ResultCode{12});
+  EXPECT_EQ(runningPlugin, object);
+  EXPECT_EQ(module.Send("VX Menu", "VX Go"), ResultCode::kSuccess);
+
+  handled.clear();
+  EXPECT_EQ(module.Send("QP Access", "Reload"), ResultCode::kSuccess);
+  EXPECT_EQ(module.Globals(), object);
+  EXPECT_EQ(Object()->lockCount, 41);
+  EXPECT_EQ(handled, std::vector<std::string>{"finished"});
+  EXPECT_EQ(Operations().Calls("QP Plug-ins Suite/SetPluginName"), 1u);
+  EXPECT_EQ(Operations().Calls("VX Notifier Suite/AddNotifier"), 1u);
+  EXPECT_EQ(module.Send("VX Menu", "VX Go"), ResultCode::kParameter);
+}
+
+TEST_F(LifecycleTest, LocksNest) {
+  ASSERT_EQ(module.StartUp(), ResultCode::kSuccess);
+  TestPlugin& plugin = *Object();
+  (void)plugin.SetLocked(false);
+  EXPECT_EQ(plugin.lockCount, 0);
+  (void)plugin.SetLocked(true);
+  (void)plugin.SetLocked(true);
+  EXPECT_EQ(host.Objects().accesses.Size(), 1u);
+  (void)plugin.SetLocked(false);
+  EXPECT_EQ(host.Objects().accesses.Size(), 1u);
+  (void)plugin.SetLocked(false);
+  EXPECT_EQ(host.Objects().accesses.Size(), 0u);
+  EXPECT_EQ(plugin.accessHandle, nullptr);
+  EXPECT_EQ(Operations().Calls("QP Access Suite/AcquirePlugin"), 1u);
+  EXPECT_EQ(Operations().Calls("QP Access Suite/ReleasePlugin"), 1u);
+}
+
+TEST_F(LifecycleTest, TheAboutBoxShowsItsTwoTextsOrNone) {
+  ASSERT_EQ(module.StartUp(), ResultCode::kSuccess);
+  standin::StringList texts;
+  texts.Set(1, "Tiles");
+  texts.Set(2, std::string(300, 'x'));
+  host.Lists().Replace(standin::ListOwner::kPlugin, 16600, texts);
+  EXPECT_EQ(module.About(), ResultCode::kSuccess);
+  EXPECT_EQ(person.aboutBoxes.back().first, "Tiles");
+  EXPECT_EQ(person.aboutBoxes.back().second, std::string(255, 'x'));
+  host.Lists().Replace(standin::ListOwner::kPlugin, 16600, {});
+  EXPECT_EQ(module.About(), ResultCode::kSuccess);
+  EXPECT_EQ(person.aboutBoxes.back().first + person.aboutBoxes.back().second, "");
+}
+
+TEST_F(LifecycleTest, TheNameIsCutToTheCallersBuffer) {
+  ASSERT_EQ(module.StartUp(), ResultCode::kSuccess);
+  char buffer[5];
+  EXPECT_EQ(Object()->CopyName(buffer, sizeof(buffer)), 6);
+  EXPECT_STREQ(buffer, "Plug");
+}
+
+}  // namespace

@@ -1,0 +1,76 @@
+#include "host/suite_set.h"
+
+#include "host/test_plugin.h"
+
+namespace {
+
+class SuiteSetTest : public FrameworkTest {
+ protected:
+  SuiteSetTest() { basicSuite = host.BasicSuite(); }
+  ~SuiteSetTest() override { suiteAcquireCount = 0; }
+};
+
+TEST_F(SuiteSetTest, SetsShareTheSuitesAndTheLastOneReleasesThemInOrder) {
+  host.Suites().SetAbsent("VX User Suite");
+  Operations().StartLog();
+  {
+    SuiteSet first;
+    EXPECT_EQ(first.Error(), ResultCode::kSuccess);
+    {
+      SuiteSet second;
+      EXPECT_EQ(suiteAcquireCount, 2);
+    }
+    EXPECT_EQ(suiteAcquireCount, 1);
+    EXPECT_NE(Suite<KDMBasicSuite>(), nullptr);
+  }
+  const std::vector<std::string> names = {
+      "QP Access Suite", "QP Plug-ins Suite", "VX Notifier Suite",      "VX Context Suite",
+      "KDM Basic Suite", "QP Blocks Suite",   "VX Unicode String Suite"};
+  std::vector<std::string> expected;
+  for (const auto& name : names) expected.push_back("acquire/" + name);
+  for (const auto& name : names) expected.push_back("release/" + name);
+  std::vector<std::string> log = Operations().Log();
+  std::erase(log, "acquire/VX User Suite");  // optional and absent: tried, not held
+  EXPECT_EQ(log, expected);
+  EXPECT_EQ(Suite<KDMBasicSuite>(), nullptr);
+}
+
+TEST_F(SuiteSetTest, AFailedReleaseEndsTheWalkAndClearsOnlyItsOwnPointer) {
+  {
+    SuiteSet set;
+    Operations().Refuse("release/QP Plug-ins Suite", ResultCode::kCannot);
+  }
+  EXPECT_EQ(Suite<QPAccessSuite>(), nullptr);
+  EXPECT_EQ(Suite<QPPluginsSuite>(), nullptr);
+  EXPECT_NE(Suite<VXNotifierSuite>(), nullptr);
+  EXPECT_EQ(host.Suites().Users("VX Notifier Suite"), 1u);
+  EXPECT_EQ(host.Suites().Users("VX Unicode String Suite"), 1u);
+
+  suiteAcquireCount = 1;
+  { SuiteSet rest; }
+  suiteAcquireCount = 1;
+  SuiteSet* sharing = new SuiteSet;  // joins, so that destroying it down to 0 releases the rest
+  suiteAcquireCount = 1;
+  delete sharing;
+  EXPECT_EQ(host.Suites().Users("VX Unicode String Suite"), 0u);
+}
+
+TEST_F(SuiteSetTest, AMissingSuiteIsTheOutcomeAndTheOthersGoBack) {
+  host.Suites().SetAbsent("QP Blocks Suite");
+  EXPECT_NE(module.StartUp(), ResultCode::kSuccess);
+  EXPECT_EQ(module.Globals(), nullptr);
+  EXPECT_EQ(suiteAcquireCount, 0);
+  EXPECT_TRUE(host.Leftovers().empty());
+}
+
+TEST_F(SuiteSetTest, OptionalSuitesAreTriedAgainWithEveryMessage) {
+  host.Suites().SetAbsent("VX User Suite");
+  ASSERT_EQ(module.StartUp(), ResultCode::kSuccess);
+  EXPECT_EQ(Suite<VXUserSuite>(), nullptr);
+
+  host.Suites().SetAbsent("VX User Suite", false);
+  ASSERT_EQ(module.Send("VX Menu", "VX Go"), ResultCode::kSuccess);
+  EXPECT_NE(Suite<VXUserSuite>(), nullptr);
+}
+
+}  // namespace
