@@ -1,5 +1,7 @@
 #pragma once
 
+#include <locale.h>
+
 #include <initializer_list>
 #include <string>
 
@@ -10,10 +12,10 @@ namespace nrvcore::config {
 
 /// Turns keys of the form "$$$/" path "=" English text into the user's language. Translations are
 /// gettext catalogues of the domain "tesserae" (FOLDER/LANGUAGE/LC_MESSAGES/tesserae.mo) whose
-/// messages are the whole keys. Until a folder is set every text is English.
+/// messages are the whole keys. Texts are English until a language is set.
 ///
-/// It sets the process's LC_MESSAGES and the environment's LANGUAGE and nothing else, and needs no
-/// locale but C.UTF-8. For the user-interface thread.
+/// It needs no locale but C.UTF-8 and leaves the process's locale alone; it sets the environment's
+/// LANGUAGE, since that is how gettext is told. For the user-interface thread.
 class NRV_EXPORT Localizer {
  public:
   static Localizer& Get();
@@ -39,6 +41,7 @@ class NRV_EXPORT Localizer {
   ~Localizer();
 
   std::string userLanguage;
+  locale_t messagesLocale;
 };
 
 }  // namespace nrvcore::config

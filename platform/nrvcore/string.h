@@ -13,8 +13,8 @@ template <class Char>
 class NRV_EXPORT StringT {
  public:
   StringT() noexcept;
-  StringT(const Char* text);  // NOLINT: literals are strings; null counts as empty
-  explicit StringT(std::basic_string_view<Char> text);
+  StringT(const Char* characters);  // NOLINT: literals are strings; null counts as empty
+  explicit StringT(std::basic_string_view<Char> characters);
   StringT(const StringT& other);
   StringT(StringT&& other) noexcept;
   ~StringT();
@@ -24,7 +24,7 @@ class NRV_EXPORT StringT {
   /// Valid until the string is changed or destroyed.
   std::basic_string_view<Char> View() const noexcept;
   bool IsEmpty() const noexcept;
-  void Append(std::basic_string_view<Char> text);
+  void Append(std::basic_string_view<Char> characters);
 
   friend bool operator==(const StringT& a, const StringT& b) { return a.View() == b.View(); }
 

@@ -15,7 +15,7 @@ enum class Refusal {
   kNotEditable,
   kNotClickable,
   kNotANumber,
-  kTooLarge,
+  kOutOfRange,
   kOtherUnit,
   kNotASize,
 };
@@ -32,8 +32,8 @@ struct Outcome {
   OutcomeKind kind = OutcomeKind::kDone;
   Refusal refusal = Refusal::kNone;  // kNone unless refused
   bool changed = false;              // whether the control now has another value
-  nrvcore::UTF16String entered;      // what was asked for, when pulled or refused for what it is
-  nrvcore::UTF16String put;          // what is there instead, when pulled
+  nrvcore::UTF16String entered{};    // what was asked for, when pulled or refused for what it is
+  nrvcore::UTF16String put{};        // what is there instead, when pulled
 
   bool IsRefused() const { return kind == OutcomeKind::kRefused; }
   bool IsPulled() const {

@@ -7,6 +7,10 @@
 #include "platform/nrvui/gesture_script.h"
 #include "platform/nrvui/outcome.h"
 
+namespace nrvui::ui {
+class UI_Node;
+}
+
 namespace nrvui::gestures {
 
 /// Plays a gesture script, from its start, on every dialog that it is given. A line that cannot be
@@ -26,8 +30,10 @@ class NRV_EXPORT ScriptedPresenter final : public ui::DialogPresenter {
   const std::optional<ScriptError>& Error() const;
 
  private:
+  void PlayOrThrow(ui::UI_Dialog& dialog, const Step& step) const;
   Outcome Play(ui::UI_Dialog& dialog, const Step& step) const;
-  void Report(std::size_t line, const std::string& message) const;
+  ui::UI_Node& Control(ui::UI_Dialog& dialog, const Step& step) const;
+  void Report(const std::string& message) const;
 
   GestureScript script;
   std::function<void(const std::string&)> reportFunction;

@@ -70,8 +70,6 @@ class NRV_EXPORT UI_Node : public UI_Container {
   friend void intrusive_ptr_add_ref(const UI_Node* node) noexcept;
   friend void intrusive_ptr_release(const UI_Node* node) noexcept;
 
-  void Adopt(UI_Node& child);
-  void Drop(UI_Node& child);
   bool IsAtOrAbove(const UI_Node& other) const;
 
   mutable std::atomic<std::int32_t> referenceCount{0};

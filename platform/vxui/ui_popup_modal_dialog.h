@@ -16,7 +16,7 @@ class NRV_EXPORT UI_PopupModalDialog : public nrvui::ui::UI_Dialog {
 
   virtual bool MayPopUp();
   virtual void OnPopUp();
-  virtual void OnDismiss();
+  virtual void OnDismiss() noexcept;
 };
 
 }  // namespace vx::ui

@@ -1,0 +1,118 @@
+#include "platform/nrvcore/localizer.h"
+
+#include <libintl.h>
+
+#include <algorithm>
+#include <cstdlib>
+#include <cstring>
+#include <utility>
+
+#include "platform/nrvcore/unicode.h"
+
+// gettext forgets what it looked up when this moves; its manual names it for exactly that.
+extern "C" int _nl_msg_cat_cntr;
+
+namespace nrvcore::config {
+
+namespace {
+
+constexpr const char* kDomain = "tesserae";
+constexpr const char* kDecimalSignKey = "$$$/nrvcore/Locale/DecimalSign=.";
+constexpr const char* kUntranslated = "C";
+
+std::string FromEnvironment(std::initializer_list<const char*> names) {
+  for (const char* name : names) {
+    const char* value = std::getenv(name);
+    if (value != nullptr && *value != '\0') return value;
+  }
+  return {};
+}
+
+/// As gettext finds it: LANGUAGE counts only when the locale is not the plain one.
+std::string LanguageOfEnvironment() {
+  const std::string locale = FromEnvironment({"LC_ALL", "LC_MESSAGES", "LANG"});
+  if (locale.empty() || locale == "C" || locale == "POSIX") return kUntranslated;
+  return FromEnvironment({"LANGUAGE", "LC_ALL", "LC_MESSAGES", "LANG"});
+}
+
+class LocaleInUse {
+ public:
+  explicit LocaleInUse(locale_t locale) : former(uselocale(locale)) {}
+  LocaleInUse(const LocaleInUse&) = delete;
+  LocaleInUse& operator=(const LocaleInUse&) = delete;
+  ~LocaleInUse() { uselocale(former); }
+
+ private:
+  locale_t former;
+};
+
+const char* EnglishText(const char* key) {
+  const char* equalSign = std::strchr(key, '=');
+  return equalSign == nullptr ? key : equalSign + 1;
+}
+
+UTF16String WithReplacements(std::u16string_view text,
+                             std::initializer_list<ReplacementValue> values) {
+  UTF16String out;
+  while (!text.empty()) {
+    const std::size_t plain = std::min(text.find(u'%'), text.size());
+    out.Append(text.substr(0, plain));
+    text.remove_prefix(plain);
+    if (text.empty()) break;
+    const std::size_t index = text.size() > 1 ? text[1] - std::size_t{u'1'} : values.size();
+    const bool isPlace = index < values.size();
+    out.Append(isPlace ? values.begin()[index].Text().View() : text.substr(0, 1));
+    text.remove_prefix(isPlace ? 2 : 1);
+  }
+  return out;
+}
+
+}  // namespace
+
+Localizer& Localizer::Get() {
+  static Localizer localizer;
+  return localizer;
+}
+
+Localizer::Localizer()
+    : userLanguage(LanguageOfEnvironment()),
+      messagesLocale(newlocale(LC_MESSAGES_MASK, kUntranslated, nullptr)) {
+  bind_textdomain_codeset(kDomain, "UTF-8");
+}
+
+Localizer::~Localizer() {
+  if (messagesLocale != nullptr) freelocale(messagesLocale);
+}
+
+void Localizer::SetCatalogues(const std::string& folder) {
+  bindtextdomain(kDomain, folder.c_str());
+}
+
+void Localizer::SetLanguage(const std::string& code) {
+  setenv("LANGUAGE", code.empty() ? userLanguage.c_str() : code.c_str(), 1);
+  if (locale_t utf8 = newlocale(LC_MESSAGES_MASK, "C.UTF-8", nullptr)) {
+    std::swap(messagesLocale, utf8);
+    if (utf8 != nullptr) freelocale(utf8);
+  }
+  ++_nl_msg_cat_cntr;
+}
+
+UTF16String Localizer::Localize(const char* key) const {
+  // The empty message is a catalogue's header.
+  if (key == nullptr || *key == '\0') return {};
+  const LocaleInUse inUse(messagesLocale);
+  const char* text = dgettext(kDomain, key);
+  return utility::UTF8ToUTF16(text == key ? EnglishText(key) : text);
+}
+
+UTF16String Localizer::Localize(const char* key,
+                                std::initializer_list<ReplacementValue> values) const {
+  return WithReplacements(Localize(key).View(), values);
+}
+
+char16_t Localizer::GetDecimalSign() const {
+  const UTF16String sign = Localize(kDecimalSignKey);
+  return sign.IsEmpty() ? u'.' : sign.View().front();
+}
+
+}  // namespace nrvcore::config

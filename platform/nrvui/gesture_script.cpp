@@ -1,0 +1,148 @@
+#include "platform/nrvui/gesture_script.h"
+
+#include <algorithm>
+#include <array>
+#include <charconv>
+#include <fstream>
+#include <iterator>
+
+#include "platform/nrvcore/unicode.h"
+
+namespace nrvui::gestures {
+
+namespace {
+
+constexpr std::string_view kBlanks = " \t\r";
+constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
+
+struct NamedVerb {
+  std::string_view name;
+  Verb verb;
+  std::string_view form;
+};
+
+constexpr std::array kVerbs = {
+    NamedVerb{"enter", Verb::kEnter, "enter ID TEXT"},
+    NamedVerb{"click", Verb::kClick, "click ID"},
+    NamedVerb{"key", Verb::kKey, "key Return, or key Escape"},
+    NamedVerb{"close", Verb::kClose, "close"},
+    NamedVerb{"resize", Verb::kResize, "resize WIDTH HEIGHT"},
+};
+
+std::string_view Trimmed(std::string_view text) {
+  text.remove_prefix(std::min(text.find_first_not_of(kBlanks), text.size()));
+  return text.substr(0, text.find_last_not_of(kBlanks) + 1);
+}
+
+/// Takes `text` up to the first of `ends`, which goes too.
+std::string_view TakeUntil(std::string_view& text, std::string_view ends) {
+  const std::size_t end = std::min(text.find_first_of(ends), text.size());
+  const std::string_view taken = text.substr(0, end);
+  text.remove_prefix(std::min(end + 1, text.size()));
+  return taken;
+}
+
+std::string_view TakeWord(std::string_view& text) {
+  text = Trimmed(text);
+  const std::string_view word = TakeUntil(text, kBlanks);
+  text = Trimmed(text);
+  return word;
+}
+
+bool TakeNumber(std::string_view& text, float& number) {
+  const std::string_view word = TakeWord(text);
+  const char* const wordEnd = word.data() + word.size();
+  const auto [end, error] = std::from_chars(word.data(), wordEnd, number);
+  return error == std::errc() && end == wordEnd;
+}
+
+bool TakeArguments(std::string_view rest, Step& step) {
+  switch (step.verb) {
+    case Verb::kEnter:
+      step.target = TakeWord(rest);
+      step.text = rest;
+      return !step.target.empty();
+    case Verb::kClick:
+      step.target = TakeWord(rest);
+      return !step.target.empty() && rest.empty();
+    case Verb::kKey:
+      step.target = rest;
+      return rest == "Return" || rest == "Escape";
+    case Verb::kClose:
+      return rest.empty();
+    case Verb::kResize:
+      return TakeNumber(rest, step.width) && TakeNumber(rest, step.height) && rest.empty();
+  }
+  return false;
+}
+
+}  // namespace
+
+ScriptError::ScriptError(const std::string& scriptFile, std::size_t scriptLine,
+                         const std::string& why)
+    : std::runtime_error(scriptFile +
+                         (scriptLine == 0 ? std::string() : ":" + std::to_string(scriptLine)) +
+                         ": " + why),
+      file(scriptFile),
+      line(scriptLine),
+      reason(why) {}
+
+ScriptError::ScriptError(const ScriptError& other) = default;
+ScriptError::~ScriptError() = default;
+
+const std::string& ScriptError::File() const {
+  return file;
+}
+
+std::size_t ScriptError::Line() const {
+  return line;
+}
+
+const std::string& ScriptError::Reason() const {
+  return reason;
+}
+
+GestureScript GestureScript::ReadFile(const std::filesystem::path& path) {
+  std::ifstream stream(path, std::ios::binary);
+  std::string text{std::istreambuf_iterator<char>(stream), {}};
+  if (!stream || std::filesystem::is_directory(path)) {
+    throw ScriptError(path.string(), 0, "the gesture file can't be read");
+  }
+  return Parse(text, path.string());
+}
+
+GestureScript GestureScript::Parse(std::string_view text, const std::string& name) {
+  GestureScript script;
+  script.name = name;
+  if (text.starts_with(kByteOrderMark)) text.remove_prefix(kByteOrderMark.size());
+  for (std::size_t number = 1; !text.empty(); ++number) {
+    std::string_view line = TakeUntil(text, "\n");
+    if (!nrvcore::utility::IsValidUTF8(line)) {
+      throw ScriptError(name, number, "the line is not UTF-8 text");
+    }
+    line = Trimmed(TakeUntil(line, "#"));
+    if (line.empty()) continue;
+    const std::string_view word = TakeWord(line);
+    const auto* verb = std::ranges::find(kVerbs, word, &NamedVerb::name);
+    if (verb == kVerbs.end()) {
+      throw ScriptError(name, number, "there is no gesture \"" + std::string(word) + "\"");
+    }
+    Step step{
+        .line = number, .verb = verb->verb, .target = {}, .text = {}, .width = 0, .height = 0};
+    if (!TakeArguments(line, step)) {
+      throw ScriptError(name, number, "it should read: " + std::string(verb->form));
+    }
+    script.steps.push_back(std::move(step));
+  }
+  return script;
+}
+
+const std::string& GestureScript::Name() const {
+  return name;
+}
+
+const std::vector<Step>& GestureScript::Steps() const {
+  return steps;
+}
+
+}  // namespace nrvui::gestures

@@ -1,0 +1,114 @@
+#include "platform/nrvui/number_text.h"
+
+#include <algorithm>
+#include <array>
+#include <charconv>
+#include <cmath>
+#include <string>
+
+#include "platform/nrvcore/unicode.h"
+
+namespace nrvui::controls {
+
+using gestures::Refusal;
+
+namespace {
+
+constexpr int kDecimals = 4;
+constexpr std::size_t kLongestFixedNumber = 1 + 309 + 1 + kDecimals;
+
+struct NamedUnit {
+  std::string_view name;
+  NumberUnit kind;
+  double factor;  // to the unit in which fields count
+};
+
+constexpr std::array kUnits = {
+    NamedUnit{"pt", NumberUnit::kLength, 1.0},
+    NamedUnit{"px", NumberUnit::kLength, 1.0},
+    NamedUnit{"mm", NumberUnit::kLength, 72.0 / 25.4},
+    NamedUnit{"cm", NumberUnit::kLength, 72.0 / 2.54},
+    NamedUnit{"in", NumberUnit::kLength, 72.0},
+    NamedUnit{"%", NumberUnit::kPercent, 1.0},
+};
+
+constexpr std::string_view kSuffixes[] = {"", " %", " pt"};  // by NumberUnit
+
+constexpr std::u16string_view kBlanks = u" \t\u00A0\u2009\u202F";
+constexpr char16_t kMinusSign = u'\u2212';
+constexpr char kForeign = '\x7F';  // stands for whatever no number and no unit contains
+
+template <class View>
+View Trimmed(View text, View blanks) {
+  const std::size_t begin = std::min(text.find_first_not_of(blanks), text.size());
+  text.remove_prefix(begin);
+  return text.substr(0, text.find_last_not_of(blanks) + 1);
+}
+
+/// The text in lower-case ASCII with '.' as decimal sign and plain blanks.
+std::string Plain(std::u16string_view text, char16_t decimalSign) {
+  std::string plain;
+  for (const char16_t character : Trimmed(text, kBlanks)) {
+    if (character == decimalSign) {
+      plain += '.';
+    } else if (character == kMinusSign) {
+      plain += '-';
+    } else if (kBlanks.find(character) != kBlanks.npos) {
+      plain += ' ';
+    } else if (character >= u'A' && character <= u'Z') {
+      plain += static_cast<char>(character - u'A' + u'a');
+    } else {
+      plain += character < 0x7F ? static_cast<char>(character) : kForeign;
+    }
+  }
+  return plain;
+}
+
+ParsedNumber No(Refusal refusal) {
+  return {0, refusal};
+}
+
+}  // namespace
+
+ParsedNumber ParseNumber(std::u16string_view text, NumberUnit fieldUnit, char16_t decimalSign) {
+  const std::string plain = Plain(text, decimalSign);
+  std::string_view rest = plain;
+  if (rest.starts_with('+') && !rest.starts_with("+-")) rest.remove_prefix(1);
+
+  double value = 0;
+  const auto [end, error] = std::from_chars(rest.data(), rest.data() + rest.size(), value);
+  if (error == std::errc::invalid_argument) return No(Refusal::kNotANumber);
+  rest.remove_prefix(end - rest.data());
+  const std::string_view name = Trimmed(rest, std::string_view(" "));
+
+  double factor = 1.0;
+  if (!name.empty()) {
+    const auto* unit = std::ranges::find(kUnits, name, &NamedUnit::name);
+    if (unit == kUnits.end()) return No(Refusal::kNotANumber);
+    if (unit->kind != fieldUnit) return No(Refusal::kOtherUnit);
+    factor = unit->factor;
+  }
+  if (std::isnan(value)) return No(Refusal::kNotANumber);
+  if (error != std::errc() || !std::isfinite(value * factor)) return No(Refusal::kOutOfRange);
+  return {value * factor, Refusal::kNone};
+}
+
+nrvcore::UTF16String FormatNumber(double value, NumberUnit unit, char16_t decimalSign) {
+  std::array<char, kLongestFixedNumber> buffer;
+  const auto [end, error] = std::to_chars(buffer.data(), buffer.data() + buffer.size(), value,
+                                          std::chars_format::fixed, kDecimals);
+  std::string text(buffer.data(), end);
+  const std::size_t sign = text.find('.');
+  if (sign != std::string::npos) {
+    text.erase(text.find_last_not_of('0') + 1);
+    if (text.ends_with('.')) text.pop_back();
+  }
+  if (text == "-0") text = "0";
+  text += kSuffixes[static_cast<int>(unit)];
+
+  std::u16string out(text.begin(), text.end());
+  std::ranges::replace(out, u'.', decimalSign);
+  return nrvcore::UTF16String(out);
+}
+
+}  // namespace nrvui::controls

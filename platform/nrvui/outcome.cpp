@@ -1,0 +1,71 @@
+#include "platform/nrvui/outcome.h"
+
+#include "platform/nrvcore/localizer.h"
+
+namespace nrvui::gestures {
+
+namespace {
+
+constexpr const char* kPulledDownText =
+    "$$$/nrvui/Gesture/PulledDown=%1 is more than %2; %2 was put in its place.";
+constexpr const char* kPulledUpText =
+    "$$$/nrvui/Gesture/PulledUp=%1 is less than %2; %2 was put in its place.";
+
+/// What a person reads when nothing was done; %1 is what they asked for.
+const char* RefusalText(Refusal refusal) {
+  switch (refusal) {
+    case Refusal::kNone:
+      break;
+    case Refusal::kDialogClosed:
+      return "$$$/nrvui/Gesture/DialogClosed=The dialog has already closed.";
+    case Refusal::kStaysOpen:
+      return "$$$/nrvui/Gesture/StaysOpen=The dialog can't be closed this way now.";
+    case Refusal::kNoCloseBox:
+      return "$$$/nrvui/Gesture/NoCloseBox=The dialog's window can't be closed.";
+    case Refusal::kDisabled:
+      return "$$$/nrvui/Gesture/Disabled=The control is disabled.";
+    case Refusal::kHidden:
+      return "$$$/nrvui/Gesture/Hidden=The control is hidden.";
+    case Refusal::kNotEditable:
+      return "$$$/nrvui/Gesture/NotEditable=Nothing can be entered here.";
+    case Refusal::kNotClickable:
+      return "$$$/nrvui/Gesture/NotClickable=There is nothing to click here.";
+    case Refusal::kNotANumber:
+      return "$$$/nrvui/Gesture/NotANumber=\"%1\" is not a number.";
+    case Refusal::kOutOfRange:
+      return "$$$/nrvui/Gesture/OutOfRange=\"%1\" is not a number that can be counted with.";
+    case Refusal::kOtherUnit:
+      return "$$$/nrvui/Gesture/OtherUnit=\"%1\" is in a unit that doesn't fit here.";
+    case Refusal::kNotASize:
+      return "$$$/nrvui/Gesture/NotASize=A window can't be %1 large.";
+  }
+  return "";
+}
+
+const char* TextFor(const Outcome& outcome) {
+  switch (outcome.kind) {
+    case OutcomeKind::kDone:
+      break;
+    case OutcomeKind::kPulledDown:
+      return kPulledDownText;
+    case OutcomeKind::kPulledUp:
+      return kPulledUpText;
+    case OutcomeKind::kRefused:
+      return RefusalText(outcome.refusal);
+  }
+  return "";
+}
+
+}  // namespace
+
+Outcome Refused(Refusal refusal, const nrvcore::UTF16String& entered) {
+  return {.kind = OutcomeKind::kRefused, .refusal = refusal, .entered = entered};
+}
+
+nrvcore::UTF16String Describe(const Outcome& outcome) {
+  using nrvcore::config::ReplacementValue;
+  return nrvcore::config::Localizer::Get().Localize(
+      TextFor(outcome), {ReplacementValue(outcome.entered), ReplacementValue(outcome.put)});
+}
+
+}  // namespace nrvui::gestures

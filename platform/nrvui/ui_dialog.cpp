@@ -1,0 +1,100 @@
+#include "platform/nrvui/ui_dialog.h"
+
+namespace nrvui::ui {
+
+UI_Dialog::UI_Dialog(const drawbot::SupplierInterface* drawingSupplier,
+                     const nrvcore::UTF16String& windowTitle,
+                     nrvcore::geom::PointT<float> dialogPoint,
+                     nrvcore::geom::PointT<float> contentSize, bool staysOnTop,
+                     NSWindow* platformWindow, bool keepsCentre, bool isToolWindow,
+                     bool hasTitleBar, bool hasCloseBox, std::uint32_t styleValue,
+                     std::uint32_t flags)
+    : OS_Dialog(drawingSupplier, windowTitle, dialogPoint, contentSize, platformWindow,
+                {.staysOnTop = staysOnTop,
+                 .keepsCentre = keepsCentre,
+                 .isToolWindow = isToolWindow,
+                 .hasTitleBar = hasTitleBar,
+                 .hasCloseBox = hasCloseBox,
+                 .value = styleValue,
+                 .flags = flags}),
+      rootView(new OS_View) {
+  ChildPushBack(rootView);
+  rootView->UI_SetLocalRectF(UI_GetLocalRectF(false));
+}
+
+UI_Dialog::~UI_Dialog() = default;
+
+void UI_Dialog::OnReturnKey() {
+  if (okButton == nullptr || okButton->IsDisabled() || !okButton->UI_IsVisible()) return;
+  DefaultCloseOk();
+}
+
+void UI_Dialog::OnEscapeKey() {
+  if (cancelButton != nullptr && cancelButton->IsDisabled()) return;
+  DefaultCloseCancel();
+}
+
+void UI_Dialog::OnCloseButton() {
+  DefaultCloseCancel();
+}
+
+void UI_Dialog::SetResponse(DialogResponse newResponse) {
+  response = newResponse;
+  UI_Changed();
+}
+
+void UI_Dialog::DefaultCloseOk() {
+  SetResponse(kOkResponse);
+}
+
+void UI_Dialog::DefaultCloseCancel() {
+  SetResponse(kCancelResponse);
+}
+
+DialogResponse UI_Dialog::GetResponse() const {
+  return response;
+}
+
+const boost::intrusive_ptr<OS_View>& UI_Dialog::GetRootView() const {
+  return rootView;
+}
+
+void UI_Dialog::SetOkButton(const boost::intrusive_ptr<controls::UI_Button>& button) {
+  okButton = button;
+}
+
+void UI_Dialog::SetCancelButton(const boost::intrusive_ptr<controls::UI_Button>& button) {
+  cancelButton = button;
+}
+
+void UI_Dialog::SetInitialFocus(const boost::intrusive_ptr<UI_Node>& node) {
+  initialFocus = node;
+}
+
+const boost::intrusive_ptr<controls::UI_Button>& UI_Dialog::GetOkButton() const {
+  return okButton;
+}
+
+const boost::intrusive_ptr<controls::UI_Button>& UI_Dialog::GetCancelButton() const {
+  return cancelButton;
+}
+
+const boost::intrusive_ptr<UI_Node>& UI_Dialog::GetInitialFocus() const {
+  return initialFocus;
+}
+
+void UI_Dialog::Position() {
+  SetPlacement(DialogPlacement::kPositioned);
+}
+
+void UI_Dialog::UI_ContentRectChanged(const nrvcore::geom::RectT<float>& rect) {
+  rootView->UI_SetLocalRectF(rect);
+}
+
+void UI_Dialog::Run(DialogPresenter& presenter) {
+  SetResponse(kNoResponse);
+  presenter.Present(*this);
+  if (response == kNoResponse) SetResponse(kCancelResponse);
+}
+
+}  // namespace nrvui::ui

@@ -1,0 +1,20 @@
+#include "platform/nrvui/ui_message.h"
+
+namespace nrvui::ui {
+
+template <class Node>
+MessageT<Node>::MessageT(Node& sendingNode) : sender(sendingNode) {}
+
+template <class Node>
+MessageT<Node>::~MessageT() = default;
+
+template <class Node>
+Node& MessageT<Node>::GetSender() const {
+  return sender;
+}
+
+template class MessageT<UI_Node>;
+
+UI_ControlChangedMessage::~UI_ControlChangedMessage() = default;
+
+}  // namespace nrvui::ui

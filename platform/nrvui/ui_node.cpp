@@ -1,0 +1,148 @@
+#include "platform/nrvui/ui_node.h"
+
+#include <algorithm>
+#include <stdexcept>
+#include <utility>
+
+namespace nrvui::ui {
+
+namespace {
+
+/// std::max in this order also turns what is no number into 0.
+nrvcore::geom::PointT<float> SizeOf(const nrvcore::geom::RectT<float>& rect) {
+  return {std::max(0.0f, rect.Width()), std::max(0.0f, rect.Height())};
+}
+
+}  // namespace
+
+void intrusive_ptr_add_ref(const UI_Node* node) noexcept {
+  node->referenceCount.fetch_add(1, std::memory_order_relaxed);
+}
+
+void intrusive_ptr_release(const UI_Node* node) noexcept {
+  if (node->referenceCount.fetch_sub(1, std::memory_order_acq_rel) != 1) return;
+  if (node->beingDestroyed != 0 || node->keptOnLastRelease != 0) return;
+  node->beingDestroyed = 1;
+  delete node;
+}
+
+UI_Node::UI_Node() = default;
+
+UI_Node::~UI_Node() {
+  for (const auto& child : children) child->parent = nullptr;
+}
+
+const boost::intrusive_ptr<UI_Node>* UI_Node::ChildBegin() const {
+  return children.data();
+}
+
+const boost::intrusive_ptr<UI_Node>* UI_Node::ChildEnd() const {
+  return children.data() + children.size();
+}
+
+void UI_Node::ChildPushBack(const boost::intrusive_ptr<UI_Node>& child) {
+  if (child == nullptr) throw std::invalid_argument("a child is null");
+  if (child->IsAtOrAbove(*this)) throw std::invalid_argument("a node would contain itself");
+  const boost::intrusive_ptr<UI_Node> added = child;
+  UI_Node* const former = added->parent;
+  children.emplace_back();  // the place first: without memory for it nothing has changed
+  if (former != nullptr) std::erase(former->children, added);
+  children.back() = added;
+  added->parent = this;
+  if (former != nullptr && former != this) former->UI_Changed();
+  UI_Changed();
+}
+
+void UI_Node::ChildSwapOrder(unsigned long first, unsigned long second) {
+  std::swap(children.at(first), children.at(second));
+  UI_Changed();
+}
+
+bool UI_Node::IsAtOrAbove(const UI_Node& other) const {
+  for (const UI_Node* node = &other; node != nullptr; node = node->parent) {
+    if (node == this) return true;
+  }
+  return false;
+}
+
+void UI_Node::UI_ActivationChanged(bool) {}
+void UI_Node::UI_ContentRectChanged(const nrvcore::geom::RectT<float>&) {}
+void UI_Node::UI_DisabledStateChanged(bool) {}
+
+nrvcore::String UI_Node::UI_GetNodeID() const {
+  return nodeID;
+}
+
+void UI_Node::UI_SetNodeID(const nrvcore::String& id) {
+  nodeID = id;
+}
+
+UI_Container* UI_Node::UI_GetParentContainer() const {
+  return parent;
+}
+
+unsigned long UI_Node::UI_GetIndex() const {
+  if (parent == nullptr) throw std::logic_error("a node without parent has no index");
+  const auto& siblings = parent->children;
+  return std::ranges::find(siblings, this, &boost::intrusive_ptr<UI_Node>::get) - siblings.begin();
+}
+
+nrvcore::geom::RectT<float> UI_Node::UI_GetLocalRectF(bool inParent) const {
+  const nrvcore::geom::PointT<float> origin = inParent ? position : nrvcore::geom::PointT<float>{};
+  return {origin.x, origin.y, origin.x + size.x, origin.y + size.y};
+}
+
+void UI_Node::UI_SetLocalRectF(const nrvcore::geom::RectT<float>& rect) {
+  const nrvcore::geom::PointT<float> newSize = SizeOf(rect);
+  if (newSize == size) return;
+  size = newSize;
+  UI_ContentRectChanged(UI_GetLocalRectF(false));
+  if (const auto notify = sizeChanged) (*notify)();
+  UI_Changed();
+}
+
+void UI_Node::UI_SetPosition(nrvcore::geom::PointT<float> positionInParent) {
+  if (positionInParent == position) return;
+  position = positionInParent;
+  UI_Changed();
+}
+
+void UI_Node::UI_InstallSizeChangedNotifyFunction(
+    const boost::shared_ptr<boost::function<void()>>& notifyFunction) {
+  sizeChanged = notifyFunction;
+}
+
+void UI_Node::UI_Show(bool show) {
+  if (show == shown) return;
+  shown = show;
+  UI_Changed();
+}
+
+bool UI_Node::UI_IsShown() const {
+  return shown;
+}
+
+bool UI_Node::UI_IsVisible() const {
+  for (const UI_Node* node = this; node != nullptr; node = node->parent) {
+    if (!node->shown) return false;
+  }
+  return true;
+}
+
+void UI_Node::UI_SetObserver(NodeObserver* nodeObserver) {
+  observer = nodeObserver;
+}
+
+std::int32_t UI_Node::UI_GetReferenceCount() const {
+  return referenceCount.load(std::memory_order_relaxed);
+}
+
+void UI_Node::UI_KeepOnLastRelease(bool keep) {
+  keptOnLastRelease = keep ? 1 : 0;
+}
+
+void UI_Node::UI_Changed() {
+  if (observer != nullptr) observer->NodeChanged(*this);
+}
+
+}  // namespace nrvui::ui

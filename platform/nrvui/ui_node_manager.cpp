@@ -1,0 +1,36 @@
+#include "platform/nrvui/ui_node_manager.h"
+
+namespace nrvui::ui {
+
+CustomSettingsManager::CustomSettingsManager() = default;
+CustomSettingsManager::~CustomSettingsManager() = default;
+
+const std::map<std::string, boost::any>& CustomSettingsManager::GetSettings() const {
+  return settings;
+}
+
+void CustomSettingsManager::SetSetting(const std::string& key, const boost::any& value) {
+  settings[key] = value;
+}
+
+void CustomSettingsManager::RemoveSetting(const std::string& key) {
+  settings.erase(key);
+}
+
+UI_NodeManager::UI_NodeManager() = default;
+UI_NodeManager::~UI_NodeManager() = default;
+
+UI_NodeManager& UI_NodeManager::Get(bool) {
+  static UI_NodeManager manager;
+  return manager;
+}
+
+CustomSettingsManager& UI_NodeManager::GetCustomSettingsManager() const {
+  return customSettings;
+}
+
+nrvcore::UTF16String GetDefaultThemeName() {
+  return u"Standard";
+}
+
+}  // namespace nrvui::ui

@@ -1,0 +1,100 @@
+#include "platform/nrvui/ui_number_edit.h"
+
+#include <cmath>
+
+#include "platform/nrvcore/error.h"
+#include "platform/nrvcore/localizer.h"
+
+namespace nrvui::controls {
+
+using gestures::Outcome;
+using gestures::OutcomeKind;
+using gestures::Refusal;
+
+namespace {
+
+constexpr const char* kNotANumber = "$$$/nrvui/NumberEdit/Error/NotANumber=\"%1\" is not a number.";
+
+ParsedNumber Parse(const nrvcore::UTF16String& text, NumberUnit unit) {
+  return ParseNumber(text.View(), unit, nrvcore::config::Localizer::Get().GetDecimalSign());
+}
+
+}  // namespace
+
+UI_NumberEdit::UI_NumberEdit() = default;
+UI_NumberEdit::~UI_NumberEdit() = default;
+
+double UI_NumberEdit::GetNumber() const {
+  return number;
+}
+
+void UI_NumberEdit::SetNumber(double newNumber) {
+  number = newNumber;
+  UI_Changed();
+}
+
+void UI_NumberEdit::SetLowerBound(double bound) {
+  lowerBound = bound;
+  UI_Changed();
+}
+
+void UI_NumberEdit::SetUpperBound(double bound) {
+  upperBound = bound;
+  UI_Changed();
+}
+
+double UI_NumberEdit::GetLowerBound() const {
+  return lowerBound;
+}
+
+double UI_NumberEdit::GetUpperBound() const {
+  return upperBound;
+}
+
+NumberUnit UI_NumberEdit::GetUnit() const {
+  return NumberUnit::kNone;
+}
+
+nrvcore::UTF16String UI_NumberEdit::GetValue() const {
+  return Format(GetNumber());
+}
+
+void UI_NumberEdit::SetValue(const nrvcore::UTF16String& newText) {
+  const ParsedNumber parsed = Parse(newText, GetUnit());
+  if (parsed.refusal != Refusal::kNone) {
+    nrvcore::config::ThrowError(nrvcore::config::ErrorLevel::kError, kNotANumber, 0, 0, false,
+                                nrvcore::config::ReplacementValue(newText), {}, {}, {});
+  }
+  SetNumber(parsed.value);
+}
+
+Outcome UI_NumberEdit::AcceptEntry(const nrvcore::UTF16String& entry) {
+  // The displayed text may have fewer decimals than the number; leaving it alone must not cost any.
+  const bool leftAlone = std::isfinite(GetNumber()) && entry == GetValue();
+  const ParsedNumber parsed = leftAlone ? ParsedNumber{GetNumber()} : Parse(entry, GetUnit());
+  if (parsed.refusal != Refusal::kNone) return gestures::Refused(parsed.refusal, entry);
+
+  Outcome outcome;
+  double accepted = parsed.value;
+  const double upper = upperBound < lowerBound ? lowerBound : upperBound;
+  if (accepted > upper) {
+    accepted = upper;
+    outcome.kind = OutcomeKind::kPulledDown;
+  } else if (accepted < lowerBound) {
+    accepted = lowerBound;
+    outcome.kind = OutcomeKind::kPulledUp;
+  }
+  if (outcome.IsPulled()) {
+    outcome.entered = Format(parsed.value);
+    outcome.put = Format(accepted);
+  }
+  outcome.changed = accepted != GetNumber();
+  if (outcome.changed) SetNumber(accepted);
+  return outcome;
+}
+
+nrvcore::UTF16String UI_NumberEdit::Format(double value) const {
+  return FormatNumber(value, GetUnit(), nrvcore::config::Localizer::Get().GetDecimalSign());
+}
+
+}  // namespace nrvui::controls

@@ -1,0 +1,38 @@
+#include "platform/nrvui/ui_panel.h"
+
+#include <stdexcept>
+
+namespace nrvui::ui {
+
+UI_Panel::UI_Panel() = default;
+UI_Panel::~UI_Panel() = default;
+
+void UI_Panel::SetArrangement(PanelArrangement newArrangement) {
+  arrangement = newArrangement;
+  UI_Changed();
+}
+
+PanelArrangement UI_Panel::GetArrangement() const {
+  return arrangement;
+}
+
+void UI_Panel::SetColumnCount(unsigned count) {
+  if (count == 0) throw std::invalid_argument("a grid needs a column");
+  columnCount = count;
+  UI_Changed();
+}
+
+unsigned UI_Panel::GetColumnCount() const {
+  return columnCount;
+}
+
+void UI_Panel::SetTitle(const nrvcore::UTF16String& newTitle) {
+  title = newTitle;
+  UI_Changed();
+}
+
+const nrvcore::UTF16String& UI_Panel::GetTitle() const {
+  return title;
+}
+
+}  // namespace nrvui::ui

@@ -1,0 +1,41 @@
+#include "platform/vxui/ui_floating_dialog.h"
+#include "platform/vxui/ui_popup_modal_dialog.h"
+
+namespace vx::ui {
+
+namespace {
+
+class PoppedUp {
+ public:
+  explicit PoppedUp(UI_PopupModalDialog& popup) : dialog(popup) { dialog.OnPopUp(); }
+  PoppedUp(const PoppedUp&) = delete;
+  PoppedUp& operator=(const PoppedUp&) = delete;
+  ~PoppedUp() { dialog.OnDismiss(); }
+
+ private:
+  UI_PopupModalDialog& dialog;
+};
+
+}  // namespace
+
+UI_PopupModalDialog::~UI_PopupModalDialog() = default;
+
+void UI_PopupModalDialog::RunModal() {
+  if (!MayPopUp()) {
+    SetResponse(nrvui::ui::kCancelResponse);
+    return;
+  }
+  const PoppedUp poppedUp(*this);
+  UI_Dialog::RunModal();
+}
+
+bool UI_PopupModalDialog::MayPopUp() {
+  return true;
+}
+
+void UI_PopupModalDialog::OnPopUp() {}
+void UI_PopupModalDialog::OnDismiss() noexcept {}
+
+UI_FloatingDialog::~UI_FloatingDialog() = default;
+
+}  // namespace vx::ui

@@ -1,0 +1,15 @@
+#include "platform/vxui/drawing_supplier_source.h"
+#include "platform/vxui/sheet_factory.h"
+#include "platform/vxui/vxui_cairn_sheet.h"
+
+VXUICairnSheet::~VXUICairnSheet() = default;
+
+void SheetFactory::Unused1() {}
+void SheetFactory::Unused2() {}
+void SheetFactory::Unused3() {}
+void SheetFactory::Unused4() {}
+void SheetFactory::Unused5() {}
+
+void DrawingSupplierSource::Unused0() {}
+void DrawingSupplierSource::Unused1() {}
+void DrawingSupplierSource::Unused2() {}
