@@ -8,8 +8,8 @@ namespace standin {
 template <typename Suite>
 class HeldSuite {
  public:
-  explicit HeldSuite(Host& host)
-      : host(host), code(host.Suites().Acquire(Suite::kName, Suite::kVersion, &functions)) {}
+  explicit HeldSuite(Host& owner)
+      : host(owner), code(owner.Suites().Acquire(Suite::kName, Suite::kVersion, &functions)) {}
   ~HeldSuite() {
     if (functions) static_cast<void>(host.Suites().Release(Suite::kName, Suite::kVersion));
   }

@@ -21,12 +21,11 @@ class SheetService;
 
 /// The host application as a plug-in sees it: its suites and what stands behind them. The suites'
 /// functions find their host through Current, so a process has one host at a time. What the host
-/// shows goes to `userInterface`, which must outlive it. Main thread only.
+/// shows goes to `screen`, which must outlive it. Main thread only.
 class Host {
  public:
   /// Throws std::logic_error when there is a host already.
-  explicit Host(UserInterface& userInterface,
-                std::filesystem::path resources = DefaultResourceRoot());
+  explicit Host(UserInterface& screen, std::filesystem::path resources = DefaultResourceRoot());
   ~Host();
 
   Host(const Host&) = delete;

@@ -11,7 +11,7 @@
 /// A plug-in, or the host's own module of texts.
 struct OpaqueModule {
   std::string fileName;
-  std::string name;     // under which the plug-in asked to be shown; empty until it does
+  std::string name{};   // under which the plug-in asked to be shown; empty until it does
   bool isHost = false;  // the host's own module, which can be asked for texts only
   bool isAway = false;  // unloaded: its code is not in memory, its suites cannot be called
 };

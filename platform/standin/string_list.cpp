@@ -3,8 +3,8 @@
 #include <charconv>
 #include <string_view>
 
+#include "platform/nrvcore/unicode.h"
 #include "platform/standin/resource_error.h"
-#include "platform/standin/utf8.h"
 
 namespace standin {
 namespace {
@@ -28,7 +28,7 @@ StringList StringList::Read(std::istream& stream, const std::filesystem::path& f
     if (line.size() > kLongestLine)
       refuse("the line is longer than " + std::to_string(kLongestLine) + " bytes");
     if (line.find('\0') != std::string::npos) refuse("the line contains a NUL");
-    if (!IsUtf8(line)) refuse("the line is not UTF-8");
+    if (!nrvcore::utility::IsValidUTF8(line)) refuse("the line is not UTF-8");
     const size_t tab = line.find('\t');
     if (tab == std::string::npos) refuse("no tab between index and text");
     int32_t index = 0;

@@ -16,7 +16,7 @@ enum class ListOwner { kPlugin, kHost };
 /// the host's own. A list is read when it is first asked for; one without a file has no entries.
 class StringLists {
  public:
-  explicit StringLists(std::filesystem::path resources) : resources(std::move(resources)) {}
+  explicit StringLists(std::filesystem::path root) : resources(std::move(root)) {}
 
   /// Null when there is no such entry. Throws ResourceError when the list's file is damaged.
   const std::string* Find(ListOwner owner, int32_t number, int32_t index);

@@ -29,7 +29,7 @@ namespace standin {
 class SuiteBook {
  public:
   /// The book of operations gets an "acquire/..." and a "release/..." for each suite.
-  explicit SuiteBook(OperationBook& operations) : operations(operations) {}
+  explicit SuiteBook(OperationBook& book) : operations(book) {}
 
   /// Adds a suite; null when there is one of this name and version.
   SuiteHandle Add(std::string_view name, int32_t version, const void* functions,

@@ -19,7 +19,7 @@ class UserInterface {
 /// Writes to a stream, which must outlive it.
 class ConsoleUserInterface : public UserInterface {
  public:
-  explicit ConsoleUserInterface(std::ostream& stream) : stream(stream) {}
+  explicit ConsoleUserInterface(std::ostream& output) : stream(output) {}
 
   void ShowAlert(const std::string& text) override;
   void ShowAbout(const std::string& firstText, const std::string& secondText) override;

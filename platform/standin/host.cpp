@@ -1,0 +1,99 @@
+#include "platform/standin/host.h"
+
+#include <algorithm>
+#include <stdexcept>
+
+#include "platform/qpbasic/ledger.h"
+#include "platform/standin/sheet_service.h"
+#include "platform/standin/suite_tables.h"
+
+namespace standin {
+namespace {
+
+Host* currentHost = nullptr;
+
+std::string NameOf(const HostObjects& objects, PluginRef plugin) {
+  if (!objects.modules.Holds(plugin)) return "a plug-in that is gone";
+  return plugin->name.empty() ? plugin->fileName : plugin->name;
+}
+
+}  // namespace
+
+Host::Host(UserInterface& screen, std::filesystem::path resources)
+    : userInterface(screen),
+      suites(operations),
+      lists(resources),
+      sheets(std::make_unique<SheetService>(*this, resources)),
+      hostModule(objects.modules.Add({.fileName = "host", .name = "host", .isHost = true})),
+      ledgerMark(qpbasic::Ledger::Get().Mark()) {
+  if (currentHost) throw std::logic_error("a process has one host at a time");
+  AddHostSuites(operations, suites);
+  currentHost = this;
+}
+
+Host::~Host() {
+  currentHost = nullptr;
+}
+
+Host& Host::Current() {
+  if (!currentHost) throw std::logic_error("there is no host");
+  return *currentHost;
+}
+
+QPBasicSuite* Host::BasicSuite() {
+  return BasicSuiteTable();
+}
+
+PluginRef Host::AddPlugin(std::string fileName) {
+  return objects.modules.Add({.fileName = std::move(fileName)});
+}
+
+void Host::ForgetRegistrations(PluginRef plugin) {
+  plugin->name.clear();
+  suites.Withdraw(plugin);
+  objects.notifiers.RemoveIf(
+      [plugin](const OpaqueNotifier& notifier) { return notifier.plugin == plugin; });
+}
+
+void Host::RemovePlugin(PluginRef plugin) {
+  ForgetRegistrations(plugin);
+  objects.modules.Remove(plugin);
+}
+
+void Host::SetAway(PluginRef plugin, bool isAway) {
+  plugin->isAway = isAway;
+}
+
+bool Host::IsInUse(PluginRef plugin) const {
+  const auto& accesses = objects.accesses.Objects();
+  return suites.IsInUse(plugin) ||
+         std::any_of(accesses.begin(), accesses.end(),
+                     [plugin](const auto& access) { return access->plugin == plugin; });
+}
+
+void Host::NoteResourceProblem(const std::string& reason) {
+  if (std::find(resourceProblems.begin(), resourceProblems.end(), reason) == resourceProblems.end())
+    resourceProblems.push_back(reason);
+}
+
+std::vector<std::string> Host::Leftovers() const {
+  std::vector<std::string> lines;
+  for (const auto& suite : suites.Suites().Objects())
+    if (suite->users)
+      lines.push_back("suite \"" + suite->name + "\" " + std::to_string(suite->version) + " has " +
+                      std::to_string(suite->users) + " users");
+  for (const auto& access : objects.accesses.Objects())
+    lines.push_back("access to " + NameOf(objects, access->plugin) + " is held");
+  for (const auto& context : objects.contexts.Objects())
+    lines.push_back("context of " + NameOf(objects, context->plugin) + " is open");
+  for (const auto& string : objects.strings.Objects())
+    lines.push_back("string \"" + string->text + "\" is not disposed of");
+  for (const std::string& sheet : sheets->Leftovers()) lines.push_back(sheet);
+  const qpbasic::Ledger& ledger = qpbasic::Ledger::Get();
+  for (const std::string& block : ledger.Forgotten(ledgerMark))
+    lines.push_back("not freed: " + block);
+  for (const std::string& fault : ledger.Faults()) lines.push_back(fault);
+  return lines;
+}
+
+}  // namespace standin

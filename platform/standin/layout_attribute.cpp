@@ -1,0 +1,66 @@
+#include "platform/standin/layout_attribute.h"
+
+#include <algorithm>
+#include <charconv>
+#include <cmath>
+#include <cstdlib>
+#include <utility>
+
+#include "platform/nrvcore/localizer.h"
+#include "platform/nrvcore/unicode.h"
+
+namespace standin {
+namespace {
+
+bool IsNameCharacter(char c) {
+  return (c >= '0' && c <= '9') || (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z') || c == '_';
+}
+
+/// Whether the whole text is a number of this type.
+template <typename Number>
+bool Parse(std::string_view text, Number* number) {
+  const char* const end = text.data() + text.size();
+  const auto result = std::from_chars(text.data(), end, *number);
+  return result.ec == std::errc() && result.ptr == end;
+}
+
+}  // namespace
+
+LayoutAttribute::LayoutAttribute(std::string_view itsName, std::string_view itsValue,
+                                 Refuse refusal)
+    : name(itsName), value(itsValue), refuse(std::move(refusal)) {
+  if (!nrvcore::utility::IsValidUTF8(value)) refuse(name + " is not UTF-8");
+}
+
+void LayoutAttribute::RefuseAs(const char* what) const {
+  refuse(name + "=\"" + value + "\" is " + what);
+  std::abort();  // refuse throws
+}
+
+nrvcore::String LayoutAttribute::AsName() const {
+  if (value.empty() || !std::all_of(value.begin(), value.end(), IsNameCharacter))
+    RefuseAs("no name of letters, digits and underscores");
+  return nrvcore::String(std::string_view(value));
+}
+
+nrvcore::UTF16String LayoutAttribute::AsCaption() const {
+  const size_t equals = value.find('=');
+  if (!value.starts_with("$$$/") || equals == std::string::npos || equals + 1 == value.size())
+    RefuseAs("no localisation key of the form $$$/path=text");
+  return nrvcore::config::Localizer::Get().Localize(value.c_str());
+}
+
+double LayoutAttribute::AsNumber() const {
+  double number = 0;
+  if (!Parse(value, &number) || !std::isfinite(number)) RefuseAs("no number");
+  return number;
+}
+
+unsigned LayoutAttribute::AsCount(unsigned last) const {
+  unsigned count = 0;
+  if (!Parse(value, &count) || count < 1 || count > last)
+    RefuseAs(("no whole number from 1 to " + std::to_string(last)).c_str());
+  return count;
+}
+
+}  // namespace standin

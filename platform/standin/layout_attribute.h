@@ -1,0 +1,35 @@
+#pragma once
+
+#include <functional>
+#include <string>
+#include <string_view>
+
+#include "platform/nrvcore/string.h"
+
+namespace standin {
+
+/// The value of one attribute in a layout file, read as what the element expects. What does not
+/// read so goes to `refuse`, which throws.
+class LayoutAttribute {
+ public:
+  using Refuse = std::function<void(const std::string& reason)>;
+
+  LayoutAttribute(std::string_view itsName, std::string_view itsValue, Refuse refusal);
+
+  /// A name of letters, digits and underscores.
+  nrvcore::String AsName() const;
+  /// A localisation key, "$$$/" path "=" text, in the user's language.
+  nrvcore::UTF16String AsCaption() const;
+  double AsNumber() const;
+  /// A whole number from 1 to `last`.
+  unsigned AsCount(unsigned last) const;
+
+ private:
+  [[noreturn]] void RefuseAs(const char* what) const;
+
+  std::string name;
+  std::string value;
+  Refuse refuse;
+};
+
+}  // namespace standin

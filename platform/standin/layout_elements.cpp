@@ -1,0 +1,132 @@
+#include "platform/standin/layout_elements.h"
+
+#include <algorithm>
+
+#include "platform/nrvui/ui_button.h"
+#include "platform/nrvui/ui_checkbox.h"
+#include "platform/nrvui/ui_panel.h"
+#include "platform/nrvui/ui_radio_button.h"
+#include "platform/nrvui/ui_static_text.h"
+#include "platform/nrvui/ui_text_button.h"
+#include "platform/nrvui/ui_unit_number_edit.h"
+#include "platform/standin/live_node.h"
+
+namespace standin {
+namespace {
+
+using nrvui::controls::UI_Button;
+using nrvui::controls::UI_Checkbox;
+using nrvui::controls::UI_ControlView;
+using nrvui::controls::UI_RadioButton;
+using nrvui::controls::UI_StaticText;
+using nrvui::controls::UI_TextButton;
+using nrvui::controls::UI_UnitNumberEdit;
+using nrvui::ui::PanelArrangement;
+using nrvui::ui::UI_Node;
+using nrvui::ui::UI_Panel;
+using enum Presence;
+
+constexpr unsigned kMostColumns = 16;
+
+template <class Node>
+boost::intrusive_ptr<UI_Node> Make(const LiveToken& token) {
+  return LiveNode<Node>::Make(token);
+}
+
+template <PanelArrangement kArrangement>
+boost::intrusive_ptr<UI_Node> MakePanel(const LiveToken& token) {
+  const boost::intrusive_ptr<UI_Panel> panel = LiveNode<UI_Panel>::Make(token);
+  panel->SetArrangement(kArrangement);
+  return panel;
+}
+
+void SetId(UI_Node& node, const LayoutAttribute& value) {
+  node.UI_SetNodeID(value.AsName());
+}
+
+void SetCaption(UI_Node& node, const LayoutAttribute& value) {
+  static_cast<UI_ControlView&>(node).SetCaption(value.AsCaption());
+}
+
+void SetTitle(UI_Node& node, const LayoutAttribute& value) {
+  static_cast<UI_Panel&>(node).SetTitle(value.AsCaption());
+}
+
+void SetColumns(UI_Node& node, const LayoutAttribute& value) {
+  static_cast<UI_Panel&>(node).SetColumnCount(value.AsCount(kMostColumns));
+}
+
+void SetBuddy(UI_Node& node, const LayoutAttribute& value) {
+  static_cast<UI_StaticText&>(node).SetBuddy(value.AsName());
+}
+
+void SetRadioGroup(UI_Node& node, const LayoutAttribute& value) {
+  static_cast<UI_RadioButton&>(node).SetGroup(value.AsName());
+}
+
+void SetNumber(UI_Node& node, const LayoutAttribute& value) {
+  static_cast<UI_UnitNumberEdit&>(node).SetNumber(value.AsNumber());
+}
+
+constexpr AttributeRule kPanelAttributes[] = {{"id", kOptional, SetId}};
+constexpr AttributeRule kGridAttributes[] = {
+    {"id", kOptional, SetId},
+    {"columns", kRequired, SetColumns},
+};
+constexpr AttributeRule kGroupAttributes[] = {
+    {"id", kOptional, SetId},
+    {"caption", kRequired, SetTitle},
+};
+constexpr AttributeRule kLabelAttributes[] = {
+    {"id", kOptional, SetId},
+    {"caption", kOptional, SetCaption},
+    {"for", kOptional, SetBuddy},
+};
+constexpr AttributeRule kNumberAttributes[] = {
+    {"id", kRequired, SetId},
+    {"value", kOptional, SetNumber},
+};
+constexpr AttributeRule kButtonAttributes[] = {
+    {"id", kRequired, SetId},
+    {"caption", kRequired, SetCaption},
+};
+constexpr AttributeRule kRadioAttributes[] = {
+    {"id", kRequired, SetId},
+    {"caption", kRequired, SetCaption},
+    {"group", kRequired, SetRadioGroup},
+};
+
+// A "space" is a panel without content: it takes the room that is left in a row or column, and
+// leaves a place of a grid empty.
+constexpr LayoutElement kElements[] = {
+    {"column", true, MakePanel<PanelArrangement::kColumn>, kPanelAttributes},
+    {"row", true, MakePanel<PanelArrangement::kRow>, kPanelAttributes},
+    {"grid", true, MakePanel<PanelArrangement::kGrid>, kGridAttributes},
+    {"group", true, MakePanel<PanelArrangement::kColumn>, kGroupAttributes},
+    {"space", false, MakePanel<PanelArrangement::kColumn>, {}},
+    {"label", false, Make<UI_StaticText>, kLabelAttributes},
+    {"number", false, Make<UI_UnitNumberEdit>, kNumberAttributes},
+    {"checkbox", false, Make<UI_Checkbox>, kButtonAttributes},
+    {"radio", false, Make<UI_RadioButton>, kRadioAttributes},
+    {"button", false, Make<UI_Button>, kButtonAttributes},
+    {"text-button", false, Make<UI_TextButton>, kButtonAttributes},
+};
+
+template <typename Row>
+const Row* FindByName(std::span<const Row> rows, std::string_view name) {
+  const auto row = std::find_if(rows.begin(), rows.end(),
+                                [name](const Row& candidate) { return candidate.name == name; });
+  return row == rows.end() ? nullptr : &*row;
+}
+
+}  // namespace
+
+const LayoutElement* FindLayoutElement(std::string_view name) {
+  return FindByName(std::span<const LayoutElement>(kElements), name);
+}
+
+const AttributeRule* FindAttributeRule(const LayoutElement& element, std::string_view name) {
+  return FindByName(element.attributes, name);
+}
+
+}  // namespace standin

@@ -1,0 +1,36 @@
+#pragma once
+
+#include <boost/smart_ptr/intrusive_ptr.hpp>
+#include <span>
+#include <string_view>
+
+#include "platform/nrvui/ui_node.h"
+#include "platform/standin/layout_attribute.h"
+#include "platform/standin/live_token.h"
+
+namespace standin {
+
+enum class Presence { kOptional, kRequired };
+
+struct AttributeRule {
+  const char* name;
+  Presence presence;
+  /// Gives the value to the element's node.
+  void (*apply)(nrvui::ui::UI_Node& node, const LayoutAttribute& value);
+};
+
+/// An element that may stand in a layout, and the node that it stands for.
+struct LayoutElement {
+  const char* name;
+  bool holdsOthers;
+  boost::intrusive_ptr<nrvui::ui::UI_Node> (*make)(const LiveToken& token);
+  std::span<const AttributeRule> attributes;
+};
+
+/// Null for an unknown element.
+const LayoutElement* FindLayoutElement(std::string_view name);
+
+/// Null for an attribute that the element does not have.
+const AttributeRule* FindAttributeRule(const LayoutElement& element, std::string_view name);
+
+}  // namespace standin

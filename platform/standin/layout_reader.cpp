@@ -1,0 +1,172 @@
+#include "platform/standin/layout_reader.h"
+
+#include <algorithm>
+#include <fstream>
+#include <iterator>
+#include <map>
+#include <pugixml.hpp>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+#include "platform/standin/layout_elements.h"
+#include "platform/standin/live_node.h"
+#include "platform/standin/resource_error.h"
+
+namespace standin {
+namespace {
+
+using nrvui::ui::UI_Layout;
+using nrvui::ui::UI_Node;
+using nrvui::ui::UI_SubView;
+
+constexpr const char* kRoot = "sheet";
+constexpr const char* kInitialFocus = "focus";  // the root's attribute
+constexpr size_t kLargestFile = 1 << 18;
+constexpr int kDeepestNesting = 32;
+
+class Reader {
+ public:
+  Reader(std::string text, const std::filesystem::path& itsFile, const LiveToken& nodeToken)
+      : original(text), parsed(std::move(text)), file(itsFile), token(nodeToken) {}
+
+  SheetTree Read();
+
+ private:
+  /// An attribute that names another node.
+  struct Reference {
+    const char* position;
+    std::string id;
+  };
+
+  boost::intrusive_ptr<UI_Node> MakeNode(const pugi::xml_node& xml);
+  void AddChildren(const pugi::xml_node& xml, UI_Node& parent, int depth);
+  void ApplyAttributes(const pugi::xml_node& xml, const LayoutElement& element, UI_Node& node);
+  void ReadRootAttributes(const pugi::xml_node& root);
+  void NoteId(const pugi::xml_attribute& attribute, UI_Node& node);
+  boost::intrusive_ptr<UI_Node> Resolve(const Reference& reference) const;
+
+  [[noreturn]] void Refuse(size_t offset, const std::string& reason) const;
+  [[noreturn]] void Refuse(const char* position, const std::string& reason) const {
+    Refuse(static_cast<size_t>(position - parsed.data()), reason);
+  }
+
+  const std::string original;  // the parser writes its marks into the other one
+  std::string parsed;
+  const std::filesystem::path& file;
+  const LiveToken& token;
+  std::map<std::string, boost::intrusive_ptr<UI_Node>, std::less<>> nodes;
+  std::vector<Reference> buddies;
+  std::vector<Reference> initialFocus;
+};
+
+void Reader::Refuse(size_t offset, const std::string& reason) const {
+  const auto end =
+      original.begin() + static_cast<std::ptrdiff_t>(std::min(offset, original.size()));
+  const auto line = static_cast<size_t>(std::count(original.begin(), end, '\n')) + 1;
+  throw ResourceError(file, line, reason);
+}
+
+SheetTree Reader::Read() {
+  if (const size_t nul = original.find('\0'); nul != std::string::npos) Refuse(nul, "a NUL");
+  pugi::xml_document document;
+  const pugi::xml_parse_result result = document.load_buffer_inplace(
+      parsed.data(), parsed.size(), pugi::parse_default, pugi::encoding_utf8);
+  if (!result) Refuse(static_cast<size_t>(result.offset), result.description());
+  const pugi::xml_node root = document.first_child();
+  if (std::string_view(root.name()) != kRoot)
+    Refuse(root.name(), std::string("<") + root.name() + "> where <" + kRoot + "> must stand");
+  if (const pugi::xml_node second = root.next_sibling())
+    Refuse(second.name(), "something after the end of <sheet>");
+
+  SheetTree tree;
+  tree.view = LiveNode<UI_SubView>::Make(token);
+  tree.layout = LiveNode<UI_Layout>::Make(token);
+  tree.view->ChildPushBack(tree.layout);
+  ReadRootAttributes(root);
+  AddChildren(root, *tree.layout, 1);
+  for (const Reference& buddy : buddies) Resolve(buddy);
+  for (const Reference& focus : initialFocus) tree.initialFocus = Resolve(focus);
+  return tree;
+}
+
+void Reader::ReadRootAttributes(const pugi::xml_node& root) {
+  for (const pugi::xml_attribute& attribute : root.attributes()) {
+    if (std::string_view(attribute.name()) != kInitialFocus)
+      Refuse(attribute.name(), std::string("<sheet> has no attribute ") + attribute.name());
+    if (!initialFocus.empty()) Refuse(attribute.name(), "focus is given twice");
+    initialFocus.push_back({attribute.name(), attribute.value()});
+  }
+}
+
+void Reader::AddChildren(const pugi::xml_node& xml, UI_Node& parent, int depth) {
+  for (const pugi::xml_node& child : xml.children()) {
+    if (child.type() != pugi::node_element) Refuse(child.value(), "text between the elements");
+    if (depth > kDeepestNesting)
+      Refuse(child.name(), "nested deeper than " + std::to_string(kDeepestNesting));
+    const boost::intrusive_ptr<UI_Node> node = MakeNode(child);
+    parent.ChildPushBack(node);
+    AddChildren(child, *node, depth + 1);
+  }
+}
+
+boost::intrusive_ptr<UI_Node> Reader::MakeNode(const pugi::xml_node& xml) {
+  const LayoutElement* const element = FindLayoutElement(xml.name());
+  if (!element) Refuse(xml.name(), std::string("unknown element <") + xml.name() + ">");
+  if (!element->holdsOthers && xml.first_child())
+    Refuse(xml.name(), std::string("<") + xml.name() + "> cannot hold anything");
+  boost::intrusive_ptr<UI_Node> node = element->make(token);
+  ApplyAttributes(xml, *element, *node);
+  return node;
+}
+
+void Reader::ApplyAttributes(const pugi::xml_node& xml, const LayoutElement& element,
+                             UI_Node& node) {
+  for (const pugi::xml_attribute& attribute : xml.attributes()) {
+    const char* const name = attribute.name();
+    const AttributeRule* const rule = FindAttributeRule(element, name);
+    if (!rule) Refuse(name, std::string("<") + xml.name() + "> has no attribute " + name);
+    if (!(xml.attribute(name) == attribute)) Refuse(name, std::string(name) + " is given twice");
+    rule->apply(
+        node, {name, attribute.value(), [&](const std::string& reason) { Refuse(name, reason); }});
+    if (std::string_view(name) == "id") NoteId(attribute, node);
+    if (std::string_view(name) == "for") buddies.push_back({name, attribute.value()});
+  }
+  for (const AttributeRule& rule : element.attributes)
+    if (rule.presence == Presence::kRequired && !xml.attribute(rule.name))
+      Refuse(xml.name(), std::string("<") + xml.name() + "> needs the attribute " + rule.name);
+}
+
+void Reader::NoteId(const pugi::xml_attribute& attribute, UI_Node& node) {
+  if (!nodes.emplace(attribute.value(), &node).second)
+    Refuse(attribute.name(), std::string("a second node with the ID ") + attribute.value());
+}
+
+boost::intrusive_ptr<UI_Node> Reader::Resolve(const Reference& reference) const {
+  const auto found = nodes.find(reference.id);
+  if (found == nodes.end())
+    Refuse(reference.position, "no node has the ID \"" + reference.id + "\"");
+  return found->second;
+}
+
+}  // namespace
+
+SheetTree ParseLayout(std::string text, const std::filesystem::path& file, const LiveToken& token) {
+  if (text.size() > kLargestFile)
+    throw ResourceError(file, 0,
+                        "the file is larger than " + std::to_string(kLargestFile) + " bytes");
+  return Reader(std::move(text), file, token).Read();
+}
+
+SheetTree ReadLayout(const std::filesystem::path& file, const LiveToken& token) {
+  std::error_code error;
+  if (!std::filesystem::is_regular_file(file, error))
+    throw ResourceError(file, 0, "there is no such file");
+  std::ifstream stream(file, std::ios::binary);
+  std::string text(std::min<uintmax_t>(std::filesystem::file_size(file), kLargestFile + 1), '\0');
+  if (!stream.read(text.data(), static_cast<std::streamsize>(text.size())))
+    throw ResourceError(file, 0, "the file cannot be read");
+  return ParseLayout(std::move(text), file, token);
+}
+
+}  // namespace standin

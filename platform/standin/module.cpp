@@ -1,0 +1,115 @@
+#include "platform/standin/module.h"
+
+#include <dlfcn.h>
+
+#include "platform/standin/host_codes.h"
+
+namespace standin {
+namespace {
+
+constexpr const char* kEntryName = "PluginMain";
+
+std::string LastLoadFailure() {
+  const char* const reason = dlerror();
+  return reason ? reason : "unknown reason";
+}
+
+}  // namespace
+
+ModuleImage::ModuleImage(const std::filesystem::path& file) {
+  std::error_code error;
+  if (!std::filesystem::is_regular_file(file, error))
+    throw LoadError("cannot load " + file.string() + ": there is no such file");
+  // A bare name would be searched for elsewhere.
+  handle = dlopen(std::filesystem::absolute(file).c_str(), RTLD_NOW | RTLD_LOCAL);
+  if (!handle) throw LoadError("cannot load " + file.string() + ": " + LastLoadFailure());
+  entry = reinterpret_cast<EntryPoint>(dlsym(handle, kEntryName));
+  if (entry) return;
+  dlclose(handle);
+  throw LoadError("cannot use " + file.string() + ": it is no plug-in, since it has no " +
+                  kEntryName);
+}
+
+ModuleImage::~ModuleImage() {
+  dlclose(handle);
+}
+
+Module::Module(Host& itsHost, const std::filesystem::path& itsFile)
+    : host(itsHost), file(itsFile), plugin(nullptr) {
+  Load();
+  plugin = host.AddPlugin(file.filename().string());
+}
+
+Module::Module(Host& itsHost, EntryPoint itsEntry, const std::string& name)
+    : host(itsHost), linkedEntry(itsEntry), entry(itsEntry), plugin(itsHost.AddPlugin(name)) {}
+
+Module::~Module() {
+  try {
+    if (globals) static_cast<void>(ShutDown());
+  } catch (...) {  // whatever it is, the plug-in's leftovers tell of it
+  }
+  host.RemovePlugin(plugin);
+}
+
+void Module::Load() {
+  if (!linkedEntry) image = std::make_unique<ModuleImage>(file);
+  entry = linkedEntry ? linkedEntry : image->Entry();
+}
+
+ResultCode Module::StartUp() {
+  const ResultCode code = Send("QP Interface", "Startup");
+  if (!globals) host.ForgetRegistrations(plugin);
+  return code;
+}
+
+ResultCode Module::ShutDown() {
+  if (!IsLoaded()) static_cast<void>(Reload());
+  const ResultCode code = Send("QP Interface", "Shutdown");
+  if (!globals) host.ForgetRegistrations(plugin);
+  return code;
+}
+
+ResultCode Module::Unload() {
+  if (!IsLoaded()) return kNotLoaded;
+  if (host.IsInUse(plugin)) return kPluginInUse;
+  const ResultCode code = Send("QP Access", "Unload");
+  if (Failed(code)) return code;
+  host.SetAway(plugin, true);
+  entry = nullptr;
+  image.reset();
+  return code;
+}
+
+ResultCode Module::Reload() {
+  if (!IsLoaded()) Load();
+  host.SetAway(plugin, false);
+  return Send("QP Access", "Reload");
+}
+
+ResultCode Module::Reload(const std::filesystem::path& otherFile) {
+  if (!IsLoaded()) file = otherFile;
+  return Reload();
+}
+
+ResultCode Module::Send(const char* caller, const char* selector) {
+  PluginMessage message{};
+  return Send(caller, selector, message);
+}
+
+ResultCode Module::Notify(const char* type, const char* selector) {
+  NotifierMessage message{};
+  message.notifierType = type;
+  return Send("VX Notifier", selector, message);
+}
+
+ResultCode Module::Send(const char* caller, const char* selector, PluginMessage& message) {
+  if (!IsLoaded()) return kNotLoaded;
+  message.pluginRef = plugin;
+  message.globals = globals;
+  message.basicSuite = host.BasicSuite();
+  const ResultCode code = entry(caller, selector, &message);
+  globals = message.globals;
+  return code;
+}
+
+}  // namespace standin

@@ -1,0 +1,53 @@
+#pragma once
+
+#include <cstdint>
+#include <filesystem>
+#include <string>
+#include <vector>
+
+#include "platform/nrvui/supplier_interface.h"
+#include "platform/standin/live_token.h"
+#include "platform/vxui/drawing_supplier_source.h"
+#include "platform/vxui/sheet_factory.h"
+
+namespace standin {
+
+class Host;
+
+/// The host's user-interface objects: builds sheets from "layouts/<number>.xml" in the resources,
+/// and hands out the drawing supplier.
+class SheetService final : public SheetFactory, public DrawingSupplierSource {
+ public:
+  SheetService(Host& owner, std::filesystem::path root);
+
+  SheetFactory* Factory() { return this; }
+  DrawingSupplierSource* SupplierSource() { return this; }
+
+  /// Reads the file afresh each time. Null when it cannot be used; the reason goes to the host's
+  /// resource problems.
+  boost::shared_ptr<SheetHolder> CreateSheetHolder(OpaqueModule* pluginRef,
+                                                   std::uint32_t resourceID,
+                                                   const nrvcore::UTF16String& theme) override;
+  void RegisterDialogView(nrvui::ui::OS_View* rootView) override;
+  const nrvui::drawbot::SupplierInterface* GetDrawingSupplier() override;
+
+  /// Of the last CreateSheetHolder.
+  const nrvcore::UTF16String& LastTheme() const { return lastTheme; }
+  /// For comparison only: its dialog may be gone. Null while there was none.
+  const void* LastDialogView() const { return lastDialogView; }
+
+  /// A line for each kind of object of a sheet that is still alive.
+  std::vector<std::string> Leftovers() const;
+
+ private:
+  Host& host;
+  std::filesystem::path resources;
+  nrvui::drawbot::SupplierInterface supplier;
+  nrvcore::UTF16String lastTheme;
+  const void* lastDialogView = nullptr;
+  LiveToken holders = MakeLiveToken();
+  LiveToken sheets = MakeLiveToken();
+  LiveToken nodes = MakeLiveToken();
+};
+
+}  // namespace standin
