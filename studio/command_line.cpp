@@ -1,0 +1,109 @@
+#include "studio/command_line.h"
+
+#include <iterator>
+
+#include "studio/studio_error.h"
+
+namespace {
+
+struct Option {
+  const char* name;
+  void (*set)(CommandLine&);
+};
+
+struct ValueOption {
+  const char* name;
+  QString CommandLine::*value;
+};
+
+constexpr Option kOptions[] = {
+    {"--help", [](CommandLine& line) { line.showHelp = true; }},
+    {"--version", [](CommandLine& line) { line.showVersion = true; }},
+    {"--quiet", [](CommandLine& line) { line.isQuiet = true; }},
+};
+
+constexpr ValueOption kValueOptions[] = {
+    {"--gestures", &CommandLine::gestures},
+    {"--record", &CommandLine::record},
+    {"--state", &CommandLine::state},
+};
+
+bool TakeOption(CommandLine& line, const QString& name) {
+  for (const Option& option : kOptions) {
+    if (name != option.name) continue;
+    option.set(line);
+    return true;
+  }
+  return false;
+}
+
+bool TakeValue(CommandLine& line, const QString& name, const QString& value) {
+  if (name == "--export") {
+    line.exports << value;
+    return true;
+  }
+  for (const ValueOption& option : kValueOptions) {
+    if (name != option.name) continue;
+    QString& place = line.*option.value;
+    if (!place.isEmpty()) throw StudioError(name + " is given twice");
+    place = value;
+    return true;
+  }
+  return false;
+}
+
+bool WantsValue(const QString& name) {
+  CommandLine scratch;
+  return TakeValue(scratch, name, {});
+}
+
+}  // namespace
+
+CommandLine CommandLine::Parse(const QStringList& arguments) {
+  CommandLine line;
+  bool onlyPaths = false;
+  for (int i = 0; i < arguments.size(); ++i) {
+    const QString& argument = arguments[i];
+    if (onlyPaths || !argument.startsWith('-')) {
+      if (!line.picture.isEmpty()) throw StudioError("more than one picture is given");
+      if (argument.isEmpty()) throw StudioError("the picture's name is empty");
+      line.picture = argument;
+      continue;
+    }
+    if (argument == "--") {
+      onlyPaths = true;
+      continue;
+    }
+    if (TakeOption(line, argument)) continue;
+
+    const QString name = argument.section('=', 0, 0);
+    if (!WantsValue(name)) throw StudioError("unknown option " + argument + "; see --help");
+    const bool isJoined = name != argument;
+    if (!isJoined && ++i == arguments.size()) throw StudioError(name + " needs a file's name");
+    const QString value = isJoined ? argument.section('=', 1) : arguments[i];
+    if (value.isEmpty()) throw StudioError(name + " needs a file's name");
+    TakeValue(line, name, value);
+  }
+  if (line.picture.isEmpty() && !line.showHelp && !line.showVersion) {
+    throw StudioError("which picture? See --help");
+  }
+  return line;
+}
+
+QString CommandLine::HelpText() {
+  return R"(tesserae-studio PICTURE [OPTION]...
+
+Places a picture, asks for a mosaic in the dialog "Create Tesserae", and builds it.
+
+  --gestures FILE   plays these gestures on the dialog, as a person would
+  --export FILE     writes the mosaic, by the name's ending: .svg, .png or .pdf;
+                    may be given more than once
+  --record FILE     writes what the dialog gave back, as JSON
+  --state FILE      keeps the last choices here instead of in your settings
+  --quiet           prints nothing but errors
+  --help, --version
+
+Exit status: 0 after OK, 1 when the dialog or the building was cancelled and
+nothing was written, 2 with a line on the error output when something is wrong.
+)";
+}

@@ -1,0 +1,53 @@
+#include "studio/complete_file.h"
+
+#include <QtEndian>
+#include <cstring>
+
+namespace {
+
+/// Walks from marker to marker, over segments by their length and over scans by their content,
+/// since an embedded preview has an end marker of its own.
+bool IsCompleteJpeg(const QByteArray& bytes) {
+  const auto* at = reinterpret_cast<const uchar*>(bytes.constData());
+  const uchar* const end = at + bytes.size();
+  while ((at = static_cast<const uchar*>(std::memchr(at, 0xFF, size_t(end - at))))) {
+    while (at < end && *at == 0xFF) ++at;
+    if (at == end) return false;
+    const int marker = *at++;
+    if (marker == 0xD9) return true;
+    const bool standsAlone = marker == 0 || marker == 1 || (marker >= 0xD0 && marker <= 0xD8);
+    if (standsAlone) continue;
+    if (end - at < 2) return false;
+    const int length = qFromBigEndian<quint16>(at);
+    if (length > end - at) return false;
+    at += length;
+  }
+  return false;
+}
+
+bool IsCompleteBmp(const QByteArray& bytes) {
+  constexpr int kSizeOffset = 2;
+  if (bytes.size() < kSizeOffset + 4) return false;
+  return qFromLittleEndian<quint32>(bytes.constData() + kSizeOffset) <= quint64(bytes.size());
+}
+
+/// A GIF ends in a semicolon; some writers fill up with zeros behind it.
+bool IsCompleteGif(const QByteArray& bytes) {
+  qsizetype size = bytes.size();
+  while (size > 0 && bytes[size - 1] == 0) --size;
+  return size > 0 && bytes[size - 1] == ';';
+}
+
+constexpr struct {
+  const char* format;
+  bool (*isComplete)(const QByteArray&);
+} kChecks[] = {{"jpeg", IsCompleteJpeg}, {"bmp", IsCompleteBmp}, {"gif", IsCompleteGif}};
+
+}  // namespace
+
+bool IsCompleteFile(const QByteArray& format, const QByteArray& bytes) {
+  for (const auto& check : kChecks) {
+    if (format == check.format) return check.isComplete(bytes);
+  }
+  return true;
+}

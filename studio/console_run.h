@@ -1,0 +1,39 @@
+#pragma once
+
+#include <optional>
+#include <vector>
+
+#include "studio/command_line.h"
+#include "studio/last_choices.h"
+#include "studio/output_set.h"
+#include "studio/picture.h"
+
+class Interruption;
+
+/// One run of the program on the command line, from the picture to the files.
+class ConsoleRun {
+ public:
+  explicit ConsoleRun(CommandLine commandLine);
+
+  /// The program's exit status: 0 after OK, 1 when it was cancelled. Throws StudioError, or another
+  /// std::exception, when something is wrong. Unless it answers 0, no file has changed.
+  int Run();
+
+ private:
+  void OpenOutputs();
+  std::optional<MosaicChoices> LoadLastChoices() const;
+  bool Ask(MosaicChoices& choices) const;
+  bool Build(const Picture& picture, const MosaicChoices& choices,
+             const Interruption& interruption);
+  void KeepChoices(const MosaicChoices& choices);
+
+  void Tell(const QString& text) const;
+  void Warn(const QString& text) const;
+
+  const CommandLine line;
+  const LastChoices lastChoices;
+  OutputSet outputs;
+  std::vector<QIODevice*> exportDevices;  // in the order of the command line's exports
+  QIODevice* recordDevice = nullptr;      // null when not asked for
+  QIODevice* stateDevice = nullptr;       // null when the choices go to the user's settings
+};

@@ -1,0 +1,38 @@
+#include "studio/decoder_messages.h"
+
+#include <algorithm>
+
+namespace {
+
+thread_local DecoderMessages* current = nullptr;
+
+constexpr const char* kDamage[] = {"premature end", "Huffman", "instead of RST",
+                                   "Invalid progressive"};
+
+}  // namespace
+
+DecoderMessages::DecoderMessages() : previous(qInstallMessageHandler(Collect)) {
+  current = this;
+}
+
+DecoderMessages::~DecoderMessages() {
+  current = nullptr;
+  qInstallMessageHandler(previous);
+}
+
+void DecoderMessages::Collect(QtMsgType type, const QMessageLogContext& context,
+                              const QString& text) {
+  if (current) {
+    current->messages << text;
+    return;
+  }
+  fprintf(stderr, "%s\n", qPrintable(qFormatLogMessage(type, context, text)));
+}
+
+bool DecoderMessages::TellOfDamage() const {
+  return std::any_of(messages.begin(), messages.end(), [](const QString& message) {
+    return std::any_of(std::begin(kDamage), std::end(kDamage), [&](const char* words) {
+      return message.contains(QLatin1String(words), Qt::CaseInsensitive);
+    });
+  });
+}

@@ -1,0 +1,23 @@
+#pragma once
+
+#include <QStringList>
+
+/// While one of these lives, what Qt's image decoders have to say on this thread is collected
+/// here and kept from the terminal.
+class DecoderMessages {
+ public:
+  DecoderMessages();
+  ~DecoderMessages();
+  DecoderMessages(const DecoderMessages&) = delete;
+  DecoderMessages& operator=(const DecoderMessages&) = delete;
+
+  /// Whether a decoder complained of damage that costs part of the picture. Complaints about
+  /// stray bytes or odd profiles, which leave the picture whole, don't count.
+  bool TellOfDamage() const;
+
+ private:
+  static void Collect(QtMsgType type, const QMessageLogContext& context, const QString& text);
+
+  QtMessageHandler previous;
+  QStringList messages;
+};

@@ -1,0 +1,13 @@
+#pragma once
+
+/// While one of these lives, an interrupt or a polite request to end sets a mark instead of ending
+/// the program, so that nothing half done is left behind. One at a time.
+class Interruption {
+ public:
+  Interruption();
+  ~Interruption();
+  Interruption(const Interruption&) = delete;
+  Interruption& operator=(const Interruption&) = delete;
+
+  bool IsRequested() const;
+};

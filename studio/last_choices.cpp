@@ -1,0 +1,72 @@
+#include "studio/last_choices.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QSizeF>
+#include <QStandardPaths>
+#include <algorithm>
+#include <cmath>
+
+#include "studio/output_set.h"
+#include "studio/studio_error.h"
+#include "studio/text_writer.h"
+
+namespace {
+
+constexpr int kFirstTilesAcross = 100;
+constexpr int kMostTiles = 8640;
+
+// The dialog reckons with sizes of 16 bits; what doesn't fit there has no size for it.
+constexpr double kLargestSize = 32767;
+
+bool IsUsable(double length) {
+  return length >= 0.5 && length < kLargestSize + 0.5;
+}
+
+}  // namespace
+
+LastChoices::LastChoices(const QString& namedPath)
+    : isNamed(!namedPath.isEmpty()),
+      path(isNamed ? namedPath
+                   : QStandardPaths::writableLocation(QStandardPaths::AppConfigLocation) +
+                         "/choices.json") {}
+
+std::optional<MosaicChoices> LastChoices::Load() const try {
+  if (!QFileInfo::exists(path)) return std::nullopt;
+  if (!QFileInfo(path).isFile()) throw StudioError("it is no ordinary file");
+  QFile file(path);
+  if (!file.open(QIODevice::ReadOnly)) throw StudioError(file.errorString());
+  return ChoicesFromJson(file.readAll());
+} catch (const StudioError& error) {
+  throw StudioError("the last choices in " + path + " cannot be read: " + error.what());
+}
+
+void LastChoices::Save(const MosaicChoices& choices) const {
+  QDir().mkpath(QFileInfo(path).absolutePath());
+  OutputSet output;
+  WriteAll(output.Add(path), ChoicesToJson(choices).toStdString());
+  output.Commit();
+}
+
+MosaicChoices ChoicesFor(QSizeF pictureSize, const std::optional<MosaicChoices>& last) {
+  MosaicChoices choices;
+  MosaicParameters& params = choices.params;
+  if (last) {
+    choices = *last;
+  } else {
+    const double down = kFirstTilesAcross * pictureSize.height() / pictureSize.width();
+    params.tilesAcross = kFirstTilesAcross;
+    params.tilesDown = std::clamp(int(std::lround(std::min(down, 1e6))), 1, kMostTiles);
+    params.isColor = 1;
+    params.deleteRaster = 1;
+    params.keepHorizontal = 1;
+  }
+  if (IsUsable(pictureSize.width()) && IsUsable(pictureSize.height())) {
+    params.boundsRight = int(std::lround(pictureSize.width()));
+    params.boundsBottom = int(std::lround(pictureSize.height()));
+  } else {
+    params.sizeUnavailable = 1;
+  }
+  return choices;
+}

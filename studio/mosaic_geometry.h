@@ -1,0 +1,23 @@
+#pragma once
+
+#include <QSizeF>
+
+#include "mosaic/mosaic_suite.h"
+
+/// Where the tiles lie, in points from the mosaic's top left corner, y downwards.
+struct MosaicGeometry {
+  int tilesAcross = 1;
+  int tilesDown = 1;
+  QSizeF size;     // of the whole mosaic
+  QSizeF spacing;  // between neighbouring tiles
+  QSizeF tile;     // of one tile, above 0
+
+  /// From what the dialog gave back; shares count from `sourceSize`, the picture's. Throws
+  /// StudioError when there is no tile, no size, or no room for tiles between the spacing.
+  static MosaicGeometry From(const MosaicParameters& params, const MosaicDialogState& state,
+                             QSizeF sourceSize);
+
+  double Left(int column) const { return column * (tile.width() + spacing.width()); }
+  double Top(int row) const { return row * (tile.height() + spacing.height()); }
+  bool HasGaps() const { return !spacing.isNull(); }
+};

@@ -1,0 +1,42 @@
+#pragma once
+
+#include <QImage>
+#include <vector>
+
+#include "studio/light_scale.h"
+#include "studio/mosaic_geometry.h"
+#include "studio/mosaic_sink.h"
+
+/// Draws the mosaic in pixels. Pixels that a tile covers in part take their share of its light, so
+/// tiles that touch show no seam, and gaps narrower than a pixel keep their weight. What no tile
+/// covers stays transparent.
+class MosaicRaster : public MosaicSink {
+ public:
+  /// Throws StudioError when there is no memory for the pixels. The scale is in pixels per point.
+  MosaicRaster(const MosaicGeometry& geometry, double scale);
+
+  void AddRow(std::span<const QRgb> tiles) override;
+  void Finish() override { CloseRow(); }
+
+  /// Complete after Finish; Format_ARGB32.
+  const QImage& Image() const { return image; }
+
+ private:
+  /// Sums of light and of covered area, in shares of a pixel.
+  struct Sample {
+    Light light;
+    double cover = 0;
+  };
+
+  void SpreadAcross(std::span<const QRgb> tiles);
+  void CloseRow();
+  void PaintRow(int y, const std::vector<Sample>& samples);
+
+  const MosaicGeometry geometry;
+  const double scale;
+  QImage image;
+  std::vector<Sample> across;  // the present tiles along a line of full height
+  std::vector<Sample> open;    // of the row of pixels `openRow`, which more tiles may cover
+  int openRow = -1;
+  int row = 0;
+};

@@ -1,0 +1,28 @@
+#pragma once
+
+#include <QSaveFile>
+#include <QString>
+#include <QStringList>
+#include <memory>
+#include <vector>
+
+/// The files that one run writes. Each is written beside its place and takes it only on Commit, so
+/// a run that fails or is stopped leaves everything as it was.
+class OutputSet {
+ public:
+  /// Opens a file for writing right away, so that a place that cannot be written is known before
+  /// anybody spends work on it. Throws StudioError; also when the path is already in the set.
+  /// The set owns the device.
+  QIODevice& Add(const QString& path);
+
+  /// Refuses this path from now on, because the run still reads it.
+  void Protect(const QString& path);
+
+  /// Puts all files in their places, after all of them were written out in full. Throws
+  /// StudioError when that fails; until the first file is in place, all places are as before.
+  void Commit();
+
+ private:
+  std::vector<std::unique_ptr<QSaveFile>> files;
+  QStringList taken;
+};

@@ -1,0 +1,111 @@
+#include "studio/picture.h"
+
+#include <QBuffer>
+#include <QFile>
+#include <QFileInfo>
+#include <QImageReader>
+#include <QTransform>
+#include <utility>
+
+#include "studio/complete_file.h"
+#include "studio/decoder_messages.h"
+#include "studio/studio_error.h"
+
+namespace {
+
+// 72 dots per inch: a dot a point, for files that say nothing.
+constexpr int kUnsaidDotsPerMeter = 2835;
+constexpr double kPointsPerMeter = 72 / 0.0254;
+
+// Room for photographs of half a gigapixel; beyond that a small file can take all memory.
+constexpr int kMegabytesLimit = 2048;
+
+QByteArray ReadFile(const QString& path) {
+  const QFileInfo info(path);
+  if (!info.exists()) throw StudioError("there is no picture " + path);
+  if (!info.isFile()) throw StudioError(path + " is not a file");
+  QFile file(path);
+  if (!file.open(QIODevice::ReadOnly)) {
+    throw StudioError("the picture " + path + " cannot be opened: " + file.errorString());
+  }
+  const QByteArray bytes = file.readAll();
+  if (file.error() != QFileDevice::NoError) {
+    throw StudioError("the picture " + path + " cannot be read: " + file.errorString());
+  }
+  if (bytes.isEmpty()) throw StudioError("the picture " + path + " is empty");
+  return bytes;
+}
+
+void SetDotsPerMeter(QImage& image, int across, int down) {
+  image.setDotsPerMeterX(across);
+  image.setDotsPerMeterY(down);
+}
+
+/// Qt gives an image of unsaid resolution that of the screen. An image that is made beforehand is
+/// filled by the decoder and keeps what it has instead. Formats that need an image of their own
+/// carry no resolution.
+QImage Decode(QImageReader& reader) {
+  const QSize size = reader.size();
+  const QImage::Format format = reader.imageFormat();
+  const bool fits =
+      size.isValid() && format != QImage::Format_Invalid &&
+      qint64(size.width()) * size.height() * QImage::toPixelFormat(format).bitsPerPixel() / 8 <=
+          qint64(kMegabytesLimit) << 20;
+  QImage image = fits ? QImage(size, format) : QImage();
+  SetDotsPerMeter(image, kUnsaidDotsPerMeter, kUnsaidDotsPerMeter);
+  const uchar* const bits = std::as_const(image).constBits();
+  if (!reader.read(&image)) return {};
+  if (std::as_const(image).constBits() != bits) {
+    SetDotsPerMeter(image, kUnsaidDotsPerMeter, kUnsaidDotsPerMeter);
+  }
+  return image;
+}
+
+/// Turns and mirrors as the camera noted; the resolutions change places with the sides.
+QImage Upright(const QImage& image, QImageIOHandler::Transformations how) {
+  QImage upright = image;
+  if (how & (QImageIOHandler::TransformationMirror | QImageIOHandler::TransformationFlip)) {
+    upright = upright.mirrored(how & QImageIOHandler::TransformationMirror,
+                               how & QImageIOHandler::TransformationFlip);
+  }
+  if (how & QImageIOHandler::TransformationRotate90) {
+    upright = upright.transformed(QTransform().rotate(90));
+    SetDotsPerMeter(upright, image.dotsPerMeterY(), image.dotsPerMeterX());
+  }
+  return upright;
+}
+
+}  // namespace
+
+Picture Picture::Read(const QString& path) {
+  QByteArray bytes = ReadFile(path);
+  QBuffer buffer(&bytes);
+  buffer.open(QIODevice::ReadOnly);
+
+  const DecoderMessages messages;
+  QImageReader::setAllocationLimit(kMegabytesLimit);
+  QImageReader reader(&buffer);
+  reader.setAutoTransform(false);
+  if (!reader.canRead()) {
+    throw StudioError(path + " is no picture that can be read, or it is damaged");
+  }
+  const QByteArray format = reader.format();
+  if (!IsCompleteFile(format, bytes)) {
+    throw StudioError("the picture " + path + " is cut short: the file ends before the picture");
+  }
+  const QImage image = Decode(reader);
+  if (image.isNull()) {
+    throw StudioError("the picture " + path + " is damaged or too large: " + reader.errorString());
+  }
+  if (messages.TellOfDamage()) throw StudioError("the picture " + path + " is damaged");
+  return Picture(Upright(image, reader.transformation()));
+}
+
+Picture::Picture(const QImage& image)
+    : pixels(image.convertToFormat(image.hasAlphaChannel() ? QImage::Format_ARGB32
+                                                           : QImage::Format_RGB32)) {}
+
+QSizeF Picture::SizeInPoints() const {
+  return {pixels.width() * kPointsPerMeter / pixels.dotsPerMeterX(),
+          pixels.height() * kPointsPerMeter / pixels.dotsPerMeterY()};
+}

@@ -1,0 +1,32 @@
+#pragma once
+
+#include <QColorSpace>
+#include <QImage>
+#include <QSizeF>
+#include <QString>
+
+/// A raster picture as it lies on the page: its pixels upright and in 8-bit RGB, the meaning of
+/// their values, and the size that it takes up.
+class Picture {
+ public:
+  /// Reads the first image of a file. Throws StudioError when the file is absent, is no picture
+  /// that can be read here, is damaged, or ends before the picture does.
+  static Picture Read(const QString& path);
+
+  /// A picture of these pixels at the resolution that they carry.
+  explicit Picture(const QImage& image);
+
+  /// Upright pixels, Format_RGB32 or, when some may be transparent, Format_ARGB32.
+  const QImage& Pixels() const { return pixels; }
+
+  bool HasAlpha() const { return pixels.format() == QImage::Format_ARGB32; }
+
+  /// The colour space of the values; invalid when the file doesn't say, which means sRGB.
+  QColorSpace ColorSpace() const { return pixels.colorSpace(); }
+
+  /// The size on the page in points of 1/72 inch.
+  QSizeF SizeInPoints() const;
+
+ private:
+  QImage pixels;
+};

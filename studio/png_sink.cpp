@@ -1,0 +1,47 @@
+#include "studio/png_sink.h"
+
+#include <QImageWriter>
+#include <QPainter>
+#include <cmath>
+
+#include "studio/text_writer.h"
+
+namespace {
+
+constexpr double kLongSide = 2048;  // in pixels, where the tiles ask for no more
+constexpr double kPixelsPerTile = 4;
+constexpr double kMostPixels = 64e6;
+constexpr double kMostPixelsPerSide = 32000;
+constexpr double kPointsPerMeter = 72 / 0.0254;
+
+double ChooseScale(const MosaicGeometry& geometry) {
+  const QSizeF size = geometry.size;
+  const double longSide = std::max(size.width(), size.height());
+  const double pitch = geometry.tile.width() + geometry.spacing.width();
+  const double smallTile = std::min(geometry.tile.width(), geometry.tile.height());
+  const double wanted = std::max(kLongSide / longSide, kPixelsPerTile / smallTile);
+  // A whole number of pixels from tile to tile keeps their edges sharp.
+  const double sharp = std::ceil(wanted * pitch) / pitch;
+  return std::min({sharp, std::sqrt(kMostPixels / (size.width() * size.height())),
+                   kMostPixelsPerSide / longSide});
+}
+
+}  // namespace
+
+PngSink::PngSink(QIODevice& output, const MosaicGeometry& geometry, const QImage& picture)
+    : device(output), scale(ChooseScale(geometry)), raster(geometry, scale), below(picture) {}
+
+void PngSink::Finish() {
+  raster.Finish();
+  QImage image = raster.Image();
+  if (!below.isNull()) {
+    QPainter painter(&image);
+    painter.setCompositionMode(QPainter::CompositionMode_DestinationOver);
+    painter.setRenderHint(QPainter::SmoothPixmapTransform);
+    painter.drawImage(image.rect(), below);
+  }
+  image.setDotsPerMeterX(int(std::lround(scale * kPointsPerMeter)));
+  image.setDotsPerMeterY(image.dotsPerMeterX());
+  QImageWriter writer(&device, "png");
+  if (!writer.write(image)) ThrowWriteError(device);
+}

@@ -1,0 +1,29 @@
+#include "studio/progress_line.h"
+
+#include <unistd.h>
+
+#include <cstdio>
+
+namespace {
+
+constexpr qint64 kQuietTime = 500;
+constexpr qint64 kInterval = 100;
+
+}  // namespace
+
+ProgressLine::ProgressLine(bool isWanted)
+    : isTerminal(isWanted && isatty(STDERR_FILENO)), nextTime(kQuietTime) {
+  sinceStart.start();
+}
+
+ProgressLine::~ProgressLine() {
+  if (isShown) std::fputs("\r\033[K", stderr);
+}
+
+void ProgressLine::Show(int done, int all) {
+  if (!isTerminal || sinceStart.elapsed() < nextTime) return;
+  nextTime = sinceStart.elapsed() + kInterval;
+  isShown = true;
+  std::fprintf(stderr, "\rBuilding the mosaic: %d %%  (Ctrl+C stops)", int(100.0 * done / all));
+  std::fflush(stderr);
+}

@@ -1,0 +1,21 @@
+#pragma once
+
+#include <QElapsedTimer>
+
+/// Tells on the terminal how far a long piece of work is. Stays silent in the first half second
+/// and when the error output is no terminal; the line is gone at the end.
+class ProgressLine {
+ public:
+  explicit ProgressLine(bool isWanted);
+  ~ProgressLine();
+  ProgressLine(const ProgressLine&) = delete;
+  ProgressLine& operator=(const ProgressLine&) = delete;
+
+  void Show(int done, int all);
+
+ private:
+  const bool isTerminal;
+  QElapsedTimer sinceStart;
+  qint64 nextTime;  // in milliseconds since the start
+  bool isShown = false;
+};

@@ -1,0 +1,21 @@
+#pragma once
+
+#include <QByteArray>
+
+#include "mosaic/mosaic_suite.h"
+
+/// What a run of the dialog leaves behind for the next one.
+struct MosaicChoices {
+  MosaicParameters params{};
+  MosaicDialogState state{};
+};
+
+/// Both as one JSON object, a field a line, by the names and in the order that they have in memory.
+QByteArray RecordToJson(const MosaicChoices& record);
+
+/// Only what the next run takes up: counts, flags and the state.
+QByteArray ChoicesToJson(const MosaicChoices& choices);
+
+/// The reverse. Fields that aren't choices stay 0. Throws StudioError, with the reason alone, for
+/// anything that ChoicesToJson could not have written; unknown fields are passed over.
+MosaicChoices ChoicesFromJson(const QByteArray& json);

@@ -1,0 +1,61 @@
+#include "studio/text_writer.h"
+
+#include <QFileDevice>
+#include <charconv>
+#include <cmath>
+
+#include "studio/studio_error.h"
+
+namespace {
+
+constexpr size_t kPieceSize = 1 << 16;
+constexpr int kDecimals = 4;
+constexpr double kUnit = 10000;
+
+}  // namespace
+
+TextWriter::TextWriter(QIODevice& output) : device(output) {
+  buffer.reserve(2 * kPieceSize);
+}
+
+TextWriter& TextWriter::operator<<(std::string_view text) {
+  buffer.append(text);
+  if (buffer.size() >= kPieceSize) Flush();
+  return *this;
+}
+
+void TextWriter::Flush() {
+  WriteAll(device, buffer);
+  buffer.clear();
+}
+
+void ThrowWriteError(const QIODevice& device) {
+  const auto* file = qobject_cast<const QFileDevice*>(&device);
+  throw StudioError("cannot write " + (file ? file->fileName() : QString("the mosaic")) + ": " +
+                    device.errorString());
+}
+
+void WriteAll(QIODevice& device, std::string_view bytes) {
+  if (device.write(bytes.data(), qint64(bytes.size())) == qint64(bytes.size())) return;
+  ThrowWriteError(device);
+}
+
+std::string NumberText(double value) {
+  char digits[32];
+  const int64_t units = std::llround(std::fabs(value) * kUnit);
+  const char* end = std::to_chars(digits, digits + sizeof digits, units).ptr;
+  std::string text(digits, size_t(end - digits));
+  if (text.size() <= kDecimals) text.insert(0, kDecimals + 1 - text.size(), '0');
+  text.insert(text.size() - kDecimals, 1, '.');
+  text.erase(text.find_last_not_of('0') + 1);
+  if (text.back() == '.') text.pop_back();
+  if (value < 0 && units != 0) text.insert(0, 1, '-');
+  return text;
+}
+
+std::string ColorText(QRgb color) {
+  constexpr char kDigits[] = "0123456789abcdef";
+  std::string text = "#000000";
+  for (size_t i = 6; i > 0; --i, color >>= 4) text[i] = kDigits[color & 15];
+  return text;
+}
