@@ -1,0 +1,122 @@
+#include "mosaic/dialog_harness.h"
+#include "mosaic/short_arithmetic.h"
+
+namespace {
+
+class FieldLogicTest : public MosaicTest {};
+
+TEST_F(FieldLogicTest, TheRatioButtonDerivesTheOtherSide) {
+  struct Case {
+    int32_t width, height;
+    const char* gestures;
+    int32_t across, down;
+    float newWidth, newHeight;
+  };
+  const Case cases[] = {
+      {300, 200, "click VerticalRadio\nenter VerticalCountTxt 7\nenter NewHeightTxt 50", 11, 7, 75,
+       50},
+      {300, 200, "click HorizontalRadio\nenter HorizontalCountTxt 10\nenter NewWidthTxt 75", 10, 7,
+       75, 50},
+      {400, 300, "enter HorizontalCountTxt 12", 12, 9, 400, 300},
+      {300, 200, "enter HorizontalCountTxt 10.9\nenter NewWidthTxt 75.9", 10, 7, 75.9f, 50},
+      {300, 0, "enter HorizontalCountTxt 12\nenter NewWidthTxt 33", 12, 12, 33, 33},
+      {0, 200, "enter HorizontalCountTxt 12", 12, 20, 0, 200},
+      {200, 100, "click UsePercentChk\nclick VerticalRadio", 40, 20, 2, 1},
+      {8640, 1, "click VerticalRadio\nenter VerticalCountTxt 100", 32767, 100, 8640, 1},
+  };
+  for (const Case& c : cases) {
+    SCOPED_TRACE(c.gestures);
+    SetSource(c.width, c.height);
+    record.keepHorizontal = 1;
+    record.tilesAcross = 30;
+    record.tilesDown = 20;
+    state = {};
+    EXPECT_EQ(Play(c.gestures + std::string("\nclick MosaicUseRatioButton\nclick okButton")),
+              ResultCode::kSuccess);
+    EXPECT_EQ(record.tilesAcross, c.across);
+    EXPECT_EQ(record.tilesDown, c.down);
+    EXPECT_EQ(record.newWidth, c.newWidth);
+    EXPECT_EQ(record.newHeight, c.newHeight);
+  }
+  EXPECT_GE(host.Operations().Calls("VX Real Math Suite/Multiply"), 14u);
+  EXPECT_GE(host.Operations().Calls("VX Real Math Suite/Divide"), 5u);
+}
+
+TEST_F(FieldLogicTest, AResultThatIsNoNumberLeavesTheFields) {
+  host.Operations().Refuse("VX Real Math Suite/Multiply", ResultCode::kCannot, 1, false);
+  EXPECT_EQ(Play("enter HorizontalCountTxt 12\nclick MosaicUseRatioButton\nclick okButton"),
+            ResultCode::kSuccess);
+  EXPECT_EQ(record.tilesDown, 20);
+  EXPECT_EQ(record.newHeight, 200.0f);
+}
+
+TEST(ShortArithmetic, RoundsHalvesAwayFromZeroAndSaturates) {
+  const std::pair<float, int16_t> cases[] = {
+      {10.5f, 11}, {-2.5f, -3},       {6.666667f, 7},   {0.4f, 0},        {-0.4f, 0},
+      {0.5f, 1},   {32767.4f, 32767}, {40000.f, 32767}, {-1e30f, -32768},
+  };
+  for (const auto& [value, rounded] : cases) EXPECT_EQ(RoundToShort(value), rounded) << value;
+  EXPECT_EQ(TruncateToInt(-2.9f), -2);
+  EXPECT_EQ(TruncateToInt(3e9f), 2147483647);
+  EXPECT_EQ(TruncateToInt(-3e9f), -2147483647 - 1);
+}
+
+TEST_F(FieldLogicTest, SpacingStaysBelowTheCounts) {
+  Run([](const OpenDialog& open) {
+    open.Enter("TileSpaceHorzTxt", "12");
+    open.Enter("TileSpaceVertTxt", "8");
+    open.Enter("HorizontalCountTxt", "10");
+    EXPECT_EQ(open.Number("TileSpaceHorzTxt"), 8.0);
+    EXPECT_EQ(open.Greatest("TileSpaceHorzTxt"), 8.0);
+    EXPECT_EQ(open.Number("TileSpaceVertTxt"), 8.0);
+
+    open.Enter("VerticalCountTxt", "10");
+    EXPECT_EQ(open.Number("TileSpaceVertTxt"), 8.0) << "equal to the bound is not above it";
+    open.Enter("VerticalCountTxt", "20");
+    EXPECT_EQ(open.Number("TileSpaceVertTxt"), 8.0) << "a spacing is never raised";
+    EXPECT_EQ(open.Greatest("TileSpaceVertTxt"), 18.0);
+
+    // A count that code changed takes effect with the next count that a person changes.
+    open.Get<UI_UnitNumberEdit>("VerticalCountTxt").SetNumber(5);
+    EXPECT_EQ(open.Number("TileSpaceVertTxt"), 8.0);
+    open.Enter("HorizontalCountTxt", "10.5");
+    EXPECT_EQ(open.Greatest("TileSpaceHorzTxt"), 8.5);
+    EXPECT_EQ(open.Number("TileSpaceVertTxt"), 3.0);
+
+    for (const char* count : {"2", "1"}) {
+      open.Enter("HorizontalCountTxt", count);
+      EXPECT_EQ(open.Greatest("TileSpaceHorzTxt"), 0.0);
+      EXPECT_EQ(open.Number("TileSpaceHorzTxt"), 0.0);
+    }
+  });
+}
+
+TEST_F(FieldLogicTest, SwitchingToPercentAndBackStartsAfresh) {
+  Run([](const OpenDialog& open) {
+    open.Enter("NewWidthTxt", "150");
+    open.Click("UsePercentChk");
+    EXPECT_EQ(open.Number("NewWidthTxt"), 100.0);
+    EXPECT_EQ(open.Greatest("NewHeightTxt"), 100.0);
+    open.Click("UsePercentChk");
+    EXPECT_EQ(open.Number("NewWidthTxt"), 300.0);
+    EXPECT_EQ(open.Number("NewHeightTxt"), 200.0);
+    EXPECT_EQ(open.Greatest("NewHeightTxt"), 8640.0);
+  });
+}
+
+TEST_F(FieldLogicTest, ChoicesReachTheRecord) {
+  record.isColor = 1;
+  record.keepHorizontal = 1;
+  EXPECT_EQ(Play("click VerticalRadio\nclick GrayRadio\nclick DeleteRasterChk\nkey Return"),
+            ResultCode::kSuccess);
+  EXPECT_EQ(record.keepHorizontal, 0);
+  EXPECT_EQ(record.isColor, 0);
+  EXPECT_EQ(record.deleteRaster, 1);
+  EXPECT_EQ(Play("click HorizontalRadio\nclick ColorRadio\nclick DeleteRasterChk\nkey Return"),
+            ResultCode::kSuccess);
+  EXPECT_EQ(record.keepHorizontal, 1);
+  EXPECT_EQ(record.isColor, 1);
+  EXPECT_EQ(record.deleteRaster, 0);
+}
+
+}  // namespace

@@ -1,0 +1,133 @@
+#include "mosaic/dialog_harness.h"
+#include "platform/nrvui/ui_node_manager.h"
+
+namespace {
+
+class InitialisationTest : public MosaicTest {};
+
+TEST_F(InitialisationTest, AbsoluteModeShowsTheSource) {
+  record.deleteRaster = 9;
+  record.keepHorizontal = 7;
+  record.isColor = 0;
+  Run([](const OpenDialog& open) {
+    EXPECT_EQ(open.dialog.UI_GetNodeID(), "CreateMosaicDialog");
+    EXPECT_EQ(nrvcore::utility::UTF16ToUTF8(open.dialog.GetTitle()), "Create Tesserae");
+    EXPECT_EQ(open.Label("OrigWidthStatic"), "300 pt");
+    EXPECT_EQ(open.Label("OrigHeightStatic"), "200 pt");
+    for (const char* field : {"NewWidthTxt", "NewHeightTxt"}) {
+      EXPECT_EQ(open.Greatest(field), 8640.0);
+      EXPECT_EQ(open.Get<UI_UnitNumberEdit>(field).GetLowerBound(), 0.0);
+    }
+    EXPECT_EQ(open.Number("NewWidthTxt"), 300.0);
+    EXPECT_EQ(open.Number("NewHeightTxt"), 200.0);
+    EXPECT_EQ(open.Number("HorizontalCountTxt"), 30.0);
+    EXPECT_EQ(open.Number("VerticalCountTxt"), 20.0);
+    for (const char* count : {"HorizontalCountTxt", "VerticalCountTxt"}) {
+      EXPECT_EQ(open.Greatest(count), 8640.0);
+      EXPECT_EQ(open.Get<UI_UnitNumberEdit>(count).GetLowerBound(), 1.0);
+    }
+    EXPECT_EQ(open.Number("TileSpaceHorzTxt"), 0.0);
+    EXPECT_EQ(open.Greatest("TileSpaceHorzTxt"), 28.0);
+    EXPECT_EQ(open.Greatest("TileSpaceVertTxt"), 18.0);
+    EXPECT_TRUE(open.IsSelected("HorizontalRadio"));
+    EXPECT_FALSE(open.IsSelected("VerticalRadio"));
+    EXPECT_FALSE(open.IsSelected("ColorRadio"));
+    EXPECT_TRUE(open.IsSelected("GrayRadio"));
+    EXPECT_TRUE(open.IsChecked("DeleteRasterChk"));
+    EXPECT_FALSE(open.IsChecked("UsePercentChk"));
+    for (const char* control : {"MosaicUseRatioButton", "HorizontalRadio", "UsePercentChk"}) {
+      EXPECT_FALSE(open.IsDisabled(control)) << control;
+    }
+  });
+}
+
+TEST_F(InitialisationTest, PercentModeKeepsTheSourceInTheLabels) {
+  state.usePercent = 5;
+  EXPECT_EQ(Play("key Return"), ResultCode::kSuccess);
+  EXPECT_EQ(state.usePercent, 1);
+  Run([](const OpenDialog& open) {
+    EXPECT_EQ(open.Label("OrigWidthStatic"), "300 pt");
+    EXPECT_EQ(open.Label("OrigHeightStatic"), "200 pt");
+    EXPECT_TRUE(open.IsChecked("UsePercentChk"));
+    for (const char* field : {"NewWidthTxt", "NewHeightTxt"}) {
+      EXPECT_EQ(open.Number(field), 100.0);
+      EXPECT_EQ(open.Greatest(field), 100.0);
+      EXPECT_EQ(nrvcore::utility::UTF16ToUTF8(open.Get<UI_UnitNumberEdit>(field).GetValue()),
+                "100 %");
+    }
+  });
+}
+
+TEST_F(InitialisationTest, WithoutASourceSizeThereAreOnlyPercentages) {
+  record.sizeUnavailable = 2;
+  Run([](const OpenDialog& open) {
+    EXPECT_EQ(open.Label("OrigWidthStatic"), "N/A");
+    EXPECT_EQ(open.Label("OrigHeightStatic"), "N/A");
+    EXPECT_EQ(open.Number("NewHeightTxt"), 100.0);
+    EXPECT_EQ(open.Greatest("NewHeightTxt"), 100.0);
+    EXPECT_TRUE(open.IsChecked("UsePercentChk"));
+    for (const char* control : {"MosaicUseRatioButton", "HorizontalRadio", "VerticalRadio",
+                                "ColorRadio", "GrayRadio", "UsePercentChk"}) {
+      EXPECT_TRUE(open.IsDisabled(control)) << control;
+    }
+    for (const char* control : {"DeleteRasterChk", "HorizontalCountTxt", "NewWidthTxt"}) {
+      EXPECT_FALSE(open.IsDisabled(control)) << control;
+    }
+  });
+  EXPECT_EQ(Play("click DeleteRasterChk\nkey Return"), ResultCode::kSuccess);
+  EXPECT_EQ(state.aspectRatio, 1.0f);
+  EXPECT_EQ(state.noOriginalSize, 2);
+  EXPECT_EQ(state.usePercent, 1);
+  EXPECT_EQ(record.deleteRaster, 1);
+  EXPECT_EQ(record.newWidth, 1.0f);
+}
+
+TEST_F(InitialisationTest, SizesAndCountsWrapAt16Bits) {
+  struct Case {
+    int32_t width, height;
+    float ratio, shownWidth, shownHeight;
+  };
+  const Case cases[] = {
+      {300, 200, 1.5f, 300, 200},      {300, 0, 1.0f, 300, 0},
+      {300, 65536, 1.0f, 300, 0},      {0, 200, 0.0f, 0, 200},
+      {70000, 200, 350.0f, 4464, 200}, {-2, 32768, -2.0f / -32768.0f, -2, -32768},
+  };
+  for (const Case& c : cases) {
+    SCOPED_TRACE(std::to_string(c.width) + " by " + std::to_string(c.height));
+    SetSource(c.width, c.height);
+    EXPECT_EQ(Play("key Return"), ResultCode::kSuccess);
+    EXPECT_EQ(state.aspectRatio, c.ratio);
+    EXPECT_EQ(record.newWidth, c.shownWidth);
+    EXPECT_EQ(record.newHeight, c.shownHeight);
+  }
+  record.boundsLeft = -2147483647 - 1;
+  record.boundsRight = 2147483647;
+  EXPECT_EQ(Play("key Return"), ResultCode::kSuccess);
+  EXPECT_EQ(record.newWidth, -1.0f);
+
+  record.tilesAcross = 70000;
+  record.tilesDown = 98304;
+  Run([](const OpenDialog& open) {
+    EXPECT_EQ(open.Number("HorizontalCountTxt"), 4464.0);
+    EXPECT_EQ(open.Number("VerticalCountTxt"), -32768.0);
+    EXPECT_EQ(open.Greatest("TileSpaceVertTxt"), 0.0);
+  });
+}
+
+TEST_F(InitialisationTest, MnemonicsFollowThePlatformSetting) {
+  auto& settings = nrvui::ui::UI_NodeManager::Get(false).GetCustomSettingsManager();
+  const auto shown = [this] {
+    bool on = false;
+    Run([&](const OpenDialog& open) { on = open.Get("UsePercentChk").IsMnemonicShown(); });
+    return on;
+  };
+  EXPECT_FALSE(shown());
+  settings.SetSetting("windows.MnemonicsAlwaysOn", true);
+  EXPECT_TRUE(shown());
+  settings.SetSetting("windows.MnemonicsAlwaysOn", 1);
+  EXPECT_EQ(Play("key Return"), ResultCode::kCannot);
+  settings.RemoveSetting("windows.MnemonicsAlwaysOn");
+  EXPECT_EQ(Play("key Return"), ResultCode::kSuccess);
+}
+
+}  // namespace

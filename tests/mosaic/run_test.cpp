@@ -1,0 +1,161 @@
+#include <stdexcept>
+
+#include "host/error.h"
+#include "mosaic/dialog_harness.h"
+#include "platform/qpbasic/ledger.h"
+
+namespace {
+
+class RunTest : public MosaicTest {
+ protected:
+  RunTest() {
+    std::memset(&state, 0xA5, sizeof(state));
+    std::memset(record.reserved0, 0xA5, sizeof(record.reserved0));
+    std::memset(record.reserved77, 0xA5, sizeof(record.reserved77));
+    record.reserved11 = 0xA5;
+    record.reserved28 = record.reserved32 = record.reserved60 = record.reserved64 = 1234;
+    record.tilesAcrossCopy = record.tilesDownCopy = -1;
+    state.usePercent = 0;
+    givenRecord = record;
+    givenState = state;
+  }
+
+  void ExpectUntouched() const {
+    EXPECT_EQ(std::memcmp(&record, &givenRecord, sizeof(record)), 0);
+    EXPECT_EQ(std::memcmp(&state, &givenState, sizeof(state)), 0);
+  }
+
+  MosaicParameters givenRecord;
+  MosaicDialogState givenState;
+};
+
+TEST_F(RunTest, OkRewritesTheRecordWhole) {
+  EXPECT_EQ(Play("enter NewWidthTxt 12.75\nenter TileSpaceHorzTxt 2.9\nenter HorizontalCountTxt 9\n"
+                 "key Return"),
+            ResultCode::kSuccess);
+  EXPECT_EQ(record.newWidth, 12.75f);
+  EXPECT_EQ(record.newHeight, 200.0f);
+  EXPECT_EQ(record.tileSpacingHorizontal, 2);
+  EXPECT_EQ(record.tileSpacingVertical, 0);
+  EXPECT_EQ(record.tilesAcross, 9);
+  EXPECT_EQ(record.tilesAcrossCopy, 9);
+  EXPECT_EQ(record.tilesDown, 20);
+  EXPECT_EQ(record.tilesDownCopy, 20);
+  EXPECT_EQ(record.reserved28 | record.reserved32 | record.reserved60 | record.reserved64, 0);
+  EXPECT_EQ(std::memcmp(record.reserved0, givenRecord.reserved0, 8), 0);
+  EXPECT_EQ(std::memcmp(record.reserved77, givenRecord.reserved77, 3), 0);
+  EXPECT_EQ(record.reserved11, 0xA5);
+  EXPECT_EQ(std::memcmp(&record.boundsLeft, &givenRecord.boundsLeft, 16), 0);
+  EXPECT_EQ(state.aspectRatio, 1.5f);
+  EXPECT_EQ(state.noOriginalSize, 0);
+  EXPECT_EQ(state.reserved6, 0);
+  EXPECT_EQ(state.reserved7, 0xA5);
+
+  EXPECT_EQ(Play("click UsePercentChk\nenter NewWidthTxt 33\nclick okButton"),
+            ResultCode::kSuccess);
+  EXPECT_EQ(record.newWidth, 33.0f / 100.0f);
+  EXPECT_EQ(record.newHeight, 1.0f);
+  EXPECT_EQ(state.usePercent, 1);
+}
+
+TEST_F(RunTest, EveryOtherWayOutWritesNothing) {
+  const std::string changes =
+      "enter NewWidthTxt 12\nenter HorizontalCountTxt 9\nclick GrayRadio\nclick VerticalRadio\n"
+      "click DeleteRasterChk\nclick UsePercentChk\n";
+  for (const char* way : {"key Escape", "close", "click cancelButton"}) {
+    EXPECT_EQ(Play(changes + way), ResultCode::kCancelled) << way;
+    ExpectUntouched();
+  }
+  EXPECT_EQ(Run([](const OpenDialog&) {}), ResultCode::kCancelled);
+  ExpectUntouched();
+  EXPECT_TRUE(host.Sheets().Leftovers().empty());
+}
+
+TEST_F(RunTest, WhateverThrowsMeansThatTheDialogCannotBeShown) {
+  EXPECT_EQ(Run([](const OpenDialog&) { throw 7; }), ResultCode::kCannot);
+  EXPECT_EQ(Run([](const OpenDialog& open) {
+              open.Get("NewWidthTxt").UI_SetNodeID("Renamed");
+              open.dialog.OnReturnKey();
+            }),
+            ResultCode::kCannot);
+  for (const char* operation :
+       {"acquire/VX User Interface Main Suite", "VX User Interface Main Suite/GetSheetFactory"}) {
+    host.Operations().Throw(operation, std::make_exception_ptr(std::runtime_error("x")));
+    EXPECT_EQ(Run([](const OpenDialog&) {}), ResultCode::kCannot) << operation;
+  }
+  host.Operations().Throw("VX Real Math Suite/Multiply",
+                          std::make_exception_ptr(vx::Error(ResultCode::kParameter)));
+  EXPECT_EQ(Run([](const OpenDialog& open) { open.Click("MosaicUseRatioButton"); }),
+            ResultCode::kCannot);
+  ExpectUntouched();
+  EXPECT_TRUE(host.Sheets().Leftovers().empty());
+}
+
+TEST_F(RunTest, WithoutItsLayoutTheDialogIsEmptyAndItsControlsAreMissed) {
+  host.Suites().SetAbsent("VX User Interface Main Suite");
+  EXPECT_EQ(Run([](const OpenDialog&) {}), ResultCode::kCannot);
+  ExpectUntouched();
+}
+
+TEST_F(RunTest, BadCallsAreRefused) {
+  const auto run = host.Suites().Find<MosaicSuite>()->RunMosaicDialog;
+  MosaicParameters* params = &record;
+  MosaicParameters* none = nullptr;
+  EXPECT_EQ(run(nullptr, &params), ResultCode::kCannot);
+  EXPECT_EQ(run(&state, nullptr), ResultCode::kCannot);
+  EXPECT_EQ(run(&state, &none), ResultCode::kCannot);
+  EXPECT_EQ(run(&state, &params), ResultCode::kCannot) << "no presenter is installed";
+  EXPECT_EQ(module.ShutDown(), ResultCode::kSuccess);
+  EXPECT_EQ(run(&state, &params), ResultCode::kCannot);
+  ExpectUntouched();
+}
+
+class DamagedLayoutTest : public testing::Test {};
+
+TEST_F(DamagedLayoutTest, AControlThatIsMissingOrOfAnotherClassStopsTheDialog) {
+  const std::pair<const char*, const char*> swaps[] = {
+      {"\"NewWidthTxt\"", "\"Gone\""},
+      {"\"OrigHeightStatic\"", "\"Gone\""},
+      {"\"GrayRadio\"", "\"Gone\""},
+      {"\"TileSpaceVertTxt\"", "\"UsePercentChk\""},
+      {"\"MosaicUseRatioButton\"", "\"DeleteRasterChk\""},
+      {"\"HorizontalCountTxt\"", "\"OrigWidthStatic\""},
+  };
+  for (const auto& [one, other] : swaps) {
+    SCOPED_TRACE(one);
+    const DamagedResources resources;
+    resources.SwapInLayout(one, other);
+    class Caller : public MosaicTest {
+     public:
+      explicit Caller(const std::filesystem::path& root) : MosaicTest(root) {}
+      void TestBody() override {
+        const MosaicParameters given = record;
+        EXPECT_EQ(Run([](const OpenDialog&) { ADD_FAILURE() << "the dialog was shown"; }),
+                  ResultCode::kCannot);
+        EXPECT_EQ(std::memcmp(&record, &given, sizeof(record)), 0);
+        EXPECT_TRUE(host.Sheets().Leftovers().empty());
+      }
+    };
+    Caller(resources.Root()).TestBody();
+  }
+}
+
+TEST_F(DamagedLayoutTest, AButtonThatIsNoneIsNotRegistered) {
+  const DamagedResources resources;
+  resources.SwapInLayout("\"cancelButton\"", "\"cancel_ResetButton\"");
+  class Caller : public MosaicTest {
+   public:
+    explicit Caller(const std::filesystem::path& root) : MosaicTest(root) {}
+    void TestBody() override {
+      EXPECT_EQ(Run([](const OpenDialog& open) {
+                  EXPECT_TRUE(open.dialog.GetOkButton());
+                  EXPECT_FALSE(open.dialog.GetCancelButton());
+                  open.dialog.OnCloseButton();
+                }),
+                ResultCode::kCancelled);
+    }
+  };
+  Caller(resources.Root()).TestBody();
+}
+
+}  // namespace

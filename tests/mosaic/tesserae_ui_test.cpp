@@ -1,0 +1,77 @@
+#include "mosaic/tesserae_ui.h"
+
+#include "mosaic/dialog_harness.h"
+#include "mosaic/run_mosaic_dialog.h"
+#include "platform/qpbasic/ledger.h"
+
+namespace {
+
+class TesseraeUITest : public testing::Test {
+ protected:
+  standin::RecordingUserInterface person;
+  standin::Host host{person};
+  standin::Module module{host, &PluginMain, "TesseraeUI"};
+};
+
+TEST_F(TesseraeUITest, PublishesItsSuiteWhileItRuns) {
+  ASSERT_EQ(module.StartUp(), ResultCode::kSuccess);
+  EXPECT_EQ(currentPlugin, module.Globals());
+  EXPECT_EQ(module.Ref()->name, "TesseraeUI");
+  EXPECT_EQ(host.Objects().notifiers.Objects()[0]->name, "TesseraeUI App Started Notifier");
+  const MosaicSuite* table = host.Suites().Find<MosaicSuite>();
+  ASSERT_TRUE(table);
+  EXPECT_EQ(table->RunMosaicDialog, &RunMosaicDialog);
+  EXPECT_EQ(host.Suites().Suites().Objects().back()->internalVersion, 1);
+
+  EXPECT_EQ(module.Send("QP Access", "Unload"), ResultCode::kSuccess);
+  EXPECT_EQ(currentPlugin, nullptr);
+  const_cast<MosaicSuite*>(table)->RunMosaicDialog = nullptr;
+  EXPECT_EQ(module.Send("QP Access", "Reload"), ResultCode::kSuccess);
+  EXPECT_EQ(table->RunMosaicDialog, &RunMosaicDialog) << "the same table, brought up to date";
+  EXPECT_EQ(currentPlugin, module.Globals());
+
+  EXPECT_EQ(module.ShutDown(), ResultCode::kSuccess);
+  EXPECT_EQ(currentPlugin, nullptr);
+  EXPECT_TRUE(host.Leftovers().empty());
+}
+
+TEST_F(TesseraeUITest, AShutDownWhileUnloadedStillFreesTheTable) {
+  ASSERT_EQ(module.StartUp(), ResultCode::kSuccess);
+  ASSERT_EQ(module.Send("QP Access", "Unload"), ResultCode::kSuccess);
+  EXPECT_EQ(module.ShutDown(), ResultCode::kSuccess);
+  EXPECT_EQ(host.Operations().Calls("QP Blocks Suite/FreeBlock"), 1u);
+  EXPECT_TRUE(host.Leftovers().empty());
+}
+
+TEST_F(TesseraeUITest, AnythingThatThrowsWhileRegisteringIsAParameterError) {
+  for (const char* operation : {"QP Blocks Suite/AllocateBlock", "QP Suites Suite/AddSuite"}) {
+    SCOPED_TRACE(operation);
+    host.Operations().Throw(operation, std::make_exception_ptr(7));
+    EXPECT_EQ(module.StartUp(), ResultCode::kParameter);
+    EXPECT_EQ(module.Globals(), nullptr);
+    EXPECT_EQ(currentPlugin, nullptr);
+    EXPECT_TRUE(host.Leftovers().empty());
+  }
+  host.Operations().Refuse("QP Blocks Suite/AllocateBlock", ResultCode::kOutOfMemory);
+  EXPECT_EQ(module.StartUp(), ResultCode::kParameter);
+  EXPECT_EQ(person.alerts.size(), 3u);
+}
+
+TEST_F(TesseraeUITest, ARefusedSuiteEndsTheStartUpAndItsTableStays) {
+  host.Operations().Refuse("QP Suites Suite/AddSuite", ResultCode{12});
+  EXPECT_EQ(module.StartUp(), ResultCode{12});
+  EXPECT_EQ(module.Globals(), nullptr);
+  EXPECT_EQ(host.Operations().Calls("QP Blocks Suite/FreeBlock"), 0u);
+  EXPECT_EQ(host.Leftovers().size(), 1u) << "the table, and nothing else";
+}
+
+TEST_F(TesseraeUITest, ATableThatCannotBeFreedEndsTheShutDownThere) {
+  ASSERT_EQ(module.StartUp(), ResultCode::kSuccess);
+  host.Operations().Refuse("QP Blocks Suite/FreeBlock", ResultCode{12});
+  EXPECT_EQ(module.ShutDown(), ResultCode{12});
+  EXPECT_EQ(module.Globals(), nullptr);
+  EXPECT_EQ(currentPlugin, nullptr);
+  EXPECT_EQ(host.Suites().Users("QP Access Suite"), 1u);
+}
+
+}  // namespace
