@@ -82,9 +82,11 @@ ResultCode SuiteSet::Release() noexcept {
 ResultCode SuiteSet::ReleaseOptional() noexcept {
   if (optionalCount == 0) return ResultCode::kSuccess;
   const SuiteImport* import = kPluginSuites + requiredCount + 1;
-  for (; optionalAcquired != 0 && import->name; ++import, --optionalAcquired) {
-    const ResultCode code = ReleaseIfHeld(*import);
+  for (; optionalAcquired != 0 && import->name; ++import) {
+    if (!import->destination || !*import->destination) continue;
+    const ResultCode code = ReleaseSuite(*import);
     if (Failed(code)) return code;
+    --optionalAcquired;
   }
   return ResultCode::kSuccess;
 }

@@ -177,12 +177,9 @@ TEST_F(DispatchTest, ExceptionsBecomeCodes) {
       {[]() -> ResultCode { throw std::runtime_error("x"); }, ResultCode::kCannot},
       {[]() -> ResultCode { throw 7; }, ResultCode::kCannot},
   };
-  size_t shown = 0;
   for (const Case& c : cases) {
     plan.menuGo = c.handler;
     EXPECT_EQ(module.Send("VX Menu", "VX Go"), c.code);
-    shown += c.code != ResultCode::kCannot || person.alerts.size() == 2;
-    EXPECT_EQ(person.alerts.size(), shown);
   }
   EXPECT_EQ(person.alerts.size(), 3u) << "the second 'CANT' repeats the first";
   EXPECT_EQ(module.Send("VX Menu", "VX Update"), ResultCode::kSuccess);

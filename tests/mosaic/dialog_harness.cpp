@@ -21,6 +21,10 @@ ResultCode MosaicTest::Run(std::function<void(const OpenDialog&)> person) {
   return host.Suites().Find<MosaicSuite>()->RunMosaicDialog(&state, &params);
 }
 
+void MosaicTest::LookAt(std::function<void(const OpenDialog&)> person) {
+  EXPECT_EQ(Run(std::move(person)), ResultCode::kCancelled);
+}
+
 ResultCode MosaicTest::Play(const std::string& gestures) {
   nrvui::gestures::ScriptedPresenter presenter(
       nrvui::gestures::GestureScript::Parse(gestures, "gestures"));

@@ -21,6 +21,7 @@
 #include "platform/nrvui/ui_unit_number_edit.h"
 #include "platform/standin/host.h"
 #include "platform/standin/module.h"
+#include "platform/standin/sheet_service.h"
 
 using nrvui::controls::UI_Checkbox;
 using nrvui::controls::UI_ControlView;
@@ -28,6 +29,10 @@ using nrvui::controls::UI_RadioButton;
 using nrvui::controls::UI_StaticText;
 using nrvui::controls::UI_UnitNumberEdit;
 using nrvui::ui::UI_Dialog;
+
+inline std::string Utf8(const nrvcore::UTF16String& text) {
+  return std::string(nrvcore::utility::UTF16ToUTF8(text.View()).View());
+}
 
 /// The dialog as a person sees it: controls by ID, texts as UTF-8.
 class OpenDialog {
@@ -43,8 +48,7 @@ class OpenDialog {
     return Get<UI_UnitNumberEdit>(nodeID).GetUpperBound();
   }
   std::string Label(const char* nodeID) const {
-    const auto text = nrvcore::utility::UTF16ToUTF8(Get<UI_StaticText>(nodeID).GetValue());
-    return std::string(text.View());
+    return Utf8(Get<UI_StaticText>(nodeID).GetValue());
   }
   bool IsSelected(const char* nodeID) const { return Get<UI_RadioButton>(nodeID).GetValue() != 0; }
   bool IsChecked(const char* nodeID) const { return Get<UI_Checkbox>(nodeID).IsChecked(); }
@@ -76,6 +80,8 @@ class MosaicTest : public testing::Test {
 
   /// Calls the suite's function; `person` acts on the open dialog.
   ResultCode Run(std::function<void(const OpenDialog&)> person);
+  /// The same for a person who cancels in the end.
+  void LookAt(std::function<void(const OpenDialog&)> person);
   /// The same with a gesture file's text, which must play through.
   ResultCode Play(const std::string& gestures);
 

@@ -62,7 +62,7 @@ TEST(ShortArithmetic, RoundsHalvesAwayFromZeroAndSaturates) {
 }
 
 TEST_F(FieldLogicTest, SpacingStaysBelowTheCounts) {
-  Run([](const OpenDialog& open) {
+  LookAt([](const OpenDialog& open) {
     open.Enter("TileSpaceHorzTxt", "12");
     open.Enter("TileSpaceVertTxt", "8");
     open.Enter("HorizontalCountTxt", "10");
@@ -92,7 +92,7 @@ TEST_F(FieldLogicTest, SpacingStaysBelowTheCounts) {
 }
 
 TEST_F(FieldLogicTest, SwitchingToPercentAndBackStartsAfresh) {
-  Run([](const OpenDialog& open) {
+  LookAt([](const OpenDialog& open) {
     open.Enter("NewWidthTxt", "150");
     open.Click("UsePercentChk");
     EXPECT_EQ(open.Number("NewWidthTxt"), 100.0);

@@ -9,9 +9,9 @@ TEST_F(InitialisationTest, AbsoluteModeShowsTheSource) {
   record.deleteRaster = 9;
   record.keepHorizontal = 7;
   record.isColor = 0;
-  Run([](const OpenDialog& open) {
+  LookAt([](const OpenDialog& open) {
     EXPECT_EQ(open.dialog.UI_GetNodeID(), "CreateMosaicDialog");
-    EXPECT_EQ(nrvcore::utility::UTF16ToUTF8(open.dialog.GetTitle()), "Create Tesserae");
+    EXPECT_EQ(Utf8(open.dialog.GetTitle()), "Create Tesserae");
     EXPECT_EQ(open.Label("OrigWidthStatic"), "300 pt");
     EXPECT_EQ(open.Label("OrigHeightStatic"), "200 pt");
     for (const char* field : {"NewWidthTxt", "NewHeightTxt"}) {
@@ -45,22 +45,21 @@ TEST_F(InitialisationTest, PercentModeKeepsTheSourceInTheLabels) {
   state.usePercent = 5;
   EXPECT_EQ(Play("key Return"), ResultCode::kSuccess);
   EXPECT_EQ(state.usePercent, 1);
-  Run([](const OpenDialog& open) {
+  LookAt([](const OpenDialog& open) {
     EXPECT_EQ(open.Label("OrigWidthStatic"), "300 pt");
     EXPECT_EQ(open.Label("OrigHeightStatic"), "200 pt");
     EXPECT_TRUE(open.IsChecked("UsePercentChk"));
     for (const char* field : {"NewWidthTxt", "NewHeightTxt"}) {
       EXPECT_EQ(open.Number(field), 100.0);
       EXPECT_EQ(open.Greatest(field), 100.0);
-      EXPECT_EQ(nrvcore::utility::UTF16ToUTF8(open.Get<UI_UnitNumberEdit>(field).GetValue()),
-                "100 %");
+      EXPECT_EQ(Utf8(open.Get<UI_UnitNumberEdit>(field).GetValue()), "100 %");
     }
   });
 }
 
 TEST_F(InitialisationTest, WithoutASourceSizeThereAreOnlyPercentages) {
   record.sizeUnavailable = 2;
-  Run([](const OpenDialog& open) {
+  LookAt([](const OpenDialog& open) {
     EXPECT_EQ(open.Label("OrigWidthStatic"), "N/A");
     EXPECT_EQ(open.Label("OrigHeightStatic"), "N/A");
     EXPECT_EQ(open.Number("NewHeightTxt"), 100.0);
@@ -107,7 +106,7 @@ TEST_F(InitialisationTest, SizesAndCountsWrapAt16Bits) {
 
   record.tilesAcross = 70000;
   record.tilesDown = 98304;
-  Run([](const OpenDialog& open) {
+  LookAt([](const OpenDialog& open) {
     EXPECT_EQ(open.Number("HorizontalCountTxt"), 4464.0);
     EXPECT_EQ(open.Number("VerticalCountTxt"), -32768.0);
     EXPECT_EQ(open.Greatest("TileSpaceVertTxt"), 0.0);
@@ -118,7 +117,7 @@ TEST_F(InitialisationTest, MnemonicsFollowThePlatformSetting) {
   auto& settings = nrvui::ui::UI_NodeManager::Get(false).GetCustomSettingsManager();
   const auto shown = [this] {
     bool on = false;
-    Run([&](const OpenDialog& open) { on = open.Get("UsePercentChk").IsMnemonicShown(); });
+    LookAt([&](const OpenDialog& open) { on = open.Get("UsePercentChk").IsMnemonicShown(); });
     return on;
   };
   EXPECT_FALSE(shown());
