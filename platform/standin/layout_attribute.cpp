@@ -26,10 +26,9 @@ bool Parse(std::string_view text, Number* number) {
 
 }  // namespace
 
-LayoutAttribute::LayoutAttribute(std::string_view itsName, std::string_view itsValue,
-                                 Refuse refusal)
-    : name(itsName), value(itsValue), refuse(std::move(refusal)) {
-  if (!nrvcore::utility::IsValidUTF8(value)) refuse(name + " is not UTF-8");
+LayoutAttribute::LayoutAttribute(std::string_view name, std::string_view value, Refuse refusal)
+    : name(name), value(value), refuse(std::move(refusal)) {
+  if (!nrvcore::utility::IsValidUTF8(value)) refuse(std::string(name) + " is not UTF-8");
 }
 
 void LayoutAttribute::RefuseAs(const char* what) const {

@@ -14,7 +14,7 @@ class LayoutAttribute {
  public:
   using Refuse = std::function<void(const std::string& reason)>;
 
-  LayoutAttribute(std::string_view itsName, std::string_view itsValue, Refuse refusal);
+  LayoutAttribute(std::string_view name, std::string_view value, Refuse refusal);
 
   /// A name of letters, digits and underscores.
   nrvcore::String AsName() const;

@@ -27,8 +27,8 @@ constexpr int kDeepestNesting = 32;
 
 class Reader {
  public:
-  Reader(std::string text, const std::filesystem::path& itsFile, const LiveToken& nodeToken)
-      : original(text), parsed(std::move(text)), file(itsFile), token(nodeToken) {}
+  Reader(std::string text, const std::filesystem::path& file, const LiveToken& nodeToken)
+      : original(text), parsed(std::move(text)), file(file), token(nodeToken) {}
 
   SheetTree Read();
 

@@ -34,14 +34,14 @@ ModuleImage::~ModuleImage() {
   dlclose(handle);
 }
 
-Module::Module(Host& itsHost, const std::filesystem::path& itsFile)
-    : host(itsHost), file(itsFile), plugin(nullptr) {
+Module::Module(Host& host, const std::filesystem::path& file)
+    : host(host), file(file), plugin(nullptr) {
   Load();
   plugin = host.AddPlugin(file.filename().string());
 }
 
-Module::Module(Host& itsHost, EntryPoint itsEntry, const std::string& name)
-    : host(itsHost), linkedEntry(itsEntry), entry(itsEntry), plugin(itsHost.AddPlugin(name)) {}
+Module::Module(Host& host, EntryPoint entry, const std::string& name)
+    : host(host), linkedEntry(entry), entry(entry), plugin(host.AddPlugin(name)) {}
 
 Module::~Module() {
   try {

@@ -41,9 +41,9 @@ class ModuleImage {
 class Module {
  public:
   /// Loads the file and sends nothing yet. Throws LoadError.
-  Module(Host& itsHost, const std::filesystem::path& itsFile);
+  Module(Host& host, const std::filesystem::path& file);
   /// A plug-in whose code is linked into this program.
-  Module(Host& itsHost, EntryPoint itsEntry, const std::string& name);
+  Module(Host& host, EntryPoint entry, const std::string& name);
   ~Module();
 
   Module(const Module&) = delete;

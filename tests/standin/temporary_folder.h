@@ -1,0 +1,35 @@
+#pragma once
+
+#include <gtest/gtest.h>
+#include <unistd.h>
+
+#include <filesystem>
+#include <fstream>
+#include <string>
+
+/// A folder of this test's own, gone at the end of the scope.
+class TemporaryFolder {
+ public:
+  TemporaryFolder()
+      : path(std::filesystem::path(testing::TempDir()) /
+             ("standin_" + std::to_string(getpid()) + "_" + std::to_string(++made))) {
+    std::filesystem::create_directories(path);
+  }
+  ~TemporaryFolder() {
+    std::error_code error;
+    std::filesystem::remove_all(path, error);
+  }
+  TemporaryFolder(const TemporaryFolder&) = delete;
+  TemporaryFolder& operator=(const TemporaryFolder&) = delete;
+
+  void Write(const std::string& name, const std::string& text) const {
+    const std::filesystem::path file = path / name;
+    std::filesystem::create_directories(file.parent_path());
+    std::ofstream(file, std::ios::binary) << text;
+  }
+
+  const std::filesystem::path path;
+
+ private:
+  static inline int made = 0;
+};
