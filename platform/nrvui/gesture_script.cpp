@@ -4,7 +4,6 @@
 #include <array>
 #include <charconv>
 #include <fstream>
-#include <iterator>
 
 #include "platform/nrvcore/unicode.h"
 
@@ -104,10 +103,13 @@ const std::string& ScriptError::Reason() const {
 
 GestureScript GestureScript::ReadFile(const std::filesystem::path& path) {
   std::ifstream stream(path, std::ios::binary);
-  std::string text{std::istreambuf_iterator<char>(stream), {}};
-  if (!stream || std::filesystem::is_directory(path)) {
-    throw ScriptError(path.string(), 0, "the gesture file can't be read");
+  std::string text;
+  std::array<char, 4096> block;
+  while (stream) {
+    stream.read(block.data(), block.size());
+    text.append(block.data(), stream.gcount());
   }
+  if (!stream.eof()) throw ScriptError(path.string(), 0, "the gesture file can't be read");
   return Parse(text, path.string());
 }
 

@@ -1,0 +1,151 @@
+#include <gtest/gtest.h>
+
+#include <boost/smart_ptr/make_shared.hpp>
+#include <stdexcept>
+#include <string>
+
+#include "nrvui/test_dialog.h"
+#include "platform/nrvui/ui_node.h"
+
+using namespace nrvui::ui;
+using nrvcore::geom::RectT;
+using NodePtr = boost::intrusive_ptr<UI_Node>;
+
+namespace {
+
+class Counted : public UI_Node {
+ public:
+  explicit Counted(int& destructions) : destroyed(destructions) {}
+  ~Counted() override {
+    const NodePtr lateReference = this;  // must not destroy it a second time
+    ++destroyed;
+  }
+
+ private:
+  int& destroyed;
+};
+
+struct Recorder : UI_SubView, NodeObserver {
+  std::string story;
+
+  void UI_ContentRectChanged(const RectT<float>& rect) override {
+    EXPECT_EQ(rect, UI_GetLocalRectF(false)) << "it is already in force";
+    story += "rect ";
+  }
+  void NodeChanged(UI_Node&) override { story += "observer "; }
+};
+
+std::string ChildIDs(const UI_Node& node) {
+  std::string ids;
+  for (const auto& child : Children(node)) ids += child->UI_GetNodeID().View();
+  return ids;
+}
+
+}  // namespace
+
+TEST(Node, LastReleaseDestroysOnceUnlessTheStorageIsAnothers) {
+  int destroyed = 0;
+  NodePtr node = new Counted(destroyed);
+  NodePtr parent = new UI_Node;
+  parent->ChildPushBack(node);
+  EXPECT_EQ(node->UI_GetReferenceCount(), 2);
+  node.reset();
+  EXPECT_EQ(destroyed, 0);
+  parent.reset();
+  EXPECT_EQ(destroyed, 1);
+  {
+    Counted onStack(destroyed);
+    onStack.UI_KeepOnLastRelease(true);
+    NodePtr(&onStack).reset();
+    EXPECT_EQ(destroyed, 1);
+  }
+  EXPECT_EQ(destroyed, 2);
+}
+
+TEST(Node, ChildrenKeepTheirOrderAndKnowTheirParent) {
+  NodePtr parent = new UI_Node, other = new UI_Node, a = new UI_Node, b = new UI_Node;
+  a->UI_SetNodeID("a");
+  b->UI_SetNodeID("b");
+  EXPECT_EQ(a->ChildBegin(), a->ChildEnd());
+  EXPECT_EQ(a->UI_GetParentContainer(), nullptr);
+  EXPECT_THROW(a->UI_GetIndex(), std::logic_error);
+
+  parent->ChildPushBack(a);
+  parent->ChildPushBack(b);
+  parent->ChildSwapOrder(0, 1);
+  EXPECT_EQ(ChildIDs(*parent), "ba");
+  EXPECT_EQ(a->UI_GetIndex(), 1u);
+  parent->ChildPushBack(b);
+  EXPECT_EQ(ChildIDs(*parent), "ab") << "a child pushed again moves to the end";
+  EXPECT_THROW(parent->ChildSwapOrder(0, 2), std::out_of_range);
+
+  other->ChildPushBack(b);
+  EXPECT_EQ(ChildIDs(*parent) + "|" + ChildIDs(*other), "a|b");
+  EXPECT_EQ(b->UI_GetParentContainer(), other.get());
+  EXPECT_EQ(b->UI_GetReferenceCount(), 2);
+
+  parent->ChildPushBack(other);
+  EXPECT_THROW(b->ChildPushBack(parent), std::invalid_argument) << "no cycles";
+  EXPECT_THROW(b->ChildPushBack(b), std::invalid_argument);
+  EXPECT_THROW(b->ChildPushBack(nullptr), std::invalid_argument);
+  other.reset();
+  parent.reset();
+  EXPECT_EQ(b->UI_GetParentContainer(), nullptr) << "the parent is gone";
+}
+
+TEST(Node, ASizeThatDiffersIsToldInOrder) {
+  const boost::intrusive_ptr<Recorder> node = new Recorder;
+  node->UI_SetObserver(node.get());
+  node->UI_InstallSizeChangedNotifyFunction(
+      boost::make_shared<boost::function<void()>>([&] { node->story += "notify "; }));
+  node->UI_SetLocalRectF({5, 5, 35, 25});
+  EXPECT_EQ(node->story, "rect notify observer ");
+  node->UI_SetLocalRectF({0, 0, 30, 20});
+  EXPECT_EQ(node->story, "rect notify observer ") << "the same size again";
+
+  node->UI_SetPosition({7, 8});
+  EXPECT_EQ(node->UI_GetLocalRectF(false), (RectT<float>{0, 0, 30, 20}));
+  EXPECT_EQ(node->UI_GetLocalRectF(true), (RectT<float>{7, 8, 37, 28}));
+  node->UI_SetLocalRectF({0, 0, std::numeric_limits<float>::quiet_NaN(), -4});
+  EXPECT_EQ(node->UI_GetLocalRectF(false), RectT<float>());
+}
+
+TEST(Node, IsVisibleWithEverythingAboveIt) {
+  TestDialog test;
+  EXPECT_TRUE(test.width->UI_IsVisible());
+  test.panel->UI_Show(false);
+  EXPECT_TRUE(test.width->UI_IsShown());
+  EXPECT_FALSE(test.width->UI_IsVisible());
+  EXPECT_TRUE(test.gray->UI_IsVisible());
+}
+
+TEST(Node, MnemonicsSwitchForEveryControlBelowAView) {
+  TestDialog test;
+  test.dialog->GetRootView()->UI_TurnMnemonicsOnOffForAllChildren(true);
+  EXPECT_TRUE(test.width->IsMnemonicShown());
+  EXPECT_TRUE(test.gray->IsMnemonicShown());
+  test.panel->UI_TurnMnemonicsOnOffForAllChildren(false);
+  EXPECT_FALSE(test.width->IsMnemonicShown());
+  EXPECT_TRUE(test.gray->IsMnemonicShown()) << "outside that view";
+}
+
+TEST(Node, ObserverSeesEveryChangeFromCode) {
+  TestDialog test;
+  struct Counter final : NodeObserver {
+    int changes = 0;
+    void NodeChanged(UI_Node&) override { ++changes; }
+  } counter;
+  test.width->UI_SetObserver(&counter);
+  test.width->SetNumber(1);
+  test.width->SetLowerBound(0);
+  test.width->SetUpperBound(9);
+  test.width->SetCustomUnit(nrvui::controls::UI_UnitNumberEdit::kPercentUnit);
+  test.width->SetDisabled(true);
+  test.width->UI_Show(false);
+  test.width->SetCaption(u"&Width");
+  EXPECT_EQ(counter.changes, 7);
+  test.width->UI_SetObserver(nullptr);
+  test.width->SetNumber(2);
+  EXPECT_EQ(counter.changes, 7);
+  EXPECT_EQ(test.Notified(), "") << "what code sets notifies no handler";
+}

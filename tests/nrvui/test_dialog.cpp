@@ -1,0 +1,53 @@
+#include "nrvui/test_dialog.h"
+
+#include <boost/smart_ptr/make_shared.hpp>
+
+#include "platform/nrvui/message_function_adapter.h"
+
+using namespace nrvui::controls;
+using namespace nrvui::ui;
+
+PlainDialog::PlainDialog(bool hasCloseBox)
+    : UI_Dialog(nullptr, u"Test", {10, 20}, {100, 100}, false, nullptr, true, false, true,
+                hasCloseBox, 0, 1) {}
+
+TestDialog::TestDialog() {
+  dialog->GetRootView()->ChildPushBack(panel);
+  width = Add<UI_UnitNumberEdit>(panel, "width");
+  width->SetCustomUnit(UI_UnitNumberEdit::kLengthUnit);
+  width->SetLowerBound(0);
+  width->SetUpperBound(8640);
+  width->SetNumber(300);
+  count = Add<UI_UnitNumberEdit>(panel, "count");
+  name = Add<UI_TextEdit>(panel, "name");
+  percent = Add<UI_Checkbox>(panel, "percent");
+  color = Add<UI_RadioButton>(panel, "color");
+  gray = Add<UI_RadioButton>(dialog->GetRootView(), "gray");
+  across = Add<UI_RadioButton>(panel, "across");
+  down = Add<UI_RadioButton>(panel, "down");
+  for (const auto& radio : {color, gray}) radio->SetGroup("colors");
+  for (const auto& radio : {across, down}) radio->SetGroup("sides");
+  for (const auto& radio : {color, down}) radio->SetValue(kRadioOn);
+  label = Add<UI_StaticText>(panel, "label");
+  ratio = Add<UI_TextButton>(panel, "ratio");
+  ok = Add<UI_Button>(panel, "ok");
+  cancel = Add<UI_Button>(panel, "cancel");
+  dialog->SetOkButton(ok);
+  dialog->SetCancelButton(cancel);
+}
+
+void TestDialog::Watch(UI_ControlView& control, const std::string& id) {
+  using Adapter = MessageFunctionAdapter<MessageT<UI_Node>, UI_ControlChangedMessage>;
+  const auto note = [this, id](UI_ControlChangedMessage* message) {
+    if (message->GetSender().UI_GetNodeID().View() == id) ++notified[id];
+  };
+  control.NotifyWhenChanged(boost::make_shared<ChangeNotifyFunction>(Adapter(note)));
+}
+
+std::string TestDialog::Notified() {
+  std::string text;
+  for (const auto& [id, times] : notified) text += id + ":" + std::to_string(times) + " ";
+  notified.clear();
+  if (!text.empty()) text.pop_back();
+  return text;
+}

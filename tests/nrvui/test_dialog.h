@@ -1,0 +1,50 @@
+#pragma once
+
+#include <map>
+#include <string>
+
+#include "platform/nrvui/ui_checkbox.h"
+#include "platform/nrvui/ui_dialog.h"
+#include "platform/nrvui/ui_radio_button.h"
+#include "platform/nrvui/ui_static_text.h"
+#include "platform/nrvui/ui_text_button.h"
+#include "platform/nrvui/ui_unit_number_edit.h"
+
+/// An empty dialog of 100 by 100 points.
+class PlainDialog : public nrvui::ui::UI_Dialog {
+ public:
+  explicit PlainDialog(bool hasCloseBox = true);
+};
+
+/// One control of each kind on panels, with a count of the notifications that each got.
+class TestDialog {
+ public:
+  TestDialog();
+
+  template <class Control, class Parent>
+  boost::intrusive_ptr<Control> Add(const Parent& parent, const char* id) {
+    const boost::intrusive_ptr<Control> control = new Control;
+    control->UI_SetNodeID(id);
+    Watch(*control, id);
+    parent->ChildPushBack(control);
+    return control;
+  }
+
+  /// What was notified since the last call, as "ID:times ..." in the order of IDs.
+  std::string Notified();
+
+  boost::intrusive_ptr<PlainDialog> dialog = new PlainDialog;
+  boost::intrusive_ptr<nrvui::ui::UI_SubView> panel = new nrvui::ui::UI_SubView;
+  boost::intrusive_ptr<nrvui::controls::UI_UnitNumberEdit> width, count;
+  boost::intrusive_ptr<nrvui::controls::UI_TextEdit> name;
+  boost::intrusive_ptr<nrvui::controls::UI_Checkbox> percent;
+  boost::intrusive_ptr<nrvui::controls::UI_RadioButton> color, gray, across, down;
+  boost::intrusive_ptr<nrvui::controls::UI_StaticText> label;
+  boost::intrusive_ptr<nrvui::controls::UI_TextButton> ratio;
+  boost::intrusive_ptr<nrvui::controls::UI_Button> ok, cancel;
+
+ private:
+  void Watch(nrvui::controls::UI_ControlView& control, const std::string& id);
+
+  std::map<std::string, int> notified;
+};
