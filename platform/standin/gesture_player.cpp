@@ -14,7 +14,8 @@ struct GesturePlayer::Installed {
 GesturePlayer::GesturePlayer(const std::filesystem::path& file,
                              std::function<void(const std::string&)> report)
     : installed(
-          new Installed{{nrvui::gestures::GestureScript::ReadFile(file), std::move(report)}}) {}
+          new Installed{.scripted = nrvui::gestures::ScriptedPresenter(
+                            nrvui::gestures::GestureScript::ReadFile(file), std::move(report))}) {}
 
 GesturePlayer::~GesturePlayer() = default;
 

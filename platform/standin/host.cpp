@@ -19,7 +19,7 @@ std::string NameOf(const HostObjects& objects, PluginRef plugin) {
 
 }  // namespace
 
-Host::Host(UserInterface& screen, std::filesystem::path resources)
+Host::Host(UserInterface& screen, const std::filesystem::path& resources)
     : userInterface(screen),
       suites(operations),
       lists(resources),

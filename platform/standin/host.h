@@ -25,7 +25,8 @@ class SheetService;
 class Host {
  public:
   /// Throws std::logic_error when there is a host already.
-  explicit Host(UserInterface& screen, std::filesystem::path resources = DefaultResourceRoot());
+  explicit Host(UserInterface& screen,
+                const std::filesystem::path& resources = DefaultResourceRoot());
   ~Host();
 
   Host(const Host&) = delete;

@@ -1,4 +1,4 @@
-#include <cstring>
+#include <string_view>
 
 #include "platform/suites/plugin_message.h"
 #include "platform/suites/result_code.h"
@@ -15,11 +15,13 @@ extern "C" __attribute__((visibility("default"))) ResultCode PluginMain(const ch
                                                                         const char* selector,
                                                                         PluginMessage* message) {
   ++messagesSinceLoad;
-  const auto is = [selector](const char* name) { return std::strcmp(selector, name) == 0; };
+  const auto is = [selector](std::string_view name) { return selector == name; };
   if (is("Startup")) message->globals = &messagesSinceLoad;
   if (is("Shutdown")) message->globals = nullptr;
   if (is("Count")) return ResultCode{messagesSinceLoad};
-  if (is("Type"))
-    return ResultCode{std::strcmp(static_cast<NotifierMessage*>(message)->notifierType, "type")};
+  if (is("Type")) {
+    const std::string_view type = static_cast<NotifierMessage*>(message)->notifierType;
+    return type == "type" ? ResultCode::kSuccess : ResultCode::kParameter;
+  }
   return ResultCode::kSuccess;
 }
