@@ -9,7 +9,8 @@
 class VXUICairnSheetInterface {
  public:
   VXUICairnSheetInterface() = default;
-  virtual ~VXUICairnSheetInterface() = default;
+  // A dialog is a node as well, and the destruction of a node may throw.
+  virtual ~VXUICairnSheetInterface() noexcept(false) {}
   VXUICairnSheetInterface(const VXUICairnSheetInterface&) = delete;
   VXUICairnSheetInterface& operator=(const VXUICairnSheetInterface&) = delete;
 

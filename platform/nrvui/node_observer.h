@@ -10,6 +10,8 @@ class UI_Node;
 class NodeObserver {
  public:
   virtual void NodeChanged(UI_Node& node) = 0;
+  /// The node is on its way out: only its address still means something.
+  virtual void NodeDestroyed(UI_Node&) {}
 
  protected:
   ~NodeObserver() = default;

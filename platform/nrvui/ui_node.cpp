@@ -19,7 +19,7 @@ void intrusive_ptr_add_ref(const UI_Node* node) noexcept {
   node->referenceCount.fetch_add(1, std::memory_order_relaxed);
 }
 
-void intrusive_ptr_release(const UI_Node* node) noexcept {
+void intrusive_ptr_release(const UI_Node* node) {
   if (node->referenceCount.fetch_sub(1, std::memory_order_acq_rel) != 1) return;
   if (node->beingDestroyed != 0 || node->keptOnLastRelease != 0) return;
   node->beingDestroyed = 1;
@@ -28,8 +28,9 @@ void intrusive_ptr_release(const UI_Node* node) noexcept {
 
 UI_Node::UI_Node() = default;
 
-UI_Node::~UI_Node() {
+UI_Node::~UI_Node() noexcept(false) {
   for (const auto& child : children) child->parent = nullptr;
+  if (observer != nullptr) observer->NodeDestroyed(*this);
 }
 
 const boost::intrusive_ptr<UI_Node>* UI_Node::ChildBegin() const {

@@ -21,7 +21,7 @@ class NRV_EXPORT UI_Node : public UI_Container {
   UI_Node();
   UI_Node(const UI_Node&) = delete;
   UI_Node& operator=(const UI_Node&) = delete;
-  virtual ~UI_Node();
+  virtual ~UI_Node() noexcept(false);
 
   const boost::intrusive_ptr<UI_Node>* ChildBegin() const override;
   const boost::intrusive_ptr<UI_Node>* ChildEnd() const override;
@@ -68,7 +68,7 @@ class NRV_EXPORT UI_Node : public UI_Container {
 
  private:
   friend void intrusive_ptr_add_ref(const UI_Node* node) noexcept;
-  friend void intrusive_ptr_release(const UI_Node* node) noexcept;
+  friend void intrusive_ptr_release(const UI_Node* node);
 
   bool IsAtOrAbove(const UI_Node& other) const;
 

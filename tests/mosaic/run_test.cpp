@@ -91,6 +91,23 @@ TEST_F(RunTest, WhateverThrowsMeansThatTheDialogCannotBeShown) {
   EXPECT_TRUE(host.Sheets().Leftovers().empty());
 }
 
+TEST_F(RunTest, ADialogThatFailsToGoAwayHasStillWrittenItsResult) {
+  class FailingWindow final : public nrvui::ui::NodeObserver {
+   public:
+    void NodeChanged(nrvui::ui::UI_Node&) override {}
+    void NodeDestroyed(nrvui::ui::UI_Node&) override { throw std::runtime_error("window lost"); }
+  } observer;
+  EXPECT_EQ(Run([&](const OpenDialog& open) {
+              open.dialog.UI_SetObserver(&observer);
+              open.Enter("HorizontalCountTxt", "9");
+              open.dialog.OnReturnKey();
+            }),
+            ResultCode::kCannot);
+  EXPECT_EQ(record.tilesAcross, 9);
+  EXPECT_EQ(state.aspectRatio, 1.5f);
+  EXPECT_TRUE(host.Sheets().Leftovers().empty());
+}
+
 TEST_F(RunTest, WithoutItsLayoutTheDialogIsEmptyAndItsControlsAreMissed) {
   host.Suites().SetAbsent("VX User Interface Main Suite");
   EXPECT_EQ(Run([](const OpenDialog&) {}), ResultCode::kCannot);
