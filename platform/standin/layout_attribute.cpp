@@ -4,6 +4,7 @@
 #include <charconv>
 #include <cmath>
 #include <cstdlib>
+#include <string_view>
 #include <utility>
 
 #include "platform/nrvcore/localizer.h"
@@ -26,27 +27,29 @@ bool Parse(std::string_view text, Number* number) {
 
 }  // namespace
 
-LayoutAttribute::LayoutAttribute(std::string_view name, std::string_view value, Refuse refusal)
+LayoutAttribute::LayoutAttribute(const char* name, const char* value, Refuse refusal)
     : name(name), value(value), refuse(std::move(refusal)) {
   if (!nrvcore::utility::IsValidUTF8(value)) refuse(std::string(name) + " is not UTF-8");
 }
 
-void LayoutAttribute::RefuseAs(const char* what) const {
-  refuse(name + "=\"" + value + "\" is " + what);
+void LayoutAttribute::RefuseAs(const std::string& what) const {
+  refuse(std::string(name) + "=\"" + value + "\" is " + what);
   std::abort();  // refuse throws
 }
 
 nrvcore::String LayoutAttribute::AsName() const {
-  if (value.empty() || !std::all_of(value.begin(), value.end(), IsNameCharacter))
+  const std::string_view text = value;
+  if (text.empty() || !std::all_of(text.begin(), text.end(), IsNameCharacter))
     RefuseAs("no name of letters, digits and underscores");
-  return nrvcore::String(std::string_view(value));
+  return nrvcore::String(text);
 }
 
 nrvcore::UTF16String LayoutAttribute::AsCaption() const {
-  const size_t equals = value.find('=');
-  if (!value.starts_with("$$$/") || equals == std::string::npos || equals + 1 == value.size())
+  const std::string_view key = value;
+  const size_t equals = key.find('=');
+  if (!key.starts_with("$$$/") || equals == std::string_view::npos || equals + 1 == key.size())
     RefuseAs("no localisation key of the form $$$/path=text");
-  return nrvcore::config::Localizer::Get().Localize(value.c_str());
+  return nrvcore::config::Localizer::Get().Localize(value);
 }
 
 double LayoutAttribute::AsNumber() const {
@@ -58,7 +61,7 @@ double LayoutAttribute::AsNumber() const {
 unsigned LayoutAttribute::AsCount(unsigned last) const {
   unsigned count = 0;
   if (!Parse(value, &count) || count < 1 || count > last)
-    RefuseAs(("no whole number from 1 to " + std::to_string(last)).c_str());
+    RefuseAs("no whole number from 1 to " + std::to_string(last));
   return count;
 }
 

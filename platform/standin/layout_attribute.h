@@ -2,7 +2,6 @@
 
 #include <functional>
 #include <string>
-#include <string_view>
 
 #include "platform/nrvcore/string.h"
 
@@ -14,7 +13,8 @@ class LayoutAttribute {
  public:
   using Refuse = std::function<void(const std::string& reason)>;
 
-  LayoutAttribute(std::string_view name, std::string_view value, Refuse refusal);
+  /// The texts must last as long as this object.
+  LayoutAttribute(const char* name, const char* value, Refuse refusal);
 
   /// A name of letters, digits and underscores.
   nrvcore::String AsName() const;
@@ -25,10 +25,10 @@ class LayoutAttribute {
   unsigned AsCount(unsigned last) const;
 
  private:
-  [[noreturn]] void RefuseAs(const char* what) const;
+  [[noreturn]] void RefuseAs(const std::string& what) const;
 
-  std::string name;
-  std::string value;
+  const char* name;
+  const char* value;
   Refuse refuse;
 };
 
