@@ -76,7 +76,12 @@ Light LightScale::OfScreen(double redMean, double greenMean, double blueMean) co
 }
 
 double LightOf(int value) {
-  return LightOfFraction(value / 255.0);
+  static const auto lights = [] {
+    std::array<double, 256> table;
+    for (int i = 0; i < 256; ++i) table[size_t(i)] = LightOfFraction(i / 255.0);
+    return table;
+  }();
+  return lights[size_t(value)];
 }
 
 QRgb NearestColor(const Light& light, int alpha) {

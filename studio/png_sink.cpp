@@ -12,6 +12,7 @@ constexpr double kLongSide = 2048;  // in pixels, where the tiles ask for no mor
 constexpr double kPixelsPerTile = 4;
 constexpr double kMostPixels = 64e6;
 constexpr double kMostPixelsPerSide = 32000;
+constexpr int kQuickCompression = 80;  // tiles are flat, so more effort gains next to nothing
 constexpr double kPointsPerMeter = 72 / 0.0254;
 
 double ChooseScale(const MosaicGeometry& geometry) {
@@ -43,5 +44,6 @@ void PngSink::Finish() {
   image.setDotsPerMeterX(int(std::lround(scale * kPointsPerMeter)));
   image.setDotsPerMeterY(image.dotsPerMeterX());
   QImageWriter writer(&device, "png");
+  writer.setQuality(kQuickCompression);
   if (!writer.write(image)) ThrowWriteError(device);
 }

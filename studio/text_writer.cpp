@@ -8,7 +8,8 @@
 
 namespace {
 
-constexpr size_t kPieceSize = 1 << 16;
+constexpr char kHexDigits[] = "0123456789abcdef";
+
 constexpr int kDecimals = 4;
 constexpr double kUnit = 10000;
 
@@ -16,12 +17,6 @@ constexpr double kUnit = 10000;
 
 TextWriter::TextWriter(QIODevice& output) : device(output) {
   buffer.reserve(2 * kPieceSize);
-}
-
-TextWriter& TextWriter::operator<<(std::string_view text) {
-  buffer.append(text);
-  if (buffer.size() >= kPieceSize) Flush();
-  return *this;
 }
 
 void TextWriter::Flush() {
@@ -53,9 +48,11 @@ std::string NumberText(double value) {
   return text;
 }
 
-std::string ColorText(QRgb color) {
-  constexpr char kDigits[] = "0123456789abcdef";
-  std::string text = "#000000";
-  for (size_t i = 6; i > 0; --i, color >>= 4) text[i] = kDigits[color & 15];
-  return text;
+ColorText::ColorText(QRgb color) {
+  text[0] = '#';
+  int at = 1;
+  for (int channel : {qRed(color), qGreen(color), qBlue(color)}) {
+    text[at++] = kHexDigits[channel >> 4];
+    text[at++] = kHexDigits[channel & 15];
+  }
 }

@@ -12,12 +12,18 @@ class TextWriter {
  public:
   explicit TextWriter(QIODevice& output);
 
-  TextWriter& operator<<(std::string_view text);
+  TextWriter& operator<<(std::string_view text) {
+    buffer.append(text);
+    if (buffer.size() >= kPieceSize) Flush();
+    return *this;
+  }
 
   /// Hands on what was collected; without a call the rest is lost.
   void Flush();
 
  private:
+  static constexpr size_t kPieceSize = 1 << 16;
+
   QIODevice& device;
   std::string buffer;
 };
@@ -32,4 +38,11 @@ void WriteAll(QIODevice& device, std::string_view bytes);
 std::string NumberText(double value);
 
 /// "#rrggbb"; the opacity doesn't show.
-std::string ColorText(QRgb color);
+class ColorText {
+ public:
+  explicit ColorText(QRgb color);
+  operator std::string_view() const { return {text, sizeof text}; }
+
+ private:
+  char text[7];
+};
