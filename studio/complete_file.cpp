@@ -25,6 +25,18 @@ bool IsCompleteJpeg(const QByteArray& bytes) {
   return false;
 }
 
+/// Walks from chunk to chunk; each has a length, a type, its content and a checksum.
+bool IsCompletePng(const QByteArray& bytes) {
+  constexpr qint64 kSignature = 8;
+  constexpr qint64 kFrame = 12;
+  for (qint64 at = kSignature; at + kFrame <= bytes.size();) {
+    const qint64 end = at + kFrame + qFromBigEndian<quint32>(bytes.constData() + at);
+    if (std::memcmp(bytes.constData() + at + 4, "IEND", 4) == 0) return end <= bytes.size();
+    at = end;
+  }
+  return false;
+}
+
 bool IsCompleteBmp(const QByteArray& bytes) {
   constexpr int kSizeOffset = 2;
   if (bytes.size() < kSizeOffset + 4) return false;
@@ -41,7 +53,10 @@ bool IsCompleteGif(const QByteArray& bytes) {
 constexpr struct {
   const char* format;
   bool (*isComplete)(const QByteArray&);
-} kChecks[] = {{"jpeg", IsCompleteJpeg}, {"bmp", IsCompleteBmp}, {"gif", IsCompleteGif}};
+} kChecks[] = {{"jpeg", IsCompleteJpeg},
+               {"png", IsCompletePng},
+               {"bmp", IsCompleteBmp},
+               {"gif", IsCompleteGif}};
 
 }  // namespace
 

@@ -150,7 +150,9 @@ void ConsoleRun::KeepChoices(const MosaicChoices& choices) {
 }
 
 void ConsoleRun::Tell(const QString& text) const {
-  if (!line.isQuiet) std::printf("%s\n", qPrintable(text));
+  if (line.isQuiet) return;
+  std::printf("%s\n", qPrintable(text));
+  std::fflush(stdout);  // a long build may follow
 }
 
 void ConsoleRun::Warn(const QString& text) const {

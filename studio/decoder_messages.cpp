@@ -1,6 +1,10 @@
 #include "studio/decoder_messages.h"
 
+#include <fcntl.h>
+#include <unistd.h>
+
 #include <algorithm>
+#include <cstdio>
 
 namespace {
 
@@ -11,13 +15,21 @@ constexpr const char* kDamage[] = {"premature end", "Huffman", "instead of RST",
 
 }  // namespace
 
-DecoderMessages::DecoderMessages() : previous(qInstallMessageHandler(Collect)) {
+DecoderMessages::DecoderMessages()
+    : previous(qInstallMessageHandler(Collect)), errorOutput(dup(STDERR_FILENO)) {
   current = this;
+  const int nowhere = open("/dev/null", O_WRONLY | O_CLOEXEC);
+  if (errorOutput < 0 || nowhere < 0) return;
+  dup2(nowhere, STDERR_FILENO);
+  close(nowhere);
 }
 
 DecoderMessages::~DecoderMessages() {
   current = nullptr;
   qInstallMessageHandler(previous);
+  if (errorOutput < 0) return;
+  dup2(errorOutput, STDERR_FILENO);
+  close(errorOutput);
 }
 
 void DecoderMessages::Collect(QtMsgType type, const QMessageLogContext& context,

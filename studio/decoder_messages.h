@@ -3,7 +3,8 @@
 #include <QStringList>
 
 /// While one of these lives, what Qt's image decoders have to say on this thread is collected
-/// here and kept from the terminal.
+/// here, and what libraries behind them write to the error output is lost: the user gets one line
+/// from us. One at a time.
 class DecoderMessages {
  public:
   DecoderMessages();
@@ -19,5 +20,6 @@ class DecoderMessages {
   static void Collect(QtMsgType type, const QMessageLogContext& context, const QString& text);
 
   QtMessageHandler previous;
+  int errorOutput;  // the true one
   QStringList messages;
 };

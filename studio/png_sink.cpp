@@ -1,9 +1,11 @@
 #include "studio/png_sink.h"
 
+#include <QBuffer>
 #include <QImageWriter>
 #include <QPainter>
 #include <cmath>
 
+#include "studio/studio_error.h"
 #include "studio/text_writer.h"
 
 namespace {
@@ -43,7 +45,12 @@ void PngSink::Finish() {
   }
   image.setDotsPerMeterX(int(std::lround(scale * kPointsPerMeter)));
   image.setDotsPerMeterY(image.dotsPerMeterX());
-  QImageWriter writer(&device, "png");
+
+  // Into memory first: a full disk then meets our own words, not those of the encoder.
+  QBuffer encoded;
+  encoded.open(QIODevice::WriteOnly);
+  QImageWriter writer(&encoded, "png");
   writer.setQuality(kQuickCompression);
-  if (!writer.write(image)) ThrowWriteError(device);
+  if (!writer.write(image)) throw StudioError("cannot make a PNG picture: " + writer.errorString());
+  WriteAll(device, {encoded.data().constData(), size_t(encoded.data().size())});
 }

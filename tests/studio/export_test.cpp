@@ -1,0 +1,190 @@
+#include <gtest/gtest.h>
+
+#include <QBuffer>
+#include <QRegularExpression>
+#include <QXmlStreamReader>
+
+#include "studio/mosaic_export.h"
+#include "studio/studio_error.h"
+#include "studio/text_writer.h"
+
+namespace {
+
+constexpr QRgb kClear = 0;
+constexpr QRgb kHalfGreen = 0x8000FF00;
+constexpr QRgb kTiles[2][3] = {{0xFF123456, 0xFFABCDEF, 0xFFFFFFFF},
+                               {0xFF000000, kHalfGreen, kClear}};
+
+/// Three by two tiles of 10 by 20 points.
+MosaicGeometry Geometry(int spacing) {
+  MosaicParameters params{};
+  params.tilesAcross = 3;
+  params.tilesDown = 2;
+  params.tileSpacingHorizontal = params.tileSpacingVertical = spacing;
+  params.newWidth = float(30 + 2 * spacing);
+  params.newHeight = float(40 + spacing);
+  return MosaicGeometry::From(params, {}, {});
+}
+
+QByteArray Export(const QString& name, int spacing, const QImage& below = {}) {
+  QBuffer buffer;
+  buffer.open(QIODevice::WriteOnly);
+  const auto sink = MakeExport(name, buffer, Geometry(spacing), below);
+  for (const auto& row : kTiles) sink->AddRow(row);
+  sink->Finish();
+  return buffer.data();
+}
+
+QImage RedPicture() {
+  QImage picture(30, 20, QImage::Format_RGB32);
+  picture.fill(Qt::red);
+  return picture;
+}
+
+struct Rect {
+  QString x, y, width, height, fill, opacity;
+  bool operator==(const Rect&) const = default;
+};
+
+TEST(SvgExport, HasOneRectPerTileInRowOrderInOneGroup) {
+  std::vector<Rect> rects;
+  int groups = 0;
+  QXmlStreamReader xml(Export("a.svg", 2));
+  while (!xml.atEnd()) {
+    if (xml.readNext() != QXmlStreamReader::StartElement) continue;
+    const auto value = [&](const char* name) { return xml.attributes().value(name).toString(); };
+    if (xml.name() == u"g") ++groups;
+    if (xml.name() == u"svg") {
+      EXPECT_EQ(value("viewBox"), "0 0 34 42");
+      EXPECT_EQ(value("width"), "34pt");
+    }
+    if (xml.name() != u"rect") continue;
+    EXPECT_EQ(groups, 1);
+    rects.push_back({value("x"), value("y"), value("width"), value("height"), value("fill"),
+                     value("fill-opacity")});
+  }
+  EXPECT_FALSE(xml.hasError()) << xml.errorString().toStdString();
+  EXPECT_EQ(groups, 1);
+  EXPECT_EQ(rects, (std::vector<Rect>{{"0", "0", "10", "20", "#123456", ""},
+                                      {"12", "0", "10", "20", "#abcdef", ""},
+                                      {"24", "0", "10", "20", "#ffffff", ""},
+                                      {"0", "22", "10", "20", "#000000", ""},
+                                      {"12", "22", "10", "20", "#00ff00", "0.502"},
+                                      {"24", "22", "10", "20", "#000000", "0"}}));
+}
+
+TEST(SvgExport, HoldsThePictureThatShowsBelow) {
+  const QByteArray svg = Export("a.svg", 2, RedPicture());
+  const auto match = QRegularExpression("data:image/jpeg;base64,([^\"]+)\"").match(svg);
+  ASSERT_TRUE(match.hasMatch());
+  const QImage embedded = QImage::fromData(QByteArray::fromBase64(match.captured(1).toLatin1()));
+  EXPECT_EQ(embedded.size(), QSize(30, 20));
+  EXPECT_LT(svg.indexOf("<image"), svg.indexOf("<g>"));
+}
+
+TEST(SvgExport, WritesNumbersShort) {
+  const struct {
+    double value;
+    const char* text;
+  } kCases[] = {{0, "0"},
+                {10, "10"},
+                {0.5, "0.5"},
+                {1.0 / 3, "0.3333"},
+                {100, "100"},
+                {0.00004, "0"},
+                {-0.00004, "0"},
+                {-2.25, "-2.25"},
+                {0.001, "0.001"},
+                {8640.12346, "8640.1235"},
+                {1234567, "1234567"}};
+  for (const auto& [value, text] : kCases) EXPECT_EQ(NumberText(value), text);
+}
+
+TEST(PngExport, ShowsTilesWithoutSeamsAndGapsThatAreClear) {
+  QImage image = QImage::fromData(Export("a.PNG", 0));
+  ASSERT_FALSE(image.isNull());
+  const auto at = [&](double x, double y, QSizeF size) {
+    return image.pixel(int(x * image.width() / size.width()),
+                       int(y * image.height() / size.height()));
+  };
+  for (int row = 0; row < 2; ++row) {
+    for (int column = 0; column < 3; ++column) {
+      EXPECT_EQ(at(10 * column + 5, 20 * row + 10, {30, 40}), kTiles[row][column]);
+    }
+  }
+  for (int x = 0; x < image.width(); ++x) {
+    ASSERT_EQ(qAlpha(image.pixel(x, image.height() / 4)), 255) << "seam at " << x;
+  }
+  EXPECT_NEAR(image.width() * 72 / 0.0254 / image.dotsPerMeterX(), 30, 0.1);
+
+  image = QImage::fromData(Export("a.png", 2));
+  EXPECT_EQ(at(11, 10, {34, 42}), kClear);
+  image = QImage::fromData(Export("a.png", 2, RedPicture()));
+  EXPECT_EQ(at(11, 10, {34, 42}), qRgb(255, 0, 0));
+  EXPECT_EQ(at(5, 10, {34, 42}), kTiles[0][0]);
+}
+
+TEST(PdfExport, IsOnePageWithATableThatFindsItsObjects) {
+  const QByteArray pdf = Export("a.pdf", 2, RedPicture());
+  EXPECT_TRUE(pdf.contains("/MediaBox [0 0 34 42]"));
+  EXPECT_TRUE(pdf.contains("/Filter /DCTDecode"));
+
+  const qsizetype table =
+      pdf.mid(pdf.lastIndexOf("startxref") + 10).split('\n').front().toLongLong();
+  ASSERT_TRUE(pdf.mid(table).startsWith("xref\n0 "));
+  const QList<QByteArray> entries = pdf.mid(table).split('\n').mid(3);
+  int objects = 0;
+  for (; entries[objects].contains(" n"); ++objects) {
+    const QByteArray head = QByteArray::number(objects + 1) + " 0 obj\n";
+    EXPECT_TRUE(pdf.mid(entries[objects].left(10).toLongLong()).startsWith(head)) << objects + 1;
+  }
+  EXPECT_EQ(objects, 5);
+
+  const qsizetype start = pdf.indexOf("stream\n", pdf.indexOf("FlateDecode")) + 7;
+  const QByteArray content = qUncompress(QByteArray("\0\0\x10\0", 4) + pdf.mid(start));
+  EXPECT_EQ(content.count(" re f"), 5) << "all but the clear tile";
+  EXPECT_TRUE(content.contains("0.0706 0.2039 0.3373 rg 0 0 10 20 re f"));
+  EXPECT_TRUE(content.contains("/A128 gs 0 1 0 rg 12 22 10 20 re f"));
+}
+
+/// Has room for so many bytes.
+class FullDevice : public QIODevice {
+ public:
+  explicit FullDevice(qint64 size) : room(size) { open(WriteOnly | Unbuffered); }
+
+ protected:
+  qint64 readData(char*, qint64) override { return -1; }
+  qint64 writeData(const char*, qint64 size) override {
+    if (size > room) return -1;
+    room -= size;
+    return size;
+  }
+
+ private:
+  qint64 room;
+};
+
+TEST(Export, TellsWhenTheDiskIsFull) {
+  for (const char* name : {"a.svg", "a.png", "a.pdf"}) {
+    const auto write = [&](qint64 room) {
+      FullDevice device(room);
+      const auto sink = MakeExport(name, device, Geometry(2), RedPicture());
+      for (const auto& row : kTiles) sink->AddRow(row);
+      sink->Finish();
+    };
+    const qint64 size = Export(name, 2, RedPicture()).size();
+    EXPECT_NO_THROW(write(size)) << name;
+    for (const qint64 room : {qint64(0), size / 2, size - 1}) {
+      EXPECT_THROW(write(room), StudioError) << name << " with room for " << room;
+    }
+  }
+}
+
+TEST(Export, KnowsItsEndings) {
+  for (const char* name : {"a.svg", "b.Png", "c.tar.pdf"}) EXPECT_NO_THROW(CheckExportEnding(name));
+  for (const char* name : {"a", "a.", "svg", "a.jpg", "a.svg.gz", ""}) {
+    EXPECT_THROW(CheckExportEnding(name), StudioError) << name;
+  }
+}
+
+}  // namespace

@@ -1,0 +1,193 @@
+#include <gtest/gtest.h>
+
+#include <QDir>
+#include <QFile>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QProcess>
+#include <QTemporaryDir>
+#include <csignal>
+
+#include "tests/studio/random_picture.h"
+
+namespace {
+
+struct Result {
+  int status;
+  QByteArray output;
+  QByteArray errors;
+};
+
+/// The real program in a folder of its own, with "in.png" of 60 by 40 points and gesture files.
+class Program : public testing::Test {
+ protected:
+  Program() {
+    QImage picture = RandomImage(60, 40, QImage::Format_RGB32, 11);
+    picture.setDotsPerMeterX(2835);
+    picture.setDotsPerMeterY(2835);
+    picture.save(Path("in.png"));
+    Save("ok", "key Return\n");
+    Save("cancel", "enter HorizontalCountTxt 3\nkey Escape\n");
+  }
+
+  QString Path(const QString& name) const { return folder.filePath(name); }
+
+  void Save(const QString& name, const QByteArray& content) const {
+    QFile file(Path(name));
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.write(content);
+  }
+
+  QByteArray Load(const QString& name) const {
+    QFile file(Path(name));
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+  }
+
+  void Start(QProcess& process, const QString& arguments,
+             const QString& program = TESSERAE_STUDIO) const {
+    auto environment = QProcessEnvironment::systemEnvironment();
+    environment.insert("XDG_CONFIG_HOME", Path("config"));
+    process.setProcessEnvironment(environment);
+    process.setWorkingDirectory(folder.path());
+    process.start(program, arguments.split(' ', Qt::SkipEmptyParts));
+  }
+
+  Result Run(const QString& arguments, const QString& program = TESSERAE_STUDIO) const {
+    QProcess process;
+    Start(process, arguments, program);
+    EXPECT_TRUE(process.waitForFinished(60000)) << arguments.toStdString();
+    return {process.exitCode(), process.readAllStandardOutput(), process.readAllStandardError()};
+  }
+
+  QStringList Files() const {
+    return QDir(folder.path()).entryList(QDir::Files | QDir::Hidden, QDir::Name);
+  }
+
+  QTemporaryDir folder;
+};
+
+TEST_F(Program, BuildsWhatTheDialogAskedFor) {
+  Save("gestures",
+       "enter HorizontalCountTxt 12\nclick HorizontalRadio\nclick MosaicUseRatioButton\n"
+       "enter TileSpaceHorzTxt 1\nclick GrayRadio\nkey Return\n");
+  const Result result =
+      Run("in.png --gestures gestures --export a.svg --export a.png "
+          "--export a.pdf --record record --state state");
+  EXPECT_EQ(result.status, 0) << result.errors.toStdString();
+  EXPECT_EQ(result.errors, "");
+  EXPECT_TRUE(result.output.contains("96 tiles")) << result.output.toStdString();
+  EXPECT_TRUE(result.output.contains("No block left"));
+  EXPECT_EQ(Load("a.svg").count("<rect "), 96);
+  EXPECT_TRUE(Load("a.pdf").startsWith("%PDF"));
+  EXPECT_FALSE(QImage(Path("a.png")).isNull());
+  const QJsonObject record = QJsonDocument::fromJson(Load("record")).object();
+  EXPECT_EQ(record["tilesDown"].toInt(), 8);
+  EXPECT_EQ(record["tileSpacingHorizontal"].toInt(), 1);
+  EXPECT_EQ(record["isColor"].toInt(), 0);
+  EXPECT_EQ(record["newWidth"].toDouble(), 60);
+}
+
+TEST_F(Program, RemembersChoicesFromRunToRun) {
+  Save("first",
+       "enter VerticalCountTxt 7\nclick UsePercentChk\nclick DeleteRasterChk\nkey Return\n");
+  for (const QString state : {"", " --state named"}) {
+    EXPECT_EQ(Run("in.png --quiet --gestures first" + state).status, 0);
+    const QByteArray kept = Load(state.isEmpty() ? "config/tesserae-studio/choices.json" : "named");
+    EXPECT_TRUE(kept.contains("\"usePercent\": 1")) << kept.toStdString();
+    EXPECT_EQ(Run("in.png --quiet --gestures cancel" + state).status, 1);
+    const Result again = Run("in.png --quiet --gestures ok --record record" + state);
+    EXPECT_EQ(again.output + again.errors, "");
+    const QJsonObject record = QJsonDocument::fromJson(Load("record")).object();
+    EXPECT_EQ(record["tilesDown"].toInt(), 7);
+    EXPECT_EQ(record["tilesAcross"].toInt(), 100);
+    EXPECT_EQ(record["newWidth"].toDouble(), 1);
+  }
+  // Damage in the user's settings costs a warning, not the run.
+  Save("config/tesserae-studio/choices.json", "{");
+  const Result damaged = Run("in.png --gestures ok");
+  EXPECT_EQ(damaged.status, 0);
+  EXPECT_EQ(damaged.errors.count('\n'), 1) << damaged.errors.toStdString();
+}
+
+TEST_F(Program, LeavesEverythingAsItWasAfterCancel) {
+  Save("a.svg", "old");
+  const QStringList before = Files();
+  EXPECT_EQ(
+      Run("in.png --gestures cancel --export a.svg --export b.png --record r --state s").status, 1);
+  EXPECT_EQ(Files(), before);
+  EXPECT_EQ(Load("a.svg"), "old");
+  EXPECT_FALSE(QDir(Path("config")).exists());
+}
+
+TEST_F(Program, SaysInOneLineWhatIsWrong) {
+  Save("text.png", "no picture");
+  Save("short.png", Load("in.png").chopped(2000));
+  Save("damaged.png", Load("in.png").replace(60, 4, "????"));
+  Save("unknown", "enter NoSuchTxt 3\nkey Return\n");
+  Save("nonsense", "dance\n");
+  Save("notanumber", "enter HorizontalCountTxt many\nkey Return\n");
+  Save("crowded", "enter HorizontalCountTxt 60\nenter TileSpaceHorzTxt 50\nkey Return\n");
+  Save("flat", "enter NewHeightTxt 0\nkey Return\n");
+  Save("badstate", "{}");
+  QDir(folder.path()).mkdir("folder");
+  const struct {
+    const char* arguments;
+    const char* reason;
+  } kCases[] = {
+      {"", "which picture"},
+      {"in.png in.png", "more than one picture"},
+      {"in.png --gestures", "needs a file's name"},
+      {"in.png --gestures ok --gestures ok", "given twice"},
+      {"in.png --bogus", "unknown option --bogus"},
+      {"in.png --export a.svg", "needs --gestures"},
+      {"none.png --gestures ok --export a.svg", "no picture none.png"},
+      {"folder --gestures ok --export a.svg", "not a file"},
+      {"text.png --gestures ok --export a.svg", "no picture that can be read"},
+      {"short.png --gestures ok --export a.svg", "cut short"},
+      {"damaged.png --gestures ok --export a.svg", "damaged"},
+      {"in.png --gestures none --export a.svg", "none"},
+      {"in.png --gestures nonsense --export a.svg", "nonsense:1:"},
+      {"in.png --gestures unknown --export a.svg", "unknown:1:"},
+      {"in.png --gestures notanumber --export a.svg", "notanumber:1:"},
+      {"in.png --gestures ok --export a.gif", ".svg, .png or .pdf"},
+      {"in.png --gestures ok --export a.svg --export none/a.svg", "no folder"},
+      {"in.png --gestures ok --export a.svg --export ./a.svg", "for something else"},
+      {"in.png --gestures ok --export in.png", "for something else"},
+      {"in.png --gestures ok --export a.svg --record folder", "folder"},
+      {"in.png --gestures ok --export a.svg --state badstate", "badstate cannot be read"},
+      {"in.png --gestures crowded --export a.svg", "no room for tiles"},
+      {"in.png --gestures flat --export a.svg", "above 0"},
+  };
+  const QStringList before = Files();
+  for (const auto& [arguments, reason] : kCases) {
+    const Result result = Run(arguments);
+    EXPECT_EQ(result.status, 2) << arguments;
+    EXPECT_EQ(result.errors.count('\n'), 1) << arguments << ": " << result.errors.toStdString();
+    EXPECT_TRUE(result.errors.contains(reason)) << arguments << ": " << result.errors.toStdString();
+    EXPECT_EQ(Files(), before) << arguments;
+  }
+  EXPECT_FALSE(QDir(Path("config")).exists());
+
+  // A program that has lost its module.
+  ASSERT_TRUE(QFile::copy(TESSERAE_STUDIO, Path("folder/studio")));
+  const Result alone = Run("in.png --gestures ok --export a.svg", Path("folder/studio"));
+  EXPECT_EQ(alone.status, 2);
+  EXPECT_TRUE(alone.errors.contains("module cannot be loaded")) << alone.errors.toStdString();
+  EXPECT_EQ(alone.errors.count('\n'), 1) << alone.errors.toStdString();
+  EXPECT_EQ(Files(), before);
+}
+
+TEST_F(Program, StopsCleanlyWhenInterrupted) {
+  Save("huge", "enter HorizontalCountTxt 8640\nenter VerticalCountTxt 8640\nkey Return\n");
+  const QStringList before = Files();
+  QProcess process;
+  Start(process, "in.png --gestures huge --export a.svg --record record");
+  ASSERT_TRUE(process.waitForReadyRead(30000));
+  ::kill(pid_t(process.processId()), SIGINT);
+  ASSERT_TRUE(process.waitForFinished(30000));
+  EXPECT_EQ(process.exitStatus(), QProcess::NormalExit);
+  EXPECT_EQ(process.exitCode(), 1);
+  EXPECT_EQ(Files(), before);
+}
+
+}  // namespace

@@ -1,0 +1,14 @@
+#pragma once
+
+#include <QImage>
+#include <random>
+
+/// Pixels without any pattern, the same for the same seed.
+inline QImage RandomImage(int width, int height, QImage::Format format, unsigned seed) {
+  std::mt19937 random(seed);
+  QImage image(width, height, format);
+  for (int y = 0; y < height; ++y) {
+    for (int x = 0; x < width; ++x) image.setPixel(x, y, QRgb(random()));
+  }
+  return image;
+}
