@@ -1,0 +1,57 @@
+#pragma once
+
+#include <QButtonGroup>
+#include <QCheckBox>
+#include <QPushButton>
+#include <QRadioButton>
+
+#include "platform/nrvui/ui_button.h"
+#include "platform/nrvui/ui_checkbox.h"
+#include "platform/nrvui/ui_radio_button.h"
+#include "platform/qt/dialog_run.h"
+#include "platform/qt/node_view.h"
+
+namespace qtui {
+
+/// A control that is clicked.
+class ButtonView : public CaptionedView {
+ public:
+  QWidget* Widget() const override { return &button; }
+
+ protected:
+  ButtonView(DialogRun& modalRun, nrvui::controls::UI_ControlView& shown, QAbstractButton& widget);
+  void SetCaption(const QString& caption) override;
+
+ private:
+  QAbstractButton& button;
+};
+
+class PushButtonView final : public ButtonView {
+ public:
+  PushButtonView(DialogRun& modalRun, nrvui::controls::UI_Button& shown, QWidget& parent);
+};
+
+class CheckBoxView final : public ButtonView {
+ public:
+  CheckBoxView(DialogRun& modalRun, nrvui::controls::UI_Checkbox& shown, QWidget& parent);
+  void Follow() override;
+
+ private:
+  nrvui::controls::UI_Checkbox& checkbox;
+  QCheckBox& widget;
+};
+
+class RadioButtonView final : public ButtonView {
+ public:
+  /// Arrow keys move within `buttonGroup`, which holds the buttons of the node's group.
+  RadioButtonView(DialogRun& modalRun, nrvui::controls::UI_RadioButton& shown,
+                  QButtonGroup& buttonGroup, QWidget& parent);
+  void Follow() override;
+
+ private:
+  nrvui::controls::UI_RadioButton& radio;
+  QButtonGroup& group;
+  QRadioButton& widget;
+};
+
+}  // namespace qtui

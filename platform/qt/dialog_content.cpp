@@ -1,0 +1,192 @@
+#include "platform/qt/dialog_content.h"
+
+#include <QButtonGroup>
+#include <QVBoxLayout>
+#include <algorithm>
+
+#include "platform/qt/button_views.h"
+#include "platform/qt/label_view.h"
+#include "platform/qt/number_field_view.h"
+#include "platform/qt/text.h"
+
+namespace qtui {
+
+using nrvui::ui::UI_Node;
+
+namespace {
+
+constexpr int kMargin = 20;
+
+template <class Node>
+Node* As(UI_Node& node) {
+  return dynamic_cast<Node*>(&node);
+}
+
+}  // namespace
+
+DialogContent::DialogContent(DialogRun& modalRun, QWidget& itsPane, std::function<void()> rebuild)
+    : run(modalRun),
+      pane(itsPane),
+      whenOutdated(std::move(rebuild)),
+      messages(new MessageLine(itsPane)) {
+  auto* const column = new QVBoxLayout(&pane);
+  column->setContentsMargins(kMargin, kMargin, kMargin, kMargin);
+  column->setSpacing(0);
+  column->addWidget(Make(*run.Dialog().GetRootView(), pane).Widget());
+  NameByLabels();
+  PlaceMessages();
+  MarkDefaultButton();
+  SetTabOrder();
+}
+
+DialogContent::~DialogContent() {
+  for (const auto& view : views) view->Node().UI_SetObserver(nullptr);
+}
+
+NodeView& DialogContent::Make(UI_Node& node, QWidget& parent) {
+  std::unique_ptr<NodeView> made = MakeControl(node, parent);
+  if (made == nullptr) made = std::make_unique<PanelView>(node, parent);
+  NodeView& view = *views.emplace_back(std::move(made));
+  viewOfNode.emplace(&node, &view);
+  if (view.Widget() != nullptr) view.Widget()->setObjectName(ToQString(node.UI_GetNodeID()));
+  if (auto* panel = dynamic_cast<PanelView*>(&view)) MakeChildren(*panel);
+  view.Follow();
+  node.UI_SetObserver(this);
+  return view;
+}
+
+std::unique_ptr<NodeView> DialogContent::MakeControl(UI_Node& node, QWidget& parent) {
+  using namespace nrvui::controls;
+  if (auto* shown = As<UI_NumberEdit>(node)) {
+    return std::make_unique<NumberFieldView>(run, *messages, *shown, *new NumberField(parent));
+  }
+  if (auto* shown = As<UI_TextEdit>(node)) {
+    return std::make_unique<TextFieldView>(run, *messages, *shown, *new TextField(parent));
+  }
+  if (auto* shown = As<UI_Checkbox>(node)) {
+    return std::make_unique<CheckBoxView>(run, *shown, parent);
+  }
+  if (auto* shown = As<UI_RadioButton>(node)) {
+    QButtonGroup& group = GroupOf(ToQString(shown->GetGroup()), pane);
+    return std::make_unique<RadioButtonView>(run, *shown, group, parent);
+  }
+  if (auto* shown = As<UI_Button>(node)) {
+    return std::make_unique<PushButtonView>(run, *shown, parent);
+  }
+  if (auto* shown = As<UI_StaticText>(node)) return std::make_unique<LabelView>(*shown, parent);
+  return nullptr;
+}
+
+void DialogContent::MakeChildren(PanelView& panel) {
+  std::vector<NodeView*> children;
+  for (const auto& child : nrvui::ui::Children(panel.Node())) {
+    children.push_back(&Make(*child, *panel.Widget()));
+  }
+  panel.Arrange(std::move(children));
+}
+
+QButtonGroup& DialogContent::GroupOf(const QString& name, QWidget& parent) {
+  QButtonGroup*& group = groups[name];
+  if (group == nullptr) group = new QButtonGroup(&parent);
+  return *group;
+}
+
+NodeView* DialogContent::Find(const nrvcore::String& nodeID) const {
+  const auto found = std::ranges::find_if(
+      views, [&](const auto& view) { return view->Node().UI_GetNodeID() == nodeID; });
+  return found == views.end() ? nullptr : found->get();
+}
+
+void DialogContent::NameByLabels() {
+  for (const auto& view : views) {
+    const auto* text = As<nrvui::controls::UI_StaticText>(view->Node());
+    if (text == nullptr || text->GetBuddy().IsEmpty()) continue;
+    NodeView* const buddy = Find(text->GetBuddy());
+    if (buddy != nullptr && buddy->Widget() != nullptr) {
+      static_cast<LabelView&>(*view).SetBuddy(*buddy);
+    }
+  }
+}
+
+void DialogContent::PlaceMessages() {
+  const bool hasFields = std::ranges::any_of(views, [](const auto& view) {
+    return dynamic_cast<const FieldView*>(view.get()) != nullptr;
+  });
+  messages->setVisible(hasFields);
+  // Just above the row of the OK button; the room that is left in a large window goes above it.
+  const auto& okButton = run.Dialog().GetOkButton();
+  QWidget* row = okButton != nullptr ? WidgetOf(*okButton) : nullptr;
+  for (; row != nullptr && row != &pane; row = row->parentWidget()) {
+    auto* const column = qobject_cast<QBoxLayout*>(row->parentWidget()->layout());
+    if (column == nullptr || column->direction() != QBoxLayout::TopToBottom) continue;
+    if (column->itemAt(column->count() - 1)->spacerItem() != nullptr) {
+      delete column->takeAt(column->count() - 1);
+    }
+    const int index = column->indexOf(row);
+    column->insertWidget(index, messages);
+    return column->insertStretch(index, 1);
+  }
+  auto* const column = static_cast<QVBoxLayout*>(pane.layout());
+  column->addStretch(1);
+  column->addWidget(messages);
+}
+
+void DialogContent::SetTabOrder() {
+  QWidget* former = nullptr;
+  for (const auto& view : views) {
+    QWidget* const widget = view->Widget();
+    if (widget == nullptr || widget->focusPolicy() == Qt::NoFocus) continue;
+    if (former != nullptr) QWidget::setTabOrder(former, widget);
+    former = widget;
+  }
+}
+
+QWidget* DialogContent::WidgetOf(const UI_Node& node) const {
+  const auto found = viewOfNode.find(&node);
+  return found == viewOfNode.end() ? nullptr : found->second->Widget();
+}
+
+QWidget* DialogContent::FirstFocus() const {
+  for (const auto& view : views) {
+    QWidget* const widget = view->Widget();
+    const bool takesFocus = widget != nullptr && widget->focusPolicy() != Qt::NoFocus;
+    if (takesFocus && widget->isEnabled() && view->Node().UI_IsVisible()) return widget;
+  }
+  return nullptr;
+}
+
+void DialogContent::ShowMnemonics(bool always) {
+  for (const auto& view : views) view->ShowMnemonic(always);
+}
+
+void DialogContent::MarkDefaultButton() {
+  const auto& okButton = run.Dialog().GetOkButton();
+  auto* const button =
+      okButton != nullptr ? qobject_cast<QPushButton*>(WidgetOf(*okButton)) : nullptr;
+  if (button != nullptr) button->setDefault(true);
+}
+
+QSize DialogContent::Align() {
+  std::vector<PanelView*> panels;
+  for (const auto& view : views) {
+    if (auto* panel = dynamic_cast<PanelView*>(view.get())) panels.push_back(panel);
+  }
+  int labelWidth = 0;
+  for (const PanelView* panel : panels) labelWidth = std::max(labelWidth, panel->LabelWidth());
+  for (PanelView* panel : panels) {
+    if (panel->LabelWidth() > 0) panel->SetLabelWidth(labelWidth);
+  }
+  std::ranges::reverse(panels);  // what is inside first
+  for (PanelView* panel : panels) panel->Equalize();
+  return pane.layout()->totalSizeHint().expandedTo(pane.layout()->totalMinimumSize());
+}
+
+void DialogContent::NodeChanged(UI_Node& node) {
+  const auto found = viewOfNode.find(&node);
+  if (found == viewOfNode.end() || isOutdated) return;
+  if (found->second->StillFits()) return found->second->Follow();
+  isOutdated = true;
+  whenOutdated();
+}
+
+}  // namespace qtui

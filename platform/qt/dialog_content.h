@@ -1,0 +1,60 @@
+#pragma once
+
+#include <QHash>
+#include <functional>
+#include <memory>
+#include <unordered_map>
+#include <vector>
+
+#include "platform/nrvui/node_observer.h"
+#include "platform/qt/dialog_run.h"
+#include "platform/qt/message_line.h"
+#include "platform/qt/panel_view.h"
+
+class QButtonGroup;
+
+namespace qtui {
+
+/// The widgets for everything in a dialog, in a pane of their own, kept as the nodes are: it
+/// observes every node below the dialog.
+class DialogContent final : private nrvui::ui::NodeObserver {
+ public:
+  /// `rebuild` is called when the nodes have changed so that other widgets are needed.
+  DialogContent(DialogRun& modalRun, QWidget& itsPane, std::function<void()> rebuild);
+  ~DialogContent();
+
+  /// Null for a node that is not shown here.
+  QWidget* WidgetOf(const nrvui::ui::UI_Node& node) const;
+  const MessageLine& Messages() const { return *messages; }
+  /// The first widget that a person can type or click in; null when there is none.
+  QWidget* FirstFocus() const;
+
+  void ShowMnemonics(bool always);
+  /// Follows the registered OK button.
+  void MarkDefaultButton();
+  /// Lines up labels, buttons and groups by the fonts in use, and says how much room that takes.
+  QSize Align();
+
+ private:
+  void NodeChanged(nrvui::ui::UI_Node& node) override;
+
+  NodeView& Make(nrvui::ui::UI_Node& node, QWidget& parent);
+  std::unique_ptr<NodeView> MakeControl(nrvui::ui::UI_Node& node, QWidget& parent);
+  void MakeChildren(PanelView& panel);
+  QButtonGroup& GroupOf(const QString& name, QWidget& parent);
+  NodeView* Find(const nrvcore::String& nodeID) const;
+  void NameByLabels();
+  void PlaceMessages();
+  void SetTabOrder();
+
+  DialogRun& run;
+  QWidget& pane;
+  std::function<void()> whenOutdated;
+  MessageLine* messages;
+  std::vector<std::unique_ptr<NodeView>> views;  // parents before their children
+  std::unordered_map<const nrvui::ui::UI_Node*, NodeView*> viewOfNode;
+  QHash<QString, QButtonGroup*> groups;
+  bool isOutdated = false;
+};
+
+}  // namespace qtui

@@ -1,0 +1,71 @@
+#pragma once
+
+#include <QSizeF>
+#include <exception>
+#include <functional>
+#include <optional>
+
+#include "platform/nrvui/gesture.h"
+
+namespace qtui {
+
+/// A field in which a person may be typing.
+class Editor {
+ public:
+  /// Ends the edit. False when the person must look at what became of it before going on.
+  virtual bool Commit() = 0;
+
+ protected:
+  ~Editor() = default;
+};
+
+/// One modal run of a dialog: turns what a person does to widgets into gestures, and keeps
+/// exceptions, which handlers may throw, out of Qt. All else in this folder reaches the toolkit's
+/// gestures through it.
+class DialogRun {
+ public:
+  explicit DialogRun(nrvui::ui::UI_Dialog& modalDialog);
+  DialogRun(const DialogRun&) = delete;
+  DialogRun& operator=(const DialogRun&) = delete;
+
+  nrvui::ui::UI_Dialog& Dialog() const { return dialog; }
+  /// Whether the dialog has a response or something threw.
+  bool IsOver() const;
+  /// `over` is called when the run ends because something threw or the dialog was abandoned; a
+  /// response is seen at the dialog itself.
+  void WhenOver(std::function<void()> over) { whenOver = std::move(over); }
+  bool HasFailed() const { return failure != nullptr; }
+  void RethrowFailure() const;
+
+  /// Does the work; what it throws ends the run.
+  void Guard(const std::function<void()>& work);
+
+  nrvui::gestures::Outcome Enter(nrvui::ui::UI_Node& field, const nrvcore::UTF16String& text);
+  /// Ends the edit that is going on, except before the Cancel button. The OK button waits when the
+  /// person must see first what became of their entry.
+  void Click(nrvui::ui::UI_Node& control);
+  /// Return ends the edit and waits in the same way.
+  void Press(nrvui::gestures::Key key);
+  void Close();
+  void Resize(QSizeF contentSize);
+
+  /// The field that has text which is not yet in its node; null when there is none.
+  void SetEditor(Editor* newEditor) { editor = newEditor; }
+  Editor* CurrentEditor() const { return editor; }
+  bool CommitEdit();
+
+  /// What became of the last gesture since the last call.
+  std::optional<nrvui::gestures::Outcome> TakeOutcome();
+
+ private:
+  nrvui::gestures::Outcome Do(const std::function<nrvui::gestures::Outcome()>& gesture);
+
+  nrvui::ui::UI_Dialog& dialog;
+  const bool isShared;  // others hold references, so that they can also all let go
+  Editor* editor = nullptr;
+  std::function<void()> whenOver;
+  std::exception_ptr failure;
+  std::optional<nrvui::gestures::Outcome> lastOutcome;
+};
+
+}  // namespace qtui

@@ -1,0 +1,253 @@
+#include "platform/qt/dialog_window.h"
+
+#include <QCloseEvent>
+#include <QGuiApplication>
+#include <QKeyEvent>
+#include <QPointer>
+#include <QScopedValueRollback>
+#include <QScreen>
+#include <QTimer>
+#include <QVBoxLayout>
+#include <cmath>
+
+#include "platform/nrvui/node_walk.h"
+#include "platform/nrvui/ui_layout.h"
+#include "platform/qt/text.h"
+
+namespace qtui {
+
+using nrvcore::geom::PointT;
+using nrvui::gestures::Key;
+using nrvui::ui::UI_Dialog;
+using nrvui::ui::UI_Node;
+
+namespace {
+
+constexpr QSize kFrameAllowance(16, 48);  // what a window manager puts around a window
+
+Qt::WindowFlags FlagsFor(const nrvui::ui::DialogStyle& style) {
+  Qt::WindowFlags flags = style.isToolWindow ? Qt::Tool : Qt::Dialog;
+  if (style.staysOnTop) flags |= Qt::WindowStaysOnTopHint;
+  if (!style.hasTitleBar) return flags | Qt::FramelessWindowHint;
+  flags |= Qt::CustomizeWindowHint | Qt::WindowTitleHint;
+  return style.hasCloseBox ? flags | Qt::WindowSystemMenuHint | Qt::WindowCloseButtonHint : flags;
+}
+
+nrvui::ui::UI_Layout* FindLayout(UI_Dialog& dialog) {
+  nrvui::ui::UI_Layout* found = nullptr;
+  nrvui::ui::ForEachBelow<nrvui::ui::UI_Layout>(dialog, [&](nrvui::ui::UI_Layout& layout) {
+    if (found == nullptr) found = &layout;
+  });
+  return found;
+}
+
+PointT<float> ToPoint(QSize size) {
+  return {static_cast<float>(size.width()), static_cast<float>(size.height())};
+}
+
+PointT<float> Larger(PointT<float> one, PointT<float> other) {
+  return {std::max(one.x, other.x), std::max(one.y, other.y)};
+}
+
+}  // namespace
+
+DialogWindow::DialogWindow(DialogRun& modalRun, QWidget* parent)
+    : QDialog(parent, FlagsFor(modalRun.Dialog().GetStyle())),
+      run(modalRun),
+      dialog(modalRun.Dialog()),
+      scroller(*new QScrollArea(this)) {
+  setObjectName(ToQString(dialog.UI_GetNodeID()));
+  setWindowTitle(ToQString(dialog.GetTitle()));
+  setWindowModality(Qt::ApplicationModal);
+  setAttribute(Qt::WA_QuitOnClose, false);  // a dialog is no reason for the application to go on
+
+  scroller.setFrameShape(QFrame::NoFrame);
+  scroller.setWidgetResizable(true);
+  scroller.setFocusPolicy(Qt::NoFocus);
+  auto* const column = new QVBoxLayout(this);
+  column->setContentsMargins(0, 0, 0, 0);
+  column->setSizeConstraint(QLayout::SetNoConstraint);
+  column->addWidget(&scroller);
+
+  run.WhenOver([this] { End(); });
+  dialog.UI_SetObserver(this);
+  run.Guard([this] {
+    Build();
+    FitContent();
+  });
+}
+
+DialogWindow::~DialogWindow() {
+  if (loop != nullptr) loop->quit();
+  dialog.UI_SetObserver(nullptr);
+  run.WhenOver({});
+}
+
+void DialogWindow::Build() {
+  content.reset();
+  auto* const pane = new QWidget;
+  scroller.setWidget(pane);  // deletes the former one
+  pane->installEventFilter(this);
+  content = std::make_unique<DialogContent>(run, *pane, [this] { RebuildLater(); });
+  for (QWidget* widget : pane->findChildren<QWidget*>()) widget->installEventFilter(this);
+  const auto& focused = dialog.GetInitialFocus();
+  QWidget* focus = focused != nullptr ? content->WidgetOf(*focused) : nullptr;
+  if (focus == nullptr) focus = content->FirstFocus();
+  if (focus != nullptr) focus->setFocus();
+}
+
+void DialogWindow::RebuildLater() {
+  // A widget may be in the midst of the event that led here.
+  QTimer::singleShot(0, this, [this] {
+    if (run.IsOver()) return;
+    run.Guard([this] {
+      const QString focus = focusWidget() != nullptr ? focusWidget()->objectName() : QString();
+      Build();
+      QWidget* const former = focus.isEmpty() ? nullptr : findChild<QWidget*>(focus);
+      if (former != nullptr) former->setFocus();
+      FitContent();
+    });
+  });
+}
+
+void DialogWindow::RunModal() {
+  if (run.IsOver()) return;
+  Place();
+  show();
+  raise();
+  activateWindow();
+  if (run.IsOver()) return End();
+  QEventLoop modalLoop;
+  loop = &modalLoop;
+  const QPointer<DialogWindow> alive = this;
+  modalLoop.exec(QEventLoop::DialogExec);
+  if (alive.isNull()) return;
+  loop = nullptr;
+  hide();  // also when the application was asked to quit
+}
+
+void DialogWindow::End() {
+  if (loop != nullptr) loop->quit();
+  hide();
+}
+
+void DialogWindow::Place() {
+  using nrvui::ui::DialogPlacement;
+  switch (dialog.GetPlacement()) {
+    case DialogPlacement::kAtPoint: {
+      const PointT<float> point = dialog.GetDialogPoint();
+      return move(QPointF(point.x, point.y).toPoint());
+    }
+    case DialogPlacement::kCentered:
+      return move(screen()->availableGeometry().center() - rect().center());
+    case DialogPlacement::kPositioned:
+      return;  // Qt centres a dialog over its parent window, or on the screen
+  }
+}
+
+void DialogWindow::NodeChanged(UI_Node&) {
+  if (run.IsOver()) return End();
+  FollowDialog();
+}
+
+void DialogWindow::FitContent() {
+  const QSize needed = content->Align();
+  if (needed == natural) return;
+  natural = needed;
+
+  const PointT<float> size = ToPoint(natural);
+  const PointT<float> formerMinimum = dialog.GetMinimumSize();
+  const PointT<float> former = dialog.GetContentSize();
+  if (nrvui::ui::UI_Layout* const layout = FindLayout(dialog)) {
+    layout->UI_SetLocalRectF({0, 0, size.x, size.y});
+  }
+  // Where nobody has made the dialog follow its layout it must not be too small either; and what
+  // the person added to the window stays.
+  const PointT<float> minimum = Larger(dialog.GetMinimumSize(), size);
+  if (!(minimum == dialog.GetMinimumSize())) dialog.SetMinimumSize(minimum);
+  const PointT<float> wanted = {former.x > formerMinimum.x ? std::max(former.x, size.x) : size.x,
+                                former.y > formerMinimum.y ? std::max(former.y, size.y) : size.y};
+  if (!(wanted == dialog.GetContentSize())) nrvui::gestures::Resize(dialog, wanted);
+  FollowDialog();
+}
+
+QSize DialogWindow::Limited(QSize size) const {
+  return size.boundedTo(screen()->availableSize() - kFrameAllowance);
+}
+
+QSize DialogWindow::SizeFor(PointT<float> contentSize) const {
+  return Limited(QSizeF(std::ceil(contentSize.x), std::ceil(contentSize.y)).toSize());
+}
+
+void DialogWindow::FollowDialog() {
+  const QScopedValueRollback following(isFollowing, true);
+  const QSize wanted = SizeFor(dialog.GetContentSize());
+  setMinimumSize(SizeFor(dialog.GetMinimumSize()));
+  if (wanted == size()) return;
+  const QPoint middle = geometry().center();
+  resize(wanted);
+  if (isVisible() && dialog.GetStyle().keepsCentre) move(pos() + middle - geometry().center());
+}
+
+void DialogWindow::resizeEvent(QResizeEvent* event) {
+  QDialog::resizeEvent(event);
+  if (isFollowing || !isVisible() || run.IsOver()) return;
+  if (size() != SizeFor(dialog.GetContentSize())) run.Resize(size());
+}
+
+bool DialogWindow::HandleKey(int key) {
+  switch (key) {
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+      run.Press(Key::kReturn);
+      return true;
+    case Qt::Key_Escape:
+      run.Press(Key::kEscape);
+      return true;
+    case Qt::Key_Alt:
+      content->ShowMnemonics(true);
+      return false;
+    default:
+      return false;
+  }
+}
+
+bool DialogWindow::eventFilter(QObject* watched, QEvent* event) {
+  // These keys are the dialog's wherever the focus is, whatever a desktop makes of them on buttons.
+  if (event->type() == QEvent::KeyPress) {
+    return HandleKey(static_cast<QKeyEvent*>(event)->key());
+  }
+  if (event->type() == QEvent::LayoutRequest && watched == scroller.widget() && !run.IsOver()) {
+    run.Guard([this] { FitContent(); });
+  }
+  return QDialog::eventFilter(watched, event);
+}
+
+void DialogWindow::keyPressEvent(QKeyEvent* event) {
+  if (!HandleKey(event->key())) event->ignore();
+}
+
+void DialogWindow::keyReleaseEvent(QKeyEvent* event) {
+  if (event->key() == Qt::Key_Alt) content->ShowMnemonics(false);
+  event->ignore();
+}
+
+void DialogWindow::closeEvent(QCloseEvent* event) {
+  if (!run.IsOver()) run.Close();
+  event->setAccepted(run.IsOver());
+}
+
+void DialogWindow::changeEvent(QEvent* event) {
+  QDialog::changeEvent(event);
+  if (event->type() != QEvent::ActivationChange || run.IsOver()) return;
+  if (!isActiveWindow()) content->ShowMnemonics(false);
+  run.Guard([this] { dialog.UI_ActivationChanged(isActiveWindow()); });
+}
+
+void DialogWindow::paintEvent(QPaintEvent* event) {
+  QDialog::paintEvent(event);
+  if (!whenPainted) return;
+  QTimer::singleShot(0, this, std::exchange(whenPainted, {}));
+}
+
+}  // namespace qtui

@@ -1,0 +1,65 @@
+#pragma once
+
+#include <QDialog>
+#include <QEventLoop>
+#include <QScrollArea>
+#include <functional>
+#include <memory>
+
+#include "platform/nrvui/node_observer.h"
+#include "platform/qt/dialog_content.h"
+#include "platform/qt/dialog_run.h"
+
+namespace qtui {
+
+/// The window of one modal run. Its size is the dialog's content size, both ways: what the fonts
+/// need goes to the dialog's layout node, what a person makes of the window to the dialog, and the
+/// window follows the dialog. On a screen that is too small it scrolls.
+class DialogWindow final : public QDialog, private nrvui::ui::NodeObserver {
+ public:
+  DialogWindow(DialogRun& modalRun, QWidget* parent);
+  ~DialogWindow() override;
+
+  /// Called once, from the event loop, after the window was painted for the first time.
+  void WhenPainted(std::function<void()> painted) { whenPainted = std::move(painted); }
+  /// Shows the window until the run is over.
+  void RunModal();
+
+  const DialogContent& Content() const { return *content; }
+  /// Scrolls to a widget, where the screen is too small for all.
+  void Reveal(QWidget& widget) { scroller.ensureWidgetVisible(&widget); }
+
+  bool eventFilter(QObject* watched, QEvent* event) override;
+
+ protected:
+  void keyPressEvent(QKeyEvent* event) override;
+  void keyReleaseEvent(QKeyEvent* event) override;
+  void closeEvent(QCloseEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
+  void changeEvent(QEvent* event) override;
+  void paintEvent(QPaintEvent* event) override;
+
+ private:
+  void NodeChanged(nrvui::ui::UI_Node& node) override;
+
+  void Build();
+  void RebuildLater();
+  void End();
+  void FitContent();
+  void FollowDialog();
+  void Place();
+  QSize Limited(QSize size) const;
+  QSize SizeFor(nrvcore::geom::PointT<float> contentSize) const;
+  bool HandleKey(int key);
+
+  DialogRun& run;
+  nrvui::ui::UI_Dialog& dialog;
+  QScrollArea& scroller;
+  std::unique_ptr<DialogContent> content;
+  QEventLoop* loop = nullptr;
+  std::function<void()> whenPainted;
+  QSize natural;
+  bool isFollowing = false;
+};
+
+}  // namespace qtui

@@ -1,0 +1,61 @@
+#pragma once
+
+#include "platform/nrvui/ui_text_edit.h"
+#include "platform/qt/dialog_run.h"
+#include "platform/qt/field_listener.h"
+#include "platform/qt/message_line.h"
+#include "platform/qt/node_view.h"
+#include "platform/qt/text_field.h"
+
+namespace qtui {
+
+/// A field in which a person types. What they typed reaches the node when they leave the field,
+/// press Return or click something; until then the field shows it, afterwards what the node made
+/// of it. A text that nobody touched is never entered.
+class FieldView : public NodeView, public Editor, public FieldListener {
+ public:
+  ~FieldView() override;
+
+  void Follow() override;
+  void SetName(const QString& spokenName) override;
+
+  bool Commit() override;
+  void FieldFocused() override;
+  void FieldLeft() override;
+
+ protected:
+  FieldView(DialogRun& modalRun, MessageLine& messageLine, nrvui::controls::UI_TextEdit& shown,
+            TextField& textField);
+
+  /// What may be entered, for the person; empty when anything may.
+  virtual QString Range() const { return {}; }
+  /// False when the person must look at what became of it.
+  bool Enter(const nrvcore::UTF16String& text);
+
+ private:
+  void ShowValue();
+  void ShowHint();
+  void SetProblem(const QString& sentence);
+  void ClearProblem();
+
+  DialogRun& run;
+  MessageLine& messages;
+  nrvui::controls::UI_TextEdit& field;
+  TextField& edit;
+  QString shownValue;
+  QString name;
+};
+
+class TextFieldView final : public FieldView {
+ public:
+  TextFieldView(DialogRun& modalRun, MessageLine& messageLine, nrvui::controls::UI_TextEdit& shown,
+                TextField& newWidget);
+  ~TextFieldView() override;
+
+  QWidget* Widget() const override { return &widget; }
+
+ private:
+  TextField& widget;
+};
+
+}  // namespace qtui

@@ -1,0 +1,48 @@
+#include "platform/qt/node_view.h"
+
+#include "platform/qt/text.h"
+
+namespace qtui {
+
+using nrvui::controls::UI_ControlView;
+
+NodeView::NodeView(nrvui::ui::UI_Node& shownNode) : node(&shownNode) {}
+
+NodeView::~NodeView() = default;
+
+void NodeView::Follow() {
+  QWidget* const widget = Widget();
+  if (widget == nullptr) return;
+  if (const auto* control = dynamic_cast<const UI_ControlView*>(node.get())) {
+    widget->setEnabled(!control->IsDisabled());
+  }
+  widget->setVisible(node->UI_IsShown());
+}
+
+void NodeView::SetName(const QString& spokenName) {
+  Widget()->setAccessibleName(spokenName);
+}
+
+CaptionedView::CaptionedView(UI_ControlView& shownControl)
+    : NodeView(shownControl), control(shownControl) {}
+
+QString CaptionedView::Caption(bool withMnemonic) const {
+  const QString caption = ToQString(control.GetCaption());
+  return withMnemonic ? caption : WithoutMnemonic(caption);
+}
+
+void CaptionedView::Follow() {
+  const QString caption = Caption(mnemonicAlways || control.IsMnemonicShown());
+  if (caption != shownCaption) {
+    shownCaption = caption;
+    SetCaption(caption);
+  }
+  NodeView::Follow();
+}
+
+void CaptionedView::ShowMnemonic(bool always) {
+  mnemonicAlways = always;
+  Follow();
+}
+
+}  // namespace qtui

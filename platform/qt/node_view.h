@@ -1,0 +1,56 @@
+#pragma once
+
+#include <QWidget>
+
+#include "platform/nrvui/ui_control_view.h"
+
+namespace qtui {
+
+/// Shows one node as a widget. The widget belongs to its parent widget and outlives the view only
+/// while the content is taken down.
+class NodeView {
+ public:
+  explicit NodeView(nrvui::ui::UI_Node& shownNode);
+  NodeView(const NodeView&) = delete;
+  NodeView& operator=(const NodeView&) = delete;
+  virtual ~NodeView();
+
+  nrvui::ui::UI_Node& Node() const { return *node; }
+  /// Null for a node that only leaves room.
+  virtual QWidget* Widget() const = 0;
+
+  /// Makes the widget show the node as it is now.
+  virtual void Follow();
+  /// Whether the view still fits the node after a change of its children or arrangement.
+  virtual bool StillFits() const { return true; }
+
+  /// While the Alt key is down every mnemonic is shown, otherwise those that the nodes want.
+  virtual void ShowMnemonic(bool) {}
+  /// Says what a label calls this.
+  virtual void SetName(const QString& spokenName);
+
+ private:
+  boost::intrusive_ptr<nrvui::ui::UI_Node> node;
+};
+
+/// A control with a caption.
+class CaptionedView : public NodeView {
+ public:
+  explicit CaptionedView(nrvui::controls::UI_ControlView& shownControl);
+
+  void Follow() override;
+  void ShowMnemonic(bool always) override;
+
+ protected:
+  /// The text to show.
+  virtual QString Caption(bool withMnemonic) const;
+  virtual void SetCaption(const QString& caption) = 0;
+
+  nrvui::controls::UI_ControlView& control;
+
+ private:
+  bool mnemonicAlways = false;
+  QString shownCaption;
+};
+
+}  // namespace qtui

@@ -1,0 +1,42 @@
+#pragma once
+
+#include <QAbstractSpinBox>
+
+#include "platform/qt/text_field.h"
+
+namespace qtui {
+
+/// A line of text that shows a number, with buttons, keys and wheel to step it. It neither reads
+/// nor checks what is typed: whoever listens does.
+class NumberField final : public QAbstractSpinBox {
+ public:
+  explicit NumberField(QWidget& parent);
+
+  /// It must outlive the field or be taken away (null).
+  void SetListener(FieldListener* fieldListener);
+  TextField& Text() const { return text; }
+  void SetStepEnabled(StepEnabled possibleSteps);
+
+  void stepBy(int count) override;
+  QSize sizeHint() const override;
+  QSize minimumSizeHint() const override { return sizeHint(); }
+
+ protected:
+  StepEnabled stepEnabled() const override { return steps; }
+  QValidator::State validate(QString&, int&) const override { return QValidator::Acceptable; }
+  void keyPressEvent(QKeyEvent* event) override;
+  void wheelEvent(QWheelEvent* event) override;
+  void changeEvent(QEvent* event) override;
+  void paintEvent(QPaintEvent* event) override;
+
+ private:
+  void Step(int count);
+  void AlignText();
+
+  TextField& text;
+  FieldListener* listener = nullptr;
+  StepEnabled steps = StepUpEnabled | StepDownEnabled;
+  int wheelRemainder = 0;
+};
+
+}  // namespace qtui

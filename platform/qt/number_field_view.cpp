@@ -1,0 +1,75 @@
+#include "platform/qt/number_field_view.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "platform/nrvcore/localizer.h"
+#include "platform/qt/text.h"
+
+namespace qtui {
+
+using nrvcore::UTF16String;
+using nrvcore::config::Localizer;
+using nrvcore::config::ReplacementValue;
+
+namespace {
+
+constexpr const char* kBetween = "$$$/nrvui/Field/Between=%1 to %2";
+constexpr const char* kAtLeast = "$$$/nrvui/Field/AtLeast=at least %1";
+constexpr const char* kAtMost = "$$$/nrvui/Field/AtMost=at most %1";
+constexpr const char* kOnly = "$$$/nrvui/Field/Only=only %1";
+
+}  // namespace
+
+NumberFieldView::NumberFieldView(DialogRun& modalRun, MessageLine& messageLine,
+                                 nrvui::controls::UI_NumberEdit& shown, NumberField& newWidget)
+    : FieldView(modalRun, messageLine, shown, newWidget.Text()), number(shown), widget(newWidget) {
+  widget.SetListener(this);
+}
+
+NumberFieldView::~NumberFieldView() {
+  widget.SetListener(nullptr);
+}
+
+void NumberFieldView::Follow() {
+  FieldView::Follow();
+  QAbstractSpinBox::StepEnabled steps;
+  steps.setFlag(QAbstractSpinBox::StepUpEnabled, number.GetNumber() < UpperBound());
+  steps.setFlag(QAbstractSpinBox::StepDownEnabled, number.GetNumber() > number.GetLowerBound());
+  widget.SetStepEnabled(steps);
+  const QString range = Range();
+  widget.setToolTip(range);
+  widget.setAccessibleDescription(range);
+}
+
+void NumberFieldView::StepAsked(int count) {
+  if (!Commit()) return;
+  const double stepped = std::min(number.GetNumber() + count, UpperBound());
+  Enter(Format(std::max(stepped, number.GetLowerBound())));
+}
+
+double NumberFieldView::UpperBound() const {
+  return std::max(number.GetUpperBound(), number.GetLowerBound());
+}
+
+UTF16String NumberFieldView::Format(double value) const {
+  return nrvui::controls::FormatNumber(value, number.GetUnit(), Localizer::Get().GetDecimalSign());
+}
+
+QString NumberFieldView::Range() const {
+  const double lower = number.GetLowerBound();
+  const double upper = UpperBound();
+  const auto text = [](const char* key, const UTF16String& one, const UTF16String& two) {
+    return ToQString(
+        Localizer::Get().Localize(key, {ReplacementValue(one), ReplacementValue(two)}));
+  };
+  if (std::isfinite(lower) && lower == upper) return text(kOnly, Format(lower), {});
+  if (std::isfinite(lower) && std::isfinite(upper)) {
+    return text(kBetween, Format(lower), Format(upper));
+  }
+  if (std::isfinite(lower)) return text(kAtLeast, Format(lower), {});
+  if (std::isfinite(upper)) return text(kAtMost, Format(upper), {});
+  return {};
+}
+
+}  // namespace qtui

@@ -1,0 +1,168 @@
+#include "platform/qt/panel_view.h"
+
+#include <QBoxLayout>
+#include <QGridLayout>
+#include <QPushButton>
+#include <algorithm>
+#include <utility>
+
+#include "platform/qt/field_view.h"
+#include "platform/qt/label_view.h"
+#include "platform/qt/section.h"
+#include "platform/qt/text.h"
+
+namespace qtui {
+
+using nrvui::ui::UI_Node;
+using nrvui::ui::UI_Panel;
+
+namespace {
+
+constexpr int kControlGap = 8;
+constexpr int kPanelGap = 16;
+constexpr int kSectionPadding = 12;
+
+bool IsSpace(const UI_Node& node) {
+  const auto* panel = dynamic_cast<const UI_Panel*>(&node);
+  return panel != nullptr && nrvui::ui::Children(node).empty() && panel->GetTitle().IsEmpty();
+}
+
+bool IsTitled(const UI_Panel* panel) {
+  return panel != nullptr && !panel->GetTitle().IsEmpty();
+}
+
+QWidget* MakeWidget(const UI_Node& node, const UI_Panel* panel, QWidget& parent) {
+  if (IsSpace(node)) return nullptr;
+  if (IsTitled(panel)) return new Section(parent);
+  return new QWidget(&parent);
+}
+
+bool TakesAllWidth(const NodeView& view) {
+  return dynamic_cast<const PanelView*>(&view) != nullptr ||
+         dynamic_cast<const FieldView*>(&view) != nullptr;
+}
+
+Qt::Alignment AlignmentOf(const NodeView& view) {
+  return TakesAllWidth(view) ? Qt::Alignment() : Qt::AlignLeft | Qt::AlignVCenter;
+}
+
+}  // namespace
+
+PanelView::PanelView(UI_Node& shown, QWidget& parent)
+    : NodeView(shown),
+      panel(dynamic_cast<UI_Panel*>(&shown)),
+      widget(MakeWidget(shown, panel, parent)),
+      arrangement(CurrentArrangement()),
+      columnCount(ColumnCount()) {}
+
+PanelView::Arrangement PanelView::CurrentArrangement() const {
+  return panel != nullptr ? panel->GetArrangement() : Arrangement::kColumn;
+}
+
+int PanelView::ColumnCount() const {
+  return panel != nullptr ? static_cast<int>(panel->GetColumnCount()) : 1;
+}
+
+void PanelView::Follow() {
+  if (auto* section = dynamic_cast<Section*>(widget)) {
+    section->setTitle(AsCaption(ToQString(panel->GetTitle())));
+  }
+  NodeView::Follow();
+}
+
+bool PanelView::StillFits() const {
+  if ((widget == nullptr) != IsSpace(Node())) return false;
+  if ((dynamic_cast<Section*>(widget) != nullptr) != IsTitled(panel)) return false;
+  return arrangement == CurrentArrangement() && columnCount == ColumnCount() &&
+         std::ranges::equal(
+             views, nrvui::ui::Children(Node()),
+             [](const NodeView* view, const auto& child) { return &view->Node() == child.get(); });
+}
+
+void PanelView::Arrange(std::vector<NodeView*> children) {
+  views = std::move(children);
+  if (widget == nullptr) return;
+  arrangement == Arrangement::kGrid ? ArrangeGrid() : ArrangeBox();
+  const int padding = IsTitled(panel) ? kSectionPadding : 0;
+  widget->layout()->setContentsMargins(padding, padding, padding, padding);
+  if (HoldsPanels()) widget->layout()->setSpacing(kPanelGap);
+}
+
+bool PanelView::HoldsPanels() const {
+  return std::ranges::any_of(views, [](const NodeView* view) {
+    return view->Widget() != nullptr && dynamic_cast<const PanelView*>(view) != nullptr;
+  });
+}
+
+void PanelView::ArrangeBox() {
+  const bool isRow = arrangement == Arrangement::kRow;
+  auto* const box =
+      new QBoxLayout(isRow ? QBoxLayout::LeftToRight : QBoxLayout::TopToBottom, widget);
+  box->setSpacing(kControlGap);
+  bool isFilled = false;
+  for (const NodeView* view : views) {
+    if (view->Widget() == nullptr) {
+      box->addStretch(1);
+    } else {
+      box->addWidget(view->Widget(), 0, AlignmentOf(*view));
+    }
+    isFilled |= view->Widget() == nullptr || (isRow && TakesAllWidth(*view));
+  }
+  if (!isFilled) box->addStretch(1);
+}
+
+void PanelView::ArrangeGrid() {
+  auto* const grid = new QGridLayout(widget);
+  grid->setSpacing(kControlGap);
+  for (int i = 0; i < static_cast<int>(views.size()); ++i) {
+    const NodeView& view = *views[i];
+    if (view.Widget() == nullptr) continue;
+    const bool isInFront = i % columnCount + 1 < columnCount;
+    const bool isLabel = dynamic_cast<const LabelView*>(&view) != nullptr;
+    const Qt::Alignment alignment =
+        isLabel && isInFront ? Qt::AlignRight | Qt::AlignVCenter : AlignmentOf(view);
+    grid->addWidget(view.Widget(), i / columnCount, i % columnCount, alignment);
+  }
+  if (HoldsPanels()) {
+    for (int column = 0; column < columnCount; ++column) grid->setColumnStretch(column, 1);
+  } else {
+    grid->setColumnStretch(columnCount - 1, 1);
+  }
+}
+
+int PanelView::LabelWidth() const {
+  if (arrangement != Arrangement::kGrid || columnCount < 2 || widget == nullptr) return 0;
+  int width = 0;
+  for (std::size_t i = 0; i < views.size(); i += static_cast<std::size_t>(columnCount)) {
+    const auto* label = dynamic_cast<const LabelView*>(views[i]);
+    if (label != nullptr) width = std::max(width, label->Widget()->sizeHint().width());
+  }
+  return width;
+}
+
+void PanelView::SetLabelWidth(int width) {
+  static_cast<QGridLayout*>(widget->layout())->setColumnMinimumWidth(0, width);
+}
+
+void PanelView::Equalize() {
+  if (widget == nullptr) return;
+  int widest = 0;
+  std::vector<QPushButton*> buttons;
+  for (const NodeView* view : views) {
+    auto* const button = qobject_cast<QPushButton*>(view->Widget());
+    const bool counts = button != nullptr || arrangement == Arrangement::kGrid;
+    if (view->Widget() == nullptr || view->Widget()->isHidden() || !counts) continue;
+    widest = std::max(widest, view->Widget()->sizeHint().width());
+    if (button != nullptr) buttons.push_back(button);
+  }
+  if (arrangement == Arrangement::kRow) {
+    for (QPushButton* button : buttons) button->setMinimumWidth(widest);
+  } else if (arrangement == Arrangement::kGrid && HoldsPanels()) {
+    auto* const grid = static_cast<QGridLayout*>(widget->layout());
+    for (int column = 0; column < columnCount; ++column) {
+      grid->setColumnMinimumWidth(column, widest);
+    }
+  }
+}
+
+}  // namespace qtui

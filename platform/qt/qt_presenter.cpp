@@ -1,0 +1,91 @@
+#include "platform/qt/qt_presenter.h"
+
+#include <QApplication>
+#include <QImage>
+#include <QPointer>
+#include <stdexcept>
+#include <utility>
+
+#include "platform/nrvui/ui_dialog.h"
+#include "platform/qt/dialog_window.h"
+#include "platform/qt/window_player.h"
+
+namespace qtui {
+
+namespace {
+
+/// The window that the next dialog belongs to; null when there is none. A menu does not last.
+QWidget* CurrentWindow() {
+  QWidget* window = QApplication::activeModalWidget();
+  if (window == nullptr) window = QApplication::activeWindow();
+  while (window != nullptr && (window->windowType() == Qt::Popup || !window->isVisible())) {
+    QWidget* const owner = window->parentWidget();
+    window = owner != nullptr ? owner->window() : nullptr;
+  }
+  return window;
+}
+
+/// A window that goes at the end of the run, unless it went with its parent.
+class WindowScope {
+ public:
+  explicit WindowScope(DialogRun& run) : window(new DialogWindow(run, CurrentWindow())) {}
+  WindowScope(const WindowScope&) = delete;
+  WindowScope& operator=(const WindowScope&) = delete;
+  ~WindowScope() { delete window.data(); }
+
+  DialogWindow& operator*() const { return *window; }
+  DialogWindow* operator->() const { return window; }
+
+ private:
+  QPointer<DialogWindow> window;
+};
+
+}  // namespace
+
+QtPresenter::QtPresenter() {
+  if (qobject_cast<QApplication*>(QCoreApplication::instance()) == nullptr) {
+    throw std::logic_error("windows need a QApplication");
+  }
+}
+
+QtPresenter::~QtPresenter() = default;
+
+void QtPresenter::PlayScript(nrvui::gestures::GestureScript gestureScript,
+                             std::function<void(const std::string&)> report) {
+  script = std::move(gestureScript);
+  reportFunction = std::move(report);
+}
+
+void QtPresenter::Present(nrvui::ui::UI_Dialog& dialog) {
+  error.reset();
+  screenshotProblem.clear();
+  QImage picture;
+  {
+    DialogRun run(dialog);
+    const WindowScope window(run);
+    const auto photograph = [&] {
+      if (!screenshotPath.empty() && !run.IsOver()) picture = window->grab().toImage();
+    };
+    window->WhenPainted([&] {
+      photograph();
+      if (paintedHook) paintedHook(*window);
+      if (!script || run.IsOver()) return;
+      WindowPlayer player(*script, run, *window, reportFunction);
+      player.Play(photograph);
+      error = player.Error();
+    });
+    window->RunModal();
+    run.RethrowFailure();
+  }
+  SaveScreenshot(picture);
+}
+
+void QtPresenter::SaveScreenshot(const QImage& picture) {
+  if (screenshotPath.empty()) return;
+  const QString path = QString::fromStdString(screenshotPath);
+  if (picture.isNull() || !picture.save(path, "PNG")) {
+    screenshotProblem = screenshotPath + ": the dialog's picture can't be written";
+  }
+}
+
+}  // namespace qtui

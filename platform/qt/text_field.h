@@ -1,0 +1,36 @@
+#pragma once
+
+#include <QLineEdit>
+
+#include "platform/qt/field_listener.h"
+
+namespace qtui {
+
+/// A line of text that tells of the person in it.
+class TextField final : public QLineEdit {
+ public:
+  explicit TextField(QWidget& parent);
+
+  /// It must outlive the field or be taken away (null).
+  void SetListener(FieldListener* fieldListener) { listener = fieldListener; }
+
+  /// Draws attention to the field.
+  void SetMarked(bool mark);
+  bool IsMarked() const { return isMarked; }
+
+ protected:
+  void focusInEvent(QFocusEvent* event) override;
+  void focusOutEvent(QFocusEvent* event) override;
+  void mouseReleaseEvent(QMouseEvent* event) override;
+  void paintEvent(QPaintEvent* event) override;
+
+ private:
+  FieldListener* listener = nullptr;
+  bool clickedInto = false;
+  bool isMarked = false;
+};
+
+/// Paints the frame that draws attention to a field.
+void PaintMark(QWidget& field);
+
+}  // namespace qtui

@@ -1,0 +1,20 @@
+#pragma once
+
+#include <QColor>
+#include <QPixmap>
+#include <QWidget>
+
+namespace qtui {
+
+enum class Theme { kSystem, kLight, kDark };
+
+/// Gives the application's windows, open ones too, their colours. kSystem is what the desktop
+/// wants. Needs the QApplication.
+void ApplyTheme(Theme theme);
+
+/// The colour in which something draws attention on the widget's background.
+QColor WarningColor(const QWidget& widget);
+/// As high as a line of the widget's text, at its screen's resolution.
+QPixmap WarningIcon(const QWidget& widget);
+
+}  // namespace qtui

@@ -1,0 +1,203 @@
+#include "platform/qt/window_player.h"
+
+#include <QApplication>
+#include <QCheckBox>
+#include <QDeadlineTimer>
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <QRadioButton>
+#include <QWindow>
+#include <deque>
+#include <utility>
+
+#include "platform/nrvcore/unicode.h"
+#include "platform/nrvui/ui_text_edit.h"
+#include "platform/qt/text.h"
+
+namespace qtui {
+
+using nrvui::gestures::Key;
+using nrvui::gestures::Outcome;
+using nrvui::gestures::ScriptError;
+using nrvui::gestures::Step;
+using nrvui::gestures::Verb;
+using nrvui::ui::UI_Dialog;
+using nrvui::ui::UI_Node;
+
+namespace {
+
+constexpr int kActivationTimeout = 2000;  // ms
+
+/// The first match in breadth-first order, the one that the dialog itself would find.
+UI_Node* FindNode(UI_Dialog& dialog, std::string_view id) {
+  std::deque<UI_Node*> queue = {dialog.GetRootView().get()};
+  for (; !queue.empty(); queue.pop_front()) {
+    if (queue.front()->UI_GetNodeID().View() == id) return queue.front();
+    for (const auto& child : nrvui::ui::Children(*queue.front())) queue.push_back(child.get());
+  }
+  return nullptr;
+}
+
+std::string Sentence(const Outcome& outcome) {
+  return std::string(nrvcore::utility::UTF16ToUTF8(Describe(outcome).View()).View());
+}
+
+/// Where a person would click.
+QPoint Target(const QWidget& widget) {
+  if (qobject_cast<const QCheckBox*>(&widget) == nullptr &&
+      qobject_cast<const QRadioButton*>(&widget) == nullptr) {
+    return widget.rect().center();
+  }
+  const int inset = widget.height() / 2;
+  return {widget.isRightToLeft() ? widget.width() - inset : inset, inset};
+}
+
+bool IsReachable(const QWidget* widget) {
+  return widget != nullptr && widget->isVisible() && widget->isEnabled();
+}
+
+}  // namespace
+
+WindowPlayer::WindowPlayer(const nrvui::gestures::GestureScript& gestureScript, DialogRun& modalRun,
+                           DialogWindow& dialogWindow,
+                           std::function<void(const std::string&)> report)
+    : script(gestureScript),
+      run(modalRun),
+      window(dialogWindow),
+      reportFunction(std::move(report)) {}
+
+void WindowPlayer::Play(const std::function<void()>& afterStep) {
+  const QDeadlineTimer deadline(kActivationTimeout);
+  while (!window.isActiveWindow() && !deadline.hasExpired()) QCoreApplication::processEvents();
+
+  for (const Step& step : script.Steps()) {
+    try {
+      PlayOrThrow(step);
+    } catch (const ScriptError& unplayable) {
+      error.emplace(unplayable);
+      run.Guard([this] { run.Dialog().SetResponse(nrvui::ui::kCancelResponse); });
+      return;
+    }
+    if (run.HasFailed()) return;
+    QCoreApplication::processEvents();
+    if (!run.IsOver()) afterStep();
+  }
+  if (run.IsOver()) return;
+  Report(script.Name() + ": the script ended with the dialog open; it was cancelled");
+  run.Guard([this] { run.Dialog().DefaultCloseCancel(); });
+}
+
+void WindowPlayer::PlayOrThrow(const Step& step) {
+  run.TakeOutcome();
+  const Outcome outcome = Play(step);
+  if (run.HasFailed()) return;
+  if (outcome.IsRefused()) throw ScriptError(script.Name(), step.line, Sentence(outcome));
+  if (!outcome.IsPulled()) return;
+  Report(script.Name() + ":" + std::to_string(step.line) + ": " + Sentence(outcome));
+}
+
+Outcome WindowPlayer::Play(const Step& step) {
+  switch (step.verb) {
+    case Verb::kEnter:
+      return Enter(step);
+    case Verb::kClick:
+      return Click(step);
+    case Verb::kKey:
+      return Press(step);
+    case Verb::kClose:
+      return Close(step);
+    case Verb::kResize:
+      return Resize(step);
+  }
+  return {};
+}
+
+Outcome WindowPlayer::Enter(const Step& step) {
+  UI_Node& node = Control(step);
+  QWidget* const widget = window.Content().WidgetOf(node);
+  if (dynamic_cast<nrvui::controls::UI_TextEdit*>(&node) != nullptr && IsReachable(widget)) {
+    ClickAt(*widget);
+    TypeKey(Qt::Key_A, Qt::ControlModifier);
+    if (step.text.empty()) TypeKey(Qt::Key_Delete);
+    for (const char32_t character : QString::fromStdString(step.text).toUcs4()) {
+      TypeKey(0, Qt::NoModifier, QString::fromUcs4(&character, 1));
+    }
+    TypeKey(Qt::Key_Tab);
+    run.CommitEdit();  // where there is nothing else to go on to
+  }
+  return TakenOr(step, [&] {
+    return nrvui::gestures::Enter(run.Dialog(), node, nrvcore::utility::UTF8ToUTF16(step.text));
+  });
+}
+
+Outcome WindowPlayer::Click(const Step& step) {
+  UI_Node& node = Control(step);
+  QWidget* const widget = window.Content().WidgetOf(node);
+  if (IsReachable(widget)) ClickAt(*widget);
+  return TakenOr(step, [&] { return nrvui::gestures::Click(run.Dialog(), node); });
+}
+
+Outcome WindowPlayer::Press(const Step& step) {
+  const bool isReturn = step.target == "Return";
+  if (!run.IsOver()) TypeKey(isReturn ? Qt::Key_Return : Qt::Key_Escape);
+  return TakenOr(step, [&] {
+    return nrvui::gestures::Press(run.Dialog(), isReturn ? Key::kReturn : Key::kEscape);
+  });
+}
+
+Outcome WindowPlayer::Close(const Step& step) {
+  if (!run.IsOver()) window.close();
+  return TakenOr(step, [&] { return nrvui::gestures::Close(run.Dialog()); });
+}
+
+Outcome WindowPlayer::Resize(const Step& step) {
+  const QSizeF wanted(step.width, step.height);
+  if (!run.IsOver() && wanted.isValid()) window.resize(wanted.toSize());
+  const auto content = run.Dialog().GetContentSize();
+  const auto taken = run.TakeOutcome();
+  if (taken && content.x == step.width && content.y == step.height) return *taken;
+  // A window never becomes what its dialog refuses; the dialog says why.
+  run.Resize(wanted);
+  return run.TakeOutcome().value_or(Outcome());
+}
+
+Outcome WindowPlayer::TakenOr(const Step& step, const std::function<Outcome()>& gesture) {
+  if (const auto taken = run.TakeOutcome()) return *taken;
+  Outcome outcome;
+  run.Guard([&] { outcome = gesture(); });
+  if (outcome.changed) throw ScriptError(script.Name(), step.line, "the window took no notice");
+  return outcome;
+}
+
+UI_Node& WindowPlayer::Control(const Step& step) const {
+  UI_Node* const node = FindNode(run.Dialog(), step.target);
+  if (node != nullptr) return *node;
+  throw ScriptError(script.Name(), step.line, "the dialog has no control \"" + step.target + "\"");
+}
+
+void WindowPlayer::TypeKey(int key, Qt::KeyboardModifiers modifiers, const QString& text) {
+  for (const QEvent::Type type : {QEvent::KeyPress, QEvent::KeyRelease}) {
+    if (run.IsOver() && type == QEvent::KeyRelease) return;
+    QKeyEvent event(type, key, modifiers, text);
+    QCoreApplication::sendEvent(window.windowHandle(), &event);
+  }
+}
+
+void WindowPlayer::ClickAt(QWidget& widget) {
+  window.Reveal(widget);
+  const QPointF point = widget.mapTo(&window, Target(widget));
+  const QPointF global = window.mapToGlobal(point);
+  const auto send = [&](QEvent::Type type, Qt::MouseButton button, Qt::MouseButtons held) {
+    QMouseEvent event(type, point, point, global, button, held, Qt::NoModifier);
+    QCoreApplication::sendEvent(window.windowHandle(), &event);
+  };
+  send(QEvent::MouseMove, Qt::NoButton, Qt::NoButton);
+  send(QEvent::MouseButtonPress, Qt::LeftButton, Qt::LeftButton);
+  send(QEvent::MouseButtonRelease, Qt::LeftButton, Qt::NoButton);
+}
+
+void WindowPlayer::Report(const std::string& message) const {
+  if (reportFunction) reportFunction(message);
+}
+
+}  // namespace qtui

@@ -1,0 +1,52 @@
+#pragma once
+
+#include <functional>
+#include <optional>
+#include <string>
+
+#include "platform/nrvui/gesture_script.h"
+#include "platform/qt/dialog_window.h"
+
+namespace qtui {
+
+/// Plays a gesture script on a dialog's window with the events that a person's mouse and keyboard
+/// would send. What a line means, what stops the run and what is reported is the same as for the
+/// scripted presenter.
+class WindowPlayer {
+ public:
+  /// All must outlive the player.
+  WindowPlayer(const nrvui::gestures::GestureScript& gestureScript, DialogRun& modalRun,
+               DialogWindow& dialogWindow, std::function<void(const std::string&)> report);
+
+  /// Plays the whole script; what follows in the event loop comes after each step. `afterStep` is
+  /// called after each step that leaves the dialog open.
+  void Play(const std::function<void()>& afterStep);
+  const std::optional<nrvui::gestures::ScriptError>& Error() const { return error; }
+
+ private:
+  using Step = nrvui::gestures::Step;
+  using Outcome = nrvui::gestures::Outcome;
+
+  void PlayOrThrow(const Step& step);
+  Outcome Play(const Step& step);
+  Outcome Enter(const Step& step);
+  Outcome Click(const Step& step);
+  Outcome Press(const Step& step);
+  Outcome Close(const Step& step);
+  Outcome Resize(const Step& step);
+  /// The outcome of what the window made of the events; when they met nothing, the toolkit's
+  /// reason.
+  Outcome TakenOr(const Step& step, const std::function<Outcome()>& gesture);
+  nrvui::ui::UI_Node& Control(const Step& step) const;
+  void TypeKey(int key, Qt::KeyboardModifiers modifiers = Qt::NoModifier, const QString& text = {});
+  void ClickAt(QWidget& widget);
+  void Report(const std::string& message) const;
+
+  const nrvui::gestures::GestureScript& script;
+  DialogRun& run;
+  DialogWindow& window;
+  std::function<void(const std::string&)> reportFunction;
+  std::optional<nrvui::gestures::ScriptError> error;
+};
+
+}  // namespace qtui
