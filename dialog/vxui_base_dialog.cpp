@@ -73,23 +73,26 @@ void VXUIBaseDialog<T>::SetUpSheet(const nrvcore::String& nodeID, uint32_t resou
   if (!factory) return;
 
   sheetHolder = factory->CreateSheetHolder(pluginRef, resourceID, GetThemeName());
-  if (sheetHolder && sheetHolder->GetSheetView()) SetUpLayout(attachSheetView);
+  const boost::intrusive_ptr<UI_Node> sheetView =
+      sheetHolder ? sheetHolder->GetSheetView() : nullptr;
+  if (sheetView) SetUpLayout(sheetView, attachSheetView);
   Place(positionDialog, centerDialog);
   factory->RegisterDialogView(this->GetRootView().get());
 }
 
 template <class T>
-void VXUIBaseDialog<T>::SetUpLayout(bool attachSheetView) {
-  const boost::intrusive_ptr<UI_Node> sheetView = sheetHolder->GetSheetView();
+void VXUIBaseDialog<T>::SetUpLayout(const boost::intrusive_ptr<Node>& sheetView,
+                                    bool attachSheetView) {
   this->SetInitialFocus(sheetHolder->GetInitialFocus());
   sheetHolder->SetMessageCallback(
       boost::make_shared<boost::function<void(const vx::UnicodeString&)>>(
           boost::bind(&VXUIBaseDialog::OnSheetMessage, this, _1)));
   SetUpMnemonics(*sheetView);
   SetSize(ContentSizeFor(sheetView->UI_GetLocalRectF(false)));
-  sheetHolder->GetLayoutNode()->UI_InstallSizeChangedNotifyFunction(
-      boost::make_shared<boost::function<void()>>(
-          boost::bind(&VXUIBaseDialog::OnSheetSizeChanged, this)));
+  if (const auto layout = sheetHolder->GetLayoutNode()) {
+    layout->UI_InstallSizeChangedNotifyFunction(boost::make_shared<boost::function<void()>>(
+        boost::bind(&VXUIBaseDialog::OnSheetSizeChanged, this)));
+  }
   if (attachSheetView) this->GetRootView()->ChildPushBack(sheetView);
   BindButtons();
   sheetView->UI_Show(true);
@@ -149,9 +152,12 @@ boost::shared_ptr<VXUICairnSheet> VXUIBaseDialog<T>::AcquireSheet() const {
 
 template <class T>
 void VXUIBaseDialog<T>::OnSheetSizeChanged() {
-  const Rect layoutRect = sheetHolder->GetLayoutNode()->UI_GetLocalRectF(false);
+  const auto layout = sheetHolder->GetLayoutNode();
+  const auto sheetView = sheetHolder->GetSheetView();
+  if (!layout || !sheetView) return;
+  const Rect layoutRect = layout->UI_GetLocalRectF(false);
   const Rect dialogRect = this->UI_GetLocalRectF(false);
-  sheetHolder->GetSheetView()->UI_SetLocalRectF(layoutRect);
+  sheetView->UI_SetLocalRectF(layoutRect);
   const Size size = ContentSizeFor(layoutRect);
   if (size.x != dialogRect.right || size.y != dialogRect.bottom) SetSize(size);
 }

@@ -61,7 +61,7 @@ class VXUIBaseDialog : public T, public VXUICairnSheetInterface {
  private:
   void SetUpSheet(const nrvcore::String& nodeID, uint32_t resourceID, bool positionDialog,
                   bool centerDialog, bool attachSheetView);
-  void SetUpLayout(bool attachSheetView);
+  void SetUpLayout(const boost::intrusive_ptr<Node>& sheetView, bool attachSheetView);
   void SetUpMnemonics(Node& sheetView);
   void BindButtons();
   void Place(bool positionDialog, bool centerDialog);

@@ -84,6 +84,9 @@ void TesseraeUIDialog::OnUsePercentChanged(UI_ControlChangedMessage*) {
 }
 
 void TesseraeUIDialog::OnUseRatioButton(UI_ControlChangedMessage*) {
+  // After a reload that failed, the dialog can be asked for although the module holds no suites.
+  const ScopedSuite<VXRealMathSuite> math;
+  if (!math) return;
   const bool keepHorizontal = parameters.keepHorizontal != 0;
   const float factor = keepHorizontal ? Suite<VXRealMathSuite>()->Divide(1.0f, state.aspectRatio)
                                       : state.aspectRatio;
