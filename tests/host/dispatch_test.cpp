@@ -2,6 +2,7 @@
 #include <stdexcept>
 
 #include "host/error.h"
+#include "host/known_messages.h"
 #include "host/test_plugin.h"
 
 namespace {
@@ -69,85 +70,34 @@ class EchoPlugin : public Plugin {
   ECHO(OnControlPanelGroupVisibility)
   ECHO(OnControlPanelSubGroupVisibility)
 #undef ECHO
+  bool OnPurge() override {
+    reached = "OnPurge";
+    return false;
+  }
 
   std::string reached;
 };
 
 TEST(Dispatch, EveryMessageReachesItsOwnOperation) {
-  struct Case {
-    const char* caller;
-    const char* selector;
-    const char* operation;
+  EchoPlugin plugin;
+  PluginMessage message{};
+  const auto expectReached = [&](const KnownMessage& sent) {
+    SCOPED_TRACE(std::string(sent.caller) + " / " + sent.selector);
+    plugin.reached.clear();
+    const bool handles = *sent.operation;
+    EXPECT_EQ(plugin.HandleMessage(sent.caller, sent.selector, &message),
+              handles ? ResultCode::kSuccess : ResultCode::kNotHandled);
+    EXPECT_EQ(plugin.reached, sent.operation);
   };
-  const Case cases[] = {
-      {"QP Access", "Unload", "OnUnload"},
-      {"QP Interface", "About", "OnAbout"},
-      {"QP Properties", "Acquire", "OnAcquireProperty"},
-      {"QP Properties", "Release", "OnReleaseProperty"},
-      {"Action Manager", "Do Action", "OnDoAction"},
-      {"VX Menu", "VX Go", "OnMenuGo"},
-      {"VX Menu", "VX Update", "OnMenuUpdate"},
-      {"VX Filter", "VX Get Parameters", "OnFilterGetParameters"},
-      {"VX Filter", "VX Go", "OnFilterGo"},
-      {"VX Plugin Group", "VX Notify Edits", "OnPluginGroupNotifyEdits"},
-      {"VX Plugin Group", "VX Update", "OnPluginGroupUpdate"},
-      {"VX File Format", "VX Get Parameters", "OnFileFormatGetParameters"},
-      {"VX File Format", "VX Go", "OnFileFormatGo"},
-      {"VX File Format", "VX Check", "OnFileFormatCheck"},
-      {"VX File Format", "VX Update VX140", "OnFileFormatUpdate"},
-      {"VX File Format", "Do Action", "OnFileFormatDoAction"},
-      {"VX Tool", "VX Edit Options", "OnToolEditOptions"},
-      {"VX Tool", "VX Track Cursor", "OnToolTrackCursor"},
-      {"VX Tool", "VX Mouse Down", "OnToolMouseDown"},
-      {"VX Tool", "VX Mouse Drag", "OnToolMouseDrag"},
-      {"VX Tool", "VX Mouse Up", "OnToolMouseUp"},
-      {"VX Tool", "VX Select", "OnToolSelect"},
-      {"VX Tool", "VX Deselect", "OnToolDeselect"},
-      {"VX Tool", "VX Reselect", "OnToolReselect"},
-      {"VX Tool", "VX Decrease Diameter", "OnToolDecreaseDiameter"},
-      {"VX Tool", "VX Increase Diameter", "OnToolIncreaseDiameter"},
-      {"VX Live Effect", "VX Live Effect Edit Parameters", "OnLiveEffectEditParameters"},
-      {"VX Live Effect", "VX Live Effect Go Live", "OnLiveEffectGoLive"},
-      {"VX Live Effect", "VX Live Effect Interpolate Parameters",
-       "OnLiveEffectInterpolateParameters"},
-      {"VX Live Effect", "VX Live Effect Get Conversion Parameters",
-       "OnLiveEffectGetConversionParameters"},
-      {"VX Live Effect", "VX Live Effect Input Type", "OnLiveEffectInputType"},
-      {"VX Live Effect", "VX Live Effect Scale Parameters", "OnLiveEffectScaleParameters"},
-      {"VX Live Effect", "VX Live Effect Convert Color Space", "OnLiveEffectConvertColorSpace"},
-      {"VX Live Effect", "VX Live Effect Adjust Colors", "OnLiveEffectAdjustColors"},
-      {"VX Live Effect", "VX Live Effect Handle Merge", "OnLiveEffectHandleMerge"},
-      {"VX Live Effect", "VX Live Effect Is Compatible", "OnLiveEffectIsCompatible"},
-      {"VX Timer", "VX Go", "OnTimerGo"},
-      {"VX Clipboard", "VX Go", "OnClipboardGo"},
-      {"VX Clipboard", "VX Can Copy", "OnClipboardCanCopy"},
-      {"VX Clipboard", "VX Clone", "OnClipboardClone"},
-      {"VX Clipboard", "VX Dispose", "OnClipboardDispose"},
-      {"Workspace Manager", "Write Woskspace", "OnWriteWorkspace"},
-      {"Workspace Manager", "Restore Woskspace", "OnRestoreWorkspace"},
-      {"Workspace Manager", "Default Woskspace", "OnDefaultWorkspace"},
-      {"Herder Control Panel", "VX Control Panel Create ControlGroup",
-       "OnControlPanelCreateControlGroup"},
-      {"Herder Control Panel", "VX Control Panel Group Visibility",
-       "OnControlPanelGroupVisibility"},
-      {"Herder Control Panel", "VX Control Panel SubGroup Visibility",
-       "OnControlPanelSubGroupVisibility"},
+  for (const KnownMessage& known : kKnownMessages) expectReached(known);
+  const KnownMessage unknown[] = {
       {"VX Menu", "vx go", ""},
       {"VX Menu", "VX Go ", ""},
       {"VX Men", "VX Go", ""},
       {"QP Access", "Reload", ""},
       {"", "", ""},
   };
-  EchoPlugin plugin;
-  PluginMessage message{};
-  for (const Case& c : cases) {
-    SCOPED_TRACE(std::string(c.caller) + " / " + c.selector);
-    plugin.reached.clear();
-    const bool handles = *c.operation;
-    EXPECT_EQ(plugin.HandleMessage(c.caller, c.selector, &message),
-              handles ? ResultCode::kSuccess : ResultCode::kNotHandled);
-    EXPECT_EQ(plugin.reached, c.operation);
-  }
+  for (const KnownMessage& other : unknown) expectReached(other);
 }
 
 TEST_F(DispatchTest, WhatNobodyHandlesIsAnsweredWithSuccessAndNotShown) {

@@ -17,7 +17,7 @@ bool IsMapped(const std::filesystem::path& file) {
 
 TEST(BuiltModule, LivesItsLifeAndLeavesNothing) {
   Story story;
-  story.Play();
+  story.PlayLife();
   EXPECT_TRUE(story.IsUndisturbed());
   EXPECT_TRUE(story.person.alerts.empty());
   EXPECT_EQ(story.person.aboutBoxes.size(), 1u);

@@ -5,7 +5,50 @@
 #include <algorithm>
 #include <cstring>
 
+#include "host/known_messages.h"
+#include "platform/nrvui/node_walk.h"
 #include "platform/nrvui/scripted_presenter.h"
+#include "platform/nrvui/ui_dialog.h"
+#include "platform/standin/host_codes.h"
+
+using nrvui::gestures::GestureScript;
+using nrvui::gestures::ScriptedPresenter;
+using nrvui::ui::UI_Dialog;
+using nrvui::ui::UI_Node;
+using standin::Module;
+
+namespace {
+
+constexpr const char* kNeededSuite = "VX Real Math Suite";
+constexpr int32_t kOwnTexts = 16050;
+constexpr int32_t kHostTexts = 257;
+
+/// Plays gestures on nodes that somebody follows.
+class ObservedPresenter final : public nrvui::ui::DialogPresenter {
+ public:
+  ObservedPresenter(const char* gestures, nrvui::ui::NodeObserver* nodeObserver)
+      : observer(nodeObserver), scripted(GestureScript::Parse(gestures, "story")) {}
+
+  void Present(UI_Dialog& dialog) override {
+    dialog.UI_SetObserver(observer);
+    nrvui::ui::ForEachBelow<UI_Node>(dialog, [&](UI_Node& node) { node.UI_SetObserver(observer); });
+    scripted.Present(dialog);
+  }
+  bool WasStopped() const { return scripted.Error().has_value(); }
+
+ private:
+  nrvui::ui::NodeObserver* observer;
+  ScriptedPresenter scripted;
+};
+
+standin::StringList ListOf(std::initializer_list<const char*> entries) {
+  standin::StringList list;
+  int32_t index = 0;
+  for (const char* entry : entries) list.Set(++index, entry);
+  return list;
+}
+
+}  // namespace
 
 std::filesystem::path ModuleFile() {
   return MODULE_FILE;
@@ -13,56 +56,124 @@ std::filesystem::path ModuleFile() {
 
 Story::Story() : module(host, ModuleFile()) {}
 
-void Story::Play() {
-  undisturbed = true;
-  Check("start up", module.StartUp());
-  Check("about", module.About());
-  Check("notify", module.Notify("VX Application Started Notifier"));
-  RunDialog("enter HorizontalCountTxt 12\nclick MosaicUseRatioButton\nclick GrayRadio\nkey Return",
-            ResultCode::kSuccess);
-  Check("unload", module.Unload());
-  if (!module.IsLoaded()) Check("reload", module.Reload());
-  RunDialog("enter NewWidthTxt 12\nclick DeleteRasterChk\nkey Escape", ResultCode::kCancelled);
-  RunDialog("click UsePercentChk\nenter NewWidthTxt 50\nclick okButton", ResultCode::kSuccess);
-  Check("shut down", module.ShutDown());
+void Story::PlayLife() {
+  Send("start up", &Module::StartUp);
+  for (const KnownMessage& message : kKnownMessages) {
+    if (message.IsUnload()) continue;
+    Check(
+        message.selector, [&] { return module.Send(message.caller, message.selector); },
+        ResultCode::kSuccess);
+  }
+  for (const char* type : {"VX Application Started Notifier", "VX Other Notifier"})
+    Check(
+        type, [&] { return module.Notify(type); }, ResultCode::kSuccess);
+  RunDialog(
+      {"enter HorizontalCountTxt 12\nclick MosaicUseRatioButton\nclick GrayRadio\n"
+       "resize 600 500\nkey Return",
+       ResultCode::kSuccess});
+  Send("unload", &Module::Unload);
+  Send("reload", &Module::Reload);
+  RunDialog(
+      {"enter NewWidthTxt 1 in\nclick VerticalRadio\nclick MosaicUseRatioButton\n"
+       "click DeleteRasterChk\nkey Escape",
+       ResultCode::kCancelled});
+  RunDialog({"click UsePercentChk\nenter NewWidthTxt 50\nclick okButton", ResultCode::kSuccess});
+  RunDialog({"enter VerticalCountTxt 7\nclose", ResultCode::kCancelled, true});
+  RunDialog({"enter NewHeightTxt 25 %\nkey Return", ResultCode::kSuccess, true});
+  Send("shut down", &Module::ShutDown);
 }
 
-void Story::Check(const char* step, ResultCode code, ResultCode expected) {
+void Story::PlayFailures() {
+  const size_t alertsBefore = person.alerts.size();
+  host.Suites().SetAbsent(kNeededSuite);
+  Send("start up", &Module::StartUp, standin::kSuiteNotFound);
+  host.Lists().Replace(standin::ListOwner::kPlugin, kOwnTexts, ListOf({"none", "Reason: %s."}));
+  Send("start up", &Module::StartUp, standin::kSuiteNotFound);
+  host.Lists().Replace(standin::ListOwner::kHost, kHostTexts, {});
+  Send("start up", &Module::StartUp, standin::kSuiteNotFound);
+  Send("message to nobody", &Module::About);
+
+  host.Suites().SetAbsent(kNeededSuite, false);
+  Send("start up", &Module::StartUp);
+  Send("unload", &Module::Unload);
+  host.Suites().SetAbsent(kNeededSuite);
+  Send("reload", &Module::Reload,
+       module.Globals() ? standin::kSuiteNotFound : ResultCode::kSuccess);
+  Send("message without suites", &Module::About);
+  RunDialog({"click MosaicUseRatioButton\nkey Return", ResultCode::kSuccess});
+  host.Suites().SetAbsent(kNeededSuite, false);
+  Send("reload", &Module::Reload);
+  host.Suites().SetAbsent("VX User Interface Main Suite");
+  RunDialog({"key Return", ResultCode::kCannot});
+  host.Suites().SetAbsent("VX User Interface Main Suite", false);
+  Send("shut down", &Module::ShutDown);
+  if (person.alerts.size() != alertsBefore + 4) undisturbed = false;
+}
+
+void Story::ForgetDisturbances() {
+  host.Operations().DisturbNothing();
+  undisturbed = true;
+}
+
+ResultCode Story::Call(const std::function<ResultCode()>& call) try {
+  before();
+  const ResultCode code = call();
+  after();
+  return code;
+} catch (...) {
+  after();
+  // Only a host that cannot load the code has an excuse.
+  if (module.IsLoaded()) ADD_FAILURE() << "an exception left the module";
+  return ResultCode::kOutOfMemory;
+}
+
+void Story::Send(const char* step, ResultCode (Module::*message)(), ResultCode expected) {
+  Check(
+      step, [&] { return (module.*message)(); }, expected);
+}
+
+void Story::Check(const char* step, const std::function<ResultCode()>& message,
+                  ResultCode expected) {
+  const size_t alerts = person.alerts.size();
+  const ResultCode code = Call(message);
   if (code == expected) return;
   undisturbed = false;
+  if (!module.IsLoaded()) return;
   EXPECT_TRUE(std::ranges::find(allowed, code) != allowed.end())
       << step << " answers " << static_cast<int32_t>(code);
+  EXPECT_EQ(person.alerts.size(), alerts + Failed(code)) << step;
 }
 
-void Story::RunDialog(const char* gestures, ResultCode expected) {
+void Story::RunDialog(const Scene& scene) {
   const auto* suite = host.Suites().Find<MosaicSuite>();
-  if (!module.Globals() || !suite) {
+  if (!module.IsLoaded() || !module.Globals() || !suite) {
     undisturbed = false;
     return;
   }
-  MosaicParameters record{};
+  MosaicParameters record;
   std::memset(&record, 0x5A, sizeof(record));
   record.boundsLeft = record.boundsTop = 0;
   record.boundsRight = 300;
   record.boundsBottom = 200;
-  record.keepHorizontal = 1;
-  record.sizeUnavailable = 0;
+  record.sizeUnavailable = scene.sizeUnavailable;
   MosaicDialogState state{};
   const MosaicParameters givenRecord = record;
   const MosaicDialogState givenState = state;
 
-  nrvui::gestures::ScriptedPresenter presenter(
-      nrvui::gestures::GestureScript::Parse(gestures, "story"));
+  ObservedPresenter presenter(scene.gestures, observer);
   const nrvui::ui::InstalledPresenter installed(presenter);
   MosaicParameters* params = &record;
-  const ResultCode code = suite->RunMosaicDialog(&state, &params);
-  if (presenter.Error()) undisturbed = false;
-  // A dialog whose gestures could not be played is cancelled.
-  if (code != ResultCode::kCancelled || !presenter.Error()) Check("dialog", code, expected);
+  const ResultCode code = Call([&] { return suite->RunMosaicDialog(&state, &params); });
+  if (code != scene.expected) {
+    undisturbed = false;
+    // A dialog whose gestures could not be played is cancelled.
+    EXPECT_EQ(code, presenter.WasStopped() ? ResultCode::kCancelled : ResultCode::kCannot);
+  }
   if (code == ResultCode::kSuccess) {
     EXPECT_EQ(record.tilesAcross, record.tilesAcrossCopy);
     EXPECT_EQ(record.reserved28, 0);
     EXPECT_EQ(record.reserved11, 0x5A);
+    EXPECT_EQ(state.noOriginalSize, scene.sizeUnavailable);
   } else {
     EXPECT_EQ(std::memcmp(&record, &givenRecord, sizeof(record)), 0);
     EXPECT_EQ(std::memcmp(&state, &givenState, sizeof(state)), 0);

@@ -1,35 +1,58 @@
 #pragma once
 
 #include <filesystem>
-#include <string>
+#include <functional>
 #include <vector>
 
 #include "mosaic/mosaic_suite.h"
+#include "platform/nrvui/node_observer.h"
 #include "platform/standin/host.h"
 #include "platform/standin/module.h"
 
-/// A life of the built module under a host, from start-up to shut-down with an unload and a reload
-/// in between, and the dialog confirmed, cancelled and confirmed once more. Whatever is disturbed
-/// on the way, the story goes on as a host would, and checks what must hold after each step.
+/// The built module under a host of its own. Whatever is disturbed on the way, a story goes on as
+/// a host would, and checks what must hold after each step: an answer that a caller may see, its
+/// failure shown to the user, the caller's data untouched without success. It can be played again.
 class Story {
  public:
+  using Plot = void (Story::*)();
+
   Story();
 
-  /// Plays it from the first line to the last. Fails the running test where the caller's data
-  /// changed without success, or an answer is one that a caller may not see.
-  void Play();
+  /// From start-up to shut-down: every message, an unload and a reload, and the dialog confirmed,
+  /// cancelled and closed, by lengths and by percentages, with and without a source size.
+  void PlayLife();
+  /// A host that lacks a suite at start-up, at reload and for a dialog, so that the module reports
+  /// by each of its texts.
+  void PlayFailures();
 
-  /// Adds one more code that a disturbance may cause.
+  /// Adds one more code that a disturbed message may answer with.
   void Allow(ResultCode code) { allowed.push_back(code); }
-  /// Whether everything went as it does when nothing is disturbed.
+  /// Whether everything so far went as it does when nothing is disturbed.
   bool IsUndisturbed() const { return undisturbed; }
+  void ForgetDisturbances();
 
   standin::RecordingUserInterface person;
   standin::Host host{person};
 
+  /// Called before and after each call of the module.
+  std::function<void()> before = [] {};
+  std::function<void()> after = [] {};
+  /// Given to every node of each dialog that opens.
+  nrvui::ui::NodeObserver* observer = nullptr;
+
  private:
-  void Check(const char* step, ResultCode code, ResultCode expected = ResultCode::kSuccess);
-  void RunDialog(const char* gestures, ResultCode expected);
+  /// What a caller asks for, and what the person does then.
+  struct Scene {
+    const char* gestures;
+    ResultCode expected;
+    bool sizeUnavailable = false;
+  };
+
+  void Send(const char* step, ResultCode (standin::Module::*message)(),
+            ResultCode expected = ResultCode::kSuccess);
+  void Check(const char* step, const std::function<ResultCode()>& message, ResultCode expected);
+  void RunDialog(const Scene& scene);
+  ResultCode Call(const std::function<ResultCode()>& call);
 
   standin::Module module;
   std::vector<ResultCode> allowed;

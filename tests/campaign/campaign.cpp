@@ -1,0 +1,47 @@
+#include "campaign/campaign.h"
+
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <string>
+#include <string_view>
+
+namespace campaign {
+namespace {
+
+#ifdef __SANITIZE_ADDRESS__
+constexpr size_t kSlowdown = 5;
+#else
+constexpr size_t kSlowdown = 1;
+#endif
+
+std::string_view Environment(const char* name) {
+  const char* const value = std::getenv(name);
+  return value ? value : "";
+}
+
+}  // namespace
+
+bool IsLong() {
+  return Environment("TESSERAE_CAMPAIGN") == "long";
+}
+
+size_t Step(size_t inShort) {
+  return IsLong() ? 1 : inShort * kSlowdown;
+}
+
+void ForEachSeed(size_t seeds, const std::function<void(Random& random)>& play) {
+  const std::string wanted(Environment("TESSERAE_SEED"));
+  uint64_t seed = IsLong() ? std::random_device()() : 0;
+  if (!wanted.empty()) {
+    seed = std::stoull(wanted);
+    seeds = 1;
+  }
+  for (; seeds > 0 && !testing::Test::HasFailure(); --seeds, ++seed) {
+    SCOPED_TRACE("TESSERAE_SEED=" + std::to_string(seed) + " plays this again");
+    Random random(seed);
+    play(random);
+  }
+}
+
+}  // namespace campaign
