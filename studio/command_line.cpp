@@ -26,6 +26,7 @@ constexpr ValueOption kValueOptions[] = {
     {"--gestures", &CommandLine::gestures},
     {"--record", &CommandLine::record},
     {"--state", &CommandLine::state},
+    {"--language", &CommandLine::language},
 };
 
 bool TakeOption(CommandLine& line, const QString& name) {
@@ -79,9 +80,9 @@ CommandLine CommandLine::Parse(const QStringList& arguments) {
     const QString name = argument.section('=', 0, 0);
     if (!WantsValue(name)) throw StudioError("unknown option " + argument + "; see --help");
     const bool isJoined = name != argument;
-    if (!isJoined && ++i == arguments.size()) throw StudioError(name + " needs a file's name");
+    if (!isJoined && ++i == arguments.size()) throw StudioError(name + " needs a value; see --help");
     const QString value = isJoined ? argument.section('=', 1) : arguments[i];
-    if (value.isEmpty()) throw StudioError(name + " needs a file's name");
+    if (value.isEmpty()) throw StudioError(name + " needs a value; see --help");
     TakeValue(line, name, value);
   }
   if (line.picture.isEmpty() && !line.showHelp && !line.showVersion) {
@@ -100,6 +101,7 @@ Places a picture, asks for a mosaic in the dialog "Create Tesserae", and builds 
                     may be given more than once
   --record FILE     writes what the dialog gave back, as JSON
   --state FILE      keeps the last choices here instead of in your settings
+  --language CODE   speaks this language, as in "de", instead of your own
   --quiet           prints nothing but errors
   --help, --version
 

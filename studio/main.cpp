@@ -1,12 +1,20 @@
 #include <QGuiApplication>
 #include <cstdio>
 
+#include "platform/nrvcore/localizer.h"
+#include "platform/standin/resource_root.h"
 #include "studio/command_line.h"
 #include "studio/console_run.h"
 
 namespace {
 
 constexpr int kSomethingWrong = 2;
+
+void SpeakLanguage(const QString& code) {
+  auto& localizer = nrvcore::config::Localizer::Get();
+  localizer.SetCatalogues(standin::DefaultResourceRoot() / "translations");
+  localizer.SetLanguage(code.toStdString());
+}
 
 int RunStudio(const QStringList& arguments) {
   const CommandLine line = CommandLine::Parse(arguments);
@@ -18,6 +26,7 @@ int RunStudio(const QStringList& arguments) {
     std::printf("tesserae-studio %s\n", qPrintable(QCoreApplication::applicationVersion()));
     return 0;
   }
+  SpeakLanguage(line.language);
   return ConsoleRun(line).Run();
 }
 

@@ -10,11 +10,11 @@ void MosaicBuilder::Tally::Add(const Tally& other, uint64_t weight) {
   alpha += weight * other.alpha;
 }
 
-MosaicBuilder::MosaicBuilder(const Picture& source, int tilesAcross, int down, bool color)
-    : picture(source),
-      tilesDown(down),
-      isColor(color),
-      scale(source.ColorSpace()),
+MosaicBuilder::MosaicBuilder(const Picture& picture, int tilesAcross, int tilesDown, bool isColor)
+    : picture(picture),
+      tilesDown(tilesDown),
+      isColor(isColor),
+      scale(picture.ColorSpace()),
       columns(size_t(tilesAcross)),
       rowSums(size_t(tilesAcross)) {
   for (int column = 0; column < tilesAcross; ++column) {

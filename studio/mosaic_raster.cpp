@@ -26,10 +26,10 @@ void ForEachPixel(double start, double end, int pixels, Use use) {
 
 }  // namespace
 
-MosaicRaster::MosaicRaster(const MosaicGeometry& where, double pixelsPerPoint)
-    : geometry(where),
-      scale(pixelsPerPoint),
-      image(PixelCount(where.size.width(), scale), PixelCount(where.size.height(), scale),
+MosaicRaster::MosaicRaster(const MosaicGeometry& geometry, double scale)
+    : geometry(geometry),
+      scale(scale),
+      image(PixelCount(geometry.size.width(), scale), PixelCount(geometry.size.height(), scale),
             QImage::Format_ARGB32) {
   if (image.isNull()) throw StudioError("no memory for the mosaic's pixels");
   image.fill(Qt::transparent);
@@ -57,6 +57,11 @@ void MosaicRaster::AddRow(std::span<const QRgb> tiles) {
       std::memcpy(image.scanLine(y), image.constScanLine(paintedRow), size_t(image.bytesPerLine()));
     }
   });
+}
+
+void MosaicRaster::Finish() {
+  CloseRow();
+  if (isOpaque) image.reinterpretAsFormat(QImage::Format_RGB32);
 }
 
 void MosaicRaster::SpreadAcross(std::span<const QRgb> tiles) {
@@ -92,5 +97,6 @@ void MosaicRaster::PaintRow(int y, const std::vector<Sample>& samples) {
     const Light light{sample.light.red / sample.cover, sample.light.green / sample.cover,
                       sample.light.blue / sample.cover};
     *line++ = alpha == 0 ? 0 : NearestColor(light, alpha);
+    isOpaque &= alpha == 255;
   }
 }

@@ -16,9 +16,9 @@ class MosaicRaster : public MosaicSink {
   MosaicRaster(const MosaicGeometry& geometry, double scale);
 
   void AddRow(std::span<const QRgb> tiles) override;
-  void Finish() override { CloseRow(); }
+  void Finish() override;
 
-  /// Complete after Finish; Format_ARGB32.
+  /// Complete after Finish; Format_ARGB32, or Format_RGB32 when tiles cover all of it.
   const QImage& Image() const { return image; }
 
  private:
@@ -38,5 +38,6 @@ class MosaicRaster : public MosaicSink {
   std::vector<Sample> across;  // the present tiles along a line of full height
   std::vector<Sample> open;    // of the row of pixels `openRow`, which more tiles may cover
   int openRow = -1;
+  bool isOpaque = true;
   int row = 0;
 };

@@ -36,8 +36,8 @@ std::string Reference(int object) {
 
 }  // namespace
 
-PdfSink::PdfSink(QIODevice& output, const MosaicGeometry& where, const QImage& below)
-    : device(output), geometry(where), offsets(kFirstFree) {
+PdfSink::PdfSink(QIODevice& device, const MosaicGeometry& geometry, const QImage& below)
+    : device(device), geometry(geometry), offsets(kFirstFree) {
   // The bytes beyond ASCII tell transfer programs that this is no text.
   Write("%PDF-1.4\n%\xE2\xE3\xCF\xD3\n");
   const std::string width = NumberText(geometry.size.width());

@@ -10,7 +10,7 @@
 
 namespace {
 
-constexpr double kLongSide = 2048;  // in pixels, where the tiles ask for no more
+constexpr double kLongSide = 1600;  // in pixels, where the tiles ask for no more
 constexpr double kPixelsPerTile = 4;
 constexpr double kMostPixels = 64e6;
 constexpr double kMostPixelsPerSide = 32000;
@@ -31,8 +31,8 @@ double ChooseScale(const MosaicGeometry& geometry) {
 
 }  // namespace
 
-PngSink::PngSink(QIODevice& output, const MosaicGeometry& geometry, const QImage& picture)
-    : device(output), scale(ChooseScale(geometry)), raster(geometry, scale), below(picture) {}
+PngSink::PngSink(QIODevice& device, const MosaicGeometry& geometry, const QImage& below)
+    : device(device), scale(ChooseScale(geometry)), raster(geometry, scale), below(below) {}
 
 void PngSink::Finish() {
   raster.Finish();

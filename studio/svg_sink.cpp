@@ -10,8 +10,10 @@ std::string SizeAttributes(QSizeF size) {
 
 }  // namespace
 
-SvgSink::SvgSink(QIODevice& device, const MosaicGeometry& where, const QImage& below)
-    : writer(device), geometry(where), sizeAttributes(SizeAttributes(where.tile) + "\" fill=\"") {
+SvgSink::SvgSink(QIODevice& device, const MosaicGeometry& geometry, const QImage& below)
+    : writer(device),
+      geometry(geometry),
+      sizeAttributes(SizeAttributes(geometry.tile) + "\" fill=\"") {
   const std::string width = NumberText(geometry.size.width());
   const std::string height = NumberText(geometry.size.height());
   writer << "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n"

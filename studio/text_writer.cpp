@@ -15,7 +15,7 @@ constexpr double kUnit = 10000;
 
 }  // namespace
 
-TextWriter::TextWriter(QIODevice& output) : device(output) {
+TextWriter::TextWriter(QIODevice& device) : device(device) {
   buffer.reserve(2 * kPieceSize);
 }
 

@@ -10,7 +10,7 @@
 /// refuses. The device must outlive it; nobody else may write to it meanwhile.
 class TextWriter {
  public:
-  explicit TextWriter(QIODevice& output);
+  explicit TextWriter(QIODevice& device);
 
   TextWriter& operator<<(std::string_view text) {
     buffer.append(text);
