@@ -80,7 +80,8 @@ CommandLine CommandLine::Parse(const QStringList& arguments) {
     const QString name = argument.section('=', 0, 0);
     if (!WantsValue(name)) throw StudioError("unknown option " + argument + "; see --help");
     const bool isJoined = name != argument;
-    if (!isJoined && ++i == arguments.size()) throw StudioError(name + " needs a value; see --help");
+    if (!isJoined && ++i == arguments.size())
+      throw StudioError(name + " needs a value; see --help");
     const QString value = isJoined ? argument.section('=', 1) : arguments[i];
     if (value.isEmpty()) throw StudioError(name + " needs a value; see --help");
     TakeValue(line, name, value);

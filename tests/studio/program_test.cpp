@@ -136,7 +136,7 @@ TEST_F(Program, SaysInOneLineWhatIsWrong) {
   } kCases[] = {
       {"", "which picture"},
       {"in.png in.png", "more than one picture"},
-      {"in.png --gestures", "needs a file's name"},
+      {"in.png --gestures", "needs a value"},
       {"in.png --gestures ok --gestures ok", "given twice"},
       {"in.png --bogus", "unknown option --bogus"},
       {"in.png --export a.svg", "needs --gestures"},
@@ -149,6 +149,8 @@ TEST_F(Program, SaysInOneLineWhatIsWrong) {
       {"in.png --gestures nonsense --export a.svg", "nonsense:1:"},
       {"in.png --gestures unknown --export a.svg", "unknown:1:"},
       {"in.png --gestures notanumber --export a.svg", "notanumber:1:"},
+      {"in.png --language de --gestures notanumber", "„many“ ist keine Zahl."},
+      {"in.png --language xx --gestures notanumber", "\"many\" is not a number."},
       {"in.png --gestures ok --export a.gif", ".svg, .png or .pdf"},
       {"in.png --gestures ok --export a.svg --export none/a.svg", "no folder"},
       {"in.png --gestures ok --export a.svg --export ./a.svg", "for something else"},
