@@ -1,5 +1,7 @@
 #include "platform/qt/button_views.h"
 
+#include <QStyleOptionButton>
+
 #include "platform/qt/text.h"
 
 namespace qtui {
@@ -8,6 +10,12 @@ using nrvui::controls::UI_Button;
 using nrvui::controls::UI_Checkbox;
 using nrvui::controls::UI_ControlView;
 using nrvui::controls::UI_RadioButton;
+
+namespace {
+
+constexpr int kDarkening = 130;  // percent: styles lighten what they fill, and the text is white
+
+}  // namespace
 
 ButtonView::ButtonView(DialogRun& modalRun, UI_ControlView& shown, QAbstractButton& widget)
     : CaptionedView(shown), button(widget) {
@@ -22,14 +30,27 @@ void ButtonView::SetCaption(const QString& caption) {
   button.setAccessibleName(SpokenName(ToQString(control.GetCaption())));
 }
 
-PushButtonView::PushButtonView(DialogRun& modalRun, UI_Button& shown, QWidget& parent)
-    : ButtonView(modalRun, shown, *new QPushButton(&parent)) {
-  auto& widget = static_cast<QPushButton&>(*Widget());
+PushButton::PushButton(QWidget& parent) : QPushButton(&parent) {
   // Return is the dialog's; and a click leaves the focus in the field, so that the person is still
   // there when the entry has to be looked at first.
-  widget.setAutoDefault(false);
-  widget.setFocusPolicy(Qt::TabFocus);
+  setAutoDefault(false);
+  setFocusPolicy(Qt::TabFocus);
 }
+
+QSize PushButton::sizeHint() const {
+  return QPushButton::sizeHint() + QSize(fontMetrics().averageCharWidth(), 0);
+}
+
+void PushButton::initStyleOption(QStyleOptionButton* option) const {
+  QPushButton::initStyleOption(option);
+  if (!isDefault() || !isEnabled()) return;
+  option->palette.setColor(QPalette::Button,
+                           palette().color(QPalette::Highlight).darker(kDarkening));
+  option->palette.setColor(QPalette::ButtonText, palette().color(QPalette::HighlightedText));
+}
+
+PushButtonView::PushButtonView(DialogRun& modalRun, UI_Button& shown, QWidget& parent)
+    : ButtonView(modalRun, shown, *new PushButton(parent)) {}
 
 CheckBoxView::CheckBoxView(DialogRun& modalRun, UI_Checkbox& shown, QWidget& parent)
     : ButtonView(modalRun, shown, *new QCheckBox(&parent)),

@@ -26,6 +26,18 @@ class ButtonView : public CaptionedView {
   QAbstractButton& button;
 };
 
+/// A push button that stands out in the colour of selections while it is the default one.
+class PushButton final : public QPushButton {
+ public:
+  explicit PushButton(QWidget& parent);
+
+  QSize sizeHint() const override;
+  QSize minimumSizeHint() const override { return sizeHint(); }
+
+ protected:
+  void initStyleOption(QStyleOptionButton* option) const override;
+};
+
 class PushButtonView final : public ButtonView {
  public:
   PushButtonView(DialogRun& modalRun, nrvui::controls::UI_Button& shown, QWidget& parent);

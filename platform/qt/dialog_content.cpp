@@ -172,9 +172,14 @@ QSize DialogContent::Align() {
     if (auto* panel = dynamic_cast<PanelView*>(view.get())) panels.push_back(panel);
   }
   int labelWidth = 0;
+  int fieldHeight = 0;
   for (const PanelView* panel : panels) labelWidth = std::max(labelWidth, panel->LabelWidth());
+  for (const auto& view : views) {
+    if (dynamic_cast<const FieldView*>(view.get()) == nullptr) continue;
+    fieldHeight = std::max(fieldHeight, view->Widget()->sizeHint().height());
+  }
   for (PanelView* panel : panels) {
-    if (panel->LabelWidth() > 0) panel->SetLabelWidth(labelWidth);
+    if (panel->LabelWidth() > 0) panel->AlignLabels(labelWidth, fieldHeight);
   }
   std::ranges::reverse(panels);  // what is inside first
   for (PanelView* panel : panels) panel->Equalize();

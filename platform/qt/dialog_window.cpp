@@ -6,6 +6,7 @@
 #include <QPointer>
 #include <QScopedValueRollback>
 #include <QScreen>
+#include <QStyle>
 #include <QTimer>
 #include <QVBoxLayout>
 #include <cmath>
@@ -31,6 +32,12 @@ Qt::WindowFlags FlagsFor(const nrvui::ui::DialogStyle& style) {
   if (!style.hasTitleBar) return flags | Qt::FramelessWindowHint;
   flags |= Qt::CustomizeWindowHint | Qt::WindowTitleHint;
   return style.hasCloseBox ? flags | Qt::WindowSystemMenuHint | Qt::WindowCloseButtonHint : flags;
+}
+
+/// Without a screen there is no size to keep within and nobody who drags a window's edge; Qt even
+/// complains about bounds.
+bool HasScreen() {
+  return QGuiApplication::platformName() != QStringLiteral("offscreen");
 }
 
 nrvui::ui::UI_Layout* FindLayout(UI_Dialog& dialog) {
@@ -114,7 +121,6 @@ void DialogWindow::RunModal() {
   if (run.IsOver()) return;
   Place();
   show();
-  raise();
   activateWindow();
   if (run.IsOver()) return End();
   QEventLoop modalLoop;
@@ -172,7 +178,11 @@ void DialogWindow::FitContent() {
 }
 
 QSize DialogWindow::Limited(QSize size) const {
-  return size.boundedTo(screen()->availableSize() - kFrameAllowance);
+  if (!HasScreen()) return size;
+  const QSize available = screen()->availableSize() - kFrameAllowance;
+  const int scrollBar = style()->pixelMetric(QStyle::PM_ScrollBarExtent, nullptr, &scroller);
+  if (size.height() > available.height()) size.rwidth() += scrollBar;
+  return size.boundedTo(available);
 }
 
 QSize DialogWindow::SizeFor(PointT<float> contentSize) const {
@@ -182,7 +192,7 @@ QSize DialogWindow::SizeFor(PointT<float> contentSize) const {
 void DialogWindow::FollowDialog() {
   const QScopedValueRollback following(isFollowing, true);
   const QSize wanted = SizeFor(dialog.GetContentSize());
-  setMinimumSize(SizeFor(dialog.GetMinimumSize()));
+  if (HasScreen()) setMinimumSize(SizeFor(dialog.GetMinimumSize()));
   if (wanted == size()) return;
   const QPoint middle = geometry().center();
   resize(wanted);

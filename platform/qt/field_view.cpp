@@ -97,7 +97,8 @@ void FieldView::ShowHint() {
 }
 
 void FieldView::SetProblem(const QString& sentence) {
-  const QString range = Range();
+  QString range = Range();
+  range.replace(u' ', QChar::Nbsp);
   messages.SetProblem(this, range.isEmpty() ? Localized(kProblem, name, sentence)
                                             : Localized(kProblemAndRange, name, sentence, range));
   edit.SetMarked(true);

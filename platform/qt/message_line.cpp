@@ -21,7 +21,6 @@ MessageLine::MessageLine(QWidget& parent)
   icon.setAccessibleName(QString());
   label.setTextFormat(Qt::PlainText);
   label.setWordWrap(true);
-  label.setAlignment(Qt::AlignLeading | Qt::AlignTop);
   // The text takes whatever width there is: a message never widens the dialog.
   QSizePolicy policy(QSizePolicy::Ignored, QSizePolicy::Fixed);
   policy.setHeightForWidth(false);
@@ -58,6 +57,9 @@ QString MessageLine::Text() const {
 
 void MessageLine::Show() {
   const bool isProblem = !problems.empty();
+  // A wrapped text would otherwise go to the side from which its own script is read.
+  label.setAlignment((isRightToLeft() ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignAbsolute |
+                     Qt::AlignTop);
   label.setText(Text());
   label.setForegroundRole(isProblem ? QPalette::WindowText : QPalette::PlaceholderText);
   icon.setVisible(isProblem);
@@ -79,7 +81,14 @@ void MessageLine::resizeEvent(QResizeEvent* event) {
 
 void MessageLine::changeEvent(QEvent* event) {
   QWidget::changeEvent(event);
-  if (event->type() == QEvent::FontChange || event->type() == QEvent::PaletteChange) Show();
+  switch (event->type()) {
+    case QEvent::FontChange:
+    case QEvent::PaletteChange:
+    case QEvent::LayoutDirectionChange:
+      return Show();
+    default:
+      return;
+  }
 }
 
 }  // namespace qtui

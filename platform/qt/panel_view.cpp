@@ -108,7 +108,8 @@ void PanelView::ArrangeBox() {
     }
     isFilled |= view->Widget() == nullptr || (isRow && TakesAllWidth(*view));
   }
-  if (!isFilled) box->addStretch(1);
+  // A column of panels takes all the room that it is given, and they divide it.
+  if (!isFilled && (isRow || IsTitled(panel) || !HoldsPanels())) box->addStretch(1);
 }
 
 void PanelView::ArrangeGrid() {
@@ -140,8 +141,10 @@ int PanelView::LabelWidth() const {
   return width;
 }
 
-void PanelView::SetLabelWidth(int width) {
-  static_cast<QGridLayout*>(widget->layout())->setColumnMinimumWidth(0, width);
+void PanelView::AlignLabels(int width, int rowHeight) {
+  auto* const grid = static_cast<QGridLayout*>(widget->layout());
+  grid->setColumnMinimumWidth(0, width);
+  for (int row = 0; row < grid->rowCount(); ++row) grid->setRowMinimumHeight(row, rowHeight);
 }
 
 void PanelView::Equalize() {

@@ -43,7 +43,8 @@ void Section::paintEvent(QPaintEvent*) {
   const auto partRect = [&](QStyle::SubControl part) {
     return style()->subControlRect(QStyle::CC_GroupBox, &option, part, this);
   };
-  const QRectF frame = partRect(QStyle::SC_GroupBoxContents);
+  QRectF frame = rect();
+  frame.setTop(partRect(QStyle::SC_GroupBoxContents).top());
   QRect titleRect = partRect(QStyle::SC_GroupBoxLabel);
   titleRect.setLeft(rect().left());
   titleRect.setRight(rect().right());

@@ -28,16 +28,16 @@ constexpr Colors kLightColors = {
     .toolTip = 0xFFFFFFE6,
 };
 constexpr Colors kDarkColors = {
-    .window = 0xFF2D2D30,
+    .window = 0xFF353538,
     .text = 0xFFE8E8EA,
-    .base = 0xFF1F1F22,
-    .alternateBase = 0xFF26262A,
-    .button = 0xFF3D3D42,
+    .base = 0xFF222225,
+    .alternateBase = 0xFF29292C,
+    .button = 0xFF4A4A50,
     .highlight = 0xFF3F7FE0,
     .faint = 0xFFA9A9B0,
     .disabled = 0xFF77777E,
     .link = 0xFF7FB0FF,
-    .toolTip = 0xFF3D3D42,
+    .toolTip = 0xFF4A4A50,
 };
 
 QPalette PaletteOf(const Colors& colors) {
