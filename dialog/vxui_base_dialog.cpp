@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <boost/bind/bind.hpp>
 #include <boost/smart_ptr/make_shared.hpp>
-#include <utility>
 
 #include "dialog/custom_setting.h"
 #include "host/suites.h"
@@ -22,8 +21,8 @@ using nrvui::ui::UI_Node;
 
 namespace {
 
-// Every dialog of the host starts from this size and corner; its content then decides.
-constexpr nrvcore::geom::PointT<float> kInitialPoint = {100.0f, 100.0f};
+// Every dialog of the host starts from this size; its content then decides.
+constexpr nrvcore::geom::PointT<float> kInitialContentSize = {100.0f, 100.0f};
 constexpr uint32_t kDialogFlags = 1;
 
 const nrvui::drawbot::SupplierInterface* GetDrawingSupplier() {
@@ -56,7 +55,7 @@ VXUIBaseDialog<T>::VXUIBaseDialog(PluginRef plugin, const nrvcore::String& nodeI
                                   bool positionDialog, NSWindow* platformWindow, bool centerDialog,
                                   uint32_t styleValue, bool modalContext, const char* theme,
                                   bool attachSheetView, Size dialogPoint)
-    : T(GetDrawingSupplier(), title, dialogPoint, kInitialPoint, false, platformWindow,
+    : T(GetDrawingSupplier(), title, dialogPoint, kInitialContentSize, false, platformWindow,
         centerDialog, false, true, true, styleValue, kDialogFlags),
       pluginRef(plugin),
       modalContextFlag(modalContext),

@@ -5,8 +5,8 @@
 #include <boost/smart_ptr/shared_ptr.hpp>
 #include <cstdint>
 
-#include "dialog/cairn_sheet_interface.h"
 #include "dialog/node_lookup.h"
+#include "dialog/vxui_cairn_sheet_interface.h"
 #include "platform/nrvcore/geometry.h"
 #include "platform/nrvcore/string.h"
 #include "platform/nrvui/os_drop_target.h"

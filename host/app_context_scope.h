@@ -4,7 +4,7 @@
 #include "host/suites.h"
 
 /// The host works on behalf of this plug-in for as long as the scope is open. Without the host's
-/// context suite the scope does nothing; that the host refuses or fails is not noticed.
+/// context suite the scope does nothing; what the host answers is not looked at.
 class AppContextScope {
  public:
   explicit AppContextScope(PluginRef plugin) {

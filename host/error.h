@@ -7,8 +7,7 @@
 namespace vx {
 
 /// Carries a result code through the module until one of its edges answers the host with it.
-/// Visible, so that it is the same type on both sides of the module's boundary.
-class __attribute__((visibility("default"))) Error : public std::exception {
+class Error : public std::exception {
  public:
   explicit Error(ResultCode code) noexcept : code(code) {}
 

@@ -15,6 +15,9 @@ namespace {
 // Pairs of a key and its text; the last text is also the default.
 constexpr int32_t kErrorTextList = 16050;
 
+// A list that seems to go on for ever counts as ended here.
+constexpr int32_t kEndOfErrorTexts = 10001;
+
 // The host's own texts, by error number.
 constexpr int32_t kHostErrorList = 257;
 constexpr int32_t kFirstHostError = 10;
@@ -48,15 +51,9 @@ constexpr int32_t kSilentCodes[] = {
     361,
 };
 
-bool ReadEntry(ModuleRef module, int32_t list, int32_t index, char* buffer, size_t size) {
-  buffer[0] = '\0';
-  const ResultCode code = Suite<KDMBasicSuite>()->GetListString(module, list, index, buffer,
-                                                                static_cast<int32_t>(size));
-  return !Failed(code) && buffer[0] != '\0';
-}
-
 int32_t ValueOfKey(const char* key) {
-  if (key[0] == '-' || (key[0] >= '0' && key[0] <= '9')) return std::atoi(key);
+  if (key[0] == '-' || (key[0] >= '0' && key[0] <= '9'))
+    return static_cast<int32_t>(std::strtol(key, nullptr, 10));
   uint32_t value = 0;
   for (size_t i = 0; i < 4; ++i) {
     value = value << 8 | (*key ? static_cast<unsigned char>(*key++) : 0);
@@ -67,7 +64,7 @@ int32_t ValueOfKey(const char* key) {
 bool LookupHostText(int32_t number, char (&text)[kListTextSize]) {
   if (number < kFirstHostError || number >= kEndOfHostErrors) return false;
   const ScopedSuite<GlossaHostInitSuite> host;
-  return host && ReadEntry(host->GetHostModule(), kHostErrorList, number, text, kListTextSize);
+  return host && ReadListEntry(host->GetHostModule(), kHostErrorList, number, text, kListTextSize);
 }
 
 void WriteCode(int32_t code, char (&text)[10]) {
@@ -78,17 +75,16 @@ void WriteCode(int32_t code, char (&text)[10]) {
   }
 }
 
-// A list is a file that anyone may have damaged: only a text that asks for exactly one string may
-// be used as a format.
-bool AsksForOneString(const char* format) {
+// A list is a file that anyone may have damaged: only a text that asks for nothing but one string,
+// in whatever width, may be used as a format.
+bool IsFormatForOneString(const char* text) {
   int strings = 0;
-  for (const char* c = format; *c; ++c) {
-    if (*c != '%') continue;
-    ++c;
+  for (const char* c = std::strchr(text, '%'); c; c = std::strchr(c + 1, '%')) {
+    c += 1 + std::strspn(c + 1, "-0123456789.");
     if (*c == 's') ++strings;
     if (*c != 's' && *c != '%') return false;
   }
-  return strings == 1;
+  return strings <= 1;
 }
 
 void FindAndShow(PluginRef plugin, ResultCode code) {
@@ -109,7 +105,7 @@ void FindAndShow(PluginRef plugin, ResultCode code) {
   if (!text) return;
 
   char formatted[kListTextSize];
-  if (isDefault && std::strlen(text) < kFormattedTextLimit && AsksForOneString(text)) {
+  if (isDefault && std::strlen(text) < kFormattedTextLimit && IsFormatForOneString(text)) {
     char codeText[10];
     WriteCode(number, codeText);
     FormatInto(formatted, text, codeText);
@@ -134,15 +130,16 @@ const char* LookupErrorText(PluginRef plugin, ResultCode code, char (&text)[kLis
   *isDefault = false;
   char key[32];
   int32_t index = 1;
-  while (ReadEntry(plugin, kErrorTextList, index, key, sizeof(key))) {
+  while (index < kEndOfErrorTexts &&
+         ReadListEntry(plugin, kErrorTextList, index, key, sizeof(key))) {
     if (ValueOfKey(key) == static_cast<int32_t>(code)) {
-      return ReadEntry(plugin, kErrorTextList, index + 1, text, sizeof(text)) ? text : nullptr;
+      return ReadListEntry(plugin, kErrorTextList, index + 1, text, sizeof(text)) ? text : nullptr;
     }
     index += 2;
   }
   if (index == 1) return nullptr;
   *isDefault = true;
-  return ReadEntry(plugin, kErrorTextList, index - 1, text, sizeof(text)) ? text : nullptr;
+  return ReadListEntry(plugin, kErrorTextList, index - 1, text, sizeof(text)) ? text : nullptr;
 }
 
 void ShowFailure(PluginRef plugin, ResultCode code) noexcept {

@@ -1,12 +1,8 @@
 #pragma once
 
-#include <cstddef>
-
+#include "host/string_list.h"
 #include "platform/suites/plugin_message.h"
 #include "platform/suites/result_code.h"
-
-/// The size of every buffer for a text of a string list.
-constexpr size_t kListTextSize = 256;
 
 /// True for the codes that mean cancelled, nothing to do or already handled: never shown.
 bool IsSilent(ResultCode code);

@@ -32,7 +32,7 @@ class Plugin {
   virtual ~Plugin() = default;
 
   /// Shows the user the code of a message that failed, unless the same code was shown less than
-  /// `errorRepeatInterval` seconds ago.
+  /// `errorRepeatInterval` seconds ago. Must not throw: nobody is left to tell.
   virtual void ReportFailure(ResultCode code, const char* caller, const char* selector,
                              PluginMessage* message);
 

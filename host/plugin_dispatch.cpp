@@ -109,6 +109,11 @@ constexpr Route kRoutes[] = {
     {"VX Script Message Caller", kAnySelector, PassScript},
 };
 
+/// An absent name is none.
+std::string_view AsName(const char* text) {
+  return text ? text : "";
+}
+
 const Route* FindRoute(std::string_view caller, std::string_view selector) {
   for (const Route& route : kRoutes) {
     if (route.caller != caller) continue;
@@ -122,7 +127,7 @@ const Route* FindRoute(std::string_view caller, std::string_view selector) {
 ResultCode Plugin::HandleMessage(const char* caller, const char* selector, PluginMessage* message) {
   try {
     (void)AcquireOptionalSuites();
-    const Route* route = FindRoute(caller, selector);
+    const Route* route = FindRoute(AsName(caller), AsName(selector));
     return route ? route->handler(*this, selector, message) : ResultCode::kNotHandled;
   } catch (const std::exception&) {
     return CodeOfCurrentException();

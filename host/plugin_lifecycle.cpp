@@ -2,18 +2,12 @@
 
 #include "host/bounded_string.h"
 #include "host/error.h"
-#include "host/failure_report.h"
 #include "host/plugin.h"
+#include "host/string_list.h"
 
 namespace {
 
 constexpr int32_t kAboutTextList = 16600;
-
-void ReadAboutText(PluginRef plugin, int32_t index, char (&text)[kListTextSize]) {
-  const ResultCode code =
-      Suite<KDMBasicSuite>()->GetListString(plugin, kAboutTextList, index, text, sizeof(text));
-  if (Failed(code)) text[0] = '\0';
-}
 
 }  // namespace
 
@@ -69,6 +63,7 @@ ResultCode Plugin::OnReload(PluginMessage*) {
 ResultCode Plugin::AcquireSuites() {
   if (!suites) suites = new (std::nothrow) SuiteSet;
   if (!suites) return ResultCode::kOutOfMemory;
+  // Also after a failure: destroying the only set then gives back what it did acquire.
   suiteAcquireCount = 1;
   const ResultCode code = suites->Error();
   if (Failed(code)) ReleaseSuites();
@@ -83,8 +78,8 @@ void Plugin::ReleaseSuites() {
 ResultCode Plugin::OnAbout(PluginMessage* message) {
   char firstText[kListTextSize];
   char secondText[kListTextSize];
-  ReadAboutText(message->pluginRef, 1, firstText);
-  ReadAboutText(message->pluginRef, 2, secondText);
+  ReadListEntry(message->pluginRef, kAboutTextList, 1, firstText, sizeof(firstText));
+  ReadListEntry(message->pluginRef, kAboutTextList, 2, secondText, sizeof(secondText));
   (void)Suite<KDMBasicSuite>()->ShowAboutBox(pluginRef, firstText, secondText);
   return ResultCode::kSuccess;
 }

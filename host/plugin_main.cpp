@@ -8,50 +8,45 @@
 
 namespace {
 
-struct Name {
+/// Caller and selector, by which the host names a message.
+struct MessageName {
+  bool Is(const MessageName& known) const {
+    return IsNamed(caller, known.caller) && IsNamed(selector, known.selector);
+  }
+
   const char* caller;
   const char* selector;
 };
 
-constexpr Name kStartup = {"QP Interface", "Startup"};
-constexpr Name kShutdown = {"QP Interface", "Shutdown"};
-constexpr Name kReload = {"QP Access", "Reload"};
+constexpr MessageName kStartup = {"QP Interface", "Startup"};
+constexpr MessageName kShutdown = {"QP Interface", "Shutdown"};
+constexpr MessageName kReload = {"QP Access", "Reload"};
 
-bool operator==(const Name& message, const Name& known) {
-  return IsNamed(message.caller, known.caller) && IsNamed(message.selector, known.selector);
-}
-
-Plugin* PluginOf(const PluginMessage& message) {
-  return static_cast<Plugin*>(message.globals);
-}
-
-void Destroy(PluginMessage& message) {
-  delete PluginOf(message);
-  message.globals = nullptr;
-}
-
+/// Answers an error with no object left behind.
 ResultCode StartUp(PluginMessage& message) {
   Plugin* plugin = CreatePlugin(message.pluginRef);
   if (!plugin) return ResultCode::kOutOfMemory;
   message.globals = plugin;
   const ResultCode code = Guarded([&] { return plugin->OnStartup(&message); });
-  if (Failed(code)) Destroy(message);
+  if (Failed(code)) {
+    delete plugin;
+    message.globals = nullptr;
+  }
   return code;
 }
 
-ResultCode ShutDown(PluginMessage& message) {
-  const ResultCode code = Guarded([&] { return PluginOf(message)->OnShutdown(&message); });
-  Destroy(message);
+ResultCode ShutDown(Plugin* plugin, PluginMessage& message) {
+  // An object without suites was unloaded, and its code may have come back elsewhere.
+  if (!plugin->HoldsSuites()) plugin = RebindAfterReload(plugin);
+  const ResultCode code = Guarded([&] { return plugin->OnShutdown(&message); });
+  delete plugin;
+  message.globals = nullptr;
   return code;
 }
 
-ResultCode Deliver(const Name& name, PluginMessage& message) {
+ResultCode Deliver(const MessageName& name, Plugin* plugin, PluginMessage& message) {
   const ResultCode code = Guarded([&] {
-    if (name == kReload) {
-      message.globals = RebindAfterReload(message.globals);
-      return PluginOf(message)->OnReload(&message);
-    }
-    Plugin* plugin = PluginOf(message);
+    if (name.Is(kReload)) return RebindAfterReload(plugin)->OnReload(&message);
     if (!plugin->HoldsSuites()) return ResultCode::kSuccess;
     return plugin->HandleMessage(name.caller, name.selector, &message);
   });
@@ -62,23 +57,24 @@ ResultCode Deliver(const Name& name, PluginMessage& message) {
 
 ResultCode PluginMain(const char* caller, const char* selector, PluginMessage* message) {
   basicSuite = message->basicSuite;
-  const Name name = {caller, selector};
+  const MessageName name = {caller, selector};
 
-  if (name == kStartup) {
+  if (name.Is(kStartup)) {
     const ResultCode code = StartUp(*message);
     if (Failed(code)) {
       ShowFailure(message->pluginRef, code);
       return code;
     }
   }
-  if (!message->globals) return ResultCode::kSuccess;
-  if (name == kShutdown) {
-    const ResultCode code = ShutDown(*message);
+  auto* plugin = static_cast<Plugin*>(message->globals);
+  if (!plugin) return ResultCode::kSuccess;
+  if (name.Is(kShutdown)) {
+    const ResultCode code = ShutDown(plugin, *message);
     if (Failed(code)) ShowFailure(message->pluginRef, code);
     return code;
   }
 
-  const ResultCode code = Deliver(name, *message);
-  if (Failed(code)) PluginOf(*message)->ReportFailure(code, caller, selector, message);
+  const ResultCode code = Deliver(name, plugin, *message);
+  if (Failed(code)) plugin->ReportFailure(code, caller, selector, message);
   return code;
 }

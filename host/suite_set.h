@@ -20,8 +20,8 @@ extern uint16_t suiteAcquireCount;
 /// set that holds them already; destroying the last one releases them in the same order.
 class SuiteSet {
  public:
-  /// Never throws; Error() tells the outcome. After a failure the suites before the refused one
-  /// stay held, so that the destruction of the set gives them back.
+  /// Error() tells the outcome. After a failure the suites before the refused one stay held and
+  /// the set is not counted; whoever made it sets `suiteAcquireCount` to 1 before destroying it.
   SuiteSet() noexcept;
   ~SuiteSet();
   SuiteSet(const SuiteSet&) = delete;

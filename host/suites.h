@@ -29,7 +29,8 @@ constexpr SuiteImport ImportOf() {
   return {Table::kName, Table::kVersion, &heldSuite<Table>};
 }
 
-/// Acquires one suite; its pointer stays null when the host refuses. `basicSuite` must be known.
+/// Acquires one suite into its pointer, which stays as it is when the host refuses or throws. A
+/// host without a basic suite, or that gives no table, answers kCannot.
 ResultCode AcquireSuite(const SuiteImport& import);
 
 /// Releases one suite and clears its pointer, whatever the host answers; a release that throws
@@ -41,8 +42,7 @@ ResultCode ReleaseSuite(const SuiteImport& import) noexcept;
 template <class Table>
 class ScopedSuite {
  public:
-  ScopedSuite()
-      : acquired(basicSuite && !Suite<Table>() && !Failed(AcquireSuite(ImportOf<Table>()))) {}
+  ScopedSuite() : acquired(!Suite<Table>() && !Failed(AcquireSuite(ImportOf<Table>()))) {}
   ~ScopedSuite() {
     if (acquired) (void)ReleaseSuite(ImportOf<Table>());
   }

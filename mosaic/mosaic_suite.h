@@ -10,16 +10,18 @@
 /// success build the mosaic from what came back. Lengths are in points of 1/72 inch.
 
 /// The caller's record. The dialog works on a copy; all 80 bytes come back on OK and only on OK,
-/// so the bytes that the dialog does not write return as they went in. Flags are 0 or 1 from the
-/// dialog; from the caller any value but 0 counts as 1.
+/// so the bytes that the dialog does not write return as they went in. Of a flag any value but 0
+/// counts as 1; one that the person has not touched returns with the value that it had. Counts
+/// and sizes that a person enters are in the given ranges; what the caller gave, or the ratio
+/// button derived, comes back as it is, between -32768 and 32767.
 struct MosaicParameters {
   uint8_t reserved0[8];           // passes through
   uint8_t isColor;                // in, out: colour tiles, otherwise grey ones
   uint8_t deleteRaster;           // in, out: the raster goes when the mosaic stands
   uint8_t keepHorizontal;         // in, out: the ratio button derives the vertical values
   uint8_t reserved11;             // passes through
-  int32_t tilesAcross;            // in (its low 16 bits), out: 1 to 8640
-  int32_t tilesDown;              // in (its low 16 bits), out: 1 to 8640
+  int32_t tilesAcross;            // in (its low 16 bits), out: 1 to 8640 as entered
+  int32_t tilesDown;              // in (its low 16 bits), out: 1 to 8640 as entered
   int32_t tileSpacingHorizontal;  // out: whole points, at least 0
   int32_t tileSpacingVertical;    // out: whole points, at least 0
   int32_t reserved28;             // out: 0

@@ -5,7 +5,7 @@
 
 namespace {
 
-/// Runs an operation; whatever it throws only means that the dialog cannot be shown.
+/// Runs an operation; whatever it throws means kCannot.
 template <class Operation>
 ResultCode OrCannot(Operation operation) noexcept {
   try {

@@ -2,8 +2,8 @@
 
 #include <cstdint>
 
-/// The dialog's arithmetic on field values. The host's records hold sizes and counts as 16-bit
-/// numbers, and derived values must come out the same to the bit, hence single precision.
+/// The dialog's arithmetic on field values: counts and sizes are reckoned with as 16-bit numbers
+/// and in single precision.
 
 /// The integer part, towards zero; saturates at the 32-bit limits, 0 for what is no number.
 int32_t TruncateToInt(float value);

@@ -45,9 +45,8 @@ ResultCode TesseraeUI::OnStartup(PluginMessage* message) {
 
 ResultCode TesseraeUI::AddTesseraeSuite() {
   try {
-    void* block = nullptr;
-    (void)Suite<QPBlocksSuite>()->AllocateBlock(sizeof(MosaicSuite), kName, &block);
-    suiteFunctions = static_cast<MosaicSuite*>(block);
+    (void)Suite<QPBlocksSuite>()->AllocateBlock(sizeof(MosaicSuite), kName,
+                                                reinterpret_cast<void**>(&suiteFunctions));
     if (!suiteFunctions) return ResultCode::kParameter;
     suiteFunctions->RunMosaicDialog = &RunMosaicDialog;
     SuiteHandle suite = nullptr;

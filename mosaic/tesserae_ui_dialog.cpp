@@ -72,9 +72,9 @@ void TesseraeUIDialog::ShowSourceSize() {
 void TesseraeUIDialog::DefaultCloseOk() {
   parameters.reserved64 = 0;
   parameters.reserved60 = 0;
-  const float unitsPerField = state.usePercent ? 100.0f : 1.0f;
-  parameters.newWidth = GetControlFloat("NewWidthTxt") / unitsPerField;
-  parameters.newHeight = GetControlFloat("NewHeightTxt") / unitsPerField;
+  const float divisor = state.usePercent ? 100.0f : 1.0f;
+  parameters.newWidth = GetControlFloat("NewWidthTxt") / divisor;
+  parameters.newHeight = GetControlFloat("NewHeightTxt") / divisor;
   parameters.reserved32 = 0;
   parameters.reserved28 = 0;
   parameters.tileSpacingHorizontal = TruncateToInt(GetControlFloat("TileSpaceHorzTxt"));

@@ -53,7 +53,6 @@ class TesseraeUIDialog : public VXUIBaseDialog<nrvui::ui::UI_Dialog> {
   int32_t SourceWidth() const;
   int16_t SourceHeight() const;
   float SourceAspectRatio() const;
-  void DeriveByRatio(const char* fixedID, const char* derivedID, float factor);
   void OnUsePercentChanged(nrvui::ui::UI_ControlChangedMessage*);
   void OnUseRatioButton(nrvui::ui::UI_ControlChangedMessage*);
 

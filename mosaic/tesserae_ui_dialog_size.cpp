@@ -88,22 +88,16 @@ void TesseraeUIDialog::OnUseRatioButton(UI_ControlChangedMessage*) {
   const ScopedSuite<VXRealMathSuite> math;
   if (!math) return;
   const bool keepHorizontal = parameters.keepHorizontal != 0;
-  const float factor = keepHorizontal ? Suite<VXRealMathSuite>()->Divide(1.0f, state.aspectRatio)
-                                      : state.aspectRatio;
-  // A source without a width has no ratio by which a height could follow.
-  if (!std::isfinite(factor)) return;
-  if (keepHorizontal) {
-    DeriveByRatio("HorizontalCountTxt", "VerticalCountTxt", factor);
-    DeriveByRatio("NewWidthTxt", "NewHeightTxt", factor);
-  } else {
-    DeriveByRatio("VerticalCountTxt", "HorizontalCountTxt", factor);
-    DeriveByRatio("NewHeightTxt", "NewWidthTxt", factor);
-  }
-}
+  int16_t fixedCount = 0;
+  GetControlShort(keepHorizontal ? "HorizontalCountTxt" : "VerticalCountTxt", fixedCount);
+  const float factor = keepHorizontal ? math->Divide(1.0f, state.aspectRatio) : state.aspectRatio;
+  const float count = math->Multiply(fixedCount, factor);
+  int16_t fixedSize = 0;
+  GetControlShort(keepHorizontal ? "NewWidthTxt" : "NewHeightTxt", fixedSize);
+  const float size = math->Multiply(fixedSize, factor);
 
-void TesseraeUIDialog::DeriveByRatio(const char* fixedID, const char* derivedID, float factor) {
-  int16_t fixed = 0;
-  GetControlShort(fixedID, fixed);
-  const float derived = Suite<VXRealMathSuite>()->Multiply(fixed, factor);
-  if (!std::isnan(derived)) SetControlNumber(derivedID, RoundToShort(derived));
+  // A source without a width has no ratio by which a height could follow.
+  if (!std::isfinite(factor) || std::isnan(count) || std::isnan(size)) return;
+  SetControlNumber(keepHorizontal ? "VerticalCountTxt" : "HorizontalCountTxt", RoundToShort(count));
+  SetControlNumber(keepHorizontal ? "NewHeightTxt" : "NewWidthTxt", RoundToShort(size));
 }

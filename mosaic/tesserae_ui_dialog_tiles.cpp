@@ -11,10 +11,17 @@ using nrvui::controls::UI_RadioButton;
 using nrvui::controls::UI_UnitNumberEdit;
 using nrvui::ui::UI_ControlChangedMessage;
 
+namespace {
+
+constexpr double kLeastCount = 1.0;
+constexpr double kGreatestCount = 8640.0;
+
+}  // namespace
+
 void TesseraeUIDialog::SetUpCountField(const char* nodeID, int32_t count) {
   const auto field = Control<UI_UnitNumberEdit>(nodeID);
-  field->SetLowerBound(1.0);
-  field->SetUpperBound(8640.0);
+  field->SetLowerBound(kLeastCount);
+  field->SetUpperBound(kGreatestCount);
   field->SetNumber(LowShort(count));
 }
 
@@ -31,7 +38,7 @@ void TesseraeUIDialog::ClampTileSpacing() {
 
 void TesseraeUIDialog::ClampSpacing(const char* countID, const char* spacingID) {
   // A single tile has no room for any spacing, and no spacing is less than none.
-  const float greatest = std::max(GetControlFloat(countID) - 2.0f, 0.0f);
+  const float greatest = std::max(0.0f, GetControlFloat(countID) - 2.0f);
   const auto field = Control<UI_UnitNumberEdit>(spacingID);
   const float spacing = static_cast<float>(field->GetNumber());
   field->SetUpperBound(greatest);

@@ -1,6 +1,7 @@
 #include "platform/nrvui/gesture.h"
 
 #include <algorithm>
+#include <cmath>
 
 #include "platform/nrvcore/localizer.h"
 #include "platform/nrvui/node_walk.h"
@@ -124,12 +125,13 @@ Outcome Resize(UI_Dialog& dialog, PointT<float> contentSize) {
   if (!IsSize(contentSize.x) || !IsSize(contentSize.y)) {
     return Refused(Refusal::kNotASize, SizeText(contentSize));
   }
+  // Layouts are sized in whole points; a fraction of one would stay between window and layout.
+  const PointT<float> wanted = {std::floor(contentSize.x), std::floor(contentSize.y)};
   const PointT<float> minimum = dialog.GetMinimumSize();
-  const PointT<float> accepted = {std::max(contentSize.x, minimum.x),
-                                  std::max(contentSize.y, minimum.y)};
+  const PointT<float> accepted = {std::max(wanted.x, minimum.x), std::max(wanted.y, minimum.y)};
   Outcome outcome;
   outcome.changed = !(accepted == dialog.GetContentSize());
-  if (!(accepted == contentSize)) {
+  if (!(accepted == wanted)) {
     outcome.kind = OutcomeKind::kPulledUp;
     outcome.entered = SizeText(contentSize);
     outcome.put = SizeText(accepted);

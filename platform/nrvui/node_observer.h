@@ -10,7 +10,8 @@ class UI_Node;
 class NodeObserver {
  public:
   virtual void NodeChanged(UI_Node& node) = 0;
-  /// The node is on its way out: only its address still means something.
+  /// The node is on its way out: only its address still means something. Only for a node that is
+  /// released by hand may it throw; others go with the smart pointer of their parent.
   virtual void NodeDestroyed(UI_Node&) {}
 
  protected:

@@ -8,9 +8,15 @@ namespace nrvui::ui {
 
 namespace {
 
+constexpr float kGreatestSize = 1e6f;
+
 /// std::max in this order also turns what is no number into 0.
+float BoundedSize(float size) {
+  return std::min(std::max(0.0f, size), kGreatestSize);
+}
+
 nrvcore::geom::PointT<float> SizeOf(const nrvcore::geom::RectT<float>& rect) {
-  return {std::max(0.0f, rect.Width()), std::max(0.0f, rect.Height())};
+  return {BoundedSize(rect.Width()), BoundedSize(rect.Height())};
 }
 
 }  // namespace

@@ -42,7 +42,8 @@ class NRV_EXPORT UI_Node : public UI_Container {
 
   /// The node's size as a rectangle: from (0, 0), or with `inParent` from its place in the parent.
   nrvcore::geom::RectT<float> UI_GetLocalRectF(bool inParent) const;
-  /// Takes the rectangle's width and height as the new size; what is not above 0 counts as 0.
+  /// Takes the rectangle's width and height as the new size; what is not above 0 counts as 0,
+  /// what is above a million points as that.
   /// A size that differs is told to UI_ContentRectChanged, then to the notify function.
   void UI_SetLocalRectF(const nrvcore::geom::RectT<float>& rect);
   void UI_SetPosition(nrvcore::geom::PointT<float> positionInParent);

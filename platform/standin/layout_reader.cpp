@@ -74,10 +74,13 @@ SheetTree Reader::Read() {
       parsed.data(), parsed.size(), pugi::parse_default, pugi::encoding_utf8);
   if (!result) Refuse(static_cast<size_t>(result.offset), result.description());
   const pugi::xml_node root = document.first_child();
+  const auto offset = [](const pugi::xml_node& node) {
+    return static_cast<size_t>(std::max<std::ptrdiff_t>(node.offset_debug(), 0));
+  };
   if (std::string_view(root.name()) != kRoot)
-    Refuse(root.name(), std::string("<") + root.name() + "> where <" + kRoot + "> must stand");
+    Refuse(offset(root), std::string("<") + root.name() + "> where <" + kRoot + "> must stand");
   if (const pugi::xml_node second = root.next_sibling())
-    Refuse(second.name(), "something after the end of <sheet>");
+    Refuse(offset(second), "something after the end of <sheet>");
 
   SheetTree tree;
   tree.view = LiveNode<UI_SubView>::Make(token);
@@ -163,7 +166,9 @@ SheetTree ReadLayout(const std::filesystem::path& file, const LiveToken& token) 
   if (!std::filesystem::is_regular_file(file, error))
     throw ResourceError(file, 0, "there is no such file");
   std::ifstream stream(file, std::ios::binary);
-  std::string text(std::min<uintmax_t>(std::filesystem::file_size(file), kLargestFile + 1), '\0');
+  const uintmax_t size = std::filesystem::file_size(file, error);
+  if (error) throw ResourceError(file, 0, "the file cannot be read");
+  std::string text(std::min<uintmax_t>(size, kLargestFile + 1), '\0');
   if (!stream.read(text.data(), static_cast<std::streamsize>(text.size())))
     throw ResourceError(file, 0, "the file cannot be read");
   return ParseLayout(std::move(text), file, token);

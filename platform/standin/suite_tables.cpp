@@ -92,8 +92,7 @@ ResultCode PopAppContext(ContextHandle context) {
   });
 }
 
-ResultCode GetListString(ModuleRef module, int32_t list, int32_t index, char* buffer,
-                         int32_t size) {
+ResultCode GetListString(ModuleRef module, int32_t list, int32_t index, char* buffer, size_t size) {
   return Perform("KDM Basic Suite/GetListString", [=](Host& host) {
     if (!buffer || size < 1) return kBadArgument;
     if (!host.Objects().modules.Holds(module)) return kUnknownPlugin;
@@ -106,7 +105,7 @@ ResultCode GetListString(ModuleRef module, int32_t list, int32_t index, char* bu
       return kDamagedList;
     }
     if (!entry) return kNoListEntry;
-    const std::string_view text = Cut(*entry, static_cast<size_t>(size) - 1);
+    const std::string_view text = Cut(*entry, size - 1);
     std::memcpy(buffer, text.data(), text.size());
     buffer[text.size()] = '\0';
     return kDone;

@@ -74,7 +74,7 @@ struct KDMBasicSuite {
   /// Copies entry `index` (from 1) of a module's string list into `buffer`, cut to its `size` in
   /// bytes and always terminated. Not 0 when there is no such entry; the buffer is then untouched.
   ResultCode (*GetListString)(ModuleRef module, int32_t list, int32_t index, char* buffer,
-                              int32_t size);
+                              size_t size);
   UnusedSlot unused1[19];
   /// Shows the host's about box with two texts.
   ResultCode (*ShowAboutBox)(PluginRef plugin, const char* firstText, const char* secondText);

@@ -1,10 +1,12 @@
 #include <gtest/gtest.h>
 
-#include <optional>
 #include <stdexcept>
+#include <string>
+#include <vector>
 
 #include "dialog/vxui_base_dialog.h"
 #include "host/suites.h"
+#include "host/unicode_string.h"
 #include "platform/nrvui/ui_button.h"
 #include "platform/nrvui/ui_checkbox.h"
 #include "platform/nrvui/ui_node_manager.h"
@@ -63,6 +65,12 @@ class TestHolder final : public SheetHolder {
   std::pair<int32_t, int32_t> asked{-1, -1};
 };
 
+class TestSource final : public DrawingSupplierSource {
+ public:
+  const nrvui::drawbot::SupplierInterface* GetDrawingSupplier() override { return &supplier; }
+  nrvui::drawbot::SupplierInterface supplier;
+};
+
 /// The host's half: hands out this test's factory through the basic suite.
 class TestHost final : public SheetFactory {
  public:
@@ -96,14 +104,19 @@ class TestHost final : public SheetFactory {
     if (current->hasFactory) *out = current;
     return ResultCode::kSuccess;
   }
-  static ResultCode GiveNoSource(DrawingSupplierSource**) { return ResultCode::kCannot; }
+  static ResultCode GiveSource(DrawingSupplierSource** out) {
+    if (current->hasSource) *out = &current->source;
+    return ResultCode::kSuccess;
+  }
 
   inline static TestHost* current = nullptr;
   QPBasicSuite basic = {&Acquire, &Release};
-  VXUserInterfaceMainSuite main = {&GiveFactory, &GiveNoSource};
+  VXUserInterfaceMainSuite main = {&GiveFactory, &GiveSource};
   int users = 0;
   bool hasSuite = true;
   bool hasFactory = true;
+  bool hasSource = true;
+  TestSource source;
   boost::shared_ptr<TestHolder> holder{new TestHolder};
   std::pair<OpaqueModule*, uint32_t> requested;
   nrvcore::UTF16String theme;
@@ -122,11 +135,15 @@ class TestDialog : public VXUIBaseDialog<T> {
  public:
   explicit TestDialog(const Options& options = {})
       : VXUIBaseDialog<T>(kPlugin, "TestDialog", u"Test", 4711, options.position, nullptr,
-                          options.center, 0, true, options.theme, options.attach,
-                          Point{100.0f, 100.0f}) {}
+                          options.center, 3, true, options.theme, options.attach,
+                          Point{70.0f, 80.0f}) {}
   ~TestDialog() override { events.push_back("dialog going"); }
 
+  void OnSheetMessage(const vx::UnicodeString& message) override { heard = &message; }
+
   VXUICairnSheet* Sheet() const { return this->sheet.get(); }
+
+  const vx::UnicodeString* heard = nullptr;
 
   inline static const PluginRef kPlugin = reinterpret_cast<PluginRef>(0x1234);
 };
@@ -169,7 +186,17 @@ TEST_F(BaseDialogTest, SetsUpTheLayout) {
   EXPECT_TRUE(holder.view->UI_IsShown());
   EXPECT_EQ(holder.view->UI_GetParentContainer(), dialog->GetRootView().get());
   EXPECT_EQ(dialog->GetPlacement(), DialogPlacement::kPositioned);
-  EXPECT_TRUE(holder.callback);
+  const vx::UnicodeString message(nullptr);
+  (*holder.callback)(message);
+  EXPECT_EQ(dialog->heard, &message);
+  EXPECT_EQ(dialog->GetDrawingSupplier(), &host.source.supplier);
+  EXPECT_EQ(dialog->GetDialogPoint(), (Point{70, 80}));
+  EXPECT_EQ(dialog->GetTitle(), u"Test");
+  EXPECT_TRUE(dialog->GetStyle().keepsCentre);
+  EXPECT_TRUE(dialog->GetStyle().hasTitleBar && dialog->GetStyle().hasCloseBox);
+  EXPECT_FALSE(dialog->GetStyle().staysOnTop || dialog->GetStyle().isToolWindow);
+  EXPECT_EQ(dialog->GetStyle().value, 3u);
+  EXPECT_EQ(dialog->GetStyle().flags, 1u);
   EXPECT_EQ(dialog->Sheet(), holder.sheet.get());
   EXPECT_FALSE(dialog->FindNodeByID("TestDialog")) << "the dialog is not below its root view";
 }
@@ -238,6 +265,7 @@ TEST_F(BaseDialogTest, DoesWithoutWhatTheHostDoesNotGive) {
   EXPECT_EQ(unplaced->GetPlacement(), DialogPlacement::kAtPoint);
   EXPECT_EQ(host.registered, nullptr);
   host.hasSuite = false;
+  host.hasSource = false;
   const DialogRef alone(new PlainDialog);
   EXPECT_EQ(alone->UI_GetNodeID(), "TestDialog");
 }

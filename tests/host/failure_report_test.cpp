@@ -59,6 +59,8 @@ TEST_F(FailureReportTest, FindsTheTextThatFitsTheCode) {
   const std::string longText = std::string(100, 'x') + " %s" + std::string(17, 'y');
   host.Lists().Replace(ListOwner::kPlugin, 16050, ErrorTexts(longText));
   EXPECT_EQ(Shown(12), longText) << "120 characters leave no room for the code";
+  host.Lists().Replace(ListOwner::kPlugin, 16050, ErrorTexts("100%% [%4s]"));
+  EXPECT_EQ(Shown(12), "100% [  12]");
   for (const char* damaged : {"%n%s", "%s %s", "100 %", "no code"}) {
     host.Lists().Replace(ListOwner::kPlugin, 16050, ErrorTexts(damaged));
     EXPECT_EQ(Shown(12), damaged);

@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <cstdlib>
+#include <filesystem>
 #include <fstream>
 #include <sstream>
 
@@ -24,7 +25,7 @@ TEST(BuiltModule, LivesItsLifeAndLeavesNothing) {
   EXPECT_EQ(story.host.Leftovers(), std::vector<std::string>{});
 }
 
-TEST(BuiltModule, TakesAllItsMemoryFromTheHost) {
+TEST(BuiltModule, KeepsThreeBlocksWhileItRuns) {
   standin::RecordingUserInterface person;
   standin::Host host(person);
   standin::Module module(host, ModuleFile());
@@ -36,6 +37,21 @@ TEST(BuiltModule, TakesAllItsMemoryFromTheHost) {
   EXPECT_EQ(qpbasic::Ledger::Get().Counts().blocks, before);
 }
 
+/// The module's file in another place, so that its code is another image at another address.
+class ModuleCopy {
+ public:
+  ModuleCopy() {
+    std::string pattern = (std::filesystem::temp_directory_path() / "moduleXXXXXX").string();
+    folder = mkdtemp(pattern.data());
+    std::filesystem::copy_file(ModuleFile(), File());
+  }
+  ~ModuleCopy() { std::filesystem::remove_all(folder); }
+  std::filesystem::path File() const { return folder / ModuleFile().filename(); }
+
+ private:
+  std::filesystem::path folder;
+};
+
 TEST(BuiltModule, LeavesTheProcessAndComesBackElsewhere) {
   standin::RecordingUserInterface person;
   standin::Host host(person);
@@ -45,19 +61,12 @@ TEST(BuiltModule, LeavesTheProcessAndComesBackElsewhere) {
   const auto firstAddress = table->RunMosaicDialog;
   void* const object = module.Globals();
   EXPECT_TRUE(IsMapped(ModuleFile()));
-
-  // Something else moves in where the module was, so that it must come up at another address.
-  const std::filesystem::path copy =
-      std::filesystem::temp_directory_path() / ("TesseraeUI-" + std::to_string(getpid()) + ".so");
-  std::filesystem::copy_file(ModuleFile(), copy, std::filesystem::copy_options::overwrite_existing);
-  const standin::ModuleImage tenant(copy);
   ASSERT_EQ(module.Unload(), ResultCode::kSuccess);
   EXPECT_FALSE(IsMapped(ModuleFile()));
-  const std::filesystem::path other = copy.string() + "2";
-  std::filesystem::copy_file(copy, other, std::filesystem::copy_options::overwrite_existing);
-  const standin::ModuleImage secondTenant(ModuleFile());
-  ASSERT_EQ(module.Reload(other), ResultCode::kSuccess);
 
+  const ModuleCopy copy;
+  const standin::ModuleImage tenant(ModuleFile());  // takes the place where the module was
+  ASSERT_EQ(module.Reload(copy.File()), ResultCode::kSuccess);
   EXPECT_EQ(module.Globals(), object);
   EXPECT_EQ(host.Suites().Find<MosaicSuite>(), table);
   EXPECT_NE(table->RunMosaicDialog, firstAddress);
@@ -67,8 +76,36 @@ TEST(BuiltModule, LeavesTheProcessAndComesBackElsewhere) {
   EXPECT_EQ(table->RunMosaicDialog(&state, &params), ResultCode::kCannot) << "nobody presents it";
   EXPECT_EQ(module.ShutDown(), ResultCode::kSuccess);
   EXPECT_EQ(host.Leftovers(), std::vector<std::string>{});
-  std::filesystem::remove(copy);
-  std::filesystem::remove(other);
+}
+
+TEST(BuiltModule, ShutsDownInCodeThatWasLoadedElsewhereAndNeverToldSo) {
+  standin::RecordingUserInterface person;
+  standin::Host host(person);
+  PluginMessage message{};
+  message.pluginRef = host.AddPlugin("TesseraeUI");
+  message.basicSuite = host.BasicSuite();
+  {
+    const standin::ModuleImage first(ModuleFile());
+    ASSERT_EQ(first.Entry()("QP Interface", "Startup", &message), ResultCode::kSuccess);
+    ASSERT_EQ(first.Entry()("QP Access", "Unload", &message), ResultCode::kSuccess);
+  }
+  const ModuleCopy copy;
+  const standin::ModuleImage second(copy.File());
+  EXPECT_EQ(second.Entry()("QP Interface", "Shutdown", &message), ResultCode::kSuccess);
+  EXPECT_EQ(message.globals, nullptr);
+  host.RemovePlugin(message.pluginRef);
+  EXPECT_EQ(host.Leftovers(), std::vector<std::string>{});
+}
+
+TEST(BuiltModule, ATableThatCannotBeFreedEndsTheShutDownThere) {
+  standin::RecordingUserInterface person;
+  standin::Host host(person);
+  standin::Module module(host, ModuleFile());
+  ASSERT_EQ(module.StartUp(), ResultCode::kSuccess);
+  host.Operations().Refuse("QP Blocks Suite/FreeBlock", ResultCode{12});
+  EXPECT_EQ(module.ShutDown(), ResultCode{12});
+  EXPECT_EQ(module.Globals(), nullptr);
+  EXPECT_EQ(host.Suites().Users("QP Access Suite"), 1u);
 }
 
 }  // namespace

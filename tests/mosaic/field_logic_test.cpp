@@ -43,11 +43,14 @@ TEST_F(FieldLogicTest, TheRatioButtonDerivesTheOtherSide) {
 }
 
 TEST_F(FieldLogicTest, AResultThatIsNoNumberLeavesTheFields) {
-  host.Operations().Refuse("VX Real Math Suite/Multiply", ResultCode::kCannot, 1, false);
-  EXPECT_EQ(Play("enter HorizontalCountTxt 12\nclick MosaicUseRatioButton\nclick okButton"),
-            ResultCode::kSuccess);
-  EXPECT_EQ(record.tilesDown, 20);
-  EXPECT_EQ(record.newHeight, 200.0f);
+  for (const size_t call : {1, 2}) {
+    host.Operations().Refuse("VX Real Math Suite/Multiply", ResultCode::kCannot, call);
+    EXPECT_EQ(Play("enter HorizontalCountTxt 12\nenter NewWidthTxt 12\n"
+                   "click MosaicUseRatioButton\nclick okButton"),
+              ResultCode::kSuccess);
+    EXPECT_EQ(record.tilesDown, 20);
+    EXPECT_EQ(record.newHeight, 200.0f);
+  }
 }
 
 TEST(ShortArithmetic, RoundsHalvesAwayFromZeroAndSaturates) {

@@ -2,7 +2,6 @@
 
 #include "host/error.h"
 #include "mosaic/dialog_harness.h"
-#include "platform/qpbasic/ledger.h"
 
 namespace {
 
@@ -127,9 +126,17 @@ TEST_F(RunTest, BadCallsAreRefused) {
   ExpectUntouched();
 }
 
-class DamagedLayoutTest : public testing::Test {};
+/// A caller whose host has other resources.
+class CallerWith : public MosaicTest {
+ public:
+  explicit CallerWith(const DamagedResources& resources) : MosaicTest(resources.Root()) {}
+  void TestBody() override {}
+  using MosaicTest::host;
+  using MosaicTest::record;
+  using MosaicTest::Run;
+};
 
-TEST_F(DamagedLayoutTest, AControlThatIsMissingOrOfAnotherClassStopsTheDialog) {
+TEST(DamagedLayout, AControlThatIsMissingOrOfAnotherClassStopsTheDialog) {
   const std::pair<const char*, const char*> swaps[] = {
       {"\"NewWidthTxt\"", "\"Gone\""},
       {"\"OrigHeightStatic\"", "\"Gone\""},
@@ -142,37 +149,37 @@ TEST_F(DamagedLayoutTest, AControlThatIsMissingOrOfAnotherClassStopsTheDialog) {
     SCOPED_TRACE(one);
     const DamagedResources resources;
     resources.SwapInLayout(one, other);
-    class Caller : public MosaicTest {
-     public:
-      explicit Caller(const std::filesystem::path& root) : MosaicTest(root) {}
-      void TestBody() override {
-        const MosaicParameters given = record;
-        EXPECT_EQ(Run([](const OpenDialog&) { ADD_FAILURE() << "the dialog was shown"; }),
-                  ResultCode::kCannot);
-        EXPECT_EQ(std::memcmp(&record, &given, sizeof(record)), 0);
-        EXPECT_TRUE(host.Sheets().Leftovers().empty());
-      }
-    };
-    Caller(resources.Root()).TestBody();
+    CallerWith caller(resources);
+    const MosaicParameters given = caller.record;
+    EXPECT_EQ(caller.Run([](const OpenDialog&) { ADD_FAILURE() << "the dialog was shown"; }),
+              ResultCode::kCannot);
+    EXPECT_EQ(std::memcmp(&caller.record, &given, sizeof(given)), 0);
+    EXPECT_TRUE(caller.host.Sheets().Leftovers().empty());
   }
 }
 
-TEST_F(DamagedLayoutTest, AButtonThatIsNoneIsNotRegistered) {
+TEST(DamagedLayout, AResetButtonIsNotTheToolkitsCancel) {
   const DamagedResources resources;
   resources.SwapInLayout("\"cancelButton\"", "\"cancel_ResetButton\"");
-  class Caller : public MosaicTest {
-   public:
-    explicit Caller(const std::filesystem::path& root) : MosaicTest(root) {}
-    void TestBody() override {
-      EXPECT_EQ(Run([](const OpenDialog& open) {
-                  EXPECT_TRUE(open.dialog.GetOkButton());
-                  EXPECT_FALSE(open.dialog.GetCancelButton());
-                  open.dialog.OnCloseButton();
-                }),
-                ResultCode::kCancelled);
-    }
-  };
-  Caller(resources.Root()).TestBody();
+  CallerWith caller(resources);
+  EXPECT_EQ(caller.Run([](const OpenDialog& open) {
+    EXPECT_TRUE(open.dialog.GetOkButton());
+    EXPECT_FALSE(open.dialog.GetCancelButton());
+    open.dialog.OnCloseButton();
+  }),
+            ResultCode::kCancelled);
+}
+
+TEST(DamagedLayout, ASpacingOfTheLayoutIsPulledToItsBound) {
+  const DamagedResources resources;
+  resources.SwapInLayout("id=\"TileSpaceHorzTxt\" value=\"0\"",
+                         "id=\"TileSpaceHorzTxt\" value=\"99\"");
+  CallerWith caller(resources);
+  EXPECT_EQ(caller.Run([](const OpenDialog& open) {
+    EXPECT_EQ(open.Number("TileSpaceHorzTxt"), 28.0);
+    EXPECT_EQ(open.Number("TileSpaceVertTxt"), 0.0);
+  }),
+            ResultCode::kCancelled);
 }
 
 }  // namespace

@@ -2,7 +2,6 @@
 
 #include "mosaic/dialog_harness.h"
 #include "mosaic/run_mosaic_dialog.h"
-#include "platform/qpbasic/ledger.h"
 
 namespace {
 
@@ -63,15 +62,6 @@ TEST_F(TesseraeUITest, ARefusedSuiteEndsTheStartUpAndItsTableStays) {
   EXPECT_EQ(module.Globals(), nullptr);
   EXPECT_EQ(host.Operations().Calls("QP Blocks Suite/FreeBlock"), 0u);
   EXPECT_EQ(host.Leftovers().size(), 1u) << "the table, and nothing else";
-}
-
-TEST_F(TesseraeUITest, ATableThatCannotBeFreedEndsTheShutDownThere) {
-  ASSERT_EQ(module.StartUp(), ResultCode::kSuccess);
-  host.Operations().Refuse("QP Blocks Suite/FreeBlock", ResultCode{12});
-  EXPECT_EQ(module.ShutDown(), ResultCode{12});
-  EXPECT_EQ(module.Globals(), nullptr);
-  EXPECT_EQ(currentPlugin, nullptr);
-  EXPECT_EQ(host.Suites().Users("QP Access Suite"), 1u);
 }
 
 }  // namespace

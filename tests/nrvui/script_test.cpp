@@ -56,7 +56,7 @@ TEST(Script, PlaysEveryGesture) {
   EXPECT_EQ(played.test.width->GetNumber(), 144);
   EXPECT_EQ(played.test.name->GetValue(), u"two  wörds");
   EXPECT_EQ(played.test.count->GetNumber(), 40);
-  EXPECT_EQ(played.test.dialog->GetContentSize(), (nrvcore::geom::PointT<float>{120.5, 90}));
+  EXPECT_EQ(played.test.dialog->GetContentSize(), (nrvcore::geom::PointT<float>{120, 90}));
   EXPECT_EQ(played.test.Notified(), "count:1 name:1 percent:1 width:1");
   EXPECT_EQ(played.reports, "");
 

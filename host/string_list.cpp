@@ -1,0 +1,10 @@
+#include "host/string_list.h"
+
+#include "host/suites.h"
+
+bool ReadListEntry(ModuleRef module, int32_t list, int32_t index, char* buffer, size_t size) {
+  buffer[0] = '\0';
+  const ResultCode code = Suite<KDMBasicSuite>()->GetListString(module, list, index, buffer, size);
+  if (Failed(code)) buffer[0] = '\0';
+  return buffer[0] != '\0';
+}
