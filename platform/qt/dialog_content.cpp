@@ -29,6 +29,7 @@ DialogContent::DialogContent(DialogRun& modalRun, QWidget& itsPane, std::functio
       pane(itsPane),
       whenOutdated(std::move(rebuild)),
       messages(new MessageLine(itsPane)) {
+  messages->setObjectName(QStringLiteral("messages"));
   auto* const column = new QVBoxLayout(&pane);
   column->setContentsMargins(kMargin, kMargin, kMargin, kMargin);
   column->setSpacing(0);

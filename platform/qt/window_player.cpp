@@ -152,10 +152,11 @@ Outcome WindowPlayer::Close(const Step& step) {
 
 Outcome WindowPlayer::Resize(const Step& step) {
   const QSizeF wanted(step.width, step.height);
-  if (!run.IsOver() && wanted.isValid()) window.resize(wanted.toSize());
+  const QSize whole(static_cast<int>(step.width), static_cast<int>(step.height));
+  if (!run.IsOver() && wanted.isValid()) window.resize(whole);
   const auto content = run.Dialog().GetContentSize();
   const auto taken = run.TakeOutcome();
-  if (taken && content.x == step.width && content.y == step.height) return *taken;
+  if (taken && whole == QSizeF(content.x, content.y).toSize()) return *taken;
   // A window never becomes what its dialog refuses; the dialog says why.
   run.Resize(wanted);
   return run.TakeOutcome().value_or(Outcome());

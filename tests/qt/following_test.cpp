@@ -1,0 +1,1 @@
+#include "qt/window_test.h"

@@ -1,0 +1,72 @@
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <QPushButton>
+#include <QStringList>
+#include <QTest>
+#include <functional>
+#include <string>
+
+#include "mosaic/mosaic_suite.h"
+#include "platform/qt/message_line.h"
+#include "platform/qt/qt_presenter.h"
+#include "platform/qt/text_field.h"
+#include "platform/standin/host.h"
+#include "platform/standin/module.h"
+
+/// Everything that Qt wrote to the console since the last call.
+QStringList TakeWarnings();
+
+/// An open window as a test drives it.
+class OpenWindow {
+ public:
+  explicit OpenWindow(QWidget& openWindow) : window(openWindow) {}
+
+  template <class Widget = QWidget>
+  Widget& Get(const char* objectName) const {
+    auto* const widget = window.findChild<Widget*>(QLatin1String(objectName));
+    if (widget == nullptr) throw std::logic_error(std::string("no widget ") + objectName);
+    return *widget;
+  }
+  /// Where the text of a field is typed and shown.
+  qtui::TextField& Field(const char* objectName) const;
+  QString Text(const char* objectName) const { return Field(objectName).text(); }
+  QString Message() const { return Get<qtui::MessageLine>("messages").Text(); }
+
+  void Click(const char* objectName) const;
+  /// Replaces the field's text and stays in it.
+  void Type(const char* objectName, const char* text) const;
+  /// Presses a key wherever the focus is.
+  void Key(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) const;
+
+  QWidget& window;
+};
+
+using Person = std::function<void(const OpenWindow&)>;
+
+/// Presents a dialog to `person`, and cancels it when they leave it open.
+void Present(nrvui::ui::UI_Dialog& dialog, const Person& person);
+
+/// No test may leave a window, or a line on the console.
+class WindowTest : public testing::Test {
+ protected:
+  WindowTest() { TakeWarnings(); }
+  ~WindowTest() override;
+};
+
+/// The real dialog: the built module under a host, and a caller with a source of 300 by 200 points.
+class MosaicWindowTest : public WindowTest {
+ protected:
+  MosaicWindowTest();
+  ~MosaicWindowTest() override;
+
+  ResultCode RunWith(nrvui::ui::DialogPresenter& presenter);
+  ResultCode Run(const Person& person);
+
+  standin::RecordingUserInterface alerts;
+  standin::Host host{alerts};
+  standin::Module module;
+  MosaicParameters record{};
+  MosaicDialogState state{};
+};
