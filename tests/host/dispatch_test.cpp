@@ -17,58 +17,12 @@ class EchoPlugin : public Plugin {
  public:
   EchoPlugin() : Plugin(nullptr) {}
 
-#define ECHO(operation)                           \
+#define ECHO(caller, selector, operation)         \
   ResultCode operation(PluginMessage*) override { \
     reached = #operation;                         \
     return ResultCode::kSuccess;                  \
   }
-  ECHO(OnAbout)
-  ECHO(OnUnload)
-  ECHO(OnAcquireProperty)
-  ECHO(OnReleaseProperty)
-  ECHO(OnDoAction)
-  ECHO(OnMenuGo)
-  ECHO(OnMenuUpdate)
-  ECHO(OnFilterGetParameters)
-  ECHO(OnFilterGo)
-  ECHO(OnPluginGroupNotifyEdits)
-  ECHO(OnPluginGroupUpdate)
-  ECHO(OnFileFormatGetParameters)
-  ECHO(OnFileFormatGo)
-  ECHO(OnFileFormatCheck)
-  ECHO(OnFileFormatUpdate)
-  ECHO(OnFileFormatDoAction)
-  ECHO(OnToolEditOptions)
-  ECHO(OnToolTrackCursor)
-  ECHO(OnToolMouseDown)
-  ECHO(OnToolMouseDrag)
-  ECHO(OnToolMouseUp)
-  ECHO(OnToolSelect)
-  ECHO(OnToolDeselect)
-  ECHO(OnToolReselect)
-  ECHO(OnToolDecreaseDiameter)
-  ECHO(OnToolIncreaseDiameter)
-  ECHO(OnLiveEffectEditParameters)
-  ECHO(OnLiveEffectGoLive)
-  ECHO(OnLiveEffectInterpolateParameters)
-  ECHO(OnLiveEffectGetConversionParameters)
-  ECHO(OnLiveEffectInputType)
-  ECHO(OnLiveEffectScaleParameters)
-  ECHO(OnLiveEffectConvertColorSpace)
-  ECHO(OnLiveEffectAdjustColors)
-  ECHO(OnLiveEffectHandleMerge)
-  ECHO(OnLiveEffectIsCompatible)
-  ECHO(OnTimerGo)
-  ECHO(OnClipboardGo)
-  ECHO(OnClipboardCanCopy)
-  ECHO(OnClipboardClone)
-  ECHO(OnClipboardDispose)
-  ECHO(OnWriteWorkspace)
-  ECHO(OnRestoreWorkspace)
-  ECHO(OnDefaultWorkspace)
-  ECHO(OnControlPanelCreateControlGroup)
-  ECHO(OnControlPanelGroupVisibility)
-  ECHO(OnControlPanelSubGroupVisibility)
+  FOR_EACH_KNOWN_MESSAGE(ECHO)
 #undef ECHO
   bool OnPurge() override {
     reached = "OnPurge";

@@ -11,58 +11,60 @@ struct KnownMessage {
   bool IsUnload() const { return std::string_view(operation) == "OnUnload"; }
 };
 
-/// All of them whose selector counts.
-inline constexpr KnownMessage kKnownMessages[] = {
-    {"QP Cache", "Plug-in Purge", "OnPurge"},
-    {"QP Access", "Unload", "OnUnload"},
-    {"QP Interface", "About", "OnAbout"},
-    {"QP Properties", "Acquire", "OnAcquireProperty"},
-    {"QP Properties", "Release", "OnReleaseProperty"},
-    {"Action Manager", "Do Action", "OnDoAction"},
-    {"VX Menu", "VX Go", "OnMenuGo"},
-    {"VX Menu", "VX Update", "OnMenuUpdate"},
-    {"VX Filter", "VX Get Parameters", "OnFilterGetParameters"},
-    {"VX Filter", "VX Go", "OnFilterGo"},
-    {"VX Plugin Group", "VX Notify Edits", "OnPluginGroupNotifyEdits"},
-    {"VX Plugin Group", "VX Update", "OnPluginGroupUpdate"},
-    {"VX File Format", "VX Get Parameters", "OnFileFormatGetParameters"},
-    {"VX File Format", "VX Go", "OnFileFormatGo"},
-    {"VX File Format", "VX Check", "OnFileFormatCheck"},
-    {"VX File Format", "VX Update VX140", "OnFileFormatUpdate"},
-    {"VX File Format", "Do Action", "OnFileFormatDoAction"},
-    {"VX Tool", "VX Edit Options", "OnToolEditOptions"},
-    {"VX Tool", "VX Track Cursor", "OnToolTrackCursor"},
-    {"VX Tool", "VX Mouse Down", "OnToolMouseDown"},
-    {"VX Tool", "VX Mouse Drag", "OnToolMouseDrag"},
-    {"VX Tool", "VX Mouse Up", "OnToolMouseUp"},
-    {"VX Tool", "VX Select", "OnToolSelect"},
-    {"VX Tool", "VX Deselect", "OnToolDeselect"},
-    {"VX Tool", "VX Reselect", "OnToolReselect"},
-    {"VX Tool", "VX Decrease Diameter", "OnToolDecreaseDiameter"},
-    {"VX Tool", "VX Increase Diameter", "OnToolIncreaseDiameter"},
-    {"VX Live Effect", "VX Live Effect Edit Parameters", "OnLiveEffectEditParameters"},
-    {"VX Live Effect", "VX Live Effect Go Live", "OnLiveEffectGoLive"},
-    {"VX Live Effect", "VX Live Effect Interpolate Parameters",
-     "OnLiveEffectInterpolateParameters"},
-    {"VX Live Effect", "VX Live Effect Get Conversion Parameters",
-     "OnLiveEffectGetConversionParameters"},
-    {"VX Live Effect", "VX Live Effect Input Type", "OnLiveEffectInputType"},
-    {"VX Live Effect", "VX Live Effect Scale Parameters", "OnLiveEffectScaleParameters"},
-    {"VX Live Effect", "VX Live Effect Convert Color Space", "OnLiveEffectConvertColorSpace"},
-    {"VX Live Effect", "VX Live Effect Adjust Colors", "OnLiveEffectAdjustColors"},
-    {"VX Live Effect", "VX Live Effect Handle Merge", "OnLiveEffectHandleMerge"},
-    {"VX Live Effect", "VX Live Effect Is Compatible", "OnLiveEffectIsCompatible"},
-    {"VX Timer", "VX Go", "OnTimerGo"},
-    {"VX Clipboard", "VX Go", "OnClipboardGo"},
-    {"VX Clipboard", "VX Can Copy", "OnClipboardCanCopy"},
-    {"VX Clipboard", "VX Clone", "OnClipboardClone"},
-    {"VX Clipboard", "VX Dispose", "OnClipboardDispose"},
-    {"Workspace Manager", "Write Woskspace", "OnWriteWorkspace"},
-    {"Workspace Manager", "Restore Woskspace", "OnRestoreWorkspace"},
-    {"Workspace Manager", "Default Woskspace", "OnDefaultWorkspace"},
-    {"Herder Control Panel", "VX Control Panel Create ControlGroup",
-     "OnControlPanelCreateControlGroup"},
-    {"Herder Control Panel", "VX Control Panel Group Visibility", "OnControlPanelGroupVisibility"},
-    {"Herder Control Panel", "VX Control Panel SubGroup Visibility",
-     "OnControlPanelSubGroupVisibility"},
-};
+/// All of them that come with a message record and whose selector counts.
+#define FOR_EACH_KNOWN_MESSAGE(X)                                                                 \
+  X("QP Access", "Unload", OnUnload)                                                              \
+  X("QP Interface", "About", OnAbout)                                                             \
+  X("QP Properties", "Acquire", OnAcquireProperty)                                                \
+  X("QP Properties", "Release", OnReleaseProperty)                                                \
+  X("Action Manager", "Do Action", OnDoAction)                                                    \
+  X("VX Menu", "VX Go", OnMenuGo)                                                                 \
+  X("VX Menu", "VX Update", OnMenuUpdate)                                                         \
+  X("VX Filter", "VX Get Parameters", OnFilterGetParameters)                                      \
+  X("VX Filter", "VX Go", OnFilterGo)                                                             \
+  X("VX Plugin Group", "VX Notify Edits", OnPluginGroupNotifyEdits)                               \
+  X("VX Plugin Group", "VX Update", OnPluginGroupUpdate)                                          \
+  X("VX File Format", "VX Get Parameters", OnFileFormatGetParameters)                             \
+  X("VX File Format", "VX Go", OnFileFormatGo)                                                    \
+  X("VX File Format", "VX Check", OnFileFormatCheck)                                              \
+  X("VX File Format", "VX Update VX140", OnFileFormatUpdate)                                      \
+  X("VX File Format", "Do Action", OnFileFormatDoAction)                                          \
+  X("VX Tool", "VX Edit Options", OnToolEditOptions)                                              \
+  X("VX Tool", "VX Track Cursor", OnToolTrackCursor)                                              \
+  X("VX Tool", "VX Mouse Down", OnToolMouseDown)                                                  \
+  X("VX Tool", "VX Mouse Drag", OnToolMouseDrag)                                                  \
+  X("VX Tool", "VX Mouse Up", OnToolMouseUp)                                                      \
+  X("VX Tool", "VX Select", OnToolSelect)                                                         \
+  X("VX Tool", "VX Deselect", OnToolDeselect)                                                     \
+  X("VX Tool", "VX Reselect", OnToolReselect)                                                     \
+  X("VX Tool", "VX Decrease Diameter", OnToolDecreaseDiameter)                                    \
+  X("VX Tool", "VX Increase Diameter", OnToolIncreaseDiameter)                                    \
+  X("VX Live Effect", "VX Live Effect Edit Parameters", OnLiveEffectEditParameters)               \
+  X("VX Live Effect", "VX Live Effect Go Live", OnLiveEffectGoLive)                               \
+  X("VX Live Effect", "VX Live Effect Interpolate Parameters", OnLiveEffectInterpolateParameters) \
+  X("VX Live Effect", "VX Live Effect Get Conversion Parameters",                                 \
+    OnLiveEffectGetConversionParameters)                                                          \
+  X("VX Live Effect", "VX Live Effect Input Type", OnLiveEffectInputType)                         \
+  X("VX Live Effect", "VX Live Effect Scale Parameters", OnLiveEffectScaleParameters)             \
+  X("VX Live Effect", "VX Live Effect Convert Color Space", OnLiveEffectConvertColorSpace)        \
+  X("VX Live Effect", "VX Live Effect Adjust Colors", OnLiveEffectAdjustColors)                   \
+  X("VX Live Effect", "VX Live Effect Handle Merge", OnLiveEffectHandleMerge)                     \
+  X("VX Live Effect", "VX Live Effect Is Compatible", OnLiveEffectIsCompatible)                   \
+  X("VX Timer", "VX Go", OnTimerGo)                                                               \
+  X("VX Clipboard", "VX Go", OnClipboardGo)                                                       \
+  X("VX Clipboard", "VX Can Copy", OnClipboardCanCopy)                                            \
+  X("VX Clipboard", "VX Clone", OnClipboardClone)                                                 \
+  X("VX Clipboard", "VX Dispose", OnClipboardDispose)                                             \
+  X("Workspace Manager", "Write Woskspace", OnWriteWorkspace)                                     \
+  X("Workspace Manager", "Restore Woskspace", OnRestoreWorkspace)                                 \
+  X("Workspace Manager", "Default Woskspace", OnDefaultWorkspace)                                 \
+  X("Herder Control Panel", "VX Control Panel Create ControlGroup",                               \
+    OnControlPanelCreateControlGroup)                                                             \
+  X("Herder Control Panel", "VX Control Panel Group Visibility", OnControlPanelGroupVisibility)   \
+  X("Herder Control Panel", "VX Control Panel SubGroup Visibility",                               \
+    OnControlPanelSubGroupVisibility)
+
+#define KNOWN_MESSAGE(caller, selector, operation) {caller, selector, #operation},
+inline constexpr KnownMessage kKnownMessages[] = {{"QP Cache", "Plug-in Purge", "OnPurge"},
+                                                  FOR_EACH_KNOWN_MESSAGE(KNOWN_MESSAGE)};
+#undef KNOWN_MESSAGE
