@@ -6,10 +6,9 @@
 #include "platform/standin/gesture_player.h"
 #include "platform/standin/user_interface.h"
 #include "studio/interruption.h"
-#include "studio/mosaic_builder.h"
 #include "studio/mosaic_caller.h"
 #include "studio/mosaic_export.h"
-#include "studio/mosaic_geometry.h"
+#include "studio/mosaic_job.h"
 #include "studio/progress_line.h"
 #include "studio/studio_error.h"
 #include "studio/text_writer.h"
@@ -18,19 +17,6 @@ namespace {
 
 constexpr int kDone = 0;
 constexpr int kCancelled = 1;
-
-/// The size that shares count from: the one that the dialog was given, or else the true one.
-QSizeF SourceSize(const Picture& picture, const MosaicParameters& params) {
-  if (params.sizeUnavailable) return picture.SizeInPoints();
-  return QSizeF(params.boundsRight - params.boundsLeft, params.boundsBottom - params.boundsTop);
-}
-
-/// What lies below the tiles and can be seen there.
-QImage VisibleBelow(const Picture& picture, const MosaicParameters& params,
-                    const MosaicGeometry& geometry) {
-  const bool shows = geometry.HasGaps() || picture.HasAlpha();
-  return shows && !params.deleteRaster ? picture.Pixels() : QImage();
-}
 
 /// Hands on what the host showed, when a failure follows from it.
 class Alerts : public standin::RecordingUserInterface {
@@ -110,25 +96,17 @@ bool ConsoleRun::Ask(MosaicChoices& choices) const {
 
 bool ConsoleRun::Build(const Picture& picture, const MosaicChoices& choices,
                        const Interruption& interruption) {
-  const MosaicParameters& params = choices.params;
-  const auto geometry = MosaicGeometry::From(params, choices.state, SourceSize(picture, params));
-  const QImage below = VisibleBelow(picture, params, geometry);
-  std::vector<std::unique_ptr<MosaicSink>> sinks;
+  MosaicJob job(picture, choices.params, choices.state);
   for (size_t i = 0; i < exportDevices.size(); ++i) {
-    sinks.push_back(MakeExport(line.exports[int(i)], *exportDevices[i], geometry, below));
+    job.AddExport(line.exports[int(i)], *exportDevices[i]);
   }
-
-  int rows = 0;
+  const MosaicGeometry& geometry = job.Geometry();
   ProgressLine progress(!line.isQuiet);
-  MosaicBuilder builder(picture, geometry.tilesAcross, geometry.tilesDown, params.isColor);
-  const bool isComplete = builder.Run([&](std::span<const QRgb> tiles) {
-    for (const auto& sink : sinks) sink->AddRow(tiles);
-    progress.Show(++rows, geometry.tilesDown);
+  const bool isComplete = job.Run([&](int rowsDone) {
+    progress.Show(rowsDone, geometry.tilesDown);
     return !interruption.IsRequested();
   });
-  if (!isComplete) return false;
-  for (const auto& sink : sinks) sink->Finish();
-  if (interruption.IsRequested()) return false;
+  if (!isComplete || interruption.IsRequested()) return false;
   Tell(QString("Built %1 tiles, %2 across and %3 down.")
            .arg(qint64(geometry.tilesAcross) * geometry.tilesDown)
            .arg(geometry.tilesAcross)

@@ -1,5 +1,6 @@
 #include <QGuiApplication>
 #include <cstdio>
+#include <new>
 
 #include "platform/nrvcore/localizer.h"
 #include "platform/standin/resource_root.h"
@@ -42,6 +43,9 @@ int main(int argc, char** argv) try {
   QCoreApplication::setApplicationName("tesserae-studio");
   QCoreApplication::setApplicationVersion(TESSERAE_VERSION);
   return RunStudio(QCoreApplication::arguments().mid(1));
+} catch (const std::bad_alloc&) {
+  std::fputs("tesserae-studio: there is not enough memory\n", stderr);
+  return kSomethingWrong;
 } catch (const std::exception& error) {
   std::fprintf(stderr, "tesserae-studio: %s\n", error.what());
   return kSomethingWrong;

@@ -25,7 +25,8 @@ std::string OpacityName(int alpha) {
 std::string OpacityResources() {
   std::string resources = "/ExtGState <<";
   for (int alpha = 0; alpha < 256; ++alpha) {
-    resources += " " + OpacityName(alpha) + " << /ca " + NumberText(alpha / 255.0) + " >>";
+    resources.append(" ").append(OpacityName(alpha));
+    resources.append(" << /ca ").append(NumberText(alpha / 255.0)).append(" >>");
   }
   return resources + " >>";
 }
@@ -56,15 +57,15 @@ PdfSink::PdfSink(QIODevice& device, const MosaicGeometry& geometry, const QImage
 }
 
 void PdfSink::AddRow(std::span<const QRgb> tiles) {
-  const std::string top = NumberText(geometry.Top(row++)) + " ";
+  const std::string top = " " + NumberText(geometry.Top(row++)) + " ";
   const std::string size =
       NumberText(geometry.tile.width()) + " " + NumberText(geometry.tile.height()) + " re f\n";
   for (size_t column = 0; column < tiles.size(); ++column) {
     const QRgb color = tiles[column];
     if (qAlpha(color) == 0) continue;
     if (qAlpha(color) != alpha) content += OpacityName(alpha = qAlpha(color)) + " gs ";
-    content += ChannelText(qRed(color)) + ChannelText(qGreen(color)) + ChannelText(qBlue(color)) +
-               "rg " + NumberText(geometry.Left(int(column))) + " " + top + size;
+    for (int channel : {qRed(color), qGreen(color), qBlue(color)}) content += ChannelText(channel);
+    content.append("rg ").append(NumberText(geometry.Left(int(column)))).append(top).append(size);
     if (content.size() >= kPieceSize) WriteContentPiece();
   }
 }
@@ -77,7 +78,7 @@ void PdfSink::Finish() {
   Write("<< /Type /Pages /Count 1 /Kids [" + Reference(kPage) + "] >>\nendobj\n");
   BeginObject(kPage);
   std::string contents;
-  for (int piece : pieces) contents += Reference(piece) + " ";
+  for (int piece : pieces) contents.append(Reference(piece)).append(" ");
   Write("<< /Type /Page /Parent " + Reference(kPages) + " /MediaBox [0 0 " +
         NumberText(geometry.size.width()) + " " + NumberText(geometry.size.height()) +
         "]\n/Resources << " + OpacityResources() +

@@ -28,7 +28,7 @@ QByteArray ReadFile(const QString& path) {
   if (!file.open(QIODevice::ReadOnly)) {
     throw StudioError("the picture " + path + " cannot be opened: " + file.errorString());
   }
-  const QByteArray bytes = file.readAll();
+  QByteArray bytes = file.readAll();
   if (file.error() != QFileDevice::NoError) {
     throw StudioError("the picture " + path + " cannot be read: " + file.errorString());
   }

@@ -1,7 +1,6 @@
 #include "studio/picture_encoding.h"
 
 #include <QBuffer>
-#include <QColorSpace>
 #include <QImageWriter>
 #include <QPainter>
 
@@ -31,14 +30,9 @@ EncodedPicture EncodeForEmbedding(const QImage& picture) {
 }
 
 QByteArray EncodeOnPaper(const QImage& picture) {
-  QImage paper = picture.colorSpace().isValid()
-                     ? picture.convertedToColorSpace(QColorSpace(QColorSpace::SRgb))
-                     : picture;
-  if (paper.hasAlphaChannel()) {
-    QImage white(paper.size(), QImage::Format_RGB32);
-    white.fill(Qt::white);
-    QPainter(&white).drawImage(0, 0, paper);
-    paper = white;
-  }
+  if (!picture.hasAlphaChannel()) return Encode(picture, "jpeg", kJpegQuality);
+  QImage paper(picture.size(), QImage::Format_RGB32);
+  paper.fill(Qt::white);
+  QPainter(&paper).drawImage(0, 0, picture);
   return Encode(paper, "jpeg", kJpegQuality);
 }

@@ -13,5 +13,5 @@ struct EncodedPicture {
 /// Throws StudioError when it cannot be encoded.
 EncodedPicture EncodeForEmbedding(const QImage& picture);
 
-/// JPEG in sRGB, with white behind what is transparent.
+/// JPEG, with white behind what is transparent. Throws StudioError when it cannot be encoded.
 QByteArray EncodeOnPaper(const QImage& picture);

@@ -62,7 +62,8 @@ constexpr Field kFields[] = {
 #undef RECORD_FIELD
 #undef STATE_FIELD
 
-constexpr int kMostTiles = 8640;
+// The ratio button can give more tiles than a person can enter, up to what 16 bits hold.
+constexpr int kMostTiles = 32767;
 
 template <typename Value>
 Value Load(const MosaicChoices& record, size_t offset) {

@@ -14,10 +14,12 @@ constexpr int kJpegQuality = 90;
 
 QRgb PixelAt(const Bay& bay, int x, int y) {
   Light sum;
-  for (int sample = 0; sample < kSamplesPerSide * kSamplesPerSide; ++sample) {
-    const double dx = (sample % kSamplesPerSide + 0.5) / kSamplesPerSide;
-    const double dy = (sample / kSamplesPerSide + 0.5) / kSamplesPerSide;
-    sum = sum + bay.At((x + dx) / kHeight, (y + dy) / kHeight);
+  for (int i = 0; i < kSamplesPerSide; ++i) {
+    for (int j = 0; j < kSamplesPerSide; ++j) {
+      const double dx = (i + 0.5) / kSamplesPerSide;
+      const double dy = (j + 0.5) / kSamplesPerSide;
+      sum = sum + bay.At((x + dx) / kHeight, (y + dy) / kHeight);
+    }
   }
   return NearestColor(sum * (1.0 / (kSamplesPerSide * kSamplesPerSide)));
 }

@@ -74,8 +74,9 @@ TEST(MosaicBuilder, FindsTheExactMeanOfEveryShare) {
         const QSizeF share(double(size.width()) / tiles.width(),
                            double(size.height()) / tiles.height());
         for (size_t i = 0; i < built.size(); ++i) {
-          const QPointF corner(double(i % size_t(tiles.width())) * share.width(),
-                               double(i / size_t(tiles.width())) * share.height());
+          const int row = int(i) / tiles.width();
+          const int column = int(i) % tiles.width();
+          const QPointF corner(column * share.width(), row * share.height());
           const QRgb expected = SlowMean(image, QRectF(corner, share), isColor);
           // Only a mean on the very border between two values may fall to either side.
           ASSERT_LE(Difference(built[i], expected), 1)

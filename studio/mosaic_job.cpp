@@ -1,0 +1,50 @@
+#include "studio/mosaic_job.h"
+
+#include <utility>
+
+#include "studio/mosaic_builder.h"
+#include "studio/mosaic_export.h"
+
+namespace {
+
+/// The size that shares count from: the one that the dialog was given, or else the true one.
+QSizeF SourceSize(const Picture& picture, const MosaicParameters& params) {
+  if (params.sizeUnavailable) return picture.SizeInPoints();
+  return QSizeF(params.boundsRight - params.boundsLeft, params.boundsBottom - params.boundsTop);
+}
+
+}  // namespace
+
+MosaicJob::MosaicJob(const Picture& picture, const MosaicParameters& params,
+                     const MosaicDialogState& state)
+    : picture(picture),
+      isColor(params.isColor),
+      keepsPicture(!params.deleteRaster),
+      geometry(MosaicGeometry::From(params, state, SourceSize(picture, params))) {}
+
+QImage MosaicJob::Below() const {
+  const bool shows = geometry.HasGaps() || picture.HasAlpha();
+  if (!keepsPicture || !shows) return {};
+  if (!picture.ColorSpace().isValid()) return picture.Pixels();
+  return picture.Pixels().convertedToColorSpace(QColorSpace(QColorSpace::SRgb));
+}
+
+void MosaicJob::Add(std::unique_ptr<MosaicSink> sink) {
+  sinks.push_back(std::move(sink));
+}
+
+void MosaicJob::AddExport(const QString& path, QIODevice& device) {
+  Add(MakeExport(path, device, geometry, Below()));
+}
+
+bool MosaicJob::Run(const std::function<bool(int)>& goOn) {
+  MosaicBuilder builder(picture, geometry.tilesAcross, geometry.tilesDown, isColor);
+  int rowsDone = 0;
+  const bool isComplete = builder.Run([&](std::span<const QRgb> tiles) {
+    for (const auto& sink : sinks) sink->AddRow(tiles);
+    return goOn(++rowsDone);
+  });
+  if (!isComplete) return false;
+  for (const auto& sink : sinks) sink->Finish();
+  return true;
+}
