@@ -66,6 +66,8 @@ TEST_F(PictureFile, IsRefusedWhenItIsNone) {
   QByteArray damaged = Encoded(RandomImage(61, 43, QImage::Format_RGB32, 3), "png");
   for (qsizetype i = 100; i < 160; ++i) damaged[i] = char(~damaged[i]);
   EXPECT_NE(WhyNot(damaged), "");
+  QByteArray torn = Encoded(RandomImage(61, 43, QImage::Format_RGB32, 3), "jpg");
+  EXPECT_NE(WhyNot(torn.remove(torn.size() / 3, torn.size() / 3)), "") << "the end is there";
   EXPECT_THROW(Picture::Read(folder.filePath("nothing here")), StudioError);
   EXPECT_THROW(Picture::Read(folder.path()), StudioError);
 }
