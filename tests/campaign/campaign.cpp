@@ -10,7 +10,7 @@ namespace campaign {
 namespace {
 
 #ifdef __SANITIZE_ADDRESS__
-constexpr size_t kSlowdown = 5;
+constexpr size_t kSlowdown = 2;
 #else
 constexpr size_t kSlowdown = 1;
 #endif

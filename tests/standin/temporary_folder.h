@@ -25,6 +25,7 @@ class TemporaryFolder {
   void Write(const std::string& name, const std::string& text) const {
     const std::filesystem::path file = path / name;
     std::filesystem::create_directories(file.parent_path());
+    std::filesystem::remove(file);  // a file that is written over goes to the disk each time
     std::ofstream(file, std::ios::binary) << text;
   }
 

@@ -1,0 +1,23 @@
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include "platform/standin/host.h"
+#include "platform/standin/module.h"
+
+/// The built module, started under a host; nothing may be left of it in the end.
+class BuiltModule {
+ public:
+  explicit BuiltModule(const std::filesystem::path& resources = standin::DefaultResourceRoot())
+      : host(person, resources) {
+    EXPECT_EQ(module.StartUp(), ResultCode::kSuccess);
+  }
+  ~BuiltModule() {
+    EXPECT_EQ(module.ShutDown(), ResultCode::kSuccess);
+    EXPECT_EQ(host.Leftovers(), std::vector<std::string>{});
+  }
+
+  standin::RecordingUserInterface person;
+  standin::Host host;
+  standin::Module module{host, MODULE_FILE};
+};

@@ -1,0 +1,106 @@
+#include <string_view>
+
+#include "campaign/built_module.h"
+#include "campaign/campaign.h"
+#include "host/known_messages.h"
+
+// Any message may come at any time. What a message makes the plug-in ask of its host follows from
+// the message and from whether the plug-in holds its suites; the answer is always success.
+
+namespace {
+
+using campaign::Below;
+using campaign::Once;
+using campaign::Pick;
+using campaign::Random;
+using Log = std::vector<std::string>;
+
+constexpr const char* kNotifierTypes[] = {"VX Application Started Notifier", "VX Other", ""};
+
+/// The text, or one that differs from it a little.
+std::string Near(Random& random, std::string text) {
+  const size_t place = Below(random, text.size() + 1);
+  switch (Below(random, 12)) {
+    case 0:
+      return text.substr(0, place);
+    case 1:
+      return text.substr(place);
+    case 2:
+      return text.insert(place, 1, static_cast<char>(1 + Below(random, 255)));
+    case 3:
+      return text + text;
+    case 4:
+      return std::string(Below(random, 5000), 'V');
+    case 5:
+      if (place < text.size()) text[place] ^= 0x20;
+      return text[0] ? text : "";
+    default:
+      return text;
+  }
+}
+
+class RandomMessages : public testing::Test {
+ protected:
+  bool HoldsSuites() const { return built.module.Globals() && !isUnloaded; }
+
+  /// One of the messages that begin or end something, and what the plug-in then is.
+  void Live(Random& random) {
+    const bool exists = built.module.Globals();
+    ResultCode code = ResultCode::kSuccess;
+    switch (Below(random, 4)) {
+      case 0:
+        if (!exists) code = built.module.StartUp();  // a host starts a plug-in once
+        isUnloaded = isUnloaded && exists;
+        break;
+      case 1:
+        code = built.module.ShutDown();
+        isUnloaded = false;
+        break;
+      case 2:
+        code = built.module.Send("QP Access", "Unload");
+        isUnloaded = exists;
+        break;
+      default:
+        code = built.module.Send("QP Access", "Reload");
+        isUnloaded = false;
+    }
+    EXPECT_EQ(code, ResultCode::kSuccess);
+  }
+
+  void SendAny(Random& random) {
+    const KnownMessage& known = Pick(random, kKnownMessages);
+    const bool notifies = Once(random, 8);
+    const std::string caller = Near(random, notifies ? "VX Notifier" : known.caller);
+    const std::string selector =
+        Near(random, Once(random, 4) ? Pick(random, kKnownMessages).selector : known.selector);
+    const std::string message = caller + " / " + selector;
+    if (message == "QP Access / Unload") return;
+
+    auto& operations = built.host.Operations();
+    operations.StartLog();
+    const ResultCode code =
+        caller == "VX Notifier"
+            ? built.module.Notify(Pick(random, kNotifierTypes), selector.c_str())
+            : built.module.Send(caller.c_str(), selector.c_str());
+    EXPECT_EQ(code, ResultCode::kSuccess) << message;
+    Log expected;
+    if (HoldsSuites() && caller == "VX Notifier")
+      expected = {"VX Context Suite/PushAppContext", "VX Context Suite/PopAppContext"};
+    if (HoldsSuites() && message == "QP Interface / About")
+      expected = {"KDM Basic Suite/GetListString", "KDM Basic Suite/GetListString",
+                  "KDM Basic Suite/ShowAboutBox"};
+    EXPECT_EQ(operations.Log(), expected) << message;
+  }
+
+  BuiltModule built;
+  bool isUnloaded = false;
+};
+
+TEST_F(RandomMessages, AreAnsweredAndAskNothingUnexpectedOfTheHost) {
+  campaign::ForEachSeed(campaign::Count(4000 / campaign::Step(1), 200000), [&](Random& random) {
+    for (int i = 0; i < 50; ++i) Once(random, 10) ? Live(random) : SendAny(random);
+  });
+  EXPECT_TRUE(built.person.alerts.empty());
+}
+
+}  // namespace
