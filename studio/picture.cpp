@@ -55,7 +55,9 @@ QImage Decode(QImageReader& reader) {
   SetDotsPerMeter(image, kUnsaidDotsPerMeter, kUnsaidDotsPerMeter);
   const uchar* const bits = std::as_const(image).constBits();
   if (!reader.read(&image)) return {};
-  if (std::as_const(image).constBits() != bits) {
+  // A damaged file can tell of a resolution that there is not.
+  const bool isAbsurd = image.dotsPerMeterX() <= 0 || image.dotsPerMeterY() <= 0;
+  if (isAbsurd || std::as_const(image).constBits() != bits) {
     SetDotsPerMeter(image, kUnsaidDotsPerMeter, kUnsaidDotsPerMeter);
   }
   return image;
