@@ -5,6 +5,7 @@
 #include <QFileInfo>
 #include <QImageReader>
 #include <QTransform>
+#include <cmath>
 #include <utility>
 
 #include "studio/complete_file.h"
@@ -15,10 +16,18 @@ namespace {
 
 // 72 dots per inch: a dot a point, for files that say nothing.
 constexpr int kUnsaidDotsPerMeter = 2835;
-constexpr double kPointsPerMeter = 72 / 0.0254;
+constexpr double kMetersPerInch = 0.0254;
 
 // Room for photographs of half a gigapixel; beyond that a small file can take all memory.
 constexpr int kMegabytesLimit = 2048;
+
+/// Resolutions are whole numbers of dots per metre here, so one that was a whole number of dots per
+/// inch in the file comes back as that number.
+double DotsPerInch(int dotsPerMeter) {
+  const double dots = dotsPerMeter * kMetersPerInch;
+  const double whole = std::round(dots);
+  return std::abs(dots - whole) <= kMetersPerInch / 2 ? whole : dots;
+}
 
 QByteArray ReadFile(const QString& path) {
   const QFileInfo info(path);
@@ -108,6 +117,6 @@ Picture::Picture(const QImage& image)
                                                            : QImage::Format_RGB32)) {}
 
 QSizeF Picture::SizeInPoints() const {
-  return {pixels.width() * kPointsPerMeter / pixels.dotsPerMeterX(),
-          pixels.height() * kPointsPerMeter / pixels.dotsPerMeterY()};
+  return {pixels.width() * 72 / DotsPerInch(pixels.dotsPerMeterX()),
+          pixels.height() * 72 / DotsPerInch(pixels.dotsPerMeterY())};
 }

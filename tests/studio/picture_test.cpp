@@ -83,7 +83,7 @@ TEST_F(PictureFile, LiesOnThePageAsLargeAsItSays) {
     EXPECT_NEAR(size.height(), 72, 0.01) << format;
   }
   // This format cannot say, so a dot is a point.
-  EXPECT_NEAR(Picture::Read(Save(Encoded(image, "ppm"))).SizeInPoints().width(), 300, 0.1);
+  EXPECT_DOUBLE_EQ(Picture::Read(Save(Encoded(image, "ppm"))).SizeInPoints().width(), 300);
 }
 
 TEST_F(PictureFile, StandsUprightWhateverTheCameraNoted) {
