@@ -5,8 +5,8 @@
 
 /// What a person can do to an open dialog. Every presenter turns its events into these. A gesture
 /// on a control that is disabled or hidden, or on a dialog that has closed, does nothing and says
-/// so. Only the handler of the touched control is notified: of a change, or of a press. Exceptions of
-/// handlers pass through.
+/// so. Only the handler of the touched control is notified: of a change, or of a press. Exceptions
+/// of handlers pass through.
 namespace nrvui::gestures {
 
 enum class Key { kReturn, kEscape };

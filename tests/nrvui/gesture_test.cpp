@@ -182,8 +182,7 @@ TEST(Gestures, ResizeKeepsToTheMinimum) {
   EXPECT_TRUE(Resize(*test.dialog, {90, 70}).changed);
   EXPECT_FALSE(Resize(*test.dialog, {90, 70}).changed);
   const Outcome outcome = Resize(*test.dialog, {90.5, 10});
-  EXPECT_EQ(Describe(outcome),
-            u"90.5 × 10 is less than 90 × 60; 90 × 60 was put in its place.");
+  EXPECT_EQ(Describe(outcome), u"90.5 × 10 is less than 90 × 60; 90 × 60 was put in its place.");
   for (const float wrong : {-1.0f, 1e9f, NAN}) {
     EXPECT_EQ(Resize(*test.dialog, {100, wrong}).refusal, Refusal::kNotASize);
   }
