@@ -21,41 +21,6 @@ TEST_F(LifecycleTest, AStartUpIntroducesThePluginAndAShutDownLeavesNothing) {
   EXPECT_TRUE(host.Leftovers().empty());
 }
 
-TEST_F(LifecycleTest, AStartUpThatFailsHoldsNothing) {
-  for (const char* operation : {"QP Plug-ins Suite/SetPluginName", "VX Notifier Suite/AddNotifier",
-                                "acquire/KDM Basic Suite"}) {
-    for (const bool throws : {false, true}) {
-      SCOPED_TRACE(operation);
-      if (throws) {
-        Operations().Throw(operation, std::make_exception_ptr(7));
-      } else {
-        Operations().Refuse(operation, ResultCode{12});
-      }
-      EXPECT_EQ(module.StartUp(), throws ? ResultCode::kCannot : ResultCode{12});
-      EXPECT_EQ(module.Globals(), nullptr);
-      EXPECT_EQ(runningPlugin, nullptr);
-      EXPECT_TRUE(host.Leftovers().empty());
-    }
-  }
-  plan.continueStartup = ResultCode::kParameter;
-  EXPECT_EQ(module.StartUp(), ResultCode::kParameter);
-  plan.addStartedNotifier = false;
-  plan.continueStartup = ResultCode::kSuccess;
-  const size_t calls = Operations().Calls("VX Notifier Suite/AddNotifier");
-  EXPECT_EQ(module.StartUp(), ResultCode::kSuccess);
-  EXPECT_EQ(Operations().Calls("VX Notifier Suite/AddNotifier"), calls);
-}
-
-TEST_F(LifecycleTest, WithoutMemoryThereIsNoPlugin) {
-  for (const auto code : {ResultCode::kOutOfMemory, ResultCode::kSuccess}) {
-    qpbasic::Ledger::Get().Refuse({.countdown = 1, .once = true, .code = code});
-    EXPECT_EQ(module.StartUp(), ResultCode::kOutOfMemory);
-    EXPECT_EQ(module.Globals(), nullptr);
-  }
-  EXPECT_FALSE(person.alerts.empty());
-  EXPECT_TRUE(host.Leftovers().empty());
-}
-
 TEST_F(LifecycleTest, UnloadReleasesAndReloadAcquiresAgain) {
   ASSERT_EQ(module.StartUp(), ResultCode::kSuccess);
   void* const object = module.Globals();

@@ -51,14 +51,6 @@ TEST_F(SuiteSetTest, AFailedReleaseEndsTheWalkAndClearsOnlyItsOwnPointer) {
   EXPECT_EQ(host.Suites().Users("VX Unicode String Suite"), 1u);
 }
 
-TEST_F(SuiteSetTest, AMissingSuiteIsTheOutcomeAndTheOthersGoBack) {
-  host.Suites().SetAbsent("QP Blocks Suite");
-  EXPECT_NE(module.StartUp(), ResultCode::kSuccess);
-  EXPECT_EQ(module.Globals(), nullptr);
-  EXPECT_EQ(suiteAcquireCount, 0);
-  EXPECT_TRUE(host.Leftovers().empty());
-}
-
 TEST_F(SuiteSetTest, OptionalSuitesAreTriedAgainWithEveryMessage) {
   host.Suites().SetAbsent("VX User Suite");
   ASSERT_EQ(module.StartUp(), ResultCode::kSuccess);

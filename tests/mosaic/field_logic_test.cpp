@@ -1,5 +1,4 @@
 #include "mosaic/dialog_harness.h"
-#include "mosaic/short_arithmetic.h"
 
 namespace {
 
@@ -53,17 +52,6 @@ TEST_F(FieldLogicTest, AResultThatIsNoNumberLeavesTheFields) {
   }
 }
 
-TEST(ShortArithmetic, RoundsHalvesAwayFromZeroAndSaturates) {
-  const std::pair<float, int16_t> cases[] = {
-      {10.5f, 11}, {-2.5f, -3},       {6.666667f, 7},   {0.4f, 0},        {-0.4f, 0},
-      {0.5f, 1},   {32767.4f, 32767}, {40000.f, 32767}, {-1e30f, -32768},
-  };
-  for (const auto& [value, rounded] : cases) EXPECT_EQ(RoundToShort(value), rounded) << value;
-  EXPECT_EQ(TruncateToInt(-2.9f), -2);
-  EXPECT_EQ(TruncateToInt(3e9f), 2147483647);
-  EXPECT_EQ(TruncateToInt(-3e9f), -2147483647 - 1);
-}
-
 TEST_F(FieldLogicTest, SpacingStaysBelowTheCounts) {
   LookAt([](const OpenDialog& open) {
     open.Enter("TileSpaceHorzTxt", "12");
@@ -92,34 +80,6 @@ TEST_F(FieldLogicTest, SpacingStaysBelowTheCounts) {
       EXPECT_EQ(open.Number("TileSpaceHorzTxt"), 0.0);
     }
   });
-}
-
-TEST_F(FieldLogicTest, SwitchingToPercentAndBackStartsAfresh) {
-  LookAt([](const OpenDialog& open) {
-    open.Enter("NewWidthTxt", "150");
-    open.Click("UsePercentChk");
-    EXPECT_EQ(open.Number("NewWidthTxt"), 100.0);
-    EXPECT_EQ(open.Greatest("NewHeightTxt"), 100.0);
-    open.Click("UsePercentChk");
-    EXPECT_EQ(open.Number("NewWidthTxt"), 300.0);
-    EXPECT_EQ(open.Number("NewHeightTxt"), 200.0);
-    EXPECT_EQ(open.Greatest("NewHeightTxt"), 8640.0);
-  });
-}
-
-TEST_F(FieldLogicTest, ChoicesReachTheRecord) {
-  record.isColor = 1;
-  record.keepHorizontal = 1;
-  EXPECT_EQ(Play("click VerticalRadio\nclick GrayRadio\nclick DeleteRasterChk\nkey Return"),
-            ResultCode::kSuccess);
-  EXPECT_EQ(record.keepHorizontal, 0);
-  EXPECT_EQ(record.isColor, 0);
-  EXPECT_EQ(record.deleteRaster, 1);
-  EXPECT_EQ(Play("click HorizontalRadio\nclick ColorRadio\nclick DeleteRasterChk\nkey Return"),
-            ResultCode::kSuccess);
-  EXPECT_EQ(record.keepHorizontal, 1);
-  EXPECT_EQ(record.isColor, 1);
-  EXPECT_EQ(record.deleteRaster, 0);
 }
 
 }  // namespace

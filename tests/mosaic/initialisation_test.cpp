@@ -5,7 +5,7 @@ namespace {
 
 class InitialisationTest : public MosaicTest {};
 
-TEST_F(InitialisationTest, AbsoluteModeShowsTheSource) {
+TEST_F(InitialisationTest, ShowsTheSourceAndTheCallersChoices) {
   record.deleteRaster = 9;
   record.keepHorizontal = 7;
   record.isColor = 0;
@@ -39,21 +39,12 @@ TEST_F(InitialisationTest, AbsoluteModeShowsTheSource) {
       EXPECT_FALSE(open.IsDisabled(control)) << control;
     }
   });
-}
 
-TEST_F(InitialisationTest, PercentModeKeepsTheSourceInTheLabels) {
   state.usePercent = 5;
-  EXPECT_EQ(Play("key Return"), ResultCode::kSuccess);
-  EXPECT_EQ(state.usePercent, 1);
   LookAt([](const OpenDialog& open) {
-    EXPECT_EQ(open.Label("OrigWidthStatic"), "300 pt");
-    EXPECT_EQ(open.Label("OrigHeightStatic"), "200 pt");
+    EXPECT_EQ(open.Label("OrigWidthStatic"), "300 pt") << "the source's size is no percentage";
     EXPECT_TRUE(open.IsChecked("UsePercentChk"));
-    for (const char* field : {"NewWidthTxt", "NewHeightTxt"}) {
-      EXPECT_EQ(open.Number(field), 100.0);
-      EXPECT_EQ(open.Greatest(field), 100.0);
-      EXPECT_EQ(Utf8(open.Get<UI_UnitNumberEdit>(field).GetValue()), "100 %");
-    }
+    EXPECT_EQ(Utf8(open.Get<UI_UnitNumberEdit>("NewWidthTxt").GetValue()), "100 %");
   });
 }
 
@@ -79,38 +70,6 @@ TEST_F(InitialisationTest, WithoutASourceSizeThereAreOnlyPercentages) {
   EXPECT_EQ(state.usePercent, 1);
   EXPECT_EQ(record.deleteRaster, 1);
   EXPECT_EQ(record.newWidth, 1.0f);
-}
-
-TEST_F(InitialisationTest, SizesAndCountsWrapAt16Bits) {
-  struct Case {
-    int32_t width, height;
-    float ratio, shownWidth, shownHeight;
-  };
-  const Case cases[] = {
-      {300, 200, 1.5f, 300, 200},      {300, 0, 1.0f, 300, 0},
-      {300, 65536, 1.0f, 300, 0},      {0, 200, 0.0f, 0, 200},
-      {70000, 200, 350.0f, 4464, 200}, {-2, 32768, -2.0f / -32768.0f, -2, -32768},
-  };
-  for (const Case& c : cases) {
-    SCOPED_TRACE(std::to_string(c.width) + " by " + std::to_string(c.height));
-    SetSource(c.width, c.height);
-    EXPECT_EQ(Play("key Return"), ResultCode::kSuccess);
-    EXPECT_EQ(state.aspectRatio, c.ratio);
-    EXPECT_EQ(record.newWidth, c.shownWidth);
-    EXPECT_EQ(record.newHeight, c.shownHeight);
-  }
-  record.boundsLeft = -2147483647 - 1;
-  record.boundsRight = 2147483647;
-  EXPECT_EQ(Play("key Return"), ResultCode::kSuccess);
-  EXPECT_EQ(record.newWidth, -1.0f);
-
-  record.tilesAcross = 70000;
-  record.tilesDown = 98304;
-  LookAt([](const OpenDialog& open) {
-    EXPECT_EQ(open.Number("HorizontalCountTxt"), 4464.0);
-    EXPECT_EQ(open.Number("VerticalCountTxt"), -32768.0);
-    EXPECT_EQ(open.Greatest("TileSpaceVertTxt"), 0.0);
-  });
 }
 
 TEST_F(InitialisationTest, MnemonicsFollowThePlatformSetting) {
