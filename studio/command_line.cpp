@@ -20,6 +20,7 @@ constexpr Option kOptions[] = {
     {"--help", [](CommandLine& line) { line.showHelp = true; }},
     {"--version", [](CommandLine& line) { line.showVersion = true; }},
     {"--quiet", [](CommandLine& line) { line.isQuiet = true; }},
+    {"--size-unknown", [](CommandLine& line) { line.isSizeUnknown = true; }},
 };
 
 constexpr ValueOption kValueOptions[] = {
@@ -27,6 +28,9 @@ constexpr ValueOption kValueOptions[] = {
     {"--record", &CommandLine::record},
     {"--state", &CommandLine::state},
     {"--language", &CommandLine::language},
+    {"--theme", &CommandLine::theme},
+    {"--screenshot", &CommandLine::dialogPicture},
+    {"--screenshot-window", &CommandLine::windowPicture},
 };
 
 bool TakeOption(CommandLine& line, const QString& name) {
@@ -86,23 +90,46 @@ CommandLine CommandLine::Parse(const QStringList& arguments) {
     if (value.isEmpty()) throw StudioError(name + " needs a value; see --help");
     TakeValue(line, name, value);
   }
-  if (line.picture.isEmpty() && !line.showHelp && !line.showVersion) {
-    throw StudioError("which picture? See --help");
+  if (!line.theme.isEmpty() && !QStringList{"light", "dark", "system"}.contains(line.theme)) {
+    throw StudioError("--theme is light, dark or system, not " + line.theme);
   }
   return line;
 }
 
-QString CommandLine::HelpText() {
-  return R"(tesserae-studio PICTURE [OPTION]...
+bool CommandLine::WantsWindow() const {
+  return gestures.isEmpty() && exports.isEmpty() && record.isEmpty() && Pictures().isEmpty();
+}
 
-Places a picture, asks for a mosaic in the dialog "Create Tesserae", and builds it.
+bool CommandLine::WantsPicturesOnly() const {
+  return gestures.isEmpty() && exports.isEmpty() && record.isEmpty() && !Pictures().isEmpty();
+}
+
+bool CommandLine::ShowsWindows() const {
+  return gestures.isEmpty() || !Pictures().isEmpty();
+}
+
+QStringList CommandLine::Pictures() const {
+  QStringList pictures{dialogPicture, windowPicture};
+  pictures.removeAll({});
+  return pictures;
+}
+
+QString CommandLine::HelpText() {
+  return R"(tesserae-studio [PICTURE] [OPTION]...
+
+Opens its window, where there is a display. With one of the first five options it places
+the picture, asks for a mosaic in the dialog "Create Tesserae", builds it, and ends.
 
   --gestures FILE   plays these gestures on the dialog, as a person would
   --export FILE     writes the mosaic, by the name's ending: .svg, .png or .pdf;
                     may be given more than once
   --record FILE     writes what the dialog gave back, as JSON
+  --screenshot FILE, --screenshot-window FILE
+                    writes what the dialog and the window look like, as PNG
+  --size-unknown    places the picture as if its file did not say how large it is
   --state FILE      keeps the last choices here instead of in your settings
   --language CODE   speaks this language, as in "de", instead of your own
+  --theme THEME     light, dark or system
   --quiet           prints nothing but errors
   --help, --version
 

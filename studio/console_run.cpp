@@ -3,8 +3,8 @@
 #include <cstdio>
 #include <utility>
 
-#include "platform/standin/gesture_player.h"
 #include "platform/standin/user_interface.h"
+#include "studio/dialog_user.h"
 #include "studio/interruption.h"
 #include "studio/mosaic_caller.h"
 #include "studio/mosaic_export.h"
@@ -12,6 +12,8 @@
 #include "studio/progress_line.h"
 #include "studio/studio_error.h"
 #include "studio/text_writer.h"
+#include "studio/window/tile_sink.h"
+#include "studio/window/window_picture.h"
 
 namespace {
 
@@ -34,15 +36,16 @@ ConsoleRun::ConsoleRun(CommandLine commandLine)
     : line(std::move(commandLine)), lastChoices(line.state) {}
 
 int ConsoleRun::Run() {
-  if (line.gestures.isEmpty()) {
-    throw StudioError("without a window the dialog needs --gestures FILE");
-  }
+  const bool isEmptyWindow = line.picture.isEmpty() && line.dialogPicture.isEmpty();
+  if (line.WantsPicturesOnly() && isEmptyWindow) return Photograph();
+  if (line.picture.isEmpty()) throw StudioError("which picture? See --help");
   for (const QString& path : line.exports) CheckExportEnding(path);
   const Interruption interruption;
-  const Picture picture = Picture::Read(line.picture);
-  OpenOutputs();
+  PlacePicture();
+  if (line.WantsPicturesOnly()) return Photograph();
 
-  MosaicChoices choices = ChoicesFor(picture.SizeInPoints(), LoadLastChoices());
+  OpenOutputs();
+  MosaicChoices choices = FirstChoices();
   if (!Ask(choices)) {
     Tell("The dialog was cancelled.");
     return kCancelled;
@@ -50,23 +53,56 @@ int ConsoleRun::Run() {
   const QByteArray json = RecordToJson(choices);
   Tell(json.trimmed());
   if (recordDevice) WriteAll(*recordDevice, json.toStdString());
-  if (!Build(picture, choices, interruption)) {
+  if (!Build(choices, interruption)) {
     Tell("The building was stopped.");
     return kCancelled;
   }
+  SaveWindowPicture();
   KeepChoices(choices);
-  for (const QString& path : line.exports) Tell("Wrote " + path);
+  for (const QString& path : line.exports + line.Pictures()) Tell("Wrote " + path);
   if (recordDevice) Tell("Wrote " + line.record);
   return kDone;
 }
 
+/// Shows what there is to be photographed, and lets nobody do anything with it.
+int ConsoleRun::Photograph() {
+  OpenPictureOutputs();
+  if (dialogPictureDevice) {
+    MosaicChoices choices = FirstChoices();
+    Ask(choices);
+  }
+  SaveWindowPicture();
+  outputs.Commit();
+  for (const QString& path : line.Pictures()) Tell("Wrote " + path);
+  return kDone;
+}
+
+void ConsoleRun::PlacePicture() {
+  Picture picture = Picture::Read(line.picture);
+  const bool isSizeKnown = !line.isSizeUnknown && IsUsableSize(picture.SizeInPoints());
+  artwork = std::make_shared<const Artwork>(
+      Artwork{line.picture, std::move(picture), isSizeKnown, nullptr});
+}
+
+MosaicChoices ConsoleRun::FirstChoices() const {
+  MosaicChoices choices = ChoicesFor(artwork->picture.SizeInPoints(), LoadLastChoices());
+  if (!artwork->isSizeKnown) choices.params.sizeUnavailable = 1;
+  return choices;
+}
+
 /// A place that cannot be written is found before anybody is asked anything.
 void ConsoleRun::OpenOutputs() {
-  outputs.Protect(line.picture);
   outputs.Protect(line.gestures);
   for (const QString& path : line.exports) exportDevices.push_back(&outputs.Add(path));
   if (!line.record.isEmpty()) recordDevice = &outputs.Add(line.record);
   if (lastChoices.IsNamed()) stateDevice = &outputs.Add(lastChoices.Path());
+  OpenPictureOutputs();
+}
+
+void ConsoleRun::OpenPictureOutputs() {
+  outputs.Protect(line.picture);
+  if (!line.dialogPicture.isEmpty()) dialogPictureDevice = &outputs.Add(line.dialogPicture);
+  if (!line.windowPicture.isEmpty()) windowPictureDevice = &outputs.Add(line.windowPicture);
 }
 
 std::optional<MosaicChoices> ConsoleRun::LoadLastChoices() const try {
@@ -77,30 +113,31 @@ std::optional<MosaicChoices> ConsoleRun::LoadLastChoices() const try {
   return std::nullopt;
 }
 
-bool ConsoleRun::Ask(MosaicChoices& choices) const {
-  const standin::GesturePlayer player(line.gestures.toStdString(), [this](const std::string& text) {
-    Warn(QString::fromStdString(text));
-  });
+bool ConsoleRun::Ask(MosaicChoices& choices) {
+  const auto user =
+      MakeDialogUser(line, [this](const std::string& text) { Warn(QString::fromStdString(text)); });
   Alerts alerts;
   try {
     MosaicCaller caller(alerts);
     const auto answer = caller.Ask(choices.params, choices.state);
     caller.Close();
-    if (!player.Problem().empty()) throw StudioError(QString::fromStdString(player.Problem()));
-    Tell("No block left.");
+    if (!user->Problem().isEmpty()) throw StudioError(user->Problem());
+    if (dialogPictureDevice) WriteAll(*dialogPictureDevice, user->Picture().toStdString());
+    if (!line.WantsPicturesOnly()) Tell("No block left.");
     return answer == MosaicCaller::Answer::kOk;
   } catch (const StudioError& error) {
     alerts.Fail(error);
   }
 }
 
-bool ConsoleRun::Build(const Picture& picture, const MosaicChoices& choices,
-                       const Interruption& interruption) {
-  MosaicJob job(picture, choices.params, choices.state);
+bool ConsoleRun::Build(const MosaicChoices& choices, const Interruption& interruption) {
+  MosaicJob job(artwork->picture, choices.params, choices.state);
+  const MosaicGeometry& geometry = job.Geometry();
   for (size_t i = 0; i < exportDevices.size(); ++i) {
     job.AddExport(line.exports[int(i)], *exportDevices[i]);
   }
-  const MosaicGeometry& geometry = job.Geometry();
+  Mosaic mosaic{choices, geometry, {}, job.Below()};
+  if (windowPictureDevice) job.Add(std::make_unique<TileSink>(geometry, mosaic.tiles));
   ProgressLine progress(!line.isQuiet);
   const bool isComplete = job.Run([&](int rowsDone) {
     progress.Show(rowsDone, geometry.tilesDown);
@@ -111,7 +148,15 @@ bool ConsoleRun::Build(const Picture& picture, const MosaicChoices& choices,
            .arg(qint64(geometry.tilesAcross) * geometry.tilesDown)
            .arg(geometry.tilesAcross)
            .arg(geometry.tilesDown));
+  if (!windowPictureDevice) return true;
+  Artwork made = *artwork;
+  made.mosaic = std::make_shared<const Mosaic>(std::move(mosaic));
+  artwork = std::make_shared<const Artwork>(std::move(made));
   return true;
+}
+
+void ConsoleRun::SaveWindowPicture() {
+  if (windowPictureDevice) WriteAll(*windowPictureDevice, WindowPicture(artwork).toStdString());
 }
 
 /// Choices in a named place come and go with the other files; those in the user's settings are a

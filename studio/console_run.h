@@ -6,7 +6,7 @@
 #include "studio/command_line.h"
 #include "studio/last_choices.h"
 #include "studio/output_set.h"
-#include "studio/picture.h"
+#include "studio/window/artwork.h"
 
 class Interruption;
 
@@ -20,11 +20,16 @@ class ConsoleRun {
   int Run();
 
  private:
+  int Photograph();
+  void PlacePicture();
   void OpenOutputs();
+  void OpenPictureOutputs();
   std::optional<MosaicChoices> LoadLastChoices() const;
-  bool Ask(MosaicChoices& choices) const;
-  bool Build(const Picture& picture, const MosaicChoices& choices,
-             const Interruption& interruption);
+  MosaicChoices FirstChoices() const;
+  bool Ask(MosaicChoices& choices);
+  /// False when the building was stopped.
+  bool Build(const MosaicChoices& choices, const Interruption& interruption);
+  void SaveWindowPicture();
   void KeepChoices(const MosaicChoices& choices);
 
   void Tell(const QString& text) const;
@@ -32,8 +37,11 @@ class ConsoleRun {
 
   const CommandLine line;
   const LastChoices lastChoices;
+  ArtworkPtr artwork;  // null before the picture is placed
   OutputSet outputs;
-  std::vector<QIODevice*> exportDevices;  // in the order of the command line's exports
-  QIODevice* recordDevice = nullptr;      // null when not asked for
-  QIODevice* stateDevice = nullptr;       // null when the choices go to the user's settings
+  std::vector<QIODevice*> exportDevices;     // in the order of the command line's exports
+  QIODevice* recordDevice = nullptr;         // null when not asked for
+  QIODevice* stateDevice = nullptr;          // null when the choices go to the user's settings
+  QIODevice* dialogPictureDevice = nullptr;  // null when not asked for
+  QIODevice* windowPictureDevice = nullptr;  // null when not asked for
 };

@@ -49,6 +49,10 @@ void LastChoices::Save(const MosaicChoices& choices) const {
   output.Commit();
 }
 
+bool IsUsableSize(QSizeF size) {
+  return IsUsable(size.width()) && IsUsable(size.height());
+}
+
 MosaicChoices ChoicesFor(QSizeF pictureSize, const std::optional<MosaicChoices>& last) {
   MosaicChoices choices;
   MosaicParameters& params = choices.params;
@@ -62,7 +66,7 @@ MosaicChoices ChoicesFor(QSizeF pictureSize, const std::optional<MosaicChoices>&
     params.deleteRaster = 1;
     params.keepHorizontal = 1;
   }
-  if (IsUsable(pictureSize.width()) && IsUsable(pictureSize.height())) {
+  if (IsUsableSize(pictureSize)) {
     params.boundsRight = int(std::lround(pictureSize.width()));
     params.boundsBottom = int(std::lround(pictureSize.height()));
   } else {

@@ -28,6 +28,9 @@ class LastChoices {
   QString path;
 };
 
+/// Whether the dialog can reckon with a size in points; it is told that others are not known.
+bool IsUsableSize(QSizeF size);
+
 /// The record for the dialog over a picture of this size in points: last counts and flags, or else
 /// square tiles, a hundred across.
 MosaicChoices ChoicesFor(QSizeF pictureSize, const std::optional<MosaicChoices>& last);

@@ -1,11 +1,17 @@
-#include <QGuiApplication>
+#include <QApplication>
+#include <QLibraryInfo>
+#include <QLocale>
+#include <QTranslator>
 #include <cstdio>
-#include <new>
 
 #include "platform/nrvcore/localizer.h"
+#include "platform/qt/theme.h"
 #include "platform/standin/resource_root.h"
 #include "studio/command_line.h"
 #include "studio/console_run.h"
+#include "studio/display.h"
+#include "studio/window/settings.h"
+#include "studio/window/studio_window.h"
 
 namespace {
 
@@ -15,37 +21,65 @@ void SpeakLanguage(const QString& code) {
   auto& localizer = nrvcore::config::Localizer::Get();
   localizer.SetCatalogues(standin::DefaultResourceRoot() / "translations");
   localizer.SetLanguage(code.toStdString());
+  if (!code.isEmpty()) QLocale::setDefault(QLocale(code));
+
+  // What Qt's own boxes say, where its translations are installed.
+  static QTranslator translator;
+  if (translator.load(QLocale(), "qtbase", "_", QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
+    QCoreApplication::installTranslator(&translator);
 }
 
-int RunStudio(const QStringList& arguments) {
-  const CommandLine line = CommandLine::Parse(arguments);
-  if (line.showHelp) {
-    std::fputs(qPrintable(CommandLine::HelpText()), stdout);
-    return 0;
-  }
-  if (line.showVersion) {
-    std::printf("tesserae-studio %s\n", qPrintable(QCoreApplication::applicationVersion()));
-    return 0;
-  }
+void TakeTheme(const QString& name) {
+  if (name.isEmpty()) return qtui::ApplyTheme(settings::ChosenTheme());
+  qtui::ApplyTheme(name == "dark"    ? qtui::Theme::kDark
+                   : name == "light" ? qtui::Theme::kLight
+                                     : qtui::Theme::kSystem);
+}
+
+int RunWindow(const CommandLine& line) {
+  StudioWindow window(line.state);
+  window.SetSizeUnknown(line.isSizeUnknown);
+  window.show();
+  if (!line.picture.isEmpty()) window.OpenPicture(line.picture);
+  const int status = QApplication::exec();
+  window.CloseModule();
+  return status;
+}
+
+int RunStudio(const CommandLine& line) {
   SpeakLanguage(line.language);
+  TakeTheme(line.theme);
+  if (line.WantsWindow() && HasDisplay()) return RunWindow(line);
   return ConsoleRun(line).Run();
 }
 
 /// What the libraries have to tell developers is nothing for the user's terminal.
 void PassOver(QtMsgType, const QMessageLogContext&, const QString&) {}
 
+QStringList Arguments(int argc, char** argv) {
+  QStringList arguments;
+  for (int i = 1; i < argc; ++i) arguments << QString::fromLocal8Bit(argv[i]);
+  return arguments;
+}
+
 }  // namespace
 
 int main(int argc, char** argv) try {
   qInstallMessageHandler(PassOver);
-  if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
-  const QGuiApplication application(argc, argv);
+  const CommandLine line = CommandLine::Parse(Arguments(argc, argv));
+  if (line.showHelp) {
+    std::fputs(qPrintable(CommandLine::HelpText()), stdout);
+    return 0;
+  }
+  if (line.showVersion) {
+    std::printf("tesserae-studio %s\n", TESSERAE_VERSION);
+    return 0;
+  }
+  ChoosePlatform(line.ShowsWindows());
+  const QApplication application(argc, argv);
   QCoreApplication::setApplicationName("tesserae-studio");
   QCoreApplication::setApplicationVersion(TESSERAE_VERSION);
-  return RunStudio(QCoreApplication::arguments().mid(1));
-} catch (const std::bad_alloc&) {
-  std::fputs("tesserae-studio: there is not enough memory\n", stderr);
-  return kSomethingWrong;
+  return RunStudio(line);
 } catch (const std::exception& error) {
   std::fprintf(stderr, "tesserae-studio: %s\n", error.what());
   return kSomethingWrong;

@@ -41,6 +41,15 @@ MosaicCaller::Answer MosaicCaller::Ask(MosaicParameters& params, MosaicDialogSta
   Fail("the dialog cannot be shown", Reason(code));
 }
 
+QString MosaicCaller::ModuleName() const {
+  return QString::fromStdString(module->Ref()->name);
+}
+
+void MosaicCaller::ShowAbout() {
+  const ResultCode code = module->About();
+  if (Failed(code)) Fail("the module says nothing about itself", Reason(code));
+}
+
 void MosaicCaller::Close() {
   const ResultCode code = module->ShutDown();
   if (Failed(code)) Fail("the module cannot be shut down", Reason(code));

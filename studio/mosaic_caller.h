@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QString>
 #include <memory>
 #include <string>
 
@@ -19,6 +20,11 @@ class MosaicCaller {
   /// Shows the dialog over both; they change on kOk only. Throws StudioError when the dialog cannot
   /// be shown or run.
   Answer Ask(MosaicParameters& params, MosaicDialogState& state);
+
+  /// Under which the module asked to be shown.
+  QString ModuleName() const;
+  /// Asks the module to show its about box. Throws StudioError when it cannot.
+  void ShowAbout();
 
   /// Shuts the module down. Throws StudioError when that fails or when the module holds anything
   /// after it.

@@ -1,0 +1,18 @@
+#pragma once
+
+#include <QString>
+
+#include "platform/nrvcore/localizer.h"
+
+inline nrvcore::config::ReplacementValue Replacement(const QString& text) {
+  const auto* units = reinterpret_cast<const char16_t*>(text.utf16());
+  return nrvcore::config::ReplacementValue(
+      nrvcore::UTF16String(std::u16string_view(units, size_t(text.size()))));
+}
+
+/// A key in the user's language, with `values` in the places of %1 to %4.
+template <typename... Values>
+QString Text(const char* key, const Values&... values) {
+  const auto text = nrvcore::config::Localizer::Get().Localize(key, {Replacement(values)...});
+  return QString::fromUtf16(text.View().data(), qsizetype(text.View().size()));
+}

@@ -1,0 +1,68 @@
+#include "studio/window/artboard_item.h"
+
+#include <QPainter>
+#include <QStyleOptionGraphicsItem>
+#include <algorithm>
+
+namespace {
+
+constexpr double kMargin = 0.06;  // around the art, in shares of its longer side
+constexpr int kShadowSteps = 6;   // each a pixel of the screen wide
+
+QRectF Around(QSizeF size) {
+  return {-size.width() / 2, -size.height() / 2, size.width(), size.height()};
+}
+
+}  // namespace
+
+ArtboardItem::ArtboardItem(const Artwork& artwork) : art(Around(artwork.Size())) {
+  // The page stays when the picture becomes a mosaic, unless that grows beyond it.
+  const QSizeF placed = artwork.picture.SizeInPoints();
+  const QSizeF size = placed.expandedTo(artwork.Size());
+  const double margin = kMargin * std::max(size.width(), size.height());
+  page = Around(size).adjusted(-margin, -margin, margin, margin);
+
+  if (!artwork.mosaic) {
+    picture.emplace(artwork.picture.Pixels());
+    return;
+  }
+  if (!artwork.mosaic->below.isNull()) picture.emplace(artwork.mosaic->below);
+  tiles.emplace(artwork.mosaic);
+}
+
+QRectF ArtboardItem::boundingRect() const {
+  const double reach = page.width() * 0.05 + kShadowSteps;
+  return page.adjusted(-reach, -reach, reach, reach);
+}
+
+void ArtboardItem::paint(QPainter* painter, const QStyleOptionGraphicsItem* option, QWidget*) {
+  const double scale = painter->worldTransform().m11();
+  painter->setPen(Qt::NoPen);
+  for (int step = kShadowSteps; step > 0; --step) {
+    const double reach = step / scale;
+    painter->setBrush(QColor(0, 0, 0, 10));
+    painter->drawRoundedRect(page.adjusted(-reach, -reach / 2, reach, reach * 1.5), reach, reach);
+  }
+  painter->fillRect(page, Qt::white);
+
+  if (picture) PaintPicture(*painter, *picture, art);
+  if (!tiles) return;
+  painter->save();
+  painter->translate(art.topLeft());
+  tiles->Paint(*painter, option->exposedRect.translated(-art.topLeft()));
+  painter->restore();
+}
+
+/// Large pixels keep their edges, small ones are smoothed.
+void ArtboardItem::PaintPicture(QPainter& painter, ImageLevels& levels, const QRectF& target) {
+  const QTransform transform = painter.combinedTransform();
+  const double ratio = painter.device()->devicePixelRatioF();
+  const QSize full = levels.Full().size();
+  const double pixelWidth = target.width() / full.width() * transform.m11() * ratio;
+  const double pixelHeight = target.height() / full.height() * transform.m22() * ratio;
+  constexpr double kLargePixel = 3;
+  const QImage& level = levels.For(pixelWidth, pixelHeight);
+  painter.setRenderHint(QPainter::SmoothPixmapTransform,
+                        std::max(pixelWidth, pixelHeight) < kLargePixel);
+  painter.drawImage(target, level);
+}

@@ -1,0 +1,31 @@
+#pragma once
+
+#include <QImage>
+#include <QString>
+#include <memory>
+
+#include "studio/mosaic_geometry.h"
+#include "studio/picture.h"
+#include "studio/record_json.h"
+
+/// A mosaic as it was built, and what it was built from besides the picture.
+struct Mosaic {
+  MosaicChoices choices;
+  MosaicGeometry geometry;
+  QImage tiles;  // a pixel a tile, Format_ARGB32
+  QImage below;  // lies under the tiles, as large as the mosaic; null for nothing
+};
+
+/// What lies on the artboard: a placed picture, or the mosaic that it became. Never changes; undo
+/// goes from one to another.
+struct Artwork {
+  QString path;  // the picture's file
+  Picture picture;
+  bool isSizeKnown = true;
+  std::shared_ptr<const Mosaic> mosaic;  // null before there is one
+
+  /// In points.
+  QSizeF Size() const { return mosaic ? mosaic->geometry.size : picture.SizeInPoints(); }
+};
+
+using ArtworkPtr = std::shared_ptr<const Artwork>;

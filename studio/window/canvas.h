@@ -1,0 +1,58 @@
+#pragma once
+
+#include <QGraphicsScene>
+#include <QGraphicsView>
+#include <functional>
+
+#include "studio/window/artboard_item.h"
+#include "studio/window/artwork.h"
+
+/// Shows an artwork on its artboard. Zooms with Ctrl and the wheel or with two fingers, moves with
+/// the wheel, with the space bar or the middle button held.
+class Canvas final : public QGraphicsView {
+ public:
+  explicit Canvas(QWidget* parent = nullptr);
+
+  /// Null shows an empty board. A picture that is new is shown whole; its mosaic takes its place
+  /// without moving anything.
+  void Show(const ArtworkPtr& artwork);
+
+  /// Screen units a point: 1 at 100 %.
+  double Zoom() const { return transform().m11(); }
+  /// Around the middle of what is seen.
+  void SetZoom(double zoom);
+  void ZoomIn();
+  void ZoomOut();
+  /// The whole page; it stays whole when the window's size changes, until somebody zooms.
+  void Fit();
+
+  void WhenZoomed(std::function<void()> hook) { zoomed = std::move(hook); }
+
+ protected:
+  void wheelEvent(QWheelEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
+  void keyReleaseEvent(QKeyEvent* event) override;
+  void focusOutEvent(QFocusEvent* event) override;
+  void mousePressEvent(QMouseEvent* event) override;
+  void mouseMoveEvent(QMouseEvent* event) override;
+  void mouseReleaseEvent(QMouseEvent* event) override;
+  void changeEvent(QEvent* event) override;
+  bool viewportEvent(QEvent* event) override;
+  void drawForeground(QPainter* painter, const QRectF& rect) override;
+
+ private:
+  void Scale(double zoom);
+  void ZoomAt(QPointF position, double factor);
+  void TakeColors();
+  void ShowCursor();
+
+  QGraphicsScene board;
+  ArtboardItem* item = nullptr;  // the scene's
+  ArtworkPtr shown;
+  QPoint grabbedAt;
+  bool isSpaceHeld = false;
+  bool isGrabbed = false;
+  bool isFitted = true;
+  std::function<void()> zoomed;
+};

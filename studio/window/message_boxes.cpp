@@ -1,0 +1,73 @@
+#include "studio/window/message_boxes.h"
+
+#include <QMessageBox>
+#include <QPushButton>
+
+#include "studio/text.h"
+#include "studio/window/line_icon.h"
+
+namespace {
+
+constexpr int kAboutIconSide = 56;
+
+QString OkText() {
+  return Text("$$$/Studio/Box/OK=OK");
+}
+
+/// Reasons are made to stand behind a colon.
+QString Sentence(QString reason) {
+  if (reason.isEmpty()) return reason;
+  reason[0] = reason[0].toUpper();
+  return reason.endsWith('.') ? reason : reason + '.';
+}
+
+}  // namespace
+
+void MessageBoxes::ShowAlert(const std::string& text) {
+  QMessageBox box(QMessageBox::Warning, Text("$$$/Studio/Box/AlertTitle=Tesserae Studio"),
+                  QString::fromStdString(text), QMessageBox::NoButton, window);
+  box.setObjectName("alert");
+  box.addButton(OkText(), QMessageBox::AcceptRole);
+  box.exec();
+}
+
+void MessageBoxes::ShowAbout(const std::string& firstText, const std::string& secondText) {
+  QMessageBox box(window);
+  box.setObjectName("about");
+  box.setWindowTitle(Text("$$$/Studio/Box/AboutTitle=About %1", QString::fromStdString(firstText)));
+  box.setIconPixmap(LineIcon(Drawing::kTesserae)
+                        .pixmap({kAboutIconSide, kAboutIconSide}, window->devicePixelRatioF()));
+  box.setTextFormat(Qt::PlainText);
+  box.setText(QString::fromStdString(firstText));
+  box.setInformativeText(QString::fromStdString(secondText));
+  box.addButton(OkText(), QMessageBox::AcceptRole);
+  box.exec();
+}
+
+void MessageBoxes::ShowError(const QString& text, const std::exception& error) const {
+  QMessageBox box(QMessageBox::Warning, Text("$$$/Studio/Box/AlertTitle=Tesserae Studio"), text,
+                  QMessageBox::NoButton, window);
+  box.setObjectName("error");
+  box.setInformativeText(Sentence(QString::fromUtf8(error.what())));
+  box.addButton(OkText(), QMessageBox::AcceptRole);
+  box.exec();
+}
+
+MessageBoxes::Answer MessageBoxes::AskBeforeClosing() const {
+  QMessageBox box(QMessageBox::Question, Text("$$$/Studio/Box/AlertTitle=Tesserae Studio"),
+                  Text("$$$/Studio/Box/NotExported=Your mosaic is not exported yet."),
+                  QMessageBox::NoButton, window);
+  box.setObjectName("notExported");
+  box.setInformativeText(Text("$$$/Studio/Box/LostOtherwise=If you close now, it is lost."));
+  auto* const exporting =
+      box.addButton(Text("$$$/Studio/Box/Export=&Export…"), QMessageBox::AcceptRole);
+  auto* const discarding = box.addButton(Text("$$$/Studio/Box/Discard=Close &Without Exporting"),
+                                         QMessageBox::DestructiveRole);
+  auto* const staying =
+      box.addButton(Text("$$$/Studio/Box/Cancel=Cancel"), QMessageBox::RejectRole);
+  box.setDefaultButton(exporting);
+  box.setEscapeButton(staying);
+  box.exec();
+  if (box.clickedButton() == exporting) return Answer::kExport;
+  return box.clickedButton() == discarding ? Answer::kDiscard : Answer::kStay;
+}

@@ -1,0 +1,72 @@
+#include "studio/window/settings.h"
+
+#include <QFileInfo>
+#include <QSettings>
+#include <QStandardPaths>
+#include <algorithm>
+
+namespace settings {
+
+namespace {
+
+constexpr int kMostRecentPictures = 8;
+constexpr const char* kRecentPictures = "recentPictures";
+constexpr const char* kTheme = "theme";
+constexpr const char* kExportFolder = "exportFolder";
+constexpr const char* kGeometry = "geometry";
+constexpr const char* kThemeNames[] = {"system", "light", "dark"};
+
+QSettings File() {
+  return QSettings(
+      QStandardPaths::writableLocation(QStandardPaths::AppConfigLocation) + "/window.ini",
+      QSettings::IniFormat);
+}
+
+}  // namespace
+
+QStringList RecentPictures() {
+  QStringList paths = File().value(kRecentPictures).toStringList();
+  paths.removeIf([](const QString& path) { return !QFileInfo(path).isFile(); });
+  return paths;
+}
+
+void AddRecentPicture(const QString& path) {
+  const QString absolute = QFileInfo(path).absoluteFilePath();
+  QStringList paths = RecentPictures();
+  paths.removeAll(absolute);
+  paths.prepend(absolute);
+  File().setValue(kRecentPictures, paths.mid(0, kMostRecentPictures));
+}
+
+void ClearRecentPictures() {
+  File().remove(kRecentPictures);
+}
+
+qtui::Theme ChosenTheme() {
+  const QString name = File().value(kTheme).toString();
+  const auto* const found = std::find(std::begin(kThemeNames), std::end(kThemeNames), name);
+  return found == std::end(kThemeNames) ? qtui::Theme::kSystem
+                                        : qtui::Theme(found - std::begin(kThemeNames));
+}
+
+void ChooseTheme(qtui::Theme theme) {
+  File().setValue(kTheme, kThemeNames[int(theme)]);
+}
+
+QString ExportFolder() {
+  return File().value(kExportFolder).toString();
+}
+
+void SetExportFolder(const QString& path) {
+  File().setValue(kExportFolder, path);
+}
+
+QByteArray WindowGeometry() {
+  return File().value(kGeometry).toByteArray();
+}
+
+void SetWindowGeometry(const QByteArray& geometry) {
+  File().setValue(kGeometry, geometry);
+}
+
+}  // namespace settings

@@ -1,0 +1,25 @@
+#pragma once
+
+#include <QStringList>
+
+#include "platform/qt/theme.h"
+
+/// What the window remembers from one time to the next, in the user's settings.
+namespace settings {
+
+/// Paths of pictures that were opened, the last one first; those that are gone are left out.
+QStringList RecentPictures();
+void AddRecentPicture(const QString& path);
+void ClearRecentPictures();
+
+qtui::Theme ChosenTheme();
+void ChooseTheme(qtui::Theme theme);
+
+/// Where the person exported to last; empty before the first time.
+QString ExportFolder();
+void SetExportFolder(const QString& path);
+
+QByteArray WindowGeometry();
+void SetWindowGeometry(const QByteArray& geometry);
+
+}  // namespace settings

@@ -1,0 +1,121 @@
+#include "studio/window/start_page.h"
+
+#include <QFileInfo>
+#include <QLabel>
+#include <QPainter>
+#include <QPushButton>
+#include <QStyle>
+#include <QToolButton>
+
+#include "studio/text.h"
+#include "studio/window/line_icon.h"
+
+namespace {
+
+constexpr int kIconSide = 72;
+constexpr int kMostPictures = 4;
+constexpr int kPadding = 40;
+
+QLabel* MakeLabel(const QString& text, const char* name, double size, bool isFaint) {
+  auto* const label = new QLabel(text);
+  label->setObjectName(name);
+  label->setAlignment(Qt::AlignCenter);
+  label->setWordWrap(true);
+  QFont font = label->font();
+  font.setPointSizeF(font.pointSizeF() * size);
+  label->setFont(font);
+  if (isFaint) label->setForegroundRole(QPalette::PlaceholderText);
+  return label;
+}
+
+class IconLabel final : public QWidget {
+ public:
+  IconLabel() { setFixedSize(kIconSide, kIconSide); }
+
+ protected:
+  void paintEvent(QPaintEvent*) override {
+    QPainter painter(this);
+    painter.setOpacity(0.45);
+    LineIcon(Drawing::kPicture).paint(&painter, rect());
+  }
+};
+
+}  // namespace
+
+StartPage::StartPage(std::function<void()> open, std::function<void(const QString&)> openPicture)
+    : openFile(std::move(openPicture)), frame(new QWidget(this)) {
+  setObjectName("startPage");
+  auto* const button = new QPushButton(Text("$$$/Studio/Start/Open=&Open Picture…"));
+  button->setObjectName("startOpen");
+  button->setDefault(true);
+  button->setAutoDefault(true);
+  QObject::connect(button, &QPushButton::clicked, this, std::move(open));
+
+  recent = new QWidget;
+  auto* const recentColumn = new QVBoxLayout(recent);
+  recentColumn->setContentsMargins(0, kPadding / 2, 0, 0);
+  recentColumn->addWidget(
+      MakeLabel(Text("$$$/Studio/Start/Recent=Recent pictures"), "recentTitle", 0.95, true));
+  recentList = new QVBoxLayout;
+  recentList->setSpacing(2);
+  recentColumn->addLayout(recentList);
+
+  auto* const column = new QVBoxLayout(frame);
+  column->setContentsMargins(kPadding, kPadding, kPadding, kPadding);
+  column->addWidget(new IconLabel, 0, Qt::AlignHCenter);
+  column->addSpacing(8);
+  column->addWidget(
+      MakeLabel(Text("$$$/Studio/Start/Drop=Drop a picture here"), "dropHint", 1.6, false));
+  column->addWidget(MakeLabel(Text("$$$/Studio/Start/What=It becomes a mosaic of as many tiles as "
+                                   "you like."),
+                              "whatHint", 1, true));
+  column->addSpacing(12);
+  column->addWidget(button, 0, Qt::AlignHCenter);
+  column->addWidget(recent);
+
+  auto* const page = new QVBoxLayout(this);
+  page->addStretch(1);
+  page->addWidget(frame, 0, Qt::AlignHCenter);
+  page->addStretch(1);
+  frame->setMinimumWidth(fontMetrics().averageCharWidth() * 64);
+  ShowRecent({});
+}
+
+void StartPage::ShowRecent(const QStringList& paths) {
+  while (QLayoutItem* const item = recentList->takeAt(0)) {
+    delete item->widget();
+    delete item;
+  }
+  recent->setVisible(!paths.isEmpty());
+  for (const QString& path : paths.mid(0, kMostPictures)) {
+    auto* const button = new QToolButton;
+    button->setText(QFileInfo(path).fileName().replace('&', "&&"));
+    button->setToolTip(path);
+    button->setAutoRaise(true);
+    button->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
+    button->setIcon(LineIcon(Drawing::kPicture));
+    QObject::connect(
+        button, &QToolButton::clicked, this, [this, path] { openFile(path); },
+        Qt::QueuedConnection);
+    recentList->addWidget(button, 0, Qt::AlignHCenter);
+  }
+}
+
+void StartPage::SetInviting(bool isInviting) {
+  isInvited = isInviting;
+  update();
+}
+
+void StartPage::paintEvent(QPaintEvent*) {
+  constexpr int kCorner = 14;
+  QPainter painter(this);
+  painter.setRenderHint(QPainter::Antialiasing);
+  QColor line = palette().color(isInvited ? QPalette::Highlight : QPalette::PlaceholderText);
+  QPen pen(line, isInvited ? 2.5 : 1.5);
+  pen.setDashPattern({5, 4});
+  painter.setPen(pen);
+  QColor fill = palette().color(isInvited ? QPalette::Highlight : QPalette::Base);
+  if (isInvited) fill.setAlphaF(0.12F);
+  painter.setBrush(fill);
+  painter.drawRoundedRect(QRectF(frame->geometry()).adjusted(2, 2, -2, -2), kCorner, kCorner);
+}

@@ -1,0 +1,90 @@
+#pragma once
+
+#include <QLabel>
+#include <QMainWindow>
+#include <QStackedWidget>
+#include <QUndoStack>
+#include <memory>
+#include <optional>
+
+#include "platform/qt/qt_presenter.h"
+#include "studio/last_choices.h"
+#include "studio/mosaic_caller.h"
+#include "studio/window/artwork.h"
+#include "studio/window/canvas.h"
+#include "studio/window/message_boxes.h"
+#include "studio/window/start_page.h"
+#include "studio/window/window_actions.h"
+
+/// The application's window: a picture on an artboard, and what can be made of it.
+class StudioWindow final : public QMainWindow {
+ public:
+  /// The last choices are kept where the user said, or in the user's settings when that is empty.
+  explicit StudioWindow(const QString& statePath);
+  ~StudioWindow() override;
+
+  /// These do what the menu does, and tell the person when it cannot be done. They answer whether
+  /// it was done.
+  bool OpenPicture(const QString& path);
+  bool CreateTesserae();
+  bool Export(const QString& path);
+
+  /// Whether pictures are placed as if their files did not say how large they are.
+  void SetSizeUnknown(bool isUnknown) { actions.placeUnknown->setChecked(isUnknown); }
+
+  /// Shows it without a way back to what was there before.
+  void Show(const ArtworkPtr& artwork);
+  const ArtworkPtr& Shown() const { return shown; }
+
+  /// Where the dialog shows.
+  qtui::QtPresenter& Presenter() { return presenter; }
+
+  /// Lets the module go. Throws StudioError when it kept something.
+  void CloseModule();
+
+ protected:
+  void closeEvent(QCloseEvent* event) override;
+  void dragEnterEvent(QDragEnterEvent* event) override;
+  void dragLeaveEvent(QDragLeaveEvent* event) override;
+  void dropEvent(QDropEvent* event) override;
+
+ private:
+  void Connect();
+  void MakeZoomMenu();
+  void MakeThemeMenu();
+  void FillRecentMenu();
+  void MakeStatusBar();
+
+  MosaicCaller& Caller();
+  void ShowAbout();
+  bool AskForPicture();
+  bool AskForExport();
+  bool Ask(MosaicChoices& choices);
+  std::shared_ptr<const Mosaic> Build(const MosaicChoices& choices);
+  void KeepChoices(const MosaicChoices& choices);
+  std::optional<MosaicChoices> LoadChoices();
+  /// Does what the studio can do only one at a time; tells what goes wrong. Answers whether it was
+  /// done.
+  bool Do(const QString& failure, const std::function<bool()>& work);
+
+  void Change(const QString& name, ArtworkPtr next);
+  void TakeUndoState();
+  void TakeArtwork(const ArtworkPtr& artwork);
+  void Tell(const QString& text);
+
+  const LastChoices lastChoices;
+  std::optional<MosaicChoices> choicesInMind;  // where they cannot be kept
+  MessageBoxes boxes;
+  qtui::QtPresenter presenter;
+  std::unique_ptr<MosaicCaller> caller;  // null until it could be made
+  ArtworkPtr shown;                      // null before the first picture
+  ArtworkPtr exported;                   // what was exported last
+  QUndoStack history;
+  WindowActions actions;
+  QStackedWidget* const pages;
+  StartPage* startPage;
+  Canvas* canvas;
+  QLabel* sizeLabel;
+  QLabel* tilesLabel;
+  bool isBusy = false;
+};

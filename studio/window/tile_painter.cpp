@@ -1,0 +1,125 @@
+#include "studio/window/tile_painter.h"
+
+#include <algorithm>
+#include <cmath>
+#include <cstring>
+
+namespace {
+
+constexpr double kSmallestPitch = 2;  // in pixels of the screen: a pixel then meets two tiles
+
+/// A tile's colour by its weight of 65536, added to sums of the channels.
+struct Sums {
+  uint32_t alpha = 0;
+  uint32_t red = 0;
+  uint32_t green = 0;
+  uint32_t blue = 0;
+
+  void Add(QRgb color, uint32_t weight) {
+    alpha += qAlpha(color) * weight;
+    red += qRed(color) * weight;
+    green += qGreen(color) * weight;
+    blue += qBlue(color) * weight;
+  }
+  QRgb Color() const { return qRgba(red >> 16, green >> 16, blue >> 16, alpha >> 16); }
+};
+
+}  // namespace
+
+TilePainter::TilePainter(std::shared_ptr<const Mosaic> shown)
+    : mosaic(std::move(shown)),
+      levels(mosaic->tiles.convertToFormat(QImage::Format_ARGB32_Premultiplied)) {}
+
+void TilePainter::Paint(QPainter& painter, const QRectF& exposed) {
+  const MosaicGeometry& geometry = mosaic->geometry;
+  const QTransform transform = painter.combinedTransform();
+  const double ratio = painter.device()->devicePixelRatioF();
+  const QRect seen = transform.mapRect(exposed & QRectF({0, 0}, geometry.size)).toAlignedRect() &
+                     QRect(0, 0, painter.device()->width(), painter.device()->height());
+  if (seen.isEmpty()) return;
+
+  const double scaleX = transform.m11() * ratio;
+  const double scaleY = transform.m22() * ratio;
+  const double pitchX = geometry.tile.width() + geometry.spacing.width();
+  const double pitchY = geometry.tile.height() + geometry.spacing.height();
+  const QImage& tiles =
+      levels.For(pitchX * scaleX / kSmallestPitch, pitchY * scaleY / kSmallestPitch);
+
+  // Fewer tiles than there are stand close together, and let through what the gaps would.
+  const bool isReduced =
+      tiles.width() < geometry.tilesAcross || tiles.height() < geometry.tilesDown;
+  QSizeF tile = geometry.tile;
+  QSizeF spacing = geometry.spacing;
+  double cover = 1;
+  if (isReduced) {
+    cover = tile.width() * geometry.tilesAcross / geometry.size.width() * tile.height() *
+            geometry.tilesDown / geometry.size.height();
+    tile = {geometry.size.width() / tiles.width(), geometry.size.height() / tiles.height()};
+    spacing = {0, 0};
+  }
+
+  QImage image((QSizeF(seen.size()) * ratio).toSize(), QImage::Format_ARGB32_Premultiplied);
+  if (image.isNull()) return;
+  Fill(image, tiles,
+       Divide((seen.left() - transform.dx()) / transform.m11(), 1 / scaleX, image.width(),
+              tile.width(), spacing.width(), tiles.width()),
+       Divide((seen.top() - transform.dy()) / transform.m22(), 1 / scaleY, image.height(),
+              tile.height(), spacing.height(), tiles.height()));
+  image.setDevicePixelRatio(ratio);
+
+  painter.save();
+  painter.resetTransform();
+  painter.setOpacity(painter.opacity() * cover);
+  painter.drawImage(seen.topLeft(), image);
+  painter.restore();
+}
+
+std::vector<TilePainter::Line> TilePainter::Divide(double start, double step, int pixels,
+                                                   double tile, double spacing, int tiles) {
+  const double pitch = tile + spacing;
+  std::vector<Line> lines(static_cast<size_t>(pixels));
+  for (int i = 0; i < pixels; ++i) {
+    const double from = start + i * step;
+    const auto weightOf = [&](int index) {
+      if (index < 0 || index >= tiles) return 0;
+      const double covered =
+          std::min(from + step, index * pitch + tile) - std::max(from, index * pitch);
+      return int(std::lround(std::clamp(covered / step, 0.0, 1.0) * 256));
+    };
+    const int first = int(std::floor(from / pitch));
+    Line& line = lines[size_t(i)];
+    line = {first, weightOf(first), weightOf(first + 1)};
+    if (line.weight == 0) line = {first + 1, line.nextWeight, 0};
+    if (line.weight == 0) line.tile = 0;
+    line.nextWeight = std::min(line.nextWeight, 256 - line.weight);
+  }
+  return lines;
+}
+
+void TilePainter::Fill(QImage& image, const QImage& tiles, const std::vector<Line>& columns,
+                       const std::vector<Line>& rows) {
+  for (size_t y = 0; y < rows.size(); ++y) {
+    const Line& row = rows[y];
+    auto* line = reinterpret_cast<QRgb*>(image.scanLine(int(y)));
+    if (y > 0 && row == rows[y - 1]) {
+      std::memcpy(line, image.constScanLine(int(y) - 1), size_t(image.bytesPerLine()));
+      continue;
+    }
+    const auto* upper = reinterpret_cast<const QRgb*>(tiles.constScanLine(row.tile));
+    const auto* lower =
+        reinterpret_cast<const QRgb*>(tiles.constScanLine(row.tile + (row.nextWeight > 0 ? 1 : 0)));
+    for (const Line& column : columns) {
+      if (column.weight == 256 && row.weight == 256) {
+        *line++ = upper[column.tile];
+        continue;
+      }
+      Sums sums;
+      const int next = column.tile + (column.nextWeight > 0 ? 1 : 0);
+      sums.Add(upper[column.tile], uint32_t(column.weight * row.weight));
+      sums.Add(upper[next], uint32_t(column.nextWeight * row.weight));
+      sums.Add(lower[column.tile], uint32_t(column.weight * row.nextWeight));
+      sums.Add(lower[next], uint32_t(column.nextWeight * row.nextWeight));
+      *line++ = sums.Color();
+    }
+  }
+}

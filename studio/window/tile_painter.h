@@ -1,0 +1,37 @@
+#pragma once
+
+#include <QPainter>
+#include <vector>
+
+#include "studio/window/artwork.h"
+#include "studio/window/image_levels.h"
+
+/// Draws a mosaic on the screen pixel by pixel, in a time that goes with the pixels that are seen
+/// and not with the tiles: pixels that a tile covers in part take their share of its colour, and
+/// tiles that are smaller than that are drawn from fewer and larger ones.
+class TilePainter {
+ public:
+  explicit TilePainter(std::shared_ptr<const Mosaic> shown);
+
+  /// With the mosaic's top left corner at the painter's origin, a unit a point. The painter's
+  /// transformation may scale and move. Only `exposed` needs to be drawn.
+  void Paint(QPainter& painter, const QRectF& exposed);
+
+ private:
+  /// The tile that a line of pixels begins in, the weights of it and of the next, up to 256.
+  struct Line {
+    int tile = 0;
+    int weight = 0;
+    int nextWeight = 0;
+
+    bool operator==(const Line&) const = default;
+  };
+
+  static std::vector<Line> Divide(double start, double step, int pixels, double tile,
+                                  double spacing, int tiles);
+  static void Fill(QImage& image, const QImage& tiles, const std::vector<Line>& columns,
+                   const std::vector<Line>& rows);
+
+  const std::shared_ptr<const Mosaic> mosaic;
+  ImageLevels levels;
+};

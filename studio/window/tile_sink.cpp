@@ -1,0 +1,14 @@
+#include "studio/window/tile_sink.h"
+
+#include <cstring>
+
+#include "studio/studio_error.h"
+
+TileSink::TileSink(const MosaicGeometry& geometry, QImage& tiles) : image(tiles) {
+  image = QImage(geometry.tilesAcross, geometry.tilesDown, QImage::Format_ARGB32);
+  if (image.isNull()) throw StudioError("no memory for that many tiles");
+}
+
+void TileSink::AddRow(std::span<const QRgb> row) {
+  std::memcpy(image.scanLine(rows++), row.data(), row.size_bytes());
+}

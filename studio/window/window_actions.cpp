@@ -1,0 +1,137 @@
+#include "studio/window/window_actions.h"
+
+#include <QMenuBar>
+#include <QToolBar>
+#include <QToolButton>
+#include <optional>
+
+#include "studio/text.h"
+#include "studio/window/line_icon.h"
+
+namespace {
+
+struct Row {
+  QAction* WindowActions::*action;
+  const char* name;
+  const char* caption;
+  const char* tip;
+  const char* shortcuts;  // separated by "; "
+  std::optional<Drawing> drawing = std::nullopt;
+};
+
+constexpr Row kRows[] = {
+    {&WindowActions::open, "open", "$$$/Studio/Menu/Open=&Open Picture…",
+     "$$$/Studio/Tip/Open=Place a picture on the artboard", "Ctrl+O", Drawing::kOpen},
+    {&WindowActions::placeUnknown, "placeUnknown",
+     "$$$/Studio/Menu/PlaceUnknown=Place With &Unknown Size",
+     "$$$/Studio/Tip/PlaceUnknown=Place pictures as if their files did not say how large they are",
+     ""},
+    {&WindowActions::exportMosaic, "export", "$$$/Studio/Menu/Export=&Export…",
+     "$$$/Studio/Tip/Export=Save the mosaic as SVG, PDF or PNG", "Ctrl+E; Ctrl+S",
+     Drawing::kExport},
+    {&WindowActions::quit, "quit", "$$$/Studio/Menu/Quit=&Quit", "", "Ctrl+Q"},
+    {&WindowActions::undo, "undo", "$$$/Studio/Menu/Undo=&Undo", "$$$/Studio/Tip/Undo=Undo",
+     "Ctrl+Z", Drawing::kUndo},
+    {&WindowActions::redo, "redo", "$$$/Studio/Menu/Redo=&Redo", "$$$/Studio/Tip/Redo=Redo",
+     "Ctrl+Shift+Z; Ctrl+Y", Drawing::kRedo},
+    {&WindowActions::tesserae, "createTesserae", "$$$/Studio/Menu/CreateTesserae=&Create Tesserae…",
+     "$$$/Studio/Tip/CreateTesserae=Turn the picture into a mosaic", "Ctrl+T", Drawing::kTesserae},
+    {&WindowActions::zoomIn, "zoomIn", "$$$/Studio/Menu/ZoomIn=Zoom &In",
+     "$$$/Studio/Tip/ZoomIn=Zoom in", "Ctrl++; Ctrl+=", Drawing::kZoomIn},
+    {&WindowActions::zoomOut, "zoomOut", "$$$/Studio/Menu/ZoomOut=Zoom &Out",
+     "$$$/Studio/Tip/ZoomOut=Zoom out", "Ctrl+-", Drawing::kZoomOut},
+    {&WindowActions::actualSize, "actualSize", "$$$/Studio/Menu/ActualSize=&Actual Size", "",
+     "Ctrl+1"},
+    {&WindowActions::fit, "fit", "$$$/Studio/Menu/Fit=&Fit in Window",
+     "$$$/Studio/Tip/Fit=Fit in the window", "Ctrl+0", Drawing::kFit},
+    {&WindowActions::about, "about", "$$$/Studio/Menu/About=&About", "", ""},
+    {&WindowActions::zoom, "zoom", "$$$/Studio/Menu/Zoom=&Zoom", "$$$/Studio/Tip/Zoom=Zoom", ""},
+};
+
+/// "Zoom in (Ctrl++)"
+QString ToolTip(const Row& row, const QAction& action) {
+  const QString keys = action.shortcut().toString(QKeySequence::NativeText);
+  return keys.isEmpty() ? Text(row.tip)
+                        : Text("$$$/Studio/Tip/WithKeys=%1 (%2)", Text(row.tip), keys);
+}
+
+void MakeAction(QMainWindow& window, WindowActions& actions, const Row& row) {
+  auto* const action = new QAction(Text(row.caption), &window);
+  action->setObjectName(row.name);
+  action->setShortcuts(QKeySequence::listFromString(row.shortcuts));
+  if (*row.tip) action->setToolTip(ToolTip(row, *action));
+  if (row.drawing) action->setIcon(LineIcon(*row.drawing));
+  action->setIconVisibleInMenu(false);
+  actions.*row.action = action;
+}
+
+void FillMenus(QMainWindow& window, WindowActions& actions) {
+  QMenuBar& bar = *window.menuBar();
+  QMenu* const file = bar.addMenu(Text("$$$/Studio/Menu/File=&File"));
+  file->addAction(actions.open);
+  actions.recent = file->addMenu(Text("$$$/Studio/Menu/Recent=Open &Recent"));
+  actions.recent->setObjectName("recent");
+  file->addAction(actions.placeUnknown);
+  file->addSeparator();
+  file->addAction(actions.exportMosaic);
+  file->addSeparator();
+  file->addAction(actions.quit);
+
+  QMenu* const edit = bar.addMenu(Text("$$$/Studio/Menu/Edit=&Edit"));
+  edit->addActions({actions.undo, actions.redo});
+
+  QMenu* const object = bar.addMenu(Text("$$$/Studio/Menu/Object=&Object"));
+  object->addAction(actions.tesserae);
+
+  QMenu* const view = bar.addMenu(Text("$$$/Studio/Menu/View=&View"));
+  view->addActions({actions.zoomIn, actions.zoomOut, actions.actualSize, actions.fit});
+  view->addSeparator();
+  actions.theme = view->addMenu(Text("$$$/Studio/Menu/Theme=&Theme"));
+
+  QMenu* const help = bar.addMenu(Text("$$$/Studio/Menu/Help=&Help"));
+  help->addAction(actions.about);
+}
+
+/// The buttons that a newcomer looks for say what they do.
+void ShowText(QToolBar& bar, QAction* action) {
+  auto* const button = qobject_cast<QToolButton*>(bar.widgetForAction(action));
+  button->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
+}
+
+void FillToolBar(QMainWindow& window, WindowActions& actions) {
+  QToolBar* const bar = window.addToolBar(Text("$$$/Studio/Menu/ToolBar=Toolbar"));
+  bar->setObjectName("toolBar");
+  bar->setMovable(false);
+  bar->setContextMenuPolicy(Qt::PreventContextMenu);
+  const int side = window.fontMetrics().height() * 6 / 5;
+  bar->setIconSize({side, side});
+  bar->addAction(actions.open);
+  bar->addSeparator();
+  bar->addAction(actions.tesserae);
+  bar->addSeparator();
+  bar->addActions({actions.undo, actions.redo});
+  auto* const gap = new QWidget;
+  gap->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Preferred);
+  bar->addWidget(gap);
+  bar->addActions({actions.zoomOut, actions.zoom, actions.zoomIn, actions.fit});
+  bar->addSeparator();
+  bar->addAction(actions.exportMosaic);
+  for (QAction* action : {actions.open, actions.tesserae, actions.exportMosaic}) {
+    ShowText(*bar, action);
+  }
+  auto* const zoom = qobject_cast<QToolButton*>(bar->widgetForAction(actions.zoom));
+  zoom->setPopupMode(QToolButton::InstantPopup);
+  zoom->setToolButtonStyle(Qt::ToolButtonTextOnly);
+  zoom->setMinimumWidth(zoom->fontMetrics().horizontalAdvance("0000.0 %") + side);
+}
+
+}  // namespace
+
+WindowActions::WindowActions(QMainWindow& window) {
+  for (const Row& row : kRows) MakeAction(window, *this, row);
+  placeUnknown->setCheckable(true);
+  about->setMenuRole(QAction::AboutRole);
+  quit->setMenuRole(QAction::QuitRole);
+  FillMenus(window, *this);
+  FillToolBar(window, *this);
+}

@@ -1,0 +1,8 @@
+#pragma once
+
+#include <QByteArray>
+
+#include "studio/window/artwork.h"
+
+/// What the studio's window looks like over this artwork, as PNG; null is the empty window.
+QByteArray WindowPicture(const ArtworkPtr& artwork);
