@@ -3,6 +3,7 @@
 #include <array>
 #include <bit>
 #include <cstddef>
+#include <vector>
 
 #include "platform/vxui/drawing_supplier_source.h"
 #include "platform/vxui/sheet_factory.h"
@@ -11,39 +12,35 @@
 
 namespace {
 
+using Slots = std::vector<std::size_t>;
+
 /// A pointer to a virtual operation holds its slot's offset, on some machines plus 1.
-template <class Operation>
-std::size_t Slot(Operation operation) {
-  return std::bit_cast<std::array<std::size_t, 2>>(operation)[0] / sizeof(void*);
+template <class... Operations>
+Slots SlotsOf(Operations... operations) {
+  return {std::bit_cast<std::array<std::size_t, 2>>(operations)[0] / sizeof(void*)...};
 }
 
 }  // namespace
 
-TEST(Slots, HostObjectsGoByPosition) {
-  EXPECT_EQ(Slot(&SheetFactory::CreateSheetHolder), 0u);
-  EXPECT_EQ(Slot(&SheetFactory::RegisterDialogView), 6u);
-  EXPECT_EQ(Slot(&DrawingSupplierSource::GetDrawingSupplier), 3u);
-  EXPECT_EQ(Slot(&SheetHolder::GetSheetView), 0u);
-  EXPECT_EQ(Slot(&SheetHolder::GetLayoutNode), 1u);
-  EXPECT_EQ(Slot(&SheetHolder::GetSheet), 2u);
-  EXPECT_EQ(Slot(&SheetHolder::GetInitialFocus), 3u);
-  EXPECT_EQ(Slot(&SheetHolder::ResizeSheet), 4u);
-  EXPECT_EQ(Slot(&SheetHolder::SetMessageCallback), 5u);
-}
+TEST(Slots, HostObjectsAndDialogsGoByPosition) {
+  EXPECT_EQ(SlotsOf(&SheetFactory::CreateSheetHolder, &SheetFactory::RegisterDialogView),
+            (Slots{0, 6}));
+  EXPECT_EQ(SlotsOf(&DrawingSupplierSource::GetDrawingSupplier), Slots{3});
+  EXPECT_EQ(SlotsOf(&SheetHolder::GetSheetView, &SheetHolder::GetLayoutNode, &SheetHolder::GetSheet,
+                    &SheetHolder::GetInitialFocus, &SheetHolder::ResizeSheet,
+                    &SheetHolder::SetMessageCallback),
+            (Slots{0, 1, 2, 3, 4, 5}));
 
-TEST(Slots, DialogsKeepTheirOrder) {
   using nrvui::ui::UI_Dialog;
   using vx::ui::UI_PopupModalDialog;
-  const std::size_t rect = Slot(&UI_Dialog::UI_ContentRectChanged);
-  EXPECT_EQ(Slot(&UI_Dialog::UI_ActivationChanged), rect - 1);
-  EXPECT_EQ(Slot(&UI_Dialog::UI_DisabledStateChanged), rect + 1);
-
-  const std::size_t last = Slot(&UI_Dialog::DefaultCloseCancel);
-  EXPECT_EQ(Slot(&UI_Dialog::DefaultCloseOk), last - 1);
-  EXPECT_EQ(Slot(&UI_Dialog::SetResponse), last - 2);
-  EXPECT_EQ(Slot(&UI_Dialog::OnCloseButton), last - 3);
-  EXPECT_EQ(Slot(&UI_Dialog::OnEscapeKey), last - 4);
-  EXPECT_EQ(Slot(&UI_Dialog::OnReturnKey), last - 5);
-  EXPECT_EQ(Slot(&UI_PopupModalDialog::MayPopUp), last + 1);
-  EXPECT_EQ(Slot(&UI_PopupModalDialog::OnDismiss), last + 3);
+  const std::size_t view = SlotsOf(&UI_Dialog::UI_ActivationChanged)[0];
+  EXPECT_EQ(SlotsOf(&UI_Dialog::UI_ContentRectChanged, &UI_Dialog::UI_DisabledStateChanged),
+            (Slots{view + 1, view + 2}));
+  const std::size_t first = SlotsOf(&UI_Dialog::OnReturnKey)[0];
+  EXPECT_EQ(SlotsOf(&UI_Dialog::OnEscapeKey, &UI_Dialog::OnCloseButton, &UI_Dialog::SetResponse,
+                    &UI_Dialog::DefaultCloseOk, &UI_Dialog::DefaultCloseCancel,
+                    &UI_PopupModalDialog::MayPopUp, &UI_PopupModalDialog::OnPopUp,
+                    &UI_PopupModalDialog::OnDismiss),
+            (Slots{first + 1, first + 2, first + 3, first + 4, first + 5, first + 6, first + 7,
+                   first + 8}));
 }
