@@ -1,0 +1,108 @@
+#include <charconv>
+#include <cstring>
+#include <map>
+#include <string>
+#include <string_view>
+
+#include "fuzz/require.h"
+#include "host/plugin_main.h"
+#include "mosaic/mosaic_suite.h"
+#include "platform/nrvui/scripted_presenter.h"
+#include "platform/standin/host.h"
+#include "platform/standin/module.h"
+
+// A whole session of the host with the plug-in, a line each:
+//
+//     CALLER|SELECTOR|NOTIFIER TYPE     a message
+//     >GESTURE                          what a person will do in the dialogs that follow
+//     !HEX DIGITS                       a dialog over these bytes of record and state
+
+namespace {
+
+using nrvui::gestures::GestureScript;
+using nrvui::gestures::ScriptedPresenter;
+using nrvui::gestures::ScriptError;
+
+constexpr size_t kLongestSession = 64;
+
+std::string_view Take(std::string_view& rest, char end) {
+  const std::string_view taken = rest.substr(0, rest.find(end));
+  rest.remove_prefix(std::min(taken.size() + 1, rest.size()));
+  return taken;
+}
+
+class Session {
+ public:
+  void Play(std::string_view lines) {
+    Require(module.StartUp() == ResultCode::kSuccess);
+    for (size_t i = 0; i < kLongestSession && !lines.empty(); ++i) {
+      const std::string_view line = Take(lines, '\n');
+      if (line.starts_with('>')) {
+        gestures.append(line.substr(1)).push_back('\n');
+      } else if (line.starts_with('!')) {
+        RunDialog(line.substr(1));
+      } else {
+        Send(line);
+      }
+    }
+    Require(module.ShutDown() == ResultCode::kSuccess);
+    Require(host.Leftovers().empty());
+  }
+
+ private:
+  void Send(std::string_view line) {
+    const std::string caller(Take(line, '|'));
+    const std::string selector(Take(line, '|'));
+    Require(Answer(caller, selector, std::string(line)) == ResultCode::kSuccess);
+  }
+
+  ResultCode Answer(const std::string& caller, const std::string& selector,
+                    const std::string& notifierType) {
+    if (caller == "VX Notifier") return module.Notify(notifierType.c_str(), selector.c_str());
+    // A host keeps its own book of what begins and ends, and starts a plug-in once.
+    const bool lives = caller == "QP Interface";
+    if (lives && selector == "Startup")
+      return module.Globals() ? ResultCode::kSuccess : module.StartUp();
+    if (lives && selector == "Shutdown") return module.ShutDown();
+    return module.Send(caller.c_str(), selector.c_str());
+  }
+
+  void RunDialog(std::string_view hex) {
+    const auto* suite = host.Suites().Find<MosaicSuite>();
+    if (!module.Globals() || !suite) return;
+    struct {
+      MosaicParameters record;
+      MosaicDialogState state;
+    } given{}, memory{};
+    for (size_t i = 0; i < sizeof given && i * 2 + 1 < hex.size(); ++i)
+      std::from_chars(&hex[i * 2], &hex[i * 2] + 2, reinterpret_cast<uint8_t*>(&given)[i], 16);
+    std::memcpy(&memory, &given, sizeof memory);
+    try {
+      ScriptedPresenter person(GestureScript::Parse(gestures, "gestures"));
+      const nrvui::ui::InstalledPresenter installed(person);
+      MosaicParameters* params = &memory.record;
+      const ResultCode code = suite->RunMosaicDialog(&memory.state, &params);
+      if (code != ResultCode::kSuccess) {
+        Require(code == ResultCode::kCancelled || code == ResultCode::kCannot);
+        Require(std::memcmp(&memory, &given, sizeof memory) == 0);
+      } else {
+        Require(memory.record.tilesAcross == memory.record.tilesAcrossCopy);
+        Require(std::memcmp(&memory.record.boundsLeft, &given.record.boundsLeft, 16) == 0);
+      }
+    } catch (const ScriptError&) {
+      gestures.clear();
+    }
+  }
+
+  standin::RecordingUserInterface screen;
+  standin::Host host{screen};
+  standin::Module module{host, &PluginMain, "fuzzed"};
+  std::string gestures;
+};
+
+}  // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
+  Session().Play({reinterpret_cast<const char*>(data), size});
+  return 0;
+}

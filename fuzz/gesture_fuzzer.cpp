@@ -1,0 +1,24 @@
+#include <string_view>
+
+#include "fuzz/require.h"
+#include "platform/nrvui/gesture_script.h"
+
+using nrvui::gestures::GestureScript;
+using nrvui::gestures::ScriptError;
+using nrvui::gestures::Step;
+
+/// A gesture file: refused with line and reason, or steps in the order of their lines.
+extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
+  try {
+    const auto script = GestureScript::Parse({reinterpret_cast<const char*>(data), size}, "file");
+    size_t line = 0;
+    for (const Step& step : script.Steps()) {
+      Require(step.line > line);
+      line = step.line;
+      Require(step.text.find('\n') == step.text.npos && step.target.find(' ') == step.target.npos);
+    }
+  } catch (const ScriptError& error) {
+    Require(error.Line() > 0 && !error.Reason().empty());
+  }
+  return 0;
+}

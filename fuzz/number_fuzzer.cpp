@@ -1,0 +1,29 @@
+#include <cmath>
+#include <string_view>
+
+#include "fuzz/require.h"
+#include "platform/nrvcore/unicode.h"
+#include "platform/nrvui/number_text.h"
+
+using nrvui::controls::FormatNumber;
+using nrvui::controls::NumberUnit;
+using nrvui::controls::ParseNumber;
+using nrvui::gestures::Refusal;
+
+/// What a person types into a number field, after a character that chooses the field's unit and the
+/// language's decimal sign: refused, or a number that is still the same once it was displayed.
+extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
+  if (size == 0) return 0;
+  const auto unit = static_cast<NumberUnit>(data[0] % 3);
+  const char16_t decimalSign = data[0] / 3 % 2 ? u',' : u'.';
+  const auto entry =
+      nrvcore::utility::UTF8ToUTF16({reinterpret_cast<const char*>(data) + 1, size - 1});
+  const auto parsed = ParseNumber(entry.View(), unit, decimalSign);
+  if (parsed.refusal != Refusal::kNone) return 0;
+  Require(std::isfinite(parsed.value));
+  const auto shown = FormatNumber(parsed.value, unit, decimalSign);
+  const auto again = ParseNumber(shown.View(), unit, decimalSign);
+  Require(again.refusal == Refusal::kNone);
+  Require(std::abs(again.value - parsed.value) <= 0.5001e-4 + std::abs(parsed.value) * 1e-15);
+  return 0;
+}
