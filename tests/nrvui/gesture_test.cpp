@@ -107,57 +107,42 @@ TEST(Click, ButtonsNotifyAndTheRegisteredOnesClose) {
 }
 
 TEST(Gestures, OutOfReachDoNothing) {
-  const struct {
-    Refusal refusal;
-    void (*arrange)(TestDialog&);
-  } cases[] = {
-      {Refusal::kHidden, [](TestDialog& test) { test.panel->UI_Show(false); }},
-      {Refusal::kDialogClosed, [](TestDialog& test) { test.dialog->DefaultCloseCancel(); }},
-      {Refusal::kDisabled,
-       [](TestDialog& test) {
-         for (const auto& child : Children(*test.panel)) {
-           dynamic_cast<UI_ControlView&>(*child).SetDisabled(true);
-         }
-       }},
-  };
-  for (const auto& [refusal, arrange] : cases) {
+  for (const Refusal refusal : {Refusal::kHidden, Refusal::kDisabled, Refusal::kDialogClosed}) {
     TestDialog test;
-    arrange(test);
-    const DialogResponse response = test.dialog->GetResponse();
-    EXPECT_EQ(Enter(*test.dialog, *test.width, u"5").refusal, refusal);
+    if (refusal == Refusal::kHidden) test.panel->UI_Show(false);
+    if (refusal == Refusal::kDialogClosed) test.dialog->DefaultCloseCancel();
     for (const auto& child : Children(*test.panel)) {
-      EXPECT_EQ(Click(*test.dialog, *child).refusal, refusal);
+      auto& control = dynamic_cast<UI_ControlView&>(*child);
+      control.SetDisabled(refusal == Refusal::kDisabled);
+      EXPECT_EQ(Click(*test.dialog, control).refusal, refusal);
     }
-    EXPECT_EQ(test.width->GetValue(), u"300 pt");
+    EXPECT_EQ(Enter(*test.dialog, *test.width, u"5").refusal, refusal);
+    EXPECT_EQ(test.width->GetNumber(), 300);
     EXPECT_FALSE(test.percent->IsChecked());
-    EXPECT_EQ(test.dialog->GetResponse(), response);
+    EXPECT_NE(test.dialog->GetResponse(), kOkResponse);
     EXPECT_EQ(test.Notified(), "");
   }
 }
 
 TEST(Gestures, KeysAndCloseBoxAnswerToTheButtons) {
-  const auto noButtons = [](TestDialog& test) {
-    test.dialog->SetOkButton(nullptr);
-    test.dialog->SetCancelButton(nullptr);
-  };
-  const auto disabled = [](TestDialog& test) {
-    test.ok->SetDisabled(true);
-    test.cancel->SetDisabled(true);
-  };
   const struct {
-    void (*arrange)(TestDialog&);
+    bool areSet, areDisabled, areShown;
     DialogResponse onReturn, onEscape;
   } cases[] = {
-      {[](TestDialog&) {}, kOkResponse, kCancelResponse},
-      {noButtons, kNoResponse, kCancelResponse},
-      {disabled, kNoResponse, kNoResponse},
-      {[](TestDialog& test) { test.panel->UI_Show(false); }, kNoResponse, kCancelResponse},
+      {true, false, true, kOkResponse, kCancelResponse},
+      {false, false, true, kNoResponse, kCancelResponse},
+      {true, true, true, kNoResponse, kNoResponse},
+      {true, false, false, kNoResponse, kCancelResponse},
   };
-  for (const auto& [arrange, onReturn, onEscape] : cases) {
+  for (const auto& [areSet, areDisabled, areShown, onReturn, onEscape] : cases) {
     TestDialog test;
-    arrange(test);
+    test.dialog->SetOkButton(areSet ? test.ok : nullptr);
+    test.dialog->SetCancelButton(areSet ? test.cancel : nullptr);
+    test.ok->SetDisabled(areDisabled);
+    test.cancel->SetDisabled(areDisabled);
+    test.panel->UI_Show(areShown);
     for (const auto& [key, response] :
-         {std::pair(Key::kReturn, onReturn), {Key::kEscape, onEscape}}) {
+         {std::pair(Key::kReturn, onReturn), std::pair(Key::kEscape, onEscape)}) {
       const Outcome outcome = Press(*test.dialog, key);
       EXPECT_EQ(outcome.refusal, response ? Refusal::kNone : Refusal::kStaysOpen);
       EXPECT_EQ(test.dialog->GetResponse(), response);

@@ -1,15 +1,10 @@
 #include <gtest/gtest.h>
 
-#include <boost/smart_ptr/make_shared.hpp>
-#include <cmath>
 #include <stdexcept>
 #include <string>
 
 #include "platform/nrvui/ui_node.h"
-#include "platform/nrvui/ui_sub_view.h"
-
 using namespace nrvui::ui;
-using nrvcore::geom::RectT;
 using NodePtr = boost::intrusive_ptr<UI_Node>;
 
 namespace {
@@ -22,16 +17,6 @@ struct Counted : UI_Node {
   }
 
   int& destroyed;
-};
-
-struct Recorder : UI_SubView, NodeObserver {
-  void UI_ContentRectChanged(const RectT<float>& rect) override {
-    EXPECT_EQ(rect, UI_GetLocalRectF(false)) << "it is already in force";
-    story += "rect ";
-  }
-  void NodeChanged(UI_Node&) override { story += "observer "; }
-
-  std::string story;
 };
 
 std::string ChildIDs(const UI_Node& node) {
@@ -85,21 +70,4 @@ TEST(Node, ChildrenKeepTheirOrderAndKnowTheirParent) {
   other.reset();
   parent.reset();
   EXPECT_EQ(b->UI_GetParentContainer(), nullptr) << "the parent is gone";
-}
-
-TEST(Node, ASizeThatDiffersIsToldInOrder) {
-  const boost::intrusive_ptr<Recorder> node = new Recorder;
-  node->UI_SetObserver(node.get());
-  node->UI_InstallSizeChangedNotifyFunction(
-      boost::make_shared<boost::function<void()>>([&] { node->story += "notify "; }));
-  node->UI_SetLocalRectF({5, 5, 35, 25});
-  EXPECT_EQ(node->story, "rect notify observer ");
-  node->UI_SetLocalRectF({0, 0, 30, 20});
-  EXPECT_EQ(node->story, "rect notify observer ") << "the same size again";
-
-  node->UI_SetPosition({7, 8});
-  EXPECT_EQ(node->UI_GetLocalRectF(false), (RectT<float>{0, 0, 30, 20}));
-  EXPECT_EQ(node->UI_GetLocalRectF(true), (RectT<float>{7, 8, 37, 28}));
-  node->UI_SetLocalRectF({0, 0, NAN, -4});
-  EXPECT_EQ(node->UI_GetLocalRectF(false), RectT<float>());
 }
