@@ -1,3 +1,0 @@
-extern "C" __attribute__((visibility("default"))) int NotPluginMain() {
-  return 0;
-}
