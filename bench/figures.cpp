@@ -72,7 +72,9 @@ void FigureReporter::ReportRuns(const std::vector<Run>& runs) {
     // Options that the library appends to the name are none of a reader's business.
     const std::string& name = run.run_name.function_name;
     const std::string full = run.run_name.args.empty() ? name : name + "/" + run.run_name.args;
-    figures[full] = run.GetAdjustedRealTime() / benchmark::GetTimeUnitMultiplier(run.time_unit);
+    const bool isProcessorTime = run.run_name.time_type.empty();
+    const double time = isProcessorTime ? run.GetAdjustedCPUTime() : run.GetAdjustedRealTime();
+    figures[full] = time / benchmark::GetTimeUnitMultiplier(run.time_unit);
     for (const auto& [counter, value] : run.counters) figures[full + ":" + counter] = value.value;
   }
 }

@@ -13,7 +13,8 @@ namespace bench {
 enum class Unit { kTime, kBytes, kCount };
 
 /// A line of the table: a figure, what it is held against, and what it is to reach. A figure is
-/// the name of a benchmark, for its time, or "benchmark:counter".
+/// the name of a benchmark, for its time (the processor's unless it asks for real time), or
+/// "benchmark:counter".
 struct Line {
   const char* what;
   const char* figure;
