@@ -114,9 +114,16 @@ std::string_view AsName(const char* text) {
   return text ? text : "";
 }
 
+/// The rows of a caller stand together, so that its name is compared once for all of them.
 const Route* FindRoute(std::string_view caller, std::string_view selector) {
+  const char* comparedCaller = nullptr;
+  bool isCaller = false;
   for (const Route& route : kRoutes) {
-    if (route.caller != caller) continue;
+    if (route.caller.data() != comparedCaller) {
+      comparedCaller = route.caller.data();
+      isCaller = route.caller == caller;
+    }
+    if (!isCaller) continue;
     if (route.selector.data() == nullptr || route.selector == selector) return &route;
   }
   return nullptr;
