@@ -55,6 +55,14 @@ void Canvas::Show(const ArtworkPtr& artwork) {
   if (isOther || isFitted) Fit();
 }
 
+/// A page that is shown whole needs no scroll bars, whatever room there is around it.
+void Canvas::SetFitted(bool fitted) {
+  isFitted = fitted;
+  const auto policy = fitted ? Qt::ScrollBarAlwaysOff : Qt::ScrollBarAsNeeded;
+  setHorizontalScrollBarPolicy(policy);
+  setVerticalScrollBarPolicy(policy);
+}
+
 void Canvas::Scale(double zoom) {
   zoom = std::clamp(zoom, kLeastZoom, kMostZoom);
   setTransform(QTransform::fromScale(zoom, zoom));
@@ -76,10 +84,10 @@ void Canvas::ZoomOut() {
 }
 
 void Canvas::Fit() {
-  isFitted = true;
+  SetFitted(true);
   if (!item) return;
   const QRectF page = item->Page();
-  const QSizeF room = maximumViewportSize() - QSize(2 * kFrame, 2 * kFrame);
+  const QSizeF room = viewport()->size() - QSize(2 * kFrame, 2 * kFrame);
   const double zoom = std::min(room.width() / page.width(), room.height() / page.height());
   Scale(std::min(zoom, kMostFittedZoom));
   centerOn(page.center());
@@ -87,8 +95,8 @@ void Canvas::Fit() {
 
 void Canvas::ZoomAt(QPointF position, double factor) {
   if (!item) return;
-  isFitted = false;
   const QPointF fixed = mapToScene(position.toPoint());
+  SetFitted(false);
   Scale(Zoom() * factor);
   const QPointF off = QPointF(mapFromScene(fixed)) - position;
   horizontalScrollBar()->setValue(horizontalScrollBar()->value() + int(std::lround(off.x())));
@@ -150,7 +158,7 @@ void Canvas::mouseMoveEvent(QMouseEvent* event) {
   if (!isGrabbed) return QGraphicsView::mouseMoveEvent(event);
   const QPoint way = event->pos() - grabbedAt;
   grabbedAt = event->pos();
-  isFitted = false;
+  SetFitted(false);
   horizontalScrollBar()->setValue(horizontalScrollBar()->value() - way.x());
   verticalScrollBar()->setValue(verticalScrollBar()->value() - way.y());
 }

@@ -42,6 +42,7 @@ class Canvas final : public QGraphicsView {
   void drawForeground(QPainter* painter, const QRectF& rect) override;
 
  private:
+  void SetFitted(bool fitted);
   void Scale(double zoom);
   void ZoomAt(QPointF position, double factor);
   void TakeColors();

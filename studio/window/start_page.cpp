@@ -36,7 +36,7 @@ class IconLabel final : public QWidget {
   void paintEvent(QPaintEvent*) override {
     QPainter painter(this);
     painter.setOpacity(0.45);
-    LineIcon(Drawing::kPicture).paint(&painter, rect());
+    painter.drawPixmap(rect(), LineIcon(Drawing::kPicture).pixmap(size(), devicePixelRatioF()));
   }
 };
 
@@ -47,8 +47,8 @@ StartPage::StartPage(std::function<void()> open, std::function<void(const QStrin
   setObjectName("startPage");
   auto* const button = new QPushButton(Text("$$$/Studio/Start/Open=&Open Picture…"));
   button->setObjectName("startOpen");
-  button->setDefault(true);
-  button->setAutoDefault(true);
+  button->setAutoDefault(true);  // so that Return works
+  button->setMinimumSize(button->sizeHint() + QSize(36, 10));
   QObject::connect(button, &QPushButton::clicked, this, std::move(open));
 
   recent = new QWidget;
@@ -111,6 +111,7 @@ void StartPage::paintEvent(QPaintEvent*) {
   QPainter painter(this);
   painter.setRenderHint(QPainter::Antialiasing);
   QColor line = palette().color(isInvited ? QPalette::Highlight : QPalette::PlaceholderText);
+  if (!isInvited) line.setAlphaF(0.6F);
   QPen pen(line, isInvited ? 2.5 : 1.5);
   pen.setDashPattern({5, 4});
   painter.setPen(pen);

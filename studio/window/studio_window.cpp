@@ -131,12 +131,9 @@ void StudioWindow::Connect() {
 }
 
 void StudioWindow::MakeStatusBar() {
-  sizeLabel = new QLabel;
-  sizeLabel->setObjectName("size");
-  tilesLabel = new QLabel;
-  tilesLabel->setObjectName("tiles");
-  statusBar()->addPermanentWidget(tilesLabel);
-  statusBar()->addPermanentWidget(sizeLabel);
+  summary = new QLabel;
+  summary->setObjectName("summary");
+  statusBar()->addPermanentWidget(summary);
   statusBar()->setSizeGripEnabled(false);
   statusBar()->setContentsMargins(6, 0, 6, 0);
 }
@@ -363,8 +360,12 @@ void StudioWindow::Show(const ArtworkPtr& artwork) {
 void StudioWindow::TakeUndoState() {
   actions.undo->setEnabled(history.canUndo());
   actions.redo->setEnabled(history.canRedo());
-  actions.undo->setText(Text("$$$/Studio/Menu/UndoWhat=&Undo %1", history.undoText()).trimmed());
-  actions.redo->setText(Text("$$$/Studio/Menu/RedoWhat=&Redo %1", history.redoText()).trimmed());
+  actions.undo->setText(history.canUndo()
+                            ? Text("$$$/Studio/Menu/UndoWhat=&Undo %1", history.undoText())
+                            : Text("$$$/Studio/Menu/Undo=&Undo"));
+  actions.redo->setText(history.canRedo()
+                            ? Text("$$$/Studio/Menu/RedoWhat=&Redo %1", history.redoText())
+                            : Text("$$$/Studio/Menu/Redo=&Redo"));
 }
 
 void StudioWindow::TakeArtwork(const ArtworkPtr& artwork) {
@@ -379,11 +380,7 @@ void StudioWindow::TakeArtwork(const ArtworkPtr& artwork) {
   }
   actions.exportMosaic->setEnabled(shown && shown->mosaic);
 
-  const QString millimeters = shown ? SizeInMillimetersText(*shown) : QString();
-  sizeLabel->setText(!shown                  ? QString()
-                     : millimeters.isEmpty() ? SizeInPointsText(*shown)
-                                             : SizeInPointsText(*shown) + "  ·  " + millimeters);
-  tilesLabel->setText(shown ? TileCountText(*shown) : QString());
+  summary->setText(shown ? SummaryText(*shown) : QString());
   actions.zoom->setText(PercentText(canvas->Zoom()));
 
   const QString program = Text("$$$/Studio/Title=Tesserae Studio");

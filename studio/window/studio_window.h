@@ -84,7 +84,6 @@ class StudioWindow final : public QMainWindow {
   QStackedWidget* const pages;
   StartPage* startPage;
   Canvas* canvas;
-  QLabel* sizeLabel;
-  QLabel* tilesLabel;
+  QLabel* summary;
   bool isBusy = false;
 };

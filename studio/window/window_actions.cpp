@@ -103,7 +103,7 @@ void FillToolBar(QMainWindow& window, WindowActions& actions) {
   bar->setObjectName("toolBar");
   bar->setMovable(false);
   bar->setContextMenuPolicy(Qt::PreventContextMenu);
-  const int side = window.fontMetrics().height() * 6 / 5;
+  const int side = window.fontMetrics().height() * 4 / 3;
   bar->setIconSize({side, side});
   bar->addAction(actions.open);
   bar->addSeparator();
