@@ -36,6 +36,7 @@ DialogContent::DialogContent(DialogRun& modalRun, QWidget& itsPane, std::functio
   column->addWidget(Make(*run.Dialog().GetRootView(), pane).Widget());
   NameByLabels();
   PlaceMessages();
+  messages->setVisible(HasFields());
   MarkDefaultButton();
   SetTabOrder();
 }
@@ -109,11 +110,13 @@ void DialogContent::NameByLabels() {
   }
 }
 
-void DialogContent::PlaceMessages() {
-  const bool hasFields = std::ranges::any_of(views, [](const auto& view) {
+bool DialogContent::HasFields() const {
+  return std::ranges::any_of(views, [](const auto& view) {
     return dynamic_cast<const FieldView*>(view.get()) != nullptr;
   });
-  messages->setVisible(hasFields);
+}
+
+void DialogContent::PlaceMessages() {
   // Just above the row of the OK button; the room that is left in a large window goes above it.
   const auto& okButton = run.Dialog().GetOkButton();
   QWidget* row = okButton != nullptr ? WidgetOf(*okButton) : nullptr;
@@ -183,7 +186,11 @@ QSize DialogContent::Align() {
     if (panel->LabelWidth() > 0) panel->AlignLabels(labelWidth, fieldHeight);
   }
   std::ranges::reverse(panels);  // what is inside first
-  for (PanelView* panel : panels) panel->Equalize();
+  for (PanelView* panel : panels) {
+    panel->Equalize();
+    // Layouts remember what their children needed until this tells them.
+    if (panel->Widget() != nullptr) panel->Widget()->layout()->activate();
+  }
   return pane.layout()->totalSizeHint().expandedTo(pane.layout()->totalMinimumSize());
 }
 

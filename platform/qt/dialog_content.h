@@ -44,6 +44,7 @@ class DialogContent final : private nrvui::ui::NodeObserver {
   QButtonGroup& GroupOf(const QString& name, QWidget& parent);
   NodeView* Find(const nrvcore::String& nodeID) const;
   void NameByLabels();
+  bool HasFields() const;
   void PlaceMessages();
   void SetTabOrder();
 

@@ -202,7 +202,9 @@ void DialogWindow::FollowDialog() {
 void DialogWindow::resizeEvent(QResizeEvent* event) {
   QDialog::resizeEvent(event);
   if (isFollowing || !isVisible() || run.IsOver()) return;
-  if (size() != SizeFor(dialog.GetContentSize())) run.Resize(size());
+  if (size() == SizeFor(dialog.GetContentSize())) return;
+  run.Resize(size());
+  if (!run.IsOver()) FollowDialog();  // the dialog may have wanted more
 }
 
 bool DialogWindow::HandleKey(int key) {
@@ -223,12 +225,19 @@ bool DialogWindow::HandleKey(int key) {
 }
 
 bool DialogWindow::eventFilter(QObject* watched, QEvent* event) {
-  // These keys are the dialog's wherever the focus is, whatever a desktop makes of them on buttons.
-  if (event->type() == QEvent::KeyPress) {
-    return HandleKey(static_cast<QKeyEvent*>(event)->key());
-  }
-  if (event->type() == QEvent::LayoutRequest && watched == scroller.widget() && !run.IsOver()) {
-    run.Guard([this] { FitContent(); });
+  const bool isPane = watched == scroller.widget();
+  switch (event->type()) {
+    case QEvent::KeyPress:
+      // Some keys are the dialog's wherever the focus is, whatever a desktop makes of them.
+      return HandleKey(static_cast<QKeyEvent*>(event)->key());
+    case QEvent::LayoutRequest:
+      if (isPane && !run.IsOver()) run.Guard([this] { FitContent(); });
+      break;
+    case QEvent::Paint:
+      if (isPane && whenPainted) QTimer::singleShot(0, this, std::exchange(whenPainted, {}));
+      break;
+    default:
+      break;
   }
   return QDialog::eventFilter(watched, event);
 }
@@ -252,12 +261,6 @@ void DialogWindow::changeEvent(QEvent* event) {
   if (event->type() != QEvent::ActivationChange || run.IsOver()) return;
   if (!isActiveWindow()) content->ShowMnemonics(false);
   run.Guard([this] { dialog.UI_ActivationChanged(isActiveWindow()); });
-}
-
-void DialogWindow::paintEvent(QPaintEvent* event) {
-  QDialog::paintEvent(event);
-  if (!whenPainted) return;
-  QTimer::singleShot(0, this, std::exchange(whenPainted, {}));
 }
 
 }  // namespace qtui

@@ -37,7 +37,6 @@ class DialogWindow final : public QDialog, private nrvui::ui::NodeObserver {
   void closeEvent(QCloseEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
   void changeEvent(QEvent* event) override;
-  void paintEvent(QPaintEvent* event) override;
 
  private:
   void NodeChanged(nrvui::ui::UI_Node& node) override;

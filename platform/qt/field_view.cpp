@@ -11,7 +11,6 @@ using nrvui::gestures::Outcome;
 
 namespace {
 
-constexpr const char* kHint = "$$$/nrvui/Field/Hint=%1: %2";
 constexpr const char* kProblem = "$$$/nrvui/Field/Problem=%1: %2";
 constexpr const char* kProblemAndRange = "$$$/nrvui/Field/ProblemAndRange=%1: %2 Allowed here: %3.";
 
@@ -93,7 +92,7 @@ void FieldView::FieldLeft() {
 
 void FieldView::ShowHint() {
   const QString range = Range();
-  messages.SetHint(range.isEmpty() ? QString() : Localized(kHint, name, range));
+  messages.SetHint(range.isEmpty() ? QString() : Localized(HintKey(), name, range));
 }
 
 void FieldView::SetProblem(const QString& sentence) {

@@ -29,6 +29,8 @@ class FieldView : public NodeView, public Editor, public FieldListener {
 
   /// What may be entered, for the person; empty when anything may.
   virtual QString Range() const { return {}; }
+  /// Localises to what the field takes: %1 is its name, %2 its range.
+  virtual const char* HintKey() const { return "$$$/nrvui/Field/Hint=%1: %2"; }
   /// False when the person must look at what became of it.
   bool Enter(const nrvcore::UTF16String& text);
 

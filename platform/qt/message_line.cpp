@@ -3,6 +3,7 @@
 #include <QAccessible>
 #include <QEvent>
 #include <QHBoxLayout>
+#include <QtMath>
 #include <algorithm>
 
 #include "platform/qt/theme.h"
@@ -30,6 +31,7 @@ MessageLine::MessageLine(QWidget& parent)
   row->setSpacing(kIconGap);
   row->addWidget(&icon, 0, Qt::AlignTop);
   row->addWidget(&label, 1);
+  label.installEventFilter(this);
   Show();
 }
 
@@ -68,10 +70,17 @@ void MessageLine::Show() {
 }
 
 void MessageLine::FitHeight() {
-  const int reserved = kReservedLines * label.fontMetrics().lineSpacing();
+  const QFontMetricsF metrics(label.font());
   const int iconRoom = icon.isHidden() ? 0 : icon.sizeHint().width() + kIconGap;
-  const int needed = label.heightForWidth(std::max(width() - iconRoom, 1));
-  label.setFixedHeight(isVisible() ? std::max(reserved, needed) : reserved);
+  const QRectF room(0, 0, std::max(width() - iconRoom, 1), QWIDGETSIZE_MAX);
+  const qreal height = metrics.boundingRect(room, Qt::TextWordWrap, Text()).height();
+  const int needed = isVisible() ? qRound(height / metrics.lineSpacing()) : 0;
+  label.setFixedHeight(std::max(kReservedLines, needed) * qCeil(metrics.lineSpacing()));
+}
+
+bool MessageLine::eventFilter(QObject* watched, QEvent* event) {
+  if (event->type() == QEvent::FontChange) Show();
+  return QWidget::eventFilter(watched, event);
 }
 
 void MessageLine::resizeEvent(QResizeEvent* event) {
@@ -82,7 +91,6 @@ void MessageLine::resizeEvent(QResizeEvent* event) {
 void MessageLine::changeEvent(QEvent* event) {
   QWidget::changeEvent(event);
   switch (event->type()) {
-    case QEvent::FontChange:
     case QEvent::PaletteChange:
     case QEvent::LayoutDirectionChange:
       return Show();

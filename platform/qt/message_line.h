@@ -22,6 +22,8 @@ class MessageLine final : public QWidget {
   /// What is to be read now.
   QString Text() const;
 
+  bool eventFilter(QObject* watched, QEvent* event) override;
+
  protected:
   void resizeEvent(QResizeEvent* event) override;
   void changeEvent(QEvent* event) override;

@@ -14,6 +14,8 @@ using nrvcore::config::ReplacementValue;
 
 namespace {
 
+constexpr const char* kLengthHint =
+    "$$$/nrvui/Field/LengthHint=%1: %2; mm, cm, in and px are understood too.";
 constexpr const char* kBetween = "$$$/nrvui/Field/Between=%1 to %2";
 constexpr const char* kAtLeast = "$$$/nrvui/Field/AtLeast=at least %1";
 constexpr const char* kAtMost = "$$$/nrvui/Field/AtMost=at most %1";
@@ -54,6 +56,11 @@ double NumberFieldView::UpperBound() const {
 
 UTF16String NumberFieldView::Format(double value) const {
   return nrvui::controls::FormatNumber(value, number.GetUnit(), Localizer::Get().GetDecimalSign());
+}
+
+const char* NumberFieldView::HintKey() const {
+  const bool isLength = number.GetUnit() == nrvui::controls::NumberUnit::kLength;
+  return isLength ? kLengthHint : FieldView::HintKey();
 }
 
 QString NumberFieldView::Range() const {

@@ -20,6 +20,7 @@ class NumberFieldView final : public FieldView {
 
  protected:
   QString Range() const override;
+  const char* HintKey() const override;
 
  private:
   double UpperBound() const;

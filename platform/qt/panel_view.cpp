@@ -46,6 +46,11 @@ Qt::Alignment AlignmentOf(const NodeView& view) {
   return TakesAllWidth(view) ? Qt::Alignment() : Qt::AlignLeft | Qt::AlignVCenter;
 }
 
+/// A layout starts anew, and asks for it, even when it is told what it has.
+void SetColumnWidth(QGridLayout& grid, int column, int width) {
+  if (grid.columnMinimumWidth(column) != width) grid.setColumnMinimumWidth(column, width);
+}
+
 }  // namespace
 
 PanelView::PanelView(UI_Node& shown, QWidget& parent)
@@ -142,9 +147,11 @@ int PanelView::LabelWidth() const {
 }
 
 void PanelView::AlignLabels(int width, int rowHeight) {
-  auto* const grid = static_cast<QGridLayout*>(widget->layout());
-  grid->setColumnMinimumWidth(0, width);
-  for (int row = 0; row < grid->rowCount(); ++row) grid->setRowMinimumHeight(row, rowHeight);
+  auto& grid = static_cast<QGridLayout&>(*widget->layout());
+  SetColumnWidth(grid, 0, width);
+  for (int row = 0; row < grid.rowCount(); ++row) {
+    if (grid.rowMinimumHeight(row) != rowHeight) grid.setRowMinimumHeight(row, rowHeight);
+  }
 }
 
 void PanelView::Equalize() {
@@ -161,10 +168,8 @@ void PanelView::Equalize() {
   if (arrangement == Arrangement::kRow) {
     for (QPushButton* button : buttons) button->setMinimumWidth(widest);
   } else if (arrangement == Arrangement::kGrid && HoldsPanels()) {
-    auto* const grid = static_cast<QGridLayout*>(widget->layout());
-    for (int column = 0; column < columnCount; ++column) {
-      grid->setColumnMinimumWidth(column, widest);
-    }
+    auto& grid = static_cast<QGridLayout&>(*widget->layout());
+    for (int column = 0; column < columnCount; ++column) SetColumnWidth(grid, column, widest);
   }
 }
 

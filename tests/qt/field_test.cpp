@@ -1,1 +1,161 @@
+#include "nrvui/test_dialog.h"
+#include "platform/nrvui/ui_text_edit.h"
 #include "qt/window_test.h"
+
+/// Fields of the real dialog: what a person sees while they type.
+class Field : public MosaicWindowTest {};
+
+TEST_F(Field, SaysWhatItTakesAndWhatWasWrong) {
+  const ResultCode code = Run([](const OpenWindow& open) {
+    EXPECT_TRUE(open.Field("NewWidthTxt").hasFocus());
+    EXPECT_EQ(open.Field("NewWidthTxt").selectedText(), "300 pt");
+    EXPECT_EQ(open.Message(), "Width: 0 pt to 8640 pt; mm, cm, in and px are understood too.");
+
+    open.Type("NewWidthTxt", "9000");
+    open.Key(Qt::Key_Tab);
+    EXPECT_EQ(open.Text("NewWidthTxt"), "8640 pt");
+    EXPECT_TRUE(open.Field("NewWidthTxt").IsMarked());
+    const QString tooMuch = open.Message().replace(QChar::Nbsp, ' ');
+    EXPECT_EQ(tooMuch,
+              "Width: 9000 pt is more than 8640 pt; 8640 pt was put in its place. "
+              "Allowed here: 0 pt to 8640 pt.");
+
+    // It stays while the person is busy elsewhere, and another problem only covers it.
+    open.Click("GrayRadio");
+    EXPECT_EQ(open.Message().replace(QChar::Nbsp, ' '), tooMuch);
+    open.Type("VerticalCountTxt", "tiles");
+    open.Key(Qt::Key_Tab);
+    EXPECT_EQ(open.Text("VerticalCountTxt"), "20");
+    EXPECT_TRUE(open.Message().contains("\"tiles\" is not a number"));
+    EXPECT_TRUE(open.Message().replace(QChar::Nbsp, ' ').contains("1 to 8640"));
+    open.Type("VerticalCountTxt", "21");
+    open.Key(Qt::Key_Tab);
+    EXPECT_FALSE(open.Field("VerticalCountTxt").IsMarked());
+    EXPECT_EQ(open.Message().replace(QChar::Nbsp, ' '), tooMuch);
+    open.Type("NewWidthTxt", "3in");
+    open.Key(Qt::Key_Tab);
+    EXPECT_EQ(open.Text("NewWidthTxt"), "216 pt");
+    EXPECT_FALSE(open.Field("NewWidthTxt").IsMarked());
+    EXPECT_TRUE(open.Message().startsWith("Height: 0 pt to 8640 pt;"));
+  });
+  EXPECT_EQ(code, ResultCode::kCancelled);
+}
+
+TEST_F(Field, IsEnteredByOkAndReturnUnlessThePersonMustLook) {
+  for (const bool byKey : {true, false}) {
+    const auto confirm = [&](const OpenWindow& open) {
+      byKey ? open.Key(Qt::Key_Return) : open.Click("okButton");
+    };
+    EXPECT_EQ(Run([&](const OpenWindow& open) {
+                open.Type("HorizontalCountTxt", "12");
+                confirm(open);
+              }),
+              ResultCode::kSuccess);
+    EXPECT_EQ(record.tilesAcross, 12);
+
+    EXPECT_EQ(Run([&](const OpenWindow& open) {
+                open.Type("HorizontalCountTxt", "0");
+                confirm(open);
+                EXPECT_TRUE(open.window.isVisible());
+                EXPECT_TRUE(open.Field("HorizontalCountTxt").hasFocus());
+                EXPECT_EQ(open.Field("HorizontalCountTxt").selectedText(), "1");
+                EXPECT_TRUE(open.Message().contains("0 is less than 1"));
+                confirm(open);
+              }),
+              ResultCode::kSuccess);
+    EXPECT_EQ(record.tilesAcross, 1);
+  }
+  for (const char* button : {"MosaicUseRatioButton", "cancelButton"}) {
+    EXPECT_EQ(Run([&](const OpenWindow& open) {
+                open.Type("NewWidthTxt", "150");
+                open.Click(button);
+                EXPECT_EQ(open.window.isVisible() ? open.Text("NewHeightTxt") : "100 pt", "100 pt");
+              }),
+              ResultCode::kCancelled);
+  }
+}
+
+TEST_F(Field, StepsByKeysWheelAndButtons) {
+  LookAt([](const OpenWindow& open) {
+    const auto expect = [&](const char* text) { EXPECT_EQ(open.Text("NewWidthTxt"), text); };
+    open.Click("NewWidthTxt");
+    open.Key(Qt::Key_Up);
+    expect("301 pt");
+    open.Key(Qt::Key_Down, Qt::ShiftModifier);
+    expect("291 pt");
+    open.Key(Qt::Key_PageUp);
+    expect("301 pt");
+    QTest::keyClicks(&open.Field("NewWidthTxt"), "8639.5");
+    open.Key(Qt::Key_Up);
+    expect("8640 pt");
+    EXPECT_EQ(open.Field("NewWidthTxt").selectedText(), "8640 pt");
+
+    const auto wheel = [&](const char* name, int notches, Qt::KeyboardModifiers modifiers) {
+      QWidget& field = open.Get(name);
+      const QPointF place = field.rect().center();
+      QWheelEvent event(place, field.mapToGlobal(place), {}, QPoint(0, notches * 120), {},
+                        modifiers, Qt::NoScrollPhase, false);
+      QCoreApplication::sendEvent(&field, &event);
+    };
+    wheel("NewWidthTxt", -2, Qt::NoModifier);
+    expect("8638 pt");
+    wheel("NewWidthTxt", -1, Qt::ShiftModifier);
+    expect("8628 pt");
+    wheel("NewHeightTxt", 1, Qt::NoModifier);  // the person only scrolls by
+    EXPECT_EQ(open.Text("NewHeightTxt"), "200 pt");
+
+    const QRect field = open.Get("HorizontalCountTxt").rect();
+    QTest::mouseClick(&open.Get("HorizontalCountTxt"), Qt::LeftButton, Qt::NoModifier,
+                      field.topRight() + QPoint(-8, 6));
+    EXPECT_EQ(open.Text("HorizontalCountTxt"), "31");
+    open.Key(Qt::Key_Tab);
+    open.Key(Qt::Key_Down);
+    EXPECT_EQ(open.Text("VerticalCountTxt"), "19");
+  });
+}
+
+/// Hand-built fields, whose nodes the test can look at.
+TEST(FieldOfAnyDialog, KeepsDecimalsThatItDoesNotShow) {
+  TestDialog test;
+  test.width->SetNumber(1.0 / 3);
+  Present(*test.dialog, [&](const OpenWindow& open) {
+    open.Click("width");
+    open.Click("name");
+    EXPECT_EQ(test.width->GetNumber(), 1.0 / 3);
+    open.Type("width", "2");
+    EXPECT_EQ(test.width->GetNumber(), 1.0 / 3);
+    open.Key(Qt::Key_Escape);
+  });
+  EXPECT_EQ(test.width->GetNumber(), 1.0 / 3);
+  EXPECT_EQ(test.Notified(), "");
+}
+
+TEST(FieldOfAnyDialog, DescribesBoundsOfEveryKind) {
+  TestDialog test;
+  Present(*test.dialog, [&](const OpenWindow& open) {
+    const auto range = [&] { return open.Get("count").accessibleDescription(); };
+    EXPECT_EQ(range(), "");
+    test.count->SetLowerBound(2);
+    EXPECT_EQ(range(), "at least 2");
+    test.count->SetUpperBound(7);
+    EXPECT_EQ(range(), "2 to 7");
+    test.count->SetUpperBound(-1);
+    EXPECT_EQ(range(), "only 2");
+    test.count->SetLowerBound(-std::numeric_limits<double>::infinity());
+    test.count->SetCustomUnit(nrvui::controls::UI_UnitNumberEdit::kPercentUnit);
+    EXPECT_EQ(range(), "at most -1 %");
+  });
+}
+
+TEST(FieldOfAnyDialog, TakesTextAsItIsTyped) {
+  TestDialog test;
+  Present(*test.dialog, [&](const OpenWindow& open) {
+    open.Type("name", "x & y");
+    open.Key(Qt::Key_Tab);
+    EXPECT_EQ(test.name->GetValue().View(), u"x & y");
+    open.Type("name", "");
+    open.Key(Qt::Key_Return);
+  });
+  EXPECT_TRUE(test.name->GetValue().IsEmpty());
+  EXPECT_EQ(test.dialog->GetResponse(), nrvui::ui::kOkResponse);
+}

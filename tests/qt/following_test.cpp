@@ -1,1 +1,122 @@
+#include <QApplication>
+#include <QCheckBox>
+#include <QLabel>
+#include <QRadioButton>
+
+#include "nrvui/test_dialog.h"
+#include "platform/nrvui/ui_layout.h"
+#include "platform/nrvui/ui_panel.h"
 #include "qt/window_test.h"
+
+using namespace nrvui::controls;
+using namespace nrvui::ui;
+
+class Following : public WindowTest {
+ protected:
+  TestDialog test;
+};
+
+TEST_F(Following, ShowsWhatCodeSetsAtOnce) {
+  test.label->SetBuddy("count");
+  Present(*test.dialog, [&](const OpenWindow& open) {
+    test.width->SetNumber(12.5);
+    EXPECT_EQ(open.Text("width"), "12.5 pt");
+    test.width->SetCustomUnit(UI_UnitNumberEdit::kPercentUnit);
+    EXPECT_EQ(open.Text("width"), "12.5 %");
+    test.name->SetValue(u"name");
+    EXPECT_EQ(open.Text("name"), "name");
+    test.percent->SetChecked(true);
+    EXPECT_TRUE(open.Get<QCheckBox>("percent").isChecked());
+    test.gray->SetValue(kRadioOn);  // code may select two
+    EXPECT_TRUE(open.Get<QRadioButton>("gray").isChecked());
+    test.color->SetValue(kRadioOff);
+    test.gray->SetValue(kRadioOff);  // or none
+    EXPECT_FALSE(open.Get<QRadioButton>("gray").isChecked());
+    test.ratio->SetCaption(u"&Ratio && more");
+    EXPECT_EQ(open.Get<QPushButton>("ratio").text(), "Ratio && more");
+    EXPECT_EQ(open.Get("ratio").accessibleName(), "Ratio & more");
+    test.ratio->ShowMnemonic(true);
+    EXPECT_EQ(open.Get<QPushButton>("ratio").text(), "&Ratio && more");
+    test.label->SetCaption(u"&Tiles:");
+    EXPECT_EQ(open.Get<QLabel>("label").text(), "Tiles:");
+    test.count->SetDisabled(true);
+    EXPECT_FALSE(open.Get("count").isEnabled());
+    test.percent->UI_Show(false);
+    EXPECT_FALSE(open.Get("percent").isVisible());
+    test.panel->UI_Show(false);
+    EXPECT_FALSE(open.Get("count").isVisible());
+    test.panel->UI_Show(true);
+    EXPECT_TRUE(open.Get("count").isVisible());
+
+    // A value that code sets takes the place of what is being typed, and of a complaint.
+    open.Type("width", "400 %");
+    test.width->SetNumber(3);
+    EXPECT_EQ(open.Text("width"), "3 %");
+    open.Type("width", "none");
+    open.Key(Qt::Key_Tab);
+    EXPECT_TRUE(open.Field("width").IsMarked());
+    test.width->SetNumber(4);
+    EXPECT_FALSE(open.Field("width").IsMarked());
+  });
+}
+
+TEST_F(Following, MakesWidgetsForNodesThatCome) {
+  Present(*test.dialog, [&](const OpenWindow& open) {
+    open.Click("count");
+    const boost::intrusive_ptr<UI_Panel> group = new UI_Panel;
+    group->SetTitle(u"A & B");
+    test.panel->ChildPushBack(group);
+    test.Add<UI_Checkbox>(group, "late")->SetCaption(u"Late");
+    QCoreApplication::processEvents();
+    open.Click("late");
+    EXPECT_EQ(test.Notified(), "late:1");
+    EXPECT_TRUE(open.window.rect().contains(
+        QRect(open.Get("late").mapTo(&open.window, QPoint()), open.Get("late").size())));
+    test.panel->ChildSwapOrder(0, 1);
+    QCoreApplication::processEvents();
+    EXPECT_LT(open.Get("count").y(), open.Get("width").y());
+  });
+}
+
+/// A dialog whose content size is the window's, and the other way round.
+TEST_F(Following, KeepsWindowAndDialogOfOneSize) {
+  Present(*test.dialog, [&](const OpenWindow& open) {
+    const auto contentSize = [&] {
+      const auto size = test.dialog->GetContentSize();
+      return QSizeF(size.x, size.y).toSize();
+    };
+    const QSize natural = open.window.size();
+    EXPECT_EQ(contentSize(), natural);
+    EXPECT_GE(test.dialog->GetMinimumSize().y, natural.height());
+    open.window.resize(natural + QSize(50, 40));
+    EXPECT_EQ(contentSize(), natural + QSize(50, 40));
+    test.dialog->SetContentSize({float(natural.width() + 7), float(natural.height() + 9)});
+    EXPECT_EQ(open.window.size(), natural + QSize(7, 9));
+
+    // A larger text makes the dialog larger; what the person added stays.
+    test.ratio->SetCaption(nrvcore::UTF16String(std::u16string(100, u'w')));
+    const int wanted = open.Get("ratio").sizeHint().width();
+    EXPECT_TRUE(QTest::qWaitFor([&] { return open.window.width() > wanted; }));
+    const QSize grown = open.window.size();
+    EXPECT_EQ(contentSize(), grown);
+    EXPECT_EQ(grown.height(), natural.height() + 9);
+    EXPECT_GT(test.dialog->GetMinimumSize().x, wanted);
+  });
+}
+
+class FollowingLayout : public MosaicWindowTest {};
+
+TEST_F(FollowingLayout, GetsItsSizeFromTheFonts) {
+  const QFont font = QApplication::font();
+  QFont largeFont = font;
+  largeFont.setPointSizeF(font.pointSizeF() * 2);
+  LookAt([&](const OpenWindow& open) {
+    const QSize normal = open.window.size();
+    open.window.resize(normal + QSize(500, 0));
+    QApplication::setFont(largeFont);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return open.window.height() > normal.height() * 5 / 4; }));
+    QApplication::setFont(font);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return open.window.height() == normal.height(); }));
+    EXPECT_EQ(open.window.width(), normal.width() + 500);
+  });
+}

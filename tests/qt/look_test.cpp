@@ -1,1 +1,146 @@
+#include <QAbstractSpinBox>
+#include <QApplication>
+#include <QLabel>
+
+#include "platform/qt/theme.h"
 #include "qt/window_test.h"
+
+namespace {
+
+struct Look {
+  const char* name;
+  qtui::Theme theme;
+  qreal fontScale;
+  Qt::LayoutDirection direction;
+  bool isSizeKnown;
+};
+
+constexpr Look kLooks[] = {
+    {"System", qtui::Theme::kSystem, 1, Qt::LeftToRight, true},
+    {"Light", qtui::Theme::kLight, 1, Qt::LeftToRight, true},
+    {"Dark", qtui::Theme::kDark, 1, Qt::LeftToRight, false},
+    {"LightLarge", qtui::Theme::kLight, 2.5, Qt::LeftToRight, true},
+    {"DarkRightToLeft", qtui::Theme::kDark, 1, Qt::RightToLeft, true},
+    {"LightSmallRightToLeft", qtui::Theme::kLight, 0.7, Qt::RightToLeft, false},
+};
+
+/// Gives the application a look, and takes it back.
+class LookScope {
+ public:
+  explicit LookScope(const Look& look) : font(QApplication::font()) {
+    qtui::ApplyTheme(look.theme);
+    QFont scaled = font;
+    scaled.setPointSizeF(font.pointSizeF() * look.fontScale);
+    QApplication::setFont(scaled);
+    QApplication::setLayoutDirection(look.direction);
+  }
+  ~LookScope() {
+    QApplication::setLayoutDirection(Qt::LeftToRight);
+    QApplication::setFont(font);
+    qtui::ApplyTheme(qtui::Theme::kSystem);
+  }
+
+ private:
+  QFont font;
+};
+
+/// Everything that a person reads, types in or clicks.
+QList<QWidget*> VisibleControls(const QWidget& window) {
+  QList<QWidget*> controls;
+  for (QWidget* widget : window.findChildren<QWidget*>()) {
+    const auto* label = qobject_cast<QLabel*>(widget);
+    const bool isPart = qobject_cast<QAbstractSpinBox*>(widget->parentWidget()) != nullptr;
+    const bool isControl = label != nullptr ? !label->text().isEmpty() || !label->pixmap().isNull()
+                                            : widget->focusPolicy() != Qt::NoFocus;
+    if (widget->isVisible() && isControl && !isPart) controls += widget;
+  }
+  return controls;
+}
+
+QRect RectIn(const QWidget& window, const QWidget& widget) {
+  return {widget.mapTo(&window, QPoint()), widget.size()};
+}
+
+bool ShowsSomething(const QImage& picture, const QRect& rect) {
+  const QRgb first = picture.pixel(rect.topLeft());
+  for (int y = rect.top(); y <= rect.bottom(); ++y) {
+    for (int x = rect.left(); x <= rect.right(); ++x) {
+      if (picture.pixel(x, y) != first) return true;
+    }
+  }
+  return false;
+}
+
+void ExpectWellLaidOut(const QWidget& window, int controlCount) {
+  const QList<QWidget*> controls = VisibleControls(window);
+  EXPECT_EQ(controls.size(), controlCount);
+  const QImage picture = const_cast<QWidget&>(window).grab().toImage();
+  const qreal ratio = picture.devicePixelRatio();
+  EXPECT_EQ(picture.size(), window.size() * window.devicePixelRatio());
+  for (const QWidget* widget : controls) {
+    const auto* label = qobject_cast<const QLabel*>(widget);
+    const std::string name = (widget->objectName() + (label ? label->text() : "")).toStdString();
+    const QRect rect = RectIn(window, *widget);
+    EXPECT_TRUE(window.rect().contains(rect)) << name;
+    const bool isWrapped = label != nullptr && label->wordWrap();
+    const QSize needed =
+        isWrapped ? QSize(0, label->heightForWidth(rect.width())) : widget->sizeHint();
+    EXPECT_EQ(rect.size().expandedTo(needed), rect.size()) << name;
+    const QRect pixels(rect.topLeft() * ratio, rect.size() * ratio);
+    EXPECT_TRUE(ShowsSomething(picture, pixels)) << name;
+    for (const QWidget* other : controls) {
+      EXPECT_TRUE(other == widget || !rect.intersects(RectIn(window, *other))) << name;
+    }
+  }
+}
+
+}  // namespace
+
+class LookTest : public MosaicWindowTest, public testing::WithParamInterface<Look> {
+ protected:
+  const LookScope scope{GetParam()};
+};
+
+TEST_P(LookTest, ClipsAndCoversNothing) {
+  record.sizeUnavailable = GetParam().isSizeKnown ? 0 : 1;
+  LookAt([](const OpenWindow& open) {
+    // Ten labels of which two are values, six fields, six to click, three buttons and the hint.
+    constexpr int kControls = 26;
+    const QSize opened = open.window.size();
+    ExpectWellLaidOut(open.window, kControls);
+    const QRect label = RectIn(open.window, open.Get("OrigWidthStatic"));
+    const QRect field = RectIn(open.window, open.Get("HorizontalCountTxt"));
+    EXPECT_LE(std::abs(open.window.isRightToLeft() ? label.right() - field.right()
+                                                   : label.left() - field.left()),
+              1);
+    EXPECT_EQ(open.Get("NewWidthTxt").width(), open.Get("TileSpaceVertTxt").width());
+    EXPECT_EQ(open.Get("okButton").size(), open.Get("cancelButton").size());
+    EXPECT_TRUE(open.Get<QPushButton>("okButton").isDefault());
+
+    // A message has its place already, or makes one.
+    open.Type("TileSpaceHorzTxt", "100000.0001 in");
+    open.Key(Qt::Key_Tab);
+    QTest::qWait(20);
+    ExpectWellLaidOut(open.window, kControls + 1);
+    EXPECT_EQ(open.window.width(), opened.width());
+    const bool isLarge = GetParam().fontScale > 1;
+    EXPECT_TRUE(isLarge || open.window.size() == opened);
+    open.window.resize(opened * 1.5);
+    QTest::qWait(20);
+    ExpectWellLaidOut(open.window, kControls + 1);
+  });
+}
+
+INSTANTIATE_TEST_SUITE_P(Look, LookTest, testing::ValuesIn(kLooks),
+                         [](const auto& info) { return info.param.name; });
+
+TEST_F(WindowTest, ThemesDifferAndTheSystemsComesBack) {
+  const QPalette system = QApplication::palette();
+  qtui::ApplyTheme(qtui::Theme::kDark);
+  const QColor dark = QApplication::palette().color(QPalette::Window);
+  qtui::ApplyTheme(qtui::Theme::kLight);
+  const QColor light = QApplication::palette().color(QPalette::Window);
+  EXPECT_LT(dark.lightness() + 100, light.lightness());
+  qtui::ApplyTheme(qtui::Theme::kSystem);
+  EXPECT_EQ(QApplication::palette().color(QPalette::Window), system.color(QPalette::Window));
+}

@@ -1,1 +1,139 @@
+#include <QApplication>
+#include <QTemporaryDir>
+#include <boost/smart_ptr/make_shared.hpp>
+
+#include "nrvui/test_dialog.h"
+#include "platform/nrvui/gesture_script.h"
 #include "qt/window_test.h"
+
+using namespace nrvui::controls;
+using nrvui::ui::UI_Node;
+
+namespace {
+
+void WhenChanged(UI_ControlView& control, const std::function<void()>& work) {
+  control.NotifyWhenChanged(
+      boost::make_shared<ChangeNotifyFunction>([work](nrvui::ui::MessageT<UI_Node>*) { work(); }));
+}
+
+}  // namespace
+
+class ModalRun : public WindowTest {
+ protected:
+  TestDialog test;
+};
+
+TEST_F(ModalRun, EndsWithWhatAHandlerThrows) {
+  struct Surprise {};
+  WhenChanged(*test.percent, [] { throw Surprise(); });
+  WhenChanged(*test.width, [] { throw std::runtime_error("width"); });
+  EXPECT_THROW(Present(*test.dialog,
+                       [](const OpenWindow& open) {
+                         open.Click("percent");
+                         EXPECT_FALSE(open.window.isVisible());
+                       }),
+               Surprise);
+  // Also out of the focus change that ends an entry, and nothing is entered on the way out.
+  EXPECT_THROW(Present(*test.dialog,
+                       [](const OpenWindow& open) {
+                         open.Type("name", "lost");
+                         open.Click("percent");
+                       }),
+               Surprise);
+  EXPECT_THROW(Present(*test.dialog,
+                       [](const OpenWindow& open) {
+                         open.Type("width", "12");
+                         open.Key(Qt::Key_Tab);
+                       }),
+               std::runtime_error);
+}
+
+TEST_F(ModalRun, EndsWhenCodeClosesOrAbandonsTheDialog) {
+  WhenChanged(*test.ratio, [&] { test.dialog->SetResponse(nrvui::ui::kOkResponse); });
+  Present(*test.dialog, [](const OpenWindow& open) {
+    open.Click("ratio");
+    EXPECT_FALSE(open.window.isVisible());
+  });
+  EXPECT_EQ(test.dialog->GetResponse(), nrvui::ui::kOkResponse);
+
+  auto* const dialog = test.dialog.get();
+  WhenChanged(*test.ratio, [&] { test.dialog.reset(); });
+  Present(*dialog, [&](const OpenWindow& open) {
+    open.Click("ratio");
+    EXPECT_FALSE(open.window.isVisible());
+  });
+}
+
+TEST_F(ModalRun, ClosesByItsOwnRules) {
+  const auto& dialog = *test.dialog;
+  Present(*test.dialog, [&](const OpenWindow& open) {
+    test.ok->SetDisabled(true);
+    open.Key(Qt::Key_Return);
+    open.Click("ok");
+    test.cancel->SetDisabled(true);
+    open.Key(Qt::Key_Escape);
+    EXPECT_EQ(dialog.GetResponse(), nrvui::ui::kNoResponse);
+    EXPECT_TRUE(open.window.isVisible());
+    open.window.close();
+    EXPECT_FALSE(open.window.isVisible());
+  });
+  EXPECT_EQ(dialog.GetResponse(), nrvui::ui::kCancelResponse);
+
+  const boost::intrusive_ptr<PlainDialog> endless = new PlainDialog(false);
+  Present(*endless, [&](const OpenWindow& open) {
+    open.window.close();
+    EXPECT_TRUE(open.window.isVisible());
+    open.Key(Qt::Key_Return);
+    EXPECT_TRUE(open.window.isVisible());
+  });
+  Present(*endless, [&](const OpenWindow&) { QCoreApplication::quit(); });
+  EXPECT_EQ(endless->GetResponse(), nrvui::ui::kCancelResponse);
+}
+
+TEST_F(ModalRun, MayContainAnother) {
+  TestDialog inner;
+  WhenChanged(*test.ratio, [&] {
+    Present(*inner.dialog, [&](const OpenWindow& open) {
+      EXPECT_NE(open.window.parentWidget(), nullptr);
+      test.dialog->DefaultCloseOk();  // the one below closes first
+      EXPECT_TRUE(open.window.isVisible());
+      open.Type("name", "inner");
+      open.Click("ok");
+    });
+    if (inner.name->GetValue() == nrvcore::UTF16String(u"inner")) throw 7;
+  });
+  EXPECT_THROW(Present(*test.dialog, [](const OpenWindow& open) { open.Click("ratio"); }), int);
+  EXPECT_EQ(inner.dialog->GetResponse(), nrvui::ui::kOkResponse);
+  EXPECT_EQ(test.dialog->GetResponse(), nrvui::ui::kOkResponse);
+}
+
+TEST_F(ModalRun, OutlivesItsWindow) {
+  auto parent = std::make_unique<QWidget>();
+  parent->show();
+  parent->activateWindow();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(parent.get()));
+  qtui::QtPresenter presenter;
+  presenter.WhenPainted([&](QWidget&) { parent.reset(); });
+  const nrvui::ui::InstalledPresenter installed(presenter);
+  test.dialog->RunModal();
+  EXPECT_EQ(test.dialog->GetResponse(), nrvui::ui::kCancelResponse);
+}
+
+TEST_F(ModalRun, LeavesAPicture) {
+  const QTemporaryDir folder;
+  const std::string path = folder.filePath("dialog.png").toStdString();
+  qtui::QtPresenter presenter;
+  presenter.SetScreenshot(path);
+  presenter.PlayScript(nrvui::gestures::GestureScript::Parse("click percent\nclick ok", "script"));
+  QSize window;
+  presenter.WhenPainted([&](QWidget& shown) { window = shown.size() * shown.devicePixelRatio(); });
+  const nrvui::ui::InstalledPresenter installed(presenter);
+  test.dialog->RunModal();
+  EXPECT_EQ(presenter.ScreenshotProblem(), "");
+  EXPECT_EQ(QImage(QString::fromStdString(path)).size(), window);
+
+  presenter.SetScreenshot(path + "/nowhere.png");
+  test.dialog->RunModal();
+  EXPECT_NE(presenter.ScreenshotProblem(), "");
+  EXPECT_EQ(test.dialog->GetResponse(), nrvui::ui::kOkResponse);
+}

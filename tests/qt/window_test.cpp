@@ -81,3 +81,7 @@ ResultCode MosaicWindowTest::Run(const Person& person) {
   });
   return RunWith(presenter);
 }
+
+void MosaicWindowTest::LookAt(const Person& person) {
+  EXPECT_EQ(Run(person), ResultCode::kCancelled);
+}

@@ -62,7 +62,10 @@ class MosaicWindowTest : public WindowTest {
   ~MosaicWindowTest() override;
 
   ResultCode RunWith(nrvui::ui::DialogPresenter& presenter);
+  /// `person` has the open window, which is closed after them.
   ResultCode Run(const Person& person);
+  /// The same for a person who confirms nothing.
+  void LookAt(const Person& person);
 
   standin::RecordingUserInterface alerts;
   standin::Host host{alerts};
