@@ -43,7 +43,7 @@ SheetFactory* GetSheetFactory() {
 
 void SwapPlaces(UI_Node& one, UI_Node& other) {
   nrvui::ui::UI_Container* parent = one.UI_GetParentContainer();
-  if (!parent || parent != other.UI_GetParentContainer()) return;
+  if (parent != other.UI_GetParentContainer()) return;
   parent->ChildSwapOrder(one.UI_GetIndex(), other.UI_GetIndex());
 }
 

@@ -139,7 +139,10 @@ class TestDialog : public VXUIBaseDialog<T> {
                           Point{70.0f, 80.0f}) {}
   ~TestDialog() override { events.push_back("dialog going"); }
 
-  void OnSheetMessage(const vx::UnicodeString& message) override { heard = &message; }
+  void OnSheetMessage(const vx::UnicodeString& message) override {
+    heard = &message;
+    VXUIBaseDialog<T>::OnSheetMessage(message);
+  }
 
   VXUICairnSheet* Sheet() const { return this->sheet.get(); }
 
@@ -259,6 +262,10 @@ TEST_F(BaseDialogTest, DoesWithoutWhatTheHostDoesNotGive) {
     empty->UI_ContentRectChanged({0, 0, 50, 50});
     EXPECT_EQ(empty->GetRootView()->UI_GetLocalRectF(false), (RectT<float>{0, 0, 50, 50}));
   }
+  host.holder.reset(new TestHolder);
+  host.holder->view.reset(new UI_Node);
+  const DialogRef withoutMnemonics(new PlainDialog);
+  EXPECT_EQ(host.holder->view->UI_GetParentContainer(), withoutMnemonics->GetRootView().get());
   host.registered = nullptr;
   host.hasFactory = false;
   const DialogRef unplaced(new PlainDialog);
@@ -282,6 +289,8 @@ TEST_F(BaseDialogTest, SheetAndWindowFollowEachOther) {
   dialog->SetContentSize({400, 300});
   holder.layout->UI_SetLocalRectF({0, 0, 400, 300});
   EXPECT_EQ(dialog->GetMinimumSize(), (Point{310, 220})) << "the dialog has that size already";
+  holder.layout->UI_SetLocalRectF({0, 0, 400, 310});
+  EXPECT_EQ(dialog->GetMinimumSize(), (Point{400, 310}));
 
   dialog->UI_ContentRectChanged({0, 0, 99.9f, 50.5f});
   EXPECT_EQ(holder.asked, std::make_pair(99, 50));

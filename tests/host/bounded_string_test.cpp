@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <cstring>
+#include <cwchar>
 #include <string>
 
 namespace {
@@ -33,6 +34,10 @@ TEST(BoundedCopy, FitsCutsAndNeverOverruns) {
   }
   EXPECT_EQ(BoundedCopy(nullptr, 0, "Plugin", 0), 0);
   EXPECT_EQ(BoundedCopy(nullptr, 8, "Plugin", 8), kBadArgument);
+  EXPECT_EQ(BoundedCopy(nullptr, 0, "Plugin", 8), kBadArgument);
+  char untouched = '#';
+  EXPECT_EQ(BoundedCopy(&untouched, 0, "Plugin", 8), kBadArgument);
+  EXPECT_EQ(untouched, '#');
 }
 
 TEST(BoundedFormat, CutsAndSaysSo) {
@@ -42,6 +47,24 @@ TEST(BoundedFormat, CutsAndSaysSo) {
   EXPECT_EQ(FormatInto(buffer, "%d", -2147483647), kCut);
   EXPECT_STREQ(buffer, "-21474836");
   EXPECT_EQ(FormatInto(buffer, "%s", "ninechars"), 9);
+}
+
+int32_t Format(char* destination, size_t size, const char* format, ...) {
+  va_list arguments;
+  va_start(arguments, format);
+  const int32_t outcome = BoundedFormat(destination, size, format, arguments);
+  va_end(arguments);
+  return outcome;
+}
+
+TEST(BoundedFormat, RefusesWhatItCannotFormat) {
+  char buffer[4] = "###";
+  EXPECT_EQ(Format(nullptr, 4, "x"), kBadArgument);
+  EXPECT_EQ(Format(buffer, 0, "x"), kBadArgument);
+  EXPECT_STREQ(buffer, "###");
+  EXPECT_EQ(Format(buffer, 4, nullptr), kBadArgument);
+  EXPECT_STREQ(buffer, "");
+  EXPECT_EQ(Format(buffer, 4, "%lc", wint_t{0x7FFFFFFF}), kCut) << "no such character";
 }
 
 }  // namespace

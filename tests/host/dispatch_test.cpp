@@ -52,6 +52,7 @@ TEST(Dispatch, EveryMessageReachesItsOwnOperation) {
       {"", "", ""},
   };
   for (const KnownMessage& other : unknown) expectReached(other);
+  EXPECT_EQ(plugin.SetCurrentPlugin(&plugin), ResultCode::kSuccess);
   EXPECT_EQ(plugin.HandleMessage(nullptr, nullptr, &message), ResultCode::kNotHandled);
 }
 
@@ -106,6 +107,7 @@ TEST_F(DispatchTest, NotifiersRunInsideTheApplicationContext) {
   EXPECT_EQ(handled, (std::vector<std::string>{"started", "started"}));
 
   handled.clear();
+  EXPECT_EQ(module.Notify(nullptr, "VX Other"), ResultCode::kSuccess);
   EXPECT_EQ(module.Notify("VX Other Notifier"), ResultCode::kSuccess);
   EXPECT_EQ(module.Notify("VX Other Notifier", "VX Other"), ResultCode::kSuccess);
   EXPECT_EQ(handled, std::vector<std::string>{"notified"});

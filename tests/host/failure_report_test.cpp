@@ -65,6 +65,13 @@ TEST_F(FailureReportTest, FindsTheTextThatFitsTheCode) {
     host.Lists().Replace(ListOwner::kPlugin, 16050, ErrorTexts(damaged));
     EXPECT_EQ(Shown(12), damaged);
   }
+  standin::StringList endless;
+  for (int32_t index = 1; index < 20000; index += 2) {
+    endless.Set(index, "none");
+    endless.Set(index + 1, "Far too many (%s).");
+  }
+  host.Lists().Replace(ListOwner::kPlugin, 16050, endless);
+  EXPECT_EQ(Shown(12), "Far too many (12).");
   host.Lists().Replace(ListOwner::kPlugin, 16050, {});
   EXPECT_EQ(Shown(12), "");
   EXPECT_EQ(Shown(500), "Five %s hundred");

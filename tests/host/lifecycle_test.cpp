@@ -21,6 +21,17 @@ TEST_F(LifecycleTest, AStartUpIntroducesThePluginAndAShutDownLeavesNothing) {
   EXPECT_TRUE(host.Leftovers().empty());
 }
 
+TEST_F(LifecycleTest, APluginCanEndItsStartUpOrDoWithoutTheNotifier) {
+  plan.continueStartup = ResultCode::kParameter;
+  EXPECT_EQ(module.StartUp(), ResultCode::kParameter);
+  EXPECT_EQ(module.Globals(), nullptr);
+  EXPECT_TRUE(host.Leftovers().empty());
+  plan.continueStartup = ResultCode::kSuccess;
+  plan.addStartedNotifier = false;
+  EXPECT_EQ(module.StartUp(), ResultCode::kSuccess);
+  EXPECT_EQ(Operations().Calls("VX Notifier Suite/AddNotifier"), 1u) << "of the first attempt";
+}
+
 TEST_F(LifecycleTest, UnloadReleasesAndReloadAcquiresAgain) {
   ASSERT_EQ(module.StartUp(), ResultCode::kSuccess);
   void* const object = module.Globals();

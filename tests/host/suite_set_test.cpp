@@ -1,5 +1,6 @@
 #include "host/suite_set.h"
 
+#include "host/app_context_scope.h"
 #include "host/test_plugin.h"
 
 namespace {
@@ -59,6 +60,32 @@ TEST_F(SuiteSetTest, OptionalSuitesAreTriedAgainWithEveryMessage) {
   host.Suites().SetAbsent("VX User Suite", false);
   ASSERT_EQ(module.Send("VX Menu", "VX Go"), ResultCode::kSuccess);
   EXPECT_NE(Suite<VXUserSuite>(), nullptr);
+  Operations().Refuse("release/VX User Suite", ResultCode::kCannot);
+  EXPECT_EQ(module.ShutDown(), ResultCode::kSuccess);
+  EXPECT_EQ(Suite<VXUserSuite>(), nullptr);
+  EXPECT_EQ(host.Suites().Users("VX User Suite"), 1u);
+}
+
+TEST_F(SuiteSetTest, AHostThatGivesNoTableIsNotBelieved) {
+  static int releases;
+  releases = 0;
+  QPBasicSuite generous = {
+      [](const char*, int32_t, const void**) { return ResultCode::kSuccess; },
+      [](const char*, int32_t) { return ++releases, ResultCode::kSuccess; },
+  };
+  for (QPBasicSuite* suite : {&generous, static_cast<QPBasicSuite*>(nullptr)}) {
+    basicSuite = suite;
+    const SuiteSet set;
+    EXPECT_EQ(set.Error(), ResultCode::kCannot);
+    suiteAcquireCount = 1;
+  }
+  EXPECT_EQ(releases, 1);
+  EXPECT_EQ(ReleaseSuite(ImportOf<KDMBasicSuite>()), ResultCode::kCannot);
+}
+
+TEST_F(SuiteSetTest, AContextIsOpenedOnlyWhileItsSuiteIsHeld) {
+  const AppContextScope scope(module.Ref());
+  EXPECT_EQ(Operations().Calls("VX Context Suite/PushAppContext"), 0u);
 }
 
 }  // namespace

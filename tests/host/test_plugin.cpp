@@ -14,10 +14,12 @@ const void* missingOptional = nullptr;
 
 constinit const SuiteImport kPluginSuites[] = {
     ImportOf<QPBlocksSuite>(),
+    {"VX Suite For Nobody", 1, nullptr},
     ImportOf<VXUnicodeStringSuite>(),
     {nullptr, kOptionalSuitesFollow, nullptr},
     {"VX Suite Of Tomorrow", 1, &missingOptional},
     ImportOf<VXUserSuite>(),
+    {"VX Suite For Nobody", 1, nullptr},
     {nullptr, 0, nullptr},
 };
 

@@ -106,6 +106,24 @@ TEST(BuiltModule, ATableThatCannotBeFreedEndsTheShutDownThere) {
   EXPECT_EQ(module.ShutDown(), ResultCode{12});
   EXPECT_EQ(module.Globals(), nullptr);
   EXPECT_EQ(host.Suites().Users("QP Access Suite"), 1u);
+
+  standin::Module other(host, ModuleFile());
+  ASSERT_EQ(other.StartUp(), ResultCode::kSuccess);
+  ASSERT_EQ(other.Unload(), ResultCode::kSuccess);
+  host.Suites().SetAbsent("QP Blocks Suite");
+  EXPECT_EQ(other.ShutDown(), ResultCode::kCannot);
+  EXPECT_EQ(other.Globals(), nullptr);
+}
+
+TEST(ModuleMemory, IsTheHostsInEveryForm) {
+  const standin::ModuleImage plugin(MEMORY_PLUGIN);
+  EXPECT_EQ(plugin.Entry()("given", "", nullptr), ResultCode::kSuccess);
+  qpbasic::Ledger& ledger = qpbasic::Ledger::Get();
+  for (const auto code : {ResultCode::kOutOfMemory, ResultCode::kSuccess}) {
+    ledger.Refuse({.countdown = 1, .once = false, .code = code});
+    EXPECT_EQ(plugin.Entry()("refused", "", nullptr), ResultCode::kSuccess);
+    ledger.RefuseNothing();
+  }
 }
 
 }  // namespace

@@ -64,6 +64,9 @@ void Story::PlayLife() {
         message.selector, [&] { return module.Send(message.caller, message.selector); },
         ResultCode::kSuccess);
   }
+  Check(
+      "script", [&] { return module.Send("VX Script Message Caller", "any"); },
+      ResultCode::kSuccess);
   for (const char* type : {"VX Application Started Notifier", "VX Other Notifier"})
     Check(
         type, [&] { return module.Notify(type); }, ResultCode::kSuccess);
