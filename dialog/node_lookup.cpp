@@ -1,6 +1,7 @@
 #include "dialog/node_lookup.h"
 
 #include <deque>
+#include <utility>
 
 using nrvui::ui::UI_Node;
 
@@ -8,9 +9,9 @@ boost::intrusive_ptr<UI_Node> FindNodeByID(const boost::intrusive_ptr<UI_Node>& 
                                            const nrvcore::String& nodeID) {
   std::deque<boost::intrusive_ptr<UI_Node>> queue = {root};
   while (!queue.empty()) {
-    const boost::intrusive_ptr<UI_Node> node = queue.front();
-    if (node->UI_GetNodeID() == nodeID) return node;
+    boost::intrusive_ptr<UI_Node> node = std::move(queue.front());
     queue.pop_front();
+    if (node->UI_GetNodeID() == nodeID) return node;
     queue.insert(queue.end(), node->ChildBegin(), node->ChildEnd());
   }
   return nullptr;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <memory>
 #include <string>
 #include <string_view>
 
@@ -8,7 +9,8 @@
 namespace nrvcore {
 
 /// A string value that may be made in one image and destroyed in another: every member lives in
-/// this library, so its memory is always taken and released by the same allocator.
+/// this library, so its memory is always taken and released by the same allocator. Copies share
+/// the text, since node IDs are copied all the time.
 template <class Char>
 class NRV_EXPORT StringT {
  public:
@@ -29,7 +31,7 @@ class NRV_EXPORT StringT {
   friend bool operator==(const StringT& a, const StringT& b) { return a.View() == b.View(); }
 
  private:
-  std::basic_string<Char> text;
+  std::shared_ptr<const std::basic_string<Char>> text;  // null when empty
 };
 
 extern template class StringT<char>;
