@@ -79,6 +79,7 @@ int ConsoleRun::Photograph() {
 
 void ConsoleRun::PlacePicture() {
   Picture picture = Picture::Read(line.picture);
+  outputs.Protect(line.picture);
   const bool isSizeKnown = !line.isSizeUnknown && IsUsableSize(picture.SizeInPoints());
   artwork = std::make_shared<const Artwork>(
       Artwork{line.picture, std::move(picture), isSizeKnown, nullptr});
@@ -100,7 +101,6 @@ void ConsoleRun::OpenOutputs() {
 }
 
 void ConsoleRun::OpenPictureOutputs() {
-  outputs.Protect(line.picture);
   if (!line.dialogPicture.isEmpty()) dialogPictureDevice = &outputs.Add(line.dialogPicture);
   if (!line.windowPicture.isEmpty()) windowPictureDevice = &outputs.Add(line.windowPicture);
 }
