@@ -16,6 +16,8 @@ QRectF Around(QSizeF size) {
 }  // namespace
 
 ArtboardItem::ArtboardItem(const Artwork& artwork) : art(Around(artwork.Size())) {
+  setFlag(ItemUsesExtendedStyleOption);  // to be told what is exposed
+
   // The page stays when the picture becomes a mosaic, unless that grows beyond it.
   const QSizeF placed = artwork.picture.SizeInPoints();
   const QSizeF size = placed.expandedTo(artwork.Size());
@@ -56,10 +58,9 @@ void ArtboardItem::paint(QPainter* painter, const QStyleOptionGraphicsItem* opti
 /// Large pixels keep their edges, small ones are smoothed.
 void ArtboardItem::PaintPicture(QPainter& painter, ImageLevels& levels, const QRectF& target) {
   const QTransform transform = painter.combinedTransform();
-  const double ratio = painter.device()->devicePixelRatioF();
   const QSize full = levels.Full().size();
-  const double pixelWidth = target.width() / full.width() * transform.m11() * ratio;
-  const double pixelHeight = target.height() / full.height() * transform.m22() * ratio;
+  const double pixelWidth = target.width() / full.width() * transform.m11();
+  const double pixelHeight = target.height() / full.height() * transform.m22();
   constexpr double kLargePixel = 3;
   const QImage& level = levels.For(pixelWidth, pixelHeight);
   painter.setRenderHint(QPainter::SmoothPixmapTransform,

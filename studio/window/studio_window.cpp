@@ -127,7 +127,7 @@ void StudioWindow::Connect() {
   on(actions.about, [this] { ShowAbout(); });
   connect(&history, &QUndoStack::indexChanged, this, [this] { TakeUndoState(); });
   connect(actions.recent, &QMenu::aboutToShow, this, [this] { FillRecentMenu(); });
-  canvas->WhenZoomed([this] { actions.zoom->setText(PercentText(canvas->Zoom())); });
+  canvas->WhenZoomed([this] { actions.zoom->setIconText(PercentText(canvas->Zoom())); });
 }
 
 void StudioWindow::MakeStatusBar() {
@@ -381,7 +381,7 @@ void StudioWindow::TakeArtwork(const ArtworkPtr& artwork) {
   actions.exportMosaic->setEnabled(shown && shown->mosaic);
 
   summary->setText(shown ? SummaryText(*shown) : QString());
-  actions.zoom->setText(PercentText(canvas->Zoom()));
+  actions.zoom->setIconText(PercentText(canvas->Zoom()));
 
   const QString program = Text("$$$/Studio/Title=Tesserae Studio");
   setWindowTitle(shown ? Text("$$$/Studio/TitleWithPicture=%1 — Tesserae Studio",

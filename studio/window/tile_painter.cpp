@@ -32,14 +32,12 @@ TilePainter::TilePainter(std::shared_ptr<const Mosaic> shown)
 
 void TilePainter::Paint(QPainter& painter, const QRectF& exposed) {
   const MosaicGeometry& geometry = mosaic->geometry;
-  const QTransform transform = painter.combinedTransform();
-  const double ratio = painter.device()->devicePixelRatioF();
-  const QRect seen = transform.mapRect(exposed & QRectF({0, 0}, geometry.size)).toAlignedRect() &
-                     QRect(0, 0, painter.device()->width(), painter.device()->height());
+  const QTransform transform = painter.combinedTransform();  // to pixels of the device
+  const QRect seen = transform.mapRect(exposed & QRectF({0, 0}, geometry.size)).toAlignedRect();
   if (seen.isEmpty()) return;
 
-  const double scaleX = transform.m11() * ratio;
-  const double scaleY = transform.m22() * ratio;
+  const double scaleX = transform.m11();
+  const double scaleY = transform.m22();
   const double pitchX = geometry.tile.width() + geometry.spacing.width();
   const double pitchY = geometry.tile.height() + geometry.spacing.height();
   const QImage& tiles =
@@ -58,19 +56,20 @@ void TilePainter::Paint(QPainter& painter, const QRectF& exposed) {
     spacing = {0, 0};
   }
 
-  QImage image((QSizeF(seen.size()) * ratio).toSize(), QImage::Format_ARGB32_Premultiplied);
+  QImage image(seen.size(), QImage::Format_ARGB32_Premultiplied);
   if (image.isNull()) return;
   Fill(image, tiles,
-       Divide((seen.left() - transform.dx()) / transform.m11(), 1 / scaleX, image.width(),
-              tile.width(), spacing.width(), tiles.width()),
-       Divide((seen.top() - transform.dy()) / transform.m22(), 1 / scaleY, image.height(),
-              tile.height(), spacing.height(), tiles.height()));
-  image.setDevicePixelRatio(ratio);
+       Divide((seen.left() - transform.dx()) / scaleX, 1 / scaleX, image.width(), tile.width(),
+              spacing.width(), tiles.width()),
+       Divide((seen.top() - transform.dy()) / scaleY, 1 / scaleY, image.height(), tile.height(),
+              spacing.height(), tiles.height()));
 
+  const double ratio = painter.device()->devicePixelRatioF();
+  image.setDevicePixelRatio(ratio);
   painter.save();
   painter.resetTransform();
   painter.setOpacity(painter.opacity() * cover);
-  painter.drawImage(seen.topLeft(), image);
+  painter.drawImage(QPointF(seen.topLeft()) / ratio, image);
   painter.restore();
 }
 

@@ -1,6 +1,7 @@
 #include "studio/window/window_actions.h"
 
 #include <QMenuBar>
+#include <QRegularExpression>
 #include <QToolBar>
 #include <QToolButton>
 #include <optional>
@@ -55,9 +56,15 @@ QString ToolTip(const Row& row, const QAction& action) {
                         : Text("$$$/Studio/Tip/WithKeys=%1 (%2)", Text(row.tip), keys);
 }
 
+/// The caption as a button shows it.
+QString ButtonText(QString caption) {
+  return caption.remove(QRegularExpression("\\(&.\\)|&|\\s*…"));
+}
+
 void MakeAction(QMainWindow& window, WindowActions& actions, const Row& row) {
   auto* const action = new QAction(Text(row.caption), &window);
   action->setObjectName(row.name);
+  action->setIconText(ButtonText(action->text()));
   action->setShortcuts(QKeySequence::listFromString(row.shortcuts));
   if (*row.tip) action->setToolTip(ToolTip(row, *action));
   if (row.drawing) action->setIcon(LineIcon(*row.drawing));

@@ -1,0 +1,307 @@
+#include "studio/window/studio_window.h"
+
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QDropEvent>
+#include <QFile>
+#include <QMessageBox>
+#include <QMimeData>
+#include <QTemporaryDir>
+#include <QTest>
+#include <QTimer>
+#include <QToolBar>
+#include <QToolButton>
+
+#include "platform/nrvcore/localizer.h"
+#include "platform/standin/resource_root.h"
+#include "studio/window/settings.h"
+#include "tests/studio/random_picture.h"
+
+namespace {
+
+QStringList warnings;
+
+void NoteWarning(QtMsgType, const QMessageLogContext&, const QString& message) {
+  // The platform without a screen says so whenever a box has a fixed size.
+  if (!message.contains("propagateSizeHints")) warnings += message;
+}
+
+/// Waits for a box of that name, in the event loop that it runs, and hands it over. Stays out of
+/// the way when none comes.
+template <typename Box>
+void WhenOpen(const char* name, std::function<void(Box&)> hook) {
+  auto* const timer = new QTimer(qApp);
+  QObject::connect(timer, &QTimer::timeout, timer, [=] {
+    for (QWidget* widget : QApplication::topLevelWidgets()) {
+      auto* const box = qobject_cast<Box*>(widget);
+      if (!box || !box->isVisible() || box->objectName() != name) continue;
+      timer->deleteLater();
+      timer->stop();
+      return hook(*box);
+    }
+  });
+  timer->start(10);
+}
+
+QString Texts(const QMessageBox& box) {
+  return box.windowTitle() + "|" + box.text() + "|" + box.informativeText();
+}
+
+/// The window in a folder of its own, with a picture of 60 by 40 points.
+class StudioWindowTest : public testing::Test {
+ protected:
+  StudioWindowTest() {
+    qputenv("XDG_CONFIG_HOME", folder.path().toUtf8());
+    QImage picture = RandomImage(60, 40, QImage::Format_RGB32, 5);
+    picture.setDotsPerMeterX(2835);
+    picture.setDotsPerMeterY(2835);
+    picture.save(Path("in.png"));
+    warnings.clear();
+  }
+  ~StudioWindowTest() override { EXPECT_EQ(warnings.join('\n').toStdString(), ""); }
+
+  QString Path(const QString& name) const { return folder.filePath(name); }
+
+  void Open() {
+    window.emplace(Path("state"));
+    window->show();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&*window));
+  }
+  void OpenPicture() {
+    Open();
+    ASSERT_TRUE(window->OpenPicture(Path("in.png")));
+  }
+  void Close() {
+    EXPECT_TRUE(window->close());
+    EXPECT_NO_THROW(window->CloseModule());
+    window.reset();
+  }
+  void Play(const char* gestures) {
+    window->Presenter().PlayScript(nrvui::gestures::GestureScript::Parse(gestures, "test"));
+  }
+  QAction& Action(const char* name) const { return *window->findChild<QAction*>(name); }
+  QString Summary() const { return window->findChild<QLabel*>("summary")->text(); }
+  QImage Canvas() const { return window->findChild<::Canvas*>()->grab().toImage(); }
+
+  QTemporaryDir folder;
+  std::optional<StudioWindow> window;
+};
+
+TEST_F(StudioWindowTest, APictureBecomesAMosaicThatCanBeUndoneAndExported) {
+  OpenPicture();
+  EXPECT_EQ(Summary().section("   ", 0, 0), "60 × 40 pt");
+  EXPECT_FALSE(Action("export").isEnabled());
+  const QImage before = Canvas();
+
+  Play("enter HorizontalCountTxt 12\nenter VerticalCountTxt 8\nkey Return");
+  Action("createTesserae").trigger();
+  ASSERT_TRUE(window->Shown()->mosaic);
+  EXPECT_EQ(window->Shown()->mosaic->tiles.size(), QSize(12, 8));
+  EXPECT_TRUE(Summary().startsWith("12 × 8 tiles")) << Summary().toStdString();
+  EXPECT_TRUE(window->isWindowModified());
+  const QImage mosaic = Canvas();
+  EXPECT_NE(mosaic, before);
+
+  Action("undo").trigger();
+  EXPECT_FALSE(window->Shown()->mosaic);
+  EXPECT_EQ(Canvas(), before);
+  Action("redo").trigger();
+  EXPECT_EQ(Canvas(), mosaic);
+
+  for (const char* name : {"a.svg", "a.pdf", "a.png"}) {
+    EXPECT_TRUE(window->Export(Path(name)));
+    EXPECT_TRUE(QFile::exists(Path(name)));
+  }
+  QFile svg(Path("a.svg"));
+  ASSERT_TRUE(svg.open(QIODevice::ReadOnly));
+  EXPECT_EQ(svg.readAll().count("<rect "), 12 * 8);
+  Close();  // without a question, since all is exported
+
+  // The next time begins with the same choices.
+  OpenPicture();
+  Play("key Return");
+  EXPECT_TRUE(window->CreateTesserae());
+  EXPECT_EQ(window->Shown()->mosaic->tiles.size(), QSize(12, 8));
+  WhenOpen<QMessageBox>("notExported", [](QMessageBox& box) { box.reject(); });
+  EXPECT_FALSE(window->close());
+  EXPECT_EQ(settings::RecentPictures(), QStringList(Path("in.png")));
+  Action("undo").trigger();
+  Action("undo").trigger();
+  EXPECT_FALSE(window->Shown());
+  Close();
+}
+
+TEST_F(StudioWindowTest, TakesWhatIsDroppedAndSaysWhatItCannotTake) {
+  Open();
+  QFile(Path("text.png")).open(QIODevice::WriteOnly);
+  const auto drop = [&](const QString& name) {
+    QMimeData data;
+    data.setUrls({QUrl::fromLocalFile(Path(name))});
+    QDragEnterEvent enter({9, 9}, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(&*window, &enter);
+    EXPECT_TRUE(enter.isAccepted());
+    QDropEvent event({9, 9}, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(&*window, &event);
+    QTest::qWait(1);
+  };
+  drop("in.png");
+  ASSERT_TRUE(QTest::qWaitFor([&] { return window->Shown() != nullptr; }));
+  const ArtworkPtr placed = window->Shown();
+
+  QString text;
+  WhenOpen<QMessageBox>("error", [&](QMessageBox& box) {
+    text = Texts(box);
+    box.close();
+  });
+  drop("text.png");
+  ASSERT_TRUE(QTest::qWaitFor([&] { return !text.isEmpty(); }));
+  EXPECT_TRUE(text.contains("cannot be opened") && text.contains("is empty")) << text.toStdString();
+  EXPECT_EQ(window->Shown(), placed);
+  Close();
+}
+
+TEST_F(StudioWindowTest, APictureOfUnknownSizeLeadsToPercentages) {
+  Open();
+  window->SetSizeUnknown(true);
+  ASSERT_TRUE(window->OpenPicture(Path("in.png")));
+  EXPECT_EQ(Summary(), "Size unknown");
+  QString shownWidth;
+  window->Presenter().WhenPainted([&](QWidget& dialog) {
+    shownWidth = dialog.findChild<QLabel*>("OrigWidthStatic")->text();
+    EXPECT_EQ(dialog.parentWidget(), &*window);
+  });
+  Play("enter NewWidthTxt 50\nkey Return");
+  EXPECT_TRUE(window->CreateTesserae());
+  EXPECT_EQ(shownWidth, "N/A");
+  EXPECT_NEAR(window->Shown()->Size().width(), 30, 0.01);
+  window->Export(Path("a.svg"));
+  Close();
+}
+
+TEST_F(StudioWindowTest, SaysWhyThereIsNoMosaic) {
+  OpenPicture();
+  QString text;
+  WhenOpen<QMessageBox>("error", [&](QMessageBox& box) {
+    text = Texts(box);
+    box.close();
+  });
+  Play("enter NewHeightTxt 0\nkey Return");
+  EXPECT_FALSE(window->CreateTesserae());
+  EXPECT_TRUE(text.contains("above 0")) << text.toStdString();
+  Play("key Escape");
+  EXPECT_FALSE(window->CreateTesserae());
+  EXPECT_FALSE(window->Shown()->mosaic);
+
+  QString about;
+  WhenOpen<QMessageBox>("about", [&](QMessageBox& box) {
+    about = Texts(box);
+    box.close();
+  });
+  EXPECT_TRUE(Action("about").text().contains("TesseraeUI"));
+  Action("about").trigger();
+  EXPECT_TRUE(about.startsWith("About TesseraeUI|TesseraeUI|")) << about.toStdString();
+  Close();
+}
+
+TEST_F(StudioWindowTest, NothingIsClippedInAnyLanguageOrTheme) {
+  auto& localizer = nrvcore::config::Localizer::Get();
+  localizer.SetCatalogues(standin::DefaultResourceRoot() / "translations");
+  for (const char* language : {"en", "de", "ja"}) {
+    for (const auto theme : {qtui::Theme::kLight, qtui::Theme::kDark}) {
+      SCOPED_TRACE(language);
+      localizer.SetLanguage(language);
+      qtui::ApplyTheme(theme);
+      OpenPicture();
+      window->resize(900, 600);
+      QTest::qWait(20);
+      for (const QToolButton* button :
+           window->findChild<QToolBar*>()->findChildren<QToolButton*>()) {
+        if (button->objectName() == "qt_toolbar_ext_button") {
+          EXPECT_FALSE(button->isVisible());
+          continue;
+        }
+        EXPECT_TRUE(button->isVisible());
+        EXPECT_GE(button->width(), button->sizeHint().width()) << button->text().toStdString();
+        EXPECT_FALSE(button->defaultAction()->text().isEmpty());
+      }
+      const auto& summary = *window->findChild<QLabel*>("summary");
+      EXPECT_GE(summary.width(), summary.sizeHint().width());
+
+      // The tiles' grey is the theme's: a dark board under dark bars.
+      const QImage picture = window->grab().toImage();
+      EXPECT_EQ(picture.pixelColor(8, picture.height() / 2).lightness() < 128,
+                theme == qtui::Theme::kDark);
+      Close();
+    }
+  }
+  localizer.SetLanguage("en");
+  qtui::ApplyTheme(qtui::Theme::kLight);
+}
+
+/// What is painted of a mosaic whose first tile is red, over white.
+QImage Painted(QSize tiles, QSizeF tile, QSizeF spacing, double scale, double ratio) {
+  Mosaic mosaic;
+  mosaic.tiles = QImage(tiles, QImage::Format_ARGB32);
+  mosaic.tiles.fill(Qt::blue);
+  mosaic.tiles.setPixel(0, 0, qRgb(255, 0, 0));
+  mosaic.geometry.tilesAcross = tiles.width();
+  mosaic.geometry.tilesDown = tiles.height();
+  mosaic.geometry.tile = tile;
+  mosaic.geometry.spacing = spacing;
+  mosaic.geometry.size = {tiles.width() * (tile.width() + spacing.width()) - spacing.width(),
+                          tiles.height() * (tile.height() + spacing.height()) - spacing.height()};
+  QImage image((mosaic.geometry.size * scale * ratio).toSize() + QSize(20, 20),
+               QImage::Format_RGB32);
+  image.setDevicePixelRatio(ratio);
+  image.fill(Qt::white);
+  const QRectF all({0, 0}, mosaic.geometry.size);
+  QPainter painter(&image);
+  painter.translate(10 / ratio, 10 / ratio);
+  painter.scale(scale, scale);
+  TilePainter(std::make_shared<const Mosaic>(std::move(mosaic))).Paint(painter, all);
+  return image;
+}
+
+TEST(TilePainter, TilesLieWhereTheyBelongAtAnyScale) {
+  for (const double ratio : {1.0, 2.0}) {
+    const QImage large = Painted({3, 2}, {6, 4}, {2, 1}, 5, ratio);
+    const auto at = [&](double x, double y) {
+      return large.pixel(int(10 + x * 5 * ratio), int(10 + y * 5 * ratio)) & 0xFFFFFF;
+    };
+    EXPECT_EQ(at(0.1, 0.1), 0xFF0000U);
+    EXPECT_EQ(at(5.9, 3.9), 0xFF0000U);
+    EXPECT_EQ(at(6.3, 1), 0xFFFFFFU);
+    EXPECT_EQ(at(1, 4.5), 0xFFFFFFU);
+    EXPECT_EQ(at(8.1, 0.1), 0x0000FFU);
+    EXPECT_EQ(at(21.9, 8.9), 0x0000FFU);
+    EXPECT_EQ(large.pixel(9, 9) & 0xFFFFFF, 0xFFFFFFU);
+  }
+  // A gap of half a pixel counts half.
+  const QImage halves = Painted({4, 4}, {7, 7}, {1, 1}, 0.5, 1);
+  EXPECT_EQ(halves.pixel(10 + 5, 10 + 5) & 0xFFFFFF, 0x0000FFU);
+  EXPECT_NEAR(qRed(halves.pixel(10 + 7, 10 + 5)), 128, 3);
+  // So do gaps among tiles that are too small to be told apart: three quarters here.
+  const QImage small = Painted({2000, 2000}, {0.5, 0.5}, {0.5, 0.5}, 0.25, 1);
+  EXPECT_NEAR(qRed(small.pixel(260, 260)), 191, 4);
+  EXPECT_EQ(qBlue(small.pixel(260, 260)), 255);
+}
+
+TEST(TilePainter, AHundredThousandTilesArePaintedInAFrame) {
+  QElapsedTimer timer;
+  timer.start();
+  constexpr int kFrames = 10;
+  for (int i = 0; i < kFrames; ++i) Painted({400, 250}, {3, 3}, {0.5, 0.5}, 1, 1);
+  EXPECT_LT(timer.elapsed() / kFrames, 300) << "even on a busy machine without optimisation";
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  testing::InitGoogleTest(&argc, argv);
+  const QApplication application(argc, argv);
+  QCoreApplication::setApplicationName("tesserae-studio");
+  qtui::ApplyTheme(qtui::Theme::kLight);
+  qInstallMessageHandler(NoteWarning);
+  return RUN_ALL_TESTS();
+}
