@@ -16,11 +16,15 @@ constexpr int kQuietTime = 500;  // ms
 constexpr int kInterval = 50;    // ms
 constexpr int kSteps = 1000;
 
-/// The thread that works, from construction to destruction.
+/// The thread that works, from construction to destruction. Ends the loop when it is done.
 class Worker {
  public:
-  explicit Worker(const std::function<bool(const Progress&)>& work)
-      : thread(QThread::create([this, &work] { Run(work); })) {
+  Worker(const std::function<bool(const Progress&)>& work, QEventLoop& loop)
+      : thread(QThread::create([this, &work, &loop] {
+          Run(work);
+          isDone = true;
+          QMetaObject::invokeMethod(&loop, &QEventLoop::quit, Qt::QueuedConnection);
+        })) {
     thread->start();
   }
   Worker(const Worker&) = delete;
@@ -32,7 +36,7 @@ class Worker {
 
   void Cancel() { isCancelled = true; }
   int StepsDone() const { return stepsDone; }
-  QThread& Thread() const { return *thread; }
+  bool IsDone() const { return isDone; }
 
   bool Result() {
     thread->wait();
@@ -54,6 +58,7 @@ class Worker {
 
   std::atomic<bool> isCancelled = false;
   std::atomic<int> stepsDone = 0;
+  std::atomic<bool> isDone = false;
   bool isComplete = false;
   std::exception_ptr failure;
   const std::unique_ptr<QThread> thread;
@@ -63,12 +68,11 @@ class Worker {
 
 bool DoInBackground(QWidget& window, const QString& label,
                     const std::function<bool(const Progress&)>& work) {
-  Worker worker(work);
   QEventLoop loop;
-  QObject::connect(&worker.Thread(), &QThread::finished, &loop, &QEventLoop::quit);
+  Worker worker(work, loop);
   QTimer::singleShot(kQuietTime, &loop, &QEventLoop::quit);
-  if (!worker.Thread().isFinished()) loop.exec(QEventLoop::ExcludeUserInputEvents);
-  if (worker.Thread().isFinished()) return worker.Result();
+  if (!worker.IsDone()) loop.exec(QEventLoop::ExcludeUserInputEvents);
+  if (worker.IsDone()) return worker.Result();
 
   QProgressDialog dialog(label, Text("$$$/Studio/Progress/Cancel=Cancel"), 0, kSteps, &window);
   dialog.setObjectName("progress");
@@ -85,6 +89,6 @@ bool DoInBackground(QWidget& window, const QString& label,
   });
   QObject::connect(&dialog, &QProgressDialog::canceled, &dialog, [&] { worker.Cancel(); });
   timer.start(kInterval);
-  if (!worker.Thread().isFinished()) loop.exec();
+  if (!worker.IsDone()) loop.exec();
   return worker.Result();
 }
