@@ -167,4 +167,6 @@ TEST(Gestures, ResizeKeepsToTheMinimum) {
     EXPECT_EQ(Resize(*test.dialog, {100, wrong}).refusal, Refusal::kNotASize);
   }
   EXPECT_EQ(test.dialog->GetContentSize(), (nrvcore::geom::PointT<float>{90, 60}));
+  EXPECT_EQ(test.dialog->GetRootView()->UI_GetLocalRectF(false),
+            (nrvcore::geom::RectT<float>{0, 0, 90, 60}));
 }

@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <boost/smart_ptr/make_shared.hpp>
 #include <stdexcept>
 #include <string>
 
@@ -70,4 +71,16 @@ TEST(Node, ChildrenKeepTheirOrderAndKnowTheirParent) {
   other.reset();
   parent.reset();
   EXPECT_EQ(b->UI_GetParentContainer(), nullptr) << "the parent is gone";
+}
+
+TEST(Node, OnlyASizeThatDiffersIsTold) {
+  const NodePtr node = new UI_Node;
+  int told = 0;
+  node->UI_InstallSizeChangedNotifyFunction(
+      boost::make_shared<boost::function<void()>>([&] { ++told; }));
+  node->UI_SetLocalRectF({5, 5, 35, 25});
+  node->UI_SetLocalRectF({0, 0, 30, 20});
+  EXPECT_EQ(told, 1);
+  node->UI_SetPosition({7, 8});
+  EXPECT_EQ(node->UI_GetLocalRectF(true), (nrvcore::geom::RectT<float>{7, 8, 37, 28}));
 }

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <functional>
+#include <latch>
 #include <random>
 #include <thread>
 #include <vector>
@@ -66,7 +68,8 @@ TEST_F(LedgerTest, RefusesTheAllocationThatIsAskedFor) {
   }
 }
 
-void TakeAndFreeInAnyOrder(unsigned seed) {
+void TakeAndFreeInAnyOrder(unsigned seed, std::latch& start) {
+  start.arrive_and_wait();
   std::mt19937 random(seed);
   std::vector<void*> blocks;
   for (int step = 0; step < 20000; ++step) {
@@ -83,7 +86,9 @@ void TakeAndFreeInAnyOrder(unsigned seed) {
 
 TEST_F(LedgerTest, KeepsItsBookForSeveralThreads) {
   std::vector<std::thread> threads;
-  for (unsigned seed = 1; seed <= 4; ++seed) threads.emplace_back(TakeAndFreeInAnyOrder, seed);
+  std::latch start(4);
+  for (unsigned seed = 1; seed <= 4; ++seed)
+    threads.emplace_back(TakeAndFreeInAnyOrder, seed, std::ref(start));
   for (std::thread& thread : threads) thread.join();
   EXPECT_EQ(ledger.Counts().blocks, before.blocks);
   EXPECT_EQ(ledger.Counts().bytes, before.bytes);

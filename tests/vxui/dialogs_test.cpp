@@ -16,10 +16,13 @@ struct Popup final : UI_PopupModalDialog, nrvui::ui::DialogPresenter {
 
   bool MayPopUp() override { return allowed; }
   void OnPopUp() override { story += "up "; }
-  void OnDismiss() noexcept override { story += "dismissed"; }
-  void Present(nrvui::ui::UI_Dialog&) override { throw std::runtime_error("presenter"); }
+  void OnDismiss() noexcept override { story += "dismissed "; }
+  void Present(nrvui::ui::UI_Dialog&) override {
+    if (throws) throw std::runtime_error("presenter");
+  }
 
   bool allowed = true;
+  bool throws = true;
   std::string story;
 };
 
@@ -39,10 +42,14 @@ TEST(PopupModalDialog, IsDismissedHoweverItsRunEnds) {
   const boost::intrusive_ptr<Popup> popup = new Popup;
   const nrvui::ui::InstalledPresenter installed(*popup);
   EXPECT_THROW(popup->RunModal(), std::runtime_error);
-  EXPECT_EQ(popup->story, "up dismissed");
+  EXPECT_EQ(popup->story, "up dismissed ");
+
+  popup->throws = false;
+  popup->RunModal();
+  EXPECT_EQ(popup->story, "up dismissed up dismissed ");
+  EXPECT_EQ(popup->GetResponse(), nrvui::ui::kCancelResponse) << "no response counts as cancel";
 
   popup->allowed = false;
   popup->RunModal();
-  EXPECT_EQ(popup->story, "up dismissed") << "it did not pop up again";
-  EXPECT_EQ(popup->GetResponse(), nrvui::ui::kCancelResponse);
+  EXPECT_EQ(popup->story, "up dismissed up dismissed ") << "it did not pop up again";
 }
