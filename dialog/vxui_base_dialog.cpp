@@ -71,7 +71,7 @@ void VXUIBaseDialog<T>::SetUpSheet(const nrvcore::String& nodeID, uint32_t resou
   SheetFactory* factory = GetSheetFactory();
   if (!factory) return;
 
-  sheetHolder = factory->CreateSheetHolder(pluginRef, resourceID, GetThemeName());
+  sheetHolder = factory->CreateSheetHolder(pluginRef, resourceID, VXUIBaseDialog::GetThemeName());
   const boost::intrusive_ptr<UI_Node> sheetView =
       sheetHolder ? sheetHolder->GetSheetView() : nullptr;
   if (sheetView) SetUpLayout(sheetView, attachSheetView);

@@ -10,7 +10,7 @@ class VXUICairnSheetInterface {
  public:
   VXUICairnSheetInterface() = default;
   // A dialog is a node as well, and the destruction of a node may throw.
-  virtual ~VXUICairnSheetInterface() noexcept(false) {}
+  virtual ~VXUICairnSheetInterface() noexcept(false) = default;
   VXUICairnSheetInterface(const VXUICairnSheetInterface&) = delete;
   VXUICairnSheetInterface& operator=(const VXUICairnSheetInterface&) = delete;
 

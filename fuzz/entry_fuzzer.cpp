@@ -1,3 +1,4 @@
+#include <array>
 #include <charconv>
 #include <cstring>
 #include <map>
@@ -70,24 +71,27 @@ class Session {
   void RunDialog(std::string_view hex) {
     const auto* suite = host.Suites().Find<MosaicSuite>();
     if (!module.Globals() || !suite) return;
-    struct {
-      MosaicParameters record;
-      MosaicDialogState state;
-    } given{}, memory{};
-    for (size_t i = 0; i < sizeof given && i * 2 + 1 < hex.size(); ++i)
-      std::from_chars(&hex[i * 2], &hex[i * 2] + 2, reinterpret_cast<uint8_t*>(&given)[i], 16);
-    std::memcpy(&memory, &given, sizeof memory);
+    constexpr size_t kRecordSize = sizeof(MosaicParameters);
+    std::array<uint8_t, kRecordSize + sizeof(MosaicDialogState)> given{};
+    for (size_t i = 0; i < given.size() && i * 2 + 1 < hex.size(); ++i)
+      std::from_chars(&hex[i * 2], &hex[i * 2] + 2, given[i], 16);
+    MosaicParameters record;
+    MosaicDialogState state;
+    std::memcpy(&record, given.data(), sizeof record);
+    std::memcpy(&state, &given[kRecordSize], sizeof state);
     try {
       ScriptedPresenter person(GestureScript::Parse(gestures, "gestures"));
       const nrvui::ui::InstalledPresenter installed(person);
-      MosaicParameters* params = &memory.record;
-      const ResultCode code = suite->RunMosaicDialog(&memory.state, &params);
+      MosaicParameters* params = &record;
+      const ResultCode code = suite->RunMosaicDialog(&state, &params);
       if (code != ResultCode::kSuccess) {
         Require(code == ResultCode::kCancelled || code == ResultCode::kCannot);
-        Require(std::memcmp(&memory, &given, sizeof memory) == 0);
+        Require(std::memcmp(reinterpret_cast<uint8_t*>(&record), given.data(), kRecordSize) == 0);
+        Require(std::memcmp(reinterpret_cast<uint8_t*>(&state), &given[kRecordSize],
+                            sizeof state) == 0);
       } else {
-        Require(memory.record.tilesAcross == memory.record.tilesAcrossCopy);
-        Require(std::memcmp(&memory.record.boundsLeft, &given.record.boundsLeft, 16) == 0);
+        Require(record.tilesAcross == record.tilesAcrossCopy);
+        Require(std::memcmp(&record.boundsLeft, &given[44], 16) == 0);
       }
     } catch (const ScriptError&) {
       gestures.clear();

@@ -36,7 +36,7 @@ class TesseraeUIDialog : public VXUIBaseDialog<nrvui::ui::UI_Dialog> {
   // Access to the controls, by node ID.
   template <class T>
   boost::intrusive_ptr<T> Control(const char* nodeID) const {
-    const boost::intrusive_ptr<T> control = CheckedCast<T>(FindNodeByID(nodeID));
+    boost::intrusive_ptr<T> control = CheckedCast<T>(FindNodeByID(nodeID));
     if (!control) nrvcore::config::ThrowInvalidTypeConversion();
     return control;
   }

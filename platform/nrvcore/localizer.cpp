@@ -10,7 +10,7 @@
 #include "platform/nrvcore/unicode.h"
 
 // gettext forgets what it looked up when this moves; its manual names it for exactly that.
-extern "C" int _nl_msg_cat_cntr;
+extern "C" int _nl_msg_cat_cntr;  // NOLINT(readability-identifier-naming)
 
 namespace nrvcore::config {
 

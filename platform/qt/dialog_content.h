@@ -23,6 +23,9 @@ class DialogContent final : private nrvui::ui::NodeObserver {
   DialogContent(DialogRun& modalRun, QWidget& itsPane, std::function<void()> rebuild);
   ~DialogContent();
 
+  DialogContent(const DialogContent&) = delete;
+  DialogContent& operator=(const DialogContent&) = delete;
+
   /// Null for a node that is not shown here.
   QWidget* WidgetOf(const nrvui::ui::UI_Node& node) const;
   const MessageLine& Messages() const { return *messages; }

@@ -34,7 +34,7 @@ class WindowScope {
   ~WindowScope() { delete window.data(); }
 
   DialogWindow& operator*() const { return *window; }
-  DialogWindow* operator->() const { return window; }
+  DialogWindow* operator->() const { return window.data(); }
 
  private:
   QPointer<DialogWindow> window;

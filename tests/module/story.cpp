@@ -154,7 +154,7 @@ void Story::RunDialog(const Scene& scene) {
     return;
   }
   MosaicParameters record;
-  std::memset(&record, 0x5A, sizeof(record));
+  std::fill_n(reinterpret_cast<uint8_t*>(&record), sizeof(record), 0x5A);
   record.boundsLeft = record.boundsTop = 0;
   record.boundsRight = 300;
   record.boundsBottom = 200;
