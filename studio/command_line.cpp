@@ -50,7 +50,7 @@ bool TakeValue(CommandLine& line, const QString& name, const QString& value) {
   for (const ValueOption& option : kValueOptions) {
     if (name != option.name) continue;
     QString& place = line.*option.value;
-    if (!place.isEmpty()) throw StudioError(name + " is given twice");
+    if (!place.isEmpty()) throw StudioError("$$$/Studio/Line/GivenTwice=%1 is given twice", name);
     place = value;
     return true;
   }
@@ -70,8 +70,10 @@ CommandLine CommandLine::Parse(const QStringList& arguments) {
   for (int i = 0; i < arguments.size(); ++i) {
     const QString& argument = arguments[i];
     if (onlyPaths || !argument.startsWith('-')) {
-      if (!line.picture.isEmpty()) throw StudioError("more than one picture is given");
-      if (argument.isEmpty()) throw StudioError("the picture's name is empty");
+      if (!line.picture.isEmpty())
+        throw StudioError("$$$/Studio/Line/TwoPictures=more than one picture is given");
+      if (argument.isEmpty())
+        throw StudioError("$$$/Studio/Line/EmptyName=the picture's name is empty");
       line.picture = argument;
       continue;
     }
@@ -82,16 +84,17 @@ CommandLine CommandLine::Parse(const QStringList& arguments) {
     if (TakeOption(line, argument)) continue;
 
     const QString name = argument.section('=', 0, 0);
-    if (!WantsValue(name)) throw StudioError("unknown option " + argument + "; see --help");
+    if (!WantsValue(name))
+      throw StudioError("$$$/Studio/Line/UnknownOption=unknown option %1; see --help", argument);
     const bool isJoined = name != argument;
-    if (!isJoined && ++i == arguments.size())
-      throw StudioError(name + " needs a value; see --help");
-    const QString value = isJoined ? argument.section('=', 1) : arguments[i];
-    if (value.isEmpty()) throw StudioError(name + " needs a value; see --help");
+    const QString value = isJoined ? argument.section('=', 1) : arguments.value(++i);
+    if (value.isEmpty()) {
+      throw StudioError("$$$/Studio/Line/NeedsValue=%1 needs a value; see --help", name);
+    }
     TakeValue(line, name, value);
   }
   if (!line.theme.isEmpty() && !QStringList{"light", "dark", "system"}.contains(line.theme)) {
-    throw StudioError("--theme is light, dark or system, not " + line.theme);
+    throw StudioError("$$$/Studio/Line/Theme=--theme is light, dark or system, not %1", line.theme);
   }
   return line;
 }

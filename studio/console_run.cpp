@@ -11,6 +11,7 @@
 #include "studio/mosaic_job.h"
 #include "studio/progress_line.h"
 #include "studio/studio_error.h"
+#include "studio/text.h"
 #include "studio/text_writer.h"
 #include "studio/window/tile_sink.h"
 #include "studio/window/window_picture.h"
@@ -38,7 +39,8 @@ ConsoleRun::ConsoleRun(CommandLine commandLine)
 int ConsoleRun::Run() {
   const bool isEmptyWindow = line.picture.isEmpty() && line.dialogPicture.isEmpty();
   if (line.WantsPicturesOnly() && isEmptyWindow) return Photograph();
-  if (line.picture.isEmpty()) throw StudioError("which picture? See --help");
+  if (line.picture.isEmpty())
+    throw StudioError("$$$/Studio/Line/WhichPicture=which picture? See --help");
   for (const QString& path : line.exports) CheckExportEnding(path);
   const Interruption interruption;
   PlacePicture();
@@ -47,20 +49,20 @@ int ConsoleRun::Run() {
   OpenOutputs();
   MosaicChoices choices = FirstChoices();
   if (!Ask(choices)) {
-    Tell("The dialog was cancelled.");
+    Tell(Text("$$$/Studio/Line/Cancelled=The dialog was cancelled."));
     return kCancelled;
   }
   const QByteArray json = RecordToJson(choices);
   Tell(json.trimmed());
   if (recordDevice) WriteAll(*recordDevice, json.toStdString());
   if (!Build(choices, interruption)) {
-    Tell("The building was stopped.");
+    Tell(Text("$$$/Studio/Line/Stopped=The building was stopped."));
     return kCancelled;
   }
   SaveWindowPicture();
   KeepChoices(choices);
-  for (const QString& path : line.exports + line.Pictures()) Tell("Wrote " + path);
-  if (recordDevice) Tell("Wrote " + line.record);
+  for (const QString& path : line.exports + line.Pictures()) TellOfFile(path);
+  if (recordDevice) TellOfFile(line.record);
   return kDone;
 }
 
@@ -73,7 +75,7 @@ int ConsoleRun::Photograph() {
   }
   SaveWindowPicture();
   outputs.Commit();
-  for (const QString& path : line.Pictures()) Tell("Wrote " + path);
+  for (const QString& path : line.Pictures()) TellOfFile(path);
   return kDone;
 }
 
@@ -123,7 +125,7 @@ bool ConsoleRun::Ask(MosaicChoices& choices) {
     caller.Close();
     if (!user->Problem().isEmpty()) throw StudioError(user->Problem());
     if (dialogPictureDevice) WriteAll(*dialogPictureDevice, user->Picture().toStdString());
-    if (!line.WantsPicturesOnly()) Tell("No block left.");
+    if (!line.WantsPicturesOnly()) Tell(Text("$$$/Studio/Line/NoBlockLeft=No block left."));
     return answer == MosaicCaller::Answer::kOk;
   } catch (const StudioError& error) {
     alerts.Fail(error);
@@ -144,10 +146,9 @@ bool ConsoleRun::Build(const MosaicChoices& choices, const Interruption& interru
     return !interruption.IsRequested();
   });
   if (!isComplete || interruption.IsRequested()) return false;
-  Tell(QString("Built %1 tiles, %2 across and %3 down.")
-           .arg(qint64(geometry.tilesAcross) * geometry.tilesDown)
-           .arg(geometry.tilesAcross)
-           .arg(geometry.tilesDown));
+  Tell(Text("$$$/Studio/Line/Built=Built %1 tiles, %2 across and %3 down.",
+            QString::number(qint64(geometry.tilesAcross) * geometry.tilesDown),
+            QString::number(geometry.tilesAcross), QString::number(geometry.tilesDown)));
   if (!windowPictureDevice) return true;
   Artwork made = *artwork;
   made.mosaic = std::make_shared<const Mosaic>(std::move(mosaic));
@@ -168,7 +169,8 @@ void ConsoleRun::KeepChoices(const MosaicChoices& choices) {
   try {
     lastChoices.Save(choices);
   } catch (const StudioError& error) {
-    Warn("the choices are not kept: " + QString(error.what()));
+    Warn(
+        Text("$$$/Studio/Line/ChoicesNotKept=the choices are not kept: %1", QString(error.what())));
   }
 }
 
@@ -176,6 +178,10 @@ void ConsoleRun::Tell(const QString& text) const {
   if (line.isQuiet) return;
   std::printf("%s\n", qPrintable(text));
   std::fflush(stdout);  // a long build may follow
+}
+
+void ConsoleRun::TellOfFile(const QString& path) const {
+  Tell(Text("$$$/Studio/Line/Wrote=Wrote %1", path));
 }
 
 void ConsoleRun::Warn(const QString& text) const {

@@ -33,6 +33,7 @@ class ConsoleRun {
   void KeepChoices(const MosaicChoices& choices);
 
   void Tell(const QString& text) const;
+  void TellOfFile(const QString& path) const;
   void Warn(const QString& text) const;
 
   const CommandLine line;

@@ -61,7 +61,8 @@ std::unique_ptr<DialogUser> MakeDialogUser(const CommandLine& line,
     return std::make_unique<ScriptedUser>(line, std::move(report));
   }
   if (line.gestures.isEmpty() && !line.WantsPicturesOnly() && !HasDisplay()) {
-    throw StudioError("without a display the dialog needs --gestures FILE");
+    throw StudioError(
+        "$$$/Studio/Line/NeedsGestures=without a display the dialog needs --gestures FILE");
   }
   return std::make_unique<WindowUser>(line, std::move(report));
 }

@@ -34,12 +34,14 @@ LastChoices::LastChoices(const QString& namedPath)
 
 std::optional<MosaicChoices> LastChoices::Load() const try {
   if (!QFileInfo::exists(path)) return std::nullopt;
-  if (!QFileInfo(path).isFile()) throw StudioError("it is no ordinary file");
+  if (!QFileInfo(path).isFile())
+    throw StudioError("$$$/Studio/Write/NoFile=it is no ordinary file");
   QFile file(path);
-  if (!file.open(QIODevice::ReadOnly)) throw StudioError(file.errorString());
+  if (!file.open(QIODevice::ReadOnly)) throw StudioError(ReasonText(file));
   return ChoicesFromJson(file.readAll());
 } catch (const StudioError& error) {
-  throw StudioError("the last choices in " + path + " cannot be read: " + error.what());
+  throw StudioError("$$$/Studio/Choices/Unreadable=the last choices in %1 cannot be read: %2", path,
+                    QString(error.what()));
 }
 
 void LastChoices::Save(const MosaicChoices& choices) const {

@@ -10,6 +10,7 @@
 #include "studio/command_line.h"
 #include "studio/console_run.h"
 #include "studio/display.h"
+#include "studio/studio_error.h"
 #include "studio/window/settings.h"
 #include "studio/window/studio_window.h"
 
@@ -17,10 +18,9 @@ namespace {
 
 constexpr int kSomethingWrong = 2;
 
+/// An empty code is the language of the user's environment.
 void SpeakLanguage(const QString& code) {
-  auto& localizer = nrvcore::config::Localizer::Get();
-  localizer.SetCatalogues(standin::DefaultResourceRoot() / "translations");
-  localizer.SetLanguage(code.toStdString());
+  nrvcore::config::Localizer::Get().SetLanguage(code.toStdString());
   if (!code.isEmpty()) QLocale::setDefault(QLocale(code));
 
   // What Qt's own boxes say, where its translations are installed.
@@ -66,6 +66,9 @@ QStringList Arguments(int argc, char** argv) {
 
 int main(int argc, char** argv) try {
   qInstallMessageHandler(PassOver);
+  auto& localizer = nrvcore::config::Localizer::Get();
+  localizer.SetCatalogues(standin::DefaultResourceRoot() / "translations");
+  localizer.SetLanguage({});
   const CommandLine line = CommandLine::Parse(Arguments(argc, argv));
   if (line.showHelp) {
     std::fputs(qPrintable(CommandLine::HelpText()), stdout);
@@ -81,6 +84,6 @@ int main(int argc, char** argv) try {
   QCoreApplication::setApplicationVersion(TESSERAE_VERSION);
   return RunStudio(line);
 } catch (const std::exception& error) {
-  std::fprintf(stderr, "tesserae-studio: %s\n", error.what());
+  std::fprintf(stderr, "tesserae-studio: %s\n", qPrintable(ReasonText(error)));
   return kSomethingWrong;
 }

@@ -12,14 +12,14 @@ std::filesystem::path ModulePath() {
   return programs.parent_path() / "plugins" / TESSERAE_MODULE_FILE;
 }
 
+[[noreturn]] void Fail(const char* key, const std::string& reason) {
+  throw StudioError(key, QString::fromStdString(reason));
+}
+
 std::unique_ptr<standin::Module> Load(standin::Host& host) try {
   return std::make_unique<standin::Module>(host, ModulePath());
 } catch (const standin::LoadError& error) {
-  throw StudioError("the module cannot be loaded: " + QString(error.what()));
-}
-
-[[noreturn]] void Fail(const char* what, const std::string& reason) {
-  throw StudioError(QString(what) + ": " + QString::fromStdString(reason));
+  Fail("$$$/Studio/Module/NotLoaded=the module cannot be loaded: %1", error.what());
 }
 
 }  // namespace
@@ -27,18 +27,20 @@ std::unique_ptr<standin::Module> Load(standin::Host& host) try {
 MosaicCaller::MosaicCaller(standin::UserInterface& userInterface)
     : host(userInterface), module(Load(host)) {
   const ResultCode code = module->StartUp();
-  if (Failed(code)) Fail("the module cannot be started", Reason(code));
+  if (Failed(code))
+    Fail("$$$/Studio/Module/NotStarted=the module cannot be started: %1", Reason(code));
 }
 
 MosaicCaller::Answer MosaicCaller::Ask(MosaicParameters& params, MosaicDialogState& state) {
   const standin::HeldSuite<MosaicSuite> suite(host);
-  if (!suite) Fail("the module offers no dialog", Reason(suite.Code()));
+  if (!suite)
+    Fail("$$$/Studio/Module/NoDialog=the module offers no dialog: %1", Reason(suite.Code()));
 
   MosaicParameters* record = &params;
   const ResultCode code = suite->RunMosaicDialog(&state, &record);
   if (code == ResultCode::kSuccess) return Answer::kOk;
   if (code == ResultCode::kCancelled) return Answer::kCancelled;
-  Fail("the dialog cannot be shown", Reason(code));
+  Fail("$$$/Studio/Module/NotShown=the dialog cannot be shown: %1", Reason(code));
 }
 
 QString MosaicCaller::ModuleName() const {
@@ -47,15 +49,18 @@ QString MosaicCaller::ModuleName() const {
 
 void MosaicCaller::ShowAbout() {
   const ResultCode code = module->About();
-  if (Failed(code)) Fail("the module says nothing about itself", Reason(code));
+  if (Failed(code))
+    Fail("$$$/Studio/Module/NoAbout=the module says nothing about itself: %1", Reason(code));
 }
 
 void MosaicCaller::Close() {
   const ResultCode code = module->ShutDown();
-  if (Failed(code)) Fail("the module cannot be shut down", Reason(code));
+  if (Failed(code))
+    Fail("$$$/Studio/Module/NotShutDown=the module cannot be shut down: %1", Reason(code));
   module.reset();
   const std::vector<std::string> leftovers = host.Leftovers();
-  if (!leftovers.empty()) Fail("the module gave back too little", leftovers.front());
+  if (!leftovers.empty())
+    Fail("$$$/Studio/Module/LeftOver=the module gave back too little: %1", leftovers.front());
 }
 
 /// What the host found wrong on the way says more than the code.
@@ -65,5 +70,7 @@ std::string MosaicCaller::Reason(ResultCode code) const {
   std::string text;
   for (int i = 0; i < 4; ++i, number <<= 8) text += char(number >> 24);
   const bool isText = std::all_of(text.begin(), text.end(), [](char c) { return c > 31; });
-  return isText ? "'" + text + "'" : "code " + std::to_string(int32_t(code));
+  if (isText) return "'" + text + "'";
+  const QString digits = QString::number(int32_t(code));
+  return Text("$$$/Studio/Module/Code=code %1", digits).toStdString();
 }

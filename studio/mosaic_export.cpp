@@ -30,7 +30,9 @@ MakeSink FindKind(const QString& path) {
     return ending == QLatin1String(candidate.ending);
   });
   if (kind != std::end(kKinds)) return kind->make;
-  throw StudioError("cannot export to " + path + ": the name must end in .svg, .png or .pdf");
+  throw StudioError(
+      "$$$/Studio/Export/Ending=cannot export to %1: the name must end in .svg, .png or .pdf",
+      path);
 }
 
 }  // namespace

@@ -3,36 +3,46 @@
 #include <cmath>
 
 #include "studio/studio_error.h"
+#include "studio/text_writer.h"
 
 namespace {
 
 // Tiles below this are no longer told apart by the numbers in a picture file, in points.
 constexpr double kSmallestTile = 0.001;
 
-/// One direction of the mosaic, and the words in which the user knows it.
+/// Why one direction of the mosaic can leave nothing of it.
+struct Refusals {
+  const char* noTile;
+  const char* noSize;
+  const char* noRoom;
+};
+
+constexpr Refusals kAcross{
+    "$$$/Studio/Mosaic/NoColumn=a mosaic needs at least one tile across",
+    "$$$/Studio/Mosaic/NoWidth=the new width leaves no mosaic: it must be above 0",
+    "$$$/Studio/Mosaic/NoRoomAcross=no room for tiles: %1 tiles across with a spacing of %2 pt "
+    "don't "
+    "fit in a width of %3 pt"};
+constexpr Refusals kDown{
+    "$$$/Studio/Mosaic/NoRow=a mosaic needs at least one tile down",
+    "$$$/Studio/Mosaic/NoHeight=the new height leaves no mosaic: it must be above 0",
+    "$$$/Studio/Mosaic/NoRoomDown=no room for tiles: %1 tiles down with a spacing of %2 pt don't "
+    "fit "
+    "in a height of %3 pt"};
+
 struct Side {
-  const char* length;
-  const char* direction;
+  const Refusals& refusals;
   int tiles;
   int spacing;
   double size;
 
   double TileSize() const {
-    if (tiles < 1) {
-      throw StudioError(QString("a mosaic needs at least one tile %1").arg(direction));
-    }
-    if (!std::isfinite(size) || size <= 0) {
-      throw StudioError(QString("the new %1 leaves no mosaic: it must be above 0").arg(length));
-    }
+    if (tiles < 1) throw StudioError(refusals.noTile);
+    if (!std::isfinite(size) || size <= 0) throw StudioError(refusals.noSize);
     const double tile = (size - double(tiles - 1) * spacing) / tiles;
     if (spacing >= 0 && tile >= kSmallestTile) return tile;
-    throw StudioError(QString("no room for tiles: %1 tiles %2 with a spacing of %3 pt don't fit in "
-                              "a %4 of %5 pt")
-                          .arg(tiles)
-                          .arg(direction)
-                          .arg(spacing)
-                          .arg(length)
-                          .arg(size));
+    throw StudioError(refusals.noRoom, NumberForUser(tiles), NumberForUser(spacing),
+                      NumberForUser(size));
   }
 };
 
@@ -42,10 +52,9 @@ MosaicGeometry MosaicGeometry::From(const MosaicParameters& params, const Mosaic
                                     QSizeF sourceSize) {
   const double unitX = state.usePercent ? sourceSize.width() : 1;
   const double unitY = state.usePercent ? sourceSize.height() : 1;
-  const Side across{"width", "across", params.tilesAcross, params.tileSpacingHorizontal,
+  const Side across{kAcross, params.tilesAcross, params.tileSpacingHorizontal,
                     params.newWidth * unitX};
-  const Side down{"height", "down", params.tilesDown, params.tileSpacingVertical,
-                  params.newHeight * unitY};
+  const Side down{kDown, params.tilesDown, params.tileSpacingVertical, params.newHeight * unitY};
 
   MosaicGeometry geometry;
   geometry.tile = {across.TileSize(), down.TileSize()};

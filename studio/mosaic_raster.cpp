@@ -31,7 +31,7 @@ MosaicRaster::MosaicRaster(const MosaicGeometry& geometry, double scale)
       scale(scale),
       image(PixelCount(geometry.size.width(), scale), PixelCount(geometry.size.height(), scale),
             QImage::Format_ARGB32) {
-  if (image.isNull()) throw StudioError("no memory for the mosaic's pixels");
+  if (image.isNull()) throw StudioError(kNoMemory);
   image.fill(Qt::transparent);
   across.resize(size_t(image.width()));
   open.resize(across.size());

@@ -14,7 +14,7 @@ QString Identity(const QString& path) {
 }
 
 [[noreturn]] void Refuse(const QString& path, const QString& reason) {
-  throw StudioError("cannot write " + path + ": " + reason);
+  throw StudioError("$$$/Studio/Write/Failed=cannot write %1: %2", path, reason);
 }
 
 }  // namespace
@@ -25,16 +25,20 @@ void OutputSet::Protect(const QString& path) {
 
 QIODevice& OutputSet::Add(const QString& path) {
   const QFileInfo info(path);
-  if (info.isDir()) Refuse(path, "it is a folder");
-  if (info.exists() && !info.isFile()) Refuse(path, "it is no ordinary file");
+  if (info.isDir()) Refuse(path, Text("$$$/Studio/Write/Folder=it is a folder"));
+  if (info.exists() && !info.isFile())
+    Refuse(path, Text("$$$/Studio/Write/NoFile=it is no ordinary file"));
   if (!QFileInfo(info.absolutePath()).isDir()) {
-    Refuse(path, "there is no folder " + info.absolutePath());
+    Refuse(path, Text("$$$/Studio/Write/NoFolder=there is no folder %1", info.absolutePath()));
   }
   const QString identity = Identity(path);
-  if (taken.contains(identity)) Refuse(path, "this run uses the file for something else");
+  if (taken.contains(identity)) {
+    Refuse(path, Text("$$$/Studio/Write/InUse=the file is already used for something else, such as "
+                      "the picture"));
+  };
 
   auto file = std::make_unique<QSaveFile>(path);
-  if (!file->open(QIODevice::WriteOnly)) Refuse(path, file->errorString());
+  if (!file->open(QIODevice::WriteOnly)) Refuse(path, ReasonText(*file));
   taken << identity;
   files.push_back(std::move(file));
   return *files.back();
@@ -42,10 +46,10 @@ QIODevice& OutputSet::Add(const QString& path) {
 
 void OutputSet::Commit() {
   for (const auto& file : files) {
-    if (!file->flush()) Refuse(file->fileName(), file->errorString());
+    if (!file->flush()) Refuse(file->fileName(), ReasonText(*file));
   }
   for (const auto& file : files) {
-    if (!file->commit()) Refuse(file->fileName(), file->errorString());
+    if (!file->commit()) Refuse(file->fileName(), ReasonText(*file));
   }
   files.clear();
 }

@@ -31,17 +31,16 @@ double DotsPerInch(int dotsPerMeter) {
 
 QByteArray ReadFile(const QString& path) {
   const QFileInfo info(path);
-  if (!info.exists()) throw StudioError("there is no picture " + path);
-  if (!info.isFile()) throw StudioError(path + " is not a file");
+  if (!info.exists()) throw StudioError("$$$/Studio/Picture/None=there is no picture %1", path);
+  if (!info.isFile()) throw StudioError("$$$/Studio/Picture/NoFile=%1 is not a file", path);
   QFile file(path);
-  if (!file.open(QIODevice::ReadOnly)) {
-    throw StudioError("the picture " + path + " cannot be opened: " + file.errorString());
-  }
-  QByteArray bytes = file.readAll();
+  QByteArray bytes;
+  if (file.open(QIODevice::ReadOnly)) bytes = file.readAll();
   if (file.error() != QFileDevice::NoError) {
-    throw StudioError("the picture " + path + " cannot be read: " + file.errorString());
+    throw StudioError("$$$/Studio/Picture/Unreadable=the picture %1 cannot be read: %2", path,
+                      ReasonText(file));
   }
-  if (bytes.isEmpty()) throw StudioError("the picture " + path + " is empty");
+  if (bytes.isEmpty()) throw StudioError("$$$/Studio/Picture/Empty=the picture %1 is empty", path);
   return bytes;
 }
 
@@ -98,17 +97,23 @@ Picture Picture::Read(const QString& path) {
   QImageReader reader(&buffer);
   reader.setAutoTransform(false);
   if (!reader.canRead()) {
-    throw StudioError(path + " is no picture that can be read, or it is damaged");
+    throw StudioError(
+        "$$$/Studio/Picture/Unknown=%1 is no picture that can be read, or it is damaged", path);
   }
   const QByteArray format = reader.format();
   if (!IsCompleteFile(format, bytes)) {
-    throw StudioError("the picture " + path + " is cut short: the file ends before the picture");
+    throw StudioError(
+        "$$$/Studio/Picture/CutShort=the picture %1 is cut short: the file ends before the picture",
+        path);
   }
   const QImage image = Decode(reader);
   if (image.isNull()) {
-    throw StudioError("the picture " + path + " is damaged or too large: " + reader.errorString());
+    throw StudioError("$$$/Studio/Picture/Undecodable=the picture %1 is damaged or too large",
+                      path);
   }
-  if (messages.TellOfDamage()) throw StudioError("the picture " + path + " is damaged");
+  if (messages.TellOfDamage()) {
+    throw StudioError("$$$/Studio/Picture/Damaged=the picture %1 is damaged", path);
+  }
   return Picture(Upright(image, reader.transformation()));
 }
 

@@ -17,7 +17,7 @@ QByteArray Encode(const QImage& picture, const char* format, int quality) {
   QImageWriter writer(&buffer, format);
   writer.setQuality(quality);
   if (!writer.write(picture)) {
-    throw StudioError("the picture below the tiles cannot be stored: " + writer.errorString());
+    throw StudioError("$$$/Studio/Export/NotBelow=the picture below the tiles cannot be stored");
   }
   return bytes;
 }

@@ -51,6 +51,8 @@ void PngSink::Finish() {
   encoded.open(QIODevice::WriteOnly);
   QImageWriter writer(&encoded, "png");
   writer.setQuality(kQuickCompression);
-  if (!writer.write(image)) throw StudioError("cannot make a PNG picture: " + writer.errorString());
+  if (!writer.write(image)) {
+    throw StudioError("$$$/Studio/Export/NoPng=the PNG picture cannot be made");
+  }
   WriteAll(device, {encoded.data().constData(), size_t(encoded.data().size())});
 }

@@ -4,6 +4,8 @@
 
 #include <cstdio>
 
+#include "studio/text.h"
+
 namespace {
 
 constexpr qint64 kQuietTime = 500;
@@ -24,6 +26,8 @@ void ProgressLine::Show(int done, int all) {
   if (!isTerminal || sinceStart.elapsed() < nextTime) return;
   nextTime = sinceStart.elapsed() + kInterval;
   isShown = true;
-  std::fprintf(stderr, "\rBuilding the mosaic: %d %%  (Ctrl+C stops)", int(100.0 * done / all));
+  const QString text = Text("$$$/Studio/Line/Building=Building the mosaic: %1 %  (Ctrl+C stops)",
+                            QString::number(int(100.0 * done / all)));
+  std::fprintf(stderr, "\r%s", qPrintable(text));
   std::fflush(stderr);
 }

@@ -142,10 +142,8 @@ QByteArray ChoicesToJson(const MosaicChoices& choices) {
 }
 
 MosaicChoices ChoicesFromJson(const QByteArray& json) {
-  QJsonParseError problem;
-  const QJsonDocument document = QJsonDocument::fromJson(json, &problem);
-  if (problem.error != QJsonParseError::NoError) throw StudioError(problem.errorString());
-  if (!document.isObject()) throw StudioError("it is no JSON object");
+  const QJsonDocument document = QJsonDocument::fromJson(json);
+  if (!document.isObject()) throw StudioError("$$$/Studio/Choices/NoJson=it is no JSON object");
 
   const QJsonObject object = document.object();
   MosaicChoices choices;
@@ -153,7 +151,8 @@ MosaicChoices ChoicesFromJson(const QByteArray& json) {
     if (!field.isChoice) continue;
     const QJsonValue value = object.value(QLatin1String(field.name));
     if (!value.isDouble() || !IsAllowed(field.kind, value.toDouble())) {
-      throw StudioError(QString("\"%1\" is missing or not a value it can have").arg(field.name));
+      throw StudioError("$$$/Studio/Choices/BadValue=\"%1\" is missing or not a value it can have",
+                        QString(field.name));
     }
     if (field.kind == Kind::kInt) {
       Store(choices, field.offset, int32_t(value.toDouble()));

@@ -26,8 +26,9 @@ void TextWriter::Flush() {
 
 void ThrowWriteError(const QIODevice& device) {
   const auto* file = qobject_cast<const QFileDevice*>(&device);
-  throw StudioError("cannot write " + (file ? file->fileName() : QString("the mosaic")) + ": " +
-                    device.errorString());
+  throw StudioError("$$$/Studio/Write/Failed=cannot write %1: %2",
+                    file ? file->fileName() : Text("$$$/Studio/Write/TheMosaic=the mosaic"),
+                    ReasonText(device));
 }
 
 void WriteAll(QIODevice& device, std::string_view bytes) {
@@ -46,6 +47,11 @@ std::string NumberText(double value) {
   if (text.back() == '.') text.pop_back();
   if (value < 0 && units != 0) text.insert(0, 1, '-');
   return text;
+}
+
+QString NumberForUser(double value) {
+  const QChar sign(nrvcore::config::Localizer::Get().GetDecimalSign());
+  return QString::fromStdString(NumberText(value)).replace('.', sign);
 }
 
 ColorText::ColorText(QRgb color) {

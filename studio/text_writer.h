@@ -3,6 +3,7 @@
 #include <QByteArray>
 #include <QIODevice>
 #include <QRgb>
+#include <QString>
 #include <string>
 #include <string_view>
 
@@ -36,6 +37,9 @@ void WriteAll(QIODevice& device, std::string_view bytes);
 
 /// A number with at most four decimals and no more digits than it needs.
 std::string NumberText(double value);
+
+/// The same with the decimal sign of the user's language.
+QString NumberForUser(double value);
 
 /// "#rrggbb"; the opacity doesn't show.
 class ColorText {

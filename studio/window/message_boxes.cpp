@@ -3,6 +3,7 @@
 #include <QMessageBox>
 #include <QPushButton>
 
+#include "studio/studio_error.h"
 #include "studio/text.h"
 #include "studio/window/line_icon.h"
 
@@ -18,7 +19,8 @@ QString OkText() {
 QString Sentence(QString reason) {
   if (reason.isEmpty()) return reason;
   reason[0] = reason[0].toUpper();
-  return reason.endsWith('.') ? reason : reason + '.';
+  const bool isEnded = reason.endsWith('.') || reason.endsWith(u'。');
+  return isEnded ? reason : Text("$$$/Studio/Box/Sentence=%1.", reason);
 }
 
 }  // namespace
@@ -48,7 +50,7 @@ void MessageBoxes::ShowError(const QString& text, const std::exception& error) c
   QMessageBox box(QMessageBox::Warning, Text("$$$/Studio/Box/AlertTitle=Tesserae Studio"), text,
                   QMessageBox::NoButton, window);
   box.setObjectName("error");
-  box.setInformativeText(Sentence(QString::fromUtf8(error.what())));
+  box.setInformativeText(Sentence(ReasonText(error)));
   box.addButton(OkText(), QMessageBox::AcceptRole);
   box.exec();
 }

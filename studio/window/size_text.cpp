@@ -1,24 +1,16 @@
 #include "studio/window/size_text.h"
 
-#include <QLocale>
 #include <cmath>
 
 #include "studio/text.h"
+#include "studio/text_writer.h"
 
 namespace {
 
 constexpr double kMillimetersPerPoint = 25.4 / 72;
 
-/// Numbers look as they do in the dialog.
-QLocale PlainLocale() {
-  QLocale locale;
-  locale.setNumberOptions(QLocale::OmitGroupSeparator);
-  return locale;
-}
-
-QString NumberText(double value) {
-  const double rounded = std::round(value * 10) / 10;
-  return PlainLocale().toString(rounded, 'f', rounded == std::floor(rounded) ? 0 : 1);
+QString ShortNumber(double value) {
+  return NumberForUser(std::round(value * 10) / 10);
 }
 
 /// A picture without a size of its own lies there in a size that says nothing; a mosaic has one.
@@ -29,23 +21,23 @@ bool IsSizeKnown(const Artwork& artwork) {
 QString SizeInMillimetersText(const Artwork& artwork) {
   if (!IsSizeKnown(artwork)) return {};
   const QSizeF size = artwork.Size() * kMillimetersPerPoint;
-  return Text("$$$/Studio/Size/Millimeters=%1 × %2 mm", NumberText(size.width()),
-              NumberText(size.height()));
+  return Text("$$$/Studio/Size/Millimeters=%1 × %2 mm", ShortNumber(size.width()),
+              ShortNumber(size.height()));
 }
 
 QString TileCountText(const Artwork& artwork) {
   if (!artwork.mosaic) return {};
   const MosaicGeometry& geometry = artwork.mosaic->geometry;
-  return Text("$$$/Studio/Size/Tiles=%1 × %2 tiles", PlainLocale().toString(geometry.tilesAcross),
-              PlainLocale().toString(geometry.tilesDown));
+  return Text("$$$/Studio/Size/Tiles=%1 × %2 tiles", QString::number(geometry.tilesAcross),
+              QString::number(geometry.tilesDown));
 }
 
 }  // namespace
 
 QString SizeInPointsText(const Artwork& artwork) {
   if (!IsSizeKnown(artwork)) return Text("$$$/Studio/Size/Unknown=Size unknown");
-  return Text("$$$/Studio/Size/Points=%1 × %2 pt", NumberText(artwork.Size().width()),
-              NumberText(artwork.Size().height()));
+  return Text("$$$/Studio/Size/Points=%1 × %2 pt", ShortNumber(artwork.Size().width()),
+              ShortNumber(artwork.Size().height()));
 }
 
 QString SummaryText(const Artwork& artwork) {
@@ -56,5 +48,5 @@ QString SummaryText(const Artwork& artwork) {
 }
 
 QString PercentText(double share) {
-  return Text("$$$/Studio/Size/Percent=%1 %", NumberText(share * 100));
+  return Text("$$$/Studio/Size/Percent=%1 %", ShortNumber(share * 100));
 }

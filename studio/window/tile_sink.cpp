@@ -6,7 +6,7 @@
 
 TileSink::TileSink(const MosaicGeometry& geometry, QImage& tiles) : image(tiles) {
   image = QImage(geometry.tilesAcross, geometry.tilesDown, QImage::Format_ARGB32);
-  if (image.isNull()) throw StudioError("no memory for that many tiles");
+  if (image.isNull()) throw StudioError(kNoMemory);
 }
 
 void TileSink::AddRow(std::span<const QRgb> row) {

@@ -1,0 +1,35 @@
+#include "studio/studio_error.h"
+
+#include <cerrno>
+#include <new>
+
+namespace {
+
+constexpr struct {
+  int code;  // the system's
+  const char* key;
+} kReasons[] = {
+    {EACCES, "$$$/Studio/Reason/Access=you do not have permission for that"},
+    {EPERM, "$$$/Studio/Reason/Access=you do not have permission for that"},
+    {ENOSPC, "$$$/Studio/Reason/DiskFull=the disk is full"},
+    {EDQUOT, "$$$/Studio/Reason/DiskFull=the disk is full"},
+    {EROFS, "$$$/Studio/Reason/ReadOnly=the disk is write-protected"},
+    {EIO, "$$$/Studio/Reason/Disk=the disk cannot be read or written"},
+    {ENAMETOOLONG, "$$$/Studio/Reason/LongName=the name is too long"},
+    {ENOENT, "$$$/Studio/Reason/Gone=there is no such file or folder"},
+};
+
+}  // namespace
+
+QString ReasonText(const std::exception& error) {
+  if (dynamic_cast<const std::bad_alloc*>(&error)) return Text(kNoMemory);
+  return QString::fromUtf8(error.what());
+}
+
+/// Devices tell the system's reasons only as texts.
+QString ReasonText(const QIODevice& device) {
+  for (const auto& [code, key] : kReasons) {
+    if (device.errorString() == qt_error_string(code)) return Text(key);
+  }
+  return device.errorString();
+}
