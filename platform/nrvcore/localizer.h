@@ -15,8 +15,8 @@ namespace nrvcore::config {
 /// messages are the whole keys. Texts are English until a language is set.
 ///
 /// It needs no locale but C.UTF-8 and leaves the process's locale alone; it sets the environment's
-/// LANGUAGE, since that is how gettext is told. Set the language before there are other threads; texts
-/// may then be asked for on any.
+/// LANGUAGE, since that is how gettext is told. Set the language before there are other threads;
+/// texts may then be asked for on any.
 class NRV_EXPORT Localizer {
  public:
   static Localizer& Get();

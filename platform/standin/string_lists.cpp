@@ -2,6 +2,7 @@
 
 #include <fstream>
 
+#include "platform/nrvcore/localizer.h"
 #include "platform/standin/resource_error.h"
 
 namespace standin {
@@ -16,14 +17,23 @@ StringList ReadFile(const std::filesystem::path& file) {
   return StringList::Read(stream, file);
 }
 
+/// The catalogue that is in use says which texts go with it.
+std::filesystem::path Language() {
+  return nrvcore::config::Localizer::Get().Localize("$$$/standin/Lists/Language=en").View();
+}
+
 }  // namespace
 
 const std::string* StringLists::Find(ListOwner owner, int32_t number, int32_t index) {
   auto found = lists.find({owner, number});
   if (found == lists.end()) {
-    const char* const folder = owner == ListOwner::kHost ? "host" : "strings";
-    const std::filesystem::path file = resources / folder / (std::to_string(number) + ".txt");
-    found = lists.emplace(std::pair{owner, number}, ReadFile(file)).first;
+    const auto folder = resources / (owner == ListOwner::kHost ? "host" : "strings");
+    const std::string file = std::to_string(number) + ".txt";
+    StringList list = ReadFile(folder / file);
+    for (const auto& [place, text] : ReadFile(folder / Language() / file).Entries()) {
+      list.Set(place, text);
+    }
+    found = lists.emplace(std::pair{owner, number}, std::move(list)).first;
   }
   return found->second.Find(index);
 }

@@ -13,7 +13,9 @@ namespace standin {
 enum class ListOwner { kPlugin, kHost };
 
 /// The string lists of the resources: "strings/<number>.txt" are the plug-in's, "host/<number>.txt"
-/// the host's own. A list is read when it is first asked for; one without a file has no entries.
+/// the host's own. A list is read when it is first asked for, in the language of that moment:
+/// entries of "<language>/<number>.txt" beside it take the place of its own. Without a file it is
+/// empty.
 class StringLists {
  public:
   explicit StringLists(std::filesystem::path root) : resources(std::move(root)) {}

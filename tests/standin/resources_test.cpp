@@ -2,6 +2,7 @@
 
 #include <set>
 
+#include "platform/nrvcore/localizer.h"
 #include "platform/nrvui/node_walk.h"
 #include "platform/standin/layout_reader.h"
 #include "platform/standin/nominal_layout.h"
@@ -35,8 +36,8 @@ TEST(MosaicLayoutTest, EverythingHasItsPlaceInsideItsParentAndBesideItsSiblings)
   });
 }
 
-TEST(StringResourcesTest, ErrorTextsArePairsWithADefault) {
-  standin::StringLists lists(standin::DefaultResourceRoot());
+/// The default text has room for the code that it names.
+void ExpectUsableTexts(standin::StringLists& lists) {
   std::set<std::string> keys;
   std::string last;
   for (int32_t index = 1; const std::string* key = lists.Find(ListOwner::kPlugin, 16050, index);
@@ -57,6 +58,36 @@ TEST(StringResourcesTest, ErrorTextsArePairsWithADefault) {
   // Every code of the host's own operations.
   for (int32_t index = 400; index <= 412; ++index)
     EXPECT_TRUE(lists.Find(ListOwner::kHost, 257, index)) << index;
+}
+
+TEST(StringResourcesTest, ErrorTextsArePairsWithADefaultInEveryLanguage) {
+  standin::StringLists english(standin::DefaultResourceRoot());
+  ExpectUsableTexts(english);
+  const struct {
+    ListOwner owner;
+    int32_t number;
+    int32_t firstText;
+    int32_t step;
+  } kLists[] = {{ListOwner::kPlugin, 16050, 2, 2},
+                {ListOwner::kPlugin, 16600, 2, 1},
+                {ListOwner::kHost, 257, 10, 1}};
+  auto& localizer = nrvcore::config::Localizer::Get();
+  localizer.SetCatalogues(standin::DefaultResourceRoot() / "translations");
+  for (const char* language : {"de", "ja"}) {
+    localizer.SetLanguage(language);
+    standin::StringLists translated(standin::DefaultResourceRoot());
+    ExpectUsableTexts(translated);
+    for (const auto& list : kLists) {
+      for (int32_t index = list.firstText; index < 900; index += list.step) {
+        const std::string* const before = english.Find(list.owner, list.number, index);
+        const std::string* const text = translated.Find(list.owner, list.number, index);
+        ASSERT_EQ(before == nullptr, text == nullptr) << language << " " << index;
+        if (!text) continue;
+        EXPECT_TRUE(*text != *before && text->size() < 256) << language << " " << index;
+      }
+    }
+  }
+  localizer.SetLanguage("en");
 }
 
 }  // namespace
