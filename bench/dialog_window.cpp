@@ -1,3 +1,4 @@
+#include <QApplication>
 #include <QButtonGroup>
 #include <QCheckBox>
 #include <QDialog>
@@ -22,6 +23,16 @@ class HandMadeForm : public QDialog {
  public:
   explicit HandMadeForm(std::function<void()> hook) : whenPainted(std::move(hook)) {
     setWindowTitle("Create Tesserae");
+    hint->setObjectName("hint");
+    hint->setWordWrap(true);
+    hint->setForegroundRole(QPalette::PlaceholderText);
+    hint->setAlignment(Qt::AlignLeft | Qt::AlignTop);
+    hint->setFixedHeight(2 * hint->fontMetrics().lineSpacing());
+    connect(qApp, &QApplication::focusChanged, this, [this](QWidget*, QWidget* focus) {
+      auto* const field = qobject_cast<QDoubleSpinBox*>(focus);
+      hint->setText(field ? field->accessibleName() + ": " + field->toolTip() : QString());
+    });
+
     auto* const sections = new QGridLayout;
     sections->addWidget(CurrentSize(), 0, 0);
     sections->addWidget(NewSize(), 0, 1);
@@ -39,7 +50,9 @@ class HandMadeForm : public QDialog {
 
     auto* const column = new QVBoxLayout(this);
     column->addLayout(sections);
+    column->addWidget(hint);
     column->addLayout(buttons);
+    findChild<QDoubleSpinBox*>()->setFocus();
   }
 
  protected:
@@ -52,6 +65,7 @@ class HandMadeForm : public QDialog {
   static void AddRow(QGridLayout& grid, const char* caption, QWidget* field) {
     auto* const label = new QLabel(caption);
     label->setBuddy(field);
+    field->setAccessibleName(QString(caption).remove('&').remove(':'));
     const int row = grid.rowCount();
     grid.addWidget(label, row, 0, Qt::AlignRight | Qt::AlignVCenter);
     grid.addWidget(field, row, 1);
@@ -62,6 +76,8 @@ class HandMadeForm : public QDialog {
     field->setMaximum(8640);
     field->setValue(40);
     field->setSuffix(" pt");
+    field->setToolTip("0 pt to 8640 pt; mm, cm, in and px are understood too.");
+    field->setAccessibleDescription("0 pt to 8640 pt");
     return field;
   }
 
@@ -116,6 +132,7 @@ class HandMadeForm : public QDialog {
   }
 
   std::function<void()> whenPainted;
+  QLabel* hint = new QLabel;
 };
 
 void ShowDialog(benchmark::State& state) {

@@ -36,7 +36,7 @@ DialogContent::DialogContent(DialogRun& modalRun, QWidget& itsPane, std::functio
   column->addWidget(Make(*run.Dialog().GetRootView(), pane).Widget());
   NameByLabels();
   PlaceMessages();
-  messages->setVisible(HasFields());
+  if (!HasFields()) messages->hide();
   MarkDefaultButton();
   SetTabOrder();
 }

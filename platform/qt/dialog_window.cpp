@@ -8,7 +8,6 @@
 #include <QScreen>
 #include <QStyle>
 #include <QTimer>
-#include <QVBoxLayout>
 #include <cmath>
 
 #include "platform/nrvui/node_walk.h"
@@ -62,25 +61,22 @@ DialogWindow::DialogWindow(DialogRun& modalRun, QWidget* parent)
     : QDialog(parent, FlagsFor(modalRun.Dialog().GetStyle())),
       run(modalRun),
       dialog(modalRun.Dialog()),
-      scroller(*new QScrollArea(this)) {
+      column(*new QVBoxLayout(this)) {
   setObjectName(ToQString(dialog.UI_GetNodeID()));
   setWindowTitle(ToQString(dialog.GetTitle()));
   setWindowModality(Qt::ApplicationModal);
   setAttribute(Qt::WA_QuitOnClose, false);  // a dialog is no reason for the application to go on
 
-  scroller.setFrameShape(QFrame::NoFrame);
-  scroller.setWidgetResizable(true);
-  scroller.setFocusPolicy(Qt::NoFocus);
-  auto* const column = new QVBoxLayout(this);
-  column->setContentsMargins(0, 0, 0, 0);
-  column->setSizeConstraint(QLayout::SetNoConstraint);
-  column->addWidget(&scroller);
+  column.setContentsMargins(0, 0, 0, 0);
+  column.setSizeConstraint(QLayout::SetNoConstraint);
 
   run.WhenOver([this] { End(); });
   dialog.UI_SetObserver(this);
   run.Guard([this] {
     Build();
     FitContent();
+    // What the layouts asked for meanwhile is done.
+    QCoreApplication::removePostedEvents(pane, QEvent::LayoutRequest);
   });
 }
 
@@ -92,11 +88,15 @@ DialogWindow::~DialogWindow() {
 
 void DialogWindow::Build() {
   content.reset();
-  auto* const pane = new QWidget;
-  scroller.setWidget(pane);  // deletes the former one
+  auto* const newPane = new QWidget;
+  content = std::make_unique<DialogContent>(run, *newPane, [this] { RebuildLater(); });
+  delete std::exchange(pane, newPane);
+  scroller != nullptr ? scroller->setWidget(pane) : column.addWidget(pane);
+  if (isVisible()) pane->show();
   pane->installEventFilter(this);
-  content = std::make_unique<DialogContent>(run, *pane, [this] { RebuildLater(); });
-  for (QWidget* widget : pane->findChildren<QWidget*>()) widget->installEventFilter(this);
+  for (QWidget* widget : pane->findChildren<QWidget*>()) {
+    if (widget->focusPolicy() != Qt::NoFocus) widget->installEventFilter(this);
+  }
   const auto& focused = dialog.GetInitialFocus();
   QWidget* focus = focused != nullptr ? content->WidgetOf(*focused) : nullptr;
   if (focus == nullptr) focus = content->FirstFocus();
@@ -115,6 +115,10 @@ void DialogWindow::RebuildLater() {
       FitContent();
     });
   });
+}
+
+void DialogWindow::Reveal(QWidget& widget) {
+  if (scroller != nullptr) scroller->ensureWidgetVisible(&widget);
 }
 
 void DialogWindow::RunModal() {
@@ -160,6 +164,7 @@ void DialogWindow::FitContent() {
   const QSize needed = content->Align();
   if (needed == natural) return;
   natural = needed;
+  if (scroller == nullptr && Limited(natural).height() < natural.height()) MakeScroller();
 
   const PointT<float> size = ToPoint(natural);
   const PointT<float> formerMinimum = dialog.GetMinimumSize();
@@ -180,9 +185,20 @@ void DialogWindow::FitContent() {
 QSize DialogWindow::Limited(QSize size) const {
   if (!HasScreen()) return size;
   const QSize available = screen()->availableSize() - kFrameAllowance;
-  const int scrollBar = style()->pixelMetric(QStyle::PM_ScrollBarExtent, nullptr, &scroller);
+  const int scrollBar = style()->pixelMetric(QStyle::PM_ScrollBarExtent, nullptr, this);
   if (size.height() > available.height()) size.rwidth() += scrollBar;
   return size.boundedTo(available);
+}
+
+void DialogWindow::MakeScroller() {
+  QWidget* const focus = focusWidget();
+  scroller = new QScrollArea(this);
+  scroller->setFrameShape(QFrame::NoFrame);
+  scroller->setWidgetResizable(true);
+  scroller->setFocusPolicy(Qt::NoFocus);
+  column.addWidget(scroller);
+  scroller->setWidget(pane);
+  if (focus != nullptr) focus->setFocus();
 }
 
 QSize DialogWindow::SizeFor(PointT<float> contentSize) const {
@@ -225,7 +241,7 @@ bool DialogWindow::HandleKey(int key) {
 }
 
 bool DialogWindow::eventFilter(QObject* watched, QEvent* event) {
-  const bool isPane = watched == scroller.widget();
+  const bool isPane = watched == pane;
   switch (event->type()) {
     case QEvent::KeyPress:
       // Some keys are the dialog's wherever the focus is, whatever a desktop makes of them.

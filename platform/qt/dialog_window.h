@@ -3,6 +3,7 @@
 #include <QDialog>
 #include <QEventLoop>
 #include <QScrollArea>
+#include <QVBoxLayout>
 #include <functional>
 #include <memory>
 
@@ -27,7 +28,7 @@ class DialogWindow final : public QDialog, private nrvui::ui::NodeObserver {
 
   const DialogContent& Content() const { return *content; }
   /// Scrolls to a widget, where the screen is too small for all.
-  void Reveal(QWidget& widget) { scroller.ensureWidgetVisible(&widget); }
+  void Reveal(QWidget& widget);
 
   bool eventFilter(QObject* watched, QEvent* event) override;
 
@@ -45,6 +46,7 @@ class DialogWindow final : public QDialog, private nrvui::ui::NodeObserver {
   void RebuildLater();
   void End();
   void FitContent();
+  void MakeScroller();
   void FollowDialog();
   void Place();
   QSize Limited(QSize size) const;
@@ -53,7 +55,9 @@ class DialogWindow final : public QDialog, private nrvui::ui::NodeObserver {
 
   DialogRun& run;
   nrvui::ui::UI_Dialog& dialog;
-  QScrollArea& scroller;
+  QVBoxLayout& column;
+  QWidget* pane = nullptr;
+  QScrollArea* scroller = nullptr;  // null while the screen has room for all
   std::unique_ptr<DialogContent> content;
   QEventLoop* loop = nullptr;
   std::function<void()> whenPainted;

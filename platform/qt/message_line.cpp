@@ -2,7 +2,7 @@
 
 #include <QAccessible>
 #include <QEvent>
-#include <QHBoxLayout>
+#include <QStyle>
 #include <QtMath>
 #include <algorithm>
 
@@ -19,19 +19,8 @@ constexpr int kIconGap = 8;
 
 MessageLine::MessageLine(QWidget& parent)
     : QWidget(&parent), icon(*new QLabel(this)), label(*new QLabel(this)) {
-  icon.setAccessibleName(QString());
   label.setTextFormat(Qt::PlainText);
   label.setWordWrap(true);
-  // The text takes whatever width there is: a message never widens the dialog.
-  QSizePolicy policy(QSizePolicy::Ignored, QSizePolicy::Fixed);
-  policy.setHeightForWidth(false);
-  label.setSizePolicy(policy);
-  auto* const row = new QHBoxLayout(this);
-  row->setContentsMargins(0, 0, 0, 0);
-  row->setSpacing(kIconGap);
-  row->addWidget(&icon, 0, Qt::AlignTop);
-  row->addWidget(&label, 1);
-  label.installEventFilter(this);
   Show();
 }
 
@@ -66,31 +55,37 @@ void MessageLine::Show() {
   label.setForegroundRole(isProblem ? QPalette::WindowText : QPalette::PlaceholderText);
   icon.setVisible(isProblem);
   if (isProblem) icon.setPixmap(WarningIcon(*this));
-  FitHeight();
+  Arrange();
 }
 
-void MessageLine::FitHeight() {
-  const QFontMetricsF metrics(label.font());
+void MessageLine::Arrange() {
+  // No layout does this: one that asks how high a text becomes asks for the whole dialog, and a
+  // message never widens it.
+  const QFontMetricsF metrics(font());
   const int iconRoom = icon.isHidden() ? 0 : icon.sizeHint().width() + kIconGap;
-  const QRectF room(0, 0, std::max(width() - iconRoom, 1), QWIDGETSIZE_MAX);
-  const qreal height = metrics.boundingRect(room, Qt::TextWordWrap, Text()).height();
-  const int needed = isVisible() ? qRound(height / metrics.lineSpacing()) : 0;
-  label.setFixedHeight(std::max(kReservedLines, needed) * qCeil(metrics.lineSpacing()));
-}
-
-bool MessageLine::eventFilter(QObject* watched, QEvent* event) {
-  if (event->type() == QEvent::FontChange) Show();
-  return QWidget::eventFilter(watched, event);
+  const int textWidth = std::max(width() - iconRoom, 1);
+  int lines = kReservedLines;
+  if (isVisible()) {
+    const QRectF room(0, 0, textWidth, QWIDGETSIZE_MAX);
+    const qreal height = metrics.boundingRect(room, Qt::TextWordWrap, Text()).height();
+    lines = std::max(lines, qRound(height / metrics.lineSpacing()));
+  }
+  setFixedHeight(lines * qCeil(metrics.lineSpacing()));
+  const QRect textRect(iconRoom, 0, textWidth, height());
+  label.setGeometry(QStyle::visualRect(layoutDirection(), rect(), textRect));
+  if (icon.isHidden()) return;
+  icon.setGeometry(QStyle::visualRect(layoutDirection(), rect(), {{}, icon.sizeHint()}));
 }
 
 void MessageLine::resizeEvent(QResizeEvent* event) {
   QWidget::resizeEvent(event);
-  FitHeight();
+  Arrange();
 }
 
 void MessageLine::changeEvent(QEvent* event) {
   QWidget::changeEvent(event);
   switch (event->type()) {
+    case QEvent::FontChange:
     case QEvent::PaletteChange:
     case QEvent::LayoutDirectionChange:
       return Show();

@@ -22,15 +22,13 @@ class MessageLine final : public QWidget {
   /// What is to be read now.
   QString Text() const;
 
-  bool eventFilter(QObject* watched, QEvent* event) override;
-
  protected:
   void resizeEvent(QResizeEvent* event) override;
   void changeEvent(QEvent* event) override;
 
  private:
   void Show();
-  void FitHeight();
+  void Arrange();
 
   QLabel& icon;
   QLabel& label;

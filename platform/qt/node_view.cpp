@@ -16,7 +16,9 @@ void NodeView::Follow() {
   if (const auto* control = dynamic_cast<const UI_ControlView*>(node.get())) {
     widget->setEnabled(!control->IsDisabled());
   }
-  widget->setVisible(node->UI_IsShown());
+  if (node->UI_IsShown() == isShown) return;
+  isShown = node->UI_IsShown();
+  widget->setVisible(isShown);
 }
 
 void NodeView::SetName(const QString& spokenName) {

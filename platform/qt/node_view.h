@@ -31,6 +31,7 @@ class NodeView {
 
  private:
   boost::intrusive_ptr<nrvui::ui::UI_Node> node;
+  bool isShown = true;  // a widget appears with its parent; to show it by itself lays it out twice
 };
 
 /// A control with a caption.

@@ -54,9 +54,10 @@ QSize NumberField::sizeHint() const {
   QStyleOptionSpinBox option;
   initStyleOption(&option);
   const int cursor = 2;
-  const QSize content(
-      fontMetrics().horizontalAdvance(QString::fromUtf16(kWidestUsualText)) + cursor,
-      text.sizeHint().height());
+  if (textWidth == 0) {
+    textWidth = fontMetrics().horizontalAdvance(QString::fromUtf16(kWidestUsualText));
+  }
+  const QSize content(textWidth + cursor, text.sizeHint().height());
   return style()->sizeFromContents(QStyle::CT_SpinBox, &option, content, this);
 }
 
@@ -89,6 +90,7 @@ void NumberField::wheelEvent(QWheelEvent* event) {
 void NumberField::changeEvent(QEvent* event) {
   QAbstractSpinBox::changeEvent(event);
   if (event->type() == QEvent::LayoutDirectionChange) AlignText();
+  if (event->type() == QEvent::FontChange) textWidth = 0;
 }
 
 void NumberField::AlignText() {

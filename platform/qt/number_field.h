@@ -37,6 +37,7 @@ class NumberField final : public QAbstractSpinBox {
   FieldListener* listener = nullptr;
   StepEnabled steps = StepUpEnabled | StepDownEnabled;
   int wheelRemainder = 0;
+  mutable int textWidth = 0;  // of the widest usual text in the present font; 0 is not known
 };
 
 }  // namespace qtui

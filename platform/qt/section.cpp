@@ -1,6 +1,8 @@
 #include "platform/qt/section.h"
 
+#include <QEvent>
 #include <QPainter>
+#include <QPixmapCache>
 #include <QStyle>
 #include <QStyleOptionGroupBox>
 
@@ -8,24 +10,44 @@ namespace qtui {
 
 namespace {
 
-constexpr qreal kCorner = 5;
+constexpr int kCorner = 6;
 constexpr int kFrameShare = 40;  // of 255, how much of the text's colour is in the frame
 constexpr int kFillShare = 9;    // and inside it
 
-QColor Faint(const QWidget& widget, int share) {
-  QColor color = widget.palette().color(QPalette::WindowText);
-  color.setAlpha(share);
-  return color;
+QColor Faint(const QPalette& palette, int share) {
+  const QColor back = palette.color(QPalette::Window);
+  const QColor text = palette.color(QPalette::WindowText);
+  const auto mixed = [share](int one, int other) { return one + (other - one) * share / 255; };
+  return {mixed(back.red(), text.red()), mixed(back.green(), text.green()),
+          mixed(back.blue(), text.blue())};
+}
+
+/// The four corners of a frame, side by side as in the frame.
+QPixmap Corners(const QPalette& palette, qreal ratio) {
+  const QColor line = Faint(palette, kFrameShare);
+  const QColor fill = Faint(palette, kFillShare);
+  const QString key = QStringLiteral("section %1 %2 %3").arg(line.rgb()).arg(fill.rgb()).arg(ratio);
+  QPixmap corners;
+  if (QPixmapCache::find(key, &corners)) return corners;
+
+  corners = QPixmap(QSize(2 * kCorner, 2 * kCorner) * ratio);
+  corners.setDevicePixelRatio(ratio);
+  corners.fill(palette.color(QPalette::Window));
+  QPainter painter(&corners);
+  painter.setRenderHint(QPainter::Antialiasing);
+  painter.setPen(line);
+  painter.setBrush(fill);
+  const qreal side = 2 * kCorner - 1;
+  painter.drawRoundedRect(QRectF(0.5, 0.5, side, side), kCorner - 1, kCorner - 1);
+  painter.end();
+  QPixmapCache::insert(key, corners);
+  return corners;
 }
 
 }  // namespace
 
-Section::Section(QWidget& parent) : QGroupBox(&parent) {}
-
-QFont Section::TitleFont() const {
-  QFont bold = font();
-  bold.setBold(true);
-  return bold;
+Section::Section(QWidget& parent) : QGroupBox(&parent), titleFont(font()) {
+  titleFont.setBold(true);
 }
 
 QString Section::PlainTitle() const {
@@ -33,30 +55,55 @@ QString Section::PlainTitle() const {
 }
 
 QSize Section::minimumSizeHint() const {
-  const int titleWidth = QFontMetrics(TitleFont()).horizontalAdvance(PlainTitle());
-  return QGroupBox::minimumSizeHint().expandedTo(QSize(titleWidth, 0));
+  QStyleOptionGroupBox option;
+  initStyleOption(&option);
+  const QFontMetrics metrics(titleFont);
+  const QSize titleSize(metrics.horizontalAdvance(PlainTitle()), metrics.height());
+  return style()
+      ->sizeFromContents(QStyle::CT_GroupBox, &option, titleSize, this)
+      .expandedTo(QWidget::minimumSizeHint());
+}
+
+void Section::changeEvent(QEvent* event) {
+  if (event->type() == QEvent::FontChange) {
+    titleFont = font();
+    titleFont.setBold(true);
+  }
+  QGroupBox::changeEvent(event);
 }
 
 void Section::paintEvent(QPaintEvent*) {
-  QStyleOptionGroupBox option;
-  initStyleOption(&option);
-  const auto partRect = [&](QStyle::SubControl part) {
-    return style()->subControlRect(QStyle::CC_GroupBox, &option, part, this);
-  };
-  QRectF frame = rect();
-  frame.setTop(partRect(QStyle::SC_GroupBoxContents).top());
-  QRect titleRect = partRect(QStyle::SC_GroupBoxLabel);
-  titleRect.setLeft(rect().left());
-  titleRect.setRight(rect().right());
-
+  const QRect frame = rect().adjusted(0, contentsRect().top(), 0, 0);
   QPainter painter(this);
-  painter.setRenderHint(QPainter::Antialiasing);
-  painter.setPen(Faint(*this, kFrameShare));
-  painter.setBrush(Faint(*this, kFillShare));
-  painter.drawRoundedRect(frame.adjusted(0.5, 0.5, -0.5, -0.5), kCorner, kCorner);
-  painter.setFont(TitleFont());
-  style()->drawItemText(&painter, titleRect, Qt::AlignLeft | Qt::AlignVCenter, palette(),
-                        isEnabled(), PlainTitle(), foregroundRole());
+  PaintFrame(painter, frame);
+  painter.setFont(titleFont);
+  painter.setPen(palette().color(foregroundRole()));
+  const QRect titleRect(0, 0, width(), frame.top());
+  painter.drawText(titleRect,
+                   QStyle::visualAlignment(layoutDirection(), Qt::AlignLeft) | Qt::AlignVCenter |
+                       Qt::TextSingleLine,
+                   PlainTitle());
+}
+
+void Section::PaintFrame(QPainter& painter, const QRect& frame) const {
+  // Opaque rectangles are by far the quickest to fill; only the corners need more.
+  const QColor line = Faint(palette(), kFrameShare);
+  painter.fillRect(frame.adjusted(1, 1, -1, -1), Faint(palette(), kFillShare));
+  painter.fillRect(frame.left(), frame.top(), frame.width(), 1, line);
+  painter.fillRect(frame.left(), frame.bottom(), frame.width(), 1, line);
+  painter.fillRect(frame.left(), frame.top(), 1, frame.height(), line);
+  painter.fillRect(frame.right(), frame.top(), 1, frame.height(), line);
+  const QPixmap corners = Corners(palette(), devicePixelRatioF());
+  const QSize size(kCorner, kCorner);
+  const QPoint far = frame.bottomRight() - QPoint(kCorner - 1, kCorner - 1);
+  for (const int right : {0, 1}) {
+    for (const int below : {0, 1}) {
+      const QPoint place(right != 0 ? far.x() : frame.left(), below != 0 ? far.y() : frame.top());
+      const QPointF source = QPointF(right * kCorner, below * kCorner) * corners.devicePixelRatio();
+      painter.drawPixmap(QRectF(place, size), corners,
+                         QRectF(source, size * corners.devicePixelRatio()));
+    }
+  }
 }
 
 }  // namespace qtui

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QFont>
 #include <QGroupBox>
 
 namespace qtui {
@@ -12,11 +13,14 @@ class Section final : public QGroupBox {
   QSize minimumSizeHint() const override;
 
  protected:
+  void changeEvent(QEvent* event) override;
   void paintEvent(QPaintEvent* event) override;
 
  private:
-  QFont TitleFont() const;
   QString PlainTitle() const;
+  void PaintFrame(QPainter& painter, const QRect& frame) const;
+
+  QFont titleFont;
 };
 
 }  // namespace qtui

@@ -1,7 +1,5 @@
 #include "platform/qt/text.h"
 
-#include <QRegularExpression>
-
 namespace qtui {
 
 QString ToQString(const nrvcore::UTF16String& text) {
@@ -38,7 +36,9 @@ QString AsCaption(const QString& text) {
 
 QString SpokenName(const QString& caption) {
   // Scripts without letters for mnemonics put one in parentheses behind the text.
-  QString plain = QString(caption).remove(QRegularExpression(QStringLiteral("\\(&[A-Za-z0-9]\\)")));
+  QString plain = caption;
+  const qsizetype mark = plain.indexOf(QStringLiteral("(&"));
+  if (mark >= 0 && plain.mid(mark + 3, 1) == QStringLiteral(")")) plain.remove(mark, 4);
   plain = WithoutMnemonic(plain).replace(QStringLiteral("&&"), QStringLiteral("&")).trimmed();
   while (plain.endsWith(u':') || plain.endsWith(u'\uFF1A')) plain.chop(1);
   return plain.trimmed();

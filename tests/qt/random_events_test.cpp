@@ -6,7 +6,7 @@
 namespace {
 
 constexpr int kSeeds = 10;
-constexpr int kEventsPerSeed = 400;
+constexpr int kEventsPerSeed = 1000;
 
 constexpr Qt::Key kKeys[] = {
     Qt::Key_0,      Qt::Key_1,         Qt::Key_7,     Qt::Key_Period, Qt::Key_Minus, Qt::Key_E,
