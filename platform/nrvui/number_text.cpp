@@ -34,7 +34,7 @@ constexpr std::array kUnits = {
 
 constexpr std::string_view kSuffixes[] = {"", " %", " pt"};  // by NumberUnit
 
-constexpr std::u16string_view kBlanks = u" \t\u00A0\u2009\u202F";
+constexpr std::u16string_view kBlanks = u" \t\u00A0\u2009\u202F\u3000";
 constexpr char16_t kMinusSign = u'\u2212';
 constexpr char kForeign = '\x7F';  // stands for whatever no number and no unit contains
 
@@ -45,10 +45,17 @@ View Trimmed(View text, View blanks) {
   return text.substr(0, text.find_last_not_of(blanks) + 1);
 }
 
+/// Keyboards for East Asian scripts also give wide forms of all ASCII characters, in their order.
+constexpr char16_t Narrow(char16_t character) {
+  const bool isWide = character >= u'\uFF01' && character <= u'\uFF5E';
+  return isWide ? static_cast<char16_t>(character - u'\uFF01' + u'!') : character;
+}
+
 /// The text in lower-case ASCII with '.' as decimal sign and plain blanks.
 std::string Plain(std::u16string_view text, char16_t decimalSign) {
   std::string plain;
-  for (const char16_t character : Trimmed(text, kBlanks)) {
+  for (const char16_t typed : Trimmed(text, kBlanks)) {
+    const char16_t character = Narrow(typed);
     if (character == decimalSign) {
       plain += '.';
     } else if (character == kMinusSign) {

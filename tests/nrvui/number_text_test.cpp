@@ -28,6 +28,8 @@ TEST(NumberText, ReadsNumbersWithTheirUnitsAndSaysWhyItRefuses) {
       {u"2,54\u202Fcm", kLength, u',', 72},
       {u"25.4mm", kLength, u'.', 72},
       {u"50 %", kPercent, u'.', 50},
+      {u"\uFF0D\uFF10\uFF19\uFF0E\uFF15\u3000\uFF05", kPercent, u'.', -9.5},  // wide forms
+      {u"2\uFF0C54\uFF43\uFF2D", kLength, u',', 72},
       {u"pt", kLength, u'.', 0, Refusal::kNotANumber},
       {u"1,000", kNone, u'.', 0, Refusal::kNotANumber},  // no sign of this language
       {u"+-1", kNone, u'.', 0, Refusal::kNotANumber},
