@@ -10,6 +10,7 @@
 #include "studio/mosaic_export.h"
 #include "studio/mosaic_job.h"
 #include "studio/progress_line.h"
+#include "studio/standard_output.h"
 #include "studio/studio_error.h"
 #include "studio/text.h"
 #include "studio/text_writer.h"
@@ -175,9 +176,7 @@ void ConsoleRun::KeepChoices(const MosaicChoices& choices) {
 }
 
 void ConsoleRun::Tell(const QString& text) const {
-  if (line.isQuiet) return;
-  std::printf("%s\n", qPrintable(text));
-  std::fflush(stdout);  // a long build may follow
+  if (!line.isQuiet) Print(text + '\n');
 }
 
 void ConsoleRun::TellOfFile(const QString& path) const {

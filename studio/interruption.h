@@ -10,4 +10,7 @@ class Interruption {
   Interruption& operator=(const Interruption&) = delete;
 
   bool IsRequested() const;
+
+  /// Becomes readable on a request, for those who wait for other things too; -1 when it cannot.
+  int Descriptor() const;
 };

@@ -1,7 +1,9 @@
 #include <QApplication>
 #include <QLibraryInfo>
 #include <QLocale>
+#include <QSocketNotifier>
 #include <QTranslator>
+#include <csignal>
 #include <cstdio>
 
 #include "platform/nrvcore/localizer.h"
@@ -10,12 +12,15 @@
 #include "studio/command_line.h"
 #include "studio/console_run.h"
 #include "studio/display.h"
+#include "studio/interruption.h"
+#include "studio/standard_output.h"
 #include "studio/studio_error.h"
 #include "studio/window/settings.h"
 #include "studio/window/studio_window.h"
 
 namespace {
 
+constexpr int kStopped = 1;
 constexpr int kSomethingWrong = 2;
 
 /// An empty code is the language of the user's environment.
@@ -37,11 +42,15 @@ void TakeTheme(const QString& name) {
 }
 
 int RunWindow(const CommandLine& line) {
+  const Interruption interruption;
   StudioWindow window(line.state);
   window.SetSizeUnknown(line.isSizeUnknown);
   window.show();
   if (!line.picture.isEmpty()) window.OpenPicture(line.picture);
-  const int status = QApplication::exec();
+  const QSocketNotifier interruptions(interruption.Descriptor(), QSocketNotifier::Read);
+  QObject::connect(&interruptions, &QSocketNotifier::activated,
+                   [] { QApplication::exit(kStopped); });
+  const int status = interruption.IsRequested() ? kStopped : QApplication::exec();
   window.CloseModule();
   return status;
 }
@@ -66,16 +75,17 @@ QStringList Arguments(int argc, char** argv) {
 
 int main(int argc, char** argv) try {
   qInstallMessageHandler(PassOver);
+  std::signal(SIGPIPE, SIG_IGN);  // whoever stops reading ends a run like any other failure
   auto& localizer = nrvcore::config::Localizer::Get();
   localizer.SetCatalogues(standin::DefaultResourceRoot() / "translations");
   localizer.SetLanguage({});
   const CommandLine line = CommandLine::Parse(Arguments(argc, argv));
   if (line.showHelp) {
-    std::fputs(qPrintable(CommandLine::HelpText()), stdout);
+    Print(CommandLine::HelpText());
     return 0;
   }
   if (line.showVersion) {
-    std::printf("tesserae-studio %s\n", TESSERAE_VERSION);
+    Print("tesserae-studio " TESSERAE_VERSION "\n");
     return 0;
   }
   ChoosePlatform(line.ShowsWindows());

@@ -1,5 +1,6 @@
 #include "studio/studio_error.h"
 
+#include <QBuffer>
 #include <cerrno>
 #include <new>
 
@@ -26,10 +27,19 @@ QString ReasonText(const std::exception& error) {
   return QString::fromUtf8(error.what());
 }
 
-/// Devices tell the system's reasons only as texts.
+/// Devices tell the system's reasons only as texts, and none when a part of a piece found room.
 QString ReasonText(const QIODevice& device) {
+  const QString unknown = QBuffer().errorString();
+  if (device.errorString() == unknown) return ReasonText(ENOSPC);
   for (const auto& [code, key] : kReasons) {
     if (device.errorString() == qt_error_string(code)) return Text(key);
   }
   return device.errorString();
+}
+
+QString ReasonText(int systemError) {
+  for (const auto& [code, key] : kReasons) {
+    if (code == systemError) return Text(key);
+  }
+  return qt_error_string(systemError);
 }

@@ -23,3 +23,4 @@ inline constexpr const char* kNoMemory =
 /// What went wrong, in the user's language as far as the cause has a name there.
 QString ReasonText(const std::exception& error);
 QString ReasonText(const QIODevice& device);
+QString ReasonText(int systemError);

@@ -90,5 +90,6 @@ bool DoInBackground(QWidget& window, const QString& label,
   QObject::connect(&dialog, &QProgressDialog::canceled, &dialog, [&] { worker.Cancel(); });
   timer.start(kInterval);
   if (!worker.IsDone()) loop.exec();
+  worker.Cancel();  // the program may be ending
   return worker.Result();
 }
