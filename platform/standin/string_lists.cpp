@@ -30,9 +30,8 @@ const std::string* StringLists::Find(ListOwner owner, int32_t number, int32_t in
     const auto folder = resources / (owner == ListOwner::kHost ? "host" : "strings");
     const std::string file = std::to_string(number) + ".txt";
     StringList list = ReadFile(folder / file);
-    for (const auto& [place, text] : ReadFile(folder / Language() / file).Entries()) {
-      list.Set(place, text);
-    }
+    const StringList translated = ReadFile(folder / Language() / file);
+    for (const auto& [place, text] : translated.Entries()) list.Set(place, text);
     found = lists.emplace(std::pair{owner, number}, std::move(list)).first;
   }
   return found->second.Find(index);
