@@ -1,5 +1,6 @@
 #include "studio/window/message_boxes.h"
 
+#include <QGridLayout>
 #include <QMessageBox>
 #include <QPushButton>
 
@@ -10,9 +11,18 @@
 namespace {
 
 constexpr int kAboutIconSide = 56;
+constexpr int kColumns = 56;  // that boxes are wide at least, in characters
 
 QString OkText() {
   return Text("$$$/Studio/Box/OK=OK");
+}
+
+/// Boxes as narrow as a short text allows cut their titles off.
+void Widen(QMessageBox& box) {
+  auto* const grid = qobject_cast<QGridLayout*>(box.layout());
+  if (!grid) return;
+  const int width = box.fontMetrics().averageCharWidth() * kColumns;
+  grid->addItem(new QSpacerItem(width, 0), grid->rowCount(), 0, 1, grid->columnCount());
 }
 
 /// Reasons are made to stand behind a colon.
@@ -30,6 +40,7 @@ void MessageBoxes::ShowAlert(const std::string& text) {
                   QString::fromStdString(text), QMessageBox::NoButton, window);
   box.setObjectName("alert");
   box.addButton(OkText(), QMessageBox::AcceptRole);
+  Widen(box);
   box.exec();
 }
 
@@ -43,6 +54,7 @@ void MessageBoxes::ShowAbout(const std::string& firstText, const std::string& se
   box.setText(QString::fromStdString(firstText));
   box.setInformativeText(QString::fromStdString(secondText));
   box.addButton(OkText(), QMessageBox::AcceptRole);
+  Widen(box);
   box.exec();
 }
 
@@ -52,6 +64,7 @@ void MessageBoxes::ShowError(const QString& text, const std::exception& error) c
   box.setObjectName("error");
   box.setInformativeText(Sentence(ReasonText(error)));
   box.addButton(OkText(), QMessageBox::AcceptRole);
+  Widen(box);
   box.exec();
 }
 
@@ -69,6 +82,7 @@ MessageBoxes::Answer MessageBoxes::AskBeforeClosing() const {
       box.addButton(Text("$$$/Studio/Box/Cancel=Cancel"), QMessageBox::RejectRole);
   box.setDefaultButton(exporting);
   box.setEscapeButton(staying);
+  Widen(box);
   box.exec();
   if (box.clickedButton() == exporting) return Answer::kExport;
   return box.clickedButton() == discarding ? Answer::kDiscard : Answer::kStay;

@@ -71,6 +71,8 @@ TEST(StringResourcesTest, ErrorTextsArePairsWithADefaultInEveryLanguage) {
   } kLists[] = {{ListOwner::kPlugin, 16050, 2, 2},
                 {ListOwner::kPlugin, 16600, 2, 1},
                 {ListOwner::kHost, 257, 10, 1}};
+  // A list keeps the language in which it is first asked for.
+  for (const auto& list : kLists) english.Find(list.owner, list.number, 1);
   auto& localizer = nrvcore::config::Localizer::Get();
   localizer.SetCatalogues(standin::DefaultResourceRoot() / "translations");
   for (const char* language : {"de", "ja"}) {

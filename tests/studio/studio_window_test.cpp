@@ -7,6 +7,8 @@
 #include <QFile>
 #include <QMessageBox>
 #include <QMimeData>
+#include <QProgressDialog>
+#include <QPushButton>
 #include <QTemporaryDir>
 #include <QTest>
 #include <QTimer>
@@ -44,8 +46,12 @@ void WhenOpen(const char* name, std::function<void(Box&)> hook) {
   timer->start(10);
 }
 
-QString Texts(const QMessageBox& box) {
-  return box.windowTitle() + "|" + box.text() + "|" + box.informativeText();
+/// Closes the next box of that name, and keeps what it says.
+void Hear(const char* name, QString& text) {
+  WhenOpen<QMessageBox>(name, [&text](QMessageBox& box) {
+    text = box.windowTitle() + "|" + box.text() + "|" + box.informativeText();
+    box.close();
+  });
 }
 
 /// The window in a folder of its own, with a picture of 60 by 40 points.
@@ -58,8 +64,16 @@ class StudioWindowTest : public testing::Test {
     picture.setDotsPerMeterY(2835);
     picture.save(Path("in.png"));
     warnings.clear();
+    Speak("en");
   }
-  ~StudioWindowTest() override { EXPECT_EQ(warnings.join('\n').toStdString(), ""); }
+  ~StudioWindowTest() override {
+    EXPECT_EQ(warnings.join('\n').toStdString(), "");
+    Speak("en");
+  }
+
+  static void Speak(const char* language) {
+    nrvcore::config::Localizer::Get().SetLanguage(language);
+  }
 
   QString Path(const QString& name) const { return folder.filePath(name); }
 
@@ -150,10 +164,7 @@ TEST_F(StudioWindowTest, TakesWhatIsDroppedAndSaysWhatItCannotTake) {
   const ArtworkPtr placed = window->Shown();
 
   QString text;
-  WhenOpen<QMessageBox>("error", [&](QMessageBox& box) {
-    text = Texts(box);
-    box.close();
-  });
+  Hear("error", text);
   drop("text.png");
   ASSERT_TRUE(QTest::qWaitFor([&] { return !text.isEmpty(); }));
   EXPECT_TRUE(text.contains("cannot be opened") && text.contains("is empty")) << text.toStdString();
@@ -182,10 +193,7 @@ TEST_F(StudioWindowTest, APictureOfUnknownSizeLeadsToPercentages) {
 TEST_F(StudioWindowTest, SaysWhyThereIsNoMosaic) {
   OpenPicture();
   QString text;
-  WhenOpen<QMessageBox>("error", [&](QMessageBox& box) {
-    text = Texts(box);
-    box.close();
-  });
+  Hear("error", text);
   Play("enter NewHeightTxt 0\nkey Return");
   EXPECT_FALSE(window->CreateTesserae());
   EXPECT_TRUE(text.contains("above 0")) << text.toStdString();
@@ -193,24 +201,82 @@ TEST_F(StudioWindowTest, SaysWhyThereIsNoMosaic) {
   EXPECT_FALSE(window->CreateTesserae());
   EXPECT_FALSE(window->Shown()->mosaic);
 
-  QString about;
-  WhenOpen<QMessageBox>("about", [&](QMessageBox& box) {
-    about = Texts(box);
-    box.close();
-  });
+  Speak("de");
+  Hear("error", text);
+  Play("enter NewHeightTxt 0\nkey Return");
+  EXPECT_FALSE(window->CreateTesserae());
+  EXPECT_TRUE(text.contains("|Die neue Höhe lässt kein Mosaik zu")) << text.toStdString();
+  EXPECT_TRUE(text.endsWith("größer als 0 sein.")) << text.toStdString();
   EXPECT_TRUE(Action("about").text().contains("TesseraeUI"));
+  Hear("about", text);
   Action("about").trigger();
-  EXPECT_TRUE(about.startsWith("About TesseraeUI|TesseraeUI|")) << about.toStdString();
+  EXPECT_TRUE(text.startsWith("Über TesseraeUI|TesseraeUI|Macht aus")) << text.toStdString();
+  Close();
+}
+
+TEST_F(StudioWindowTest, ALongBuildCanBeCancelledAndEndsWithTheProgram) {
+  for (const bool programEnds : {false, true}) {
+    OpenPicture();
+    Play("enter HorizontalCountTxt 8640\nenter VerticalCountTxt 8640\nkey Return");
+    bool wasSeen = false;
+    WhenOpen<QProgressDialog>("progress", [&](QProgressDialog& dialog) {
+      wasSeen = true;
+      EXPECT_FALSE(window->close());
+      programEnds ? QApplication::exit() : dialog.findChild<QPushButton*>()->click();
+    });
+    if (programEnds) {
+      QTimer::singleShot(0, &*window, [&] { Action("createTesserae").trigger(); });
+      QApplication::exec();
+    } else {
+      EXPECT_FALSE(window->CreateTesserae());
+    }
+    EXPECT_TRUE(wasSeen);
+    EXPECT_FALSE(window->Shown()->mosaic);
+    EXPECT_FALSE(QFile::exists(Path("state")));
+    Close();
+  }
+}
+
+TEST_F(StudioWindowTest, ZoomsAtThePointerAndMovesUnderTheHand) {
+  OpenPicture();
+  auto& canvas = *window->findChild<::Canvas*>();
+  const auto press = [&](const char* action, double zoom) {
+    for (int i = 0; i < 50; ++i) Action(action).trigger();
+    EXPECT_EQ(canvas.Zoom(), zoom) << action;
+  };
+  press("zoomIn", 64);
+  press("zoomOut", 0.01);
+  press("actualSize", 1);
+  Action("fit").trigger();
+  const QRect page = canvas.mapFromScene(QRectF(-30, -20, 60, 40)).boundingRect();
+  EXPECT_TRUE(canvas.viewport()->rect().contains(page));
+  const QPoint pointer = page.center() + QPoint(60, 40);
+  const QPointF under = canvas.mapToScene(pointer);
+  const double fitted = canvas.Zoom();
+  for (int i = 0; i < 4; ++i) {
+    QWheelEvent wheel(pointer, canvas.viewport()->mapToGlobal(pointer), {}, {0, 120}, Qt::NoButton,
+                      Qt::ControlModifier, Qt::NoScrollPhase, false);
+    QApplication::sendEvent(canvas.viewport(), &wheel);
+  }
+  EXPECT_GT(canvas.Zoom(), 2 * fitted);
+  EXPECT_LT(QLineF(canvas.mapToScene(pointer), under).length() * canvas.Zoom(), 5);
+
+  const QPointF held = canvas.mapToScene(pointer);
+  const QPoint target = pointer - QPoint(70, 50);
+  QTest::keyPress(&canvas, Qt::Key_Space);
+  QTest::mousePress(canvas.viewport(), Qt::LeftButton, {}, pointer);
+  QTest::mouseMove(canvas.viewport(), target);
+  QTest::mouseRelease(canvas.viewport(), Qt::LeftButton, {}, target);
+  QTest::keyRelease(&canvas, Qt::Key_Space);
+  EXPECT_LT(QLineF(canvas.mapToScene(target), held).length() * canvas.Zoom(), 2);
   Close();
 }
 
 TEST_F(StudioWindowTest, NothingIsClippedInAnyLanguageOrTheme) {
-  auto& localizer = nrvcore::config::Localizer::Get();
-  localizer.SetCatalogues(standin::DefaultResourceRoot() / "translations");
   for (const char* language : {"en", "de", "ja"}) {
     for (const auto theme : {qtui::Theme::kLight, qtui::Theme::kDark}) {
       SCOPED_TRACE(language);
-      localizer.SetLanguage(language);
+      Speak(language);
       qtui::ApplyTheme(theme);
       OpenPicture();
       window->resize(900, 600);
@@ -235,7 +301,6 @@ TEST_F(StudioWindowTest, NothingIsClippedInAnyLanguageOrTheme) {
       Close();
     }
   }
-  localizer.SetLanguage("en");
   qtui::ApplyTheme(qtui::Theme::kLight);
 }
 
@@ -301,6 +366,7 @@ int main(int argc, char** argv) {
   testing::InitGoogleTest(&argc, argv);
   const QApplication application(argc, argv);
   QCoreApplication::setApplicationName("tesserae-studio");
+  nrvcore::config::Localizer::Get().SetCatalogues(standin::DefaultResourceRoot() / "translations");
   qtui::ApplyTheme(qtui::Theme::kLight);
   qInstallMessageHandler(NoteWarning);
   return RUN_ALL_TESTS();
