@@ -61,7 +61,6 @@ void SuiteSet::CountLists() {
 }
 
 void SuiteSet::AcquireOptional() noexcept {
-  if (optionalAcquired == optionalCount) return;
   const SuiteImport* optional = kPluginSuites + requiredCount + 1;
   for (uint16_t i = 0; i < optionalCount && optional[i].destination; ++i) {
     if (!*optional[i].destination && !Failed(TryToAcquire(optional[i]))) ++optionalAcquired;
@@ -80,10 +79,9 @@ ResultCode SuiteSet::Release() noexcept {
 }
 
 ResultCode SuiteSet::ReleaseOptional() noexcept {
-  if (optionalCount == 0) return ResultCode::kSuccess;
   const SuiteImport* import = kPluginSuites + requiredCount + 1;
   for (; optionalAcquired != 0 && import->name; ++import) {
-    if (!import->destination || !*import->destination) continue;
+    if (!*import->destination) continue;
     const ResultCode code = ReleaseSuite(*import);
     if (Failed(code)) return code;
     --optionalAcquired;

@@ -32,7 +32,6 @@ TesseraeUIDialog::TesseraeUIDialog(MosaicParameters** params, MosaicDialogState 
 }
 
 void TesseraeUIDialog::InitializeControls() {
-  state.aspectRatio = 1.0f;
   state.noOriginalSize = parameters.sizeUnavailable;
   if (parameters.sizeUnavailable) state.usePercent = parameters.sizeUnavailable;
   state.reserved6 = 0;

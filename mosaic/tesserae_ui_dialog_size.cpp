@@ -48,11 +48,10 @@ int32_t TesseraeUIDialog::ConnectControls() {
 void TesseraeUIDialog::ResetNewSize() {
   SetUpSizeField("NewWidthTxt");
   SetUpSizeField("NewHeightTxt");
-  const bool whole = state.usePercent || state.noOriginalSize;
   const auto width = Control<UI_UnitNumberEdit>("NewWidthTxt");
   const auto height = Control<UI_UnitNumberEdit>("NewHeightTxt");
-  width->SetNumber(whole ? kWhole : LowShort(SourceWidth()));
-  height->SetNumber(whole ? kWhole : SourceHeight());
+  width->SetNumber(state.usePercent ? kWhole : LowShort(SourceWidth()));
+  height->SetNumber(state.usePercent ? kWhole : SourceHeight());
   state.aspectRatio = SourceAspectRatio();
 }
 
