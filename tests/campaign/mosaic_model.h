@@ -1,45 +1,18 @@
 #pragma once
 
-#include <array>
-#include <cstdint>
+#include <algorithm>
+#include <cmath>
+#include <cstdlib>
+#include <limits>
 #include <map>
 #include <string>
 
-#include "platform/suites/result_code.h"
+#include "mosaic/mosaic_suite.h"
 
-/// What the dialog "Create Tesserae" must do, worked out a second time: from the bytes that a
-/// caller hands in and what a person does, the bytes that come back. It shares nothing with the
-/// dialog but the rules.
+/// What the dialog "Create Tesserae" must do, worked out a second time: from what a caller hands in
+/// and a person does, what comes back. It shares nothing with the dialog but the rules.
 class MosaicModel {
  public:
-  using Record = std::array<uint8_t, 80>;
-  using State = std::array<uint8_t, 8>;
-
-  MosaicModel(const Record& callersRecord, const State& callersState);
-
-  /// What is typed into a control; `isNumber` says whether it reads as one at all.
-  struct Entry {
-    std::string number;
-    std::string unit;
-    bool isNumber = true;
-  };
-  void Enter(const std::string& control, const Entry& entry);
-  void Click(const std::string& control);
-  void PressReturn() { Close(true); }
-  void Cancel() { Close(false); }
-
-  /// The value of a number field.
-  double Number(const std::string& control) const { return fields.at(control).value; }
-  bool IsField(const std::string& control) const { return fields.contains(control); }
-
-  bool IsClosed() const { return isClosed; }
-  /// The answer to the caller, and what then stands in the caller's memory. A dialog that was left
-  /// open counts as cancelled.
-  ResultCode Result() const { return isOk ? ResultCode::kSuccess : ResultCode::kCancelled; }
-  const Record& ResultRecord() const { return isOk ? record : givenRecord; }
-  const State& ResultState() const { return isOk ? state : givenState; }
-
- private:
   enum class Unit { kNone, kPercent, kLength };
   struct Field {
     double value = 0;
@@ -47,22 +20,150 @@ class MosaicModel {
     double most = 0;
     Unit unit = Unit::kNone;
   };
+  /// What is typed into a control; `isNumber` says whether it reads as one at all.
+  struct Entry {
+    std::string number;
+    std::string unit;
+    bool isNumber = true;
+  };
 
-  int32_t Int(size_t offset) const;
-  template <typename Value>
-  void Put(size_t offset, Value value);
-  bool IsDisabled(const std::string& control) const;
-  void ResetSize();
-  void LimitSpacing();
-  void UseRatio();
-  void Derive(const char* from, const char* to, float factor);
-  void Commit();
-  void Close(bool withOk);
+  MosaicModel(const MosaicParameters& callersRecord, const MosaicDialogState& callersState)
+      : record(callersRecord), state(callersState), hasSize(callersRecord.sizeUnavailable == 0) {
+    state.noOriginalSize = record.sizeUnavailable;
+    state.usePercent = state.usePercent != 0 || !hasSize;
+    state.reserved6 = 0;
+    ResetSize();
+    constexpr double kEndless = std::numeric_limits<double>::infinity();
+    fields["HorizontalCountTxt"] = {double(int16_t(record.tilesAcross)), 1, 8640};
+    fields["VerticalCountTxt"] = {double(int16_t(record.tilesDown)), 1, 8640};
+    fields["TileSpaceHorzTxt"] = {0, 0, kEndless, Unit::kLength};
+    fields["TileSpaceVertTxt"] = {0, 0, kEndless, Unit::kLength};
+    LimitSpacing();
+  }
 
-  Record givenRecord;
-  State givenState;
-  Record record;
-  State state;
+  void Enter(const std::string& control, const Entry& entry) {
+    if (isClosed || !fields.contains(control) || !entry.isNumber) return;
+    static const std::map<std::string, std::pair<Unit, double>> kUnits = {
+        {"pt", {Unit::kLength, 1}},           {"px", {Unit::kLength, 1}},
+        {"in", {Unit::kLength, 72}},          {"mm", {Unit::kLength, 72.0 / 25.4}},
+        {"cm", {Unit::kLength, 72.0 / 2.54}}, {"%", {Unit::kPercent, 1}},
+    };
+    Field& field = fields[control];
+    double value = std::strtod(entry.number.c_str(), nullptr);
+    if (!entry.unit.empty()) {
+      const auto& [unit, factor] = kUnits.at(entry.unit);
+      if (unit != field.unit) return;
+      value *= factor;
+    }
+    value = std::max(std::min(value, field.most), field.least);
+    if (value == field.value) return;
+    field.value = value;
+    if (control.ends_with("CountTxt")) LimitSpacing();
+  }
+
+  void Click(const std::string& control) {
+    if (isClosed || IsDisabled(control)) return;
+    // A button that is selected already stays as it is, and so does the caller's flag.
+    const auto select = [&](uint8_t& flag, bool value) {
+      if ((flag != 0) != value) flag = value;
+    };
+    if (control == "HorizontalRadio") select(record.keepHorizontal, true);
+    if (control == "VerticalRadio") select(record.keepHorizontal, false);
+    if (control == "ColorRadio") select(record.isColor, true);
+    if (control == "GrayRadio") select(record.isColor, false);
+    if (control == "DeleteRasterChk") record.deleteRaster = record.deleteRaster == 0;
+    if (control == "UsePercentChk") {
+      state.usePercent = state.usePercent == 0;
+      ResetSize();
+    }
+    if (control == "MosaicUseRatioButton") UseRatio();
+    if (control == "okButton") Confirm();
+    if (control == "cancelButton") Cancel();
+  }
+
+  void Confirm() {
+    if (isClosed) return;
+    isClosed = isOk = true;
+    record.reserved28 = record.reserved32 = record.reserved60 = record.reserved64 = 0;
+    const auto size = [&](const char* field) {
+      const auto value = static_cast<float>(fields[field].value);
+      return state.usePercent ? value / 100.0f : value;
+    };
+    record.newWidth = size("NewWidthTxt");
+    record.newHeight = size("NewHeightTxt");
+    record.tileSpacingHorizontal = Whole("TileSpaceHorzTxt");
+    record.tileSpacingVertical = Whole("TileSpaceVertTxt");
+    record.tilesAcross = record.tilesAcrossCopy = Whole("HorizontalCountTxt");
+    record.tilesDown = record.tilesDownCopy = Whole("VerticalCountTxt");
+  }
+
+  void Cancel() { isClosed = true; }
+
+  bool IsDisabled(const std::string& control) const {
+    return !hasSize && (control.ends_with("Radio") || control == "UsePercentChk" ||
+                        control == "MosaicUseRatioButton");
+  }
+  /// Of a radio button or a box.
+  bool IsOn(const std::string& control) const {
+    if (control.ends_with("Chk"))
+      return (control == "UsePercentChk" ? state.usePercent : record.deleteRaster) != 0;
+    const bool isFirst = control == "HorizontalRadio" || control == "ColorRadio";
+    const bool isSide = control == "HorizontalRadio" || control == "VerticalRadio";
+    return ((isSide ? record.keepHorizontal : record.isColor) != 0) == isFirst;
+  }
+  /// Whether OK closed the dialog, and what is then in the caller's hands.
+  bool IsOk() const { return isOk; }
+  const MosaicParameters& Record() const { return record; }
+  const MosaicDialogState& State() const { return state; }
+  const std::map<std::string, Field>& Fields() const { return fields; }
+
+ private:
+  void ResetSize() {
+    const bool percent = state.usePercent != 0;
+    const auto width = static_cast<int32_t>(int64_t{record.boundsRight} - record.boundsLeft);
+    const auto height = static_cast<int16_t>(int64_t{record.boundsBottom} - record.boundsTop);
+    const bool whole = percent || !hasSize;
+    const auto field = [&](int16_t extent) {
+      return Field{whole ? 100.0 : extent, 0, percent ? 100.0 : 8640.0,
+                   percent ? Unit::kPercent : Unit::kLength};
+    };
+    fields["NewWidthTxt"] = field(static_cast<int16_t>(width));
+    fields["NewHeightTxt"] = field(height);
+    state.aspectRatio =
+        hasSize && height != 0 ? static_cast<float>(width) / static_cast<float>(height) : 1.0f;
+  }
+
+  void LimitSpacing() {
+    for (const auto& [count, spacing] : {std::pair("HorizontalCountTxt", "TileSpaceHorzTxt"),
+                                         {"VerticalCountTxt", "TileSpaceVertTxt"}}) {
+      Field& field = fields[spacing];
+      field.most = std::max(0.0f, static_cast<float>(fields[count].value) - 2.0f);
+      if (static_cast<float>(field.value) > field.most) field.value = field.most;
+    }
+  }
+
+  void UseRatio() {
+    if (record.keepHorizontal == 0) {
+      Derive("VerticalCountTxt", "HorizontalCountTxt", state.aspectRatio);
+      Derive("NewHeightTxt", "NewWidthTxt", state.aspectRatio);
+    } else if (state.aspectRatio != 0) {
+      Derive("HorizontalCountTxt", "VerticalCountTxt", 1.0f / state.aspectRatio);
+      Derive("NewWidthTxt", "NewHeightTxt", 1.0f / state.aspectRatio);
+    }
+  }
+
+  void Derive(const char* from, const char* to, float factor) {
+    const float exact = static_cast<float>(static_cast<int16_t>(Whole(from))) * factor;
+    const double rounded = exact > 0 ? std::floor(exact + 0.5) : std::ceil(exact - 0.5);
+    fields[to].value = static_cast<int16_t>(std::clamp(rounded, -32768.0, 32767.0));
+  }
+
+  int32_t Whole(const char* field) const {
+    return static_cast<int32_t>(std::trunc(static_cast<float>(fields.at(field).value)));
+  }
+
+  MosaicParameters record;
+  MosaicDialogState state;
   std::map<std::string, Field> fields;
   bool hasSize;
   bool isClosed = false;

@@ -4,10 +4,11 @@
 #include "campaign/built_module.h"
 #include "campaign/campaign.h"
 #include "campaign/mosaic_model.h"
-#include "mosaic/mosaic_suite.h"
 #include "platform/nrvcore/unicode.h"
 #include "platform/nrvui/gesture.h"
 #include "platform/nrvui/node_walk.h"
+#include "platform/nrvui/ui_checkbox.h"
+#include "platform/nrvui/ui_radio_button.h"
 #include "platform/nrvui/ui_unit_number_edit.h"
 
 // Whatever a caller hands in and a person does, the dialog does what the model says.
@@ -18,6 +19,8 @@ using campaign::Below;
 using campaign::Once;
 using campaign::Pick;
 using campaign::Random;
+using nrvui::controls::UI_Checkbox;
+using nrvui::controls::UI_RadioButton;
 using nrvui::controls::UI_UnitNumberEdit;
 using nrvui::ui::UI_Dialog;
 using nrvui::ui::UI_Node;
@@ -31,27 +34,27 @@ constexpr const char* kOthers[] = {"OrigWidthStatic", "OrigHeightStatic", "okBut
                                    "cancelButton"};
 constexpr const char* kNoNumbers[] = {"", "+", "--5", "0x10", "nan", "inf", "1e999", "7 parsecs"};
 
-int32_t RandomBound(Random& random) {
-  constexpr int32_t kEdges[] = {0, 1, -1, 32767, 32768, -32768, 65536, INT32_MAX, INT32_MIN};
-  if (Once(random, 3)) return Pick(random, kEdges);
-  return Once(random, 4) ? static_cast<int32_t>(random()) : static_cast<int32_t>(random() % 2000);
-}
-
-template <typename Bytes>
-void Randomize(Random& random, Bytes& bytes) {
+/// Random bytes.
+template <typename Value>
+Value RandomValue(Random& random) {
+  uint8_t bytes[sizeof(Value)];
   for (uint8_t& byte : bytes) byte = static_cast<uint8_t>(random());
+  Value value;
+  std::memcpy(&value, bytes, sizeof value);
+  return value;
 }
 
 /// Random bytes, tamed in places so that not every source is absurd.
-MosaicModel::Record RandomRecord(Random& random) {
-  MosaicModel::Record record;
-  Randomize(random, record);
-  for (const size_t flag : {8, 9, 10})
-    if (!Once(random, 4)) record[flag] = random() % 2;
-  if (!Once(random, 4)) record[76] = 0;
-  for (const size_t integer : {12, 16, 44, 48, 52, 56}) {
-    const int32_t value = RandomBound(random);
-    if (!Once(random, 8)) std::memcpy(&record[integer], &value, sizeof value);
+MosaicParameters RandomRecord(Random& random) {
+  constexpr int32_t kEdges[] = {0, 1, -1, 32767, 32768, -32768, 65536, INT32_MAX, INT32_MIN};
+  auto record = RandomValue<MosaicParameters>(random);
+  for (uint8_t* flag : {&record.isColor, &record.deleteRaster, &record.keepHorizontal})
+    if (!Once(random, 4)) *flag = random() % 2;
+  if (!Once(random, 4)) record.sizeUnavailable = 0;
+  for (int32_t* integer : {&record.tilesAcross, &record.tilesDown, &record.boundsLeft,
+                           &record.boundsTop, &record.boundsRight, &record.boundsBottom}) {
+    if (Once(random, 4)) continue;
+    *integer = Once(random, 3) ? Pick(random, kEdges) : static_cast<int32_t>(random() % 2000);
   }
   return record;
 }
@@ -76,12 +79,15 @@ class ModelledPerson final : public nrvui::ui::DialogPresenter {
   void Present(UI_Dialog& dialog) override {
     nrvui::ui::ForEachBelow<UI_Node>(
         dialog, [&](UI_Node& node) { nodes[std::string(node.UI_GetNodeID().View())] = &node; });
-    ExpectFields();
-    for (size_t gestures = Below(random, 25); gestures > 0; --gestures) Act(dialog);
+    ExpectControls();
+    for (size_t gestures = Below(random, 25); gestures > 0; --gestures) {
+      Act(dialog);
+      ExpectControls();
+    }
     if (Once(random, 5)) return;
     Note("key Return");
     (void)nrvui::gestures::Press(dialog, nrvui::gestures::Key::kReturn);
-    model.PressReturn();
+    model.Confirm();
   }
 
   std::string Done() const { return done.str(); }
@@ -98,11 +104,15 @@ class ModelledPerson final : public nrvui::ui::DialogPresenter {
     } else if (kind == 37) {
       Click(dialog, Once(random, 4) ? Pick(random, kOthers) : Pick(random, kFields));
     } else if (kind == 38) {
-      Resize(dialog);
+      const auto extent = [&] { return static_cast<float>(Below(random, 2000)); };
+      Note("resize");
+      (void)nrvui::gestures::Resize(dialog, {extent(), extent()});
     } else if (Once(random, 4)) {
-      Cancel(dialog);
+      Note("cancel");
+      (void)(Once(random, 2) ? nrvui::gestures::Close(dialog)
+                             : nrvui::gestures::Press(dialog, nrvui::gestures::Key::kEscape));
+      model.Cancel();
     }
-    ExpectFields();
   }
 
   void Enter(UI_Dialog& dialog, const std::string& control) {
@@ -119,23 +129,24 @@ class ModelledPerson final : public nrvui::ui::DialogPresenter {
     model.Click(control);
   }
 
-  void Resize(UI_Dialog& dialog) {
-    const auto extent = [&] { return static_cast<float>(Below(random, 2000)); };
-    Note("resize");
-    (void)nrvui::gestures::Resize(dialog, {extent(), extent()});
-  }
-
-  void Cancel(UI_Dialog& dialog) {
-    Note("cancel");
-    (void)(Once(random, 2) ? nrvui::gestures::Close(dialog)
-                           : nrvui::gestures::Press(dialog, nrvui::gestures::Key::kEscape));
-    model.Cancel();
-  }
-
-  void ExpectFields() {
-    for (const char* field : kFields) {
-      const auto& edit = dynamic_cast<UI_UnitNumberEdit&>(*nodes.at(field));
-      EXPECT_EQ(edit.GetNumber(), model.Number(field)) << field << " after\n" << Done();
+  void ExpectControls() {
+    for (const auto& [name, field] : model.Fields()) {
+      const auto& edit = dynamic_cast<UI_UnitNumberEdit&>(*nodes.at(name));
+      EXPECT_TRUE(edit.GetNumber() == field.value && edit.GetLowerBound() == field.least &&
+                  edit.GetUpperBound() == field.most && !edit.IsDisabled())
+          << name << " is " << edit.GetNumber() << " of " << edit.GetUpperBound() << ", not "
+          << field.value << " of " << field.most << ", after\n"
+          << Done();
+    }
+    for (const char* name : kClickable) {
+      const auto& control = dynamic_cast<nrvui::controls::UI_ControlView&>(*nodes.at(name));
+      EXPECT_EQ(control.IsDisabled(), model.IsDisabled(name)) << name;
+      const auto* box = dynamic_cast<const UI_Checkbox*>(&control);
+      const auto* button = dynamic_cast<const UI_RadioButton*>(&control);
+      if (!box && !button) continue;
+      EXPECT_EQ(box ? box->IsChecked() : button->GetValue() != 0, model.IsOn(name))
+          << name << " after\n"
+          << Done();
     }
   }
 
@@ -147,10 +158,13 @@ class ModelledPerson final : public nrvui::ui::DialogPresenter {
   std::ostringstream done;
 };
 
-std::string Hex(const uint8_t* bytes, size_t size) {
+template <typename Value>
+std::string Hex(const Value& value) {
+  const auto* bytes = reinterpret_cast<const uint8_t*>(&value);
   std::ostringstream text;
   text << std::hex;
-  for (size_t i = 0; i < size; ++i) text << (i % 4 ? "" : " ") << bytes[i] / 16 << bytes[i] % 16;
+  for (size_t i = 0; i < sizeof value; ++i)
+    text << (i % 4 ? "" : " ") << bytes[i] / 16 << bytes[i] % 16;
   return text.str();
 }
 
@@ -159,27 +173,21 @@ TEST(RandomDialog, DoesWhatTheModelSays) {
   const auto* suite = built.host.Suites().Find<MosaicSuite>();
   size_t confirmed = 0;
   campaign::ForEachSeed(campaign::Count(8000 / campaign::Step(1), 300000), [&](Random& random) {
-    const MosaicModel::Record givenRecord = RandomRecord(random);
-    MosaicModel::State givenState;
-    Randomize(random, givenState);
-    if (Once(random, 2)) givenState[5] = 0;
-    MosaicModel model(givenRecord, givenState);
-
-    MosaicParameters record;
-    MosaicDialogState state;
-    std::memcpy(&record, givenRecord.data(), sizeof record);
-    std::memcpy(&state, givenState.data(), sizeof state);
+    MosaicParameters record = RandomRecord(random);
+    auto state = RandomValue<MosaicDialogState>(random);
+    if (Once(random, 2)) state.usePercent = 0;
+    const std::string given = Hex(record) + Hex(state);
+    MosaicModel model(record, state);
     ModelledPerson person(random, model);
     const nrvui::ui::InstalledPresenter installed(person);
     MosaicParameters* params = &record;
     const ResultCode code = suite->RunMosaicDialog(&state, &params);
-    EXPECT_EQ(code, model.Result()) << person.Done();
-
-    const auto* recordBytes = reinterpret_cast<const uint8_t*>(&record);
-    const auto* stateBytes = reinterpret_cast<const uint8_t*>(&state);
-    EXPECT_EQ(Hex(recordBytes, 80), Hex(model.ResultRecord().data(), 80)) << person.Done();
-    EXPECT_EQ(Hex(stateBytes, 8), Hex(model.ResultState().data(), 8)) << person.Done();
-    confirmed += model.Result() == ResultCode::kSuccess;
+    // A dialog that was left open counts as cancelled.
+    EXPECT_EQ(code, model.IsOk() ? ResultCode::kSuccess : ResultCode::kCancelled) << person.Done();
+    EXPECT_EQ(Hex(record) + Hex(state),
+              model.IsOk() ? Hex(model.Record()) + Hex(model.State()) : given)
+        << person.Done();
+    confirmed += model.IsOk();
   });
   EXPECT_GT(confirmed, 0u);
 }

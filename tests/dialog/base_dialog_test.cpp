@@ -65,14 +65,8 @@ class TestHolder final : public SheetHolder {
   std::pair<int32_t, int32_t> asked{-1, -1};
 };
 
-class TestSource final : public DrawingSupplierSource {
- public:
-  const nrvui::drawbot::SupplierInterface* GetDrawingSupplier() override { return &supplier; }
-  nrvui::drawbot::SupplierInterface supplier;
-};
-
 /// The host's half: hands out this test's factory through the basic suite.
-class TestHost final : public SheetFactory {
+class TestHost final : public SheetFactory, public DrawingSupplierSource {
  public:
   TestHost() {
     current = this;
@@ -86,37 +80,31 @@ class TestHost final : public SheetFactory {
     theme = themeName;
     return holder;
   }
+  const nrvui::drawbot::SupplierInterface* GetDrawingSupplier() override { return &supplier; }
   void RegisterDialogView(nrvui::ui::OS_View* rootView) override { registered = rootView; }
 
-  static ResultCode Acquire(const char* name, int32_t version, const void** suite) {
-    if (!current->hasSuite) return ResultCode::kCannot;
-    EXPECT_STREQ(name, VXUserInterfaceMainSuite::kName);
-    EXPECT_EQ(version, 1001);
-    ++current->users;
-    *suite = &current->main;
-    return ResultCode::kSuccess;
-  }
-  static ResultCode Release(const char*, int32_t) {
-    --current->users;
-    return ResultCode::kSuccess;
-  }
-  static ResultCode GiveFactory(SheetFactory** out) {
-    if (current->hasFactory) *out = current;
-    return ResultCode::kSuccess;
-  }
-  static ResultCode GiveSource(DrawingSupplierSource** out) {
-    if (current->hasSource) *out = &current->source;
+  template <class Object>
+  static ResultCode Give(Object** out) {
+    if (current->gives) *out = current;
     return ResultCode::kSuccess;
   }
 
   inline static TestHost* current = nullptr;
-  QPBasicSuite basic = {&Acquire, &Release};
-  VXUserInterfaceMainSuite main = {&GiveFactory, &GiveSource};
+  VXUserInterfaceMainSuite main = {&Give<SheetFactory>, &Give<DrawingSupplierSource>};
+  QPBasicSuite basic = {
+      [](const char* name, int32_t version, const void** suite) {
+        if (!current->hasSuite) return ResultCode::kCannot;
+        EXPECT_STREQ(name, VXUserInterfaceMainSuite::kName);
+        EXPECT_EQ(version, 1001);
+        ++current->users;
+        *suite = &current->main;
+        return ResultCode::kSuccess;
+      },
+      [](const char*, int32_t) { return --current->users, ResultCode::kSuccess; }};
   int users = 0;
   bool hasSuite = true;
-  bool hasFactory = true;
-  bool hasSource = true;
-  TestSource source;
+  bool gives = true;
+  nrvui::drawbot::SupplierInterface supplier;
   boost::shared_ptr<TestHolder> holder{new TestHolder};
   std::pair<OpaqueModule*, uint32_t> requested;
   nrvcore::UTF16String theme;
@@ -192,7 +180,7 @@ TEST_F(BaseDialogTest, SetsUpTheLayout) {
   const vx::UnicodeString message(nullptr);
   (*holder.callback)(message);
   EXPECT_EQ(dialog->heard, &message);
-  EXPECT_EQ(dialog->GetDrawingSupplier(), &host.source.supplier);
+  EXPECT_EQ(dialog->GetDrawingSupplier(), &host.supplier);
   EXPECT_EQ(dialog->GetDialogPoint(), (Point{70, 80}));
   EXPECT_EQ(dialog->GetTitle(), u"Test");
   EXPECT_TRUE(dialog->GetStyle().keepsCentre);
@@ -222,15 +210,16 @@ TEST_F(BaseDialogTest, ButtonsAreFoundSwappedAndRegisteredByTheirRules) {
     host.holder.reset(new TestHolder);
     TestHolder& holder = *host.holder;
     const NodeRef ok = AddButton(holder.layout, "okButton");
-    const NodeRef parent =
-        c.sameParent ? holder.layout : holder.Add(holder.layout, new nrvui::ui::UI_Panel, "row");
+    const NodeRef row = holder.Add(holder.layout, new nrvui::ui::UI_Panel, "row");
+    AddButton(row, "help");
+    const NodeRef parent = c.sameParent ? holder.layout : row;
     UI_Node* const control =
         c.isButton ? static_cast<UI_Node*>(new UI_Button) : new nrvui::controls::UI_Checkbox;
     holder.Add(parent, control, c.cancelID);
     const DialogRef dialog(new PlainDialog);
     EXPECT_EQ(dialog->GetOkButton(), ok);
     EXPECT_EQ(dialog->GetCancelButton() != nullptr, c.registered);
-    EXPECT_EQ(ok->UI_GetIndex(), c.swapped ? 1u : 0u);
+    EXPECT_EQ(ok->UI_GetIndex(), c.swapped ? 2u : 0u);
   }
 }
 
@@ -257,6 +246,7 @@ TEST_F(BaseDialogTest, DoesWithoutWhatTheHostDoesNotGive) {
   {
     const DialogRef empty(new PlainDialog);
     EXPECT_EQ(empty->GetPlacement(), DialogPlacement::kPositioned);
+    EXPECT_EQ(empty->GetContentSize(), (Point{100, 100}));
     EXPECT_EQ(host.registered, empty->GetRootView().get());
     EXPECT_EQ(empty->Sheet(), nullptr);
     empty->UI_ContentRectChanged({0, 0, 50, 50});
@@ -267,12 +257,12 @@ TEST_F(BaseDialogTest, DoesWithoutWhatTheHostDoesNotGive) {
   const DialogRef withoutMnemonics(new PlainDialog);
   EXPECT_EQ(host.holder->view->UI_GetParentContainer(), withoutMnemonics->GetRootView().get());
   host.registered = nullptr;
-  host.hasFactory = false;
+  host.gives = false;
   const DialogRef unplaced(new PlainDialog);
   EXPECT_EQ(unplaced->GetPlacement(), DialogPlacement::kAtPoint);
   EXPECT_EQ(host.registered, nullptr);
+  EXPECT_EQ(unplaced->GetDrawingSupplier(), nullptr);
   host.hasSuite = false;
-  host.hasSource = false;
   const DialogRef alone(new PlainDialog);
   EXPECT_EQ(alone->UI_GetNodeID(), "TestDialog");
 }
@@ -301,6 +291,7 @@ class ThrowingPresenter final : public nrvui::ui::DialogPresenter {
  public:
   void Present(nrvui::ui::UI_Dialog& dialog) override {
     EXPECT_EQ(vx::ui::ModalContext::Depth(), 1);
+    EXPECT_TRUE(vx::ui::ModalContext::IsApplicationBlocked());
     if (throws) throw std::runtime_error("window lost");
     dialog.DefaultCloseOk();
   }

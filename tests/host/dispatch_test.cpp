@@ -52,6 +52,7 @@ TEST(Dispatch, EveryMessageReachesItsOwnOperation) {
       {"", "", ""},
   };
   for (const KnownMessage& other : unknown) expectReached(other);
+  EXPECT_EQ(plugin.HandleMessage("QP Interface", "Startup", &message), ResultCode::kSuccess);
   EXPECT_EQ(plugin.SetCurrentPlugin(&plugin), ResultCode::kSuccess);
   EXPECT_EQ(plugin.HandleMessage(nullptr, nullptr, &message), ResultCode::kNotHandled);
 }
@@ -59,7 +60,9 @@ TEST(Dispatch, EveryMessageReachesItsOwnOperation) {
 TEST_F(DispatchTest, WhatNobodyHandlesIsAnsweredWithSuccessAndNotShown) {
   EXPECT_EQ(module.Send("VX Filter", "VX Go"), ResultCode::kSuccess);
   EXPECT_EQ(module.Send("VX Nobody", "VX Go"), ResultCode::kSuccess);
+  void* const object = module.Globals();
   EXPECT_EQ(module.Send("QP Interface", "Startup "), ResultCode::kSuccess);
+  EXPECT_EQ(module.Globals(), object);
   EXPECT_EQ(module.Send("VX Script Message Caller", "anything"), ResultCode::kSuccess);
   EXPECT_EQ(handled.back(), "script anything");
   EXPECT_TRUE(person.alerts.empty());
@@ -87,6 +90,10 @@ TEST_F(DispatchTest, ExceptionsBecomeCodes) {
     plan.menuGo = c.handler;
     EXPECT_EQ(module.Send("VX Menu", "VX Go"), c.code);
   }
+  PluginMessage message{};
+  EXPECT_THROW((void)Object()->HandleMessage("VX Menu", "VX Go", &message), int);
+  plan.menuGo = cases[2].handler;
+  EXPECT_EQ(Object()->HandleMessage("VX Menu", "VX Go", &message), ResultCode::kCannot);
   EXPECT_EQ(person.alerts.size(), 3u) << "the second 'CANT' repeats the first";
   EXPECT_EQ(module.Send("VX Menu", "VX Update"), ResultCode::kSuccess);
 }
@@ -104,7 +111,8 @@ TEST_F(DispatchTest, NotifiersRunInsideTheApplicationContext) {
   EXPECT_EQ(module.Notify(kStartedNotifierType), ResultCode::kParameter);
   plan.applicationStarted = ResultCode::kNotHandled;
   EXPECT_EQ(module.Notify(kStartedNotifierType, "VX Other"), ResultCode::kSuccess);
-  EXPECT_EQ(handled, (std::vector<std::string>{"started", "started"}));
+  EXPECT_EQ(module.Notify(kStartedNotifierType), ResultCode::kSuccess);
+  EXPECT_EQ(handled, (std::vector<std::string>{"started", "started", "started", "notified"}));
 
   handled.clear();
   EXPECT_EQ(module.Notify(nullptr, "VX Other"), ResultCode::kSuccess);

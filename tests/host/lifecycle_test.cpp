@@ -13,23 +13,38 @@ TEST_F(LifecycleTest, AStartUpIntroducesThePluginAndAShutDownLeavesNothing) {
   ASSERT_EQ(host.Objects().notifiers.Size(), 1u);
   EXPECT_EQ(host.Objects().notifiers.Objects()[0]->name, "Plugin App Started Notifier");
   EXPECT_EQ(host.Objects().notifiers.Objects()[0]->type, "VX Application Started Notifier");
+  char buffer[5];
+  EXPECT_EQ(Object()->CopyName(buffer, sizeof(buffer)), 6);
+  EXPECT_STREQ(buffer, "Plug");
 
   EXPECT_EQ(module.ShutDown(), ResultCode::kSuccess);
   EXPECT_EQ(runningPlugin, nullptr);
   EXPECT_EQ(module.Globals(), nullptr);
-  EXPECT_EQ(module.ShutDown(), ResultCode::kSuccess);
-  EXPECT_TRUE(host.Leftovers().empty());
 }
 
-TEST_F(LifecycleTest, APluginCanEndItsStartUpOrDoWithoutTheNotifier) {
+TEST_F(LifecycleTest, AStartUpThatAnyoneEndsLeavesNothing) {
+  const auto expectNone = [&](ResultCode code = ResultCode::kParameter) {
+    EXPECT_EQ(module.StartUp(), code);
+    EXPECT_EQ(module.Globals(), nullptr);
+    EXPECT_EQ(runningPlugin, nullptr);
+    EXPECT_TRUE(host.Leftovers().empty());
+  };
+  for (const char* operation : {"acquire/KDM Basic Suite", "QP Plug-ins Suite/SetPluginName",
+                                "VX Notifier Suite/AddNotifier"}) {
+    SCOPED_TRACE(operation);
+    Operations().Refuse(operation, ResultCode::kParameter);
+    expectNone();
+  }
   plan.continueStartup = ResultCode::kParameter;
-  EXPECT_EQ(module.StartUp(), ResultCode::kParameter);
-  EXPECT_EQ(module.Globals(), nullptr);
-  EXPECT_TRUE(host.Leftovers().empty());
+  expectNone();
+  qpbasic::Ledger::Get().Refuse({.code = ResultCode{12}});
+  expectNone(ResultCode::kOutOfMemory);
+  EXPECT_EQ(handled, std::vector<std::string>{});
+
   plan.continueStartup = ResultCode::kSuccess;
   plan.addStartedNotifier = false;
   EXPECT_EQ(module.StartUp(), ResultCode::kSuccess);
-  EXPECT_EQ(Operations().Calls("VX Notifier Suite/AddNotifier"), 1u) << "of the first attempt";
+  EXPECT_EQ(Operations().Calls("VX Notifier Suite/AddNotifier"), 2u) << "of earlier attempts";
 }
 
 TEST_F(LifecycleTest, UnloadReleasesAndReloadAcquiresAgain) {
@@ -46,12 +61,10 @@ TEST_F(LifecycleTest, UnloadReleasesAndReloadAcquiresAgain) {
   EXPECT_EQ(module.Send("QP Access", "Reload"), ResultCode{12});
   EXPECT_EQ(runningPlugin, object);
   EXPECT_EQ(module.Send("VX Menu", "VX Go"), ResultCode::kSuccess);
-
-  handled.clear();
   EXPECT_EQ(module.Send("QP Access", "Reload"), ResultCode::kSuccess);
   EXPECT_EQ(module.Globals(), object);
   EXPECT_EQ(Object()->lockCount, 41);
-  EXPECT_EQ(handled, std::vector<std::string>{"finished"});
+  EXPECT_EQ(handled, (std::vector<std::string>{"finished", "prepared", "finished"}));
   EXPECT_EQ(Operations().Calls("QP Plug-ins Suite/SetPluginName"), 1u);
   EXPECT_EQ(Operations().Calls("VX Notifier Suite/AddNotifier"), 1u);
   EXPECT_EQ(module.Send("VX Menu", "VX Go"), ResultCode::kParameter);
@@ -59,40 +72,27 @@ TEST_F(LifecycleTest, UnloadReleasesAndReloadAcquiresAgain) {
 
 TEST_F(LifecycleTest, LocksNest) {
   ASSERT_EQ(module.StartUp(), ResultCode::kSuccess);
-  TestPlugin& plugin = *Object();
-  (void)plugin.SetLocked(false);
-  EXPECT_EQ(plugin.lockCount, 0);
-  (void)plugin.SetLocked(true);
-  (void)plugin.SetLocked(true);
+  for (const bool lock : {false, true, true, false}) (void)Object()->SetLocked(lock);
+  EXPECT_EQ(Object()->lockCount, 1);
   EXPECT_EQ(host.Objects().accesses.Size(), 1u);
-  (void)plugin.SetLocked(false);
-  EXPECT_EQ(host.Objects().accesses.Size(), 1u);
-  (void)plugin.SetLocked(false);
-  EXPECT_EQ(host.Objects().accesses.Size(), 0u);
-  EXPECT_EQ(plugin.accessHandle, nullptr);
+  (void)Object()->SetLocked(false);
+  EXPECT_EQ(Object()->accessHandle, nullptr);
   EXPECT_EQ(Operations().Calls("QP Access Suite/AcquirePlugin"), 1u);
   EXPECT_EQ(Operations().Calls("QP Access Suite/ReleasePlugin"), 1u);
 }
 
 TEST_F(LifecycleTest, TheAboutBoxShowsItsTwoTextsOrNone) {
+  using Texts = std::pair<std::string, std::string>;
   ASSERT_EQ(module.StartUp(), ResultCode::kSuccess);
   standin::StringList texts;
   texts.Set(1, "Tiles");
   texts.Set(2, std::string(300, 'x'));
   host.Lists().Replace(standin::ListOwner::kPlugin, 16600, texts);
   EXPECT_EQ(module.About(), ResultCode::kSuccess);
-  EXPECT_EQ(person.aboutBoxes.back().first, "Tiles");
-  EXPECT_EQ(person.aboutBoxes.back().second, std::string(255, 'x'));
+  EXPECT_EQ(person.aboutBoxes.back(), (Texts{"Tiles", std::string(255, 'x')}));
   host.Lists().Replace(standin::ListOwner::kPlugin, 16600, {});
   EXPECT_EQ(module.About(), ResultCode::kSuccess);
-  EXPECT_EQ(person.aboutBoxes.back().first + person.aboutBoxes.back().second, "");
-}
-
-TEST_F(LifecycleTest, TheNameIsCutToTheCallersBuffer) {
-  ASSERT_EQ(module.StartUp(), ResultCode::kSuccess);
-  char buffer[5];
-  EXPECT_EQ(Object()->CopyName(buffer, sizeof(buffer)), 6);
-  EXPECT_STREQ(buffer, "Plug");
+  EXPECT_EQ(person.aboutBoxes.back(), Texts());
 }
 
 }  // namespace

@@ -19,7 +19,7 @@ constinit const SuiteImport kPluginSuites[] = {
     {nullptr, kOptionalSuitesFollow, nullptr},
     {"VX Suite Of Tomorrow", 1, &missingOptional},
     ImportOf<VXUserSuite>(),
-    {"VX Suite For Nobody", 1, nullptr},
+    ImportOf<VXUserInterfaceMainSuite>(),
     {nullptr, 0, nullptr},
 };
 
@@ -34,7 +34,6 @@ Plugin* RebindAfterReload(void* kept) {
 
 TestPlugin::TestPlugin(PluginRef reference) : Plugin(reference) {
   addStartedNotifier = plan.addStartedNotifier;
-  suppressRepeatedErrors = plan.suppressRepeatedErrors;
 }
 
 ResultCode TestPlugin::OnApplicationStarted() {
@@ -49,6 +48,12 @@ ResultCode TestPlugin::SetCurrentPlugin(Plugin* plugin) {
 
 ResultCode TestPlugin::FinishStartup() {
   handled.push_back("finished");
+  return ResultCode::kCannot;  // nobody may act on it
+}
+
+ResultCode TestPlugin::PrepareUnload(PluginMessage*) {
+  EXPECT_EQ(runningPlugin, this);
+  handled.push_back("prepared");
   return ResultCode::kCannot;  // nobody may act on it
 }
 

@@ -17,7 +17,6 @@
 /// What the next TestPlugin does; the framework creates the plug-in itself, so tests say it here.
 struct TestPlan {
   bool addStartedNotifier = true;
-  bool suppressRepeatedErrors = true;
   bool purges = false;
   ResultCode continueStartup = ResultCode::kSuccess;
   ResultCode applicationStarted = ResultCode::kSuccess;
@@ -39,6 +38,7 @@ class TestPlugin : public Plugin {
   ResultCode SetCurrentPlugin(Plugin* plugin) override;
   ResultCode ContinueStartup() override { return plan.continueStartup; }
   ResultCode FinishStartup() override;
+  ResultCode PrepareUnload(PluginMessage*) override;
   ResultCode OnNotify(PluginMessage*) override;
   ResultCode OnMenuGo(PluginMessage*) override { return plan.menuGo(); }
   ResultCode OnScriptMessage(const char* selector, PluginMessage*) override;
@@ -46,6 +46,7 @@ class TestPlugin : public Plugin {
   using Plugin::accessHandle;
   using Plugin::lastErrorTime;
   using Plugin::lockCount;
+  using Plugin::suppressRepeatedErrors;
 };
 
 /// The framework under the stand-in host.
@@ -54,6 +55,10 @@ class FrameworkTest : public testing::Test {
   FrameworkTest() {
     plan = TestPlan();
     handled.clear();
+  }
+  void TearDown() override {
+    EXPECT_EQ(module.ShutDown(), ResultCode::kSuccess);
+    EXPECT_EQ(host.Leftovers(), std::vector<std::string>{});
   }
 
   standin::OperationBook& Operations() { return host.Operations(); }

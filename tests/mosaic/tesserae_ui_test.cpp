@@ -20,6 +20,7 @@ TEST_F(TesseraeUITest, PublishesItsSuiteWhileItRuns) {
   const MosaicSuite* table = host.Suites().Find<MosaicSuite>();
   ASSERT_TRUE(table);
   EXPECT_EQ(table->RunMosaicDialog, &RunMosaicDialog);
+  EXPECT_EQ(host.Suites().Suites().Objects().back()->version, 1001);
   EXPECT_EQ(host.Suites().Suites().Objects().back()->internalVersion, 1);
 
   EXPECT_EQ(module.Send("QP Access", "Unload"), ResultCode::kSuccess);
@@ -40,6 +41,21 @@ TEST_F(TesseraeUITest, AShutDownWhileUnloadedStillFreesTheTable) {
   EXPECT_EQ(module.ShutDown(), ResultCode::kSuccess);
   EXPECT_EQ(host.Operations().Calls("QP Blocks Suite/FreeBlock"), 1u);
   EXPECT_TRUE(host.Leftovers().empty());
+}
+
+TEST_F(TesseraeUITest, ATableThatCannotBeFreedEndsTheShutDownThere) {
+  ASSERT_EQ(module.StartUp(), ResultCode::kSuccess);
+  host.Operations().Refuse("QP Blocks Suite/FreeBlock", ResultCode{12});
+  EXPECT_EQ(module.ShutDown(), ResultCode{12});
+  EXPECT_EQ(module.Globals(), nullptr);
+  EXPECT_EQ(currentPlugin, nullptr);
+  EXPECT_EQ(host.Suites().Users("QP Access Suite"), 1u);
+
+  ASSERT_EQ(module.StartUp(), ResultCode::kSuccess);
+  ASSERT_EQ(module.Send("QP Access", "Unload"), ResultCode::kSuccess);
+  host.Suites().SetAbsent("QP Blocks Suite");
+  EXPECT_EQ(module.ShutDown(), ResultCode::kCannot);
+  EXPECT_EQ(module.Globals(), nullptr);
 }
 
 TEST_F(TesseraeUITest, AnythingThatThrowsWhileRegisteringIsAParameterError) {
