@@ -13,7 +13,7 @@ namespace {
 constexpr QRgb kClear = 0;
 constexpr QRgb kHalfGreen = 0x8000FF00;
 constexpr QRgb kTiles[2][3] = {{0xFF123456, 0xFFABCDEF, 0xFFFFFFFF},
-                               {0xFF000000, kHalfGreen, kClear}};
+                               {kHalfGreen, 0xFF000000, kClear}};
 
 /// Three by two tiles of 10 by 20 points.
 MosaicGeometry Geometry(int spacing) {
@@ -64,8 +64,8 @@ TEST(SvgExport, HasOneRectPerTileInRowOrderInOneGroup) {
   EXPECT_FALSE(xml.hasError()) << xml.errorString().toStdString();
   EXPECT_EQ(groups, 1);
   EXPECT_EQ(rects.join(',').toStdString(),
-            "0 0 10 20 #123456 ,12 0 10 20 #abcdef ,24 0 10 20 #ffffff ,0 22 10 20 #000000 ,"
-            "12 22 10 20 #00ff00 0.502,24 22 10 20 #000000 0");
+            "0 0 10 20 #123456 ,12 0 10 20 #abcdef ,24 0 10 20 #ffffff ,0 22 10 20 #00ff00 0.502,"
+            "12 22 10 20 #000000 ,24 22 10 20 #000000 0");
 }
 
 TEST(SvgExport, HoldsThePictureThatShowsBelow) {
@@ -129,7 +129,9 @@ TEST(PdfExport, IsOnePageWithATableThatFindsItsObjects) {
   const QByteArray content = qUncompress(QByteArray("\0\0\x10\0", 4) + pdf.mid(start));
   EXPECT_EQ(content.count(" re f"), 5) << "all but the clear tile";
   EXPECT_TRUE(content.contains("0.0706 0.2039 0.3373 rg 0 0 10 20 re f"));
-  EXPECT_TRUE(content.contains("/A128 gs 0 1 0 rg 12 22 10 20 re f"));
+  EXPECT_TRUE(content.contains("1 0 0 -1 0 42 cm\n")) << "upright";
+  EXPECT_TRUE(
+      content.contains("/A128 gs 0 1 0 rg 0 22 10 20 re f\n/A255 gs 0 0 0 rg 12 22 10 20 re f"));
 }
 
 /// Has room for so many bytes.

@@ -5,7 +5,9 @@
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QProcess>
+#include <QRegularExpression>
 #include <QTemporaryDir>
+#include <QTest>
 #include <csignal>
 
 #include "tests/studio/random_picture.h"
@@ -47,6 +49,7 @@ class Program : public testing::Test {
              const QString& program = TESSERAE_STUDIO) const {
     auto environment = QProcessEnvironment::systemEnvironment();
     environment.insert("XDG_CONFIG_HOME", Path("config"));
+    if (arguments == "in.png") environment.insert("QT_QPA_PLATFORM", "minimal");  // as if seen
     process.setProcessEnvironment(environment);
     process.setWorkingDirectory(folder.path());
     process.start(program, arguments.split(' ', Qt::SkipEmptyParts));
@@ -77,7 +80,10 @@ TEST_F(Program, BuildsWhatTheDialogAskedFor) {
   EXPECT_EQ(result.errors, "");
   EXPECT_TRUE(result.output.contains("96 tiles")) << result.output.toStdString();
   EXPECT_TRUE(result.output.contains("No block left"));
-  EXPECT_EQ(Load("a.svg").count("<rect "), 96);
+  const QString svg = Load("a.svg");
+  EXPECT_EQ(svg.count("<rect "), 96);
+  EXPECT_EQ(svg.count(QRegularExpression("\"#(..)\\1\\1\"")), 96) << "grey";
+  EXPECT_FALSE(svg.contains("<image")) << "the raster is deleted";
   EXPECT_TRUE(Load("a.pdf").startsWith("%PDF"));
   EXPECT_FALSE(QImage(Path("a.png")).isNull());
   const QJsonObject record = QJsonDocument::fromJson(Load("record")).object();
@@ -85,6 +91,13 @@ TEST_F(Program, BuildsWhatTheDialogAskedFor) {
   EXPECT_EQ(record["tileSpacingHorizontal"].toInt(), 1);
   EXPECT_EQ(record["isColor"].toInt(), 0);
   EXPECT_EQ(record["newWidth"].toDouble(), 60);
+
+  Save(
+      "keep",
+      "enter HorizontalCountTxt 12\nenter TileSpaceHorzTxt 1\nclick DeleteRasterChk\nkey Return\n");
+  EXPECT_EQ(Run("in.png --size-unknown --gestures keep --export b.svg --record record").status, 0);
+  EXPECT_TRUE(Load("b.svg").contains("<image"));
+  EXPECT_TRUE(Load("record").contains("\"sizeUnavailable\": 1,"));
 }
 
 TEST_F(Program, RemembersChoicesFromRunToRun) {
@@ -104,7 +117,8 @@ TEST_F(Program, RemembersChoicesFromRunToRun) {
   }
   // Damage in the user's settings costs a warning, not the run.
   Save("config/tesserae-studio/choices.json", "{");
-  const Result damaged = Run("in.png --gestures ok");
+  const Result damaged = Run("in.png --gestures ok --record record");
+  EXPECT_TRUE(Load("record").contains("\"tilesDown\": 67,")) << "square tiles, a hundred across";
   EXPECT_EQ(damaged.status, 0);
   EXPECT_EQ(damaged.errors.count('\n'), 1) << damaged.errors.toStdString();
 }
@@ -196,6 +210,15 @@ TEST_F(Program, StopsCleanlyWhenInterruptedOrNotHeard) {
   EXPECT_EQ(process.exitStatus(), QProcess::NormalExit);
   EXPECT_EQ(process.exitCode(), 1);
   EXPECT_EQ(Files(), before);
+
+  // The window asks nobody, as there may be nobody left.
+  Start(process, "in.png");
+  const QString settings = Path("config/tesserae-studio/window.ini");
+  ASSERT_TRUE(QTest::qWaitFor([&] { return QFile::exists(settings); }, 20000));
+  process.terminate();
+  ASSERT_TRUE(process.waitForFinished(30000));
+  EXPECT_EQ(process.exitStatus(), QProcess::NormalExit);
+  EXPECT_EQ(process.exitCode(), 1);
 
   process.setStandardOutputFile("/dev/full");
   Start(process, "in.png --gestures ok --export a.svg");

@@ -104,7 +104,7 @@ class StudioWindowTest : public testing::Test {
 
 TEST_F(StudioWindowTest, APictureBecomesAMosaicThatCanBeUndoneAndExported) {
   OpenPicture();
-  EXPECT_EQ(Summary().section("   ", 0, 0), "60 × 40 pt");
+  EXPECT_EQ(Summary(), "60 × 40 pt   ·   21.2 × 14.1 mm");
   EXPECT_FALSE(Action("export").isEnabled());
   const QImage before = Canvas();
 
