@@ -1,9 +1,16 @@
 #include "platform/nrvcore/string.h"
 
+#include <algorithm>
+#include <atomic>
+#include <string>
+
 namespace nrvcore {
 
 template <class Char>
-StringT<Char>::StringT() noexcept = default;
+struct StringT<Char>::SharedText {
+  const std::basic_string<Char> text;
+  std::atomic<size_t> holders = 1;
+};
 
 template <class Char>
 StringT<Char>::StringT(const Char* characters)
@@ -12,33 +19,28 @@ StringT<Char>::StringT(const Char* characters)
 
 template <class Char>
 StringT<Char>::StringT(std::basic_string_view<Char> characters) {
-  if (!characters.empty()) text = std::make_shared<const std::basic_string<Char>>(characters);
+  if (characters.size() <= kShortText) {
+    std::ranges::copy(characters, content.text);
+    content.length = static_cast<uint8_t>(characters.size());
+  } else {
+    content.shared = new SharedText{std::basic_string<Char>(characters)};
+    content.length = kShared;
+  }
 }
 
 template <class Char>
-StringT<Char>::StringT(const StringT& other) = default;
-
-template <class Char>
-StringT<Char>::StringT(StringT&& other) noexcept = default;
-
-template <class Char>
-StringT<Char>::~StringT() = default;
-
-template <class Char>
-StringT<Char>& StringT<Char>::operator=(const StringT& other) = default;
-
-template <class Char>
-StringT<Char>& StringT<Char>::operator=(StringT&& other) noexcept = default;
-
-template <class Char>
-std::basic_string_view<Char> StringT<Char>::View() const noexcept {
-  static constexpr Char kEnd[] = {0};  // so that an empty text is terminated like any other
-  return text ? std::basic_string_view<Char>(*text) : std::basic_string_view<Char>(kEnd, 0);
+std::basic_string_view<Char> StringT<Char>::SharedView() const noexcept {
+  return content.shared->text;
 }
 
 template <class Char>
-bool StringT<Char>::IsEmpty() const noexcept {
-  return text == nullptr;
+void StringT<Char>::Hold() noexcept {
+  content.shared->holders.fetch_add(1, std::memory_order_relaxed);
+}
+
+template <class Char>
+void StringT<Char>::LetGo() noexcept {
+  if (content.shared->holders.fetch_sub(1, std::memory_order_acq_rel) == 1) delete content.shared;
 }
 
 template <class Char>

@@ -3,16 +3,9 @@
 #include <boost/smart_ptr/intrusive_ptr.hpp>
 #include <span>
 
-#include "platform/nrvcore/export.h"
-
 namespace nrvui::ui {
 
 class UI_Node;
-
-NRV_EXPORT void intrusive_ptr_add_ref(const UI_Node* node) noexcept;
-/// The release that brings the count to zero destroys the node, unless a guard is set. It lets
-/// through what a destruction throws, which boost::intrusive_ptr's destructor cannot do.
-NRV_EXPORT void intrusive_ptr_release(const UI_Node* node);
 
 /// An ordered, contiguous sequence of child nodes, each held by a reference. Leaves have none.
 class UI_Container {

@@ -21,17 +21,6 @@ nrvcore::geom::PointT<float> SizeOf(const nrvcore::geom::RectT<float>& rect) {
 
 }  // namespace
 
-void intrusive_ptr_add_ref(const UI_Node* node) noexcept {
-  node->referenceCount.fetch_add(1, std::memory_order_relaxed);
-}
-
-void intrusive_ptr_release(const UI_Node* node) {
-  if (node->referenceCount.fetch_sub(1, std::memory_order_acq_rel) != 1) return;
-  if (node->beingDestroyed != 0 || node->keptOnLastRelease != 0) return;
-  node->beingDestroyed = 1;
-  delete node;
-}
-
 UI_Node::UI_Node() = default;
 
 UI_Node::~UI_Node() noexcept(false) {
@@ -39,12 +28,10 @@ UI_Node::~UI_Node() noexcept(false) {
   if (observer != nullptr) observer->NodeDestroyed(*this);
 }
 
-const boost::intrusive_ptr<UI_Node>* UI_Node::ChildBegin() const {
-  return children.data();
-}
-
-const boost::intrusive_ptr<UI_Node>* UI_Node::ChildEnd() const {
-  return children.data() + children.size();
+void UI_Node::DestroyUnlessGuarded() const {
+  if (beingDestroyed != 0 || keptOnLastRelease != 0) return;
+  beingDestroyed = 1;
+  delete this;
 }
 
 void UI_Node::ChildPushBack(const boost::intrusive_ptr<UI_Node>& child) {
@@ -75,10 +62,6 @@ bool UI_Node::IsAtOrAbove(const UI_Node& other) const {
 void UI_Node::UI_ActivationChanged(bool) {}
 void UI_Node::UI_ContentRectChanged(const nrvcore::geom::RectT<float>&) {}
 void UI_Node::UI_DisabledStateChanged(bool) {}
-
-nrvcore::String UI_Node::UI_GetNodeID() const {
-  return nodeID;
-}
 
 void UI_Node::UI_SetNodeID(const nrvcore::String& id) {
   nodeID = id;

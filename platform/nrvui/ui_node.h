@@ -23,8 +23,11 @@ class NRV_EXPORT UI_Node : public UI_Container {
   UI_Node& operator=(const UI_Node&) = delete;
   virtual ~UI_Node() noexcept(false);
 
-  const boost::intrusive_ptr<UI_Node>* ChildBegin() const override;
-  const boost::intrusive_ptr<UI_Node>* ChildEnd() const override;
+  // What every lookup does at every node is inline here.
+  const boost::intrusive_ptr<UI_Node>* ChildBegin() const final { return children.data(); }
+  const boost::intrusive_ptr<UI_Node>* ChildEnd() const final {
+    return children.data() + children.size();
+  }
   void ChildPushBack(const boost::intrusive_ptr<UI_Node>& child) override;
   void ChildSwapOrder(unsigned long first, unsigned long second) override;
 
@@ -33,7 +36,7 @@ class NRV_EXPORT UI_Node : public UI_Container {
   virtual void UI_ContentRectChanged(const nrvcore::geom::RectT<float>& rect);
   virtual void UI_DisabledStateChanged(bool disabled);
 
-  nrvcore::String UI_GetNodeID() const;
+  nrvcore::String UI_GetNodeID() const { return nodeID; }
   void UI_SetNodeID(const nrvcore::String& id);
 
   UI_Container* UI_GetParentContainer() const;
@@ -72,6 +75,7 @@ class NRV_EXPORT UI_Node : public UI_Container {
   friend void intrusive_ptr_release(const UI_Node* node);
 
   bool IsAtOrAbove(const UI_Node& other) const;
+  void DestroyUnlessGuarded() const;
 
   mutable std::atomic<std::int32_t> referenceCount{0};
   mutable std::uint8_t beingDestroyed = 0;
@@ -85,5 +89,16 @@ class NRV_EXPORT UI_Node : public UI_Container {
   nrvcore::geom::PointT<float> size;
   boost::shared_ptr<boost::function<void()>> sizeChanged;
 };
+
+inline void intrusive_ptr_add_ref(const UI_Node* node) noexcept {
+  node->referenceCount.fetch_add(1, std::memory_order_relaxed);
+}
+
+/// The release that brings the count to zero destroys the node, unless a guard is set. It lets
+/// through what a destruction throws, which boost::intrusive_ptr's destructor cannot do.
+inline void intrusive_ptr_release(const UI_Node* node) {
+  if (node->referenceCount.fetch_sub(1, std::memory_order_acq_rel) == 1)
+    node->DestroyUnlessGuarded();
+}
 
 }  // namespace nrvui::ui
