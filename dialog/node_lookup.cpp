@@ -1,16 +1,23 @@
 #include "dialog/node_lookup.h"
 
-#include <deque>
 #include <utility>
+#include <vector>
 
 using nrvui::ui::UI_Node;
 
+namespace {
+
+constexpr size_t kUsualNodes = 64;  // a dialog has fewer; more take further blocks
+
+}  // namespace
+
 boost::intrusive_ptr<UI_Node> FindNodeByID(const boost::intrusive_ptr<UI_Node>& root,
                                            const nrvcore::String& nodeID) {
-  std::deque<boost::intrusive_ptr<UI_Node>> queue = {root};
-  while (!queue.empty()) {
-    boost::intrusive_ptr<UI_Node> node = std::move(queue.front());
-    queue.pop_front();
+  std::vector<boost::intrusive_ptr<UI_Node>> queue;  // from its front on; what was before is null
+  queue.reserve(kUsualNodes);
+  queue.push_back(root);
+  for (size_t front = 0; front < queue.size(); ++front) {
+    boost::intrusive_ptr<UI_Node> node = std::move(queue[front]);
     if (node->UI_GetNodeID() == nodeID) return node;
     queue.insert(queue.end(), node->ChildBegin(), node->ChildEnd());
   }

@@ -10,6 +10,9 @@
 namespace nrvui::ui {
 class UI_ControlChangedMessage;
 }
+namespace nrvui::controls {
+class UI_UnitNumberEdit;
+}
 
 /// The dialog "Create Tesserae". It works on copies of the caller's record and state; its change
 /// handlers keep the fields consistent while it runs, and OK brings the number fields into the
@@ -49,7 +52,7 @@ class TesseraeUIDialog : public VXUIBaseDialog<nrvui::ui::UI_Dialog> {
   // Size and ratio.
   int32_t ConnectControls();
   void ResetNewSize();
-  void SetUpSizeField(const char* nodeID);
+  boost::intrusive_ptr<nrvui::controls::UI_UnitNumberEdit> SetUpSizeField(const char* nodeID);
   int32_t SourceWidth() const;
   int16_t SourceHeight() const;
   float SourceAspectRatio() const;

@@ -46,21 +46,20 @@ int32_t TesseraeUIDialog::ConnectControls() {
 }
 
 void TesseraeUIDialog::ResetNewSize() {
-  SetUpSizeField("NewWidthTxt");
-  SetUpSizeField("NewHeightTxt");
-  const auto width = Control<UI_UnitNumberEdit>("NewWidthTxt");
-  const auto height = Control<UI_UnitNumberEdit>("NewHeightTxt");
+  const auto width = SetUpSizeField("NewWidthTxt");
+  const auto height = SetUpSizeField("NewHeightTxt");
   width->SetNumber(state.usePercent ? kWhole : LowShort(SourceWidth()));
   height->SetNumber(state.usePercent ? kWhole : SourceHeight());
   state.aspectRatio = SourceAspectRatio();
 }
 
-void TesseraeUIDialog::SetUpSizeField(const char* nodeID) {
-  const auto field = Control<UI_UnitNumberEdit>(nodeID);
+boost::intrusive_ptr<UI_UnitNumberEdit> TesseraeUIDialog::SetUpSizeField(const char* nodeID) {
+  auto field = Control<UI_UnitNumberEdit>(nodeID);
   field->SetCustomUnit(state.usePercent ? UI_UnitNumberEdit::kPercentUnit
                                         : UI_UnitNumberEdit::kLengthUnit);
   field->SetLowerBound(0.0);
   field->SetUpperBound(state.usePercent ? kGreatestPercentage : kGreatestLength);
+  return field;
 }
 
 int32_t TesseraeUIDialog::SourceWidth() const {
