@@ -28,14 +28,13 @@ OperationBook::Operation& OperationBook::Find(std::string_view name) {
   return const_cast<Operation&>(std::as_const(*this).Find(name));
 }
 
-void OperationBook::Refuse(std::string_view name, ResultCode code, size_t callsFromNow, bool once) {
-  Find(name).disturbance = Disturbance{callsFromNow, once, code, nullptr};
+void OperationBook::Refuse(std::string_view name, ResultCode code, size_t callsFromNow) {
+  Find(name).disturbance = Disturbance{callsFromNow, code, nullptr};
 }
 
-void OperationBook::Throw(std::string_view name, std::exception_ptr exception, size_t callsFromNow,
-                          bool once) {
-  Find(name).disturbance =
-      Disturbance{callsFromNow, once, ResultCode::kSuccess, std::move(exception)};
+void OperationBook::Throw(std::string_view name, std::exception_ptr exception,
+                          size_t callsFromNow) {
+  Find(name).disturbance = Disturbance{callsFromNow, ResultCode::kSuccess, std::move(exception)};
 }
 
 void OperationBook::DisturbNothing() {
@@ -66,8 +65,7 @@ ResultCode OperationBook::CheckIn(Operation& operation) {
     return ResultCode::kSuccess;
   }
   ++disturbed;
-  const Disturbance disturbance = *operation.disturbance;
-  if (disturbance.once) operation.disturbance.reset();
+  const Disturbance disturbance = *std::exchange(operation.disturbance, {});
   if (disturbance.exception) std::rethrow_exception(disturbance.exception);
   return disturbance.code;
 }

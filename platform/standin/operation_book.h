@@ -20,7 +20,6 @@ class OperationBook {
  public:
   struct Disturbance {
     size_t callsFromNow = 1;  // 1 is the next call
-    bool once = true;         // otherwise all calls from there on
     ResultCode code = ResultCode::kSuccess;
     std::exception_ptr exception;  // thrown instead of answering `code`
   };
@@ -38,10 +37,9 @@ class OperationBook {
 
   /// The named operation answers `code` without doing its work. An operation that answers no code
   /// gives null or no number, or does nothing. Throws std::invalid_argument for an unknown name.
-  void Refuse(std::string_view name, ResultCode code, size_t callsFromNow = 1, bool once = true);
+  void Refuse(std::string_view name, ResultCode code, size_t callsFromNow = 1);
   /// The named operation throws without doing its work.
-  void Throw(std::string_view name, std::exception_ptr exception, size_t callsFromNow = 1,
-             bool once = true);
+  void Throw(std::string_view name, std::exception_ptr exception, size_t callsFromNow = 1);
   void DisturbNothing();
   /// Calls that were refused or ended by an exception.
   size_t Disturbed() const { return disturbed; }
