@@ -22,7 +22,6 @@ struct SequenceForm {
 };
 
 constexpr std::array kForms = {
-    SequenceForm{0x80, 0x00, 1, 0},
     SequenceForm{0xE0, 0xC0, 2, 0x80},
     SequenceForm{0xF0, 0xE0, 3, 0x800},
     SequenceForm{0xF8, 0xF0, 4, 0x10000},
@@ -32,6 +31,10 @@ constexpr std::array kForms = {
 /// that is cut short or means nothing.
 char32_t TakeCodePoint(std::string_view& text) {
   const auto first = static_cast<unsigned char>(text.front());
+  if (first < 0x80) {
+    text.remove_prefix(1);
+    return first;
+  }
   for (const SequenceForm& form : kForms) {
     if ((first & form.mask) != form.lead) continue;
     char32_t codePoint = first & static_cast<unsigned char>(~form.mask);
@@ -64,7 +67,7 @@ void AppendUTF8(std::string& out, char32_t codePoint) {
     return;
   }
   const int trailing = codePoint < 0x800 ? 1 : codePoint < 0x10000 ? 2 : 3;
-  out += static_cast<char>(kForms[trailing].lead | codePoint >> 6 * trailing);
+  out += static_cast<char>(kForms[trailing - 1].lead | codePoint >> 6 * trailing);
   for (int i = trailing - 1; i >= 0; --i) {
     out += static_cast<char>(0x80 | (codePoint >> 6 * i & 0x3F));
   }

@@ -163,11 +163,9 @@ SheetTree ParseLayout(std::string text, const std::filesystem::path& file, const
 
 SheetTree ReadLayout(const std::filesystem::path& file, const LiveToken& token) {
   std::error_code error;
-  if (!std::filesystem::is_regular_file(file, error))
-    throw ResourceError(file, 0, "there is no such file");
-  std::ifstream stream(file, std::ios::binary);
   const uintmax_t size = std::filesystem::file_size(file, error);
-  if (error) throw ResourceError(file, 0, "the file cannot be read");
+  if (error) throw ResourceError(file, 0, "there is no such file");
+  std::ifstream stream(file, std::ios::binary);
   std::string text(std::min<uintmax_t>(size, kLargestFile + 1), '\0');
   if (!stream.read(text.data(), static_cast<std::streamsize>(text.size())))
     throw ResourceError(file, 0, "the file cannot be read");

@@ -45,12 +45,12 @@ float TextWidth(const nrvcore::UTF16String& text) {
 Size ControlSize(const nrvui::controls::UI_ControlView& control) {
   using namespace nrvui::controls;
   const float caption = TextWidth(control.GetCaption());
+  if (dynamic_cast<const UI_StaticText*>(&control))
+    return {caption > 0 ? caption : kValueCharacters * kCell.x, kCell.y};
   if (dynamic_cast<const UI_TextEdit*>(&control))
     return {kValueCharacters * kCell.x, kControlHeight};
   if (dynamic_cast<const UI_Button*>(&control))
     return {std::max(kNarrowestButton, caption + 2 * kPadding), kControlHeight};
-  if (dynamic_cast<const UI_StaticText*>(&control))
-    return {caption > 0 ? caption : kValueCharacters * kCell.x, kCell.y};
   return {kIndicator + caption, kCell.y};
 }
 
@@ -150,27 +150,31 @@ void Stretch(const UI_Panel& panel, Size room, Tracks* tracks) {
   for (float& track : across) track = std::max(track, isRow ? room.y : room.x);
 }
 
-/// Places the children within a panel whose size is set, from the top downwards.
-void Place(UI_Node& node) {
-  const auto* const panel = dynamic_cast<UI_Panel*>(&node);
-  if (!panel) return;
-  const Insets insets = InsetsOf(*panel);
-  const Size size = SizeOf(node);
-  Tracks tracks = MeasureTracks(*panel);
-  const float bottom = panel->GetTitle().IsEmpty() ? 0 : kFrame;
-  Stretch(*panel, {size.x - 2 * insets.side, size.y - insets.top - bottom}, &tracks);
-  const auto children = Children(node);
+void PlaceChildren(UI_Panel& panel);
+
+/// Places a node, and then what it holds: panels fill their room, whatever else keeps its size and
+/// stands in the middle of its height.
+void Place(UI_Node& node, PointT<float> position, Size room) {
+  auto* const panel = dynamic_cast<UI_Panel*>(&node);
+  if (panel) SetSize(node, room);
+  node.UI_SetPosition({position.x, position.y + (room.y - SizeOf(node).y) / 2});
+  if (panel) PlaceChildren(*panel);
+}
+
+void PlaceChildren(UI_Panel& panel) {
+  const Insets insets = InsetsOf(panel);
+  const Size size = SizeOf(panel);
+  Tracks tracks = MeasureTracks(panel);
+  const float bottom = panel.GetTitle().IsEmpty() ? 0 : kFrame;
+  Stretch(panel, {size.x - 2 * insets.side, size.y - insets.top - bottom}, &tracks);
+  const auto children = Children(panel);
   PointT<float> position = {insets.side, insets.top};
   for (size_t i = 0; i < children.size(); ++i) {
     const size_t column = i % tracks.columns.size();
     const size_t row = i / tracks.columns.size();
     if (column == 0) position.x = insets.side;
-    UI_Node& child = *children[i];
     const Size track = {tracks.columns[column], tracks.rows[row]};
-    // Panels fill their place; controls keep their size and stand in its middle.
-    if (dynamic_cast<UI_Panel*>(&child)) SetSize(child, track);
-    child.UI_SetPosition({position.x, position.y + (track.y - SizeOf(child).y) / 2});
-    Place(child);
+    Place(*children[i], position, track);
     position.x += track.x + kGap;
     if (column + 1 == tracks.columns.size()) position.y += track.y + kGap;
   }
@@ -187,9 +191,7 @@ Size LayOutNominally(nrvui::ui::UI_Layout& layout) {
   float bottom = kMargin;
   for (const auto& child : Children(layout)) {
     const float height = SizeOf(*child).y;
-    if (dynamic_cast<UI_Panel*>(child.get())) SetSize(*child, {width, height});
-    child->UI_SetPosition({kMargin, bottom});
-    Place(*child);
+    Place(*child, {kMargin, bottom}, {width, height});
     bottom += height + kGap;
   }
   const float gapAfterLast = Children(layout).empty() ? 0 : kGap;
