@@ -43,13 +43,12 @@ void TakeTheme(const QString& name) {
 
 int RunWindow(const CommandLine& line) {
   const Interruption interruption;
+  const QSocketNotifier notifier(interruption.Descriptor(), QSocketNotifier::Read);
+  QObject::connect(&notifier, &QSocketNotifier::activated, [] { QApplication::exit(kStopped); });
   StudioWindow window(line.state);
   window.SetSizeUnknown(line.isSizeUnknown);
   window.show();
   if (!line.picture.isEmpty()) window.OpenPicture(line.picture);
-  const QSocketNotifier interruptions(interruption.Descriptor(), QSocketNotifier::Read);
-  QObject::connect(&interruptions, &QSocketNotifier::activated,
-                   [] { QApplication::exit(kStopped); });
   const int status = interruption.IsRequested() ? kStopped : QApplication::exec();
   window.CloseModule();
   return status;

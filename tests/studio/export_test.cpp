@@ -2,7 +2,6 @@
 
 #include <QBuffer>
 #include <QRegularExpression>
-#include <QXmlStreamReader>
 
 #include "studio/mosaic_export.h"
 #include "studio/studio_error.h"
@@ -42,30 +41,18 @@ QImage RedPicture() {
 }
 
 TEST(SvgExport, HasOneRectPerTileInRowOrderInOneGroup) {
-  QStringList rects;
-  int groups = 0;
-  QXmlStreamReader xml(Export("a.svg", 2));
-  while (!xml.atEnd()) {
-    if (xml.readNext() != QXmlStreamReader::StartElement) continue;
-    const auto value = [&](const char* name) { return xml.attributes().value(name).toString(); };
-    if (xml.name() == u"g") ++groups;
-    if (xml.name() == u"svg") {
-      EXPECT_EQ(value("viewBox"), "0 0 34 42");
-      EXPECT_EQ(value("width"), "34pt");
-    }
-    if (xml.name() != u"rect") continue;
-    EXPECT_EQ(groups, 1);
-    QStringList values;
-    for (const char* name : {"x", "y", "width", "height", "fill", "fill-opacity"}) {
-      values << value(name);
-    }
-    rects << values.join(' ');
-  }
-  EXPECT_FALSE(xml.hasError()) << xml.errorString().toStdString();
-  EXPECT_EQ(groups, 1);
-  EXPECT_EQ(rects.join(',').toStdString(),
-            "0 0 10 20 #123456 ,12 0 10 20 #abcdef ,24 0 10 20 #ffffff ,0 22 10 20 #00ff00 0.502,"
-            "12 22 10 20 #000000 ,24 22 10 20 #000000 0");
+  EXPECT_EQ(Export("a.svg", 2).toStdString(), R"(<?xml version="1.0" encoding="UTF-8"?>
+<svg xmlns="http://www.w3.org/2000/svg" width="34pt" height="42pt" viewBox="0 0 34 42">
+<g>
+<rect x="0" y="0" width="10" height="20" fill="#123456"/>
+<rect x="12" y="0" width="10" height="20" fill="#abcdef"/>
+<rect x="24" y="0" width="10" height="20" fill="#ffffff"/>
+<rect x="0" y="22" width="10" height="20" fill="#00ff00" fill-opacity="0.502"/>
+<rect x="12" y="22" width="10" height="20" fill="#000000"/>
+<rect x="24" y="22" width="10" height="20" fill="#000000" fill-opacity="0"/>
+</g>
+</svg>
+)");
 }
 
 TEST(SvgExport, HoldsThePictureThatShowsBelow) {

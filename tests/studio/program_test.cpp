@@ -24,10 +24,7 @@ struct Result {
 class Program : public testing::Test {
  protected:
   Program() {
-    QImage picture = RandomImage(60, 40, QImage::Format_RGB32, 11);
-    picture.setDotsPerMeterX(2835);
-    picture.setDotsPerMeterY(2835);
-    picture.save(Path("in.png"));
+    SaveRandomPicture(Path("in.png"));
     Save("ok", "key Return\n");
     Save("cancel", "enter HorizontalCountTxt 3\nkey Escape\n");
   }

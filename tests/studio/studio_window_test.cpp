@@ -59,10 +59,7 @@ class StudioWindowTest : public testing::Test {
  protected:
   StudioWindowTest() {
     qputenv("XDG_CONFIG_HOME", folder.path().toUtf8());
-    QImage picture = RandomImage(60, 40, QImage::Format_RGB32, 5);
-    picture.setDotsPerMeterX(2835);
-    picture.setDotsPerMeterY(2835);
-    picture.save(Path("in.png"));
+    SaveRandomPicture(Path("in.png"));
     warnings.clear();
     Speak("en");
   }
