@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "mosaic/mosaic_suite.h"
 #include "platform/standin/host.h"
 #include "platform/standin/module.h"
 
@@ -15,6 +16,12 @@ class BuiltModule {
   ~BuiltModule() {
     EXPECT_EQ(module.ShutDown(), ResultCode::kSuccess);
     EXPECT_EQ(host.Leftovers(), std::vector<std::string>{});
+  }
+
+  /// A caller of its suite.
+  ResultCode RunDialog(MosaicParameters& record, MosaicDialogState& state) {
+    MosaicParameters* params = &record;
+    return host.Suites().Find<MosaicSuite>()->RunMosaicDialog(&state, &params);
   }
 
   standin::RecordingUserInterface person;

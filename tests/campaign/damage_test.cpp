@@ -10,7 +10,6 @@
 #include <sstream>
 
 #include "campaign/built_module.h"
-#include "mosaic/mosaic_suite.h"
 #include "platform/nrvcore/unicode.h"
 #include "platform/nrvui/scripted_presenter.h"
 #include "platform/standin/layout_reader.h"
@@ -67,7 +66,6 @@ TEST(DamagedLayout, IsRefusedOrHoldsADialog) {
   std::filesystem::copy(standin::DefaultResourceRoot(), resources.path,
                         std::filesystem::copy_options::recursive);
   BuiltModule built(resources.path);
-  const auto* suite = built.host.Suites().Find<MosaicSuite>();
   nrvui::gestures::ScriptedPresenter person(
       nrvui::gestures::GestureScript::Parse(kGestures, "gestures"));
   const nrvui::ui::InstalledPresenter installed(person);
@@ -79,9 +77,8 @@ TEST(DamagedLayout, IsRefusedOrHoldsADialog) {
     resources.Write("layouts/16301.xml", text);
     const MosaicParameters untouched{};
     MosaicParameters record = untouched;
-    MosaicParameters* params = &record;
     MosaicDialogState state{};
-    const ResultCode code = suite->RunMosaicDialog(&state, &params);
+    const ResultCode code = built.RunDialog(record, state);
     if (code != ResultCode::kSuccess) {
       EXPECT_EQ(std::memcmp(&record, &untouched, sizeof record), 0);
       EXPECT_TRUE(code == ResultCode::kCannot || person.Error());
@@ -125,7 +122,6 @@ TEST(DamagedStringList, IsRefusedOrGivesAlertsThatCanBeRead) {
 
 TEST(DamagedGestures, AreRefusedOrPlayedAsFarAsTheyGo) {
   BuiltModule built;
-  const auto* suite = built.host.Suites().Find<MosaicSuite>();
   size_t confirmed = 0;
   ForEachSeed(Times(3000), [&](Random& random) {
     const std::string text = Damaged(random, kGestures);
@@ -135,9 +131,8 @@ TEST(DamagedGestures, AreRefusedOrPlayedAsFarAsTheyGo) {
     nrvui::gestures::ScriptedPresenter person(*script);
     const nrvui::ui::InstalledPresenter installed(person);
     MosaicParameters record{};
-    MosaicParameters* params = &record;
     MosaicDialogState state{};
-    const ResultCode code = suite->RunMosaicDialog(&state, &params);
+    const ResultCode code = built.RunDialog(record, state);
     EXPECT_TRUE(code == ResultCode::kSuccess || code == ResultCode::kCancelled) << text;
     confirmed += code == ResultCode::kSuccess;
   });

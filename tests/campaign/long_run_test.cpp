@@ -5,7 +5,6 @@
 
 #include "campaign/built_module.h"
 #include "campaign/campaign.h"
-#include "mosaic/mosaic_suite.h"
 #include "platform/nrvui/scripted_presenter.h"
 #include "platform/qpbasic/ledger.h"
 
@@ -35,14 +34,12 @@ long Descriptors() {
 class LongRun : public testing::Test {
  protected:
   void RunDialogs(size_t runs) {
-    const auto* suite = built.host.Suites().Find<MosaicSuite>();
     for (size_t i = 0; i < runs; ++i) {
       MosaicParameters record{};
       record.boundsRight = 300;
       record.boundsBottom = 200;
-      MosaicParameters* params = &record;
       MosaicDialogState state{};
-      ASSERT_EQ(suite->RunMosaicDialog(&state, &params), ResultCode::kSuccess);
+      ASSERT_EQ(built.RunDialog(record, state), ResultCode::kSuccess);
     }
   }
 

@@ -170,7 +170,6 @@ std::string Hex(const Value& value) {
 
 TEST(RandomDialog, DoesWhatTheModelSays) {
   BuiltModule built;
-  const auto* suite = built.host.Suites().Find<MosaicSuite>();
   size_t confirmed = 0;
   campaign::ForEachSeed(campaign::Count(8000 / campaign::Step(1), 300000), [&](Random& random) {
     MosaicParameters record = RandomRecord(random);
@@ -180,8 +179,7 @@ TEST(RandomDialog, DoesWhatTheModelSays) {
     MosaicModel model(record, state);
     ModelledPerson person(random, model);
     const nrvui::ui::InstalledPresenter installed(person);
-    MosaicParameters* params = &record;
-    const ResultCode code = suite->RunMosaicDialog(&state, &params);
+    const ResultCode code = built.RunDialog(record, state);
     // A dialog that was left open counts as cancelled.
     EXPECT_EQ(code, model.IsOk() ? ResultCode::kSuccess : ResultCode::kCancelled) << person.Done();
     EXPECT_EQ(Hex(record) + Hex(state),

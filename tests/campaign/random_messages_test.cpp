@@ -1,7 +1,7 @@
 #include <string_view>
 
 #include "campaign/built_module.h"
-#include "campaign/campaign.h"
+#include "campaign/damage.h"
 #include "host/known_messages.h"
 
 // Any message may come at any time. What a message makes the plug-in ask of its host follows from
@@ -18,25 +18,8 @@ using Log = std::vector<std::string>;
 constexpr const char* kNotifierTypes[] = {"VX Application Started Notifier", "VX Other", ""};
 
 /// The text, or one that differs from it a little.
-std::string Near(Random& random, std::string text) {
-  const size_t place = Below(random, text.size() + 1);
-  switch (Below(random, 12)) {
-    case 0:
-      return text.substr(0, place);
-    case 1:
-      return text.substr(place);
-    case 2:
-      return text.insert(place, 1, static_cast<char>(1 + Below(random, 255)));
-    case 3:
-      return text + text;
-    case 4:
-      return std::string(Below(random, 5000), 'V');
-    case 5:
-      if (place < text.size()) text[place] ^= 0x20;
-      return text[0] ? text : "";
-    default:
-      return text;
-  }
+std::string Near(Random& random, const std::string& text) {
+  return Once(random, 2) ? text : std::string(campaign::Damaged(random, text).c_str());
 }
 
 class RandomMessages : public testing::Test {

@@ -2,8 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <vector>
-
 #include "platform/nrvui/ui_panel.h"
 
 namespace {
@@ -38,24 +36,6 @@ TEST(FindNodeByID, FirstMatchInBreadthFirstOrder) {
   }
   root->UI_SetNodeID("h\xC3\xA9");
   EXPECT_EQ(FindNodeByID(root, "h\xC3\xA9"), root);
-}
-
-TEST(FindNodeByID, LeavesTheReferencesAsTheyWere) {
-  const NodeRef root = Add(nullptr, "root");
-  std::vector<NodeRef> nodes = {root};
-  for (int i = 1; i < 40; ++i) nodes.push_back(Add(nodes[i / 3], std::to_string(i).c_str()));
-  std::vector<int32_t> counts;
-  for (const NodeRef& node : nodes) counts.push_back(node->UI_GetReferenceCount());
-
-  {
-    const NodeRef found = FindNodeByID(root, "25");
-    ASSERT_TRUE(found);
-    EXPECT_EQ(found->UI_GetReferenceCount(), counts[25] + 1);
-  }
-  EXPECT_FALSE(FindNodeByID(root, "none"));
-  for (size_t i = 0; i < nodes.size(); ++i) {
-    EXPECT_EQ(nodes[i]->UI_GetReferenceCount(), counts[i]);
-  }
 }
 
 }  // namespace
