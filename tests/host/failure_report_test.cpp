@@ -30,11 +30,11 @@ class FailureReportTest : public FrameworkTest {
     host.Lists().Replace(ListOwner::kPlugin, 16050, list);
   }
 
-  /// What the person is shown for a code, "" for nothing.
+  /// What the person is shown for a code.
   std::string Shown(int32_t code) {
     person.alerts.clear();
     ShowFailure(module.Ref(), ResultCode{code});
-    return person.alerts.empty() ? "" : person.alerts.back();
+    return person.alerts.empty() ? kNothing : person.alerts.back();
   }
 
   /// A message fails; how many alerts there were since the test began.
@@ -44,6 +44,7 @@ class FailureReportTest : public FrameworkTest {
     return person.alerts.size();
   }
 
+  static constexpr const char* kNothing = "no alert";
   static constexpr const char* kDefault = "The operation failed (%s).";
 };
 
@@ -62,14 +63,14 @@ TEST_F(FailureReportTest, FindsTheTextThatFitsTheCode) {
       {INT32_MIN, "The operation failed (-21474836)."},
       {16384, "The operation failed (16384)."},
       {16385, "The operation failed ()."},  // four characters, of which the first ends the text
-      {361, ""},
+      {361, kNothing},
       {362, "The operation failed (362)."},
   };
   for (const auto& [code, text] : cases) EXPECT_EQ(Shown(code), text) << code;
   for (const char* silent :
        {"FMT?", "RFSE", "AFTR", "VALD", "MOOT", "TRSH", "CHEK", "CHIT", "TLTK", "pFls", "S!Fd",
         "!Acq", "Bchn", "dsRP", "skpE", "DONE", "ASTR", "STOP"})
-    EXPECT_EQ(Shown(Code(silent)), "") << silent;
+    EXPECT_EQ(Shown(Code(silent)), kNothing) << silent;
 }
 
 TEST_F(FailureReportTest, FormatsADefaultTextThatHasRoomForTheCode) {
@@ -96,7 +97,7 @@ TEST_F(FailureReportTest, FormatsADefaultTextThatHasRoomForTheCode) {
   EXPECT_EQ(Shown(12), "Far too many (12).");
   EXPECT_LE(Operations().Calls("KDM Basic Suite/GetListString"), 6000u);
   host.Lists().Replace(ListOwner::kPlugin, 16050, {});
-  EXPECT_EQ(Shown(12), "");
+  EXPECT_EQ(Shown(12), kNothing);
   EXPECT_EQ(Shown(17), "Host's %s text");
 }
 
@@ -131,12 +132,12 @@ TEST_F(FailureReportTest, ItsOwnFailuresOnlyMeanThatNothingIsShown) {
         "VX User Suite/ShowErrorAlert"}) {
     SCOPED_TRACE(operation);
     Operations().Throw(operation, boom);
-    EXPECT_EQ(Shown(500), "");
+    EXPECT_EQ(Shown(500), kNothing);
     Operations().DisturbNothing();
     EXPECT_EQ(host.Suites().Users("Glossa Host Init Suite"), 0u);
   }
   Operations().Refuse("VX Unicode String Suite/CreateFromText", ResultCode::kCannot);
-  EXPECT_EQ(Shown(12), "");
+  EXPECT_EQ(Shown(12), kNothing);
   EXPECT_EQ(Shown(12), "The operation failed (12).");
 }
 

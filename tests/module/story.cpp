@@ -41,6 +41,10 @@ class ObservedPresenter final : public nrvui::ui::DialogPresenter {
   ScriptedPresenter scripted;
 };
 
+ResultCode Reload(Module& module) {
+  return module.Reload();
+}
+
 standin::StringList ListOf(std::initializer_list<const char*> entries) {
   standin::StringList list;
   int32_t index = 0;
@@ -60,22 +64,17 @@ void Story::PlayLife() {
   Send("start up", &Module::StartUp);
   for (const KnownMessage& message : kKnownMessages) {
     if (message.IsUnload()) continue;
-    Check(
-        message.selector, [&] { return module.Send(message.caller, message.selector); },
-        ResultCode::kSuccess);
+    Send(message.selector, [&](Module& to) { return to.Send(message.caller, message.selector); });
   }
-  Check(
-      "script", [&] { return module.Send("VX Script Message Caller", "any"); },
-      ResultCode::kSuccess);
+  Send("script", [](Module& to) { return to.Send("VX Script Message Caller", "any"); });
   for (const char* type : {"VX Application Started Notifier", "VX Other Notifier"})
-    Check(
-        type, [&] { return module.Notify(type); }, ResultCode::kSuccess);
+    Send(type, [&](Module& to) { return to.Notify(type); });
   RunDialog(
       {"enter HorizontalCountTxt 12\nclick MosaicUseRatioButton\nclick GrayRadio\n"
        "resize 600 500\nkey Return",
        ResultCode::kSuccess});
   Send("unload", &Module::Unload);
-  Send("reload", &Module::Reload);
+  Send("reload", Reload);
   RunDialog(
       {"enter NewWidthTxt 1 in\nclick VerticalRadio\nclick MosaicUseRatioButton\n"
        "click DeleteRasterChk\nkey Escape",
@@ -100,12 +99,11 @@ void Story::PlayFailures() {
   Send("start up", &Module::StartUp);
   Send("unload", &Module::Unload);
   host.Suites().SetAbsent(kNeededSuite);
-  Send("reload", &Module::Reload,
-       module.Globals() ? standin::kSuiteNotFound : ResultCode::kSuccess);
+  Send("reload", Reload, module.Globals() ? standin::kSuiteNotFound : ResultCode::kSuccess);
   Send("message without suites", &Module::About);
   RunDialog({"click MosaicUseRatioButton\nkey Return", ResultCode::kSuccess});
   host.Suites().SetAbsent(kNeededSuite, false);
-  Send("reload", &Module::Reload);
+  Send("reload", Reload);
   host.Suites().SetAbsent("VX User Interface Main Suite");
   RunDialog({"key Return", ResultCode::kCannot});
   host.Suites().SetAbsent("VX User Interface Main Suite", false);
@@ -130,15 +128,9 @@ ResultCode Story::Call(const std::function<ResultCode()>& call) try {
   return ResultCode::kOutOfMemory;
 }
 
-void Story::Send(const char* step, ResultCode (Module::*message)(), ResultCode expected) {
-  Check(
-      step, [&] { return (module.*message)(); }, expected);
-}
-
-void Story::Check(const char* step, const std::function<ResultCode()>& message,
-                  ResultCode expected) {
+void Story::Send(const char* step, const Message& message, ResultCode expected) {
   const size_t alerts = person.alerts.size();
-  const ResultCode code = Call(message);
+  const ResultCode code = Call([&] { return message(module); });
   if (code == expected) return;
   undisturbed = false;
   if (!module.IsLoaded()) return;

@@ -48,9 +48,8 @@ class Story {
     bool sizeUnavailable = false;
   };
 
-  void Send(const char* step, ResultCode (standin::Module::*message)(),
-            ResultCode expected = ResultCode::kSuccess);
-  void Check(const char* step, const std::function<ResultCode()>& message, ResultCode expected);
+  using Message = std::function<ResultCode(standin::Module&)>;
+  void Send(const char* step, const Message& message, ResultCode expected = ResultCode::kSuccess);
   void RunDialog(const Scene& scene);
   ResultCode Call(const std::function<ResultCode()>& call);
 
