@@ -19,10 +19,8 @@ constexpr int kDarkening = 130;  // percent: styles lighten what they fill, and 
 
 ButtonView::ButtonView(DialogRun& modalRun, UI_ControlView& shown, QAbstractButton& widget)
     : CaptionedView(shown), button(widget) {
-  QObject::connect(&button, &QAbstractButton::clicked, &button, [this, &modalRun] {
-    modalRun.Click(Node());
-    Follow();
-  });
+  QObject::connect(&button, &QAbstractButton::clicked, &button,
+                   [this, &modalRun] { modalRun.Click(Node()); });
 }
 
 void ButtonView::SetCaption(const QString& caption) {

@@ -38,7 +38,6 @@ DialogContent::DialogContent(DialogRun& modalRun, QWidget& itsPane, std::functio
   PlaceMessages();
   if (!HasFields()) messages->hide();
   MarkDefaultButton();
-  SetTabOrder();
 }
 
 DialogContent::~DialogContent() {
@@ -133,16 +132,6 @@ void DialogContent::PlaceMessages() {
   auto* const column = static_cast<QVBoxLayout*>(pane.layout());
   column->addStretch(1);
   column->addWidget(messages);
-}
-
-void DialogContent::SetTabOrder() {
-  QWidget* former = nullptr;
-  for (const auto& view : views) {
-    QWidget* const widget = view->Widget();
-    if (widget == nullptr || widget->focusPolicy() == Qt::NoFocus) continue;
-    if (former != nullptr) QWidget::setTabOrder(former, widget);
-    former = widget;
-  }
 }
 
 QWidget* DialogContent::WidgetOf(const UI_Node& node) const {

@@ -49,7 +49,6 @@ class DialogContent final : private nrvui::ui::NodeObserver {
   void NameByLabels();
   bool HasFields() const;
   void PlaceMessages();
-  void SetTabOrder();
 
   DialogRun& run;
   QWidget& pane;

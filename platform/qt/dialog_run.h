@@ -51,7 +51,6 @@ class DialogRun {
 
   /// The field that has text which is not yet in its node; null when there is none.
   void SetEditor(Editor* newEditor) { editor = newEditor; }
-  Editor* CurrentEditor() const { return editor; }
   bool CommitEdit();
 
   /// What became of the last gesture since the last call.

@@ -108,6 +108,8 @@ void DialogWindow::RebuildLater() {
   QTimer::singleShot(0, this, [this] {
     if (run.IsOver()) return;
     run.Guard([this] {
+      run.CommitEdit();
+      if (run.IsOver()) return;
       const QString focus = focusWidget() != nullptr ? focusWidget()->objectName() : QString();
       Build();
       QWidget* const former = focus.isEmpty() ? nullptr : findChild<QWidget*>(focus);

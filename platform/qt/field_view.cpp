@@ -37,8 +37,6 @@ FieldView::FieldView(DialogRun& modalRun, MessageLine& messageLine,
 
 FieldView::~FieldView() {
   edit.SetListener(nullptr);
-  if (run.CurrentEditor() == this) run.SetEditor(nullptr);
-  messages.ClearProblem(this);
 }
 
 void FieldView::Follow() {

@@ -17,12 +17,12 @@ class NumberField final : public QAbstractSpinBox {
   TextField& Text() const { return text; }
   void SetStepEnabled(StepEnabled possibleSteps);
 
+  StepEnabled stepEnabled() const override { return steps; }
   void stepBy(int count) override;
   QSize sizeHint() const override;
   QSize minimumSizeHint() const override { return sizeHint(); }
 
  protected:
-  StepEnabled stepEnabled() const override { return steps; }
   QValidator::State validate(QString&, int&) const override { return QValidator::Acceptable; }
   void keyPressEvent(QKeyEvent* event) override;
   void wheelEvent(QWheelEvent* event) override;

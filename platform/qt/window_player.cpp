@@ -164,9 +164,11 @@ Outcome WindowPlayer::Resize(const Step& step) {
 
 Outcome WindowPlayer::TakenOr(const Step& step, const std::function<Outcome()>& gesture) {
   if (const auto taken = run.TakeOutcome()) return *taken;
+  const bool wasOver = run.IsOver();
   Outcome outcome;
   run.Guard([&] { outcome = gesture(); });
-  if (outcome.changed) throw ScriptError(script.Name(), step.line, "the window took no notice");
+  if (outcome.changed || run.IsOver() != wasOver)
+    throw ScriptError(script.Name(), step.line, "the window took no notice");
   return outcome;
 }
 

@@ -1,5 +1,6 @@
 #include "nrvui/test_dialog.h"
 #include "platform/nrvui/ui_text_edit.h"
+#include "platform/qt/number_field.h"
 #include "qt/window_test.h"
 
 /// Fields of the real dialog: what a person sees while they type.
@@ -89,19 +90,25 @@ TEST_F(Field, StepsByKeysWheelAndButtons) {
     open.Key(Qt::Key_Up);
     expect("8640 pt");
     EXPECT_EQ(open.Field("NewWidthTxt").selectedText(), "8640 pt");
+    EXPECT_FALSE(open.Field("NewWidthTxt").IsMarked());
+    EXPECT_EQ(open.Get<qtui::NumberField>("NewWidthTxt").stepEnabled(),
+              QAbstractSpinBox::StepDownEnabled);
+    EXPECT_EQ(open.Get<qtui::NumberField>("TileSpaceHorzTxt").stepEnabled(),
+              QAbstractSpinBox::StepUpEnabled);
 
-    const auto wheel = [&](const char* name, int notches, Qt::KeyboardModifiers modifiers) {
+    const auto wheel = [&](const char* name, int angle, Qt::KeyboardModifiers modifiers) {
       QWidget& field = open.Get(name);
       const QPointF place = field.rect().center();
-      QWheelEvent event(place, field.mapToGlobal(place), {}, QPoint(0, notches * 120), {},
-                        modifiers, Qt::NoScrollPhase, false);
+      QWheelEvent event(place, field.mapToGlobal(place), {}, QPoint(0, angle), {}, modifiers,
+                        Qt::NoScrollPhase, false);
       QCoreApplication::sendEvent(&field, &event);
     };
-    wheel("NewWidthTxt", -2, Qt::NoModifier);
+    wheel("NewWidthTxt", -180, Qt::NoModifier);
+    wheel("NewWidthTxt", -60, Qt::NoModifier);  // smooth wheels turn by parts of a notch
     expect("8638 pt");
-    wheel("NewWidthTxt", -1, Qt::ShiftModifier);
+    wheel("NewWidthTxt", -120, Qt::ShiftModifier);
     expect("8628 pt");
-    wheel("NewHeightTxt", 1, Qt::NoModifier);  // the person only scrolls by
+    wheel("NewHeightTxt", 120, Qt::NoModifier);  // the person only scrolls by
     EXPECT_EQ(open.Text("NewHeightTxt"), "200 pt");
 
     const QRect field = open.Get("HorizontalCountTxt").rect();

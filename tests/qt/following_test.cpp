@@ -35,6 +35,8 @@ TEST_F(Following, ShowsWhatCodeSetsAtOnce) {
     test.ratio->SetCaption(u"&Ratio && more");
     EXPECT_EQ(open.Get<QPushButton>("ratio").text(), "Ratio && more");
     EXPECT_EQ(open.Get("ratio").accessibleName(), "Ratio & more");
+    test.percent->SetCaption(u"\u5272\u5408(&P)");
+    EXPECT_EQ(open.Get("percent").accessibleName(), u"\u5272\u5408");
     test.ratio->ShowMnemonic(true);
     EXPECT_EQ(open.Get<QPushButton>("ratio").text(), "&Ratio && more");
     test.label->SetCaption(u"&Tiles:");
@@ -62,14 +64,16 @@ TEST_F(Following, ShowsWhatCodeSetsAtOnce) {
 
 TEST_F(Following, MakesWidgetsForNodesThatCome) {
   Present(*test.dialog, [&](const OpenWindow& open) {
-    open.Click("count");
+    open.Type("name", "begun");
     const boost::intrusive_ptr<UI_Panel> group = new UI_Panel;
     group->SetTitle(u"A & B");
     test.panel->ChildPushBack(group);
     test.Add<UI_Checkbox>(group, "late")->SetCaption(u"Late");
     QCoreApplication::processEvents();
+    EXPECT_TRUE(open.Field("name").hasFocus());
     open.Click("late");
-    EXPECT_EQ(test.Notified(), "late:1");
+    EXPECT_EQ(test.Notified(), "late:1 name:1");
+    EXPECT_EQ(test.name->GetValue().View(), u"begun");
     EXPECT_TRUE(open.window.rect().contains(
         QRect(open.Get("late").mapTo(&open.window, QPoint()), open.Get("late").size())));
     test.panel->ChildSwapOrder(0, 1);
@@ -90,8 +94,10 @@ TEST_F(Following, KeepsWindowAndDialogOfOneSize) {
     EXPECT_GE(test.dialog->GetMinimumSize().y, natural.height());
     open.window.resize(natural + QSize(50, 40));
     EXPECT_EQ(contentSize(), natural + QSize(50, 40));
-    test.dialog->SetContentSize({float(natural.width() + 7), float(natural.height() + 9)});
-    EXPECT_EQ(open.window.size(), natural + QSize(7, 9));
+    const QPoint middle = open.window.geometry().center();
+    test.dialog->SetContentSize({float(natural.width() + 8), float(natural.height() + 10)});
+    EXPECT_EQ(open.window.size(), natural + QSize(8, 10));
+    EXPECT_EQ(open.window.geometry().center(), middle);
 
     // A larger text makes the dialog larger; what the person added stays.
     test.ratio->SetCaption(nrvcore::UTF16String(std::u16string(100, u'w')));
@@ -99,24 +105,35 @@ TEST_F(Following, KeepsWindowAndDialogOfOneSize) {
     EXPECT_TRUE(QTest::qWaitFor([&] { return open.window.width() > wanted; }));
     const QSize grown = open.window.size();
     EXPECT_EQ(contentSize(), grown);
-    EXPECT_EQ(grown.height(), natural.height() + 9);
+    EXPECT_EQ(grown.height(), natural.height() + 10);
     EXPECT_GT(test.dialog->GetMinimumSize().x, wanted);
   });
 }
 
 class FollowingLayout : public MosaicWindowTest {};
 
-TEST_F(FollowingLayout, GetsItsSizeFromTheFonts) {
+TEST_F(FollowingLayout, LooksAsIfItHadBeenOpenedWithTheFont) {
   const QFont font = QApplication::font();
   QFont largeFont = font;
   largeFont.setPointSizeF(font.pointSizeF() * 2);
+  QImage normal;
+  LookAt([&](const OpenWindow& open) { normal = open.window.grab().toImage(); });
+  QApplication::setFont(largeFont);
   LookAt([&](const OpenWindow& open) {
-    const QSize normal = open.window.size();
-    open.window.resize(normal + QSize(500, 0));
-    QApplication::setFont(largeFont);
-    EXPECT_TRUE(QTest::qWaitFor([&] { return open.window.height() > normal.height() * 5 / 4; }));
+    const QImage large = open.window.grab().toImage();
+    const auto looksLike = [&](const QImage& look) {
+      return QTest::qWaitFor([&] { return open.window.grab().toImage() == look; });
+    };
     QApplication::setFont(font);
-    EXPECT_TRUE(QTest::qWaitFor([&] { return open.window.height() == normal.height(); }));
-    EXPECT_EQ(open.window.width(), normal.width() + 500);
+    EXPECT_TRUE(looksLike(normal));
+    QApplication::setFont(largeFont);
+    EXPECT_TRUE(looksLike(large));
+    EXPECT_GT(large.height(), normal.height() * 5 / 4);
+    open.window.resize(open.window.size() + QSize(500, 0));
+    const int added = open.window.width();
+    QApplication::setFont(font);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return open.window.height() < large.height(); }));
+    EXPECT_EQ(open.window.width(), added);
   });
+  QApplication::setFont(font);
 }

@@ -1,9 +1,30 @@
+#include <QAccessible>
 #include <QApplication>
 #include <QLabel>
+#include <QSet>
 
 #include "platform/nrvui/ui_node_manager.h"
 #include "qt/window_test.h"
 
+namespace {
+
+const QSet<QAccessible::Role> kRolesOfControls = {
+    QAccessible::SpinBox,    QAccessible::EditableText, QAccessible::CheckBox,
+    QAccessible::PushButton, QAccessible::RadioButton,  QAccessible::Grouping,
+    QAccessible::Dialog,
+};
+
+/// "role:name" of each control at or below an object.
+void Collect(QAccessibleInterface* object, QStringList& controls) {
+  if (kRolesOfControls.contains(object->role()) && !object->state().invisible) {
+    controls += QString::number(object->role()) + ':' + object->text(QAccessible::Name);
+  }
+  for (int i = 0; i < object->childCount(); ++i) Collect(object->child(i), controls);
+}
+
+}  // namespace
+
+/// What people need who have no mouse, or do not see the window.
 class Keyboard : public MosaicWindowTest {};
 
 TEST_F(Keyboard, GoesThroughTheControlsInTheirOrder) {
@@ -56,10 +77,33 @@ TEST_F(Keyboard, ShowsMnemonicsWhileAltIsDown) {
     EXPECT_TRUE(QTest::qWaitFor([&] { return gray.isChecked(); }));
     QTest::keyRelease(open.window.windowHandle(), Qt::Key_Alt);
     EXPECT_EQ(labelOf(open, "HorizontalCountTxt"), "Across:");
+    QTest::keyPress(open.window.windowHandle(), Qt::Key_Alt, Qt::AltModifier);
+    QApplication::setActiveWindow(nullptr);  // the key goes up in another window
+    EXPECT_EQ(labelOf(open, "HorizontalCountTxt"), "Across:");
   });
 
   auto& settings = nrvui::ui::UI_NodeManager::Get(true).GetCustomSettingsManager();
   settings.SetSetting("windows.MnemonicsAlwaysOn", true);
   LookAt([&](const OpenWindow& open) { EXPECT_EQ(labelOf(open, "NewWidthTxt"), "&Width:"); });
   settings.RemoveSetting("windows.MnemonicsAlwaysOn");
+}
+
+TEST_F(Keyboard, ComesWithANameForEveryControl) {
+  LookAt([](const OpenWindow& open) {
+    QStringList controls;
+    Collect(QAccessible::queryAccessibleInterface(&open.window), controls);
+    // A dialog, six groups, six fields, two boxes, four radio buttons and three buttons.
+    EXPECT_EQ(controls.size(), 22) << controls.join('\n').toStdString();
+    for (const QString& control : controls) {
+      EXPECT_FALSE(control.endsWith(':')) << control.toStdString();
+      EXPECT_FALSE(control.contains('&')) << control.toStdString();
+    }
+    const auto name = [&](const char* id) {
+      return QAccessible::queryAccessibleInterface(&open.Get(id))->text(QAccessible::Name);
+    };
+    EXPECT_EQ(name("HorizontalCountTxt"), "Across");
+    EXPECT_EQ(name("DeleteRasterChk"), "Delete raster");
+    EXPECT_EQ(name("OrigWidthStatic"), "Width: 300 pt");
+    EXPECT_EQ(open.Get("HorizontalCountTxt").accessibleDescription(), "1 to 8640");
+  });
 }

@@ -21,6 +21,7 @@ void WhenChanged(UI_ControlView& control, const std::function<void()>& work) {
 class ModalRun : public WindowTest {
  protected:
   TestDialog test;
+  QObject application;  // what is connected to it ends with the test
 };
 
 TEST_F(ModalRun, EndsWithWhatAHandlerThrows) {
@@ -65,6 +66,8 @@ TEST_F(ModalRun, EndsWhenCodeClosesOrAbandonsTheDialog) {
 }
 
 TEST_F(ModalRun, ClosesByItsOwnRules) {
+  const auto fail = [] { ADD_FAILURE() << "a dialog must not end the application"; };
+  QObject::connect(qApp, &QGuiApplication::lastWindowClosed, &application, fail);
   const auto& dialog = *test.dialog;
   Present(*test.dialog, [&](const OpenWindow& open) {
     test.ok->SetDisabled(true);
@@ -81,6 +84,7 @@ TEST_F(ModalRun, ClosesByItsOwnRules) {
 
   const boost::intrusive_ptr<PlainDialog> endless = new PlainDialog(false);
   Present(*endless, [&](const OpenWindow& open) {
+    EXPECT_EQ(open.window.pos(), QPoint(10, 20));
     open.window.close();
     EXPECT_TRUE(open.window.isVisible());
     open.Key(Qt::Key_Return);
@@ -88,6 +92,19 @@ TEST_F(ModalRun, ClosesByItsOwnRules) {
   });
   Present(*endless, [&](const OpenWindow&) { QCoreApplication::quit(); });
   EXPECT_EQ(endless->GetResponse(), nrvui::ui::kCancelResponse);
+}
+
+TEST_F(ModalRun, TellsTheDialogWhetherItIsActive) {
+  struct Attentive : PlainDialog {
+    void UI_ActivationChanged(bool isActive) override { told += isActive ? 'a' : 'i'; }
+    std::string told;
+  };
+  const boost::intrusive_ptr<Attentive> dialog = new Attentive;
+  Present(*dialog, [&](const OpenWindow&) {
+    EXPECT_EQ(dialog->told, "a");
+    QApplication::setActiveWindow(nullptr);
+    EXPECT_EQ(dialog->told, "ai");
+  });
 }
 
 TEST_F(ModalRun, MayContainAnother) {
@@ -108,6 +125,7 @@ TEST_F(ModalRun, MayContainAnother) {
 }
 
 TEST_F(ModalRun, OutlivesItsWindow) {
+  test.dialog->SetInitialFocus(test.name);
   auto parent = std::make_unique<QWidget>();
   parent->show();
   parent->activateWindow();

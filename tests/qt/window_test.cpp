@@ -7,6 +7,24 @@
 #include "platform/nrvui/ui_dialog.h"
 #include "platform/standin/held_suite.h"
 
+namespace {
+
+QStringList warnings;
+
+void NoteWarning(QtMsgType, const QMessageLogContext&, const QString& message) {
+  warnings += message;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  testing::InitGoogleTest(&argc, argv);
+  const QApplication application(argc, argv);
+  QApplication::setCursorFlashTime(0);  // pictures must not depend on the moment
+  qInstallMessageHandler(NoteWarning);
+  return RUN_ALL_TESTS();
+}
+
 qtui::TextField& OpenWindow::Field(const char* objectName) const {
   QWidget& widget = Get(objectName);
   auto* const field = dynamic_cast<qtui::TextField*>(&widget);
@@ -45,8 +63,12 @@ void Present(nrvui::ui::UI_Dialog& dialog, const Person& person) {
   dialog.RunModal();
 }
 
+WindowTest::WindowTest() {
+  warnings.clear();
+}
+
 WindowTest::~WindowTest() {
-  EXPECT_EQ(TakeWarnings().join('\n').toStdString(), "");
+  EXPECT_EQ(warnings.join('\n').toStdString(), "");
   EXPECT_TRUE(QApplication::topLevelWidgets().isEmpty());
 }
 

@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 
 #include <QPushButton>
-#include <QStringList>
 #include <QTest>
 #include <functional>
 #include <string>
@@ -14,9 +13,6 @@
 #include "platform/qt/text_field.h"
 #include "platform/standin/host.h"
 #include "platform/standin/module.h"
-
-/// Everything that Qt wrote to the console since the last call.
-QStringList TakeWarnings();
 
 /// An open window as a test drives it.
 class OpenWindow {
@@ -51,7 +47,7 @@ void Present(nrvui::ui::UI_Dialog& dialog, const Person& person);
 /// No test may leave a window, or a line on the console.
 class WindowTest : public testing::Test {
  protected:
-  WindowTest() { TakeWarnings(); }
+  WindowTest();
   ~WindowTest() override;
 };
 
