@@ -158,6 +158,9 @@ TEST(FieldOfAnyDialog, TakesTextAsItIsTyped) {
   TestDialog test;
   Present(*test.dialog, [&](const OpenWindow& open) {
     open.Type("name", "x & y");
+    QFocusEvent menuOpened(QEvent::FocusOut, Qt::PopupFocusReason);
+    QCoreApplication::sendEvent(&open.Field("name"), &menuOpened);
+    EXPECT_TRUE(test.name->GetValue().IsEmpty());
     open.Key(Qt::Key_Tab);
     EXPECT_EQ(test.name->GetValue().View(), u"x & y");
     open.Type("name", "");

@@ -117,9 +117,17 @@ TEST_F(FollowingLayout, LooksAsIfItHadBeenOpenedWithTheFont) {
   QFont largeFont = font;
   largeFont.setPointSizeF(font.pointSizeF() * 2);
   QImage normal;
-  LookAt([&](const OpenWindow& open) { normal = open.window.grab().toImage(); });
+  const auto spoil = [](const OpenWindow& open) {
+    open.Type("TileSpaceHorzTxt", "none");
+    open.Key(Qt::Key_Tab);
+  };
+  LookAt([&](const OpenWindow& open) {
+    spoil(open);
+    normal = open.window.grab().toImage();
+  });
   QApplication::setFont(largeFont);
   LookAt([&](const OpenWindow& open) {
+    spoil(open);
     const QImage large = open.window.grab().toImage();
     const auto looksLike = [&](const QImage& look) {
       return QTest::qWaitFor([&] { return open.window.grab().toImage() == look; });

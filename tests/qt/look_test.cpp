@@ -1,5 +1,6 @@
 #include <QAbstractSpinBox>
 #include <QApplication>
+#include <QGroupBox>
 #include <QLabel>
 
 #include "platform/qt/theme.h"
@@ -77,6 +78,10 @@ void ExpectWellLaidOut(const QWidget& window, int controlCount) {
   const QImage picture = const_cast<QWidget&>(window).grab().toImage();
   const qreal ratio = picture.devicePixelRatio();
   EXPECT_EQ(picture.size(), window.size() * window.devicePixelRatio());
+  for (const auto* section : window.findChildren<QGroupBox*>()) {
+    const QPoint corner = section->mapTo(&window, QPoint(0, section->contentsRect().top()));
+    EXPECT_EQ(picture.pixelColor(corner * ratio), window.palette().color(QPalette::Window));
+  }
   for (const QWidget* widget : controls) {
     const auto* label = qobject_cast<const QLabel*>(widget);
     const std::string name = (widget->objectName() + (label ? label->text() : "")).toStdString();

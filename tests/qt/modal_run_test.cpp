@@ -21,7 +21,6 @@ void WhenChanged(UI_ControlView& control, const std::function<void()>& work) {
 class ModalRun : public WindowTest {
  protected:
   TestDialog test;
-  QObject application;  // what is connected to it ends with the test
 };
 
 TEST_F(ModalRun, EndsWithWhatAHandlerThrows) {
@@ -47,6 +46,10 @@ TEST_F(ModalRun, EndsWithWhatAHandlerThrows) {
                          open.Key(Qt::Key_Tab);
                        }),
                std::runtime_error);
+  Present(*test.dialog, [](const OpenWindow& open) {
+    open.Type("width", "13");
+    open.Click("cancel");  // enters nothing
+  });
 }
 
 TEST_F(ModalRun, EndsWhenCodeClosesOrAbandonsTheDialog) {
@@ -66,8 +69,6 @@ TEST_F(ModalRun, EndsWhenCodeClosesOrAbandonsTheDialog) {
 }
 
 TEST_F(ModalRun, ClosesByItsOwnRules) {
-  const auto fail = [] { ADD_FAILURE() << "a dialog must not end the application"; };
-  QObject::connect(qApp, &QGuiApplication::lastWindowClosed, &application, fail);
   const auto& dialog = *test.dialog;
   Present(*test.dialog, [&](const OpenWindow& open) {
     test.ok->SetDisabled(true);
