@@ -12,6 +12,19 @@ class TesseraeUITest : public testing::Test {
   standin::Module module{host, &PluginMain, "TesseraeUI"};
 };
 
+TEST_F(TesseraeUITest, AcquiresItsSuitesAfterTheFrameworks) {
+  host.Operations().StartLog();
+  ASSERT_EQ(module.StartUp(), ResultCode::kSuccess);
+  std::vector<std::string> acquired = host.Operations().Log();
+  std::erase_if(acquired, [](const std::string& call) { return !call.starts_with("acquire/"); });
+  EXPECT_EQ(acquired,
+            (std::vector<std::string>{"acquire/QP Access Suite", "acquire/QP Plug-ins Suite",
+                                      "acquire/VX Notifier Suite", "acquire/VX Context Suite",
+                                      "acquire/KDM Basic Suite", "acquire/QP Blocks Suite",
+                                      "acquire/QP Suites Suite", "acquire/VX Real Math Suite",
+                                      "acquire/VX Unicode String Suite"}));
+}
+
 TEST_F(TesseraeUITest, PublishesItsSuiteWhileItRuns) {
   ASSERT_EQ(module.StartUp(), ResultCode::kSuccess);
   EXPECT_EQ(currentPlugin, module.Globals());
