@@ -179,10 +179,13 @@ TEST_F(StudioWindowTest, APictureOfUnknownSizeLeadsToPercentages) {
     shownWidth = dialog.findChild<QLabel*>("OrigWidthStatic")->text();
     EXPECT_EQ(dialog.parentWidget(), &*window);
   });
-  Play("enter NewWidthTxt 50\nkey Return");
+  Play(
+      "enter HorizontalCountTxt 12\nenter TileSpaceHorzTxt 1\nclick DeleteRasterChk\n"
+      "enter NewWidthTxt 50\nkey Return");
   EXPECT_TRUE(window->CreateTesserae());
   EXPECT_EQ(shownWidth, "N/A");
   EXPECT_NEAR(window->Shown()->Size().width(), 30, 0.01);
+  EXPECT_EQ(window->Shown()->mosaic->below.size(), QSize(60, 40)) << "the raster stays";
   window->Export(Path("a.svg"));
   Close();
 }
@@ -250,11 +253,12 @@ TEST_F(StudioWindowTest, ZoomsAtThePointerAndMovesUnderTheHand) {
   const QPoint pointer = page.center() + QPoint(60, 40);
   const QPointF under = canvas.mapToScene(pointer);
   const double fitted = canvas.Zoom();
-  for (int i = 0; i < 4; ++i) {
-    QWheelEvent wheel(pointer, canvas.viewport()->mapToGlobal(pointer), {}, {0, 120}, Qt::NoButton,
-                      Qt::ControlModifier, Qt::NoScrollPhase, false);
+  const auto turnWheel = [&](int steps) {
+    QWheelEvent wheel(pointer, canvas.viewport()->mapToGlobal(pointer), {}, {0, 120 * steps},
+                      Qt::NoButton, Qt::ControlModifier, Qt::NoScrollPhase, false);
     QApplication::sendEvent(canvas.viewport(), &wheel);
-  }
+  };
+  for (int i = 0; i < 4; ++i) turnWheel(1);
   EXPECT_GT(canvas.Zoom(), 2 * fitted);
   EXPECT_LT(QLineF(canvas.mapToScene(pointer), under).length() * canvas.Zoom(), 5);
 
@@ -266,6 +270,8 @@ TEST_F(StudioWindowTest, ZoomsAtThePointerAndMovesUnderTheHand) {
   QTest::mouseRelease(canvas.viewport(), Qt::LeftButton, {}, target);
   QTest::keyRelease(&canvas, Qt::Key_Space);
   EXPECT_LT(QLineF(canvas.mapToScene(target), held).length() * canvas.Zoom(), 2);
+  turnWheel(99);
+  EXPECT_EQ(canvas.Zoom(), 64);
   Close();
 }
 
