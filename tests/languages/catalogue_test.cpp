@@ -1,10 +1,12 @@
 #include "mosaic/dialog_harness.h"
 #include "platform/nrvcore/localizer.h"
 #include "platform/nrvui/outcome.h"
+#include "platform/nrvui/ui_unit_number_edit.h"
 
 namespace {
 
 using nrvcore::config::Localizer;
+using nrvui::controls::UI_UnitNumberEdit;
 
 /// The built catalogues in one language, for as long as it lives.
 class Spoken {
@@ -49,7 +51,11 @@ TEST_F(LanguagesTest, TheDialogSpeaksTheLanguagesThatHaveACatalogue) {
 
 TEST_F(LanguagesTest, AGermanCommaReachesTheRecord) {
   const Spoken german("de");
-  EXPECT_EQ(Play("enter NewWidthTxt 12,5\nenter NewHeightTxt 0.25 in\nkey Return"),
+  EXPECT_EQ(Run([](const OpenDialog& open) {
+              open.Enter("NewWidthTxt", "12,5");
+              open.Enter("NewHeightTxt", "0.25 in");
+              open.dialog.OnReturnKey();
+            }),
             ResultCode::kSuccess);
   EXPECT_EQ(record.newWidth, 12.5);
   EXPECT_EQ(record.newHeight, 18.0);
