@@ -75,18 +75,17 @@ Outcome UI_NumberEdit::AcceptEntry(const nrvcore::UTF16String& entry) {
   if (parsed.refusal != Refusal::kNone) return gestures::Refused(parsed.refusal, entry);
 
   Outcome outcome;
-  double accepted = parsed.value;
   const double upper = upperBound < lowerBound ? lowerBound : upperBound;
-  if (accepted > upper) {
-    accepted = upper;
-    outcome.kind = OutcomeKind::kPulledDown;
-  } else if (accepted < lowerBound) {
-    accepted = lowerBound;
-    outcome.kind = OutcomeKind::kPulledUp;
-  }
-  if (outcome.IsPulled()) {
+  const double accepted = parsed.value > upper        ? upper
+                          : parsed.value < lowerBound ? lowerBound
+                                                      : parsed.value;
+  if (accepted != parsed.value) {
     outcome.entered = Format(parsed.value);
     outcome.put = Format(accepted);
+    // The bound as the person reads it may lie a little beyond it; that is no other number to them.
+    const bool looksTheSame = outcome.entered == outcome.put;
+    if (!looksTheSame)
+      outcome.kind = parsed.value > upper ? OutcomeKind::kPulledDown : OutcomeKind::kPulledUp;
   }
   outcome.changed = accepted != GetNumber();
   if (outcome.changed) SetNumber(accepted);
