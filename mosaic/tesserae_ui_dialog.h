@@ -50,9 +50,10 @@ class TesseraeUIDialog : public VXUIBaseDialog<nrvui::ui::UI_Dialog> {
   void InstallChangeHandler(const char* nodeID, ChangeHandler handler);
 
   // Size and ratio.
-  int32_t ConnectControls();
+  void ConnectControls();
   void ResetNewSize();
   boost::intrusive_ptr<nrvui::controls::UI_UnitNumberEdit> SetUpSizeField(const char* nodeID);
+  // The height wraps at 16 bits; of the width only what the field shows does, the ratio's does not.
   int32_t SourceWidth() const;
   int16_t SourceHeight() const;
   float SourceAspectRatio() const;

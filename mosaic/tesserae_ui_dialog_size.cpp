@@ -22,7 +22,7 @@ constexpr double kWhole = 100.0;
 
 }  // namespace
 
-int32_t TesseraeUIDialog::ConnectControls() {
+void TesseraeUIDialog::ConnectControls() {
   const bool noSize = state.noOriginalSize != 0;
   InstallChangeHandler("MosaicUseRatioButton", &TesseraeUIDialog::OnUseRatioButton);
   Control<UI_TextButton>("MosaicUseRatioButton")->SetDisabled(noSize);
@@ -42,14 +42,14 @@ int32_t TesseraeUIDialog::ConnectControls() {
   InstallChangeHandler("DeleteRasterChk", &TesseraeUIDialog::OnDeleteRasterChanged);
   InstallChangeHandler("HorizontalCountTxt", &TesseraeUIDialog::OnTileCountChanged);
   InstallChangeHandler("VerticalCountTxt", &TesseraeUIDialog::OnTileCountChanged);
-  return 0;
 }
 
 void TesseraeUIDialog::ResetNewSize() {
   const auto width = SetUpSizeField("NewWidthTxt");
   const auto height = SetUpSizeField("NewHeightTxt");
-  width->SetNumber(state.usePercent ? kWhole : LowShort(SourceWidth()));
-  height->SetNumber(state.usePercent ? kWhole : SourceHeight());
+  const bool whole = state.usePercent || state.noOriginalSize;
+  width->SetNumber(whole ? kWhole : LowShort(SourceWidth()));
+  height->SetNumber(whole ? kWhole : SourceHeight());
   state.aspectRatio = SourceAspectRatio();
 }
 

@@ -34,6 +34,9 @@ TEST_F(InitialisationTest, WithoutASourceSizeThereAreOnlyPercentages) {
               EXPECT_EQ(open.Text("NewHeightTxt"), "100 %");
               open.Get("GrayRadio").SetDisabled(false);
               open.Click("GrayRadio");
+              open.Get("UsePercentChk").SetDisabled(false);
+              open.Click("UsePercentChk");
+              EXPECT_EQ(open.Text("NewWidthTxt"), "100 pt") << "bounds are not to be relied on";
               open.dialog.OnReturnKey();
             }),
             ResultCode::kSuccess);
