@@ -7,6 +7,7 @@
 
 #include "host/bounded_string.h"
 #include "host/error.h"
+#include "host/string_list.h"
 #include "host/suites.h"
 #include "host/unicode_string.h"
 
@@ -15,8 +16,8 @@ namespace {
 // Pairs of a key and its text; the last text is also the default.
 constexpr int32_t kErrorTextList = 16050;
 
-// A list that seems to go on for ever counts as ended here.
-constexpr int32_t kEndOfErrorTexts = 10001;
+// No list of the host goes further; one that seems to counts as ended here.
+constexpr int32_t kEndOfErrorTexts = 32768;
 
 // The host's own texts, by error number.
 constexpr int32_t kHostErrorList = 257;
@@ -25,6 +26,9 @@ constexpr int32_t kEndOfHostErrors = 900;
 
 // Codes above are written as their four characters, others as numbers.
 constexpr int32_t kGreatestPlainNumber = 16384;
+
+// Wide enough for every text, and not so wide that the host's person would wait for the blanks.
+constexpr size_t kLongestWidth = 4;
 
 // A longer default text leaves no room for the code and is shown as it stands.
 constexpr size_t kFormattedTextLimit = 120;
@@ -80,11 +84,32 @@ void WriteCode(int32_t code, char (&text)[10]) {
 bool IsFormatForOneString(const char* text) {
   int strings = 0;
   for (const char* c = std::strchr(text, '%'); c; c = std::strchr(c + 1, '%')) {
-    c += 1 + std::strspn(c + 1, "-0123456789.");
+    const size_t width = std::strspn(c + 1, "-0123456789.");
+    if (width > kLongestWidth) return false;
+    c += 1 + width;
     if (*c == 's') ++strings;
     if (*c != 's' && *c != '%') return false;
   }
   return strings <= 1;
+}
+
+/// The plug-in's text for a code, read into `text`, or null when it has none. `*isDefault` tells
+/// whether it is the list's default text, which has one "%s" for the code.
+const char* LookupErrorText(PluginRef plugin, ResultCode code, char (&text)[kListTextSize],
+                            bool* isDefault) {
+  *isDefault = false;
+  char key[32];
+  int32_t index = 1;
+  while (index < kEndOfErrorTexts &&
+         ReadListEntry(plugin, kErrorTextList, index, key, sizeof(key))) {
+    if (ValueOfKey(key) == static_cast<int32_t>(code)) {
+      return ReadListEntry(plugin, kErrorTextList, index + 1, text, sizeof(text)) ? text : nullptr;
+    }
+    index += 2;
+  }
+  if (index == 1) return nullptr;
+  *isDefault = true;
+  return ReadListEntry(plugin, kErrorTextList, index - 1, text, sizeof(text)) ? text : nullptr;
 }
 
 void FindAndShow(PluginRef plugin, ResultCode code) {
@@ -123,23 +148,6 @@ void FindAndShow(PluginRef plugin, ResultCode code) {
 bool IsSilent(ResultCode code) {
   return std::ranges::find(kSilentCodes, static_cast<int32_t>(code)) !=
          std::ranges::end(kSilentCodes);
-}
-
-const char* LookupErrorText(PluginRef plugin, ResultCode code, char (&text)[kListTextSize],
-                            bool* isDefault) {
-  *isDefault = false;
-  char key[32];
-  int32_t index = 1;
-  while (index < kEndOfErrorTexts &&
-         ReadListEntry(plugin, kErrorTextList, index, key, sizeof(key))) {
-    if (ValueOfKey(key) == static_cast<int32_t>(code)) {
-      return ReadListEntry(plugin, kErrorTextList, index + 1, text, sizeof(text)) ? text : nullptr;
-    }
-    index += 2;
-  }
-  if (index == 1) return nullptr;
-  *isDefault = true;
-  return ReadListEntry(plugin, kErrorTextList, index - 1, text, sizeof(text)) ? text : nullptr;
 }
 
 void ShowFailure(PluginRef plugin, ResultCode code) noexcept {

@@ -2,6 +2,7 @@
 
 #include <cstring>
 #include <ctime>
+#include <utility>
 
 #include "host/bounded_string.h"
 #include "host/failure_report.h"
@@ -19,7 +20,7 @@ void Plugin::operator delete(void* plugin) noexcept {
   ReturnHostBlock(plugin);
 }
 
-void Plugin::ReportFailure(ResultCode code, const char*, const char*, PluginMessage*) {
+void Plugin::ReportFailure(ResultCode code, const char*, const char*, PluginMessage*) noexcept {
   if (IsSilent(code)) return;
   const int64_t now = std::time(nullptr);
   const bool repeated = suppressRepeatedErrors && code == lastError;
@@ -35,8 +36,7 @@ ResultCode Plugin::SetLocked(bool lock) {
     return ResultCode::kSuccess;
   }
   if (--lockCount == 0) {
-    (void)Suite<QPAccessSuite>()->ReleasePlugin(accessHandle);
-    accessHandle = nullptr;
+    (void)Suite<QPAccessSuite>()->ReleasePlugin(std::exchange(accessHandle, nullptr));
   } else if (lockCount < 0) {
     lockCount = 0;
   }

@@ -31,16 +31,16 @@ class Plugin {
 
   virtual ~Plugin() = default;
 
-  /// Shows the user the code of a message that failed, unless the same code was shown less than
-  /// `errorRepeatInterval` seconds ago. Must not throw: nobody is left to tell.
+  /// Shows the user the code of a message that failed, unless it is silent or was shown less than
+  /// `errorRepeatInterval` seconds ago.
   virtual void ReportFailure(ResultCode code, const char* caller, const char* selector,
-                             PluginMessage* message);
+                             PluginMessage* message) noexcept;
 
   /// Counts locks; the plug-in stays loaded from the first lock to the last unlock. An unlock too
   /// many is ignored. Always kSuccess.
   virtual ResultCode SetLocked(bool lock);
 
-  /// Acquires the suites and introduces the plug-in to the host. On failure nothing stays held.
+  /// Acquires the suites and introduces the plug-in to the host. On failure no suite stays held.
   virtual ResultCode OnStartup(PluginMessage* message);
   virtual ResultCode OnApplicationStarted() { return ResultCode::kSuccess; }
   virtual ResultCode OnShutdown(PluginMessage* message);

@@ -2,7 +2,7 @@
 
 #include "host/plugin.h"
 
-/// What a plug-in built on this framework supplies, besides its list of suites.
+/// What a plug-in built on this framework supplies, besides its list of suites (suite_set.h).
 
 /// Creates the module's plug-in object in the host's memory; null when there is none.
 Plugin* CreatePlugin(PluginRef pluginRef);

@@ -2,14 +2,14 @@
 
 #include "host/error.h"
 
-constinit const SuiteImport kFrameworkSuites[] = {
-    ImportOf<QPAccessSuite>(),  ImportOf<QPPluginsSuite>(), ImportOf<VXNotifierSuite>(),
-    ImportOf<VXContextSuite>(), ImportOf<KDMBasicSuite>(),  {nullptr, 0, nullptr},
-};
-
 constinit uint16_t suiteAcquireCount = 0;
 
 namespace {
+
+constexpr SuiteImport kFrameworkSuites[] = {
+    ImportOf<QPAccessSuite>(),  ImportOf<QPPluginsSuite>(), ImportOf<VXNotifierSuite>(),
+    ImportOf<VXContextSuite>(), ImportOf<KDMBasicSuite>(),  {nullptr, 0, nullptr},
+};
 
 constexpr const SuiteImport* kLists[] = {kFrameworkSuites, kPluginSuites};
 

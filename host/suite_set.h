@@ -7,10 +7,7 @@
 /// The version of a list's end entry that says: optional suites follow, up to the next end entry.
 constexpr int32_t kOptionalSuitesFollow = FourCharCode("OPTS");
 
-/// The suites that the framework itself needs.
-extern const SuiteImport kFrameworkSuites[];
-
-/// The suites that the plug-in adds to them; each plug-in defines its own list.
+/// The suites that the plug-in adds to the framework's own; each plug-in defines its own list.
 extern const SuiteImport kPluginSuites[];
 
 /// How many sets share the acquired suites.
