@@ -4,6 +4,7 @@
 
 bool ReadListEntry(ModuleRef module, int32_t list, int32_t index, char* buffer, size_t size) {
   buffer[0] = '\0';
-  return !Failed(Suite<KDMBasicSuite>()->GetListString(module, list, index, buffer, size)) &&
-         buffer[0] != '\0';
+  const ResultCode code = Suite<KDMBasicSuite>()->GetListString(module, list, index, buffer, size);
+  if (Failed(code)) buffer[0] = '\0';
+  return buffer[0] != '\0';
 }

@@ -93,6 +93,17 @@ TEST_F(LifecycleTest, TheAboutBoxShowsItsTwoTextsOrNone) {
   host.Lists().Replace(standin::ListOwner::kPlugin, 16600, {});
   EXPECT_EQ(module.About(), ResultCode::kSuccess);
   EXPECT_EQ(person.aboutBoxes.back(), Texts());
+
+  KDMBasicSuite half = *Suite<KDMBasicSuite>();
+  half.GetListString = [](ModuleRef, int32_t, int32_t, char* buffer, size_t) {
+    buffer[0] = '?';
+    return ResultCode::kCannot;
+  };
+  const void* const whole = std::exchange(heldSuite<KDMBasicSuite>, &half);
+  EXPECT_EQ(module.About(), ResultCode::kSuccess);
+  heldSuite<KDMBasicSuite> = whole;
+  EXPECT_EQ(person.aboutBoxes.back(), std::make_pair(std::string(), std::string()))
+      << "what came before a refusal is no text";
 }
 
 }  // namespace
