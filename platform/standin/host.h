@@ -67,8 +67,6 @@ class Host {
   std::vector<std::string> Leftovers() const;
 
  private:
-  void AddOwnSuites();
-
   UserInterface& userInterface;
   OperationBook operations;
   SuiteBook suites;

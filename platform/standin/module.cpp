@@ -34,9 +34,8 @@ ModuleImage::~ModuleImage() {
   dlclose(handle);
 }
 
-Module::Module(Host& host, const std::filesystem::path& file)
-    : host(host), file(file), plugin(nullptr) {
-  Load();
+Module::Module(Host& host, const std::filesystem::path& file) : host(host), plugin(nullptr) {
+  Load(file);
   plugin = host.AddPlugin(file.filename().string());
 }
 
@@ -51,9 +50,10 @@ Module::~Module() {
   host.RemovePlugin(plugin);
 }
 
-void Module::Load() {
-  if (!linkedEntry) image = std::make_unique<ModuleImage>(file);
+void Module::Load(const std::filesystem::path& from) {
+  if (!linkedEntry) image = std::make_unique<ModuleImage>(from);
   entry = linkedEntry ? linkedEntry : image->Entry();
+  file = from;
 }
 
 ResultCode Module::StartUp() {
@@ -81,18 +81,17 @@ ResultCode Module::Unload() {
 }
 
 ResultCode Module::Reload() {
-  if (!IsLoaded()) Load();
+  return Reload(file);
+}
+
+ResultCode Module::Reload(const std::filesystem::path& otherFile) {
+  if (!IsLoaded()) Load(otherFile);
   host.SetAway(plugin, false);
   return Send("QP Access", "Reload");
 }
 
-ResultCode Module::Reload(const std::filesystem::path& otherFile) {
-  if (!IsLoaded()) file = otherFile;
-  return Reload();
-}
-
 ResultCode Module::Send(const char* caller, const char* selector) {
-  PluginMessage message{};
+  NotifierMessage message{};  // the longest: what a plug-in reads is there
   return Send(caller, selector, message);
 }
 

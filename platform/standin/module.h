@@ -50,7 +50,8 @@ class Module {
   Module& operator=(const Module&) = delete;
 
   ResultCode StartUp();
-  /// Loads the code first if it is away, since only the code can end what it began.
+  /// Loads the code first if it is away, since only the code can end what it began. Throws
+  /// LoadError.
   ResultCode ShutDown();
   /// Sends the message and removes the code from memory. kPluginInUse when something needs it;
   /// a failure leaves the code where it is.
@@ -60,7 +61,8 @@ class Module {
   ResultCode Reload();
   ResultCode Reload(const std::filesystem::path& otherFile);
 
-  /// Any message without further content. kNotLoaded while the code is away.
+  /// Any message; its further content, where it has some, is empty. kNotLoaded while the code is
+  /// away.
   ResultCode Send(const char* caller, const char* selector);
   /// Says that something of the notifier's `type` happened.
   ResultCode Notify(const char* type, const char* selector = "VX Notify");
@@ -70,11 +72,10 @@ class Module {
   PluginRef Ref() const { return plugin; }
   /// What the plug-in keeps with the host; null when it does not run.
   void* Globals() const { return globals; }
-  void SetGlobals(void* value) { globals = value; }
 
  private:
   ResultCode Send(const char* caller, const char* selector, PluginMessage& message);
-  void Load();
+  void Load(const std::filesystem::path& from);
 
   Host& host;
   std::filesystem::path file;

@@ -15,9 +15,8 @@ SheetService::SheetService(Host& owner, std::filesystem::path root)
 
 boost::shared_ptr<SheetHolder> SheetService::CreateSheetHolder(OpaqueModule* pluginRef,
                                                                std::uint32_t resourceID,
-                                                               const nrvcore::UTF16String& theme) {
+                                                               const nrvcore::UTF16String&) {
   if (Failed(host.Operations().CheckIn("Sheet Factory/CreateSheetHolder"))) return nullptr;
-  lastTheme = theme;
   const std::string layout = std::to_string(resourceID);
   if (!host.Objects().IsPlugin(pluginRef)) {
     host.NoteResourceProblem("layout " + layout + " was asked for by an unknown plug-in");
@@ -33,9 +32,8 @@ boost::shared_ptr<SheetHolder> SheetService::CreateSheetHolder(OpaqueModule* plu
   }
 }
 
-void SheetService::RegisterDialogView(nrvui::ui::OS_View* rootView) {
-  if (Failed(host.Operations().CheckIn("Sheet Factory/RegisterDialogView"))) return;
-  lastDialogView = rootView;
+void SheetService::RegisterDialogView(nrvui::ui::OS_View*) {
+  static_cast<void>(host.Operations().CheckIn("Sheet Factory/RegisterDialogView"));
 }
 
 const nrvui::drawbot::SupplierInterface* SheetService::GetDrawingSupplier() {

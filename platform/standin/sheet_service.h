@@ -31,11 +31,6 @@ class SheetService final : public SheetFactory, public DrawingSupplierSource {
   void RegisterDialogView(nrvui::ui::OS_View* rootView) override;
   const nrvui::drawbot::SupplierInterface* GetDrawingSupplier() override;
 
-  /// Of the last CreateSheetHolder.
-  const nrvcore::UTF16String& LastTheme() const { return lastTheme; }
-  /// For comparison only: its dialog may be gone. Null while there was none.
-  const void* LastDialogView() const { return lastDialogView; }
-
   /// A line for each kind of object of a sheet that is still alive.
   std::vector<std::string> Leftovers() const;
 
@@ -43,8 +38,6 @@ class SheetService final : public SheetFactory, public DrawingSupplierSource {
   Host& host;
   std::filesystem::path resources;
   nrvui::drawbot::SupplierInterface supplier;
-  nrvcore::UTF16String lastTheme;
-  const void* lastDialogView = nullptr;
   LiveToken holders = MakeLiveToken();
   LiveToken sheets = MakeLiveToken();
   LiveToken nodes = MakeLiveToken();

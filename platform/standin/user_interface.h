@@ -1,6 +1,5 @@
 #pragma once
 
-#include <iosfwd>
 #include <string>
 #include <utility>
 #include <vector>
@@ -14,18 +13,6 @@ class UserInterface {
 
   virtual void ShowAlert(const std::string& text) = 0;
   virtual void ShowAbout(const std::string& firstText, const std::string& secondText) = 0;
-};
-
-/// Writes to a stream, which must outlive it.
-class ConsoleUserInterface : public UserInterface {
- public:
-  explicit ConsoleUserInterface(std::ostream& output) : stream(output) {}
-
-  void ShowAlert(const std::string& text) override;
-  void ShowAbout(const std::string& firstText, const std::string& secondText) override;
-
- private:
-  std::ostream& stream;
 };
 
 /// Shows nothing and remembers what would have been shown.
