@@ -43,7 +43,7 @@ SheetFactory* GetSheetFactory() {
 
 void SwapPlaces(UI_Node& one, UI_Node& other) {
   nrvui::ui::UI_Container* parent = one.UI_GetParentContainer();
-  if (parent != other.UI_GetParentContainer()) return;
+  if (!parent || parent != other.UI_GetParentContainer()) return;
   parent->ChildSwapOrder(one.UI_GetIndex(), other.UI_GetIndex());
 }
 
@@ -151,6 +151,7 @@ boost::shared_ptr<VXUICairnSheet> VXUIBaseDialog<T>::AcquireSheet() const {
 
 template <class T>
 void VXUIBaseDialog<T>::OnSheetSizeChanged() {
+  if (!sheetHolder) return;
   const auto layout = sheetHolder->GetLayoutNode();
   const auto sheetView = sheetHolder->GetSheetView();
   if (!layout || !sheetView) return;

@@ -33,7 +33,8 @@ class VXUIBaseDialog : public T, public VXUICairnSheetInterface {
   using Size = nrvcore::geom::PointT<float>;
 
   /// `resourceID` is the number of the layout. The dialog is placed where the toolkit positions
-  /// dialogs, otherwise in the middle of the screen, or not at all. `themeName` is ASCII and must
+  /// dialogs (`positionDialog`), otherwise in the middle of the screen (`centerDialog`), or not at
+  /// all. `themeName` is ASCII and must
   /// outlive the dialog; null asks for the toolkit's default theme. `platformWindow`, `styleValue`
   /// and `dialogPoint` go to the toolkit as they are. Throws what host and toolkit throw.
   VXUIBaseDialog(PluginRef pluginRef, const nrvcore::String& nodeID,
@@ -48,11 +49,13 @@ class VXUIBaseDialog : public T, public VXUICairnSheetInterface {
   /// Runs the dialog inside the host's modal context and returns when it has closed.
   void RunModal() override;
 
+  /// The theme that the sheet factory is asked for.
   virtual nrvcore::UTF16String GetThemeName() const;
 
   /// The layout has a new size: the sheet and the window follow.
   virtual void OnSheetSizeChanged();
 
+  /// The sheet has something to say; nothing is done with it here.
   virtual void OnSheetMessage(const vx::UnicodeString& message);
 
   /// The first node below the root view, or the root view itself, with that ID; null if none.

@@ -28,13 +28,13 @@ struct MosaicParameters {
   int32_t reserved32;             // out: 0
   int32_t tilesAcrossCopy;        // out: the same as tilesAcross
   int32_t tilesDownCopy;          // out: the same as tilesDown
-  int32_t boundsLeft;             // in: bounds of the source picture
+  int32_t boundsLeft;             // in: bounds of the source picture, up to 32767 wide and high
   int32_t boundsTop;              // in
   int32_t boundsRight;            // in
   int32_t boundsBottom;           // in
   int32_t reserved60;             // out: 0
   int32_t reserved64;             // out: 0
-  float newWidth;           // out: a length, or in percent mode a share of the source (1 is all)
+  float newWidth;           // out: a length of 0 to 8640, or in percent mode a share of 0 to 1
   float newHeight;          // out: the same rule
   uint8_t sizeUnavailable;  // in: the source's size is not known, only percentages make sense
   uint8_t reserved77[3];    // passes through
@@ -86,9 +86,10 @@ struct MosaicSuite {
   static constexpr int32_t kVersion = 1001;
 
   /// Shows the dialog "Create Tesserae" over `**params` and `*state` and returns when it is
-  /// closed. Answers kSuccess after OK, with both rewritten whole; kCancelled when the dialog was
-  /// closed any other way and kCannot when it could not be shown or run, with nothing written.
-  /// Only if closing the dialog itself fails after OK does kCannot come with both written.
+  /// closed. To be called on the host's main thread. Answers kSuccess after OK, with both rewritten
+  /// whole; kCancelled when the dialog was closed any other way and kCannot when it could not be
+  /// shown or run, when an argument is null or the plug-in does not run, with nothing written. Only
+  /// if the dialog cannot be destroyed after OK does kCannot come with both written.
   ResultCode (*RunMosaicDialog)(MosaicDialogState* state, MosaicParameters** params);
 };
 

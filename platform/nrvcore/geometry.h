@@ -2,6 +2,7 @@
 
 namespace nrvcore::geom {
 
+/// A place, or a size with x as its width. In points, y downwards, as all of the toolkit's lengths.
 template <class T>
 struct PointT {
   T x{};

@@ -19,7 +19,8 @@ NRV_EXPORT Outcome Enter(ui::UI_Dialog& dialog, ui::UI_Node& field,
 NRV_EXPORT Outcome Click(ui::UI_Dialog& dialog, ui::UI_Node& control);
 NRV_EXPORT Outcome Press(ui::UI_Dialog& dialog, Key key);
 NRV_EXPORT Outcome Close(ui::UI_Dialog& dialog);
-/// Gives the content another size, at least the dialog's minimum.
+/// Gives the content another size in points, which counts downwards to whole ones and becomes at
+/// least the dialog's minimum. Refused when a side is not between 0 and 32767.
 NRV_EXPORT Outcome Resize(ui::UI_Dialog& dialog, nrvcore::geom::PointT<float> contentSize);
 
 }  // namespace nrvui::gestures

@@ -17,13 +17,9 @@ DialogPresenter* installedPresenter = nullptr;
 
 OS_Dialog::OS_Dialog(const drawbot::SupplierInterface* drawingSupplier,
                      const nrvcore::UTF16String& windowTitle, nrvcore::geom::PointT<float> point,
-                     nrvcore::geom::PointT<float> contentSize, NSWindow* window,
+                     nrvcore::geom::PointT<float> contentSize, NSWindow*,
                      const DialogStyle& windowStyle)
-    : supplier(drawingSupplier),
-      title(windowTitle),
-      dialogPoint(point),
-      platformWindow(window),
-      style(windowStyle) {
+    : supplier(drawingSupplier), title(windowTitle), dialogPoint(point), style(windowStyle) {
   SetContentSize(contentSize);
 }
 
@@ -82,10 +78,6 @@ const nrvcore::UTF16String& OS_Dialog::GetTitle() const {
 
 const DialogStyle& OS_Dialog::GetStyle() const {
   return style;
-}
-
-NSWindow* OS_Dialog::GetPlatformWindow() const {
-  return platformWindow;
 }
 
 const drawbot::SupplierInterface* OS_Dialog::GetDrawingSupplier() const {

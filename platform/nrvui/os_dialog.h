@@ -9,7 +9,8 @@ class NSWindow;
 
 namespace nrvui::ui {
 
-/// A node that is a platform window. Its local rectangle is its content.
+/// A node that is a platform window. Its local rectangle is its content; sizes and places are in
+/// points, a place counts from the top left of the screen.
 class NRV_EXPORT OS_Dialog : public UI_Node {
  public:
   ~OS_Dialog() override;
@@ -34,13 +35,12 @@ class NRV_EXPORT OS_Dialog : public UI_Node {
 
   const nrvcore::UTF16String& GetTitle() const;
   const DialogStyle& GetStyle() const;
-  NSWindow* GetPlatformWindow() const;
   const drawbot::SupplierInterface* GetDrawingSupplier() const;
 
  protected:
   OS_Dialog(const drawbot::SupplierInterface* drawingSupplier,
             const nrvcore::UTF16String& windowTitle, nrvcore::geom::PointT<float> point,
-            nrvcore::geom::PointT<float> contentSize, NSWindow* window,
+            nrvcore::geom::PointT<float> contentSize, NSWindow* platformWindow,
             const DialogStyle& windowStyle);
 
   virtual void Run(DialogPresenter& presenter) = 0;
@@ -52,7 +52,6 @@ class NRV_EXPORT OS_Dialog : public UI_Node {
   nrvcore::UTF16String title;
   nrvcore::geom::PointT<float> dialogPoint;
   nrvcore::geom::PointT<float> minimumSize;
-  NSWindow* platformWindow;
   DialogStyle style;
   DialogPlacement placement = DialogPlacement::kAtPoint;
 };

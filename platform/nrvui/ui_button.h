@@ -4,6 +4,7 @@
 
 namespace nrvui::controls {
 
+/// A push button. It has no value: its handler hears of presses.
 class NRV_EXPORT UI_Button : public UI_ControlView {
  public:
   UI_Button();

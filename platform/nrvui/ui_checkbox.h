@@ -4,6 +4,7 @@
 
 namespace nrvui::controls {
 
+/// A caption with a mark that a click sets or takes away.
 class NRV_EXPORT UI_Checkbox : public UI_ControlView {
  public:
   UI_Checkbox();

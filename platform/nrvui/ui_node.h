@@ -61,7 +61,7 @@ class NRV_EXPORT UI_Node : public UI_Container {
   /// At most one; it is not owned and must be taken away (null) before it goes.
   void UI_SetObserver(NodeObserver* nodeObserver);
 
-  /// For diagnostics and tests.
+  /// A modal run sees from it whether anybody else still holds the dialog.
   std::int32_t UI_GetReferenceCount() const;
   /// For a node whose storage belongs to somebody else: no release destroys it then.
   void UI_KeepOnLastRelease(bool keep);

@@ -5,6 +5,7 @@
 
 namespace nrvui::controls {
 
+/// A field in which a person edits a text.
 class NRV_EXPORT UI_TextEdit : public UI_ControlView {
  public:
   UI_TextEdit();

@@ -17,7 +17,7 @@ enum class [[nodiscard]] ResultCode : int32_t{
     kNotHandled = FourCharCode("!MSG"),   // the plug-in does not answer this message
     kOutOfMemory = FourCharCode("!MEM"),  // the host gave no memory
     kCannot = FourCharCode("CANT"),       // an exception ended the operation
-    kParameter = FourCharCode("PARM"),    // the exported suite could not be set up
+    kParameter = FourCharCode("PARM"),    // an argument, or the suite to publish, is not fit
     kCancelled = FourCharCode("STOP"),    // the user closed the dialog without OK
     kPurged = FourCharCode("pFls"),       // answer to a purge request that freed something
 };

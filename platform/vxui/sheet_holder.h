@@ -22,8 +22,10 @@ class SheetHolder {
   virtual boost::intrusive_ptr<nrvui::ui::UI_Node> GetLayoutNode() = 0;
   virtual boost::shared_ptr<VXUICairnSheet> GetSheet() = 0;
   virtual boost::intrusive_ptr<nrvui::ui::UI_Node> GetInitialFocus() = 0;
-  /// Tells the layout how much room its dialog has.
+  /// Tells the layout how much room its dialog has, in points.
   virtual void ResizeSheet(std::int32_t width, std::int32_t height) = 0;
+  /// The holder calls it, on the thread of the interface, with what the sheet has to say; null
+  /// takes it away.
   virtual void SetMessageCallback(
       boost::shared_ptr<boost::function<void(const vx::UnicodeString&)>> callback) = 0;
 
