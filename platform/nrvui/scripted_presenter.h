@@ -5,11 +5,6 @@
 
 #include "platform/nrvui/dialog_presenter.h"
 #include "platform/nrvui/gesture_script.h"
-#include "platform/nrvui/outcome.h"
-
-namespace nrvui::ui {
-class UI_Node;
-}
 
 namespace nrvui::gestures {
 
@@ -30,11 +25,6 @@ class NRV_EXPORT ScriptedPresenter final : public ui::DialogPresenter {
   const std::optional<ScriptError>& Error() const;
 
  private:
-  void PlayOrThrow(ui::UI_Dialog& dialog, const Step& step) const;
-  Outcome Play(ui::UI_Dialog& dialog, const Step& step) const;
-  ui::UI_Node& Control(ui::UI_Dialog& dialog, const Step& step) const;
-  void Report(const std::string& message) const;
-
   GestureScript script;
   std::function<void(const std::string&)> reportFunction;
   std::optional<ScriptError> error;

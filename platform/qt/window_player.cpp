@@ -7,7 +7,6 @@
 #include <QMouseEvent>
 #include <QRadioButton>
 #include <QWindow>
-#include <deque>
 #include <utility>
 
 #include "platform/nrvcore/unicode.h"
@@ -21,26 +20,11 @@ using nrvui::gestures::Outcome;
 using nrvui::gestures::ScriptError;
 using nrvui::gestures::Step;
 using nrvui::gestures::Verb;
-using nrvui::ui::UI_Dialog;
 using nrvui::ui::UI_Node;
 
 namespace {
 
 constexpr int kActivationTimeout = 2000;  // ms
-
-/// The first match in breadth-first order, the one that the dialog itself would find.
-UI_Node* FindNode(UI_Dialog& dialog, std::string_view id) {
-  std::deque<UI_Node*> queue = {dialog.GetRootView().get()};
-  for (; !queue.empty(); queue.pop_front()) {
-    if (queue.front()->UI_GetNodeID().View() == id) return queue.front();
-    for (const auto& child : nrvui::ui::Children(*queue.front())) queue.push_back(child.get());
-  }
-  return nullptr;
-}
-
-std::string Sentence(const Outcome& outcome) {
-  return std::string(nrvcore::utility::UTF16ToUTF8(Describe(outcome).View()).View());
-}
 
 /// Where a person would click.
 QPoint Target(const QWidget& widget) {
@@ -64,7 +48,8 @@ WindowPlayer::WindowPlayer(const nrvui::gestures::GestureScript& gestureScript, 
     : script(gestureScript),
       run(modalRun),
       window(dialogWindow),
-      reportFunction(std::move(report)) {}
+      reportFunction(std::move(report)),
+      scriptRun(script, run.Dialog(), reportFunction) {}
 
 void WindowPlayer::Play(const std::function<void()>& afterStep) {
   const QDeadlineTimer deadline(kActivationTimeout);
@@ -83,17 +68,14 @@ void WindowPlayer::Play(const std::function<void()>& afterStep) {
     if (!run.IsOver()) afterStep();
   }
   if (run.IsOver()) return;
-  Report(script.Name() + ": the script ended with the dialog open; it was cancelled");
+  scriptRun.NoteLeftOpen();
   run.Guard([this] { run.Dialog().DefaultCloseCancel(); });
 }
 
 void WindowPlayer::PlayOrThrow(const Step& step) {
   run.TakeOutcome();
   const Outcome outcome = Play(step);
-  if (run.HasFailed()) return;
-  if (outcome.IsRefused()) throw ScriptError(script.Name(), step.line, Sentence(outcome));
-  if (!outcome.IsPulled()) return;
-  Report(script.Name() + ":" + std::to_string(step.line) + ": " + Sentence(outcome));
+  if (!run.HasFailed()) scriptRun.Note(step, outcome);
 }
 
 Outcome WindowPlayer::Play(const Step& step) {
@@ -113,7 +95,7 @@ Outcome WindowPlayer::Play(const Step& step) {
 }
 
 Outcome WindowPlayer::Enter(const Step& step) {
-  UI_Node& node = Control(step);
+  UI_Node& node = scriptRun.Control(step);
   QWidget* const widget = window.Content().WidgetOf(node);
   if (dynamic_cast<nrvui::controls::UI_TextEdit*>(&node) != nullptr && IsReachable(widget)) {
     ClickAt(*widget);
@@ -131,7 +113,7 @@ Outcome WindowPlayer::Enter(const Step& step) {
 }
 
 Outcome WindowPlayer::Click(const Step& step) {
-  UI_Node& node = Control(step);
+  UI_Node& node = scriptRun.Control(step);
   QWidget* const widget = window.Content().WidgetOf(node);
   if (IsReachable(widget)) ClickAt(*widget);
   return TakenOr(step, [&] { return nrvui::gestures::Click(run.Dialog(), node); });
@@ -172,12 +154,6 @@ Outcome WindowPlayer::TakenOr(const Step& step, const std::function<Outcome()>& 
   return outcome;
 }
 
-UI_Node& WindowPlayer::Control(const Step& step) const {
-  UI_Node* const node = FindNode(run.Dialog(), step.target);
-  if (node != nullptr) return *node;
-  throw ScriptError(script.Name(), step.line, "the dialog has no control \"" + step.target + "\"");
-}
-
 void WindowPlayer::TypeKey(int key, Qt::KeyboardModifiers modifiers, const QString& text) {
   for (const QEvent::Type type : {QEvent::KeyPress, QEvent::KeyRelease}) {
     if (run.IsOver() && type == QEvent::KeyRelease) return;
@@ -197,10 +173,6 @@ void WindowPlayer::ClickAt(QWidget& widget) {
   send(QEvent::MouseMove, Qt::NoButton, Qt::NoButton);
   send(QEvent::MouseButtonPress, Qt::LeftButton, Qt::LeftButton);
   send(QEvent::MouseButtonRelease, Qt::LeftButton, Qt::NoButton);
-}
-
-void WindowPlayer::Report(const std::string& message) const {
-  if (reportFunction) reportFunction(message);
 }
 
 }  // namespace qtui

@@ -4,7 +4,7 @@
 #include <optional>
 #include <string>
 
-#include "platform/nrvui/gesture_script.h"
+#include "platform/nrvui/script_run.h"
 #include "platform/qt/dialog_window.h"
 
 namespace qtui {
@@ -37,15 +37,14 @@ class WindowPlayer {
   /// The outcome of what the window made of the events; when they met nothing, the toolkit's
   /// reason.
   Outcome TakenOr(const Step& step, const std::function<Outcome()>& gesture);
-  nrvui::ui::UI_Node& Control(const Step& step) const;
   void TypeKey(int key, Qt::KeyboardModifiers modifiers = Qt::NoModifier, const QString& text = {});
   void ClickAt(QWidget& widget);
-  void Report(const std::string& message) const;
 
   const nrvui::gestures::GestureScript& script;
   DialogRun& run;
   DialogWindow& window;
   std::function<void(const std::string&)> reportFunction;
+  nrvui::gestures::ScriptRun scriptRun;
   std::optional<nrvui::gestures::ScriptError> error;
 };
 

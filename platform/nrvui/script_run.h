@@ -1,0 +1,35 @@
+#pragma once
+
+#include <functional>
+#include <string>
+
+#include "platform/nrvui/gesture_script.h"
+#include "platform/nrvui/outcome.h"
+#include "platform/nrvui/ui_dialog.h"
+
+namespace nrvui::gestures {
+
+/// One playing of a script on a dialog, the same for all who play: which control a line means,
+/// what stops the run and what is reported.
+class NRV_EXPORT ScriptRun {
+ public:
+  /// All must outlive the run. `report` may be empty.
+  ScriptRun(const GestureScript& gestureScript, ui::UI_Dialog& playedDialog,
+            const std::function<void(const std::string&)>& report);
+
+  /// Throws ScriptError when the dialog has no such control.
+  ui::UI_Node& Control(const Step& step) const;
+  /// Throws ScriptError when the gesture was refused; reports a value that was pulled.
+  void Note(const Step& step, const Outcome& outcome) const;
+  /// The script has ended, and the dialog is still open.
+  void NoteLeftOpen() const;
+
+ private:
+  void Report(const std::string& message) const;
+
+  const GestureScript& script;
+  ui::UI_Dialog& dialog;
+  const std::function<void(const std::string&)>& reportFunction;
+};
+
+}  // namespace nrvui::gestures
