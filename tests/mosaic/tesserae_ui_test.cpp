@@ -5,6 +5,11 @@
 
 namespace {
 
+/// Lets a test see a plug-in's set of suites.
+struct Insight : Plugin {
+  static SuiteSet* SetOf(void* plugin) { return static_cast<Plugin*>(plugin)->*&Insight::suites; }
+};
+
 class TesseraeUITest : public testing::Test {
  protected:
   standin::RecordingUserInterface person;
@@ -58,6 +63,7 @@ TEST_F(TesseraeUITest, AShutDownWhileUnloadedStillFreesTheTable) {
 
 TEST_F(TesseraeUITest, ATableThatCannotBeFreedEndsTheShutDownThere) {
   ASSERT_EQ(module.StartUp(), ResultCode::kSuccess);
+  SuiteSet* const left = Insight::SetOf(module.Globals());
   host.Operations().Refuse("QP Blocks Suite/FreeBlock", ResultCode{12});
   EXPECT_EQ(module.ShutDown(), ResultCode{12});
   EXPECT_EQ(module.Globals(), nullptr);
@@ -69,6 +75,7 @@ TEST_F(TesseraeUITest, ATableThatCannotBeFreedEndsTheShutDownThere) {
   host.Suites().SetAbsent("QP Blocks Suite");
   EXPECT_EQ(module.ShutDown(), ResultCode::kCannot);
   EXPECT_EQ(module.Globals(), nullptr);
+  ::operator delete(left);  // the plug-in that knew of it is gone
 }
 
 TEST_F(TesseraeUITest, AnythingThatThrowsWhileRegisteringIsAParameterError) {
