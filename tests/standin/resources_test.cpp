@@ -1,26 +1,120 @@
 #include <gtest/gtest.h>
 
 #include <set>
+#include <sstream>
 
 #include "platform/nrvcore/localizer.h"
 #include "platform/nrvui/node_walk.h"
+#include "platform/nrvui/ui_panel.h"
+#include "platform/nrvui/ui_radio_button.h"
+#include "platform/nrvui/ui_static_text.h"
+#include "platform/nrvui/ui_unit_number_edit.h"
 #include "platform/standin/layout_reader.h"
 #include "platform/standin/nominal_layout.h"
+#include "platform/standin/resource_error.h"
 #include "platform/standin/resource_root.h"
 #include "platform/standin/string_lists.h"
 
 namespace {
 
+using namespace nrvui::controls;
 using nrvui::ui::Children;
-using nrvui::ui::ForEachBelow;
+using nrvui::ui::PanelArrangement;
 using nrvui::ui::UI_Node;
+using nrvui::ui::UI_Panel;
 using standin::ListOwner;
+using standin::ParseLayout;
+using standin::SheetTree;
+using standin::StringList;
 
-TEST(MosaicLayoutTest, EverythingHasItsPlaceInsideItsParentAndBesideItsSiblings) {
-  const standin::SheetTree tree = standin::ReadLayout(
+/// Why `read` refuses what it reads; nothing when it doesn't.
+template <typename Read>
+std::string Refusal(Read read) {
+  try {
+    read();
+    return "none";
+  } catch (const standin::ResourceError& error) {
+    return error.what();
+  }
+}
+
+template <class Node>
+Node& As(const boost::intrusive_ptr<UI_Node>& node) {
+  return dynamic_cast<Node&>(*node);
+}
+
+constexpr const char* kSample = R"(<?xml version="1.0"?>
+<sheet focus="count">
+  <!-- a comment -->
+  <group id="box" caption="$$$/Test/Box=A Box">
+    <grid columns="2">
+      <label caption="$$$/Test/Count=&amp;Count:" for="count"/>
+      <number id="count" value="2.5"/>
+      <space/>
+      <radio id="one" group="choice" caption="$$$/Test/One=One"/>
+    </grid>
+  </group>
+  <row><space/><button id="ok" caption="$$$/Test/OK=OK"/></row>
+</sheet>)";
+
+TEST(Layout, BuildsNodesNestedAsTheElements) {
+  const SheetTree tree = ParseLayout(kSample, "sample.xml", standin::MakeLiveToken());
+  EXPECT_EQ(Children(*tree.view)[0], tree.layout);
+  const auto& group = As<UI_Panel>(Children(*tree.layout)[0]);
+  EXPECT_EQ(group.GetTitle(), u"A Box");
+  EXPECT_EQ(group.UI_GetNodeID(), "box");
+  const auto& grid = As<UI_Panel>(Children(group)[0]);
+  EXPECT_EQ(grid.GetArrangement(), PanelArrangement::kGrid);
+  EXPECT_EQ(grid.GetColumnCount(), 2U);
+  ASSERT_EQ(Children(grid).size(), 4U);
+  EXPECT_EQ(As<UI_StaticText>(Children(grid)[0]).GetBuddy(), "count");
+  EXPECT_EQ(As<UI_StaticText>(Children(grid)[0]).GetCaption(), u"&Count:");
+  EXPECT_EQ(As<UI_UnitNumberEdit>(Children(grid)[1]).GetNumber(), 2.5);
+  EXPECT_EQ(tree.initialFocus, Children(grid)[1]);
+  EXPECT_EQ(As<UI_RadioButton>(Children(grid)[3]).GetGroup(), "choice");
+  const auto& row = As<UI_Panel>(Children(*tree.layout)[1]);
+  EXPECT_EQ(row.GetArrangement(), PanelArrangement::kRow);
+}
+
+TEST(Layout, RefusesWithFileLineAndReasonAndLeavesNoNode) {
+  std::string deep;
+  for (int i = 0; i < 40; ++i) deep = "<row>" + deep + "</row>";
+  const std::pair<std::string, const char*> cases[] = {
+      {"", "No document element found"},
+      {"<dialog/>", "<dialog> where <sheet> must stand"},
+      {"<sheet/>\n\n<sheet/>", "L.xml:3: something after the end of <sheet>"},
+      {"<sheet>\n<slider id=\"a\"/></sheet>", "L.xml:2: unknown element <slider>"},
+      {"<sheet>\n<row\nalign=\"left\"/></sheet>", "L.xml:3: <row> has no attribute align"},
+      {"<sheet>\n<number id=\"a\"><row/></number></sheet>",
+       "L.xml:2: <number> cannot hold anything"},
+      {"<sheet><number id=\"a\"/>\n<number id=\"a\"/></sheet>",
+       "L.xml:2: a second node with the ID a"},
+      {"<sheet><number id=\"a\" id=\"b\"/></sheet>", "id is given twice"},
+      {"<sheet><number id=\"a b\"/></sheet>", "no name of letters, digits and underscores"},
+      {"<sheet><number id=\"a\" value=\"nan\"/></sheet>", "value=\"nan\" is no number"},
+      {"<sheet><grid/></sheet>", "<grid> needs the attribute columns"},
+      {"<sheet>\n<row>text</row></sheet>", "L.xml:2: text between the elements"},
+      {"<sheet><grid columns=\"0\"/></sheet>", "columns=\"0\" is no whole number from 1 to 16"},
+      {"<sheet><button id=\"a\" caption=\"OK\"/></sheet>", "no localisation key"},
+      {"<sheet><button id=\"a\" caption=\"$$$/T=\xFF\"/></sheet>", "caption is not UTF-8"},
+      {"<sheet>\n<label for=\"b\"/></sheet>", "L.xml:2: no node has the ID \"b\""},
+      {"<sheet>" + deep + "</sheet>", "nested deeper than 32"},
+      {std::string("<sheet>\n\0</sheet>", 17), "L.xml:2: a NUL"},
+      {"<sheet>" + std::string(300000, ' ') + "</sheet>", "larger than 262144 bytes"},
+  };
+  const standin::LiveToken token = standin::MakeLiveToken();
+  for (const auto& [text, reason] : cases) {
+    const std::string refusal = Refusal([&, &bad = text] { ParseLayout(bad, "L.xml", token); });
+    EXPECT_TRUE(refusal.starts_with("L.xml:") && refusal.find(reason) != refusal.npos) << refusal;
+    EXPECT_EQ(standin::CountLive(token), 0);
+  }
+}
+
+TEST(Layout, EverythingHasItsPlaceInsideItsParentAndBesideItsSiblings) {
+  const SheetTree tree = standin::ReadLayout(
       standin::DefaultResourceRoot() / "layouts" / "16301.xml", standin::MakeLiveToken());
   standin::LayOutNominally(*tree.layout);
-  ForEachBelow<UI_Node>(*tree.layout, [](UI_Node& node) {
+  nrvui::ui::ForEachBelow<UI_Node>(*tree.layout, [](UI_Node& node) {
     const auto outer = node.UI_GetLocalRectF(false);
     const auto& children = Children(node);
     for (size_t i = 0; i < children.size(); ++i) {
@@ -36,33 +130,52 @@ TEST(MosaicLayoutTest, EverythingHasItsPlaceInsideItsParentAndBesideItsSiblings)
   });
 }
 
-/// The default text has room for the code that it names.
+StringList ReadList(const std::string& text) {
+  std::istringstream stream(text);
+  return StringList::Read(stream, "list.txt");
+}
+
+TEST(StringList, ReadsEntriesWithGapsAndRefusesDamageWithFileLineAndReason) {
+  const StringList list = ReadList("# about\n\n1\tfirst\r\n3\twith\ttab and # and %s\n12\t");
+  ASSERT_EQ(list.Entries().size(), 3U);
+  EXPECT_EQ(*list.Find(1), "first");
+  EXPECT_EQ(list.Find(2), nullptr);
+  EXPECT_EQ(*list.Find(3), "with\ttab and # and %s");
+  EXPECT_EQ(*list.Find(12), "");
+
+  const std::pair<std::string, const char*> cases[] = {
+      {"1\ta\n2 b\n", "list.txt:2: no tab between index and text"},
+      {"1\ta\n\n1\tb\n", "list.txt:3: index 1 after index 1"},
+      {"1x\ta\n", "list.txt:1: \"1x\" is no index from 1 to 32767"},
+      {"99999999999\ta\n", "list.txt:1: \"99999999999\" is no index from 1 to 32767"},
+      {"1\t\xC3(\n", "list.txt:1: the line is not UTF-8"},
+      {std::string("1\ta\0b\n", 6), "list.txt:1: the line contains a NUL"},
+      {"1\t" + std::string(5000, 'a'), "list.txt:1: the line is longer than 4096 bytes"},
+  };
+  for (const auto& [text, reason] : cases)
+    EXPECT_EQ(Refusal([&bad = text] { ReadList(bad); }), reason);
+}
+
+/// Codes, each with a text behind it. The last text is the default, which names the code.
 void ExpectUsableTexts(standin::StringLists& lists) {
+  const auto find = [&](int32_t index) { return lists.Find(ListOwner::kPlugin, 16050, index); };
   std::set<std::string> keys;
-  std::string last;
-  for (int32_t index = 1; const std::string* key = lists.Find(ListOwner::kPlugin, 16050, index);
-       index += 2) {
+  int32_t index = 1;
+  for (; const std::string* key = find(index); index += 2) {
     const bool isNumber = *key == std::to_string(std::atoi(key->c_str()));
     EXPECT_TRUE(isNumber || key->size() == 4) << *key;
     EXPECT_TRUE(keys.insert(*key).second) << *key;
-    const std::string* const text = lists.Find(ListOwner::kPlugin, 16050, index + 1);
-    ASSERT_TRUE(text) << *key;
-    EXPECT_LT(text->size(), 256U);
-    last = *text;
+    ASSERT_TRUE(find(index + 1)) << *key;
   }
   for (const char* key : {"!MEM", "CANT", "PARM", "401", "402", "-43"})
     EXPECT_TRUE(keys.contains(key)) << key;
+  const std::string& last = *find(index - 1);
   EXPECT_LT(last.size(), 120U);
   EXPECT_EQ(last.find('%'), last.find("%s"));
   EXPECT_EQ(last.find('%'), last.rfind('%'));
-  // Every code of the host's own operations.
-  for (int32_t index = 400; index <= 412; ++index)
-    EXPECT_TRUE(lists.Find(ListOwner::kHost, 257, index)) << index;
 }
 
-TEST(StringResourcesTest, ErrorTextsArePairsWithADefaultInEveryLanguage) {
-  standin::StringLists english(standin::DefaultResourceRoot());
-  ExpectUsableTexts(english);
+TEST(StringLists, HoldUsableTextsInEveryLanguage) {
   const struct {
     ListOwner owner;
     int32_t number;
@@ -72,24 +185,29 @@ TEST(StringResourcesTest, ErrorTextsArePairsWithADefaultInEveryLanguage) {
                 {ListOwner::kPlugin, 16600, 2, 1},
                 {ListOwner::kHost, 257, 10, 1}};
   // A list keeps the language in which it is first asked for.
+  standin::StringLists english(standin::DefaultResourceRoot());
   for (const auto& list : kLists) english.Find(list.owner, list.number, 1);
+  // Every code of the host's own operations.
+  for (int32_t index = 400; index <= 412; ++index)
+    EXPECT_TRUE(english.Find(ListOwner::kHost, 257, index)) << index;
   auto& localizer = nrvcore::config::Localizer::Get();
   localizer.SetCatalogues(standin::DefaultResourceRoot() / "translations");
-  for (const char* language : {"de", "ja"}) {
+  for (const std::string language : {"de", "ja", "en"}) {
     localizer.SetLanguage(language);
-    standin::StringLists translated(standin::DefaultResourceRoot());
-    ExpectUsableTexts(translated);
+    standin::StringLists lists(standin::DefaultResourceRoot());
+    ExpectUsableTexts(lists);
     for (const auto& list : kLists) {
       for (int32_t index = list.firstText; index < 900; index += list.step) {
+        SCOPED_TRACE(language + " " + std::to_string(index));
+        const std::string* const text = lists.Find(list.owner, list.number, index);
         const std::string* const before = english.Find(list.owner, list.number, index);
-        const std::string* const text = translated.Find(list.owner, list.number, index);
-        ASSERT_EQ(before == nullptr, text == nullptr) << language << " " << index;
+        ASSERT_EQ(before == nullptr, text == nullptr);
         if (!text) continue;
-        EXPECT_TRUE(*text != *before && text->size() < 256) << language << " " << index;
+        EXPECT_EQ(*text == *before, language == "en");
+        EXPECT_LT(text->size(), 256U);
       }
     }
   }
-  localizer.SetLanguage("en");
 }
 
 }  // namespace

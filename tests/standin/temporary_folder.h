@@ -1,8 +1,8 @@
 #pragma once
 
 #include <gtest/gtest.h>
-#include <unistd.h>
 
+#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <string>
@@ -10,17 +10,13 @@
 /// A folder of this test's own, gone at the end of the scope.
 class TemporaryFolder {
  public:
-  TemporaryFolder()
-      : path(std::filesystem::path(testing::TempDir()) /
-             ("standin_" + std::to_string(getpid()) + "_" + std::to_string(++made))) {
-    std::filesystem::create_directories(path);
-  }
+  TemporaryFolder() : path(mkdtemp((testing::TempDir() + "tesseraeXXXXXX").data())) {}
+  TemporaryFolder(const TemporaryFolder&) = delete;
+  TemporaryFolder& operator=(const TemporaryFolder&) = delete;
   ~TemporaryFolder() {
     std::error_code error;
     std::filesystem::remove_all(path, error);
   }
-  TemporaryFolder(const TemporaryFolder&) = delete;
-  TemporaryFolder& operator=(const TemporaryFolder&) = delete;
 
   void Write(const std::string& name, const std::string& text) const {
     const std::filesystem::path file = path / name;
@@ -30,7 +26,4 @@ class TemporaryFolder {
   }
 
   const std::filesystem::path path;
-
- private:
-  static inline int made = 0;
 };

@@ -1,12 +1,25 @@
+#include "platform/standin/host.h"
+
+#include <dlfcn.h>
+#include <gtest/gtest.h>
+
+#include <boost/smart_ptr/make_shared.hpp>
 #include <stdexcept>
 
+#include "platform/qpbasic/qpbasic.h"
 #include "platform/standin/held_suite.h"
 #include "platform/standin/host_codes.h"
-#include "standin/host_test.h"
+#include "platform/standin/module.h"
+#include "platform/standin/sheet_service.h"
+#include "platform/vxui/sheet_holder.h"
+#include "standin/temporary_folder.h"
 
 namespace {
 
+using nrvcore::geom::RectT;
 using standin::HeldSuite;
+using standin::Module;
+using Lines = std::vector<std::string>;
 
 constexpr ResultCode kDone = ResultCode::kSuccess;
 
@@ -16,9 +29,24 @@ struct Greeting {
   static constexpr int32_t kVersion = 5;
 };
 
-class HostSuitesTest : public HostTest {};
+/// A host whose resources are what a test writes, with one plug-in.
+class HostTest : public testing::Test {
+ protected:
+  boost::shared_ptr<SheetHolder> CreateSheet(std::uint32_t number) {
+    return host.Sheets().Factory()->CreateSheetHolder(plugin, number, u"Dark");
+  }
+  boost::shared_ptr<SheetHolder> CreateSheet() {
+    resources.Write("layouts/7.xml", R"(<sheet><number id="a"/></sheet>)");
+    return CreateSheet(7);
+  }
 
-TEST_F(HostSuitesTest, SuitesAreHandedOutByNameAndVersionAndCounted) {
+  TemporaryFolder resources;
+  standin::RecordingUserInterface screen;
+  standin::Host host{screen, resources.path};
+  const PluginRef plugin = host.AddPlugin("plugin.so");
+};
+
+TEST_F(HostTest, SuitesAreHandedOutByNameAndVersionAndCounted) {
   QPBasicSuite* const basic = host.BasicSuite();
   const char* const name = VXRealMathSuite::kName;
   const void* suite = &host;
@@ -36,7 +64,7 @@ TEST_F(HostSuitesTest, SuitesAreHandedOutByNameAndVersionAndCounted) {
   EXPECT_THROW(host.Operations().Refuse("VX User Suite/Typo", kDone), std::invalid_argument);
 }
 
-TEST_F(HostSuitesTest, WhatIsNotGivenBackIsNamedAndNothingIsGivenBackTwice) {
+TEST_F(HostTest, WhatIsNotGivenBackIsNamedAndNothingIsGivenBackTwice) {
   const HeldSuite<QPAccessSuite> access(host);
   const HeldSuite<VXContextSuite> contexts(host);
   const HeldSuite<VXUnicodeStringSuite> strings(host);
@@ -52,7 +80,6 @@ TEST_F(HostSuitesTest, WhatIsNotGivenBackIsNamedAndNothingIsGivenBackTwice) {
   ASSERT_EQ(strings->CreateFromText(&string, "hello, cut", 5, 0), kDone);
   EXPECT_EQ(user->ShowErrorAlert(&string), kDone);
   EXPECT_EQ(screen.alerts, Lines{"hello"});
-  EXPECT_TRUE(host.IsInUse(plugin));
   const Lines left = host.Leftovers();
   ASSERT_EQ(left.size(), 8U);
   EXPECT_EQ(left[4], "access to plugin.so is held");
@@ -61,7 +88,6 @@ TEST_F(HostSuitesTest, WhatIsNotGivenBackIsNamedAndNothingIsGivenBackTwice) {
 
   EXPECT_EQ(access->ReleasePlugin(held), kDone);
   EXPECT_EQ(access->ReleasePlugin(held), standin::kUnknownHandle);
-  EXPECT_FALSE(host.IsInUse(plugin));
   EXPECT_EQ(contexts->PopAppContext(outer), standin::kContextOrder);
   EXPECT_EQ(contexts->PopAppContext(inner), kDone);
   EXPECT_EQ(contexts->PopAppContext(outer), kDone);
@@ -74,7 +100,7 @@ TEST_F(HostSuitesTest, WhatIsNotGivenBackIsNamedAndNothingIsGivenBackTwice) {
   EXPECT_EQ(host.Leftovers().size(), 4U) << "the suites";
 }
 
-TEST_F(HostSuitesTest, PluginsPublishSuitesForOthers) {
+TEST_F(HostTest, PluginsPublishSuitesForOthers) {
   const Greeting greeting;
   SuiteHandle handle = nullptr;
   HeldSuite<QPSuitesSuite> registry(host);
@@ -93,7 +119,7 @@ TEST_F(HostSuitesTest, PluginsPublishSuitesForOthers) {
   EXPECT_EQ(HeldSuite<Greeting>(host).Code(), standin::kSuiteNotFound);
 }
 
-TEST_F(HostSuitesTest, ListStringsComeFromTheOwnersFilesAndFitTheBuffer) {
+TEST_F(HostTest, ListStringsComeFromTheOwnersFilesAndFitTheBuffer) {
   resources.Write("strings/5.txt", "1\tplug-in\n2\tgr\xC3\xBC\xC3\x9F\n");
   resources.Write("host/5.txt", "1\thost\n");
   resources.Write("strings/6.txt", "1\tgood\nbad\n");
@@ -118,8 +144,73 @@ TEST_F(HostSuitesTest, ListStringsComeFromTheOwnersFilesAndFitTheBuffer) {
     EXPECT_EQ(lists->GetListString(owner, list, index, text, size), code);
     EXPECT_STREQ(text, expected);
   }
-  ASSERT_EQ(host.ResourceProblems().size(), 1U);
-  EXPECT_TRUE(host.ResourceProblems()[0].ends_with("6.txt:2: no tab between index and text"));
+  EXPECT_TRUE(host.ResourceProblems().back().ends_with("6.txt:2: no tab between index and text"));
+}
+
+TEST_F(HostTest, AModuleIsALibraryWithAnEntryPoint) {
+  Dl_info library;
+  ASSERT_NE(dladdr(reinterpret_cast<void*>(&QPBasicFreeBlock), &library), 0);
+  resources.Write("text.so", "this is no library");
+  for (const auto& file : {resources.path / "missing.so", resources.path / "text.so",
+                           std::filesystem::path(library.dli_fname)})
+    EXPECT_THROW(Module(host, file), standin::LoadError) << file;
+  EXPECT_EQ(host.Objects().modules.Size(), 2U) << "the host's own and the fixture's";
+}
+
+TEST_F(HostTest, AModuleStaysInMemoryWhileSomethingNeedsIt) {
+  Module module(
+      host, [](const char*, const char*, PluginMessage*) { return kDone; }, "linked");
+  host.Objects().accesses.Add({module.Ref()});
+  EXPECT_EQ(module.Unload(), standin::kPluginInUse);
+  EXPECT_EQ(module.About(), kDone);
+  host.Objects().accesses.RemoveIf([](const auto&) { return true; });
+  EXPECT_EQ(module.Unload(), kDone);
+  EXPECT_EQ(module.About(), standin::kNotLoaded);
+  EXPECT_EQ(module.Unload(), standin::kNotLoaded);
+  EXPECT_EQ(module.Reload(), kDone);
+  EXPECT_EQ(module.About(), kDone);
+}
+
+TEST_F(HostTest, ASheetIsBuiltAfreshOrTheHostSaysWhyNot) {
+  EXPECT_EQ(CreateSheet(8), nullptr);
+  EXPECT_TRUE(host.ResourceProblems().back().ends_with("8.xml: there is no such file"));
+  resources.Write("layouts/8.xml", "<sheet>\n<knob/></sheet>");
+  EXPECT_EQ(CreateSheet(8), nullptr);
+  EXPECT_TRUE(host.ResourceProblems().back().ends_with("8.xml:2: unknown element <knob>"));
+  EXPECT_NE(CreateSheet()->GetSheetView(), CreateSheet()->GetSheetView());
+  EXPECT_EQ(host.Sheets().CreateSheetHolder(host.HostModule(), 7, u""), nullptr);
+}
+
+TEST_F(HostTest, WhatOutlivesASheetsHolderIsToldAndItsCallbacksGo) {
+  int notified = 0;
+  auto holder = CreateSheet();
+  const auto sheet = holder->GetSheet();
+  const auto layout = holder->GetLayoutNode();
+  layout->UI_InstallSizeChangedNotifyFunction(
+      boost::make_shared<boost::function<void()>>([&] { ++notified; }));
+  layout->UI_SetLocalRectF({0, 0, 1000, 1000});
+  EXPECT_EQ(notified, 1);
+  holder.reset();
+  layout->UI_SetLocalRectF({0, 0, 2000, 2000});
+  EXPECT_EQ(notified, 1);
+  // The layout node and the field in it.
+  EXPECT_EQ(host.Leftovers(), (Lines{"1 sheets are alive", "2 nodes of sheets are alive"}));
+}
+
+TEST_F(HostTest, ALayoutTakesTheRoomThatItGetsButNotLessThanItNeeds) {
+  const auto holder = CreateSheet();
+  const auto layout = holder->GetLayoutNode();
+  const RectT<float> natural = layout->UI_GetLocalRectF(false);
+  EXPECT_EQ(holder->GetSheetView()->UI_GetLocalRectF(false), natural);
+  holder->ResizeSheet(4000, -5);
+  EXPECT_EQ(layout->UI_GetLocalRectF(false), (RectT<float>{0, 0, 4000, natural.bottom}));
+  holder->ResizeSheet(1, 1);
+  EXPECT_EQ(layout->UI_GetLocalRectF(false), natural);
+
+  const RectT<float> measured = {0, 0, 50, 300};
+  layout->UI_SetLocalRectF(measured);
+  holder->ResizeSheet(10, 10);
+  EXPECT_EQ(layout->UI_GetLocalRectF(false), measured) << "a presenter knows better";
 }
 
 }  // namespace
