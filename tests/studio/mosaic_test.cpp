@@ -1,0 +1,131 @@
+#include <gtest/gtest.h>
+
+#include <QRgbaFloat32>
+#include <cmath>
+#include <limits>
+
+#include "studio/mosaic_builder.h"
+#include "studio/mosaic_geometry.h"
+#include "studio/studio_error.h"
+#include "tests/studio/random_picture.h"
+
+namespace {
+
+std::vector<QRgb> BuildAll(const Picture& picture, QSize tiles, bool isColor = true) {
+  std::vector<QRgb> all;
+  MosaicBuilder builder(picture, tiles.width(), tiles.height(), isColor);
+  EXPECT_TRUE(builder.Run([&](std::span<const QRgb> row) {
+    all.insert(all.end(), row.begin(), row.end());
+    return true;
+  }));
+  return all;
+}
+
+/// The mean over one tile by looking at every pixel of the picture.
+QRgb SlowMean(const QImage& image, const QRectF& tile, bool isColor) {
+  const QColorSpace screen(QColorSpace::SRgb), light(QColorSpace::SRgbLinear);
+  const QColorTransform toLight = screen.transformationToColorSpace(light);
+  double red = 0, green = 0, blue = 0, opacity = 0;
+  for (int y = 0; y < image.height(); ++y) {
+    for (int x = 0; x < image.width(); ++x) {
+      const QRectF part = tile & QRectF(x, y, 1, 1);
+      if (part.isEmpty()) continue;
+      const auto pixel = toLight.map(QRgbaFloat32::fromArgb32(image.pixel(x, y)));
+      const double weight = part.width() * part.height() * pixel.a;
+      red += weight * pixel.r;
+      green += weight * pixel.g;
+      blue += weight * pixel.b;
+      opacity += weight;
+    }
+  }
+  const double alpha = opacity / (tile.width() * tile.height());
+  if (std::lround(255 * alpha) == 0) return 0;
+  if (!isColor) red = green = blue = 0.2126 * red + 0.7152 * green + 0.0722 * blue;
+  const QRgbaFloat32 mean{float(red / opacity), float(green / opacity), float(blue / opacity),
+                          float(alpha)};
+  return light.transformationToColorSpace(screen).map(mean).toArgb32();
+}
+
+int Difference(QRgb a, QRgb b) {
+  return std::max({std::abs(qRed(a) - qRed(b)), std::abs(qGreen(a) - qGreen(b)),
+                   std::abs(qBlue(a) - qBlue(b)), std::abs(qAlpha(a) - qAlpha(b))});
+}
+
+TEST(MosaicBuilder, FindsTheExactMeanOfEveryShare) {
+  const std::pair<QSize, QSize> kCases[] = {
+      // of the picture and of the tiles
+      {{1, 1}, {1, 1}},   {{1, 1}, {5, 3}},     {{7, 5}, {7, 5}},
+      {{13, 11}, {1, 1}}, {{13, 11}, {5, 4}},   {{3, 2}, {10, 7}},
+      {{17, 4}, {3, 9}},  {{40, 31}, {39, 30}}, {{64, 48}, {8, 6}}};
+  unsigned seed = 1;
+  for (const auto& [size, tiles] : kCases) {
+    for (const bool isColor : {true, false}) {
+      for (const auto format : {QImage::Format_RGB32, QImage::Format_ARGB32}) {
+        const QImage image = RandomImage(size.width(), size.height(), format, ++seed);
+        const auto built = BuildAll(Picture(image), tiles, isColor);
+        ASSERT_EQ(built.size(), size_t(tiles.width() * tiles.height()));
+        const double width = double(size.width()) / tiles.width();
+        const double height = double(size.height()) / tiles.height();
+        for (int i = 0; i < int(built.size()); ++i) {
+          const QRectF share(i % tiles.width() * width, i / tiles.width() * height, width, height);
+          // Only a mean on the very border between two values may fall to either side.
+          ASSERT_LE(Difference(built[size_t(i)], SlowMean(image, share, isColor)), 1)
+              << "seed " << seed << ", tile " << i << " of " << tiles.width() << " across";
+        }
+      }
+    }
+  }
+}
+
+TEST(MosaicBuilder, HeedsThePicturesColourSpace) {
+  for (const auto name : {QColorSpace::DisplayP3, QColorSpace::AdobeRgb, QColorSpace::SRgb}) {
+    QImage image(8, 8, QImage::Format_RGB32);
+    image.fill(qRgb(90, 140, 170));
+    image.setColorSpace(QColorSpace(name));
+    const QRgb inSrgb = image.convertedToColorSpace(QColorSpace(QColorSpace::SRgb)).pixel(0, 0);
+    EXPECT_LE(Difference(BuildAll(Picture(image), {1, 1}).front(), inSrgb), 1) << name;
+  }
+}
+
+TEST(MosaicBuilder, StopsWhenToldAndGivesNoColourToWhatIsClear) {
+  const Picture picture(RandomImage(30, 30, QImage::Format_RGB32, 7));
+  int rows = 0;
+  EXPECT_FALSE(MosaicBuilder(picture, 3, 10, true).Run([&](auto) { return ++rows < 4; }));
+  EXPECT_EQ(rows, 4);
+  QImage clear(2, 2, QImage::Format_ARGB32);
+  clear.fill(Qt::transparent);
+  EXPECT_EQ(BuildAll(Picture(clear), {1, 1}), std::vector<QRgb>{0});
+}
+
+MosaicGeometry Divide(int across, int spacing, float width, bool usePercent = false) {
+  MosaicParameters params{};
+  params.tilesAcross = across;
+  params.tilesDown = 2;
+  params.tileSpacingHorizontal = spacing;
+  params.newWidth = width;
+  params.newHeight = 1;
+  MosaicDialogState state{};
+  state.usePercent = usePercent;
+  return MosaicGeometry::From(params, state, {640, 480});
+}
+
+TEST(MosaicGeometry, DividesTheNewSizeAmongTilesAndSpacing) {
+  const MosaicGeometry lengths = Divide(10, 4, 100);
+  EXPECT_DOUBLE_EQ(lengths.tile.width(), 6.4);
+  EXPECT_DOUBLE_EQ(lengths.tile.height(), 0.5);
+  EXPECT_DOUBLE_EQ(lengths.Left(9) + lengths.tile.width(), 100);
+  EXPECT_TRUE(lengths.HasGaps());
+  EXPECT_EQ(Divide(10, 4, 0.5f, true).size, QSizeF(320, 480));
+  EXPECT_FALSE(Divide(1, 4, 10).HasGaps());
+
+  constexpr float kNoNumber = std::numeric_limits<float>::quiet_NaN();
+  const struct {
+    int across, spacing;
+    float width;
+  } kRefused[] = {{10, 12, 100},      {11, 10, 100}, {2, -1, 100}, {10, 0, 0},
+                  {10, 0, kNoNumber}, {0, 0, 100},   {-5, 0, 100}};
+  for (const auto& [across, spacing, width] : kRefused)
+    EXPECT_THROW(Divide(across, spacing, width), StudioError) << across << " " << spacing;
+}
+
+}  // namespace
