@@ -147,6 +147,7 @@ TEST(StringList, ReadsEntriesWithGapsAndRefusesDamageWithFileLineAndReason) {
       {"1\ta\n2 b\n", "list.txt:2: no tab between index and text"},
       {"1\ta\n\n1\tb\n", "list.txt:3: index 1 after index 1"},
       {"1x\ta\n", "list.txt:1: \"1x\" is no index from 1 to 32767"},
+      {"32768\ta\n", "list.txt:1: \"32768\" is no index from 1 to 32767"},
       {"99999999999\ta\n", "list.txt:1: \"99999999999\" is no index from 1 to 32767"},
       {"1\t\xC3(\n", "list.txt:1: the line is not UTF-8"},
       {std::string("1\ta\0b\n", 6), "list.txt:1: the line contains a NUL"},
