@@ -2,7 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <boost/smart_ptr/make_shared.hpp>
 #include <cmath>
 
 #include "nrvui/test_dialog.h"
@@ -101,8 +100,7 @@ TEST(Click, ButtonsNotifyAndTheRegisteredOnesClose) {
   EXPECT_EQ(test.Notified(), "ok:1 ratio:1");
 
   TestDialog closedByHandler;
-  closedByHandler.ok->NotifyWhenChanged(boost::make_shared<ChangeNotifyFunction>(
-      [&](auto*) { closedByHandler.dialog->DefaultCloseCancel(); }));
+  WhenChanged(*closedByHandler.ok, [&] { closedByHandler.dialog->DefaultCloseCancel(); });
   Click(*closedByHandler.dialog, *closedByHandler.ok);
   EXPECT_EQ(closedByHandler.dialog->GetResponse(), kCancelResponse);
 }

@@ -1,6 +1,5 @@
 #include <gtest/gtest.h>
 
-#include <boost/smart_ptr/make_shared.hpp>
 #include <filesystem>
 #include <fstream>
 #include <stdexcept>
@@ -13,93 +12,75 @@ using namespace nrvui::ui;
 
 namespace {
 
-/// What a script does to a fresh test dialog.
-struct Played {
-  explicit Played(const std::string& text)
-      : presenter(GestureScript::Parse(text, "f"),
-                  [this](const std::string& message) { reports += message + "|"; }) {
+/// Plays a script on the dialog and tells the response, who was notified, and what was said.
+std::string Play(const std::string& text, TestDialog& test) {
+  std::string said;
+  const auto say = [&](const std::string& sentence) { said += "|" + sentence; };
+  try {
+    ScriptedPresenter presenter(GestureScript::Parse(text, "f"), say);
     const InstalledPresenter installed(presenter);
     test.dialog->RunModal();
+    if (presenter.Error()) say(presenter.Error()->what());
+  } catch (const ScriptError& unreadable) {
+    say(unreadable.what());
   }
-
-  DialogResponse Response() const { return test.dialog->GetResponse(); }
-
-  TestDialog test;
-  std::string reports;
-  ScriptedPresenter presenter;
-};
-
-std::string ErrorOf(const std::string& text) {
-  try {
-    const Played played(text);
-    EXPECT_EQ(played.Response(), kCancelResponse) << text;
-    return played.presenter.Error() ? played.presenter.Error()->what() : "";
-  } catch (const ScriptError& error) {
-    return error.what();
-  }
+  constexpr const char* kResponses[] = {"open", "ok", "cancel"};
+  return kResponses[test.dialog->GetResponse()] + (" " + test.Notified()) + said;
 }
 
 }  // namespace
 
 TEST(Script, PlaysEveryGesture) {
-  Played played(
-      "\xEF\xBB\xBF# a person's visit\r\n"
-      "\n"
-      "  enter width 2 in   # as a length\r\n"
-      "enter name two  wörds\n"
-      "enter count\t40\n"
-      "click percent\n"
-      "resize 120.5 90\n"
-      "key Return");
-  EXPECT_EQ(played.Response(), kOkResponse);
-  EXPECT_EQ(played.test.width->GetNumber(), 144);
-  EXPECT_EQ(played.test.name->GetValue(), u"two  wörds");
-  EXPECT_EQ(played.test.count->GetNumber(), 40);
-  EXPECT_EQ(played.test.dialog->GetContentSize(), (nrvcore::geom::PointT<float>{120, 90}));
-  EXPECT_EQ(played.test.Notified(), "count:1 name:1 percent:1 width:1");
-  EXPECT_EQ(played.reports, "");
-
-  EXPECT_EQ(Played("key Escape").Response(), kCancelResponse);
-  EXPECT_EQ(Played("close").Response(), kCancelResponse);
+  TestDialog test;
+  EXPECT_EQ(Play("\xEF\xBB\xBF# a person's visit\r\n"
+                 "\n"
+                 "  enter width 2 in   # as a length\r\n"
+                 "enter name two  wörds\n"
+                 "enter count\t40\n"
+                 "click percent\r\n"
+                 "resize 120.5 90\n"
+                 "key Return",
+                 test),
+            "ok count:1 name:1 percent:1 width:1");
+  EXPECT_EQ(test.width->GetNumber(), 144);
+  EXPECT_EQ(test.name->GetValue(), u"two  wörds");
+  EXPECT_EQ(test.count->GetNumber(), 40);
+  EXPECT_EQ(test.dialog->GetContentSize(), (nrvcore::geom::PointT<float>{120, 90}));
 }
 
-TEST(Script, NothingIsPulledOrLeftOpenSilently) {
-  Played played("enter width 9000\nclick percent\n");
-  EXPECT_EQ(played.reports,
-            "f:1: 9000 pt is more than 8640 pt; 8640 pt was put in its place.|"
-            "f: the script ended with the dialog open; it was cancelled|");
-  EXPECT_EQ(played.Response(), kCancelResponse);
-  EXPECT_FALSE(played.presenter.Error().has_value());
+TEST(Script, SaysWhatWasPulledOrLeftOpenAndWhereItCannotBeReadOrPlayed) {
+  const struct {
+    const char* script;
+    const char* story;
+  } cases[] = {
+      {"key Escape", "cancel "},
+      {"close", "cancel "},
+      {"enter width 9000\nclick percent\n",
+       "cancel percent:1 width:1|f:1: 9000 pt is more than 8640 pt; 8640 pt was put in its place."
+       "|f: the script ended with the dialog open; it was cancelled"},
+      {"close\nwave ok", "open |f:2: there is no gesture \"wave\""},
+      {"enter", "open |f:1: it should read: enter ID TEXT"},
+      {"click ok cancel", "open |f:1: it should read: click ID"},
+      {"key Enter", "open |f:1: it should read: key Return, or key Escape"},
+      {"close now", "open |f:1: it should read: close"},
+      {"resize 5 5pt", "open |f:1: it should read: resize WIDTH HEIGHT"},
+      {"close\n\nclick \xFF", "open |f:3: the line is not UTF-8 text"},
+      {"\nenter nowhere 5", "cancel |f:2: the dialog has no control \"nowhere\""},
+      {"enter width", "cancel |f:1: \"\" is not a number."},
+      {"click ok\nclick percent", "cancel ok:1|f:2: The dialog has already closed."},
+      {"resize 99999 1", "cancel |f:1: A window can't be 99999 × 1 large."},
+  };
+  for (const auto& [script, story] : cases) {
+    TestDialog test;
+    EXPECT_EQ(Play(script, test), story);
+  }
 }
 
 TEST(Script, ErrorsOfHandlersPassThrough) {
   TestDialog test;
-  test.ratio->NotifyWhenChanged(boost::make_shared<nrvui::controls::ChangeNotifyFunction>(
-      [](auto*) { throw std::out_of_range("handler"); }));
-  ScriptedPresenter presenter(GestureScript::Parse("click ratio\nkey Return", "f"));
-  const InstalledPresenter installed(presenter);
-  EXPECT_THROW(test.dialog->RunModal(), std::out_of_range);
+  WhenChanged(*test.ratio, [] { throw std::out_of_range("handler"); });
+  EXPECT_THROW(Play("click ratio\nkey Return", test), std::out_of_range);
   EXPECT_EQ(test.dialog->GetResponse(), kNoResponse);
-}
-
-TEST(Script, WhatCannotBeReadOrPlayedSaysWhereAndCancels) {
-  const struct {
-    const char* text;
-    const char* error;
-  } cases[] = {
-      {"close\nwave ok", "f:2: there is no gesture \"wave\""},
-      {"enter", "f:1: it should read: enter ID TEXT"},
-      {"click ok cancel", "f:1: it should read: click ID"},
-      {"key Enter", "f:1: it should read: key Return, or key Escape"},
-      {"close now", "f:1: it should read: close"},
-      {"resize 5 5pt", "f:1: it should read: resize WIDTH HEIGHT"},
-      {"close\n\nclick \xFF", "f:3: the line is not UTF-8 text"},
-      {"\nenter nowhere 5", "f:2: the dialog has no control \"nowhere\""},
-      {"enter width", "f:1: \"\" is not a number."},
-      {"click ok\nclick percent", "f:2: The dialog has already closed."},
-      {"resize 99999 1", "f:1: A window can't be 99999 × 1 large."},
-  };
-  for (const auto& [text, error] : cases) EXPECT_EQ(ErrorOf(text), error);
 }
 
 TEST(Script, IsReadFromAFileOfAnyLength) {

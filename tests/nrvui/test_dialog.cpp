@@ -2,14 +2,17 @@
 
 #include <boost/smart_ptr/make_shared.hpp>
 
-#include "platform/nrvui/message_function_adapter.h"
-
 using namespace nrvui::controls;
 using namespace nrvui::ui;
 
 PlainDialog::PlainDialog(bool hasCloseBox)
     : UI_Dialog(nullptr, u"Test", {10, 20}, {100, 100}, false, nullptr, true, false, true,
                 hasCloseBox, 0, 1) {}
+
+void WhenChanged(UI_ControlView& control, const std::function<void()>& work) {
+  control.NotifyWhenChanged(
+      boost::make_shared<ChangeNotifyFunction>([work](MessageT<UI_Node>*) { work(); }));
+}
 
 TestDialog::TestDialog() {
   dialog->GetRootView()->ChildPushBack(panel);
@@ -21,8 +24,8 @@ TestDialog::TestDialog() {
   count = Add<UI_UnitNumberEdit>(panel, "count");
   name = Add<UI_TextEdit>(panel, "name");
   percent = Add<UI_Checkbox>(panel, "percent");
-  color = Add<UI_RadioButton>(panel, "color");
-  gray = Add<UI_RadioButton>(dialog->GetRootView(), "gray");
+  color = Add<UI_RadioButton>(dialog->GetRootView(), "color");
+  gray = Add<UI_RadioButton>(panel, "gray");
   across = Add<UI_RadioButton>(panel, "across");
   down = Add<UI_RadioButton>(panel, "down");
   for (const auto& radio : {color, gray}) radio->SetGroup("colors");
@@ -34,14 +37,6 @@ TestDialog::TestDialog() {
   cancel = Add<UI_Button>(panel, "cancel");
   dialog->SetOkButton(ok);
   dialog->SetCancelButton(cancel);
-}
-
-void TestDialog::Watch(UI_ControlView& control, const std::string& id) {
-  using Adapter = MessageFunctionAdapter<MessageT<UI_Node>, UI_ControlChangedMessage>;
-  const auto note = [this, id](UI_ControlChangedMessage* message) {
-    if (message->GetSender().UI_GetNodeID().View() == id) ++notified[id];
-  };
-  control.NotifyWhenChanged(boost::make_shared<ChangeNotifyFunction>(Adapter(note)));
 }
 
 std::string TestDialog::Notified() {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <map>
 #include <string>
 
@@ -16,6 +17,9 @@ class PlainDialog : public nrvui::ui::UI_Dialog {
   explicit PlainDialog(bool hasCloseBox = true);
 };
 
+/// Calls `work` when a person has changed the control, in the place of whoever was called before.
+void WhenChanged(nrvui::controls::UI_ControlView& control, const std::function<void()>& work);
+
 /// One control of each kind on panels, with a count of the notifications that each got.
 class TestDialog {
  public:
@@ -25,7 +29,7 @@ class TestDialog {
   boost::intrusive_ptr<Control> Add(const Parent& parent, const char* id) {
     const boost::intrusive_ptr<Control> control = new Control;
     control->UI_SetNodeID(id);
-    Watch(*control, id);
+    WhenChanged(*control, [this, id] { ++notified[id]; });
     parent->ChildPushBack(control);
     return control;
   }
@@ -44,7 +48,5 @@ class TestDialog {
   boost::intrusive_ptr<nrvui::controls::UI_Button> ok, cancel;
 
  private:
-  void Watch(nrvui::controls::UI_ControlView& control, const std::string& id);
-
   std::map<std::string, int> notified;
 };
