@@ -7,7 +7,7 @@
 class Field : public MosaicWindowTest {};
 
 TEST_F(Field, SaysWhatItTakesAndWhatWasWrong) {
-  const ResultCode code = Run([](const OpenWindow& open) {
+  LookAt([](const OpenWindow& open) {
     EXPECT_TRUE(open.Field("NewWidthTxt").hasFocus());
     EXPECT_EQ(open.Field("NewWidthTxt").selectedText(), "300 pt");
     EXPECT_EQ(open.Message(), "Width: 0 pt to 8640 pt; mm, cm, in and px are understood too.");
@@ -16,30 +16,28 @@ TEST_F(Field, SaysWhatItTakesAndWhatWasWrong) {
     open.Key(Qt::Key_Tab);
     EXPECT_EQ(open.Text("NewWidthTxt"), "8640 pt");
     EXPECT_TRUE(open.Field("NewWidthTxt").IsMarked());
-    const QString tooMuch = open.Message().replace(QChar::Nbsp, ' ');
+    const QString tooMuch = open.Message();
     EXPECT_EQ(tooMuch,
               "Width: 9000 pt is more than 8640 pt; 8640 pt was put in its place. "
               "Allowed here: 0 pt to 8640 pt.");
 
     // It stays while the person is busy elsewhere, and another problem only covers it.
     open.Click("GrayRadio");
-    EXPECT_EQ(open.Message().replace(QChar::Nbsp, ' '), tooMuch);
+    EXPECT_EQ(open.Message(), tooMuch);
     open.Type("VerticalCountTxt", "tiles");
     open.Key(Qt::Key_Tab);
     EXPECT_EQ(open.Text("VerticalCountTxt"), "20");
-    EXPECT_TRUE(open.Message().contains("\"tiles\" is not a number"));
-    EXPECT_TRUE(open.Message().replace(QChar::Nbsp, ' ').contains("1 to 8640"));
+    EXPECT_EQ(open.Message(), "Down: \"tiles\" is not a number. Allowed here: 1 to 8640.");
     open.Type("VerticalCountTxt", "21");
     open.Key(Qt::Key_Tab);
     EXPECT_FALSE(open.Field("VerticalCountTxt").IsMarked());
-    EXPECT_EQ(open.Message().replace(QChar::Nbsp, ' '), tooMuch);
+    EXPECT_EQ(open.Message(), tooMuch);
     open.Type("NewWidthTxt", "3in");
     open.Key(Qt::Key_Tab);
     EXPECT_EQ(open.Text("NewWidthTxt"), "216 pt");
     EXPECT_FALSE(open.Field("NewWidthTxt").IsMarked());
     EXPECT_TRUE(open.Message().startsWith("Height: 0 pt to 8640 pt;"));
   });
-  EXPECT_EQ(code, ResultCode::kCancelled);
 }
 
 TEST_F(Field, IsEnteredByOkAndReturnUnlessThePersonMustLook) {
@@ -122,19 +120,27 @@ TEST_F(Field, StepsByKeysWheelAndButtons) {
 }
 
 /// Hand-built fields, whose nodes the test can look at.
-TEST(FieldOfAnyDialog, KeepsDecimalsThatItDoesNotShow) {
+TEST(FieldOfAnyDialog, KeepsDecimalsThatItDoesNotShowAndTextAsItIsTyped) {
   TestDialog test;
   test.width->SetNumber(1.0 / 3);
   Present(*test.dialog, [&](const OpenWindow& open) {
     open.Click("width");
     open.Click("name");
-    EXPECT_EQ(test.width->GetNumber(), 1.0 / 3);
+    EXPECT_EQ(test.Notified(), "");
+    open.Type("name", "x & y");
+    QFocusEvent menuOpened(QEvent::FocusOut, Qt::PopupFocusReason);
+    QCoreApplication::sendEvent(&open.Field("name"), &menuOpened);
+    EXPECT_EQ(test.Notified(), "");
+    open.Key(Qt::Key_Tab);
+    EXPECT_EQ(test.name->GetValue().View(), u"x & y");
+    open.Type("name", "");
+    open.Click("width");
+    EXPECT_TRUE(test.name->GetValue().IsEmpty());
     open.Type("width", "2");
-    EXPECT_EQ(test.width->GetNumber(), 1.0 / 3);
     open.Key(Qt::Key_Escape);
   });
   EXPECT_EQ(test.width->GetNumber(), 1.0 / 3);
-  EXPECT_EQ(test.Notified(), "");
+  EXPECT_EQ(test.Notified(), "name:2");
 }
 
 TEST(FieldOfAnyDialog, DescribesBoundsOfEveryKind) {
@@ -152,20 +158,4 @@ TEST(FieldOfAnyDialog, DescribesBoundsOfEveryKind) {
     test.count->SetCustomUnit(nrvui::controls::UI_UnitNumberEdit::kPercentUnit);
     EXPECT_EQ(range(), "at most -1 %");
   });
-}
-
-TEST(FieldOfAnyDialog, TakesTextAsItIsTyped) {
-  TestDialog test;
-  Present(*test.dialog, [&](const OpenWindow& open) {
-    open.Type("name", "x & y");
-    QFocusEvent menuOpened(QEvent::FocusOut, Qt::PopupFocusReason);
-    QCoreApplication::sendEvent(&open.Field("name"), &menuOpened);
-    EXPECT_TRUE(test.name->GetValue().IsEmpty());
-    open.Key(Qt::Key_Tab);
-    EXPECT_EQ(test.name->GetValue().View(), u"x & y");
-    open.Type("name", "");
-    open.Key(Qt::Key_Return);
-  });
-  EXPECT_TRUE(test.name->GetValue().IsEmpty());
-  EXPECT_EQ(test.dialog->GetResponse(), nrvui::ui::kOkResponse);
 }

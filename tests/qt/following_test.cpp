@@ -1,7 +1,4 @@
 #include <QApplication>
-#include <QCheckBox>
-#include <QLabel>
-#include <QRadioButton>
 
 #include "nrvui/test_dialog.h"
 #include "platform/nrvui/ui_layout.h"
@@ -18,38 +15,35 @@ class Following : public WindowTest {
 
 TEST_F(Following, ShowsWhatCodeSetsAtOnce) {
   test.label->SetBuddy("count");
+  const struct {
+    std::function<void()> change;
+    const char *control, *property;
+    QVariant shown;
+  } changes[] = {
+      {[&] { test.width->SetNumber(12.5); }, "width", "text", "12.5 pt"},
+      {[&] { test.width->SetCustomUnit(UI_UnitNumberEdit::kPercentUnit); }, "width", "text",
+       "12.5 %"},
+      {[&] { test.name->SetValue(u"name"); }, "name", "text", "name"},
+      {[&] { test.percent->SetChecked(true); }, "percent", "checked", true},
+      {[&] { test.gray->SetValue(kRadioOn); }, "gray", "checked", true},  // code may select two
+      {[&] { test.color->SetValue(kRadioOff); }, "color", "checked", false},
+      {[&] { test.gray->SetValue(kRadioOff); }, "gray", "checked", false},  // or none
+      {[&] { test.ratio->SetCaption(u"&Ratio && more"); }, "ratio", "text", "Ratio && more"},
+      {[] {}, "ratio", "accessibleName", "Ratio & more"},
+      {[&] { test.ratio->ShowMnemonic(true); }, "ratio", "text", "&Ratio && more"},
+      {[&] { test.percent->SetCaption(u"\u5272\u5408(&P)"); }, "percent", "accessibleName",
+       QStringLiteral("\u5272\u5408")},
+      {[&] { test.label->SetCaption(u"&Tiles:"); }, "label", "text", "Tiles:"},
+      {[&] { test.count->SetDisabled(true); }, "count", "enabled", false},
+      {[&] { test.percent->UI_Show(false); }, "percent", "visible", false},
+      {[&] { test.panel->UI_Show(false); }, "count", "visible", false},
+      {[&] { test.panel->UI_Show(true); }, "count", "visible", true},
+  };
   Present(*test.dialog, [&](const OpenWindow& open) {
-    test.width->SetNumber(12.5);
-    EXPECT_EQ(open.Text("width"), "12.5 pt");
-    test.width->SetCustomUnit(UI_UnitNumberEdit::kPercentUnit);
-    EXPECT_EQ(open.Text("width"), "12.5 %");
-    test.name->SetValue(u"name");
-    EXPECT_EQ(open.Text("name"), "name");
-    test.percent->SetChecked(true);
-    EXPECT_TRUE(open.Get<QCheckBox>("percent").isChecked());
-    test.gray->SetValue(kRadioOn);  // code may select two
-    EXPECT_TRUE(open.Get<QRadioButton>("gray").isChecked());
-    test.color->SetValue(kRadioOff);
-    test.gray->SetValue(kRadioOff);  // or none
-    EXPECT_FALSE(open.Get<QRadioButton>("gray").isChecked());
-    test.ratio->SetCaption(u"&Ratio && more");
-    EXPECT_EQ(open.Get<QPushButton>("ratio").text(), "Ratio && more");
-    EXPECT_EQ(open.Get("ratio").accessibleName(), "Ratio & more");
-    test.percent->SetCaption(u"\u5272\u5408(&P)");
-    EXPECT_EQ(open.Get("percent").accessibleName(), u"\u5272\u5408");
-    test.ratio->ShowMnemonic(true);
-    EXPECT_EQ(open.Get<QPushButton>("ratio").text(), "&Ratio && more");
-    test.label->SetCaption(u"&Tiles:");
-    EXPECT_EQ(open.Get<QLabel>("label").text(), "Tiles:");
-    test.count->SetDisabled(true);
-    EXPECT_FALSE(open.Get("count").isEnabled());
-    test.percent->UI_Show(false);
-    EXPECT_FALSE(open.Get("percent").isVisible());
-    test.panel->UI_Show(false);
-    EXPECT_FALSE(open.Get("count").isVisible());
-    test.panel->UI_Show(true);
-    EXPECT_TRUE(open.Get("count").isVisible());
-
+    for (const auto& [change, control, property, shown] : changes) {
+      change();
+      EXPECT_EQ(open.Get(control).property(property), shown) << control << ' ' << property;
+    }
     // A value that code sets takes the place of what is being typed, and of a complaint.
     open.Type("width", "400 %");
     test.width->SetNumber(3);

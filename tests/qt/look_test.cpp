@@ -25,26 +25,6 @@ constexpr Look kLooks[] = {
     {"LightSmallRightToLeft", qtui::Theme::kLight, 0.7, Qt::RightToLeft, false},
 };
 
-/// Gives the application a look, and takes it back.
-class LookScope {
- public:
-  explicit LookScope(const Look& look) : font(QApplication::font()) {
-    qtui::ApplyTheme(look.theme);
-    QFont scaled = font;
-    scaled.setPointSizeF(font.pointSizeF() * look.fontScale);
-    QApplication::setFont(scaled);
-    QApplication::setLayoutDirection(look.direction);
-  }
-  ~LookScope() {
-    QApplication::setLayoutDirection(Qt::LeftToRight);
-    QApplication::setFont(font);
-    qtui::ApplyTheme(qtui::Theme::kSystem);
-  }
-
- private:
-  QFont font;
-};
-
 /// Everything that a person reads, types in or clicks.
 QList<QWidget*> VisibleControls(const QWidget& window) {
   QList<QWidget*> controls;
@@ -62,14 +42,10 @@ QRect RectIn(const QWidget& window, const QWidget& widget) {
   return {widget.mapTo(&window, QPoint()), widget.size()};
 }
 
-bool ShowsSomething(const QImage& picture, const QRect& rect) {
-  const QRgb first = picture.pixel(rect.topLeft());
-  for (int y = rect.top(); y <= rect.bottom(); ++y) {
-    for (int x = rect.left(); x <= rect.right(); ++x) {
-      if (picture.pixel(x, y) != first) return true;
-    }
-  }
-  return false;
+bool ShowsSomething(const QImage& picture) {
+  QImage blank = picture;
+  blank.fill(picture.pixelColor(0, 0));
+  return picture != blank;
 }
 
 void ExpectWellLaidOut(const QWidget& window, int controlCount) {
@@ -92,7 +68,7 @@ void ExpectWellLaidOut(const QWidget& window, int controlCount) {
         isWrapped ? QSize(0, label->heightForWidth(rect.width())) : widget->sizeHint();
     EXPECT_EQ(rect.size().expandedTo(needed), rect.size()) << name;
     const QRect pixels(rect.topLeft() * ratio, rect.size() * ratio);
-    EXPECT_TRUE(ShowsSomething(picture, pixels)) << name;
+    EXPECT_TRUE(ShowsSomething(picture.copy(pixels))) << name;
     for (const QWidget* other : controls) {
       EXPECT_TRUE(other == widget || !rect.intersects(RectIn(window, *other))) << name;
     }
@@ -103,11 +79,25 @@ void ExpectWellLaidOut(const QWidget& window, int controlCount) {
 
 class LookTest : public MosaicWindowTest, public testing::WithParamInterface<Look> {
  protected:
-  const LookScope scope{GetParam()};
+  LookTest() {
+    qtui::ApplyTheme(GetParam().theme);
+    QFont scaled = font;
+    scaled.setPointSizeF(font.pointSizeF() * GetParam().fontScale);
+    QApplication::setFont(scaled);
+    QApplication::setLayoutDirection(GetParam().direction);
+    record.sizeUnavailable = GetParam().isSizeKnown ? 0 : 1;
+  }
+  ~LookTest() override {
+    QApplication::setLayoutDirection(Qt::LeftToRight);
+    QApplication::setFont(font);
+    qtui::ApplyTheme(qtui::Theme::kSystem);
+  }
+
+ private:
+  const QFont font = QApplication::font();
 };
 
 TEST_P(LookTest, ClipsAndCoversNothing) {
-  record.sizeUnavailable = GetParam().isSizeKnown ? 0 : 1;
   const bool isDark = GetParam().theme == qtui::Theme::kDark;
   EXPECT_EQ(QApplication::palette().color(QPalette::Window).lightness() < 100, isDark);
   LookAt([](const OpenWindow& open) {

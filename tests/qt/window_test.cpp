@@ -1,27 +1,18 @@
 #include "qt/window_test.h"
 
 #include <QApplication>
-#include <QCheckBox>
-#include <QRadioButton>
 
 #include "platform/nrvui/ui_dialog.h"
 #include "platform/standin/held_suite.h"
 
-namespace {
-
-QStringList warnings;
-
-void NoteWarning(QtMsgType, const QMessageLogContext&, const QString& message) {
-  warnings += message;
-}
-
-}  // namespace
+static QStringList warnings;
 
 int main(int argc, char** argv) {
   testing::InitGoogleTest(&argc, argv);
   const QApplication application(argc, argv);
   QApplication::setCursorFlashTime(0);  // pictures must not depend on the moment
-  qInstallMessageHandler(NoteWarning);
+  qInstallMessageHandler(
+      [](QtMsgType, const QMessageLogContext&, const QString& message) { warnings += message; });
   return RUN_ALL_TESTS();
 }
 
@@ -31,14 +22,17 @@ qtui::TextField& OpenWindow::Field(const char* objectName) const {
   return field != nullptr ? *field : *widget.findChild<qtui::TextField*>();
 }
 
+QString OpenWindow::Message() const {
+  return Get<qtui::MessageLine>("messages").Text().replace(QChar::Nbsp, ' ');
+}
+
 void OpenWindow::Click(const char* objectName) const {
   QWidget& widget = Get(objectName);
-  const bool hasIndicator =
-      qobject_cast<QCheckBox*>(&widget) || qobject_cast<QRadioButton*>(&widget);
-  const int inset = widget.height() / 2;
-  const QPoint indicator(widget.isRightToLeft() ? widget.width() - inset : inset, inset);
-  const QPoint target = widget.mapTo(&window, hasIndicator ? indicator : widget.rect().center());
-  QTest::mouseClick(window.windowHandle(), Qt::LeftButton, Qt::NoModifier, target);
+  const int inset =
+      widget.height() / 2;  // from where the line begins, as boxes have their mark there
+  const QPoint target(widget.isRightToLeft() ? widget.width() - inset : inset, inset);
+  QTest::mouseClick(window.windowHandle(), Qt::LeftButton, Qt::NoModifier,
+                    widget.mapTo(&window, target));
 }
 
 void OpenWindow::Type(const char* objectName, const char* text) const {
@@ -52,13 +46,21 @@ void OpenWindow::Key(Qt::Key key, Qt::KeyboardModifiers modifiers) const {
   QTest::keyClick(window.windowHandle(), key, modifiers);
 }
 
-void Present(nrvui::ui::UI_Dialog& dialog, const Person& person) {
-  qtui::QtPresenter presenter;
-  presenter.WhenPainted([&](QWidget& window) {
+static void ShowTo(const Person& person, qtui::QtPresenter& presenter) {
+  presenter.WhenPainted([person](QWidget& window) {
     ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
     person(OpenWindow(window));
-    if (dialog.GetResponse() == nrvui::ui::kNoResponse) dialog.DefaultCloseCancel();
+    if (window.isVisible()) window.close();
   });
+}
+
+void Present(nrvui::ui::UI_Dialog& dialog, const Person& person) {
+  qtui::QtPresenter presenter;
+  const auto personWhoLeaves = [&](const OpenWindow& open) {
+    person(open);
+    if (dialog.GetResponse() == nrvui::ui::kNoResponse) dialog.DefaultCloseCancel();
+  };
+  ShowTo(personWhoLeaves, presenter);
   const nrvui::ui::InstalledPresenter installed(presenter);
   dialog.RunModal();
 }
@@ -96,11 +98,7 @@ ResultCode MosaicWindowTest::RunWith(nrvui::ui::DialogPresenter& presenter) {
 
 ResultCode MosaicWindowTest::Run(const Person& person) {
   qtui::QtPresenter presenter;
-  presenter.WhenPainted([&](QWidget& window) {
-    ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
-    person(OpenWindow(window));
-    if (window.isVisible()) window.close();
-  });
+  ShowTo(person, presenter);
   return RunWith(presenter);
 }
 

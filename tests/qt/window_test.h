@@ -28,7 +28,7 @@ class OpenWindow {
   /// Where the text of a field is typed and shown.
   qtui::TextField& Field(const char* objectName) const;
   QString Text(const char* objectName) const { return Field(objectName).text(); }
-  QString Message() const { return Get<qtui::MessageLine>("messages").Text(); }
+  QString Message() const;  // with plain blanks
 
   void Click(const char* objectName) const;
   /// Replaces the field's text and stays in it.
