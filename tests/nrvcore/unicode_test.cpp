@@ -27,7 +27,7 @@ TEST(Unicode, BothEncodingsSayTheSameAndReplaceOnlyWhatIsMalformed) {
     EXPECT_EQ(IsValidUTF8(utf8), isValid);
     EXPECT_EQ(UTF16ToUTF8(utf16).View() == utf8, isValid);
   }
-  const std::u16string halves = {u'x', 0xDC00, 0xD800};
-  EXPECT_EQ(UTF16ToUTF8(halves).View(), "x\xEF\xBF\xBD\xEF\xBF\xBD");
+  const std::u16string halves = {u'x', 0xDC00, 0xD800, u'y', 0xD800};
+  EXPECT_EQ(UTF16ToUTF8(halves).View(), "x\xEF\xBF\xBD\xEF\xBF\xBDy\xEF\xBF\xBD");
   EXPECT_EQ(AsciiToUTF16("Dark \xE4").View(), u"Dark \uFFFD");
 }

@@ -29,8 +29,8 @@ class LedgerTest : public testing::Test {
 TEST_F(LedgerTest, NamesWhatIsForgottenForeignOrFreedTwice) {
   void* empty = nullptr;
   void* block = nullptr;
-  ASSERT_EQ(QPBasicAllocateBlock(0, &empty), ResultCode::kSuccess);
   ASSERT_EQ(ledger.Allocate(40, "table", &block), ResultCode::kSuccess);
+  ASSERT_EQ(QPBasicAllocateBlock(0, &empty), ResultCode::kSuccess);
   ASSERT_NE(empty, nullptr);
   EXPECT_EQ(ledger.Counts().blocks, before.blocks + 2);
   EXPECT_EQ(ledger.Counts().bytes, before.bytes + 40);

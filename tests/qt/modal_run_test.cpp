@@ -21,49 +21,36 @@ TEST_F(ModalRun, EndsWithWhatAHandlerThrows) {
       EXPECT_FALSE(open.window.isVisible());
     });
   };
-  EXPECT_THROW(clickAfterTyping("count", "percent"), Surprise);
-  // Also out of the focus change that ends an entry, and nothing is entered on the way out.
-  EXPECT_THROW(clickAfterTyping("width", "name"), std::runtime_error);
   EXPECT_NO_THROW(clickAfterTyping("width", "cancel"));
+  EXPECT_THROW(clickAfterTyping("count", "percent"), Surprise);
+  EXPECT_THROW(clickAfterTyping("width", "name"), std::runtime_error);
 }
 
 TEST_F(ModalRun, EndsWhenCodeClosesOrAbandonsTheDialog) {
-  WhenChanged(*test.ratio, [&] { test.dialog->SetResponse(nrvui::ui::kOkResponse); });
-  Present(*test.dialog, [](const OpenWindow& open) {
-    open.Click("ratio");
-    EXPECT_FALSE(open.window.isVisible());
-  });
-  EXPECT_EQ(test.dialog->GetResponse(), nrvui::ui::kOkResponse);
-
   auto* const dialog = test.dialog.get();
-  WhenChanged(*test.ratio, [&] { test.dialog.reset(); });
-  Present(*dialog, [&](const OpenWindow& open) {
-    open.Click("ratio");
-    EXPECT_FALSE(open.window.isVisible());
-  });
+  const std::function<void()> ends[] = {[&] { dialog->SetResponse(nrvui::ui::kOkResponse); },
+                                        [&] { test.dialog.reset(); }};
+  for (const auto& end : ends) {
+    WhenChanged(*test.ratio, end);
+    Present(*dialog, [&](const OpenWindow& open) {
+      open.Click("ratio");
+      EXPECT_FALSE(open.window.isVisible());
+    });
+  }
 }
 
-TEST_F(ModalRun, ClosesByItsOwnRules) {
-  const auto& dialog = *test.dialog;
+TEST_F(ModalRun, StaysOpenWhenTheDialogDoes) {
   Present(*test.dialog, [&](const OpenWindow& open) {
     test.ok->SetDisabled(true);
     open.Key(Qt::Key_Return);
-    open.Click("ok");
     test.cancel->SetDisabled(true);
     open.Key(Qt::Key_Escape);
-    EXPECT_EQ(dialog.GetResponse(), nrvui::ui::kNoResponse);
     EXPECT_TRUE(open.window.isVisible());
-    open.window.close();
-    EXPECT_FALSE(open.window.isVisible());
   });
-  EXPECT_EQ(dialog.GetResponse(), nrvui::ui::kCancelResponse);
-
   const boost::intrusive_ptr<PlainDialog> endless = new PlainDialog(false);
   Present(*endless, [&](const OpenWindow& open) {
     EXPECT_EQ(open.window.pos(), QPoint(10, 20));
     open.window.close();
-    EXPECT_TRUE(open.window.isVisible());
-    open.Key(Qt::Key_Return);
     EXPECT_TRUE(open.window.isVisible());
   });
   Present(*endless, [&](const OpenWindow&) { QCoreApplication::quit(); });
