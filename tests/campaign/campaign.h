@@ -3,6 +3,7 @@
 #include <cstddef>
 #include <functional>
 #include <random>
+#include <string>
 
 /// Campaigns come in a short form, for every test run, and in a long one, which is played when the
 /// environment says TESSERAE_CAMPAIGN=long.
@@ -39,5 +40,8 @@ template <typename Choices>
 const auto& Pick(Random& random, const Choices& choices) {
   return *(std::begin(choices) + static_cast<std::ptrdiff_t>(Below(random, std::size(choices))));
 }
+
+/// The same with a few bytes or longer pieces changed, lost, doubled or out of place.
+std::string Damaged(Random& random, std::string bytes);
 
 }  // namespace campaign

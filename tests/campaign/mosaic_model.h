@@ -64,13 +64,8 @@ class MosaicModel {
   void Click(const std::string& control) {
     if (isClosed || IsDisabled(control)) return;
     // A button that is selected already stays as it is, and so does the caller's flag.
-    const auto select = [&](uint8_t& flag, bool value) {
-      if ((flag != 0) != value) flag = value;
-    };
-    if (control == "HorizontalRadio") select(record.keepHorizontal, true);
-    if (control == "VerticalRadio") select(record.keepHorizontal, false);
-    if (control == "ColorRadio") select(record.isColor, true);
-    if (control == "GrayRadio") select(record.isColor, false);
+    if (control.ends_with("Radio") && !IsOn(control))
+      record.*kRadios.at(control).flag = kRadios.at(control).value;
     if (control == "DeleteRasterChk") record.deleteRaster = record.deleteRaster == 0;
     if (control == "UsePercentChk") {
       state.usePercent = state.usePercent == 0;
@@ -105,11 +100,10 @@ class MosaicModel {
   }
   /// Of a radio button or a box.
   bool IsOn(const std::string& control) const {
-    if (control.ends_with("Chk"))
-      return (control == "UsePercentChk" ? state.usePercent : record.deleteRaster) != 0;
-    const bool isFirst = control == "HorizontalRadio" || control == "ColorRadio";
-    const bool isSide = control == "HorizontalRadio" || control == "VerticalRadio";
-    return ((isSide ? record.keepHorizontal : record.isColor) != 0) == isFirst;
+    if (control == "UsePercentChk") return state.usePercent != 0;
+    if (control == "DeleteRasterChk") return record.deleteRaster != 0;
+    const Radio& radio = kRadios.at(control);
+    return (record.*radio.flag != 0) == radio.value;
   }
   /// Whether OK closed the dialog, and what is then in the caller's hands.
   bool IsOk() const { return isOk; }
@@ -118,17 +112,25 @@ class MosaicModel {
   const std::map<std::string, Field>& Fields() const { return fields; }
 
  private:
+  struct Radio {
+    uint8_t MosaicParameters::*flag;
+    bool value;
+  };
+  static inline const std::map<std::string, Radio> kRadios = {
+      {"HorizontalRadio", {&MosaicParameters::keepHorizontal, true}},
+      {"VerticalRadio", {&MosaicParameters::keepHorizontal, false}},
+      {"ColorRadio", {&MosaicParameters::isColor, true}},
+      {"GrayRadio", {&MosaicParameters::isColor, false}},
+  };
+
   void ResetSize() {
     const bool percent = state.usePercent != 0;
     const auto width = static_cast<int32_t>(int64_t{record.boundsRight} - record.boundsLeft);
     const auto height = static_cast<int16_t>(int64_t{record.boundsBottom} - record.boundsTop);
-    const bool whole = percent || !hasSize;
-    const auto field = [&](int16_t extent) {
-      return Field{whole ? 100.0 : extent, 0, percent ? 100.0 : 8640.0,
-                   percent ? Unit::kPercent : Unit::kLength};
-    };
-    fields["NewWidthTxt"] = field(static_cast<int16_t>(width));
-    fields["NewHeightTxt"] = field(height);
+    for (const auto& [name, extent] :
+         {std::pair("NewWidthTxt", static_cast<int16_t>(width)), {"NewHeightTxt", height}})
+      fields[name] = {percent || !hasSize ? 100.0 : extent, 0, percent ? 100.0 : 8640.0,
+                      percent ? Unit::kPercent : Unit::kLength};
     state.aspectRatio =
         hasSize && height != 0 ? static_cast<float>(width) / static_cast<float>(height) : 1.0f;
   }
