@@ -1,12 +1,12 @@
 #include <gtest/gtest.h>
 
-#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <sstream>
 
 #include "module/story.h"
 #include "platform/qpbasic/ledger.h"
+#include "standin/temporary_folder.h"
 
 namespace {
 
@@ -26,18 +26,9 @@ TEST(BuiltModule, LivesItsLifeAndLeavesNothing) {
 }
 
 /// The module's file in another place, so that its code is another image at another address.
-class ModuleCopy {
- public:
-  ModuleCopy() {
-    std::string pattern = (std::filesystem::temp_directory_path() / "moduleXXXXXX").string();
-    folder = mkdtemp(pattern.data());
-    std::filesystem::copy_file(ModuleFile(), File());
-  }
-  ~ModuleCopy() { std::filesystem::remove_all(folder); }
-  std::filesystem::path File() const { return folder / ModuleFile().filename(); }
-
- private:
-  std::filesystem::path folder;
+struct ModuleCopy : TemporaryFolder {
+  ModuleCopy() { std::filesystem::copy_file(ModuleFile(), file); }
+  const std::filesystem::path file = path / ModuleFile().filename();
 };
 
 TEST(BuiltModule, LeavesTheProcessAndComesBackElsewhere) {
@@ -57,7 +48,7 @@ TEST(BuiltModule, LeavesTheProcessAndComesBackElsewhere) {
 
   const ModuleCopy copy;
   const standin::ModuleImage tenant(ModuleFile());  // takes the place where the module was
-  ASSERT_EQ(module.Reload(copy.File()), ResultCode::kSuccess);
+  ASSERT_EQ(module.Reload(copy.file), ResultCode::kSuccess);
   EXPECT_EQ(module.Globals(), object);
   EXPECT_EQ(host.Suites().Find<MosaicSuite>(), table);
   EXPECT_NE(table->RunMosaicDialog, firstAddress);
@@ -82,7 +73,7 @@ TEST(BuiltModule, ShutsDownInCodeThatWasLoadedElsewhereAndNeverToldSo) {
   }
   const ModuleCopy copy;
   const standin::ModuleImage tenant(ModuleFile());  // takes the place where the module was
-  const standin::ModuleImage second(copy.File());
+  const standin::ModuleImage second(copy.file);
   EXPECT_EQ(second.Entry()("QP Interface", "Shutdown", &message), ResultCode::kSuccess);
   EXPECT_EQ(message.globals, nullptr);
   host.RemovePlugin(message.pluginRef);

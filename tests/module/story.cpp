@@ -5,51 +5,19 @@
 #include <algorithm>
 #include <cstring>
 
-#include "host/known_messages.h"
-#include "platform/nrvui/node_walk.h"
 #include "platform/nrvui/scripted_presenter.h"
-#include "platform/nrvui/ui_dialog.h"
 #include "platform/standin/host_codes.h"
 
 using nrvui::gestures::GestureScript;
 using nrvui::gestures::ScriptedPresenter;
-using nrvui::ui::UI_Dialog;
-using nrvui::ui::UI_Node;
 using standin::Module;
 
 namespace {
 
 constexpr const char* kNeededSuite = "VX Real Math Suite";
-constexpr int32_t kOwnTexts = 16050;
-constexpr int32_t kHostTexts = 257;
-
-/// Plays gestures on nodes that somebody follows.
-class ObservedPresenter final : public nrvui::ui::DialogPresenter {
- public:
-  ObservedPresenter(const char* gestures, nrvui::ui::NodeObserver* nodeObserver)
-      : observer(nodeObserver), scripted(GestureScript::Parse(gestures, "story")) {}
-
-  void Present(UI_Dialog& dialog) override {
-    dialog.UI_SetObserver(observer);
-    nrvui::ui::ForEachBelow<UI_Node>(dialog, [&](UI_Node& node) { node.UI_SetObserver(observer); });
-    scripted.Present(dialog);
-  }
-  bool WasStopped() const { return scripted.Error().has_value(); }
-
- private:
-  nrvui::ui::NodeObserver* observer;
-  ScriptedPresenter scripted;
-};
 
 ResultCode Reload(Module& module) {
   return module.Reload();
-}
-
-standin::StringList ListOf(std::initializer_list<const char*> entries) {
-  standin::StringList list;
-  int32_t index = 0;
-  for (const char* entry : entries) list.Set(++index, entry);
-  return list;
 }
 
 }  // namespace
@@ -62,11 +30,8 @@ Story::Story() : module(host, ModuleFile()) {}
 
 void Story::PlayLife() {
   Send("start up", &Module::StartUp);
-  for (const KnownMessage& message : kKnownMessages) {
-    if (message.IsUnload()) continue;
-    Send(message.selector, [&](Module& to) { return to.Send(message.caller, message.selector); });
-  }
-  Send("script", [](Module& to) { return to.Send("VX Script Message Caller", "any"); });
+  Send("about", &Module::About);
+  Send("go", [](Module& to) { return to.Send("VX Menu", "VX Go"); });
   for (const char* type : {"VX Application Started Notifier", "VX Other Notifier"})
     Send(type, [&](Module& to) { return to.Notify(type); });
   RunDialog(
@@ -89,9 +54,12 @@ void Story::PlayFailures() {
   const size_t alertsBefore = person.alerts.size();
   host.Suites().SetAbsent(kNeededSuite);
   Send("start up", &Module::StartUp, standin::kSuiteNotFound);
-  host.Lists().Replace(standin::ListOwner::kPlugin, kOwnTexts, ListOf({"none", "Reason: %s."}));
+  standin::StringList ownTexts;
+  ownTexts.Set(1, "none");
+  ownTexts.Set(2, "Reason: %s.");
+  host.Lists().Replace(standin::ListOwner::kPlugin, 16050, ownTexts);
   Send("start up", &Module::StartUp, standin::kSuiteNotFound);
-  host.Lists().Replace(standin::ListOwner::kHost, kHostTexts, {});
+  host.Lists().Replace(standin::ListOwner::kHost, 257, {});
   Send("start up", &Module::StartUp, standin::kSuiteNotFound);
   Send("message to nobody", &Module::About);
 
@@ -117,12 +85,12 @@ void Story::ForgetDisturbances() {
 }
 
 ResultCode Story::Call(const std::function<ResultCode()>& call) try {
-  before();
+  onCall(true);
   const ResultCode code = call();
-  after();
+  onCall(false);
   return code;
 } catch (...) {
-  after();
+  onCall(false);
   // Only a host that cannot load the code has an excuse.
   if (module.IsLoaded()) ADD_FAILURE() << "an exception left the module";
   return ResultCode::kOutOfMemory;
@@ -155,14 +123,14 @@ void Story::RunDialog(const Scene& scene) {
   const MosaicParameters givenRecord = record;
   const MosaicDialogState givenState = state;
 
-  ObservedPresenter presenter(scene.gestures, observer);
+  ScriptedPresenter presenter(GestureScript::Parse(scene.gestures, "story"));
   const nrvui::ui::InstalledPresenter installed(presenter);
   MosaicParameters* params = &record;
   const ResultCode code = Call([&] { return suite->RunMosaicDialog(&state, &params); });
   if (code != scene.expected) {
     undisturbed = false;
     // A dialog whose gestures could not be played is cancelled.
-    EXPECT_EQ(code, presenter.WasStopped() ? ResultCode::kCancelled : ResultCode::kCannot);
+    EXPECT_EQ(code, presenter.Error() ? ResultCode::kCancelled : ResultCode::kCannot);
   }
   if (code == ResultCode::kSuccess) {
     EXPECT_EQ(record.tilesAcross, record.tilesAcrossCopy);

@@ -5,7 +5,6 @@
 #include <vector>
 
 #include "mosaic/mosaic_suite.h"
-#include "platform/nrvui/node_observer.h"
 #include "platform/standin/host.h"
 #include "platform/standin/module.h"
 
@@ -18,15 +17,13 @@ class Story {
 
   Story();
 
-  /// From start-up to shut-down: every message, an unload and a reload, and the dialog confirmed,
+  /// From start-up to shut-down: messages, an unload and a reload, and the dialog confirmed,
   /// cancelled and closed, by lengths and by percentages, with and without a source size.
   void PlayLife();
   /// A host that lacks a suite at start-up, at reload and for a dialog, so that the module reports
   /// by each of its texts.
   void PlayFailures();
 
-  /// Adds one more code that a disturbed message may answer with.
-  void Allow(ResultCode code) { allowed.push_back(code); }
   /// Whether everything so far went as it does when nothing is disturbed.
   bool IsUndisturbed() const { return undisturbed; }
   void ForgetDisturbances();
@@ -34,11 +31,10 @@ class Story {
   standin::RecordingUserInterface person;
   standin::Host host{person};
 
-  /// Called before and after each call of the module.
-  std::function<void()> before = [] {};
-  std::function<void()> after = [] {};
-  /// Given to every node of each dialog that opens.
-  nrvui::ui::NodeObserver* observer = nullptr;
+  /// What a disturbed message may answer with.
+  std::vector<ResultCode> allowed;
+  /// Told when a call of the module begins and when it has ended.
+  std::function<void(bool isInside)> onCall = [](bool) {};
 
  private:
   /// What a caller asks for, and what the person does then.
@@ -54,7 +50,6 @@ class Story {
   ResultCode Call(const std::function<ResultCode()>& call);
 
   standin::Module module;
-  std::vector<ResultCode> allowed;
   bool undisturbed = true;
 };
 
