@@ -2,46 +2,35 @@
 
 #include <stdexcept>
 #include <string>
-#include <vector>
 
 #include "dialog/vxui_base_dialog.h"
 #include "host/suites.h"
 #include "host/unicode_string.h"
-#include "platform/nrvui/ui_button.h"
-#include "platform/nrvui/ui_checkbox.h"
 #include "platform/nrvui/ui_node_manager.h"
-#include "platform/nrvui/ui_panel.h"
+#include "platform/standin/layout_reader.h"
 #include "platform/vxui/drawing_supplier_source.h"
 #include "platform/vxui/modal_context.h"
 #include "platform/vxui/sheet_factory.h"
 
 namespace {
 
-using nrvcore::geom::PointT;
-using nrvcore::geom::RectT;
-using nrvui::controls::UI_Button;
 using nrvui::ui::DialogPlacement;
 using nrvui::ui::UI_Node;
 using NodeRef = boost::intrusive_ptr<UI_Node>;
-using Point = PointT<float>;
-
-std::vector<std::string> events;  // what happened to the host's objects, in order
-
-class TestSheet : public VXUICairnSheet {
- public:
-  ~TestSheet() override { events.push_back("sheet gone"); }
-};
+using Point = nrvcore::geom::PointT<float>;
+using Rect = nrvcore::geom::RectT<float>;
 
 class TestHolder final : public SheetHolder {
  public:
-  TestHolder() : view(new nrvui::ui::UI_Panel), layout(new nrvui::ui::UI_Panel) {
-    view->ChildPushBack(layout);
+  explicit TestHolder(const std::string& controls)
+      : tree(standin::ParseLayout("<sheet>" + controls + "</sheet>", "", nullptr)) {
     view->UI_Show(false);
+    view->UI_SetLocalRectF({0, 0, 320, 240});
   }
-  ~TestHolder() { events.push_back("holder gone"); }
+  ~TestHolder() { usersOfSheetAtEnd = sheet.use_count(); }
 
   NodeRef GetSheetView() override { return view; }
-  NodeRef GetLayoutNode() override { return layout; }
+  NodeRef GetLayoutNode() override { return tree.layout; }
   boost::shared_ptr<VXUICairnSheet> GetSheet() override { return sheet; }
   NodeRef GetInitialFocus() override { return focus; }
   void ResizeSheet(int32_t width, int32_t height) override { asked = {width, height}; }
@@ -50,29 +39,23 @@ class TestHolder final : public SheetHolder {
     callback = function;
   }
 
-  NodeRef Add(const NodeRef& parent, UI_Node* child, const char* nodeID) {
-    const NodeRef node(child);
-    node->UI_SetNodeID(nodeID);
-    parent->ChildPushBack(node);
-    return node;
-  }
-
-  NodeRef view;
-  NodeRef layout;
-  NodeRef focus;
-  boost::shared_ptr<VXUICairnSheet> sheet{new TestSheet};
+  standin::SheetTree tree;
+  NodeRef view = tree.view;
+  NodeRef focus = view;
+  boost::shared_ptr<VXUICairnSheet> sheet{new VXUICairnSheet};
   boost::shared_ptr<boost::function<void(const vx::UnicodeString&)>> callback;
   std::pair<int32_t, int32_t> asked{-1, -1};
+  inline static long usersOfSheetAtEnd = 0;
 };
 
-/// The host's half: hands out this test's factory through the basic suite.
+/// The host's half: its suite hands out this test's factory.
 class TestHost final : public SheetFactory, public DrawingSupplierSource {
  public:
   TestHost() {
     current = this;
-    basicSuite = &basic;
+    heldSuite<VXUserInterfaceMainSuite> = &suite;
   }
-  ~TestHost() { basicSuite = nullptr; }
+  ~TestHost() { heldSuite<VXUserInterfaceMainSuite> = nullptr; }
 
   boost::shared_ptr<SheetHolder> CreateSheetHolder(OpaqueModule* plugin, uint32_t resourceID,
                                                    const nrvcore::UTF16String& themeName) override {
@@ -90,22 +73,10 @@ class TestHost final : public SheetFactory, public DrawingSupplierSource {
   }
 
   inline static TestHost* current = nullptr;
-  VXUserInterfaceMainSuite main = {&Give<SheetFactory>, &Give<DrawingSupplierSource>};
-  QPBasicSuite basic = {
-      [](const char* name, int32_t version, const void** suite) {
-        if (!current->hasSuite) return ResultCode::kCannot;
-        EXPECT_STREQ(name, VXUserInterfaceMainSuite::kName);
-        EXPECT_EQ(version, 1001);
-        ++current->users;
-        *suite = &current->main;
-        return ResultCode::kSuccess;
-      },
-      [](const char*, int32_t) { return --current->users, ResultCode::kSuccess; }};
-  int users = 0;
-  bool hasSuite = true;
+  VXUserInterfaceMainSuite suite = {&Give<SheetFactory>, &Give<DrawingSupplierSource>};
   bool gives = true;
   nrvui::drawbot::SupplierInterface supplier;
-  boost::shared_ptr<TestHolder> holder{new TestHolder};
+  boost::shared_ptr<TestHolder> holder;
   std::pair<OpaqueModule*, uint32_t> requested;
   nrvcore::UTF16String theme;
   nrvui::ui::OS_View* registered = nullptr;
@@ -118,6 +89,8 @@ struct Options {
   const char* theme = nullptr;
 };
 
+const PluginRef kPlugin = reinterpret_cast<PluginRef>(0x1234);
+
 template <class T>
 class TestDialog : public VXUIBaseDialog<T> {
  public:
@@ -125,52 +98,41 @@ class TestDialog : public VXUIBaseDialog<T> {
       : VXUIBaseDialog<T>(kPlugin, "TestDialog", u"Test", 4711, options.position, nullptr,
                           options.center, 3, true, options.theme, options.attach,
                           Point{70.0f, 80.0f}) {}
-  ~TestDialog() override { events.push_back("dialog going"); }
 
   void OnSheetMessage(const vx::UnicodeString& message) override {
     heard = &message;
     VXUIBaseDialog<T>::OnSheetMessage(message);
   }
 
-  VXUICairnSheet* Sheet() const { return this->sheet.get(); }
-
   const vx::UnicodeString* heard = nullptr;
-
-  inline static const PluginRef kPlugin = reinterpret_cast<PluginRef>(0x1234);
 };
 
 using PlainDialog = TestDialog<nrvui::ui::UI_Dialog>;
 using DialogRef = boost::intrusive_ptr<PlainDialog>;
 
+std::string Button(const std::string& nodeID) {
+  return "<button id='" + nodeID + "' caption='$$$/a=b'/>";
+}
+
 class BaseDialogTest : public testing::Test {
  protected:
-  BaseDialogTest() { events.clear(); }
-
-  NodeRef AddButton(const NodeRef& parent, const char* nodeID) {
-    return host.holder->Add(parent, new UI_Button, nodeID);
+  /// What the next dialogs hold.
+  TestHolder& Lay(const std::string& controls) {
+    host.holder.reset(new TestHolder(controls));
+    return *host.holder;
   }
 
   TestHost host;
 };
 
 TEST_F(BaseDialogTest, SetsUpTheLayout) {
-  TestHolder& holder = *host.holder;
-  const NodeRef ok = AddButton(holder.layout, "okButton");
-  const NodeRef cancel = AddButton(holder.layout, "cancelButton");
-  holder.focus = ok;
-  holder.view->UI_SetLocalRectF({0, 0, 320, 240});
-  const DialogRef dialog(new PlainDialog);
+  TestHolder& holder = Lay(Button("okButton") + Button("cancelButton"));
+  DialogRef dialog(new PlainDialog);
 
-  EXPECT_EQ(host.requested.first, PlainDialog::kPlugin);
-  EXPECT_EQ(host.requested.second, 4711u);
+  EXPECT_EQ(host.requested, std::make_pair(kPlugin, 4711u));
   EXPECT_EQ(host.theme, nrvui::ui::GetDefaultThemeName());
-  EXPECT_EQ(host.users, 0);
   EXPECT_EQ(host.registered, dialog->GetRootView().get());
-  EXPECT_EQ(dialog->GetInitialFocus(), ok);
-  EXPECT_EQ(dialog->GetOkButton(), ok);
-  EXPECT_EQ(dialog->GetCancelButton(), cancel);
-  EXPECT_EQ(cancel->UI_GetIndex(), 0u) << "the two exchange their places";
-  EXPECT_EQ(ok->UI_GetIndex(), 1u);
+  EXPECT_EQ(dialog->GetInitialFocus(), holder.focus);
   EXPECT_EQ(dialog->GetMinimumSize(), (Point{320, 240}));
   EXPECT_EQ(dialog->GetContentSize(), (Point{320, 240}));
   EXPECT_EQ(holder.asked, std::make_pair(320, 240));
@@ -183,103 +145,91 @@ TEST_F(BaseDialogTest, SetsUpTheLayout) {
   EXPECT_EQ(dialog->GetDrawingSupplier(), &host.supplier);
   EXPECT_EQ(dialog->GetDialogPoint(), (Point{70, 80}));
   EXPECT_EQ(dialog->GetTitle(), u"Test");
-  EXPECT_TRUE(dialog->GetStyle().keepsCentre);
-  EXPECT_TRUE(dialog->GetStyle().hasTitleBar && dialog->GetStyle().hasCloseBox);
-  EXPECT_FALSE(dialog->GetStyle().staysOnTop || dialog->GetStyle().isToolWindow);
-  EXPECT_EQ(dialog->GetStyle().value, 3u);
-  EXPECT_EQ(dialog->GetStyle().flags, 1u);
-  EXPECT_EQ(dialog->Sheet(), holder.sheet.get());
-  EXPECT_FALSE(dialog->FindNodeByID("TestDialog")) << "the dialog is not below its root view";
+  const auto& style = dialog->GetStyle();
+  EXPECT_TRUE(style.keepsCentre && style.hasTitleBar && style.hasCloseBox);
+  EXPECT_FALSE(style.staysOnTop || style.isToolWindow);
+  EXPECT_EQ(style.value, 3u);
+  EXPECT_EQ(style.flags, 1u);
+
+  host.holder.reset();
+  dialog.reset();
+  EXPECT_EQ(TestHolder::usersOfSheetAtEnd, 2) << "the sheet outlives its holder";
 }
 
 TEST_F(BaseDialogTest, ButtonsAreFoundSwappedAndRegisteredByTheirRules) {
-  struct Case {
-    const char* cancelID;
-    bool sameParent;
-    bool isButton;
-    bool registered;
-    bool swapped;
+  const std::string cancel = Button("cancelButton");
+  const struct {
+    std::string inRow;
+    std::string last;
+    bool isRegistered;
+    bool isSwapped;
+  } cases[] = {
+      {"", cancel, true, true},
+      {cancel, "", true, false},
+      {"", Button("cancel_ResetButton"), false, true},
+      {"", "<checkbox id='cancelButton' caption='$$$/a=b'/>", false, false},
+      {"", Button("CancelButton"), false, false},
   };
-  const Case cases[] = {
-      {"cancelButton", true, true, true, true},        {"cancelButton", false, true, true, false},
-      {"cancel_ResetButton", true, true, false, true}, {"cancelButton", true, false, false, false},
-      {"CancelButton", true, true, false, false},
-  };
-  for (const Case& c : cases) {
-    SCOPED_TRACE(c.cancelID);
-    host.holder.reset(new TestHolder);
-    TestHolder& holder = *host.holder;
-    const NodeRef ok = AddButton(holder.layout, "okButton");
-    const NodeRef row = holder.Add(holder.layout, new nrvui::ui::UI_Panel, "row");
-    AddButton(row, "help");
-    const NodeRef parent = c.sameParent ? holder.layout : row;
-    UI_Node* const control =
-        c.isButton ? static_cast<UI_Node*>(new UI_Button) : new nrvui::controls::UI_Checkbox;
-    holder.Add(parent, control, c.cancelID);
+  for (const auto& [inRow, last, isRegistered, isSwapped] : cases) {
+    SCOPED_TRACE(inRow + last);
+    Lay(Button("okButton") + "<row>" + Button("help") + inRow + "</row>" + last);
     const DialogRef dialog(new PlainDialog);
-    EXPECT_EQ(dialog->GetOkButton(), ok);
-    EXPECT_EQ(dialog->GetCancelButton() != nullptr, c.registered);
-    EXPECT_EQ(ok->UI_GetIndex(), c.swapped ? 2u : 0u);
+    ASSERT_TRUE(dialog->GetOkButton());
+    EXPECT_EQ(dialog->GetOkButton(), dialog->FindNodeByID("okButton"));
+    EXPECT_EQ(dialog->GetCancelButton() != nullptr, isRegistered);
+    EXPECT_EQ(dialog->GetOkButton()->UI_GetIndex(), isSwapped ? 2u : 0u);
   }
 }
 
-TEST_F(BaseDialogTest, ALayoutThatIsNotAttachedBindsNothing) {
-  AddButton(host.holder->layout, "okButton");
-  const DialogRef dialog(new PlainDialog({.attach = false}));
-  EXPECT_FALSE(dialog->GetOkButton());
-  EXPECT_EQ(host.holder->view->UI_GetParentContainer(), nullptr);
-  EXPECT_TRUE(host.holder->view->UI_IsShown());
-}
-
-TEST_F(BaseDialogTest, PlacesAndThemesAsAsked) {
-  const DialogRef still(new PlainDialog({.position = false, .center = false, .theme = "dark"}));
+TEST_F(BaseDialogTest, PlacesThemesAndAttachesAsAsked) {
+  const NodeRef view = Lay(Button("okButton")).view;
+  const DialogRef still(
+      new PlainDialog({.position = false, .center = false, .attach = false, .theme = "dark"}));
   EXPECT_EQ(still->GetPlacement(), DialogPlacement::kAtPoint);
   EXPECT_EQ(host.theme, u"dark");
-  host.holder.reset(new TestHolder);
+  EXPECT_FALSE(still->GetOkButton());
+  EXPECT_EQ(view->UI_GetParentContainer(), nullptr);
+  EXPECT_TRUE(view->UI_IsShown());
   const DialogRef centred(new PlainDialog({.position = false}));
   EXPECT_EQ(centred->GetPlacement(), DialogPlacement::kCentered);
-  EXPECT_EQ(centred->GetContentSize(), (Point{0, 0}));
 }
 
 TEST_F(BaseDialogTest, DoesWithoutWhatTheHostDoesNotGive) {
-  host.holder.reset();
-  {
-    const DialogRef empty(new PlainDialog);
-    EXPECT_EQ(empty->GetPlacement(), DialogPlacement::kPositioned);
-    EXPECT_EQ(empty->GetContentSize(), (Point{100, 100}));
-    EXPECT_EQ(host.registered, empty->GetRootView().get());
-    EXPECT_EQ(empty->Sheet(), nullptr);
-    empty->UI_ContentRectChanged({0, 0, 50, 50});
-    EXPECT_EQ(empty->GetRootView()->UI_GetLocalRectF(false), (RectT<float>{0, 0, 50, 50}));
-  }
-  host.holder.reset(new TestHolder);
-  host.holder->view.reset(new UI_Node);
+  const DialogRef empty(new PlainDialog);
+  EXPECT_EQ(empty->GetPlacement(), DialogPlacement::kPositioned);
+  EXPECT_EQ(empty->GetContentSize(), (Point{100, 100}));
+  EXPECT_EQ(host.registered, empty->GetRootView().get());
+  empty->UI_ContentRectChanged({0, 0, 50, 50});
+  EXPECT_EQ(empty->GetRootView()->UI_GetLocalRectF(false), (Rect{0, 0, 50, 50}));
+
+  const NodeRef plain = Lay("<space/>").view = NodeRef(new UI_Node);
   const DialogRef withoutMnemonics(new PlainDialog);
-  EXPECT_EQ(host.holder->view->UI_GetParentContainer(), withoutMnemonics->GetRootView().get());
+  EXPECT_EQ(plain->UI_GetParentContainer(), withoutMnemonics->GetRootView().get());
   host.registered = nullptr;
   host.gives = false;
   const DialogRef unplaced(new PlainDialog);
   EXPECT_EQ(unplaced->GetPlacement(), DialogPlacement::kAtPoint);
   EXPECT_EQ(host.registered, nullptr);
   EXPECT_EQ(unplaced->GetDrawingSupplier(), nullptr);
-  host.hasSuite = false;
+  heldSuite<VXUserInterfaceMainSuite> = nullptr;
   const DialogRef alone(new PlainDialog);
   EXPECT_EQ(alone->UI_GetNodeID(), "TestDialog");
 }
 
 TEST_F(BaseDialogTest, SheetAndWindowFollowEachOther) {
-  TestHolder& holder = *host.holder;
+  TestHolder& holder = Lay("<space/>");
+  const NodeRef layout = holder.tree.layout;
   holder.view->UI_SetLocalRectF({0, 0, 300, 200});
   const DialogRef dialog(new PlainDialog);
-  holder.layout->UI_SetLocalRectF({0, 0, 310, 220});
-  EXPECT_EQ(holder.view->UI_GetLocalRectF(false), (RectT<float>{0, 0, 310, 220}));
+  layout->UI_SetLocalRectF({0, 0, 310, 220});
+  EXPECT_EQ(holder.view->UI_GetLocalRectF(false), (Rect{0, 0, 310, 220}));
   EXPECT_EQ(dialog->GetMinimumSize(), (Point{310, 220}));
   EXPECT_EQ(dialog->GetContentSize(), (Point{310, 220}));
 
   dialog->SetContentSize({400, 300});
-  holder.layout->UI_SetLocalRectF({0, 0, 400, 300});
+  layout->UI_SetLocalRectF({0, 0, 400, 300});
   EXPECT_EQ(dialog->GetMinimumSize(), (Point{310, 220})) << "the dialog has that size already";
-  holder.layout->UI_SetLocalRectF({0, 0, 400, 310});
+  layout->UI_SetLocalRectF({0, 0, 400, 310});
   EXPECT_EQ(dialog->GetMinimumSize(), (Point{400, 310}));
 
   dialog->UI_ContentRectChanged({0, 0, 99.9f, 50.5f});
@@ -302,7 +252,6 @@ template <class T>
 void RunsInsideTheModalContext() {
   ThrowingPresenter presenter;
   const nrvui::ui::InstalledPresenter installed(presenter);
-  TestHost::current->holder.reset(new TestHolder);
   const boost::intrusive_ptr<TestDialog<T>> dialog(new TestDialog<T>);
   dialog->RunModal();
   EXPECT_EQ(dialog->GetResponse(), nrvui::ui::kOkResponse);
@@ -315,14 +264,6 @@ TEST_F(BaseDialogTest, EveryKindOfDialogRunsInsideTheModalContext) {
   RunsInsideTheModalContext<nrvui::ui::UI_Dialog>();
   RunsInsideTheModalContext<vx::ui::UI_PopupModalDialog>();
   RunsInsideTheModalContext<vx::ui::UI_FloatingDialog>();
-}
-
-TEST_F(BaseDialogTest, LetsGoOfTheHolderBeforeTheSheet) {
-  DialogRef dialog(new PlainDialog);
-  host.holder.reset();
-  EXPECT_TRUE(events.empty());
-  dialog.reset();
-  EXPECT_EQ(events, (std::vector<std::string>{"dialog going", "holder gone", "sheet gone"}));
 }
 
 }  // namespace
