@@ -1,7 +1,6 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <cstdlib>
 #include <map>
 #include <new>
 #include <stdexcept>
@@ -12,6 +11,7 @@
 #include "campaign/campaign.h"
 #include "host/error.h"
 #include "module/story.h"
+#include "module/toolkit_memory.h"
 #include "platform/qpbasic/ledger.h"
 
 // Every fault that the host or the toolkit can cause is caused once, at every place of whole
@@ -176,31 +176,13 @@ TEST(AllocationCampaign, EveryBlockIsRefusedOnce) {
   }
 }
 
-// The memory of everything but the module, whose own comes from the host's blocks: toolkit, host
-// and C++ library take it through the operator below.
-bool isArmed = false;
-size_t untilRefusal = 0;  // of allocations while armed; 0: none is refused
-
 TEST(AllocationCampaign, TheToolkitRunsOutOfMemoryOnce) {
   const auto refuse = [](Story& story, size_t countdown) {
-    untilRefusal = countdown;
-    story.onCall = [](bool isInside) { isArmed = isInside; };
+    toolkit_memory::untilRefusal = countdown;
+    story.onCall = [](bool isInside) { toolkit_memory::isArmed = isInside; };
   };
-  RefuseOneByOne(campaign::Step(17), refuse, [] { return std::exchange(untilRefusal, 0) == 0; });
+  RefuseOneByOne(campaign::Step(17), refuse,
+                 [] { return std::exchange(toolkit_memory::untilRefusal, 0) == 0; });
 }
 
 }  // namespace
-
-void* operator new(size_t size) {
-  const bool isRefused = isArmed && untilRefusal > 0 && --untilRefusal == 0;
-  if (void* const memory = isRefused ? nullptr : std::malloc(size > 0 ? size : 1)) return memory;
-  throw std::bad_alloc();
-}
-
-void operator delete(void* memory) noexcept {
-  std::free(memory);
-}
-
-void operator delete(void* memory, size_t) noexcept {
-  std::free(memory);
-}

@@ -1,0 +1,13 @@
+#pragma once
+
+#include <cstddef>
+
+/// The memory of everything but the module, whose own comes from the host's blocks: toolkit, host
+/// and C++ library take it through the operator that this file's other half replaces.
+namespace toolkit_memory {
+
+inline bool isArmed = false;
+/// The allocation after so many less one, while armed, throws std::bad_alloc; 0 when none will.
+inline size_t untilRefusal = 0;
+
+}  // namespace toolkit_memory
