@@ -47,8 +47,18 @@ struct OpenDialog {
   nrvui::ui::UI_Dialog& dialog;
 };
 
+class PluginTest : public testing::Test {
+ protected:
+  explicit PluginTest(const std::filesystem::path& resources = standin::DefaultResourceRoot())
+      : host(alerts, resources) {}
+
+  standin::RecordingUserInterface alerts;
+  standin::Host host;
+  standin::Module module{host, &PluginMain, "TesseraeUI"};
+};
+
 /// A caller with a started plug-in and a source of 300 by 200 points.
-class MosaicTest : public testing::Test {
+class MosaicTest : public PluginTest {
  protected:
   using Person = std::function<void(const OpenDialog&)>;
 
@@ -59,15 +69,12 @@ class MosaicTest : public testing::Test {
   /// The same for a person who cancels in the end.
   void LookAt(const Person& person) { EXPECT_EQ(Run(person), ResultCode::kCancelled); }
 
-  standin::RecordingUserInterface alerts;
-  standin::Host host;
-  standin::Module module{host, &PluginMain, "TesseraeUI"};
   MosaicParameters record{};
   MosaicDialogState state{};
 };
 
-/// The real resources, with every occurrence of two texts in quotation marks exchanged in layout
-/// 16301; the first must be there.
+/// Resources with layout 16301 alone, in which every occurrence of two texts in quotation marks is
+/// exchanged; the first must be there.
 class SwappedLayout : public TemporaryFolder {
  public:
   SwappedLayout(const std::string& one, const std::string& other);
