@@ -1,5 +1,3 @@
-#include <string_view>
-
 #include "campaign/built_module.h"
 #include "campaign/campaign.h"
 #include "host/known_messages.h"
@@ -9,7 +7,6 @@
 
 namespace {
 
-using campaign::Below;
 using campaign::Once;
 using campaign::Pick;
 using campaign::Random;
@@ -22,61 +19,52 @@ std::string Near(Random& random, const std::string& text) {
   return Once(random, 2) ? text : std::string(campaign::Damaged(random, text).c_str());
 }
 
-class RandomMessages : public testing::Test {
- protected:
-  bool HoldsSuites() const { return built.module.Globals() && !isUnloaded; }
-
-  /// One of the messages that begin or end something, and what the plug-in then is.
-  void Live(Random& random) {
-    auto& module = built.module;
-    const bool exists = module.Globals();
-    switch (Below(random, 4)) {
-      case 0:  // a host starts a plug-in once
-        EXPECT_EQ(exists ? ResultCode::kSuccess : module.StartUp(), ResultCode::kSuccess);
-        isUnloaded = isUnloaded && exists;
-        break;
-      case 1:
-        EXPECT_EQ(module.ShutDown(), ResultCode::kSuccess);
-        isUnloaded = false;
-        break;
-      default:
-        isUnloaded = exists && Once(random, 2);
-        EXPECT_EQ(module.Send("QP Access", isUnloaded ? "Unload" : "Reload"), ResultCode::kSuccess);
-    }
+/// One of the messages that begin or end something; says whether the plug-in then holds suites.
+bool Live(Random& random, standin::Module& module) {
+  const bool exists = module.Globals();
+  if (!exists || Once(random, 4)) {  // a host starts a plug-in once
+    EXPECT_EQ(exists ? module.ShutDown() : module.StartUp(), ResultCode::kSuccess);
+    return !exists;
   }
+  const bool unloads = Once(random, 2);
+  EXPECT_EQ(module.Send("QP Access", unloads ? "Unload" : "Reload"), ResultCode::kSuccess);
+  return !unloads;
+}
 
-  void SendAny(Random& random) {
-    const KnownMessage& known = Pick(random, kKnownMessages);
-    const bool notifies = Once(random, 8);
-    const std::string caller = Near(random, notifies ? "VX Notifier" : known.caller);
-    const std::string selector =
-        Near(random, Once(random, 4) ? Pick(random, kKnownMessages).selector : known.selector);
-    const std::string message = caller + " / " + selector;
-    if (message == "QP Access / Unload") return;
+void SendAny(Random& random, BuiltModule& built, bool holdsSuites) {
+  const KnownMessage& known = Pick(random, kKnownMessages);
+  const std::string caller = Near(random, Once(random, 8) ? "VX Notifier" : known.caller);
+  const std::string selector =
+      Near(random, Once(random, 4) ? Pick(random, kKnownMessages).selector : known.selector);
+  const std::string message = caller + " / " + selector;
+  if (message == "QP Access / Unload") return;
+  const bool notifies = caller == "VX Notifier";
 
-    auto& operations = built.host.Operations();
-    operations.StartLog();
-    const ResultCode code =
-        caller == "VX Notifier"
-            ? built.module.Notify(Pick(random, kNotifierTypes), selector.c_str())
-            : built.module.Send(caller.c_str(), selector.c_str());
-    EXPECT_EQ(code, ResultCode::kSuccess) << message;
-    Log expected;
-    if (HoldsSuites() && caller == "VX Notifier")
-      expected = {"VX Context Suite/PushAppContext", "VX Context Suite/PopAppContext"};
-    if (HoldsSuites() && message == "QP Interface / About")
-      expected = {"KDM Basic Suite/GetListString", "KDM Basic Suite/GetListString",
-                  "KDM Basic Suite/ShowAboutBox"};
-    EXPECT_EQ(operations.Log(), expected) << message;
-  }
+  built.host.Operations().StartLog();
+  EXPECT_EQ(notifies ? built.module.Notify(Pick(random, kNotifierTypes), selector.c_str())
+                     : built.module.Send(caller.c_str(), selector.c_str()),
+            ResultCode::kSuccess)
+      << message;
+  Log expected;
+  if (holdsSuites && notifies)
+    expected = {"VX Context Suite/PushAppContext", "VX Context Suite/PopAppContext"};
+  if (holdsSuites && message == "QP Interface / About")
+    expected = {"KDM Basic Suite/GetListString", "KDM Basic Suite/GetListString",
+                "KDM Basic Suite/ShowAboutBox"};
+  EXPECT_EQ(built.host.Operations().Log(), expected) << message;
+}
 
+TEST(RandomMessages, AreAnsweredAndAskNothingUnexpectedOfTheHost) {
   BuiltModule built;
-  bool isUnloaded = false;
-};
-
-TEST_F(RandomMessages, AreAnsweredAndAskNothingUnexpectedOfTheHost) {
+  bool holdsSuites = true;
   campaign::ForEachSeed(campaign::Count(4000 / campaign::Step(1), 200000), [&](Random& random) {
-    for (int i = 0; i < 50; ++i) Once(random, 10) ? Live(random) : SendAny(random);
+    for (int i = 0; i < 50; ++i) {
+      if (Once(random, 10)) {
+        holdsSuites = Live(random, built.module);
+      } else {
+        SendAny(random, built, holdsSuites);
+      }
+    }
   });
   EXPECT_TRUE(built.person.alerts.empty());
 }

@@ -2,35 +2,31 @@
 
 #include <gtest/gtest.h>
 
-#include <cstring>
 #include <cwchar>
 #include <string>
 
 namespace {
 
 TEST(BoundedCopy, FitsCutsAndNeverOverruns) {
-  struct Case {
+  const struct {
     const char* source;
     size_t size;
     size_t count;
     int32_t status;
     const char* result;
-  };
-  const Case cases[] = {
+  } cases[] = {
       {"Plugin", 8, 8, 0, "Plugin"},     {"Plugin", 7, 7, 0, "Plugin"},
       {"Plugin", 6, 6, kCut, "Plugi"},   {"Plugin", 6, 99, kCut, "Plugi"},
       {"Plugin", 8, 3, 0, "Plu"},        {"Plugin", 4, 3, 0, "Plu"},
       {"Plugin", 3, 3, kCut, "Pl"},      {"Plugin", 8, 0, 0, ""},
       {nullptr, 8, 3, kBadArgument, ""}, {"", 1, 5, 0, ""},
   };
-  for (const Case& c : cases) {
-    SCOPED_TRACE(std::string(c.source ? c.source : "null") + " into " + std::to_string(c.size) +
-                 ", at most " + std::to_string(c.count));
-    char buffer[10];
-    std::memset(buffer, '#', sizeof(buffer));
-    EXPECT_EQ(BoundedCopy(buffer, c.size, c.source, c.count), c.status);
-    EXPECT_STREQ(buffer, c.result);
-    EXPECT_EQ(buffer[c.size], '#');
+  for (const auto& [source, size, count, status, result] : cases) {
+    SCOPED_TRACE(std::string(result) + ": at most " + std::to_string(count));
+    char buffer[] = "#########";
+    EXPECT_EQ(BoundedCopy(buffer, size, source, count), status);
+    EXPECT_STREQ(buffer, result);
+    EXPECT_EQ(buffer[size], '#');
   }
   EXPECT_EQ(BoundedCopy(nullptr, 0, "Plugin", 0), 0);
   EXPECT_EQ(BoundedCopy(nullptr, 8, "Plugin", 8), kBadArgument);
@@ -38,15 +34,6 @@ TEST(BoundedCopy, FitsCutsAndNeverOverruns) {
   char untouched = '#';
   EXPECT_EQ(BoundedCopy(&untouched, 0, "Plugin", 8), kBadArgument);
   EXPECT_EQ(untouched, '#');
-}
-
-TEST(BoundedFormat, CutsAndSaysSo) {
-  char buffer[10];
-  EXPECT_EQ(FormatInto(buffer, "%d", -43), 3);
-  EXPECT_STREQ(buffer, "-43");
-  EXPECT_EQ(FormatInto(buffer, "%d", -2147483647), kCut);
-  EXPECT_STREQ(buffer, "-21474836");
-  EXPECT_EQ(FormatInto(buffer, "%s", "ninechars"), 9);
 }
 
 int32_t Format(char* destination, size_t size, const char* format, ...) {
@@ -57,14 +44,18 @@ int32_t Format(char* destination, size_t size, const char* format, ...) {
   return outcome;
 }
 
-TEST(BoundedFormat, RefusesWhatItCannotFormat) {
-  char buffer[4] = "###";
+TEST(BoundedFormat, CutsAndRefusesAndSaysSo) {
+  char buffer[10] = "###";
   EXPECT_EQ(Format(nullptr, 4, "x"), kBadArgument);
   EXPECT_EQ(Format(buffer, 0, "x"), kBadArgument);
   EXPECT_STREQ(buffer, "###");
   EXPECT_EQ(Format(buffer, 4, nullptr), kBadArgument);
   EXPECT_STREQ(buffer, "");
-  EXPECT_EQ(Format(buffer, 4, "%lc", wint_t{0x7FFFFFFF}), kCut) << "no such character";
+  EXPECT_EQ(FormatInto(buffer, "%d", -2147483647), kCut);
+  EXPECT_STREQ(buffer, "-21474836");
+  EXPECT_EQ(FormatInto(buffer, "%s", "ninechars"), 9);
+  EXPECT_STREQ(buffer, "ninechars");
+  EXPECT_EQ(FormatInto(buffer, "%lc", wint_t{0x7FFFFFFF}), kCut) << "no such character";
 }
 
 }  // namespace

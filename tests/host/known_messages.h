@@ -1,14 +1,10 @@
 #pragma once
 
-#include <string_view>
-
 /// A message that a plug-in can answer, and the operation that does.
 struct KnownMessage {
   const char* caller;
   const char* selector;
   const char* operation;
-
-  bool IsUnload() const { return std::string_view(operation) == "OnUnload"; }
 };
 
 /// All of them that come with a message record and whose selector counts.

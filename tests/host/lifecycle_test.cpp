@@ -23,7 +23,7 @@ TEST_F(LifecycleTest, AStartUpIntroducesThePluginAndAShutDownLeavesNothing) {
 }
 
 TEST_F(LifecycleTest, AStartUpThatAnyoneEndsLeavesNothing) {
-  const auto expectNone = [&](ResultCode code = ResultCode::kParameter) {
+  const auto expectNone = [&](ResultCode code) {
     EXPECT_EQ(module.StartUp(), code);
     EXPECT_EQ(module.Globals(), nullptr);
     EXPECT_EQ(runningPlugin, nullptr);
@@ -32,11 +32,11 @@ TEST_F(LifecycleTest, AStartUpThatAnyoneEndsLeavesNothing) {
   for (const char* operation : {"acquire/KDM Basic Suite", "QP Plug-ins Suite/SetPluginName",
                                 "VX Notifier Suite/AddNotifier"}) {
     SCOPED_TRACE(operation);
-    Operations().Refuse(operation, ResultCode::kParameter);
-    expectNone();
+    Operations().Refuse(operation, ResultCode{13});
+    expectNone(ResultCode{13});
   }
   plan.continueStartup = ResultCode::kParameter;
-  expectNone();
+  expectNone(ResultCode::kParameter);
   qpbasic::Ledger::Get().Refuse({.code = ResultCode{12}});
   expectNone(ResultCode::kOutOfMemory);
   EXPECT_EQ(handled, std::vector<std::string>{});
@@ -96,14 +96,13 @@ TEST_F(LifecycleTest, TheAboutBoxShowsItsTwoTextsOrNone) {
 
   KDMBasicSuite half = *Suite<KDMBasicSuite>();
   half.GetListString = [](ModuleRef, int32_t, int32_t, char* buffer, size_t) {
-    buffer[0] = '?';
+    buffer[0] = '?';  // what came before a refusal is no text
     return ResultCode::kCannot;
   };
   const void* const whole = std::exchange(heldSuite<KDMBasicSuite>, &half);
   EXPECT_EQ(module.About(), ResultCode::kSuccess);
   heldSuite<KDMBasicSuite> = whole;
-  EXPECT_EQ(person.aboutBoxes.back(), std::make_pair(std::string(), std::string()))
-      << "what came before a refusal is no text";
+  EXPECT_EQ(person.aboutBoxes.back(), Texts());
 }
 
 }  // namespace

@@ -29,13 +29,13 @@ TEST_F(SuiteSetTest, SetsShareTheSuitesAndTheLastOneReleasesThemInOrder) {
     EXPECT_EQ(suiteAcquireCount, 1);
     EXPECT_NE(Suite<KDMBasicSuite>(), nullptr);
   }
-  const std::vector<std::string> names = {
-      "QP Access Suite",         "QP Plug-ins Suite", "VX Notifier Suite",
-      "VX Context Suite",        "KDM Basic Suite",   "QP Blocks Suite",
-      "VX Unicode String Suite", "VX User Suite",     "VX User Interface Main Suite"};
   std::vector<std::string> expected;
-  for (const auto& name : names) expected.push_back("acquire/" + name);
-  for (const auto& name : names) expected.push_back("release/" + name);
+  for (const std::string verb : {"acquire/", "release/"})
+    for (const char* name :
+         {"QP Access Suite", "QP Plug-ins Suite", "VX Notifier Suite", "VX Context Suite",
+          "KDM Basic Suite", "QP Blocks Suite", "VX Unicode String Suite", "VX User Suite",
+          "VX User Interface Main Suite"})
+      expected.push_back(verb + name);
   EXPECT_EQ(Operations().Log(), expected);
   EXPECT_EQ(Suite<KDMBasicSuite>(), nullptr);
 }

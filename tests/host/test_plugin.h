@@ -23,30 +23,47 @@ struct TestPlan {
   std::function<ResultCode()> menuGo = [] { return ResultCode::kSuccess; };
 };
 
-extern TestPlan plan;
-extern std::vector<std::string> handled;  // the names of the operations that ran, in order
-extern Plugin* runningPlugin;
+inline TestPlan plan;
+inline std::vector<std::string> handled;  // the names of the operations that ran, in order
+inline Plugin* runningPlugin = nullptr;
 
 /// A plug-in on the framework with an optional suite, whose insides tests may look at.
 class TestPlugin : public Plugin {
  public:
-  explicit TestPlugin(PluginRef pluginRef);
+  explicit TestPlugin(PluginRef pluginRef) : Plugin(pluginRef) {
+    addStartedNotifier = plan.addStartedNotifier;
+  }
   TestPlugin(const TestPlugin&) = default;
 
-  ResultCode OnApplicationStarted() override;
   bool OnPurge() override { return plan.purges; }
-  ResultCode SetCurrentPlugin(Plugin* plugin) override;
   ResultCode ContinueStartup() override { return plan.continueStartup; }
-  ResultCode FinishStartup() override;
-  ResultCode PrepareUnload(PluginMessage*) override;
-  ResultCode OnNotify(PluginMessage*) override;
   ResultCode OnMenuGo(PluginMessage*) override { return plan.menuGo(); }
-  ResultCode OnScriptMessage(const char* selector, PluginMessage*) override;
+  ResultCode OnApplicationStarted() override { return Note("started", plan.applicationStarted); }
+  ResultCode OnNotify(PluginMessage*) override { return Note("notified"); }
+  ResultCode OnScriptMessage(const char* selector, PluginMessage*) override {
+    return Note(selector);
+  }
+  ResultCode SetCurrentPlugin(Plugin* plugin) override {
+    runningPlugin = plugin;
+    return ResultCode::kSuccess;
+  }
+  // Nobody may act on what these two answer.
+  ResultCode FinishStartup() override { return Note("finished", ResultCode::kCannot); }
+  ResultCode PrepareUnload(PluginMessage*) override {
+    EXPECT_EQ(runningPlugin, this);
+    return Note("prepared", ResultCode::kCannot);
+  }
 
   using Plugin::accessHandle;
   using Plugin::lastErrorTime;
   using Plugin::lockCount;
   using Plugin::suppressRepeatedErrors;
+
+ private:
+  static ResultCode Note(const char* operation, ResultCode answer = ResultCode::kSuccess) {
+    handled.push_back(operation);
+    return answer;
+  }
 };
 
 /// The framework under the stand-in host.
