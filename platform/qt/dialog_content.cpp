@@ -40,9 +40,7 @@ DialogContent::DialogContent(DialogRun& modalRun, QWidget& itsPane, std::functio
   MarkDefaultButton();
 }
 
-DialogContent::~DialogContent() {
-  for (const auto& view : views) view->Node().UI_SetObserver(nullptr);
-}
+DialogContent::~DialogContent() = default;
 
 NodeView& DialogContent::Make(UI_Node& node, QWidget& parent) {
   std::unique_ptr<NodeView> made = MakeControl(node, parent);

@@ -23,7 +23,8 @@ using nrvui::ui::UI_Node;
 
 namespace {
 
-constexpr QSize kFrameAllowance(16, 48);  // what a window manager puts around a window
+constexpr QSize kLargestUnseen(8192, 8192);  // a picture of a larger window takes too much memory
+constexpr QSize kFrameAllowance(16, 48);     // what a window manager puts around a window
 
 Qt::WindowFlags FlagsFor(const nrvui::ui::DialogStyle& style) {
   Qt::WindowFlags flags = style.isToolWindow ? Qt::Tool : Qt::Dialog;
@@ -88,9 +89,9 @@ DialogWindow::~DialogWindow() {
 
 void DialogWindow::Build() {
   content.reset();
-  auto* const newPane = new QWidget;
+  auto newPane = std::make_unique<QWidget>();
   content = std::make_unique<DialogContent>(run, *newPane, [this] { RebuildLater(); });
-  delete std::exchange(pane, newPane);
+  delete std::exchange(pane, newPane.release());
   scroller != nullptr ? scroller->setWidget(pane) : column.addWidget(pane);
   if (isVisible()) pane->show();
   pane->installEventFilter(this);
@@ -185,7 +186,7 @@ void DialogWindow::FitContent() {
 }
 
 QSize DialogWindow::Limited(QSize size) const {
-  if (!HasScreen()) return size;
+  if (!HasScreen()) return size.boundedTo(kLargestUnseen);
   const QSize available = screen()->availableSize() - kFrameAllowance;
   const int scrollBar = style()->pixelMetric(QStyle::PM_ScrollBarExtent, nullptr, this);
   if (size.height() > available.height()) size.rwidth() += scrollBar;

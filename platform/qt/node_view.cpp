@@ -8,7 +8,9 @@ using nrvui::controls::UI_ControlView;
 
 NodeView::NodeView(nrvui::ui::UI_Node& shownNode) : node(&shownNode) {}
 
-NodeView::~NodeView() = default;
+NodeView::~NodeView() {
+  node->UI_SetObserver(nullptr);
+}
 
 void NodeView::Follow() {
   QWidget* const widget = Widget();

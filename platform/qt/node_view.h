@@ -6,8 +6,8 @@
 
 namespace qtui {
 
-/// Shows one node as a widget. The widget belongs to its parent widget and outlives the view only
-/// while the content is taken down.
+/// Shows one node as a widget; whoever observes the node for it stops with it. The widget belongs
+/// to its parent widget and outlives the view only while the content is taken down.
 class NodeView {
  public:
   explicit NodeView(nrvui::ui::UI_Node& shownNode);

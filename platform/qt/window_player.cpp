@@ -40,6 +40,11 @@ bool IsReachable(const QWidget* widget) {
   return widget != nullptr && widget->isVisible() && widget->isEnabled();
 }
 
+/// Whether a person could drag the edge of a window there, on any screen.
+bool CanDrag(double length) {
+  return length >= 0 && length <= 8192;
+}
+
 }  // namespace
 
 WindowPlayer::WindowPlayer(const nrvui::gestures::GestureScript& gestureScript, DialogRun& modalRun,
@@ -134,11 +139,13 @@ Outcome WindowPlayer::Close(const Step& step) {
 
 Outcome WindowPlayer::Resize(const Step& step) {
   const QSizeF wanted(step.width, step.height);
-  const QSize whole(static_cast<int>(step.width), static_cast<int>(step.height));
-  if (!run.IsOver() && wanted.isValid()) window.resize(whole);
-  const auto content = run.Dialog().GetContentSize();
-  const auto taken = run.TakeOutcome();
-  if (taken && whole == QSizeF(content.x, content.y).toSize()) return *taken;
+  if (!run.IsOver() && CanDrag(step.width) && CanDrag(step.height)) {
+    const QSize whole(static_cast<int>(step.width), static_cast<int>(step.height));
+    window.resize(whole);
+    const auto content = run.Dialog().GetContentSize();
+    const auto taken = run.TakeOutcome();
+    if (taken && whole == QSizeF(content.x, content.y).toSize()) return *taken;
+  }
   // A window never becomes what its dialog refuses; the dialog says why.
   run.Resize(wanted);
   return run.TakeOutcome().value_or(Outcome());
