@@ -4,9 +4,8 @@
 
 namespace standin {
 
-/// The folder of the resources that belong to the running program: "share/tesserae" beside the
-/// program's folder where it is installed, "resources" there where it was built. The latter is
-/// also the answer when there is neither.
+/// The folder of the resources that belong to the running program: "resources" beside the
+/// program's own folder.
 std::filesystem::path DefaultResourceRoot();
 
 }  // namespace standin
