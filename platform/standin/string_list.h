@@ -4,7 +4,6 @@
 #include <filesystem>
 #include <istream>
 #include <map>
-#include <optional>
 #include <string>
 
 namespace standin {

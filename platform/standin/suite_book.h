@@ -4,7 +4,6 @@
 #include <cstdint>
 #include <string>
 #include <string_view>
-#include <vector>
 
 #include "platform/standin/handle_book.h"
 #include "platform/standin/operation_book.h"
