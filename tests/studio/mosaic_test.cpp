@@ -118,12 +118,12 @@ TEST(MosaicGeometry, DividesTheNewSizeAmongTilesAndSpacing) {
   EXPECT_EQ(Divide(10, 4, 0.5f, true).size, QSizeF(320, 480));
   EXPECT_FALSE(Divide(1, 4, 10).HasGaps());
 
-  constexpr float kNoNumber = std::numeric_limits<float>::quiet_NaN();
+  constexpr float kEndless = std::numeric_limits<float>::infinity();
   const struct {
     int across, spacing;
     float width;
-  } kRefused[] = {{10, 12, 100},      {11, 10, 100}, {2, -1, 100}, {10, 0, 0},
-                  {10, 0, kNoNumber}, {0, 0, 100},   {-5, 0, 100}};
+  } kRefused[] = {{10, 12, 100},     {11, 10, 100}, {2, -1, 100}, {10, 0, 0},
+                  {10, 0, kEndless}, {0, 0, 100},   {-5, 0, 100}};
   for (const auto& [across, spacing, width] : kRefused)
     EXPECT_THROW(Divide(across, spacing, width), StudioError) << across << " " << spacing;
 }
