@@ -68,6 +68,10 @@ class StudioWindowTest : public testing::Test {
     Speak("en");
   }
 
+  void TearDown() override {
+    if (window) Close();
+  }
+
   static void Speak(const char* language) {
     nrvcore::config::Localizer::Get().SetLanguage(language);
   }
@@ -90,6 +94,10 @@ class StudioWindowTest : public testing::Test {
   }
   void Play(const char* gestures) {
     window->Presenter().PlayScript(nrvui::gestures::GestureScript::Parse(gestures, "test"));
+  }
+  bool Create(const char* gestures) {
+    Play(gestures);
+    return window->CreateTesserae();
   }
   QAction& Action(const char* name) const { return *window->findChild<QAction*>(name); }
   QString Summary() const { return window->findChild<QLabel*>("summary")->text(); }
@@ -128,8 +136,7 @@ TEST_F(StudioWindowTest, APictureBecomesAMosaicThatCanBeUndoneAndExported) {
 
   // The next time begins with the same choices.
   OpenPicture();
-  Play("key Return");
-  EXPECT_TRUE(window->CreateTesserae());
+  EXPECT_TRUE(Create("key Return"));
   EXPECT_EQ(window->Shown()->mosaic->tiles.size(), QSize(12, 8));
   WhenOpen<QMessageBox>("notExported", [](QMessageBox& box) { box.reject(); });
   EXPECT_FALSE(window->close());
@@ -137,7 +144,6 @@ TEST_F(StudioWindowTest, APictureBecomesAMosaicThatCanBeUndoneAndExported) {
   Action("undo").trigger();
   Action("undo").trigger();
   EXPECT_FALSE(window->Shown());
-  Close();
 }
 
 TEST_F(StudioWindowTest, TakesWhatIsDroppedAndSaysWhatItCannotTake) {
@@ -163,7 +169,6 @@ TEST_F(StudioWindowTest, TakesWhatIsDroppedAndSaysWhatItCannotTake) {
   ASSERT_TRUE(QTest::qWaitFor([&] { return !text.isEmpty(); }));
   EXPECT_TRUE(text.contains("cannot be opened") && text.contains("is empty")) << text.toStdString();
   EXPECT_EQ(window->Shown(), placed);
-  Close();
 }
 
 TEST_F(StudioWindowTest, APictureOfUnknownSizeLeadsToPercentages) {
@@ -176,26 +181,22 @@ TEST_F(StudioWindowTest, APictureOfUnknownSizeLeadsToPercentages) {
     shownWidth = dialog.findChild<QLabel*>("OrigWidthStatic")->text();
     EXPECT_EQ(dialog.parentWidget(), &*window);
   });
-  Play(
-      "enter HorizontalCountTxt 12\nenter TileSpaceHorzTxt 1\nclick DeleteRasterChk\n"
-      "enter NewWidthTxt 50\nkey Return");
-  EXPECT_TRUE(window->CreateTesserae());
+  EXPECT_TRUE(
+      Create("enter HorizontalCountTxt 12\nenter TileSpaceHorzTxt 1\nclick DeleteRasterChk\n"
+             "enter NewWidthTxt 50\nkey Return"));
   EXPECT_EQ(shownWidth, "N/A");
   EXPECT_NEAR(window->Shown()->Size().width(), 30, 0.01);
   EXPECT_EQ(window->Shown()->mosaic->below.size(), QSize(60, 40)) << "the raster stays";
   window->Export(Path("a.svg"));
-  Close();
 }
 
 TEST_F(StudioWindowTest, SaysWhyThereIsNoMosaicInThePersonsLanguage) {
   OpenPicture();
   Speak("de");
-  Play("key Escape");
-  EXPECT_FALSE(window->CreateTesserae());
+  EXPECT_FALSE(Create("key Escape"));
   QString text;
   Hear("error", text);
-  Play("enter NewHeightTxt 0\nkey Return");
-  EXPECT_FALSE(window->CreateTesserae());
+  EXPECT_FALSE(Create("enter NewHeightTxt 0\nkey Return"));
   EXPECT_FALSE(window->Shown()->mosaic);
   EXPECT_TRUE(text.contains("|Die neue Höhe lässt kein Mosaik zu")) << text.toStdString();
   EXPECT_TRUE(text.endsWith("größer als 0 sein.")) << text.toStdString();
@@ -203,7 +204,6 @@ TEST_F(StudioWindowTest, SaysWhyThereIsNoMosaicInThePersonsLanguage) {
   Hear("about", text);
   Action("about").trigger();
   EXPECT_TRUE(text.startsWith("Über TesseraeUI|TesseraeUI|Macht aus")) << text.toStdString();
-  Close();
 }
 
 TEST_F(StudioWindowTest, ALongBuildCanBeCancelledAndEndsWithTheProgram) {
@@ -264,7 +264,6 @@ TEST_F(StudioWindowTest, ZoomsAtThePointerAndMovesUnderTheHand) {
   EXPECT_LT(QLineF(canvas.mapToScene(target), held).length() * canvas.Zoom(), 2);
   turnWheel(99);
   EXPECT_EQ(canvas.Zoom(), 64);
-  Close();
 }
 
 TEST_F(StudioWindowTest, NothingIsClippedInAnyLanguageOrTheme) {
@@ -317,7 +316,7 @@ QImage Painted(QSize tiles, QSizeF tile, QSizeF spacing, double scale, double ra
   return image;
 }
 
-TEST(TilePainter, TilesLieWhereTheyBelongAtAnyScale) {
+TEST(TilePainter, TilesLieWhereTheyBelongAtAnyScaleAndArePaintedInAFrame) {
   for (const double ratio : {1.0, 2.0}) {
     const QImage large = Painted({3, 2}, {6, 4}, {2, 1}, 5, ratio);
     const std::pair<QPointF, Qt::GlobalColor> kPlaces[] = {
@@ -337,14 +336,11 @@ TEST(TilePainter, TilesLieWhereTheyBelongAtAnyScale) {
   const QImage small = Painted({2000, 2000}, {0.5, 0.5}, {0.5, 0.5}, 0.25, 1);
   EXPECT_NEAR(qRed(small.pixel(260, 260)), 191, 4);
   EXPECT_EQ(qBlue(small.pixel(260, 260)), 255);
-}
 
-TEST(TilePainter, AHundredThousandTilesArePaintedInAFrame) {
   QElapsedTimer timer;
   timer.start();
-  constexpr int kFrames = 10;
-  for (int i = 0; i < kFrames; ++i) Painted({400, 250}, {3, 3}, {0.5, 0.5}, 1, 1);
-  EXPECT_LT(timer.elapsed() / kFrames, 300) << "even on a busy machine without optimisation";
+  for (int frame = 0; frame < 10; ++frame) Painted({400, 250}, {3, 3}, {0.5, 0.5}, 1, 1);
+  EXPECT_LT(timer.elapsed(), 3000) << "even on a busy machine without optimisation";
 }
 
 }  // namespace
