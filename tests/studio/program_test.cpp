@@ -1,4 +1,5 @@
 #include <gtest/gtest.h>
+#include <sys/stat.h>
 
 #include <QDir>
 #include <QFile>
@@ -31,6 +32,7 @@ Result Ended(QProcess& process) {
 class Program : public testing::Test {
  protected:
   Program() {
+    qputenv("XDG_CONFIG_HOME", Path("config").toUtf8());
     SaveRandomPicture(Path("in.png"));
     Save("ok", "key Return\n");
     Save("cancel", "enter HorizontalCountTxt 3\nkey Escape\n");
@@ -51,10 +53,6 @@ class Program : public testing::Test {
 
   void Start(QProcess& process, const QString& arguments,
              const QString& program = TESSERAE_STUDIO) const {
-    auto environment = QProcessEnvironment::systemEnvironment();
-    environment.insert("XDG_CONFIG_HOME", Path("config"));
-    if (arguments == "in.png") environment.insert("QT_QPA_PLATFORM", "minimal");  // as if seen
-    process.setProcessEnvironment(environment);
     process.setWorkingDirectory(folder.path());
     process.start(program, arguments.split(' ', Qt::SkipEmptyParts));
   }
@@ -145,6 +143,7 @@ TEST_F(Program, SaysInOneLineWhatIsWrong) {
   Save("badstate", "{}");
   QDir(folder.path()).mkdir("folder");
   ASSERT_TRUE(QFile::link(Path("in.png"), Path("link.png")));
+  ASSERT_EQ(mkfifo(qPrintable(Path("pipe")), 0600), 0);
   const std::pair<const char*, const char*> kCases[] = {
       {"", "which picture"},
       {"in.png in.png", "more than one picture"},
@@ -168,7 +167,7 @@ TEST_F(Program, SaysInOneLineWhatIsWrong) {
       {"in.png --gestures ok --export a.svg --export ./a.svg", "for something else"},
       {"in.png --gestures ok --export in.png", "for something else"},
       {"in.png --gestures ok --export folder/../link.png", "for something else"},
-      {"in.png --gestures ok --record /dev/null", "no ordinary file"},
+      {"in.png --gestures ok --record pipe", "no ordinary file"},
       {"in.png --theme pink", "not pink"},
       {"in.png --gestures ok --export a.svg --record folder", "folder"},
       {"in.png --gestures ok --export a.svg --state badstate", "badstate cannot be read"},
@@ -203,6 +202,9 @@ TEST_F(Program, StopsCleanlyWhenInterruptedOrNotHeard) {
   EXPECT_EQ(Files(), before);
 
   // The window asks nobody, as there may be nobody left.
+  auto environment = QProcessEnvironment::systemEnvironment();
+  environment.insert("QT_QPA_PLATFORM", "minimal");  // as if seen
+  process.setProcessEnvironment(environment);
   Start(process, "in.png");
   const QString settings = Path("config/tesserae-studio/window.ini");
   ASSERT_TRUE(QTest::qWaitFor([&] { return QFile::exists(settings); }, 20000));
