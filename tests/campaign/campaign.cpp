@@ -21,17 +21,17 @@ std::string_view Environment(const char* name) {
 
 }  // namespace
 
-bool IsLong() {
-  return Environment("TESSERAE_CAMPAIGN") == "long";
+size_t Count(size_t inShort, size_t inLong) {
+  return Environment("TESSERAE_CAMPAIGN") == "long" ? inLong : inShort;
 }
 
 size_t Step(size_t inShort) {
-  return IsLong() ? 1 : inShort * kSlowdown;
+  return Count(inShort * kSlowdown, 1);
 }
 
 void ForEachSeed(size_t seeds, const std::function<void(Random& random)>& play) {
   const std::string wanted(Environment("TESSERAE_SEED"));
-  uint64_t seed = IsLong() ? std::random_device()() : 0;
+  uint64_t seed = Count(0, std::random_device()());
   if (!wanted.empty()) {
     seed = std::stoull(wanted);
     seeds = 1;

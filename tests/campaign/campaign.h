@@ -9,12 +9,8 @@
 /// environment says TESSERAE_CAMPAIGN=long.
 namespace campaign {
 
-bool IsLong();
-
 /// The one or the other number.
-inline size_t Count(size_t inShort, size_t inLong) {
-  return IsLong() ? inLong : inShort;
-}
+size_t Count(size_t inShort, size_t inLong);
 
 /// The step from one case to the next that is played: 1 in the long form; `inShort`, and more where
 /// a sanitizer slows everything down, in the short one.

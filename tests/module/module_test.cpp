@@ -4,11 +4,14 @@
 #include <fstream>
 #include <sstream>
 
+#include "campaign/built_module.h"
 #include "module/story.h"
 #include "platform/qpbasic/ledger.h"
 #include "standin/temporary_folder.h"
 
 namespace {
+
+const std::filesystem::path kModule = MODULE_FILE;
 
 bool IsMapped(const std::filesystem::path& file) {
   std::stringstream maps;
@@ -27,37 +30,33 @@ TEST(BuiltModule, LivesItsLifeAndLeavesNothing) {
 
 /// The module's file in another place, so that its code is another image at another address.
 struct ModuleCopy : TemporaryFolder {
-  ModuleCopy() { std::filesystem::copy_file(ModuleFile(), file); }
-  const std::filesystem::path file = path / ModuleFile().filename();
+  ModuleCopy() { std::filesystem::copy_file(kModule, file); }
+  const std::filesystem::path file = path / kModule.filename();
 };
 
 TEST(BuiltModule, LeavesTheProcessAndComesBackElsewhere) {
-  standin::RecordingUserInterface person;
-  standin::Host host(person);
-  standin::Module module(host, ModuleFile());
   const size_t blocks = qpbasic::Ledger::Get().Counts().blocks;
-  ASSERT_EQ(module.StartUp(), ResultCode::kSuccess);
+  BuiltModule built;
+  standin::Module& module = built.module;
   EXPECT_EQ(qpbasic::Ledger::Get().Counts().blocks, blocks + 3)
       << "the plug-in object, its set of suites and the published table";
-  const MosaicSuite* table = host.Suites().Find<MosaicSuite>();
+  const MosaicSuite* table = built.host.Suites().Find<MosaicSuite>();
   const auto firstAddress = table->RunMosaicDialog;
   void* const object = module.Globals();
-  EXPECT_TRUE(IsMapped(ModuleFile()));
+  EXPECT_TRUE(IsMapped(kModule));
   ASSERT_EQ(module.Unload(), ResultCode::kSuccess);
-  EXPECT_FALSE(IsMapped(ModuleFile()));
+  EXPECT_FALSE(IsMapped(kModule));
 
   const ModuleCopy copy;
-  const standin::ModuleImage tenant(ModuleFile());  // takes the place where the module was
+  const standin::ModuleImage tenant(kModule);  // takes the place where the module was
   ASSERT_EQ(module.Reload(copy.file), ResultCode::kSuccess);
   EXPECT_EQ(module.Globals(), object);
-  EXPECT_EQ(host.Suites().Find<MosaicSuite>(), table);
+  EXPECT_EQ(built.host.Suites().Find<MosaicSuite>(), table);
   EXPECT_NE(table->RunMosaicDialog, firstAddress);
   MosaicDialogState state{};
   MosaicParameters record{};
-  MosaicParameters* params = &record;
-  EXPECT_EQ(table->RunMosaicDialog(&state, &params), ResultCode::kCannot) << "nobody presents it";
+  EXPECT_EQ(built.RunDialog(record, state), ResultCode::kCannot) << "nobody presents it";
   EXPECT_EQ(module.ShutDown(), ResultCode::kSuccess);
-  EXPECT_EQ(host.Leftovers(), std::vector<std::string>{});
 }
 
 TEST(BuiltModule, ShutsDownInCodeThatWasLoadedElsewhereAndNeverToldSo) {
@@ -67,12 +66,12 @@ TEST(BuiltModule, ShutsDownInCodeThatWasLoadedElsewhereAndNeverToldSo) {
   message.pluginRef = host.AddPlugin("TesseraeUI");
   message.basicSuite = host.BasicSuite();
   {
-    const standin::ModuleImage first(ModuleFile());
+    const standin::ModuleImage first(kModule);
     ASSERT_EQ(first.Entry()("QP Interface", "Startup", &message), ResultCode::kSuccess);
     ASSERT_EQ(first.Entry()("QP Access", "Unload", &message), ResultCode::kSuccess);
   }
   const ModuleCopy copy;
-  const standin::ModuleImage tenant(ModuleFile());  // takes the place where the module was
+  const standin::ModuleImage tenant(kModule);  // takes the place where the module was
   const standin::ModuleImage second(copy.file);
   EXPECT_EQ(second.Entry()("QP Interface", "Shutdown", &message), ResultCode::kSuccess);
   EXPECT_EQ(message.globals, nullptr);

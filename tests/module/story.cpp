@@ -22,12 +22,6 @@ ResultCode Reload(Module& module) {
 
 }  // namespace
 
-std::filesystem::path ModuleFile() {
-  return MODULE_FILE;
-}
-
-Story::Story() : module(host, ModuleFile()) {}
-
 void Story::PlayLife() {
   Send("start up", &Module::StartUp);
   Send("about", &Module::About);

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <filesystem>
 #include <functional>
 #include <vector>
 
@@ -14,8 +13,6 @@
 class Story {
  public:
   using Plot = void (Story::*)();
-
-  Story();
 
   /// From start-up to shut-down: messages, an unload and a reload, and the dialog confirmed,
   /// cancelled and closed, by lengths and by percentages, with and without a source size.
@@ -49,9 +46,6 @@ class Story {
   void RunDialog(const Scene& scene);
   ResultCode Call(const std::function<ResultCode()>& call);
 
-  standin::Module module;
+  standin::Module module{host, MODULE_FILE};
   bool undisturbed = true;
 };
-
-/// Where the built module stands.
-std::filesystem::path ModuleFile();

@@ -1,8 +1,5 @@
 #include "mosaic/dialog_harness.h"
 
-#include <regex>
-#include <sstream>
-
 MosaicTest::MosaicTest(const std::filesystem::path& resources) : PluginTest(resources) {
   record.boundsLeft = -50;
   record.boundsTop = 40;
@@ -27,17 +24,4 @@ ResultCode MosaicTest::Run(const Person& person) {
   const nrvui::ui::InstalledPresenter installed(presenter);
   MosaicParameters* params = &record;
   return host.Suites().Find<MosaicSuite>()->RunMosaicDialog(&state, &params);
-}
-
-SwappedLayout::SwappedLayout(const std::string& one, const std::string& other) {
-  const char* const kLayout = "layouts/16301.xml";
-  std::stringstream content;
-  content << std::ifstream(standin::DefaultResourceRoot() / kLayout).rdbuf();
-  std::string text = content.str();
-  EXPECT_NE(text.find('"' + one + '"'), text.npos) << one;
-  const std::string names[] = {one, "\a", other, one, "\a", other};
-  for (const size_t step : {0, 2, 4})
-    text =
-        std::regex_replace(text, std::regex('"' + names[step] + '"'), '"' + names[step + 1] + '"');
-  Write(kLayout, text);
 }

@@ -19,7 +19,6 @@
 #include "platform/standin/host.h"
 #include "platform/standin/module.h"
 #include "platform/standin/sheet_service.h"
-#include "standin/temporary_folder.h"
 
 using nrvui::controls::UI_Checkbox;
 
@@ -71,11 +70,4 @@ class MosaicTest : public PluginTest {
 
   MosaicParameters record{};
   MosaicDialogState state{};
-};
-
-/// Resources with layout 16301 alone, in which every occurrence of two texts in quotation marks is
-/// exchanged; the first must be there.
-class SwappedLayout : public TemporaryFolder {
- public:
-  SwappedLayout(const std::string& one, const std::string& other);
 };
