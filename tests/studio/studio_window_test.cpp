@@ -69,7 +69,7 @@ class StudioWindowTest : public testing::Test {
   }
 
   void TearDown() override {
-    if (window) Close();
+    if (window && !HasFatalFailure()) Close();
   }
 
   static void Speak(const char* language) {
