@@ -1,11 +1,12 @@
 #include "studio/console_run.h"
 
+#include <QCoreApplication>
+#include <QSocketNotifier>
 #include <cstdio>
 #include <utility>
 
 #include "platform/standin/user_interface.h"
 #include "studio/dialog_user.h"
-#include "studio/interruption.h"
 #include "studio/mosaic_caller.h"
 #include "studio/mosaic_export.h"
 #include "studio/mosaic_job.h"
@@ -43,7 +44,6 @@ int ConsoleRun::Run() {
   if (line.picture.isEmpty())
     throw StudioError("$$$/Studio/Line/WhichPicture=which picture? See --help");
   for (const QString& path : line.exports) CheckExportEnding(path);
-  const Interruption interruption;
   PlacePicture();
   if (line.WantsPicturesOnly()) return Photograph();
 
@@ -56,14 +56,13 @@ int ConsoleRun::Run() {
   const QByteArray json = RecordToJson(choices);
   Tell(json.trimmed());
   if (recordDevice) WriteAll(*recordDevice, json.toStdString());
-  if (!Build(choices, interruption)) {
+  if (Build(choices)) SaveWindowPicture();
+  if (interruption.IsRequested()) {
     Tell(Text("$$$/Studio/Line/Stopped=The building was stopped."));
     return kCancelled;
   }
-  SaveWindowPicture();
   KeepChoices(choices);
-  for (const QString& path : line.exports + line.Pictures()) TellOfFile(path);
-  if (recordDevice) TellOfFile(line.record);
+  TellOfFiles();
   return kDone;
 }
 
@@ -75,8 +74,9 @@ int ConsoleRun::Photograph() {
     Ask(choices);
   }
   SaveWindowPicture();
+  if (interruption.IsRequested()) return kCancelled;
   outputs.Commit();
-  for (const QString& path : line.Pictures()) TellOfFile(path);
+  TellOfFiles();
   return kDone;
 }
 
@@ -119,21 +119,23 @@ std::optional<MosaicChoices> ConsoleRun::LoadLastChoices() const try {
 bool ConsoleRun::Ask(MosaicChoices& choices) {
   const auto user =
       MakeDialogUser(line, [this](const std::string& text) { Warn(QString::fromStdString(text)); });
+  const QSocketNotifier notifier(interruption.Descriptor(), QSocketNotifier::Read);
+  QObject::connect(&notifier, &QSocketNotifier::activated, [] { QCoreApplication::exit(); });
   Alerts alerts;
   try {
     MosaicCaller caller(alerts);
     const auto answer = caller.Ask(choices.params, choices.state);
     caller.Close();
+    if (interruption.IsRequested()) return false;
     if (!user->Problem().isEmpty()) throw StudioError(user->Problem());
     if (dialogPictureDevice) WriteAll(*dialogPictureDevice, user->Picture().toStdString());
-    if (!line.WantsPicturesOnly()) Tell(Text("$$$/Studio/Line/NoBlockLeft=No block left."));
     return answer == MosaicCaller::Answer::kOk;
   } catch (const StudioError& error) {
     alerts.Fail(error);
   }
 }
 
-bool ConsoleRun::Build(const MosaicChoices& choices, const Interruption& interruption) {
+bool ConsoleRun::Build(const MosaicChoices& choices) {
   MosaicJob job(artwork->picture, choices.params, choices.state);
   const MosaicGeometry& geometry = job.Geometry();
   for (size_t i = 0; i < exportDevices.size(); ++i) {
@@ -179,8 +181,13 @@ void ConsoleRun::Tell(const QString& text) const {
   if (!line.isQuiet) Print(text + '\n');
 }
 
-void ConsoleRun::TellOfFile(const QString& path) const {
-  Tell(Text("$$$/Studio/Line/Wrote=Wrote %1", path));
+/// The files are there by now, whether or not anybody hears of them.
+void ConsoleRun::TellOfFiles() const try {
+  QStringList paths = line.exports + line.Pictures();
+  if (!line.record.isEmpty()) paths << line.record;
+  for (const QString& path : paths) Tell(Text("$$$/Studio/Line/Wrote=Wrote %1", path));
+} catch (const StudioError& error) {
+  Warn(error.what());
 }
 
 void ConsoleRun::Warn(const QString& text) const {

@@ -26,7 +26,14 @@ class ScriptedUser final : public DialogUser {
 class WindowUser final : public DialogUser {
  public:
   WindowUser(const CommandLine& line, std::function<void(const std::string&)> report) {
-    if (!line.dialogPicture.isEmpty()) presenter.SetScreenshot(PicturePath().toStdString());
+    if (!line.dialogPicture.isEmpty()) {
+      if (!scratch.isValid()) {
+        throw StudioError(
+            "$$$/Studio/Line/NoScratch=the dialog's picture needs a temporary folder: %1",
+            scratch.errorString());
+      }
+      presenter.SetScreenshot(PicturePath().toStdString());
+    }
     if (!line.gestures.isEmpty()) {
       presenter.PlayScript(nrvui::gestures::GestureScript::ReadFile(line.gestures.toStdString()),
                            std::move(report));

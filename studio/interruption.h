@@ -1,7 +1,8 @@
 #pragma once
 
 /// While one of these lives, an interrupt or a polite request to end sets a mark instead of ending
-/// the program, so that nothing half done is left behind. One at a time.
+/// the program, so that nothing half done is left behind. What was ignored before stays so. One at
+/// a time.
 class Interruption {
  public:
   Interruption();
