@@ -1,9 +1,11 @@
 #include "studio/mosaic_job.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "studio/mosaic_builder.h"
 #include "studio/mosaic_export.h"
+#include "studio/studio_error.h"
 
 namespace {
 
@@ -26,7 +28,9 @@ QImage MosaicJob::Below() const {
   const bool shows = geometry.HasGaps() || picture.HasAlpha();
   if (!keepsPicture || !shows) return {};
   if (!picture.ColorSpace().isValid()) return picture.Pixels();
-  return picture.Pixels().convertedToColorSpace(QColorSpace(QColorSpace::SRgb));
+  QImage inSrgb = picture.Pixels().convertedToColorSpace(QColorSpace(QColorSpace::SRgb));
+  if (inSrgb.isNull()) throw StudioError(kNoMemory);
+  return inSrgb;
 }
 
 void MosaicJob::Add(std::unique_ptr<MosaicSink> sink) {
@@ -45,6 +49,8 @@ bool MosaicJob::Run(const std::function<bool(int)>& goOn) {
     return goOn(++rowsDone);
   });
   if (!isComplete) return false;
-  for (const auto& sink : sinks) sink->Finish();
-  return true;
+  return std::all_of(sinks.begin(), sinks.end(), [&](const auto& sink) {
+    sink->Finish();
+    return goOn(rowsDone);
+  });
 }

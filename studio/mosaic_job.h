@@ -20,6 +20,7 @@ class MosaicJob {
   const MosaicGeometry& Geometry() const { return geometry; }
 
   /// The picture, in sRGB, where it stays and shows between or through the tiles; otherwise null.
+  /// Throws StudioError when there is no memory for it.
   QImage Below() const;
 
   void Add(std::unique_ptr<MosaicSink> sink);
@@ -27,8 +28,9 @@ class MosaicJob {
   /// the job.
   void AddExport(const QString& path, QIODevice& device);
 
-  /// Builds row by row and asks after each, with the number of rows done, whether to go on. Answers
-  /// whether all was built. Throws StudioError when something cannot be written.
+  /// Builds row by row and asks after each, with the number of rows done, whether to go on, and
+  /// again after each thing that was finished. Answers whether nobody said no. Throws StudioError
+  /// when something cannot be written.
   [[nodiscard]] bool Run(const std::function<bool(int rowsDone)>& goOn);
 
  private:

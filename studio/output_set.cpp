@@ -6,9 +6,12 @@
 
 namespace {
 
+constexpr int kMostLinks = 64;  // from one to the next, in case they lead in a circle
+
 /// The same for all ways to write a path to one file, there or not yet.
 QString Identity(const QString& path) {
-  const QFileInfo info(path);
+  QFileInfo info(path);
+  for (int i = 0; i < kMostLinks && info.isSymLink(); ++i) info.setFile(info.symLinkTarget());
   if (info.exists()) return info.canonicalFilePath();
   return QFileInfo(info.absolutePath()).canonicalFilePath() + "/" + info.fileName();
 }

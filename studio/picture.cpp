@@ -20,6 +20,11 @@ constexpr double kMetersPerInch = 0.0254;
 
 // Room for photographs of half a gigapixel; beyond that a small file can take all memory.
 constexpr int kMegabytesLimit = 2048;
+constexpr int kBitsPerPixel = 32;  // of a picture, whatever its file has
+
+bool Fits(QSize size, int bitsPerPixel) {
+  return qint64(size.width()) * size.height() * bitsPerPixel / 8 <= qint64(kMegabytesLimit) << 20;
+}
 
 /// Resolutions are whole numbers of dots per metre here, so one that was a whole number of dots per
 /// inch in the file comes back as that number.
@@ -55,10 +60,8 @@ void SetDotsPerMeter(QImage& image, int across, int down) {
 QImage Decode(QImageReader& reader) {
   const QSize size = reader.size();
   const QImage::Format format = reader.imageFormat();
-  const bool fits =
-      size.isValid() && format != QImage::Format_Invalid &&
-      qint64(size.width()) * size.height() * QImage::toPixelFormat(format).bitsPerPixel() / 8 <=
-          qint64(kMegabytesLimit) << 20;
+  const bool fits = size.isValid() && format != QImage::Format_Invalid &&
+                    Fits(size, QImage::toPixelFormat(format).bitsPerPixel());
   QImage image = fits ? QImage(size, format) : QImage();
   SetDotsPerMeter(image, kUnsaidDotsPerMeter, kUnsaidDotsPerMeter);
   const uchar* const bits = std::as_const(image).constBits();
@@ -107,7 +110,7 @@ Picture Picture::Read(const QString& path) {
         path);
   }
   const QImage image = Decode(reader);
-  if (image.isNull()) {
+  if (image.isNull() || !Fits(image.size(), kBitsPerPixel)) {
     throw StudioError("$$$/Studio/Picture/Undecodable=the picture %1 is damaged or too large",
                       path);
   }
@@ -119,7 +122,9 @@ Picture Picture::Read(const QString& path) {
 
 Picture::Picture(const QImage& image)
     : pixels(image.convertToFormat(image.hasAlphaChannel() ? QImage::Format_ARGB32
-                                                           : QImage::Format_RGB32)) {}
+                                                           : QImage::Format_RGB32)) {
+  if (pixels.isNull()) throw StudioError(kNoMemory);
+}
 
 QSizeF Picture::SizeInPoints() const {
   return {pixels.width() * 72 / DotsPerInch(pixels.dotsPerMeterX()),

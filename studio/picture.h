@@ -10,10 +10,11 @@
 class Picture {
  public:
   /// Reads the first image of a file. Throws StudioError when the file is absent, is no picture
-  /// that can be read here, is damaged, or ends before the picture does.
+  /// that can be read here, is damaged or too large, or ends before the picture does.
   static Picture Read(const QString& path);
 
-  /// A picture of these pixels at the resolution that they carry.
+  /// A picture of these pixels at the resolution that they carry. Throws StudioError when there is
+  /// no memory for them, or was none when the image was made.
   explicit Picture(const QImage& image);
 
   /// Upright pixels, Format_RGB32 or, when some may be transparent, Format_ARGB32.

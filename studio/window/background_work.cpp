@@ -91,5 +91,5 @@ bool DoInBackground(QWidget& window, const QString& label,
   timer.start(kInterval);
   if (!worker.IsDone()) loop.exec();
   worker.Cancel();  // the program may be ending
-  return worker.Result();
+  return worker.Result() && !dialog.wasCanceled();
 }

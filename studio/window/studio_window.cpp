@@ -270,11 +270,10 @@ std::shared_ptr<const Mosaic> StudioWindow::Build(const MosaicChoices& choices) 
   job.Add(std::make_unique<TileSink>(job.Geometry(), mosaic.tiles));
   const QString label = Text("$$$/Studio/Progress/Building=Building the mosaic…");
   const bool isComplete = DoInBackground(*this, label, [&](const Progress& goOn) {
+    mosaic.below = job.Below();
     return job.Run([&](int rows) { return goOn(double(rows) / job.Geometry().tilesDown); });
   });
-  if (!isComplete) return nullptr;
-  mosaic.below = job.Below();
-  return std::make_shared<const Mosaic>(std::move(mosaic));
+  return isComplete ? std::make_shared<const Mosaic>(std::move(mosaic)) : nullptr;
 }
 
 std::optional<MosaicChoices> StudioWindow::LoadChoices() {
@@ -328,10 +327,11 @@ bool StudioWindow::Export(const QString& path) {
     MosaicJob job(shown->picture, choices.params, choices.state);
     OutputSet outputs;
     outputs.Protect(shown->path);
-    job.AddExport(path, outputs.Add(path));
+    QIODevice& device = outputs.Add(path);
     const QString label =
         Text("$$$/Studio/Progress/Exporting=Exporting %1…", QFileInfo(path).fileName());
     if (!DoInBackground(*this, label, [&](const Progress& goOn) {
+          job.AddExport(path, device);
           return job.Run([&](int rows) { return goOn(double(rows) / job.Geometry().tilesDown); });
         })) {
       Tell(Text("$$$/Studio/Status/Cancelled=Cancelled. Nothing has changed."));

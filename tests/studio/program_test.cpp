@@ -9,7 +9,6 @@
 #include <QRegularExpression>
 #include <QTemporaryDir>
 #include <QTest>
-#include <csignal>
 
 #include "tests/studio/random_picture.h"
 
@@ -143,6 +142,7 @@ TEST_F(Program, SaysInOneLineWhatIsWrong) {
   QDir(folder.path()).mkdir("folder");
   ASSERT_TRUE(QFile::link(Path("in.png"), Path("link.png")));
   ASSERT_EQ(mkfifo(qPrintable(Path("pipe")), 0600), 0);
+  ASSERT_TRUE(QFile::link(Path("a.svg"), Path("folder/link.svg")));
   const std::pair<const char*, const char*> kCases[] = {
       {"", "which picture"},
       {"in.png in.png", "more than one picture"},
@@ -167,6 +167,7 @@ TEST_F(Program, SaysInOneLineWhatIsWrong) {
       {"in.png --gestures ok --export in.png", "for something else"},
       {"in.png --gestures ok --export folder/../link.png", "for something else"},
       {"in.png --gestures ok --record pipe", "no ordinary file"},
+      {"in.png --gestures ok --export a.svg --export folder/link.svg", "for something else"},
       {"in.png --theme pink", "not pink"},
       {"in.png --gestures ok --export a.svg --record folder", "folder"},
       {"in.png --gestures ok --export a.svg --state badstate", "badstate cannot be read"},
@@ -196,19 +197,24 @@ TEST_F(Program, StopsCleanlyWhenInterruptedOrNotHeard) {
   QProcess process;
   Start(process, "in.png --gestures huge --export a.svg --record record");
   ASSERT_TRUE(process.waitForReadyRead(30000));
-  ::kill(pid_t(process.processId()), SIGINT);
+  process.terminate();
   EXPECT_EQ(Ended(process).status, 1);
   EXPECT_EQ(Files(), before);
 
-  // The window asks nobody, as there may be nobody left.
+  // The dialog and the window ask nobody, as there may be nobody left.
   auto environment = QProcessEnvironment::systemEnvironment();
   environment.insert("QT_QPA_PLATFORM", "minimal");  // as if seen
+  environment.insert("TMPDIR", folder.path());
   process.setProcessEnvironment(environment);
-  Start(process, "in.png");
-  const QString settings = Path("config/tesserae-studio/window.ini");
-  ASSERT_TRUE(QTest::qWaitFor([&] { return QFile::exists(settings); }, 20000));
-  process.terminate();
-  EXPECT_EQ(Ended(process).status, 1);
+  const auto entries = QDir(folder.path()).count();
+  for (const char* arguments : {"in.png --export a.svg", "in.png"}) {
+    Start(process, arguments);
+    const auto isUp = [&] { return QDir(folder.path()).count() > entries; };
+    ASSERT_TRUE(QTest::qWaitFor(isUp, 20000)) << arguments;
+    process.terminate();
+    EXPECT_EQ(Ended(process).status, 1) << arguments;
+    EXPECT_EQ(Files(), before) << arguments;
+  }
 
   process.setStandardOutputFile("/dev/full");
   Start(process, "in.png --gestures ok --export a.svg");
