@@ -271,8 +271,8 @@ TEST_F(StudioWindowTest, NothingIsClippedInAnyLanguageOrTheme) {
     for (const auto theme : {qtui::Theme::kLight, qtui::Theme::kDark}) {
       SCOPED_TRACE(language);
       Speak(language);
-      qtui::ApplyTheme(theme);
       OpenPicture();
+      qtui::ApplyTheme(theme);
       window->resize(900, 600);
       QTest::qWait(20);
       for (const QToolButton* button :
@@ -332,7 +332,9 @@ TEST(TilePainter, TilesLieWhereTheyBelongAtAnyScaleAndArePaintedInAFrame) {
   const QImage halves = Painted({4, 4}, {7, 7}, {1, 1}, 0.5, 1);
   EXPECT_EQ(halves.pixel(10 + 5, 10 + 5) & 0xFFFFFF, 0x0000FFU);
   EXPECT_NEAR(qRed(halves.pixel(10 + 7, 10 + 5)), 128, 3);
-  // So do gaps among tiles that are too small to be told apart: three quarters here.
+  // Tiles that touch leave no seam, wherever their border falls.
+  EXPECT_EQ(Painted({4, 4}, {3, 3}, {0, 0}, 0.5, 1).pixelColor(14, 14), Qt::blue);
+  // Gaps count as well among tiles that are too small to be told apart: three quarters here.
   const QImage small = Painted({2000, 2000}, {0.5, 0.5}, {0.5, 0.5}, 0.25, 1);
   EXPECT_NEAR(qRed(small.pixel(260, 260)), 191, 4);
   EXPECT_EQ(qBlue(small.pixel(260, 260)), 255);
