@@ -1,5 +1,3 @@
-#include <QApplication>
-
 #include "nrvui/test_dialog.h"
 #include "platform/nrvui/ui_layout.h"
 #include "platform/nrvui/ui_panel.h"
@@ -102,40 +100,4 @@ TEST_F(Following, KeepsWindowAndDialogOfOneSize) {
     EXPECT_EQ(grown.height(), natural.height() + 10);
     EXPECT_GT(test.dialog->GetMinimumSize().x, wanted);
   });
-}
-
-class FollowingLayout : public MosaicWindowTest {};
-
-TEST_F(FollowingLayout, LooksAsIfItHadBeenOpenedWithTheFont) {
-  const QFont font = QApplication::font();
-  QFont largeFont = font;
-  largeFont.setPointSizeF(font.pointSizeF() * 2);
-  QImage normal;
-  const auto spoil = [](const OpenWindow& open) {
-    open.Type("TileSpaceHorzTxt", "none");
-    open.Key(Qt::Key_Tab);
-  };
-  LookAt([&](const OpenWindow& open) {
-    spoil(open);
-    normal = open.window.grab().toImage();
-  });
-  QApplication::setFont(largeFont);
-  LookAt([&](const OpenWindow& open) {
-    spoil(open);
-    const QImage large = open.window.grab().toImage();
-    const auto looksLike = [&](const QImage& look) {
-      return QTest::qWaitFor([&] { return open.window.grab().toImage() == look; });
-    };
-    QApplication::setFont(font);
-    EXPECT_TRUE(looksLike(normal));
-    QApplication::setFont(largeFont);
-    EXPECT_TRUE(looksLike(large));
-    EXPECT_GT(large.height(), normal.height() * 5 / 4);
-    open.window.resize(open.window.size() + QSize(500, 0));
-    const int added = open.window.width();
-    QApplication::setFont(font);
-    EXPECT_TRUE(QTest::qWaitFor([&] { return open.window.height() < large.height(); }));
-    EXPECT_EQ(open.window.width(), added);
-  });
-  QApplication::setFont(font);
 }

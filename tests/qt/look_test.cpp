@@ -75,26 +75,32 @@ void ExpectWellLaidOut(const QWidget& window, int controlCount) {
   }
 }
 
+void Wear(const Look& look) {
+  static const QFont font = QApplication::font();
+  qtui::ApplyTheme(look.theme);
+  QFont scaled = font;
+  scaled.setPointSizeF(font.pointSizeF() * look.fontScale);
+  QApplication::setFont(scaled);
+  QApplication::setLayoutDirection(look.direction);
+}
+
+/// Brings up a message, and waits until it has its place.
+void Blunder(const OpenWindow& open) {
+  open.Type("TileSpaceHorzTxt", "100000.0001 in");
+  open.Key(Qt::Key_Tab);
+  QTest::mouseMove(open.window.windowHandle(), QPoint(1, 1));  // lights up nothing there
+  QTest::qWait(20);
+}
+
 }  // namespace
 
 class LookTest : public MosaicWindowTest, public testing::WithParamInterface<Look> {
  protected:
   LookTest() {
-    qtui::ApplyTheme(GetParam().theme);
-    QFont scaled = font;
-    scaled.setPointSizeF(font.pointSizeF() * GetParam().fontScale);
-    QApplication::setFont(scaled);
-    QApplication::setLayoutDirection(GetParam().direction);
+    Wear(GetParam());
     record.sizeUnavailable = GetParam().isSizeKnown ? 0 : 1;
   }
-  ~LookTest() override {
-    QApplication::setLayoutDirection(Qt::LeftToRight);
-    QApplication::setFont(font);
-    qtui::ApplyTheme(qtui::Theme::kSystem);
-  }
-
- private:
-  const QFont font = QApplication::font();
+  ~LookTest() override { Wear(kLooks[0]); }
 };
 
 TEST_P(LookTest, ClipsAndCoversNothing) {
@@ -115,9 +121,7 @@ TEST_P(LookTest, ClipsAndCoversNothing) {
     EXPECT_TRUE(open.Get<QPushButton>("okButton").isDefault());
 
     // A message has its place already, or makes one.
-    open.Type("TileSpaceHorzTxt", "100000.0001 in");
-    open.Key(Qt::Key_Tab);
-    QTest::qWait(20);
+    Blunder(open);
     ExpectWellLaidOut(open.window, kControls + 1);
     EXPECT_EQ(open.window.width(), opened.width());
     const bool isLarge = GetParam().fontScale > 1;
@@ -125,6 +129,25 @@ TEST_P(LookTest, ClipsAndCoversNothing) {
     open.window.resize(opened * 1.5);
     QTest::qWait(20);
     ExpectWellLaidOut(open.window, kControls + 1);
+  });
+}
+
+TEST_P(LookTest, ComesToAnOpenDialogAsToANewOne) {
+  QImage expected;
+  LookAt([&](const OpenWindow& open) {
+    Blunder(open);
+    expected = open.window.grab().toImage();
+  });
+  Wear(kLooks[0]);
+  LookAt([&](const OpenWindow& open) {
+    Blunder(open);
+    Wear(GetParam());
+    EXPECT_TRUE(QTest::qWaitFor([&] { return open.window.grab().toImage() == expected; }));
+    open.window.resize(open.window.size() + QSize(500, 0));
+    const int added = open.window.width();
+    Wear(kLooks[0]);
+    QTest::qWait(20);
+    EXPECT_EQ(open.window.width(), added);
   });
 }
 
