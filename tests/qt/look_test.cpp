@@ -20,7 +20,7 @@ constexpr Look kLooks[] = {
     {"System", qtui::Theme::kSystem, 1, Qt::LeftToRight, true},
     {"Light", qtui::Theme::kLight, 1, Qt::LeftToRight, true},
     {"Dark", qtui::Theme::kDark, 1, Qt::LeftToRight, false},
-    {"LightLarge", qtui::Theme::kLight, 2.5, Qt::LeftToRight, true},
+    {"SystemLarge", qtui::Theme::kSystem, 2.5, Qt::LeftToRight, true},
     {"DarkRightToLeft", qtui::Theme::kDark, 1, Qt::RightToLeft, true},
     {"LightSmallRightToLeft", qtui::Theme::kLight, 0.7, Qt::RightToLeft, false},
 };
