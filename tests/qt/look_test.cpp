@@ -18,9 +18,9 @@ struct Look {
 
 constexpr Look kLooks[] = {
     {"System", qtui::Theme::kSystem, 1, Qt::LeftToRight, true},
+    {"SystemLarge", qtui::Theme::kSystem, 2.5, Qt::LeftToRight, true},
     {"Light", qtui::Theme::kLight, 1, Qt::LeftToRight, true},
     {"Dark", qtui::Theme::kDark, 1, Qt::LeftToRight, false},
-    {"SystemLarge", qtui::Theme::kSystem, 2.5, Qt::LeftToRight, true},
     {"DarkRightToLeft", qtui::Theme::kDark, 1, Qt::RightToLeft, true},
     {"LightSmallRightToLeft", qtui::Theme::kLight, 0.7, Qt::RightToLeft, false},
 };
@@ -138,7 +138,7 @@ TEST_P(LookTest, ComesToAnOpenDialogAsToANewOne) {
     Blunder(open);
     expected = open.window.grab().toImage();
   });
-  Wear(kLooks[0]);
+  Wear(kLooks[GetParam().fontScale > 1 ? 0 : 1]);
   LookAt([&](const OpenWindow& open) {
     Blunder(open);
     Wear(GetParam());
