@@ -131,7 +131,10 @@ TEST_F(StudioWindowTest, APictureBecomesAMosaicThatCanBeUndoneAndExported) {
   EXPECT_TRUE(window->Export(Path("a.svg")));
   QFile svg(Path("a.svg"));
   ASSERT_TRUE(svg.open(QIODevice::ReadOnly));
-  EXPECT_EQ(svg.readAll().count("<rect "), 12 * 8);
+  const QString drawing = svg.readAll();
+  EXPECT_EQ(drawing.count("<rect "), 12 * 8);
+  const QColor first = window->Shown()->mosaic->tiles.pixel(0, 0);
+  EXPECT_EQ(drawing.mid(drawing.indexOf("fill=") + 6, 7), first.name());
   Close();  // without a question, since all is exported
 
   // The next time begins with the same choices.
