@@ -15,7 +15,7 @@
 namespace {
 
 constexpr int kFirstTilesAcross = 100;
-constexpr int kMostTiles = 8640;
+constexpr int kMostTilesEntered = 8640;  // that the dialog lets a person enter
 
 // The dialog reckons with sizes of 16 bits; what doesn't fit there has no size for it.
 constexpr double kLargestSize = 32767;
@@ -63,7 +63,7 @@ MosaicChoices ChoicesFor(QSizeF pictureSize, const std::optional<MosaicChoices>&
   } else {
     const double down = kFirstTilesAcross * pictureSize.height() / pictureSize.width();
     params.tilesAcross = kFirstTilesAcross;
-    params.tilesDown = std::clamp(int(std::lround(std::min(down, 1e6))), 1, kMostTiles);
+    params.tilesDown = std::clamp(int(std::lround(std::min(down, 1e6))), 1, kMostTilesEntered);
     params.isColor = 1;
     params.deleteRaster = 1;
     params.keepHorizontal = 1;

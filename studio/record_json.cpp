@@ -63,7 +63,7 @@ constexpr Field kFields[] = {
 #undef STATE_FIELD
 
 // The ratio button can give more tiles than a person can enter, up to what 16 bits hold.
-constexpr int kMostTiles = 32767;
+constexpr int kMostTilesInRecord = 32767;
 
 template <typename Value>
 Value Load(const MosaicChoices& record, size_t offset) {
@@ -124,7 +124,7 @@ bool IsAllowed(Kind kind, double value) {
     case Kind::kFlag:
       return value == 0 || value == 1;
     case Kind::kInt:
-      return isWhole && value >= 1 && value <= kMostTiles;
+      return isWhole && value >= 1 && value <= kMostTilesInRecord;
     case Kind::kFloat:
       return std::isfinite(float(value));
   }

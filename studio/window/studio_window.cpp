@@ -3,9 +3,8 @@
 #include <QActionGroup>
 #include <QApplication>
 #include <QCloseEvent>
-#include <QFileDialog>
+#include <QDir>
 #include <QFileInfo>
-#include <QImageReader>
 #include <QMimeData>
 #include <QScopedValueRollback>
 #include <QStatusBar>
@@ -16,6 +15,7 @@
 #include "studio/studio_error.h"
 #include "studio/text.h"
 #include "studio/window/background_work.h"
+#include "studio/window/file_dialogs.h"
 #include "studio/window/settings.h"
 #include "studio/window/size_text.h"
 #include "studio/window/tile_sink.h"
@@ -52,26 +52,6 @@ QString DraggedFile(const QMimeData& data) {
   }
   return {};
 }
-
-QString PictureFilter() {
-  QStringList endings;
-  for (const QByteArray& format : QImageReader::supportedImageFormats()) {
-    endings << "*." + QString::fromLatin1(format);
-  }
-  return Text("$$$/Studio/Open/Pictures=Pictures (%1)", endings.join(' ')) + ";;" +
-         Text("$$$/Studio/Open/AllFiles=All files (%1)", QString("*"));
-}
-
-struct ExportKind {
-  const char* ending;
-  const char* filter;
-};
-
-constexpr ExportKind kExportKinds[] = {
-    {"svg", "$$$/Studio/Export/Svg=SVG drawing (*.svg)"},
-    {"pdf", "$$$/Studio/Export/Pdf=PDF document (*.pdf)"},
-    {"png", "$$$/Studio/Export/Png=PNG picture (*.png)"},
-};
 
 }  // namespace
 
@@ -212,8 +192,7 @@ bool StudioWindow::Do(const QString& failure, const std::function<bool()>& work)
 bool StudioWindow::AskForPicture() {
   const QStringList recent = settings::RecentPictures();
   const QString folder = recent.isEmpty() ? QString() : QFileInfo(recent.front()).absolutePath();
-  const QString path = QFileDialog::getOpenFileName(
-      this, Text("$$$/Studio/Open/Title=Open Picture"), folder, PictureFilter());
+  const QString path = ::AskForPicture(*this, folder);
   return !path.isEmpty() && OpenPicture(path);
 }
 
@@ -305,18 +284,8 @@ bool StudioWindow::AskForExport() {
   const QString folder = QFileInfo(former).isDir() ? former : source.absolutePath();
   const QString name = Text("$$$/Studio/Export/FileName=%1 mosaic", source.completeBaseName());
 
-  QFileDialog dialog(this, Text("$$$/Studio/Export/Title=Export Mosaic"), folder);
-  dialog.setAcceptMode(QFileDialog::AcceptSave);
-  QStringList filters;
-  for (const ExportKind& kind : kExportKinds) filters << Text(kind.filter);
-  dialog.setNameFilters(filters);
-  dialog.setDefaultSuffix(kExportKinds[0].ending);
-  connect(&dialog, &QFileDialog::filterSelected, &dialog, [&](const QString& filter) {
-    dialog.setDefaultSuffix(kExportKinds[filters.indexOf(filter)].ending);
-  });
-  dialog.selectFile(name);
-  if (dialog.exec() != QDialog::Accepted) return false;
-  return Export(dialog.selectedFiles().constFirst());
+  const QString path = ::AskForExport(*this, folder, name);
+  return !path.isEmpty() && Export(path);
 }
 
 bool StudioWindow::Export(const QString& path) {

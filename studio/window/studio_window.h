@@ -73,7 +73,7 @@ class StudioWindow final : public QMainWindow {
   void Tell(const QString& text);
 
   const LastChoices lastChoices;
-  std::optional<MosaicChoices> choicesInMind;  // where they cannot be kept
+  std::optional<MosaicChoices> choicesInMind;  // of this window; they count before kept ones
   MessageBoxes boxes;
   qtui::QtPresenter presenter;
   std::unique_ptr<MosaicCaller> caller;  // null until it could be made

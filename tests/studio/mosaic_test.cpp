@@ -78,7 +78,7 @@ TEST(MosaicBuilder, FindsTheExactMeanOfEveryShare) {
 }
 
 TEST(MosaicBuilder, HeedsThePicturesColourSpace) {
-  for (const auto name : {QColorSpace::DisplayP3, QColorSpace::AdobeRgb, QColorSpace::SRgb}) {
+  for (const auto name : {QColorSpace::DisplayP3, QColorSpace::ProPhotoRgb, QColorSpace::SRgb}) {
     QImage image(8, 8, QImage::Format_RGB32);
     image.fill(qRgb(90, 140, 170));
     image.setColorSpace(QColorSpace(name));

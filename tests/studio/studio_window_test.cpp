@@ -5,6 +5,7 @@
 #include <QApplication>
 #include <QDropEvent>
 #include <QFile>
+#include <QLineEdit>
 #include <QMessageBox>
 #include <QMimeData>
 #include <QProgressDialog>
@@ -17,6 +18,7 @@
 
 #include "platform/nrvcore/localizer.h"
 #include "platform/standin/resource_root.h"
+#include "studio/window/file_dialogs.h"
 #include "studio/window/settings.h"
 #include "tests/studio/random_picture.h"
 
@@ -129,6 +131,15 @@ TEST_F(StudioWindowTest, APictureBecomesAMosaicThatCanBeUndoneAndExported) {
   EXPECT_EQ(Canvas(), mosaic);
 
   EXPECT_TRUE(window->Export(Path("a.svg")));
+  // A dot in the name makes no ending.
+  for (const char* typed : {"10.15", "10.15.svg"}) {
+    WhenOpen<QDialog>("export", [&](QDialog& dialog) {
+      EXPECT_EQ(dialog.findChild<QLineEdit*>()->text(), "at 10.15 mosaic.svg");
+      dialog.findChild<QLineEdit*>()->setText(typed);
+      dialog.accept();
+    });
+    EXPECT_EQ(AskForExport(*window, folder.path(), "at 10.15 mosaic"), Path("10.15.svg"));
+  }
   QFile svg(Path("a.svg"));
   ASSERT_TRUE(svg.open(QIODevice::ReadOnly));
   const QString drawing = svg.readAll();

@@ -1,0 +1,15 @@
+#pragma once
+
+#include <QString>
+
+class QWidget;
+
+/// Each lets the person choose a file over the window and answers its path, or an empty text when
+/// they think better of it.
+
+/// A picture to open, `folder` first.
+QString AskForPicture(QWidget& window, const QString& folder);
+
+/// Where to export a mosaic; `name`, without an ending, is proposed. The answer ends in what the
+/// person wrote or in that of the kind they chose, and they agreed if such a file is there already.
+QString AskForExport(QWidget& window, const QString& folder, const QString& name);
