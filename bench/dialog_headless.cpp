@@ -45,6 +45,6 @@ constexpr bench::Line kLines[] = {
      .peer = "Dialog/form-loader",
      .limit = 0.1},
 };
-const bench::Table table(2, kLines);
+const bench::Table kTable(2, kLines);
 
 }  // namespace

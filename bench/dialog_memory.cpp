@@ -43,6 +43,6 @@ constexpr bench::Line kLines[] = {
      .unit = kBytes,
      .limit = 1},
 };
-const bench::Table table(5, kLines);
+const bench::Table kTable(5, kLines);
 
 }  // namespace

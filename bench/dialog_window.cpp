@@ -174,6 +174,6 @@ constexpr bench::Line kLines[] = {
      .peer = "Window/hand-made",
      .limit = 1},
 };
-const bench::Table table(3, kLines);
+const bench::Table kTable(3, kLines);
 
 }  // namespace

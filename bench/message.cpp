@@ -69,6 +69,6 @@ constexpr bench::Line kLines[] = {
      .peer = "Message/last-row-in-turn",
      .limit = 1},
 };
-const bench::Table table(1, kLines);
+const bench::Table kTable(1, kLines);
 
 }  // namespace

@@ -71,6 +71,6 @@ constexpr bench::Line kLines[] = {
     {.what = "relocations", .figure = "Module/load:relocations", .unit = kCount},
     {.what = "loading it, warm", .figure = "Module/load", .limit = 1e-3},
 };
-const bench::Table table(6, kLines);
+const bench::Table kTable(6, kLines);
 
 }  // namespace

@@ -80,6 +80,6 @@ constexpr bench::Line kLines[] = {
      .peer = "Mosaic/decode",
      .limit = 1},
 };
-const bench::Table table(7, kLines);
+const bench::Table kTable(7, kLines);
 
 }  // namespace

@@ -156,6 +156,6 @@ constexpr bench::Line kLines[] = {
      .peer = "Lookup/last/16:per node",
      .limit = 2},
 };
-const bench::Table table(4, kLines);
+const bench::Table kTable(4, kLines);
 
 }  // namespace

@@ -84,6 +84,6 @@ constexpr bench::Line kLines[] = {
      .peer = "Svg/export/10:peak",
      .limit = 1.25},
 };
-const bench::Table table(8, kLines);
+const bench::Table kTable(8, kLines);
 
 }  // namespace

@@ -37,12 +37,12 @@ void UI_Node::DestroyUnlessGuarded() const {
 void UI_Node::ChildPushBack(const boost::intrusive_ptr<UI_Node>& child) {
   if (child == nullptr) throw std::invalid_argument("a child is null");
   if (child->IsAtOrAbove(*this)) throw std::invalid_argument("a node would contain itself");
-  const boost::intrusive_ptr<UI_Node> added = child;
+  boost::intrusive_ptr<UI_Node> added = child;  // which may stand among those it now leaves
   UI_Node* const former = added->parent;
   children.emplace_back();  // the place first: without memory for it nothing has changed
   if (former != nullptr) std::erase(former->children, added);
-  children.back() = added;
   added->parent = this;
+  children.back() = std::move(added);
   if (former != nullptr && former != this) former->UI_Changed();
   UI_Changed();
 }

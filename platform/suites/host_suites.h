@@ -8,7 +8,8 @@
 
 /// The host's suites: function tables, each under a name and a version. An operation is known by
 /// its position, so the slots that the module has no use for are kept as gaps. All strings are
-/// NUL-terminated ASCII unless said otherwise; all operations run on the host's main thread.
+/// NUL-terminated ASCII unless said otherwise; all operations run on the host's main thread. A host
+/// written in C++ may throw out of any of them, so the module guards every call.
 
 class SheetFactory;
 class DrawingSupplierSource;
@@ -34,6 +35,7 @@ struct QPAccessSuite {
   static constexpr const char* kName = "QP Access Suite";
   static constexpr int32_t kVersion = 3;
 
+  /// The plug-in stays until `*access` is released.
   ResultCode (*AcquirePlugin)(PluginRef plugin, AccessHandle* access);
   ResultCode (*ReleasePlugin)(AccessHandle access);
 };
@@ -63,6 +65,7 @@ struct VXContextSuite {
   static constexpr int32_t kVersion = 1006;
 
   UnusedSlot unused0[1];
+  /// Opens a context for the plug-in; `*context` goes to the Pop that closes it, last first.
   ResultCode (*PushAppContext)(PluginRef plugin, ContextHandle* context);
   ResultCode (*PopAppContext)(ContextHandle context);
 };
@@ -85,7 +88,8 @@ struct QPBlocksSuite {
   static constexpr const char* kName = "QP Blocks Suite";
   static constexpr int32_t kVersion = 2;
 
-  /// `debugName` says in the host's diagnostics what the block is for.
+  /// `debugName` says in the host's diagnostics what the block is for. `*block` is aligned for any
+  /// type, and the caller's until FreeBlock; on failure it is not to be looked at.
   ResultCode (*AllocateBlock)(size_t size, const char* debugName, void** block);
   ResultCode (*FreeBlock)(void* block);
 };
@@ -107,6 +111,7 @@ struct VXRealMathSuite {
   static constexpr int32_t kVersion = 1002;
 
   UnusedSlot unused0[1];
+  /// In single precision; not a number where the host refuses.
   float (*Multiply)(float a, float b);
   float (*Divide)(float dividend, float divisor);
 };
@@ -138,7 +143,7 @@ struct GlossaHostInitSuite {
   static constexpr const char* kName = "Glossa Host Init Suite";
   static constexpr int32_t kVersion = 1;
 
-  /// The module whose string lists hold the host's own texts.
+  /// The module whose string lists hold the host's own texts; null when there is none.
   ModuleRef (*GetHostModule)();
 };
 
