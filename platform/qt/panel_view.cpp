@@ -156,20 +156,21 @@ void PanelView::AlignLabels(int width, int rowHeight) {
 
 void PanelView::Equalize() {
   if (widget == nullptr) return;
-  int widest = 0;
+  QSize largest;
   std::vector<QPushButton*> buttons;
   for (const NodeView* view : views) {
     auto* const button = qobject_cast<QPushButton*>(view->Widget());
     const bool counts = button != nullptr || arrangement == Arrangement::kGrid;
     if (view->Widget() == nullptr || view->Widget()->isHidden() || !counts) continue;
-    widest = std::max(widest, view->Widget()->sizeHint().width());
+    largest = largest.expandedTo(view->Widget()->sizeHint());
     if (button != nullptr) buttons.push_back(button);
   }
   if (arrangement == Arrangement::kRow) {
-    for (QPushButton* button : buttons) button->setMinimumWidth(widest);
+    for (QPushButton* button : buttons) button->setMinimumSize(largest);
   } else if (arrangement == Arrangement::kGrid && HoldsPanels()) {
     auto& grid = static_cast<QGridLayout&>(*widget->layout());
-    for (int column = 0; column < columnCount; ++column) SetColumnWidth(grid, column, widest);
+    for (int column = 0; column < columnCount; ++column)
+      SetColumnWidth(grid, column, largest.width());
   }
 }
 

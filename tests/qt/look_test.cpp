@@ -1,15 +1,20 @@
 #include <QAbstractSpinBox>
+#include <QAccessible>
 #include <QApplication>
 #include <QGroupBox>
 #include <QLabel>
 
+#include "platform/nrvcore/localizer.h"
 #include "platform/qt/theme.h"
 #include "qt/window_test.h"
 
 namespace {
 
+using nrvcore::config::Localizer;
+
 struct Look {
   const char* name;
+  const char* language;
   qtui::Theme theme;
   qreal fontScale;
   Qt::LayoutDirection direction;
@@ -17,12 +22,12 @@ struct Look {
 };
 
 constexpr Look kLooks[] = {
-    {"System", qtui::Theme::kSystem, 1, Qt::LeftToRight, true},
-    {"SystemLarge", qtui::Theme::kSystem, 2.5, Qt::LeftToRight, true},
-    {"Light", qtui::Theme::kLight, 1, Qt::LeftToRight, true},
-    {"Dark", qtui::Theme::kDark, 1, Qt::LeftToRight, false},
-    {"DarkRightToLeft", qtui::Theme::kDark, 1, Qt::RightToLeft, true},
-    {"LightSmallRightToLeft", qtui::Theme::kLight, 0.7, Qt::RightToLeft, false},
+    {"System", "en", qtui::Theme::kSystem, 1, Qt::LeftToRight, true},
+    {"SystemLarge", "de", qtui::Theme::kSystem, 2.5, Qt::LeftToRight, true},
+    {"Light", "ja", qtui::Theme::kLight, 1, Qt::LeftToRight, true},
+    {"Dark", "de", qtui::Theme::kDark, 1, Qt::LeftToRight, false},
+    {"DarkRightToLeft", "ja", qtui::Theme::kDark, 1, Qt::RightToLeft, true},
+    {"LightSmallRightToLeft", "en", qtui::Theme::kLight, 0.7, Qt::RightToLeft, false},
 };
 
 /// Everything that a person reads, types in or clicks.
@@ -60,6 +65,10 @@ void ExpectWellLaidOut(const QWidget& window, int controlCount) {
   }
   for (const QWidget* widget : controls) {
     const auto* label = qobject_cast<const QLabel*>(widget);
+    EXPECT_TRUE(label != nullptr ||
+                !QAccessible::queryAccessibleInterface(const_cast<QWidget*>(widget))
+                     ->text(QAccessible::Name)
+                     .isEmpty());
     const std::string name = (widget->objectName() + (label ? label->text() : "")).toStdString();
     const QRect rect = RectIn(window, *widget);
     EXPECT_TRUE(window.rect().contains(rect)) << name;
@@ -98,9 +107,14 @@ class LookTest : public MosaicWindowTest, public testing::WithParamInterface<Loo
  protected:
   LookTest() {
     Wear(GetParam());
+    Localizer::Get().SetCatalogues(standin::DefaultResourceRoot() / "translations");
+    Localizer::Get().SetLanguage(GetParam().language);
     record.sizeUnavailable = GetParam().isSizeKnown ? 0 : 1;
   }
-  ~LookTest() override { Wear(kLooks[0]); }
+  ~LookTest() override {
+    Localizer::Get().SetLanguage("en");
+    Wear(kLooks[0]);
+  }
 };
 
 TEST_P(LookTest, ClipsAndCoversNothing) {
