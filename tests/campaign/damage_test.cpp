@@ -1,5 +1,6 @@
 #include <QBuffer>
 #include <QImageWriter>
+#include <cmath>
 #include <cstring>
 #include <fstream>
 #include <optional>
@@ -7,6 +8,7 @@
 
 #include "campaign/built_module.h"
 #include "campaign/campaign.h"
+#include "platform/nrvcore/unicode.h"
 #include "platform/nrvui/scripted_presenter.h"
 #include "platform/standin/layout_reader.h"
 #include "platform/standin/resource_error.h"
@@ -14,6 +16,7 @@
 #include "standin/temporary_folder.h"
 #include "studio/picture.h"
 #include "studio/random_picture.h"
+#include "studio/record_json.h"
 #include "studio/studio_error.h"
 
 // Files with random damage: they are refused with a reason, or what comes of them can be worked
@@ -74,6 +77,44 @@ TEST(DamagedLayout, IsRefusedOrHoldsADialogThatDamagedGesturesPlay) {
   EXPECT_GT(shown, 0u);
 }
 
+TEST(DamagedStringList, IsRefusedOrGivesAlertsThatCanBeRead) {
+  std::ostringstream original;
+  original << std::ifstream(standin::DefaultResourceRoot() / "strings/16050.txt").rdbuf();
+  ForEachDamage(1500, [&](Random& random) {
+    std::istringstream text(Damaged(random, original.str()));
+    const auto list = ReadOrRefused<standin::ResourceError>(
+        [&] { return standin::StringList::Read(text, "16050.txt"); });
+    if (!list) return;
+    BuiltModule built;
+    EXPECT_EQ(built.module.ShutDown(), ResultCode::kSuccess);
+    built.host.Lists().Replace(standin::ListOwner::kPlugin, 16050, *list);
+    const auto code = ResultCode{static_cast<int32_t>(campaign::Below(random, 1000)) + 1};
+    built.host.Operations().Refuse("QP Plug-ins Suite/SetPluginName", code);
+    EXPECT_EQ(built.module.StartUp(), code);
+    for (const std::string& alert : built.person.alerts) {
+      EXPECT_TRUE(alert.size() < 256 && nrvcore::utility::IsValidUTF8(alert)) << alert;
+    }
+    EXPECT_LE(built.person.alerts.size(), 1u);
+    EXPECT_EQ(built.module.StartUp(), ResultCode::kSuccess);
+  });
+}
+
+TEST(DamagedChoices, AreRefusedOrAreChoices) {
+  MosaicChoices choices;
+  choices.params.tilesAcross = choices.params.tilesDown = 40;
+  choices.state.aspectRatio = 1.5f;
+  const std::string original = ChoicesToJson(choices).toStdString();
+  ForEachDamage(5000, [&](Random& random) {
+    const auto read = ReadOrRefused<StudioError>(
+        [&] { return ChoicesFromJson(QByteArray::fromStdString(Damaged(random, original))); });
+    if (!read) return;
+    EXPECT_TRUE(read->params.tilesAcross >= 1 && read->params.tilesAcross <= 32767);
+    EXPECT_TRUE(std::isfinite(read->state.aspectRatio));
+    const MosaicChoices again = ChoicesFromJson(ChoicesToJson(*read));
+    EXPECT_EQ(std::memcmp(&again, &*read, sizeof again), 0);
+  });
+}
+
 TEST(DamagedPicture, IsRefusedOrIsAPicture) {
   const TemporaryFolder folder;
   const QString file = QString::fromStdString((folder.path / "picture").string());
@@ -83,9 +124,13 @@ TEST(DamagedPicture, IsRefusedOrIsAPicture) {
     QBuffer buffer;
     ASSERT_TRUE(QImageWriter(&buffer, campaign::Pick(random, kFormats))
                     .write(RandomImage(width, 20, QImage::Format_RGB32, 1)));
-    folder.Write("picture", Damaged(random, buffer.data().toStdString()));
+    const std::string whole = buffer.data().toStdString();
+    const bool isCut = campaign::Once(random, 2);
+    folder.Write("picture", isCut ? whole.substr(0, campaign::Below(random, whole.size()))
+                                  : Damaged(random, whole));
     const auto picture = ReadOrRefused<StudioError>([&] { return Picture::Read(file); });
     if (!picture) return;
+    EXPECT_FALSE(isCut);
     EXPECT_FALSE(picture->Pixels().isNull());
     EXPECT_TRUE(picture->SizeInPoints().width() > 0 && picture->SizeInPoints().height() > 0);
   });

