@@ -82,16 +82,11 @@ ScriptError::ScriptError(const std::string& scriptFile, std::size_t scriptLine,
     : std::runtime_error(scriptFile +
                          (scriptLine == 0 ? std::string() : ":" + std::to_string(scriptLine)) +
                          ": " + why),
-      file(scriptFile),
       line(scriptLine),
       reason(why) {}
 
 ScriptError::ScriptError(const ScriptError& other) = default;
 ScriptError::~ScriptError() = default;
-
-const std::string& ScriptError::File() const {
-  return file;
-}
 
 std::size_t ScriptError::Line() const {
   return line;

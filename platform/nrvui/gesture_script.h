@@ -18,12 +18,10 @@ class NRV_EXPORT ScriptError : public std::runtime_error {
   ScriptError(const ScriptError& other);
   ~ScriptError() override;
 
-  const std::string& File() const;
   std::size_t Line() const;
   const std::string& Reason() const;
 
  private:
-  std::string file;
   std::size_t line;
   std::string reason;
 };

@@ -1,11 +1,13 @@
 #include <gtest/gtest.h>
 
+#include <QBuffer>
 #include <QRgbaFloat32>
 #include <cmath>
 #include <limits>
 
 #include "studio/mosaic_builder.h"
 #include "studio/mosaic_geometry.h"
+#include "studio/mosaic_job.h"
 #include "studio/studio_error.h"
 #include "tests/studio/random_picture.h"
 
@@ -87,11 +89,20 @@ TEST(MosaicBuilder, HeedsThePicturesColourSpace) {
   }
 }
 
-TEST(MosaicBuilder, StopsWhenToldAndGivesNoColourToWhatIsClear) {
+TEST(MosaicJob, StopsWhenToldAndGivesNoColourToWhatIsClear) {
   const Picture picture(RandomImage(30, 30, QImage::Format_RGB32, 7));
-  int rows = 0;
-  EXPECT_FALSE(MosaicBuilder(picture, 3, 10, true).Run([&](auto) { return ++rows < 4; }));
-  EXPECT_EQ(rows, 4);
+  MosaicParameters params{};
+  params.tilesAcross = params.tilesDown = 10;
+  params.newWidth = params.newHeight = 30;
+  for (const int last : {4, 10, 11}) {  // among the rows, after them, and after the file
+    QBuffer file;
+    file.open(QIODevice::WriteOnly);
+    MosaicJob job(picture, params, {});
+    job.AddExport("a.svg", file);
+    int asked = 0;
+    EXPECT_FALSE(job.Run([&](int) { return ++asked < last; }));
+    EXPECT_EQ(asked, last);
+  }
   QImage clear(2, 2, QImage::Format_ARGB32);
   clear.fill(Qt::transparent);
   EXPECT_EQ(BuildAll(Picture(clear), {1, 1}), std::vector<QRgb>{0});
