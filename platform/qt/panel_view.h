@@ -23,7 +23,7 @@ class PanelView final : public NodeView {
   /// What the labels of a grid with labels in front need; 0 for all other panels.
   int LabelWidth() const;
   void AlignLabels(int width, int rowHeight);
-  /// Makes the buttons of a row, and the groups of a grid, equally wide.
+  /// Makes the buttons of a row equally large, and the groups of a grid equally wide.
   void Equalize();
 
  private:
