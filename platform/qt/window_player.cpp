@@ -18,7 +18,6 @@ namespace qtui {
 using nrvui::gestures::Key;
 using nrvui::gestures::Outcome;
 using nrvui::gestures::ScriptError;
-using nrvui::gestures::Step;
 using nrvui::gestures::Verb;
 using nrvui::ui::UI_Node;
 
