@@ -53,7 +53,9 @@ TEST(DamagedLayout, IsRefusedOrHoldsADialogThatDamagedGesturesPlay) {
   ForEachDamage(1500, [&](Random& random) {
     const std::string text = Damaged(random, original.str());
     const auto script = ReadOrRefused<nrvui::gestures::ScriptError>([&] {
-      return nrvui::gestures::GestureScript::Parse(Damaged(random, gestures), "gestures");
+      const bool isWhole = campaign::Once(random, 2);
+      return nrvui::gestures::GestureScript::Parse(isWhole ? gestures : Damaged(random, gestures),
+                                                   "gestures");
     });
     const auto tree = ReadOrRefused<standin::ResourceError>(
         [&] { return standin::ParseLayout(text, "layout.xml", standin::MakeLiveToken()); });
@@ -74,7 +76,7 @@ TEST(DamagedLayout, IsRefusedOrHoldsADialogThatDamagedGesturesPlay) {
     shown += code == ResultCode::kSuccess;
     EXPECT_EQ(built.host.Sheets().Leftovers(), std::vector<std::string>{});
   });
-  EXPECT_GT(shown, 0u);
+  EXPECT_GT(shown, 0u) << "a single seed that is played again may show none";
 }
 
 TEST(DamagedStringList, IsRefusedOrGivesAlertsThatCanBeRead) {
