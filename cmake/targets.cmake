@@ -12,6 +12,10 @@ if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
     target_compile_options(tesserae_settings INTERFACE -Wno-restrict)
   endif()
 endif()
+if(CMAKE_CXX_COMPILER_ID MATCHES "Clang")
+  # Blocks are given back with their size, as the language has it.
+  target_compile_options(tesserae_settings INTERFACE -fsized-deallocation)
+endif()
 if(TESSERAE_SANITIZE)
   target_compile_options(tesserae_settings INTERFACE
     -O1 -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)

@@ -39,7 +39,8 @@ void DrawTesserae(QPainter& painter) {
   for (int i = 0; i < 9; ++i) {
     QColor tile = color;
     tile.setAlphaF(color.alphaF() * float(kWeights[i]) / 100);
-    painter.fillRect(QRectF(2 + i % 3 * 5.5, 2 + i / 3 * 5.5, 5, 5), tile);
+    const int row = i / 3;
+    painter.fillRect(QRectF(2 + i % 3 * 5.5, 2 + row * 5.5, 5, 5), tile);
   }
 }
 

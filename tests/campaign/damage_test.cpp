@@ -36,6 +36,11 @@ auto ReadOrRefused(Read read) -> std::optional<decltype(read())> try {
   return std::nullopt;
 }
 
+template <typename Record>
+std::string Bytes(const Record& record) {
+  return {reinterpret_cast<const char*>(&record), sizeof record};
+}
+
 void ForEachDamage(size_t inShort, const std::function<void(Random& random)>& play) {
   campaign::ForEachSeed(campaign::Count(inShort / campaign::Step(1), inShort * 100), play);
 }
@@ -69,7 +74,7 @@ TEST(DamagedLayout, IsRefusedOrHoldsADialogThatDamagedGesturesPlay) {
     MosaicDialogState state{};
     const ResultCode code = built.RunDialog(record, state);
     if (code != ResultCode::kSuccess) {
-      EXPECT_EQ(std::memcmp(&record, &untouched, sizeof record), 0);
+      EXPECT_EQ(Bytes(record), Bytes(untouched));
       EXPECT_TRUE(code == ResultCode::kCancelled || !person.Error());
     }
     EXPECT_TRUE(tree || !isDamaged || code == ResultCode::kCannot);
@@ -113,7 +118,7 @@ TEST(DamagedChoices, AreRefusedOrAreChoices) {
     EXPECT_TRUE(read->params.tilesAcross >= 1 && read->params.tilesAcross <= 32767);
     EXPECT_TRUE(std::isfinite(read->state.aspectRatio));
     const MosaicChoices again = ChoicesFromJson(ChoicesToJson(*read));
-    EXPECT_EQ(std::memcmp(&again, &*read, sizeof again), 0);
+    EXPECT_EQ(Bytes(again), Bytes(*read));
   });
 }
 

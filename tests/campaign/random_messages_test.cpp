@@ -16,7 +16,8 @@ constexpr const char* kNotifierTypes[] = {"VX Application Started Notifier", "VX
 
 /// The text, or one that differs from it a little.
 std::string Near(Random& random, const std::string& text) {
-  return Once(random, 2) ? text : std::string(campaign::Damaged(random, text).c_str());
+  const std::string damaged = campaign::Damaged(random, text);
+  return Once(random, 2) ? text : damaged.substr(0, damaged.find('\0'));
 }
 
 /// One of the messages that begin or end something; says whether the plug-in then holds suites.

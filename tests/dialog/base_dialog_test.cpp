@@ -172,7 +172,8 @@ TEST_F(BaseDialogTest, ButtonsAreFoundSwappedAndRegisteredByTheirRules) {
   };
   for (const auto& [inRow, last, isRegistered, isSwapped] : cases) {
     SCOPED_TRACE(inRow + last);
-    Lay(Button("okButton") + "<row>" + Button("help") + inRow + "</row>" + last);
+    std::string layout = Button("okButton");
+    Lay(layout.append("<row>").append(Button("help")).append(inRow).append("</row>").append(last));
     const DialogRef dialog(new PlainDialog);
     ASSERT_TRUE(dialog->GetOkButton());
     EXPECT_EQ(dialog->GetOkButton(), dialog->FindNodeByID("okButton"));

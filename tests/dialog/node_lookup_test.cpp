@@ -11,7 +11,7 @@ using nrvui::ui::UI_Panel;
 using NodeRef = boost::intrusive_ptr<UI_Node>;
 
 NodeRef Add(const NodeRef& parent, const char* nodeID) {
-  const NodeRef node(new UI_Panel);
+  NodeRef node(new UI_Panel);
   node->UI_SetNodeID(nodeID);
   if (parent) parent->ChildPushBack(node);
   return node;
