@@ -53,10 +53,10 @@ QString AskForExport(QWidget& window, const QString& folder, const QString& name
   dialog.setNameFilters(filters);
   dialog.selectFile(name + kExportKinds[0].ending);
   while (dialog.exec() == QDialog::Accepted) {
-    const QString path = dialog.selectedFiles().constFirst();
+    QString path = dialog.selectedFiles().constFirst();
     if (HasEnding(path)) return path;
     const auto chosen = std::max<qsizetype>(0, filters.indexOf(dialog.selectedNameFilter()));
-    const QString whole = path + kExportKinds[chosen].ending;
+    QString whole = path + kExportKinds[chosen].ending;
     if (!QFileInfo::exists(whole)) return whole;
     dialog.selectFile(whole);  // to be asked whether it may be replaced
   }

@@ -27,7 +27,7 @@ class TestDialog {
 
   template <class Control, class Parent>
   boost::intrusive_ptr<Control> Add(const Parent& parent, const char* id) {
-    const boost::intrusive_ptr<Control> control = new Control;
+    boost::intrusive_ptr<Control> control = new Control;
     control->UI_SetNodeID(id);
     WhenChanged(*control, [this, id] { ++notified[id]; });
     parent->ChildPushBack(control);

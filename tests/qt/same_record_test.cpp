@@ -64,7 +64,8 @@ TEST_F(SameRecord, ComesFromEveryKindOfGesture) {
   for (const char* number : {"0", "33.3333", "+7", "1e2", "-4", "0,5", "3 .", "\u22125", "1\u00a0",
                              "00012", "7%", "2 in", "\uff11\uff12"}) {
     const std::string entry = std::string(" ") + number + "\n";
-    ExpectSame("enter NewHeightTxt" + entry + "enter TileSpaceHorzTxt" + entry + "key Return");
+    std::string script = "enter NewHeightTxt" + entry;
+    ExpectSame(script.append("enter TileSpaceHorzTxt").append(entry).append("key Return"));
     ExpectSame("click UsePercentChk\nenter NewWidthTxt" + entry + "click okButton");
   }
   record.sizeUnavailable = 1;

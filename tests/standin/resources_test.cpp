@@ -78,7 +78,7 @@ TEST(Layout, BuildsNodesNestedAsTheElements) {
 
 TEST(Layout, RefusesWithFileLineAndReasonAndLeavesNoNode) {
   std::string deep;
-  for (int i = 0; i < 40; ++i) deep = "<row>" + deep + "</row>";
+  for (int i = 0; i < 40; ++i) deep.insert(0, "<row>").append("</row>");
   const std::pair<std::string, const char*> cases[] = {
       {"", "No document element found"},
       {"<dialog/>", "<dialog> where <sheet> must stand"},

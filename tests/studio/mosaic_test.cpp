@@ -69,7 +69,8 @@ TEST(MosaicBuilder, FindsTheExactMeanOfEveryShare) {
         const double width = double(size.width()) / tiles.width();
         const double height = double(size.height()) / tiles.height();
         for (int i = 0; i < int(built.size()); ++i) {
-          const QRectF share(i % tiles.width() * width, i / tiles.width() * height, width, height);
+          const QPoint tile(i % tiles.width(), i / tiles.width());
+          const QRectF share(tile.x() * width, tile.y() * height, width, height);
           // Only a mean on the very border between two values may fall to either side.
           ASSERT_LE(Difference(built[size_t(i)], SlowMean(image, share, isColor)), 1)
               << "seed " << seed << ", tile " << i << " of " << tiles.width() << " across";
