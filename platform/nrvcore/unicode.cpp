@@ -1,5 +1,6 @@
 #include "platform/nrvcore/unicode.h"
 
+#include <algorithm>
 #include <array>
 #include <string>
 
@@ -50,6 +51,15 @@ char32_t TakeCodePoint(std::string_view& text) {
   return kMalformed;
 }
 
+/// Takes the text up to the first character beyond ASCII off the front.
+std::string_view TakeAscii(std::string_view& text) {
+  const auto isBeyond = [](char c) { return static_cast<unsigned char>(c) >= 0x80; };
+  const auto end = std::ranges::find_if(text, isBeyond);
+  const std::string_view ascii(text.begin(), end);
+  text.remove_prefix(ascii.size());
+  return ascii;
+}
+
 char32_t TakeCodePoint(std::u16string_view& text) {
   const char16_t first = text.front();
   text.remove_prefix(1);
@@ -87,11 +97,13 @@ void AppendUTF16(std::u16string& out, char32_t codePoint) {
 UTF16String UTF8ToUTF16(std::string_view text) {
   std::u16string out;
   out.reserve(text.size());
-  while (!text.empty()) {
+  for (;;) {
+    const std::string_view ascii = TakeAscii(text);
+    out.append(ascii.begin(), ascii.end());
+    if (text.empty()) return UTF16String(out);
     const char32_t codePoint = TakeCodePoint(text);
     AppendUTF16(out, codePoint == kMalformed ? kReplacement : codePoint);
   }
-  return UTF16String(out);
 }
 
 String UTF16ToUTF8(std::u16string_view text) {
@@ -102,10 +114,11 @@ String UTF16ToUTF8(std::u16string_view text) {
 }
 
 bool IsValidUTF8(std::string_view text) {
-  while (!text.empty()) {
+  for (;;) {
+    TakeAscii(text);
+    if (text.empty()) return true;
     if (TakeCodePoint(text) == kMalformed) return false;
   }
-  return true;
 }
 
 UTF16String AsciiToUTF16(const char* text) {

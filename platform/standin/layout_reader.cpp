@@ -36,7 +36,7 @@ class Reader {
   /// An attribute that names another node.
   struct Reference {
     const char* position;
-    std::string id;
+    std::string_view id;
   };
 
   boost::intrusive_ptr<UI_Node> MakeNode(const pugi::xml_node& xml);
@@ -55,7 +55,7 @@ class Reader {
   std::string parsed;
   const std::filesystem::path& file;
   const LiveToken& token;
-  std::map<std::string, boost::intrusive_ptr<UI_Node>, std::less<>> nodes;
+  std::map<std::string_view, UI_Node*> nodes;
   std::vector<Reference> buddies;
   std::vector<Reference> initialFocus;
 };
@@ -148,7 +148,7 @@ void Reader::NoteId(const pugi::xml_attribute& attribute, UI_Node& node) {
 boost::intrusive_ptr<UI_Node> Reader::Resolve(const Reference& reference) const {
   const auto found = nodes.find(reference.id);
   if (found == nodes.end())
-    Refuse(reference.position, "no node has the ID \"" + reference.id + "\"");
+    Refuse(reference.position, "no node has the ID \"" + std::string(reference.id) + "\"");
   return found->second;
 }
 

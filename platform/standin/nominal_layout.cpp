@@ -54,12 +54,6 @@ Size ControlSize(const nrvui::controls::UI_ControlView& control) {
   return {kIndicator + caption, kCell.y};
 }
 
-/// A panel without content, which takes what room is left.
-bool IsSpace(const UI_Node& node) {
-  const auto* const panel = dynamic_cast<const UI_Panel*>(&node);
-  return panel && panel->GetTitle().IsEmpty() && Children(node).empty();
-}
-
 void SetSize(UI_Node& node, Size size) {
   node.UI_SetLocalRectF({0, 0, size.x, size.y});
 }
@@ -69,132 +63,131 @@ Size SizeOf(const UI_Node& node) {
   return {rect.right, rect.bottom};
 }
 
-/// What a panel's children take together, each row as high and each column as wide as its largest.
-struct Tracks {
-  std::vector<float> columns;
-  std::vector<float> rows;
-};
-
-size_t ColumnCount(const UI_Panel& panel) {
-  switch (panel.GetArrangement()) {
-    case PanelArrangement::kColumn:
-      return 1;
-    case PanelArrangement::kRow:
-      return std::max<size_t>(Children(panel).size(), 1);
-    case PanelArrangement::kGrid:
-      return panel.GetColumnCount();
-  }
-  return 1;
-}
-
-Tracks MeasureTracks(const UI_Panel& panel) {
-  const auto children = Children(panel);
-  const size_t columns = ColumnCount(panel);
-  Tracks tracks;
-  tracks.columns.resize(columns);
-  tracks.rows.resize((children.size() + columns - 1) / columns);
-  for (size_t i = 0; i < children.size(); ++i) {
-    const Size size = SizeOf(*children[i]);
-    float& width = tracks.columns[i % columns];
-    float& height = tracks.rows[i / columns];
-    width = std::max(width, size.x);
-    height = std::max(height, size.y);
-  }
-  return tracks;
-}
-
 float Length(const std::vector<float>& tracks) {
   float length = tracks.empty() ? 0 : kGap * static_cast<float>(tracks.size() - 1);
   for (const float track : tracks) length += track;
   return length;
 }
 
-/// The room between a panel's edges and its content.
-struct Insets {
-  float side;
-  float top;
+/// A node with what the arrangement asks again and again: whether it is a panel, how large it is by
+/// itself, and what stands in it.
+class Box {
+ public:
+  /// Measures from the leaves upwards.
+  explicit Box(UI_Node& measured);
+
+  Size NaturalSize() const { return natural; }
+  /// Panels fill their room, whatever else keeps its size and stands in the middle of its height.
+  void Place(PointT<float> position, Size room);
+
+ private:
+  /// A panel without content, which takes what room is left.
+  bool IsSpace() const { return panel && children.empty() && panel->GetTitle().IsEmpty(); }
+  bool IsTitled() const { return !panel->GetTitle().IsEmpty(); }
+  size_t ColumnCount() const;
+  void MeasureTracks();
+  void StretchTracks(Size room);
+  void PlaceChildren(Size size);
+
+  UI_Node& node;
+  UI_Panel* panel = nullptr;  // null when the node is none; all that follows is a panel's
+  std::vector<Box> children;
+  std::vector<float> columns;  // each as wide as its widest child
+  std::vector<float> rows;     // each as high as its highest
+  Size natural = {0, 0};
 };
 
-Insets InsetsOf(const UI_Panel& panel) {
-  if (panel.GetTitle().IsEmpty()) return {0, 0};
-  return {kFrame, kFrame + kCell.y};
+Box::Box(UI_Node& measured) : node(measured) {
+  if (const auto* const control = dynamic_cast<nrvui::controls::UI_ControlView*>(&node)) {
+    natural = ControlSize(*control);
+    return;
+  }
+  panel = dynamic_cast<UI_Panel*>(&node);
+  if (!panel) {
+    natural = SizeOf(node);
+    return;
+  }
+  children.reserve(Children(node).size());
+  for (const auto& child : Children(node)) children.emplace_back(*child);
+  MeasureTracks();
+  const float frame = IsTitled() ? kFrame : 0;
+  natural = {2 * frame + std::max(Length(columns), TextWidth(panel->GetTitle())),
+             2 * frame + (IsTitled() ? kCell.y : 0) + Length(rows)};
 }
 
-/// Sets the natural sizes from the leaves upwards.
-void Measure(UI_Node& node) {
-  for (const auto& child : Children(node)) Measure(*child);
-  if (const auto* const control = dynamic_cast<nrvui::controls::UI_ControlView*>(&node))
-    return SetSize(node, ControlSize(*control));
-  const auto* const panel = dynamic_cast<UI_Panel*>(&node);
-  if (!panel) return;
-  const Tracks tracks = MeasureTracks(*panel);
-  const Insets insets = InsetsOf(*panel);
-  const float titleWidth = TextWidth(panel->GetTitle());
-  SetSize(node,
-          {2 * insets.side + std::max(Length(tracks.columns), titleWidth),
-           insets.top + insets.side * (panel->GetTitle().IsEmpty() ? 0 : 1) + Length(tracks.rows)});
+size_t Box::ColumnCount() const {
+  switch (panel->GetArrangement()) {
+    case PanelArrangement::kColumn:
+      return 1;
+    case PanelArrangement::kRow:
+      return std::max<size_t>(children.size(), 1);
+    case PanelArrangement::kGrid:
+      return panel->GetColumnCount();
+  }
+  return 1;
+}
+
+void Box::MeasureTracks() {
+  columns.resize(ColumnCount());
+  rows.resize((children.size() + columns.size() - 1) / columns.size());
+  for (size_t i = 0; i < children.size(); ++i) {
+    const Size size = children[i].NaturalSize();
+    float& width = columns[i % columns.size()];
+    float& height = rows[i / columns.size()];
+    width = std::max(width, size.x);
+    height = std::max(height, size.y);
+  }
 }
 
 /// Gives the room that is left over to the spaces of a row or column, in equal shares.
-void Stretch(const UI_Panel& panel, Size room, Tracks* tracks) {
-  const auto children = Children(panel);
-  const bool isRow = panel.GetArrangement() == PanelArrangement::kRow;
-  if (!isRow && panel.GetArrangement() != PanelArrangement::kColumn) return;
-  std::vector<float>& along = isRow ? tracks->columns : tracks->rows;
-  const auto spaces = std::count_if(children.begin(), children.end(),
-                                    [](const auto& child) { return IsSpace(*child); });
+void Box::StretchTracks(Size room) {
+  const bool isRow = panel->GetArrangement() == PanelArrangement::kRow;
+  if (!isRow && panel->GetArrangement() != PanelArrangement::kColumn) return;
+  std::vector<float>& along = isRow ? columns : rows;
+  const auto spaces = std::ranges::count_if(children, &Box::IsSpace);
   const float left = (isRow ? room.x : room.y) - Length(along);
   for (size_t i = 0; i < children.size(); ++i)
-    if (IsSpace(*children[i])) along[i] += std::max(left, 0.0F) / static_cast<float>(spaces);
-  std::vector<float>& across = isRow ? tracks->rows : tracks->columns;
+    if (children[i].IsSpace()) along[i] += std::max(left, 0.0F) / static_cast<float>(spaces);
+  std::vector<float>& across = isRow ? rows : columns;
   for (float& track : across) track = std::max(track, isRow ? room.y : room.x);
 }
 
-void PlaceChildren(UI_Panel& panel);
-
-/// Places a node, and then what it holds: panels fill their room, whatever else keeps its size and
-/// stands in the middle of its height.
-void Place(UI_Node& node, PointT<float> position, Size room) {
-  auto* const panel = dynamic_cast<UI_Panel*>(&node);
-  if (panel) SetSize(node, room);
-  node.UI_SetPosition({position.x, position.y + (room.y - SizeOf(node).y) / 2});
-  if (panel) PlaceChildren(*panel);
+void Box::Place(PointT<float> position, Size room) {
+  const Size size = panel ? room : natural;
+  SetSize(node, size);
+  node.UI_SetPosition({position.x, position.y + (room.y - size.y) / 2});
+  if (panel) PlaceChildren(size);
 }
 
-void PlaceChildren(UI_Panel& panel) {
-  const Insets insets = InsetsOf(panel);
-  const Size size = SizeOf(panel);
-  Tracks tracks = MeasureTracks(panel);
-  const float bottom = panel.GetTitle().IsEmpty() ? 0 : kFrame;
-  Stretch(panel, {size.x - 2 * insets.side, size.y - insets.top - bottom}, &tracks);
-  const auto children = Children(panel);
-  PointT<float> position = {insets.side, insets.top};
+void Box::PlaceChildren(Size size) {
+  const float frame = IsTitled() ? kFrame : 0;
+  PointT<float> position = {frame, frame + (IsTitled() ? kCell.y : 0)};
+  StretchTracks({size.x - 2 * frame, size.y - position.y - frame});
   for (size_t i = 0; i < children.size(); ++i) {
-    const size_t column = i % tracks.columns.size();
-    const size_t row = i / tracks.columns.size();
-    if (column == 0) position.x = insets.side;
-    const Size track = {tracks.columns[column], tracks.rows[row]};
-    Place(*children[i], position, track);
+    const size_t column = i % columns.size();
+    const Size track = {columns[column], rows[i / columns.size()]};
+    children[i].Place(position, track);
     position.x += track.x + kGap;
-    if (column + 1 == tracks.columns.size()) position.y += track.y + kGap;
+    if (column + 1 == columns.size()) position = {frame, position.y + track.y + kGap};
   }
 }
 
 }  // namespace
 
 Size LayOutNominally(nrvui::ui::UI_Layout& layout) {
+  std::vector<Box> boxes;
   float width = 0;
   for (const auto& child : Children(layout)) {
-    Measure(*child);
-    width = std::max(width, SizeOf(*child).x);
+    boxes.emplace_back(*child);
+    width = std::max(width, boxes.back().NaturalSize().x);
   }
   float bottom = kMargin;
-  for (const auto& child : Children(layout)) {
-    const float height = SizeOf(*child).y;
-    Place(*child, {kMargin, bottom}, {width, height});
+  for (Box& box : boxes) {
+    const float height = box.NaturalSize().y;
+    box.Place({kMargin, bottom}, {width, height});
     bottom += height + kGap;
   }
-  const float gapAfterLast = Children(layout).empty() ? 0 : kGap;
+  const float gapAfterLast = boxes.empty() ? 0 : kGap;
   const Size natural = {width + 2 * kMargin, bottom - gapAfterLast + kMargin};
   SetSize(layout, natural);
   return natural;
