@@ -68,6 +68,10 @@ int PanelView::ColumnCount() const {
   return panel != nullptr ? static_cast<int>(panel->GetColumnCount()) : 1;
 }
 
+int PanelView::RowCount() const {
+  return (static_cast<int>(views.size()) + columnCount - 1) / columnCount;
+}
+
 void PanelView::Follow() {
   if (auto* section = dynamic_cast<Section*>(widget)) {
     section->setTitle(AsCaption(ToQString(panel->GetTitle())));
@@ -134,6 +138,8 @@ void PanelView::ArrangeGrid() {
   } else {
     grid->setColumnStretch(columnCount - 1, 1);
   }
+  // What a section is higher than its content stays empty below it.
+  if (IsTitled(panel)) grid->setRowStretch(RowCount(), 1);
 }
 
 int PanelView::LabelWidth() const {
@@ -149,7 +155,7 @@ int PanelView::LabelWidth() const {
 void PanelView::AlignLabels(int width, int rowHeight) {
   auto& grid = static_cast<QGridLayout&>(*widget->layout());
   SetColumnWidth(grid, 0, width);
-  for (int row = 0; row < grid.rowCount(); ++row) {
+  for (int row = 0; row < RowCount(); ++row) {
     if (grid.rowMinimumHeight(row) != rowHeight) grid.setRowMinimumHeight(row, rowHeight);
   }
 }

@@ -31,6 +31,7 @@ class PanelView final : public NodeView {
 
   Arrangement CurrentArrangement() const;
   int ColumnCount() const;
+  int RowCount() const;
   void ArrangeBox();
   void ArrangeGrid();
   bool HoldsPanels() const;

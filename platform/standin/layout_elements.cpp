@@ -53,7 +53,9 @@ void SetTitle(UI_Node& node, const LayoutAttribute& value) {
 }
 
 void SetColumns(UI_Node& node, const LayoutAttribute& value) {
-  static_cast<UI_Panel&>(node).SetColumnCount(value.AsCount(kMostColumns));
+  auto& panel = static_cast<UI_Panel&>(node);
+  panel.SetArrangement(PanelArrangement::kGrid);
+  panel.SetColumnCount(value.AsCount(kMostColumns));
 }
 
 void SetBuddy(UI_Node& node, const LayoutAttribute& value) {
@@ -76,6 +78,7 @@ constexpr AttributeRule kGridAttributes[] = {
 constexpr AttributeRule kGroupAttributes[] = {
     {"id", kOptional, SetId},
     {"caption", kRequired, SetTitle},
+    {"columns", kOptional, SetColumns},  // without them its content stands in one column
 };
 constexpr AttributeRule kLabelAttributes[] = {
     {"id", kOptional, SetId},

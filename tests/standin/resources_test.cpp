@@ -46,13 +46,11 @@ Node& As(const boost::intrusive_ptr<UI_Node>& node) {
 constexpr const char* kSample = R"(<?xml version="1.0"?>
 <sheet focus="count">
   <!-- a comment -->
-  <group id="box" caption="$$$/Test/Box=A Box">
-    <grid columns="2">
-      <label caption="$$$/Test/Count=&amp;Count:" for="count"/>
-      <number id="count" value="2.5"/>
-      <space/>
-      <radio id="one" group="choice" caption="$$$/Test/One=One"/>
-    </grid>
+  <group id="box" caption="$$$/Test/Box=A Box" columns="2">
+    <label caption="$$$/Test/Count=&amp;Count:" for="count"/>
+    <number id="count" value="2.5"/>
+    <space/>
+    <radio id="one" group="choice" caption="$$$/Test/One=One"/>
   </group>
   <row><space/><button id="ok" caption="$$$/Test/OK=OK"/></row>
 </sheet>)";
@@ -63,15 +61,14 @@ TEST(Layout, BuildsNodesNestedAsTheElements) {
   const auto& group = As<UI_Panel>(Children(*tree.layout)[0]);
   EXPECT_EQ(group.GetTitle(), u"A Box");
   EXPECT_EQ(group.UI_GetNodeID(), "box");
-  const auto& grid = As<UI_Panel>(Children(group)[0]);
-  EXPECT_EQ(grid.GetArrangement(), PanelArrangement::kGrid);
-  EXPECT_EQ(grid.GetColumnCount(), 2U);
-  ASSERT_EQ(Children(grid).size(), 4U);
-  EXPECT_EQ(As<UI_StaticText>(Children(grid)[0]).GetBuddy(), "count");
-  EXPECT_EQ(As<UI_StaticText>(Children(grid)[0]).GetCaption(), u"&Count:");
-  EXPECT_EQ(As<UI_UnitNumberEdit>(Children(grid)[1]).GetNumber(), 2.5);
-  EXPECT_EQ(tree.initialFocus, Children(grid)[1]);
-  EXPECT_EQ(As<UI_RadioButton>(Children(grid)[3]).GetGroup(), "choice");
+  EXPECT_EQ(group.GetArrangement(), PanelArrangement::kGrid);
+  EXPECT_EQ(group.GetColumnCount(), 2U);
+  ASSERT_EQ(Children(group).size(), 4U);
+  EXPECT_EQ(As<UI_StaticText>(Children(group)[0]).GetBuddy(), "count");
+  EXPECT_EQ(As<UI_StaticText>(Children(group)[0]).GetCaption(), u"&Count:");
+  EXPECT_EQ(As<UI_UnitNumberEdit>(Children(group)[1]).GetNumber(), 2.5);
+  EXPECT_EQ(tree.initialFocus, Children(group)[1]);
+  EXPECT_EQ(As<UI_RadioButton>(Children(group)[3]).GetGroup(), "choice");
   const auto& row = As<UI_Panel>(Children(*tree.layout)[1]);
   EXPECT_EQ(row.GetArrangement(), PanelArrangement::kRow);
 }
