@@ -17,7 +17,7 @@ namespace {
 constexpr int32_t kErrorTextList = 16050;
 
 // No list of the host goes further; one that seems to counts as ended here.
-constexpr int32_t kEndOfErrorTexts = 32768;
+constexpr int32_t kGreatestIndex = 32767;
 
 // The host's own texts, by error number.
 constexpr int32_t kHostErrorList = 257;
@@ -27,10 +27,11 @@ constexpr int32_t kEndOfHostErrors = 900;
 // Codes above are written as their four characters, others as numbers.
 constexpr int32_t kGreatestPlainNumber = 16384;
 
-// Wide enough for every text, and not so wide that the host's person would wait for the blanks.
+// Characters of flags, width and precision that a text may use; more would only make printf pad for
+// long.
 constexpr size_t kLongestWidth = 4;
 
-// A longer default text leaves no room for the code and is shown as it stands.
+// A default text of this length or more is shown as it stands.
 constexpr size_t kFormattedTextLimit = 120;
 
 constexpr int32_t kSilentCodes[] = {
@@ -68,7 +69,8 @@ int32_t ValueOfKey(const char* key) {
 bool LookupHostText(int32_t number, char (&text)[kListTextSize]) {
   if (number < kFirstHostError || number >= kEndOfHostErrors) return false;
   const ScopedSuite<GlossaHostInitSuite> host;
-  return host && ReadListEntry(host->GetHostModule(), kHostErrorList, number, text, kListTextSize);
+  const ModuleRef module = host ? host->GetHostModule() : nullptr;
+  return module && ReadListEntry(module, kHostErrorList, number, text, kListTextSize);
 }
 
 void WriteCode(int32_t code, char (&text)[10]) {
@@ -100,8 +102,7 @@ const char* LookupErrorText(PluginRef plugin, ResultCode code, char (&text)[kLis
   *isDefault = false;
   char key[32];
   int32_t index = 1;
-  while (index < kEndOfErrorTexts &&
-         ReadListEntry(plugin, kErrorTextList, index, key, sizeof(key))) {
+  while (index < kGreatestIndex && ReadListEntry(plugin, kErrorTextList, index, key, sizeof(key))) {
     if (ValueOfKey(key) == static_cast<int32_t>(code)) {
       return ReadListEntry(plugin, kErrorTextList, index + 1, text, sizeof(text)) ? text : nullptr;
     }

@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "host/bounded_string.h"
+#include "host/error.h"
 #include "host/failure_report.h"
 #include "host/memory.h"
 
@@ -31,12 +32,14 @@ void Plugin::ReportFailure(ResultCode code, const char*, const char*, PluginMess
 }
 
 ResultCode Plugin::SetLocked(bool lock) {
+  const auto* const access = Suite<QPAccessSuite>();
   if (lock) {
-    if (++lockCount == 1) (void)Suite<QPAccessSuite>()->AcquirePlugin(pluginRef, &accessHandle);
+    if (++lockCount == 1)
+      (void)Guarded([&] { return access->AcquirePlugin(pluginRef, &accessHandle); });
     return ResultCode::kSuccess;
   }
   if (--lockCount == 0) {
-    (void)Suite<QPAccessSuite>()->ReleasePlugin(std::exchange(accessHandle, nullptr));
+    (void)Guarded([&] { return access->ReleasePlugin(std::exchange(accessHandle, nullptr)); });
   } else if (lockCount < 0) {
     lockCount = 0;
   }

@@ -81,7 +81,7 @@ ResultCode SuiteSet::Release() noexcept {
 ResultCode SuiteSet::ReleaseOptional() noexcept {
   const SuiteImport* import = kPluginSuites + requiredCount + 1;
   for (; optionalAcquired != 0 && import->name; ++import) {
-    if (!*import->destination) continue;
+    if (!import->destination || !*import->destination) continue;
     const ResultCode code = ReleaseSuite(*import);
     if (Failed(code)) return code;
     --optionalAcquired;

@@ -92,7 +92,7 @@ TEST_F(FailureReportTest, FormatsADefaultTextThatHasRoomForTheCode) {
   standin::StringList endless;
   for (int32_t index = 1; index < 40000; index += 2) {
     endless.Set(index, "none");
-    endless.Set(index + 1, "Far too many (%s).");
+    endless.Set(index + 1, index < 32767 ? "Far too many (%s)." : "No index of 16 bits");
   }
   host.Lists().Replace(ListOwner::kPlugin, 16050, endless);
   EXPECT_EQ(Shown(12), "Far too many (12).");
@@ -128,6 +128,10 @@ TEST_F(FailureReportTest, ItsOwnFailuresOnlyMeanThatNothingIsShown) {
     EXPECT_EQ(Shown(500), kNothing);
   }
   EXPECT_EQ(host.Suites().Users("Glossa Host Init Suite"), 0u);
+  Operations().Refuse("Glossa Host Init Suite/GetHostModule", ResultCode::kCannot);
+  const size_t reads = Operations().Calls("KDM Basic Suite/GetListString");
+  EXPECT_EQ(Shown(500), "The operation failed (500).");
+  EXPECT_EQ(Operations().Calls("KDM Basic Suite/GetListString"), reads + 6) << "of its own list";
   Operations().Refuse("VX Unicode String Suite/CreateFromText", ResultCode::kCannot);
   EXPECT_EQ(Shown(12), kNothing);
   EXPECT_EQ(Shown(12), "The operation failed (12).");

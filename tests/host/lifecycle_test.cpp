@@ -79,6 +79,11 @@ TEST_F(LifecycleTest, LocksNest) {
   EXPECT_EQ(Object()->accessHandle, nullptr);
   EXPECT_EQ(Operations().Calls("QP Access Suite/AcquirePlugin"), 1u);
   EXPECT_EQ(Operations().Calls("QP Access Suite/ReleasePlugin"), 1u);
+
+  for (const char* operation : {"QP Access Suite/AcquirePlugin", "QP Access Suite/ReleasePlugin"})
+    Operations().Throw(operation, std::make_exception_ptr(std::bad_alloc()));
+  for (const bool lock : {true, false}) EXPECT_NO_THROW((void)Object()->SetLocked(lock));
+  EXPECT_EQ(Object()->lockCount, 0);
 }
 
 TEST_F(LifecycleTest, TheAboutBoxShowsItsTwoTextsOrNone) {
