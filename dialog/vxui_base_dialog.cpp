@@ -21,7 +21,7 @@ using nrvui::ui::UI_Node;
 
 namespace {
 
-// Every dialog of the host starts from this size; its content then decides.
+// Every dialog starts from this size; its layout then decides.
 constexpr nrvcore::geom::PointT<float> kInitialContentSize = {100.0f, 100.0f};
 constexpr uint32_t kDialogFlags = 1;
 
@@ -166,6 +166,7 @@ template <class T>
 void VXUIBaseDialog<T>::UI_ContentRectChanged(const Rect& rect) {
   this->GetRootView()->UI_SetLocalRectF(rect);
   if (!sheetHolder) return;
+  // The toolkit keeps sizes between 0 and a million points.
   sheetHolder->ResizeSheet(static_cast<int32_t>(rect.right), static_cast<int32_t>(rect.bottom));
 }
 

@@ -34,9 +34,11 @@ class VXUIBaseDialog : public T, public VXUICairnSheetInterface {
 
   /// `resourceID` is the number of the layout. The dialog is placed where the toolkit positions
   /// dialogs (`positionDialog`), otherwise in the middle of the screen (`centerDialog`), or not at
-  /// all. `themeName` is ASCII and must
-  /// outlive the dialog; null asks for the toolkit's default theme. `platformWindow`, `styleValue`
-  /// and `dialogPoint` go to the toolkit as they are. Throws what host and toolkit throw.
+  /// all; with `centerDialog` its window also grows around its middle. `modalContextFlag` goes to
+  /// the host's modal context. `themeName` is ASCII and must outlive the dialog; null asks for the
+  /// toolkit's default theme. Without `attachSheetView` the layout's view stays outside the dialog,
+  /// and its buttons are not bound. `platformWindow`, `styleValue` and `dialogPoint` go to the
+  /// toolkit as they are. Throws what host and toolkit throw.
   VXUIBaseDialog(PluginRef pluginRef, const nrvcore::String& nodeID,
                  const nrvcore::UTF16String& title, uint32_t resourceID, bool positionDialog,
                  NSWindow* platformWindow, bool centerDialog, uint32_t styleValue,

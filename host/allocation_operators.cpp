@@ -1,4 +1,4 @@
-// The allocations of the module's own code comes from the host's blocks. This file is linked into
+// The allocations of the module's own code come from the host's blocks. This file is linked into
 // the module only: two images with different operators must not release each other's memory.
 
 #include <new>

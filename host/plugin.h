@@ -37,10 +37,11 @@ class Plugin {
                              PluginMessage* message) noexcept;
 
   /// Counts locks; the plug-in stays loaded from the first lock to the last unlock. An unlock too
-  /// many is ignored. Always kSuccess.
+  /// many is ignored. The suites must be held. Always kSuccess.
   virtual ResultCode SetLocked(bool lock);
 
-  /// Acquires the suites and introduces the plug-in to the host. On failure no suite stays held.
+  /// Acquires the suites and introduces the plug-in to the host. On failure no suite stays held
+  /// that the host takes back.
   virtual ResultCode OnStartup(PluginMessage* message);
   virtual ResultCode OnApplicationStarted() { return ResultCode::kSuccess; }
   virtual ResultCode OnShutdown(PluginMessage* message);
@@ -53,6 +54,7 @@ class Plugin {
 
   /// Copies the name into `size` bytes, cut and terminated; answers the name's full length.
   virtual int32_t CopyName(char* buffer, size_t size);
+  /// Shows the host's about box. The suites must be held.
   virtual ResultCode OnAbout(PluginMessage* message);
   /// Frees what can be made anew; true when something was freed.
   virtual bool OnPurge() { return false; }
@@ -127,6 +129,7 @@ class Plugin {
   virtual ResultCode OnControlPanelSubGroupVisibility(PluginMessage*) {
     return ResultCode::kNotHandled;
   }
+  /// `selector` is null when the host named none.
   virtual ResultCode OnScriptMessage(const char* /*selector*/, PluginMessage*) {
     return ResultCode::kSuccess;
   }
@@ -140,7 +143,7 @@ class Plugin {
   void AbandonStartup();
 
   PluginRef pluginRef;
-  char name[256];
+  char name[256] = {};
   SuiteSet* suites = nullptr;  // owned; null until a start-up or reload has acquired the suites
   int32_t lockCount = 0;
   AccessHandle accessHandle = nullptr;

@@ -44,7 +44,7 @@ struct Route {
   Handler handler;
 };
 
-constexpr std::string_view kAnySelector;
+constexpr std::string_view kAnySelector;  // told by its null data(), which no name has
 
 // A row for each message that a plug-in can answer, in the order in which callers are tested.
 constexpr Route kRoutes[] = {

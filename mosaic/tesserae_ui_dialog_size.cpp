@@ -94,7 +94,8 @@ void TesseraeUIDialog::OnUseRatioButton(UI_ControlChangedMessage*) {
   GetControlShort(keepHorizontal ? "NewWidthTxt" : "NewHeightTxt", fixedSize);
   const float size = math->Multiply(fixedSize, factor);
 
-  // A source without a width has no ratio by which a height could follow.
+  // Both results first: without a width there is no ratio by which a height could follow, and where
+  // the host refuses there is no number; then neither field changes.
   if (!std::isfinite(factor) || std::isnan(count) || std::isnan(size)) return;
   SetControlNumber(keepHorizontal ? "VerticalCountTxt" : "HorizontalCountTxt", RoundToShort(count));
   SetControlNumber(keepHorizontal ? "NewHeightTxt" : "NewWidthTxt", RoundToShort(size));

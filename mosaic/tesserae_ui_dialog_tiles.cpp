@@ -16,6 +16,10 @@ namespace {
 constexpr double kLeastCount = 1.0;
 constexpr double kGreatestCount = 8640.0;
 
+// The greatest spacing, in points, is the number of tiles less this, number for number; callers
+// depend on it.
+constexpr float kTilesWithoutSpacing = 2.0f;
+
 }  // namespace
 
 void TesseraeUIDialog::SetUpCountField(const char* nodeID, int32_t count) {
@@ -37,8 +41,8 @@ void TesseraeUIDialog::ClampTileSpacing() {
 }
 
 void TesseraeUIDialog::ClampSpacing(const char* countID, const char* spacingID) {
-  // A single tile has no room for any spacing, and no spacing is less than none.
-  const float greatest = std::max(0.0f, GetControlFloat(countID) - 2.0f);
+  // One tile would give less than none.
+  const float greatest = std::max(0.0f, GetControlFloat(countID) - kTilesWithoutSpacing);
   const auto field = Control<UI_UnitNumberEdit>(spacingID);
   const float spacing = static_cast<float>(field->GetNumber());
   field->SetUpperBound(greatest);

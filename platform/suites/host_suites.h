@@ -89,7 +89,7 @@ struct QPBlocksSuite {
   static constexpr int32_t kVersion = 2;
 
   /// `debugName` says in the host's diagnostics what the block is for. `*block` is aligned for any
-  /// type, and the caller's until FreeBlock; on failure it is not to be looked at.
+  /// type, and the caller's until FreeBlock; on failure it is null or as it was.
   ResultCode (*AllocateBlock)(size_t size, const char* debugName, void** block);
   ResultCode (*FreeBlock)(void* block);
 };

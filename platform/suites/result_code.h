@@ -16,7 +16,7 @@ enum class [[nodiscard]] ResultCode : int32_t{
     kSuccess = 0,
     kNotHandled = FourCharCode("!MSG"),   // the plug-in does not answer this message
     kOutOfMemory = FourCharCode("!MEM"),  // the host gave no memory
-    kCannot = FourCharCode("CANT"),       // an exception ended the operation
+    kCannot = FourCharCode("CANT"),       // it could not be done, mostly as an exception ended it
     kParameter = FourCharCode("PARM"),    // an argument, or the suite to publish, is not fit
     kCancelled = FourCharCode("STOP"),    // the user closed the dialog without OK
     kPurged = FourCharCode("pFls"),       // answer to a purge request that freed something
