@@ -11,7 +11,10 @@ class HeldSuite {
   explicit HeldSuite(Host& owner)
       : host(owner), code(owner.Suites().Acquire(Suite::kName, Suite::kVersion, &functions)) {}
   ~HeldSuite() {
-    if (functions) static_cast<void>(host.Suites().Release(Suite::kName, Suite::kVersion));
+    try {
+      if (functions) static_cast<void>(host.Suites().Release(Suite::kName, Suite::kVersion));
+    } catch (...) {  // that the suite stays held, the host's leftovers tell
+    }
   }
 
   HeldSuite(const HeldSuite&) = delete;
