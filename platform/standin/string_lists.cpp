@@ -8,10 +8,16 @@
 namespace standin {
 namespace {
 
+constexpr uintmax_t kLargestFile = 1 << 20;
+
 StringList ReadFile(const std::filesystem::path& file) {
   std::error_code error;
-  if (!std::filesystem::exists(file, error)) return {};
-  if (!std::filesystem::is_regular_file(file, error)) throw ResourceError(file, 0, "is no file");
+  const auto status = std::filesystem::status(file, error);
+  if (status.type() == std::filesystem::file_type::not_found) return {};
+  if (!is_regular_file(status)) throw ResourceError(file, 0, "is no file that can be read");
+  if (std::filesystem::file_size(file, error) > kLargestFile)
+    throw ResourceError(file, 0,
+                        "the file is larger than " + std::to_string(kLargestFile) + " bytes");
   std::ifstream stream(file, std::ios::binary);
   if (!stream) throw ResourceError(file, 0, "the file cannot be opened");
   return StringList::Read(stream, file);
