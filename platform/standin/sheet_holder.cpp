@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <utility>
 
+#include "platform/nrvui/node_walk.h"
+#include "platform/nrvui/ui_control_view.h"
 #include "platform/standin/host.h"
 #include "platform/standin/nominal_layout.h"
 
@@ -27,6 +29,8 @@ LayoutSheetHolder::LayoutSheetHolder(SheetTree newTree, boost::shared_ptr<Proper
 
 LayoutSheetHolder::~LayoutSheetHolder() {
   tree.layout->UI_InstallSizeChangedNotifyFunction({});
+  nrvui::ui::ForEachBelow<nrvui::controls::UI_ControlView>(
+      *tree.layout, [](auto& control) { control.NotifyWhenChanged({}); });
 }
 
 boost::intrusive_ptr<nrvui::ui::UI_Node> LayoutSheetHolder::GetSheetView() {
