@@ -9,7 +9,8 @@
 namespace standin {
 
 /// Owns the objects that stand behind handles; a handle is its object's address. A handle that
-/// was never given, or was given back, is recognised as such and not followed.
+/// was never given, or was given back, is recognised as such and not followed, until its address is
+/// given out again.
 template <typename Object>
 class HandleBook {
  public:

@@ -12,9 +12,9 @@ namespace {
 
 Host* currentHost = nullptr;
 
-std::string NameOf(const HostObjects& objects, PluginRef plugin) {
-  if (!objects.modules.Holds(plugin)) return "a plug-in that is gone";
-  return plugin->name.empty() ? plugin->fileName : plugin->name;
+std::string NameOf(PluginRef plugin) {
+  const std::string& name = plugin->name.empty() ? plugin->fileName : plugin->name;
+  return plugin->isGone ? name + " (gone)" : name;
 }
 
 }  // namespace
@@ -25,7 +25,8 @@ Host::Host(UserInterface& screen, const std::filesystem::path& resources)
       lists(resources),
       sheets(std::make_unique<SheetService>(*this, resources)),
       hostModule(objects.modules.Add({.fileName = "host", .name = "host", .isHost = true})),
-      ledgerMark(qpbasic::Ledger::Get().Mark()) {
+      ledgerMark(qpbasic::Ledger::Get().Mark()),
+      earlierFaults(qpbasic::Ledger::Get().Faults().size()) {
   if (currentHost) throw std::logic_error("a process has one host at a time");
   AddHostSuites(operations, suites);
   currentHost = this;
@@ -57,7 +58,7 @@ void Host::ForgetRegistrations(PluginRef plugin) {
 
 void Host::RemovePlugin(PluginRef plugin) {
   ForgetRegistrations(plugin);
-  objects.modules.Remove(plugin);
+  plugin->isGone = true;
 }
 
 void Host::SetAway(PluginRef plugin, bool isAway) {
@@ -83,16 +84,17 @@ std::vector<std::string> Host::Leftovers() const {
       lines.push_back("suite \"" + suite->name + "\" " + std::to_string(suite->version) + " has " +
                       std::to_string(suite->users) + " users");
   for (const auto& access : objects.accesses.Objects())
-    lines.push_back("access to " + NameOf(objects, access->plugin) + " is held");
+    lines.push_back("access to " + NameOf(access->plugin) + " is held");
   for (const auto& context : objects.contexts.Objects())
-    lines.push_back("context of " + NameOf(objects, context->plugin) + " is open");
+    lines.push_back("context of " + NameOf(context->plugin) + " is open");
   for (const auto& string : objects.strings.Objects())
     lines.push_back("string \"" + string->text + "\" is not disposed of");
   for (const std::string& sheet : sheets->Leftovers()) lines.push_back(sheet);
   const qpbasic::Ledger& ledger = qpbasic::Ledger::Get();
   for (const std::string& block : ledger.Forgotten(ledgerMark))
     lines.push_back("not freed: " + block);
-  for (const std::string& fault : ledger.Faults()) lines.push_back(fault);
+  const std::vector<std::string> faults = ledger.Faults();
+  for (size_t i = earlierFaults; i < faults.size(); ++i) lines.push_back(faults[i]);
   return lines;
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <filesystem>
 #include <memory>
@@ -63,7 +64,7 @@ class Host {
   void NoteResourceProblem(const std::string& reason);
 
   /// What plug-ins took and have not given back, and the ledger's faults, a line each; empty when
-  /// all is clean. Blocks count from this host's beginning.
+  /// all is clean. Blocks and faults count from this host's beginning.
   std::vector<std::string> Leftovers() const;
 
  private:
@@ -76,6 +77,7 @@ class Host {
   std::unique_ptr<SheetService> sheets;
   ModuleRef hostModule;
   uint64_t ledgerMark;
+  size_t earlierFaults;
 };
 
 }  // namespace standin

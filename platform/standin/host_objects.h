@@ -14,6 +14,7 @@ struct OpaqueModule {
   std::string name{};   // under which the plug-in asked to be shown; empty until it does
   bool isHost = false;  // the host's own module, which can be asked for texts only
   bool isAway = false;  // unloaded: its code is not in memory, its suites cannot be called
+  bool isGone = false;  // removed; it is kept, so that no other one gets its reference
 };
 
 struct OpaqueAccess {
@@ -43,7 +44,8 @@ struct HostObjects {
   HandleBook<OpaqueNotifier> notifiers;
   HandleBook<OpaqueString> strings;
 
-  bool IsPlugin(PluginRef plugin) const { return modules.Holds(plugin) && !plugin->isHost; }
+  bool IsModule(ModuleRef module) const { return modules.Holds(module) && !module->isGone; }
+  bool IsPlugin(PluginRef plugin) const { return IsModule(plugin) && !plugin->isHost; }
 };
 
 }  // namespace standin

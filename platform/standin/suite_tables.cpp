@@ -95,7 +95,7 @@ ResultCode PopAppContext(ContextHandle context) {
 ResultCode GetListString(ModuleRef module, int32_t list, int32_t index, char* buffer, size_t size) {
   return Perform("KDM Basic Suite/GetListString", [=](Host& host) {
     if (!buffer || size < 1) return kBadArgument;
-    if (!host.Objects().modules.Holds(module)) return kUnknownPlugin;
+    if (!host.Objects().IsModule(module)) return kUnknownPlugin;
     const ListOwner owner = module->isHost ? ListOwner::kHost : ListOwner::kPlugin;
     const std::string* entry = nullptr;
     try {

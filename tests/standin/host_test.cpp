@@ -6,6 +6,8 @@
 #include <boost/smart_ptr/make_shared.hpp>
 #include <stdexcept>
 
+#include "platform/nrvui/ui_control_view.h"
+#include "platform/qpbasic/ledger.h"
 #include "platform/qpbasic/qpbasic.h"
 #include "platform/standin/held_suite.h"
 #include "platform/standin/host_codes.h"
@@ -17,6 +19,8 @@
 namespace {
 
 using nrvcore::geom::RectT;
+using nrvui::controls::ChangeNotifyFunction;
+using nrvui::controls::UI_ControlView;
 using standin::HeldSuite;
 using standin::Module;
 using Lines = std::vector<std::string>;
@@ -98,6 +102,28 @@ TEST_F(HostTest, WhatIsNotGivenBackIsNamedAndNothingIsGivenBackTwice) {
   EXPECT_EQ(strings->Dispose(&copy), standin::kUnknownHandle);
   EXPECT_EQ(user->ShowErrorAlert(&copy), standin::kUnknownHandle);
   EXPECT_EQ(host.Leftovers().size(), 4U) << "the suites";
+
+  ASSERT_EQ(access->AcquirePlugin(plugin, &held), kDone);
+  host.RemovePlugin(plugin);
+  EXPECT_FALSE(host.IsInUse(host.AddPlugin("other.so"))) << "in the place of the one that is gone";
+  EXPECT_EQ(host.Leftovers().back(), "access to plugin.so (gone) is held");
+  EXPECT_EQ(access->AcquirePlugin(plugin, &held), standin::kUnknownPlugin);
+}
+
+TEST_F(HostTest, AReleaseThatThrowsLeavesTheSuiteHeld) {
+  host.Operations().Throw("release/VX User Suite", std::make_exception_ptr(std::bad_alloc()));
+  EXPECT_TRUE(HeldSuite<VXUserSuite>(host));
+  EXPECT_EQ(host.Leftovers(), Lines{"suite \"VX User Suite\" 1011 has 1 users"});
+}
+
+TEST(HostsInTurn, TellOfTheirOwnFaultsOnly) {
+  standin::RecordingUserInterface screen;
+  for (int i = 0; i < 2; ++i) {
+    const standin::Host host(screen);
+    EXPECT_EQ(host.Leftovers(), Lines{});
+    EXPECT_EQ(QPBasicFreeBlock(&screen), qpbasic::kUnknownBlock);
+    EXPECT_EQ(host.Leftovers().size(), 1U);
+  }
 }
 
 TEST_F(HostTest, PluginsPublishSuitesForOthers) {
@@ -123,6 +149,8 @@ TEST_F(HostTest, ListStringsComeFromTheOwnersFilesAndFitTheBuffer) {
   resources.Write("strings/5.txt", "1\tplug-in\n2\tgr\xC3\xBC\xC3\x9F\n");
   resources.Write("host/5.txt", "1\thost\n");
   resources.Write("strings/6.txt", "1\tgood\nbad\n");
+  std::filesystem::create_symlink("7.txt", resources.path / "strings/7.txt");
+  resources.Write("strings/8.txt", std::string(2 << 20, '#'));
   const struct {
     ModuleRef owner;
     int32_t list, index;
@@ -131,6 +159,8 @@ TEST_F(HostTest, ListStringsComeFromTheOwnersFilesAndFitTheBuffer) {
     const char* text;
   } cases[] = {
       {plugin, 5, 3, 8, standin::kNoListEntry, "before"},
+      {plugin, 7, 1, 8, standin::kDamagedList, "before"},  // a link to itself
+      {plugin, 8, 1, 8, standin::kDamagedList, "before"},  // too large, whatever is in it
       {plugin, 6, 1, 8, standin::kDamagedList, "before"},
       {nullptr, 5, 1, 8, standin::kUnknownPlugin, "before"},
       {plugin, 5, 1, 0, standin::kBadArgument, "before"},
@@ -190,8 +220,11 @@ TEST_F(HostTest, WhatOutlivesASheetsHolderIsToldAndItsCallbacksGo) {
       boost::make_shared<boost::function<void()>>([&] { ++notified; }));
   layout->UI_SetLocalRectF({0, 0, 1000, 1000});
   EXPECT_EQ(notified, 1);
+  auto& field = dynamic_cast<UI_ControlView&>(**layout->ChildBegin());
+  field.NotifyWhenChanged(boost::make_shared<ChangeNotifyFunction>([&](auto*) { ++notified; }));
   holder.reset();
   layout->UI_SetLocalRectF({0, 0, 2000, 2000});
+  field.NotifyChangedByPerson();
   EXPECT_EQ(notified, 1);
   // The layout node and the field in it.
   EXPECT_EQ(host.Leftovers(), (Lines{"1 sheets are alive", "2 nodes of sheets are alive"}));
