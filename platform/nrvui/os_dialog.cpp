@@ -1,5 +1,7 @@
 #include "platform/nrvui/os_dialog.h"
 
+#include <algorithm>
+#include <stdexcept>
 #include <utility>
 
 #include "platform/nrvcore/error.h"
@@ -11,7 +13,25 @@ namespace {
 constexpr const char* kNoPresenter =
     "$$$/nrvui/Dialog/Error/NoPresenter=There is nobody to show the dialog to.";
 
+constexpr float kGreatestSize = 1e6f;
+
 DialogPresenter* installedPresenter = nullptr;
+
+/// std::max in this order also turns what is no number into the least.
+float Bounded(float value, float least) {
+  return std::min(std::max(least, value), kGreatestSize);
+}
+
+class WhileOpen {
+ public:
+  explicit WhileOpen(bool& isDialogOpen) : isOpen(isDialogOpen) { isOpen = true; }
+  WhileOpen(const WhileOpen&) = delete;
+  WhileOpen& operator=(const WhileOpen&) = delete;
+  ~WhileOpen() { isOpen = false; }
+
+ private:
+  bool& isOpen;
+};
 
 }  // namespace
 
@@ -19,7 +39,10 @@ OS_Dialog::OS_Dialog(const drawbot::SupplierInterface* drawingSupplier,
                      const nrvcore::UTF16String& windowTitle, nrvcore::geom::PointT<float> point,
                      nrvcore::geom::PointT<float> contentSize, NSWindow*,
                      const DialogStyle& windowStyle)
-    : supplier(drawingSupplier), title(windowTitle), dialogPoint(point), style(windowStyle) {
+    : supplier(drawingSupplier),
+      title(windowTitle),
+      dialogPoint(Bounded(point.x, -kGreatestSize), Bounded(point.y, -kGreatestSize)),
+      style(windowStyle) {
   SetContentSize(contentSize);
 }
 
@@ -30,6 +53,10 @@ void OS_Dialog::RunModal() {
     nrvcore::config::ThrowError(nrvcore::config::ErrorLevel::kError, kNoPresenter, 0, 0, false, {},
                                 {}, {}, {});
   }
+  if (isOpen) throw std::logic_error("the dialog is open already");
+  // A handler may let go of everybody else's reference; one that nobody counts is its owner's.
+  const boost::intrusive_ptr<OS_Dialog> kept = UI_GetReferenceCount() > 0 ? this : nullptr;
+  const WhileOpen whileOpen(isOpen);
   Run(*installedPresenter);
 }
 
@@ -55,7 +82,7 @@ nrvcore::geom::PointT<float> OS_Dialog::GetDialogPoint() const {
 }
 
 void OS_Dialog::SetMinimumSize(nrvcore::geom::PointT<float> newMinimumSize) {
-  minimumSize = newMinimumSize;
+  minimumSize = {Bounded(newMinimumSize.x, 0), Bounded(newMinimumSize.y, 0)};
   UI_Changed();
 }
 

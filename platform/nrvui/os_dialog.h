@@ -16,7 +16,7 @@ class NRV_EXPORT OS_Dialog : public UI_Node {
   ~OS_Dialog() override;
 
   /// Hands the dialog to the installed presenter and returns when it has closed. Throws an Error
-  /// when no presenter is installed.
+  /// when no presenter is installed, std::logic_error when the dialog is open already.
   virtual void RunModal();
 
   /// The presenter is not owned; null takes it away. Answers the former one.
@@ -26,7 +26,8 @@ class NRV_EXPORT OS_Dialog : public UI_Node {
   DialogPlacement GetPlacement() const;
   nrvcore::geom::PointT<float> GetDialogPoint() const;
 
-  /// Bounds what a person can make of the content; the content itself stays as it is.
+  /// Bounds what a person can make of the content; the content itself stays as it is. Sides count
+  /// as in UI_SetLocalRectF.
   void SetMinimumSize(nrvcore::geom::PointT<float> newMinimumSize);
   nrvcore::geom::PointT<float> GetMinimumSize() const;
   /// Becomes the local rectangle; UI_ContentRectChanged hears of it when it differs.
@@ -54,6 +55,7 @@ class NRV_EXPORT OS_Dialog : public UI_Node {
   nrvcore::geom::PointT<float> minimumSize;
   DialogStyle style;
   DialogPlacement placement = DialogPlacement::kAtPoint;
+  bool isOpen = false;
 };
 
 }  // namespace nrvui::ui

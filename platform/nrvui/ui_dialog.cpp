@@ -92,8 +92,6 @@ void UI_Dialog::UI_ContentRectChanged(const nrvcore::geom::RectT<float>& rect) {
 }
 
 void UI_Dialog::Run(DialogPresenter& presenter) {
-  // A handler may let go of everybody else's reference; one that nobody counts is its owner's.
-  const boost::intrusive_ptr<UI_Dialog> kept = UI_GetReferenceCount() > 0 ? this : nullptr;
   SetResponse(kNoResponse);
   presenter.Present(*this);
   if (response == kNoResponse) SetResponse(kCancelResponse);

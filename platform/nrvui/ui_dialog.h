@@ -10,7 +10,8 @@ namespace nrvui::ui {
 /// construction nobody may take and drop a reference on it: the count is still 0.
 class NRV_EXPORT UI_Dialog : public OS_Dialog {
  public:
-  /// `dialogPoint` and `contentSize` are in points; the last two go to the platform's window.
+  /// `dialogPoint` and `contentSize` are in points. Nobody here needs `platformWindow`; the last
+  /// two are the host's own.
   UI_Dialog(const drawbot::SupplierInterface* drawingSupplier,
             const nrvcore::UTF16String& windowTitle, nrvcore::geom::PointT<float> dialogPoint,
             nrvcore::geom::PointT<float> contentSize, bool staysOnTop, NSWindow* platformWindow,

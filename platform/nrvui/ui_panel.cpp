@@ -17,7 +17,7 @@ PanelArrangement UI_Panel::GetArrangement() const {
 }
 
 void UI_Panel::SetColumnCount(unsigned count) {
-  if (count == 0) throw std::invalid_argument("a grid needs a column");
+  if (count == 0 || count > kMostColumns) throw std::invalid_argument("a grid's columns");
   columnCount = count;
   UI_Changed();
 }

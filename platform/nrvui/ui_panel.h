@@ -16,7 +16,9 @@ class NRV_EXPORT UI_Panel : public UI_SubView {
   void SetArrangement(PanelArrangement newArrangement);
   PanelArrangement GetArrangement() const;
 
-  /// Children of a grid fill it row by row. Throws std::invalid_argument for 0.
+  static constexpr unsigned kMostColumns = 16;
+
+  /// Children of a grid fill it row by row. Throws std::invalid_argument for 0 or too many columns.
   void SetColumnCount(unsigned count);
   unsigned GetColumnCount() const;
 

@@ -21,12 +21,13 @@ class PoppedUp {
 UI_PopupModalDialog::~UI_PopupModalDialog() = default;
 
 void UI_PopupModalDialog::RunModal() {
-  if (!MayPopUp()) {
-    SetResponse(nrvui::ui::kCancelResponse);
-    return;
-  }
-  const PoppedUp poppedUp(*this);
+  if (!MayPopUp()) return SetResponse(nrvui::ui::kCancelResponse);
   UI_Dialog::RunModal();
+}
+
+void UI_PopupModalDialog::Run(nrvui::ui::DialogPresenter& presenter) {
+  const PoppedUp poppedUp(*this);
+  UI_Dialog::Run(presenter);
 }
 
 bool UI_PopupModalDialog::MayPopUp() {

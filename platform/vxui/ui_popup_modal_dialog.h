@@ -17,6 +17,9 @@ class NRV_EXPORT UI_PopupModalDialog : public nrvui::ui::UI_Dialog {
   virtual bool MayPopUp();
   virtual void OnPopUp();
   virtual void OnDismiss() noexcept;
+
+ protected:
+  void Run(nrvui::ui::DialogPresenter& presenter) override;
 };
 
 }  // namespace vx::ui

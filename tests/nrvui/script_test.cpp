@@ -78,6 +78,8 @@ TEST(Script, SaysWhatWasPulledOrLeftOpenAndWhereItCannotBeReadOrPlayed) {
 
 TEST(Script, ErrorsOfHandlersPassThrough) {
   TestDialog test;
+  WhenChanged(*test.ratio, [&] { test.dialog->RunModal(); });
+  EXPECT_THROW(Play("click ratio", test), std::logic_error) << "the dialog is open already";
   WhenChanged(*test.ratio, [] { throw std::out_of_range("handler"); });
   EXPECT_THROW(Play("click ratio\nkey Return", test), std::out_of_range);
   EXPECT_EQ(test.dialog->GetResponse(), kNoResponse);

@@ -1,6 +1,8 @@
 #include <gtest/gtest.h>
 
+#include <functional>
 #include <stdexcept>
+#include <string>
 
 #include "platform/vxui/modal_context.h"
 #include "platform/vxui/ui_popup_modal_dialog.h"
@@ -10,20 +12,20 @@ using namespace vx::ui;
 namespace {
 
 struct Popup final : UI_PopupModalDialog, nrvui::ui::DialogPresenter {
-  Popup()
+  explicit Popup(std::string& itsStory)
       : UI_PopupModalDialog(nullptr, u"Popup", {0, 0}, {10, 10}, false, nullptr, false, false, true,
-                            true, 0, 1) {}
+                            true, 0, 1),
+        story(itsStory) {}
+  ~Popup() override { story += "gone"; }
 
   bool MayPopUp() override { return allowed; }
   void OnPopUp() override { story += "up "; }
   void OnDismiss() noexcept override { story += "dismissed "; }
-  void Present(nrvui::ui::UI_Dialog&) override {
-    if (throws) throw std::runtime_error("presenter");
-  }
+  void Present(nrvui::ui::UI_Dialog&) override { whilePresented(); }
 
   bool allowed = true;
-  bool throws = true;
-  std::string story;
+  std::function<void()> whilePresented = [] { throw std::runtime_error("presenter"); };
+  std::string& story;
 };
 
 }  // namespace
@@ -39,17 +41,24 @@ TEST(ModalContext, BlocksTheApplicationWhileOneThatDoesIsAlive) {
 }
 
 TEST(PopupModalDialog, IsDismissedHoweverItsRunEnds) {
-  const boost::intrusive_ptr<Popup> popup = new Popup;
+  std::string story;
+  boost::intrusive_ptr<Popup> popup = new Popup(story);
   const nrvui::ui::InstalledPresenter installed(*popup);
   EXPECT_THROW(popup->RunModal(), std::runtime_error);
-  EXPECT_EQ(popup->story, "up dismissed ");
+  EXPECT_EQ(story, "up dismissed ");
 
-  popup->throws = false;
+  popup->whilePresented = [] {};
   popup->RunModal();
-  EXPECT_EQ(popup->story, "up dismissed up dismissed ");
+  EXPECT_EQ(story, "up dismissed up dismissed ");
   EXPECT_EQ(popup->GetResponse(), nrvui::ui::kCancelResponse) << "no response counts as cancel";
 
   popup->allowed = false;
   popup->RunModal();
-  EXPECT_EQ(popup->story, "up dismissed up dismissed ") << "it did not pop up again";
+  EXPECT_EQ(story, "up dismissed up dismissed ") << "it did not pop up again";
+
+  story.clear();
+  popup->allowed = true;
+  popup->whilePresented = [&] { popup.reset(); };
+  popup->RunModal();
+  EXPECT_EQ(story, "up dismissed gone");
 }
