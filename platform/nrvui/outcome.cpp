@@ -11,8 +11,23 @@ constexpr const char* kPulledDownText =
 constexpr const char* kPulledUpText =
     "$$$/nrvui/Gesture/PulledUp=%1 is less than %2; %2 was put in its place.";
 
-/// What a person reads when nothing was done; %1 is what they asked for.
-const char* RefusalText(Refusal refusal) {
+const char* TextFor(const Outcome& outcome) {
+  switch (outcome.kind) {
+    case OutcomeKind::kDone:
+      break;
+    case OutcomeKind::kPulledDown:
+      return kPulledDownText;
+    case OutcomeKind::kPulledUp:
+      return kPulledUpText;
+    case OutcomeKind::kRefused:
+      return TextFor(outcome.refusal);
+  }
+  return "";
+}
+
+}  // namespace
+
+const char* TextFor(Refusal refusal) {
   switch (refusal) {
     case Refusal::kNone:
       break;
@@ -41,22 +56,6 @@ const char* RefusalText(Refusal refusal) {
   }
   return "";
 }
-
-const char* TextFor(const Outcome& outcome) {
-  switch (outcome.kind) {
-    case OutcomeKind::kDone:
-      break;
-    case OutcomeKind::kPulledDown:
-      return kPulledDownText;
-    case OutcomeKind::kPulledUp:
-      return kPulledUpText;
-    case OutcomeKind::kRefused:
-      return RefusalText(outcome.refusal);
-  }
-  return "";
-}
-
-}  // namespace
 
 Outcome Refused(Refusal refusal, const nrvcore::UTF16String& entered) {
   return {.kind = OutcomeKind::kRefused, .refusal = refusal, .entered = entered};

@@ -20,6 +20,9 @@ enum class Refusal {
   kNotASize,
 };
 
+/// The key of the sentence that a person reads; its %1 is what they asked for.
+NRV_EXPORT const char* TextFor(Refusal refusal);
+
 enum class OutcomeKind {
   kDone,
   kPulledDown,  // more than the upper bound, which was put in its place

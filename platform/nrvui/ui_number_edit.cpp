@@ -1,5 +1,6 @@
 #include "platform/nrvui/ui_number_edit.h"
 
+#include <algorithm>
 #include <cmath>
 
 #include "platform/nrvcore/error.h"
@@ -12,8 +13,6 @@ using gestures::OutcomeKind;
 using gestures::Refusal;
 
 namespace {
-
-constexpr const char* kNotANumber = "$$$/nrvui/NumberEdit/Error/NotANumber=\"%1\" is not a number.";
 
 ParsedNumber Parse(const nrvcore::UTF16String& text, NumberUnit unit) {
   return ParseNumber(text.View(), unit, nrvcore::config::Localizer::Get().GetDecimalSign());
@@ -48,7 +47,7 @@ double UI_NumberEdit::GetLowerBound() const {
 }
 
 double UI_NumberEdit::GetUpperBound() const {
-  return upperBound;
+  return std::max(upperBound, lowerBound);
 }
 
 NumberUnit UI_NumberEdit::GetUnit() const {
@@ -62,7 +61,8 @@ nrvcore::UTF16String UI_NumberEdit::GetValue() const {
 void UI_NumberEdit::SetValue(const nrvcore::UTF16String& newText) {
   const ParsedNumber parsed = Parse(newText, GetUnit());
   if (parsed.refusal != Refusal::kNone) {
-    nrvcore::config::ThrowError(nrvcore::config::ErrorLevel::kError, kNotANumber, 0, 0, false,
+    nrvcore::config::ThrowError(nrvcore::config::ErrorLevel::kError,
+                                gestures::TextFor(parsed.refusal), 0, 0, false,
                                 nrvcore::config::ReplacementValue(newText), {}, {}, {});
   }
   SetNumber(parsed.value);
@@ -75,17 +75,17 @@ Outcome UI_NumberEdit::AcceptEntry(const nrvcore::UTF16String& entry) {
   if (parsed.refusal != Refusal::kNone) return gestures::Refused(parsed.refusal, entry);
 
   Outcome outcome;
-  const double upper = upperBound < lowerBound ? lowerBound : upperBound;
+  const double upper = GetUpperBound();
   const double accepted = parsed.value > upper        ? upper
                           : parsed.value < lowerBound ? lowerBound
                                                       : parsed.value;
   if (accepted != parsed.value) {
-    outcome.entered = Format(parsed.value);
-    outcome.put = Format(accepted);
+    const nrvcore::UTF16String entered = Format(parsed.value);
+    const nrvcore::UTF16String put = Format(accepted);
+    const OutcomeKind kind =
+        parsed.value > upper ? OutcomeKind::kPulledDown : OutcomeKind::kPulledUp;
     // The bound as the person reads it may lie a little beyond it; that is no other number to them.
-    const bool looksTheSame = outcome.entered == outcome.put;
-    if (!looksTheSame)
-      outcome.kind = parsed.value > upper ? OutcomeKind::kPulledDown : OutcomeKind::kPulledUp;
+    if (entered != put) outcome = {.kind = kind, .entered = entered, .put = put};
   }
   outcome.changed = accepted != GetNumber();
   if (outcome.changed) SetNumber(accepted);

@@ -20,6 +20,7 @@ class NRV_EXPORT UI_NumberEdit : public UI_TextEdit {
   virtual void SetLowerBound(double bound);
   virtual void SetUpperBound(double bound);
   double GetLowerBound() const;
+  /// The one that counts.
   double GetUpperBound() const;
 
   virtual NumberUnit GetUnit() const;
@@ -29,9 +30,10 @@ class NRV_EXPORT UI_NumberEdit : public UI_TextEdit {
   void SetValue(const nrvcore::UTF16String& newText) override;
   gestures::Outcome AcceptEntry(const nrvcore::UTF16String& entry) override;
 
- private:
+  /// A value as the field would show it.
   nrvcore::UTF16String Format(double value) const;
 
+ private:
   double number = 0;
   double lowerBound = -std::numeric_limits<double>::infinity();
   double upperBound = std::numeric_limits<double>::infinity();

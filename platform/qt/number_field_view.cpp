@@ -36,7 +36,7 @@ NumberFieldView::~NumberFieldView() {
 void NumberFieldView::Follow() {
   FieldView::Follow();
   QAbstractSpinBox::StepEnabled steps;
-  steps.setFlag(QAbstractSpinBox::StepUpEnabled, number.GetNumber() < UpperBound());
+  steps.setFlag(QAbstractSpinBox::StepUpEnabled, number.GetNumber() < number.GetUpperBound());
   steps.setFlag(QAbstractSpinBox::StepDownEnabled, number.GetNumber() > number.GetLowerBound());
   widget.SetStepEnabled(steps);
   const QString range = Range();
@@ -46,16 +46,8 @@ void NumberFieldView::Follow() {
 
 void NumberFieldView::StepAsked(int count) {
   if (!Commit()) return;
-  const double stepped = std::min(number.GetNumber() + count, UpperBound());
-  Enter(Format(std::max(stepped, number.GetLowerBound())));
-}
-
-double NumberFieldView::UpperBound() const {
-  return std::max(number.GetUpperBound(), number.GetLowerBound());
-}
-
-UTF16String NumberFieldView::Format(double value) const {
-  return nrvui::controls::FormatNumber(value, number.GetUnit(), Localizer::Get().GetDecimalSign());
+  const double stepped = std::min(number.GetNumber() + count, number.GetUpperBound());
+  Enter(number.Format(std::max(stepped, number.GetLowerBound())));
 }
 
 const char* NumberFieldView::HintKey() const {
@@ -65,17 +57,17 @@ const char* NumberFieldView::HintKey() const {
 
 QString NumberFieldView::Range() const {
   const double lower = number.GetLowerBound();
-  const double upper = UpperBound();
+  const double upper = number.GetUpperBound();
   const auto text = [](const char* key, const UTF16String& one, const UTF16String& two) {
     return ToQString(
         Localizer::Get().Localize(key, {ReplacementValue(one), ReplacementValue(two)}));
   };
-  if (std::isfinite(lower) && lower == upper) return text(kOnly, Format(lower), {});
+  if (std::isfinite(lower) && lower == upper) return text(kOnly, number.Format(lower), {});
   if (std::isfinite(lower) && std::isfinite(upper)) {
-    return text(kBetween, Format(lower), Format(upper));
+    return text(kBetween, number.Format(lower), number.Format(upper));
   }
-  if (std::isfinite(lower)) return text(kAtLeast, Format(lower), {});
-  if (std::isfinite(upper)) return text(kAtMost, Format(upper), {});
+  if (std::isfinite(lower)) return text(kAtLeast, number.Format(lower), {});
+  if (std::isfinite(upper)) return text(kAtMost, number.Format(upper), {});
   return {};
 }
 

@@ -23,9 +23,6 @@ class NumberFieldView final : public FieldView {
   const char* HintKey() const override;
 
  private:
-  double UpperBound() const;
-  nrvcore::UTF16String Format(double value) const;
-
   nrvui::controls::UI_NumberEdit& number;
   NumberField& widget;
 };

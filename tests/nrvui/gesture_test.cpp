@@ -31,6 +31,7 @@ TEST(Enter, TakesANumberOrPullsItToTheNearestBoundAndSaysSo) {
     const Outcome outcome = Enter(*test.dialog, *test.width, entered);
     EXPECT_EQ(Describe(outcome), notice);
     EXPECT_EQ(outcome.IsPulled(), *notice != 0);
+    EXPECT_EQ(outcome.entered.IsEmpty(), *notice == 0);
     EXPECT_EQ(test.width->GetNumber(), number);
     EXPECT_EQ(test.Notified(), "width:1");
   }
@@ -49,7 +50,14 @@ TEST(Enter, WhatStaysOrIsRefusedNotifiesNobodyAndLosesNoDecimals) {
   EXPECT_EQ(Enter(*test.dialog, *test.width, test.width->GetValue()).refusal, Refusal::kNotANumber);
 
   // Code may set what a person may not confirm; it is told of no change of its own.
-  EXPECT_THROW(test.width->SetValue(u"many"), nrvcore::config::Error);
+  for (const char16_t* text : {u"many", u"5 %"}) {
+    try {
+      test.width->SetValue(text);
+      ADD_FAILURE() << "no error";
+    } catch (const nrvcore::config::Error& error) {
+      EXPECT_EQ(error.Text(), Describe(Enter(*test.dialog, *test.width, text)));
+    }
+  }
   test.width->SetNumber(9000);
   test.percent->SetChecked(true);
   EXPECT_EQ(test.Notified(), "");
@@ -151,4 +159,6 @@ TEST(Gestures, ResizeKeepsToTheMinimum) {
   EXPECT_EQ(test.dialog->GetContentSize(), (nrvcore::geom::PointT<float>{90, 60}));
   EXPECT_EQ(test.dialog->GetRootView()->UI_GetLocalRectF(false),
             (nrvcore::geom::RectT<float>{0, 0, 90, 60}));
+  test.dialog->SetMinimumSize({NAN, 1e30f});
+  EXPECT_EQ(test.dialog->GetMinimumSize(), (nrvcore::geom::PointT<float>{0, 1e6f}));
 }
