@@ -30,6 +30,21 @@ ScriptRun::ScriptRun(const GestureScript& gestureScript, ui::UI_Dialog& playedDi
                      const std::function<void(const std::string&)>& report)
     : script(gestureScript), dialog(playedDialog), reportFunction(report) {}
 
+std::optional<ScriptError> ScriptRun::Play(const std::function<Outcome(const Step&)>& play) const {
+  for (const Step& step : script.Steps()) {
+    try {
+      Note(step, play(step));
+    } catch (const ScriptError& unplayable) {
+      dialog.SetResponse(ui::kCancelResponse);
+      return unplayable;
+    }
+  }
+  if (dialog.GetResponse() != ui::kNoResponse) return {};
+  Report(script.Name() + ": the script ended with the dialog open; it was cancelled");
+  dialog.DefaultCloseCancel();
+  return {};
+}
+
 UI_Node& ScriptRun::Control(const Step& step) const {
   UI_Node* const node = FindControl(dialog, step.target);
   if (node != nullptr) return *node;
@@ -40,10 +55,6 @@ void ScriptRun::Note(const Step& step, const Outcome& outcome) const {
   if (outcome.IsRefused()) throw ScriptError(script.Name(), step.line, Sentence(outcome));
   if (!outcome.IsPulled()) return;
   Report(script.Name() + ":" + std::to_string(step.line) + ": " + Sentence(outcome));
-}
-
-void ScriptRun::NoteLeftOpen() const {
-  Report(script.Name() + ": the script ended with the dialog open; it was cancelled");
 }
 
 void ScriptRun::Report(const std::string& message) const {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <functional>
+#include <optional>
 #include <string>
 
 #include "platform/nrvui/gesture_script.h"
@@ -17,14 +18,16 @@ class NRV_EXPORT ScriptRun {
   ScriptRun(const GestureScript& gestureScript, ui::UI_Dialog& playedDialog,
             const std::function<void(const std::string&)>& report);
 
+  /// Plays the whole script, each step by `play`. Reports values that were pulled; cancels a dialog
+  /// that is left open. A ScriptError of `play`, or a gesture that was refused, stops the run,
+  /// cancels the dialog and is the answer.
+  std::optional<ScriptError> Play(const std::function<Outcome(const Step&)>& play) const;
+
   /// Throws ScriptError when the dialog has no such control.
   ui::UI_Node& Control(const Step& step) const;
-  /// Throws ScriptError when the gesture was refused; reports a value that was pulled.
-  void Note(const Step& step, const Outcome& outcome) const;
-  /// The script has ended, and the dialog is still open.
-  void NoteLeftOpen() const;
 
  private:
+  void Note(const Step& step, const Outcome& outcome) const;
   void Report(const std::string& message) const;
 
   const GestureScript& script;

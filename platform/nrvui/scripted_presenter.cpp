@@ -37,18 +37,7 @@ ScriptedPresenter::~ScriptedPresenter() = default;
 void ScriptedPresenter::Present(ui::UI_Dialog& dialog) {
   error.reset();
   const ScriptRun run(script, dialog, reportFunction);
-  for (const Step& step : script.Steps()) {
-    try {
-      run.Note(step, Play(dialog, run, step));
-    } catch (const ScriptError& unplayable) {
-      error.emplace(unplayable);
-      dialog.SetResponse(ui::kCancelResponse);
-      return;
-    }
-  }
-  if (dialog.GetResponse() != ui::kNoResponse) return;
-  run.NoteLeftOpen();
-  dialog.DefaultCloseCancel();
+  error = run.Play([&](const Step& step) { return Play(dialog, run, step); });
 }
 
 const std::optional<ScriptError>& ScriptedPresenter::Error() const {

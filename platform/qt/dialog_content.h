@@ -16,7 +16,8 @@ class QButtonGroup;
 namespace qtui {
 
 /// The widgets for everything in a dialog, in a pane of their own, kept as the nodes are: it
-/// observes every node below the dialog.
+/// observes every node below the dialog. The labels' buddies, the radio buttons' groups and the OK
+/// button are those that it finds at first.
 class DialogContent final : private nrvui::ui::NodeObserver {
  public:
   /// `rebuild` is called when the nodes have changed so that other widgets are needed.
@@ -33,8 +34,6 @@ class DialogContent final : private nrvui::ui::NodeObserver {
   QWidget* FirstFocus() const;
 
   void ShowMnemonics(bool always);
-  /// Follows the registered OK button.
-  void MarkDefaultButton();
   /// Lines up labels, buttons and groups by the fonts in use, and says how much room that takes.
   QSize Align();
 
@@ -49,6 +48,7 @@ class DialogContent final : private nrvui::ui::NodeObserver {
   void NameByLabels();
   bool HasFields() const;
   void PlaceMessages();
+  void MarkDefaultButton();
 
   DialogRun& run;
   QWidget& pane;

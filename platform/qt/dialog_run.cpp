@@ -1,7 +1,5 @@
 #include "platform/qt/dialog_run.h"
 
-#include <utility>
-
 namespace qtui {
 
 using nrvui::gestures::Outcome;
@@ -32,8 +30,11 @@ void DialogRun::Guard(const std::function<void()>& work) {
 
 Outcome DialogRun::Do(const std::function<Outcome()>& gesture) {
   Outcome outcome;
+  ++gestureDepth;
   Guard([&] { outcome = gesture(); });
+  --gestureDepth;
   lastOutcome = outcome;
+  if (!IsInGesture() && afterGesture) std::exchange(afterGesture, {})();
   return outcome;
 }
 

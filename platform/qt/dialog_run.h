@@ -4,6 +4,7 @@
 #include <exception>
 #include <functional>
 #include <optional>
+#include <utility>
 
 #include "platform/nrvui/gesture.h"
 
@@ -20,8 +21,7 @@ class Editor {
 };
 
 /// One modal run of a dialog: turns what a person does to widgets into gestures, and keeps
-/// exceptions, which handlers may throw, out of Qt. All else in this folder reaches the toolkit's
-/// gestures through it.
+/// exceptions, which handlers may throw, out of Qt.
 class DialogRun {
  public:
   explicit DialogRun(nrvui::ui::UI_Dialog& modalDialog);
@@ -31,14 +31,20 @@ class DialogRun {
   nrvui::ui::UI_Dialog& Dialog() const { return dialog; }
   /// Whether the dialog has a response or something threw.
   bool IsOver() const;
-  /// `over` is called when the run ends because something threw or the dialog was abandoned; a
-  /// response is seen at the dialog itself.
+  /// `over` is called when the run ends because something threw; a response is seen at the dialog
+  /// itself.
   void WhenOver(std::function<void()> over) { whenOver = std::move(over); }
   bool HasFailed() const { return failure != nullptr; }
   void RethrowFailure() const;
 
   /// Does the work; what it throws ends the run.
   void Guard(const std::function<void()>& work);
+
+  /// Whether a gesture is going on. Its handler may run an event loop of its own, in which the
+  /// widgets of this run must last.
+  bool IsInGesture() const { return gestureDepth > 0; }
+  /// `work` is called once, when the gesture that is going on has ended.
+  void AfterGesture(std::function<void()> work) { afterGesture = std::move(work); }
 
   nrvui::gestures::Outcome Enter(nrvui::ui::UI_Node& field, const nrvcore::UTF16String& text);
   /// Ends the edit that is going on, except before the Cancel button. The OK button waits when the
@@ -51,6 +57,9 @@ class DialogRun {
 
   /// The field that has text which is not yet in its node; null when there is none.
   void SetEditor(Editor* newEditor) { editor = newEditor; }
+  void ForgetEditor(const Editor* gone) {
+    if (editor == gone) editor = nullptr;
+  }
   bool CommitEdit();
 
   /// What became of the last gesture since the last call.
@@ -62,6 +71,8 @@ class DialogRun {
   nrvui::ui::UI_Dialog& dialog;
   const bool isShared;  // others hold references, so that they can also all let go
   Editor* editor = nullptr;
+  int gestureDepth = 0;
+  std::function<void()> afterGesture;
   std::function<void()> whenOver;
   std::exception_ptr failure;
   std::optional<nrvui::gestures::Outcome> lastOutcome;

@@ -82,9 +82,12 @@ DialogWindow::DialogWindow(DialogRun& modalRun, QWidget* parent)
 }
 
 DialogWindow::~DialogWindow() {
-  if (loop != nullptr) loop->quit();
   dialog.UI_SetObserver(nullptr);
   run.WhenOver({});
+  run.AfterGesture({});
+  if (loop == nullptr) return;
+  loop->quit();  // it went with its parent
+  if (!run.IsOver()) run.Guard([this] { dialog.SetResponse(nrvui::ui::kCancelResponse); });
 }
 
 void DialogWindow::Build() {
@@ -108,6 +111,7 @@ void DialogWindow::RebuildLater() {
   // A widget may be in the midst of the event that led here.
   QTimer::singleShot(0, this, [this] {
     if (run.IsOver()) return;
+    if (run.IsInGesture()) return run.AfterGesture([this] { RebuildLater(); });
     run.Guard([this] {
       run.CommitEdit();
       if (run.IsOver()) return;
@@ -148,8 +152,14 @@ void DialogWindow::Place() {
   using nrvui::ui::DialogPlacement;
   switch (dialog.GetPlacement()) {
     case DialogPlacement::kAtPoint: {
-      const PointT<float> point = dialog.GetDialogPoint();
-      return move(QPointF(point.x, point.y).toPoint());
+      const PointT<float> wanted = dialog.GetDialogPoint();
+      const QPoint point = QPointF(wanted.x, wanted.y).toPoint();
+      const QScreen* const there = QGuiApplication::screenAt(point);
+      const QRect room = (there != nullptr ? there : screen())->availableGeometry();
+      const QSize framed = size() + kFrameAllowance;
+      const QPoint last = room.bottomRight() - QPoint(framed.width(), framed.height());
+      return move(std::max(room.left(), std::min(point.x(), last.x())),
+                  std::max(room.top(), std::min(point.y(), last.y())));
     }
     case DialogPlacement::kCentered:
       return move(screen()->availableGeometry().center() - rect().center());
@@ -167,7 +177,7 @@ void DialogWindow::FitContent() {
   const QSize needed = content->Align();
   if (needed == natural) return;
   natural = needed;
-  if (scroller == nullptr && Limited(natural).height() < natural.height()) MakeScroller();
+  if (scroller == nullptr && Limited(natural) != natural) MakeScroller();
 
   const PointT<float> size = ToPoint(natural);
   const PointT<float> formerMinimum = dialog.GetMinimumSize();
@@ -186,10 +196,11 @@ void DialogWindow::FitContent() {
 }
 
 QSize DialogWindow::Limited(QSize size) const {
-  if (!HasScreen()) return size.boundedTo(kLargestUnseen);
-  const QSize available = screen()->availableSize() - kFrameAllowance;
+  const QSize available =
+      HasScreen() ? screen()->availableSize() - kFrameAllowance : kLargestUnseen;
   const int scrollBar = style()->pixelMetric(QStyle::PM_ScrollBarExtent, nullptr, this);
   if (size.height() > available.height()) size.rwidth() += scrollBar;
+  if (size.width() > available.width()) size.rheight() += scrollBar;
   return size.boundedTo(available);
 }
 
@@ -226,14 +237,14 @@ void DialogWindow::resizeEvent(QResizeEvent* event) {
   if (!run.IsOver()) FollowDialog();  // the dialog may have wanted more
 }
 
-bool DialogWindow::HandleKey(int key) {
-  switch (key) {
+bool DialogWindow::HandleKey(const QKeyEvent& event) {
+  switch (event.key()) {
     case Qt::Key_Return:
     case Qt::Key_Enter:
-      run.Press(Key::kReturn);
-      return true;
     case Qt::Key_Escape:
-      run.Press(Key::kEscape);
+      // Who holds a key down has not yet seen what it did.
+      if (event.isAutoRepeat()) return true;
+      run.Press(event.key() == Qt::Key_Escape ? Key::kEscape : Key::kReturn);
       return true;
     case Qt::Key_Alt:
       content->ShowMnemonics(true);
@@ -248,7 +259,7 @@ bool DialogWindow::eventFilter(QObject* watched, QEvent* event) {
   switch (event->type()) {
     case QEvent::KeyPress:
       // Some keys are the dialog's wherever the focus is, whatever a desktop makes of them.
-      return HandleKey(static_cast<QKeyEvent*>(event)->key());
+      return HandleKey(static_cast<QKeyEvent&>(*event));
     case QEvent::LayoutRequest:
       if (isPane && !run.IsOver()) run.Guard([this] { FitContent(); });
       break;
@@ -262,7 +273,7 @@ bool DialogWindow::eventFilter(QObject* watched, QEvent* event) {
 }
 
 void DialogWindow::keyPressEvent(QKeyEvent* event) {
-  if (!HandleKey(event->key())) event->ignore();
+  if (!HandleKey(*event)) event->ignore();
 }
 
 void DialogWindow::keyReleaseEvent(QKeyEvent* event) {

@@ -51,7 +51,7 @@ class DialogWindow final : public QDialog, private nrvui::ui::NodeObserver {
   void Place();
   QSize Limited(QSize size) const;
   QSize SizeFor(nrvcore::geom::PointT<float> contentSize) const;
-  bool HandleKey(int key);
+  bool HandleKey(const QKeyEvent& event);
 
   DialogRun& run;
   nrvui::ui::UI_Dialog& dialog;

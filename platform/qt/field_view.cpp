@@ -36,6 +36,7 @@ FieldView::FieldView(DialogRun& modalRun, MessageLine& messageLine,
 }
 
 FieldView::~FieldView() {
+  run.ForgetEditor(this);
   edit.SetListener(nullptr);
 }
 

@@ -23,7 +23,8 @@ bool LabelView::IsLabel() const {
 
 void LabelView::SetBuddy(NodeView& buddy) {
   label.setBuddy(buddy.Widget());
-  buddy.SetName(SpokenName(ToQString(text.GetCaption())));
+  labelled = &buddy;
+  SetCaption(label.text());
 }
 
 void LabelView::SetName(const QString& spokenName) {
@@ -40,6 +41,7 @@ QString LabelView::Caption(bool withMnemonic) const {
 
 void LabelView::SetCaption(const QString& caption) {
   label.setText(caption);
+  if (labelled != nullptr) labelled->SetName(SpokenName(ToQString(text.GetCaption())));
   if (!name.isEmpty()) SetName(name);
 }
 

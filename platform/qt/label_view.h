@@ -26,6 +26,7 @@ class LabelView final : public CaptionedView {
  private:
   nrvui::controls::UI_StaticText& text;
   QLabel& label;
+  NodeView* labelled = nullptr;
   QString name;
 };
 

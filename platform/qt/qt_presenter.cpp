@@ -66,14 +66,13 @@ void QtPresenter::Present(nrvui::ui::UI_Dialog& dialog) {
     const auto photograph = [&] {
       if (!screenshotPath.empty() && !run.IsOver()) picture = window->grab().toImage();
     };
-    window->WhenPainted([&] {
+    const auto show = [&] {
       photograph();
       if (paintedHook) paintedHook(*window);
       if (!script || run.IsOver()) return;
-      WindowPlayer player(*script, run, *window, reportFunction);
-      player.Play(photograph);
-      error = player.Error();
-    });
+      error = WindowPlayer(*script, run, *window, reportFunction).Play(photograph);
+    };
+    window->WhenPainted([&] { run.Guard(show); });
     window->RunModal();
     run.RethrowFailure();
   }

@@ -7,7 +7,6 @@
 #include <QMouseEvent>
 #include <QRadioButton>
 #include <QWindow>
-#include <utility>
 
 #include "platform/nrvcore/unicode.h"
 #include "platform/nrvui/ui_text_edit.h"
@@ -35,10 +34,6 @@ QPoint Target(const QWidget& widget) {
   return {widget.isRightToLeft() ? widget.width() - inset : inset, inset};
 }
 
-bool IsReachable(const QWidget* widget) {
-  return widget != nullptr && widget->isVisible() && widget->isEnabled();
-}
-
 /// Whether a person could drag the edge of a window there, on any screen.
 bool CanDrag(double length) {
   return length >= 0 && length <= 8192;
@@ -48,38 +43,25 @@ bool CanDrag(double length) {
 
 WindowPlayer::WindowPlayer(const nrvui::gestures::GestureScript& gestureScript, DialogRun& modalRun,
                            DialogWindow& dialogWindow,
-                           std::function<void(const std::string&)> report)
+                           const std::function<void(const std::string&)>& report)
     : script(gestureScript),
       run(modalRun),
       window(dialogWindow),
-      reportFunction(std::move(report)),
-      scriptRun(script, run.Dialog(), reportFunction) {}
+      scriptRun(script, run.Dialog(), report) {}
 
-void WindowPlayer::Play(const std::function<void()>& afterStep) {
+std::optional<ScriptError> WindowPlayer::Play(const std::function<void()>& afterStep) {
   const QDeadlineTimer deadline(kActivationTimeout);
-  while (!window.isActiveWindow() && !deadline.hasExpired()) QCoreApplication::processEvents();
-
-  for (const Step& step : script.Steps()) {
-    try {
-      PlayOrThrow(step);
-    } catch (const ScriptError& unplayable) {
-      error.emplace(unplayable);
-      run.Guard([this] { run.Dialog().SetResponse(nrvui::ui::kCancelResponse); });
-      return;
-    }
-    if (run.HasFailed()) return;
+  while (!run.IsOver() && !window.isActiveWindow() && !deadline.hasExpired()) {
     QCoreApplication::processEvents();
-    if (!run.IsOver()) afterStep();
   }
-  if (run.IsOver()) return;
-  scriptRun.NoteLeftOpen();
-  run.Guard([this] { run.Dialog().DefaultCloseCancel(); });
-}
-
-void WindowPlayer::PlayOrThrow(const Step& step) {
-  run.TakeOutcome();
-  const Outcome outcome = Play(step);
-  if (!run.HasFailed()) scriptRun.Note(step, outcome);
+  return scriptRun.Play([&](const Step& step) {
+    run.TakeOutcome();
+    const Outcome outcome = Play(step);
+    QCoreApplication::processEvents();
+    run.RethrowFailure();
+    if (!run.IsOver()) afterStep();
+    return outcome;
+  });
 }
 
 Outcome WindowPlayer::Play(const Step& step) {
@@ -100,8 +82,8 @@ Outcome WindowPlayer::Play(const Step& step) {
 
 Outcome WindowPlayer::Enter(const Step& step) {
   UI_Node& node = scriptRun.Control(step);
-  QWidget* const widget = window.Content().WidgetOf(node);
-  if (dynamic_cast<nrvui::controls::UI_TextEdit*>(&node) != nullptr && IsReachable(widget)) {
+  QWidget* const widget = Reachable(node);
+  if (dynamic_cast<nrvui::controls::UI_TextEdit*>(&node) != nullptr && widget != nullptr) {
     ClickAt(*widget);
     TypeKey(Qt::Key_A, Qt::ControlModifier);
     if (step.text.empty()) TypeKey(Qt::Key_Delete);
@@ -118,14 +100,13 @@ Outcome WindowPlayer::Enter(const Step& step) {
 
 Outcome WindowPlayer::Click(const Step& step) {
   UI_Node& node = scriptRun.Control(step);
-  QWidget* const widget = window.Content().WidgetOf(node);
-  if (IsReachable(widget)) ClickAt(*widget);
+  if (QWidget* const widget = Reachable(node)) ClickAt(*widget);
   return TakenOr(step, [&] { return nrvui::gestures::Click(run.Dialog(), node); });
 }
 
 Outcome WindowPlayer::Press(const Step& step) {
   const bool isReturn = step.target == "Return";
-  if (!run.IsOver()) TypeKey(isReturn ? Qt::Key_Return : Qt::Key_Escape);
+  TypeKey(isReturn ? Qt::Key_Return : Qt::Key_Escape);
   return TakenOr(step, [&] {
     return nrvui::gestures::Press(run.Dialog(), isReturn ? Key::kReturn : Key::kEscape);
   });
@@ -160,9 +141,14 @@ Outcome WindowPlayer::TakenOr(const Step& step, const std::function<Outcome()>& 
   return outcome;
 }
 
+QWidget* WindowPlayer::Reachable(const UI_Node& node) const {
+  QWidget* const widget = run.IsOver() ? nullptr : window.Content().WidgetOf(node);
+  return widget != nullptr && widget->isVisible() && widget->isEnabled() ? widget : nullptr;
+}
+
 void WindowPlayer::TypeKey(int key, Qt::KeyboardModifiers modifiers, const QString& text) {
   for (const QEvent::Type type : {QEvent::KeyPress, QEvent::KeyRelease}) {
-    if (run.IsOver() && type == QEvent::KeyRelease) return;
+    if (run.IsOver()) return;
     QKeyEvent event(type, key, modifiers, text);
     QCoreApplication::sendEvent(window.windowHandle(), &event);
   }
@@ -173,6 +159,7 @@ void WindowPlayer::ClickAt(QWidget& widget) {
   const QPointF point = widget.mapTo(&window, Target(widget));
   const QPointF global = window.mapToGlobal(point);
   const auto send = [&](QEvent::Type type, Qt::MouseButton button, Qt::MouseButtons held) {
+    if (run.IsOver()) return;
     QMouseEvent event(type, point, point, global, button, held, Qt::NoModifier);
     QCoreApplication::sendEvent(window.windowHandle(), &event);
   };

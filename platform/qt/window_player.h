@@ -14,20 +14,19 @@ namespace qtui {
 /// scripted presenter.
 class WindowPlayer {
  public:
-  /// All must outlive the player.
+  /// All but the window, which may go with its parent, must outlive the player.
   WindowPlayer(const nrvui::gestures::GestureScript& gestureScript, DialogRun& modalRun,
-               DialogWindow& dialogWindow, std::function<void(const std::string&)> report);
+               DialogWindow& dialogWindow, const std::function<void(const std::string&)>& report);
 
   /// Plays the whole script; what follows in the event loop comes after each step. `afterStep` is
-  /// called after each step that leaves the dialog open.
-  void Play(const std::function<void()>& afterStep);
-  const std::optional<nrvui::gestures::ScriptError>& Error() const { return error; }
+  /// called after each step that leaves the dialog open. Answers what stopped the script, if
+  /// anything did; what a handler throws passes through.
+  std::optional<nrvui::gestures::ScriptError> Play(const std::function<void()>& afterStep);
 
  private:
   using Step = nrvui::gestures::Step;
   using Outcome = nrvui::gestures::Outcome;
 
-  void PlayOrThrow(const Step& step);
   Outcome Play(const Step& step);
   Outcome Enter(const Step& step);
   Outcome Click(const Step& step);
@@ -37,15 +36,15 @@ class WindowPlayer {
   /// The outcome of what the window made of the events; when they met nothing, the toolkit's
   /// reason.
   Outcome TakenOr(const Step& step, const std::function<Outcome()>& gesture);
+  /// The node's widget if a person could get at it, else null.
+  QWidget* Reachable(const nrvui::ui::UI_Node& node) const;
   void TypeKey(int key, Qt::KeyboardModifiers modifiers = Qt::NoModifier, const QString& text = {});
   void ClickAt(QWidget& widget);
 
   const nrvui::gestures::GestureScript& script;
   DialogRun& run;
   DialogWindow& window;
-  std::function<void(const std::string&)> reportFunction;
   nrvui::gestures::ScriptRun scriptRun;
-  std::optional<nrvui::gestures::ScriptError> error;
 };
 
 }  // namespace qtui

@@ -5,9 +5,9 @@
 using namespace nrvui::controls;
 using namespace nrvui::ui;
 
-PlainDialog::PlainDialog(bool hasCloseBox)
-    : UI_Dialog(nullptr, u"Test", {10, 20}, {100, 100}, false, nullptr, true, false, true,
-                hasCloseBox, 0, 1) {}
+PlainDialog::PlainDialog(bool hasCloseBox, nrvcore::geom::PointT<float> point)
+    : UI_Dialog(nullptr, u"Test", point, {100, 100}, false, nullptr, true, false, true, hasCloseBox,
+                0, 1) {}
 
 void WhenChanged(UI_ControlView& control, const std::function<void()>& work) {
   control.NotifyWhenChanged(

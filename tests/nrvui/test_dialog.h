@@ -14,7 +14,7 @@
 /// An empty dialog of 100 by 100 points.
 class PlainDialog : public nrvui::ui::UI_Dialog {
  public:
-  explicit PlainDialog(bool hasCloseBox = true);
+  explicit PlainDialog(bool hasCloseBox = true, nrvcore::geom::PointT<float> point = {10, 20});
 };
 
 /// Calls `work` when a person has changed the control, in the place of whoever was called before.

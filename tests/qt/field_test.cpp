@@ -48,6 +48,8 @@ TEST_F(Field, IsEnteredByOkAndReturnUnlessThePersonMustLook) {
                 };
                 open.Type("HorizontalCountTxt", text);
                 confirm();
+                QKeyEvent held(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier, {}, true);
+                QCoreApplication::sendEvent(open.window.windowHandle(), &held);
                 ASSERT_EQ(open.window.isVisible(), mustLook);
                 if (!mustLook) return;
                 EXPECT_TRUE(open.Field("HorizontalCountTxt").hasFocus());

@@ -1,3 +1,6 @@
+#include <QScrollArea>
+#include <QScrollBar>
+
 #include "nrvui/test_dialog.h"
 #include "platform/nrvui/ui_layout.h"
 #include "platform/nrvui/ui_panel.h"
@@ -32,6 +35,7 @@ TEST_F(Following, ShowsWhatCodeSetsAtOnce) {
       {[&] { test.percent->SetCaption(u"\u5272\u5408(&P)"); }, "percent", "accessibleName",
        QStringLiteral("\u5272\u5408")},
       {[&] { test.label->SetCaption(u"&Tiles:"); }, "label", "text", "Tiles:"},
+      {[] {}, "count", "accessibleName", "Tiles"},
       {[&] { test.count->SetDisabled(true); }, "count", "enabled", false},
       {[&] { test.percent->UI_Show(false); }, "percent", "visible", false},
       {[&] { test.panel->UI_Show(false); }, "count", "visible", false},
@@ -71,6 +75,15 @@ TEST_F(Following, MakesWidgetsForNodesThatCome) {
     test.panel->ChildSwapOrder(0, 1);
     QCoreApplication::processEvents();
     EXPECT_LT(open.Get("count").y(), open.Get("width").y());
+  });
+}
+
+TEST_F(Following, ScrollsWhatNoScreenIsWideEnoughFor) {
+  test.ratio->SetCaption(nrvcore::UTF16String(std::u16string(1500, u'w')));
+  Present(*test.dialog, [&](const OpenWindow& open) {
+    const auto* scroller = open.window.findChild<QScrollArea*>();
+    ASSERT_NE(scroller, nullptr);
+    EXPECT_FALSE(scroller->verticalScrollBar()->isVisible());
   });
 }
 

@@ -1,9 +1,15 @@
 #include <QApplication>
+#include <QPointer>
+#include <QScreen>
 #include <QTemporaryDir>
+#include <QTimer>
+#include <cmath>
 
 #include "nrvui/test_dialog.h"
 #include "platform/nrvui/gesture_script.h"
 #include "qt/window_test.h"
+
+using nrvui::gestures::GestureScript;
 
 class ModalRun : public WindowTest {
  protected:
@@ -21,6 +27,7 @@ TEST_F(ModalRun, EndsWithWhatAHandlerThrows) {
       EXPECT_FALSE(open.window.isVisible());
     });
   };
+  EXPECT_THROW(Present(*test.dialog, [](const OpenWindow&) { throw Surprise(); }), Surprise);
   EXPECT_NO_THROW(clickAfterTyping("width", "cancel"));
   EXPECT_THROW(clickAfterTyping("count", "percent"), Surprise);
   EXPECT_THROW(clickAfterTyping("width", "name"), std::runtime_error);
@@ -52,6 +59,10 @@ TEST_F(ModalRun, StaysOpenWhenTheDialogDoes) {
     EXPECT_EQ(open.window.pos(), QPoint(10, 20));
     open.window.close();
     EXPECT_TRUE(open.window.isVisible());
+  });
+  const boost::intrusive_ptr<PlainDialog> outside = new PlainDialog(true, {NAN, 1e30f});
+  Present(*outside, [&](const OpenWindow& open) {
+    EXPECT_TRUE(open.window.screen()->availableGeometry().contains(open.window.geometry()));
   });
   Present(*endless, [&](const OpenWindow&) { QCoreApplication::quit(); });
   EXPECT_EQ(endless->GetResponse(), nrvui::ui::kCancelResponse);
@@ -87,17 +98,45 @@ TEST_F(ModalRun, MayContainAnother) {
   EXPECT_EQ(test.dialog->GetResponse(), nrvui::ui::kOkResponse);
 }
 
+/// A handler's own widget must last until it returns.
+TEST_F(ModalRun, MakesNoWidgetsWhileAHandlerRunsAnother) {
+  TestDialog inner;
+  QPointer<QWidget> field;
+  WhenChanged(*test.count, [&] {
+    test.panel->ChildPushBack(new nrvui::controls::UI_Checkbox);
+    Present(*inner.dialog, [&](const OpenWindow&) {
+      QCoreApplication::processEvents();
+      EXPECT_NE(field, nullptr);
+    });
+  });
+  Present(*test.dialog, [&](const OpenWindow& open) {
+    field = &open.Get("count");
+    open.Type("count", "5");
+    open.Key(Qt::Key_Tab);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(field, nullptr);
+  });
+}
+
 TEST_F(ModalRun, OutlivesItsWindow) {
   test.dialog->SetInitialFocus(test.name);
-  auto parent = std::make_unique<QWidget>();
-  parent->show();
-  parent->activateWindow();
-  ASSERT_TRUE(QTest::qWaitForWindowActive(parent.get()));
-  qtui::QtPresenter presenter;
-  presenter.WhenPainted([&](QWidget&) { parent.reset(); });
-  const nrvui::ui::InstalledPresenter installed(presenter);
-  test.dialog->RunModal();
-  EXPECT_EQ(test.dialog->GetResponse(), nrvui::ui::kCancelResponse);
+  std::unique_ptr<QWidget> parent;
+  WhenChanged(*test.percent, [&] { QTimer::singleShot(0, [&] { parent.reset(); }); });
+  for (const bool isByHandler : {false, true}) {
+    parent = std::make_unique<QWidget>();
+    parent->show();
+    parent->activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(parent.get()));
+    qtui::QtPresenter presenter;
+    presenter.PlayScript(GestureScript::Parse("click percent\nclick gray", "script"));
+    presenter.WhenPainted([&](QWidget&) {
+      if (!isByHandler) parent.reset();
+    });
+    const nrvui::ui::InstalledPresenter installed(presenter);
+    test.dialog->RunModal();
+    EXPECT_EQ(test.dialog->GetResponse(), nrvui::ui::kCancelResponse);
+    EXPECT_EQ(presenter.Error().has_value(), isByHandler);
+  }
 }
 
 TEST_F(ModalRun, LeavesAPicture) {
@@ -105,7 +144,7 @@ TEST_F(ModalRun, LeavesAPicture) {
   const std::string path = folder.filePath("dialog.png").toStdString();
   qtui::QtPresenter presenter;
   presenter.SetScreenshot(path);
-  presenter.PlayScript(nrvui::gestures::GestureScript::Parse("click percent\nclick ok", "script"));
+  presenter.PlayScript(GestureScript::Parse("click percent\nclick ok", "script"));
   QSize window;
   presenter.WhenPainted([&](QWidget& shown) { window = shown.size() * shown.devicePixelRatio(); });
   const nrvui::ui::InstalledPresenter installed(presenter);
