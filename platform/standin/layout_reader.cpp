@@ -1,6 +1,7 @@
 #include "platform/standin/layout_reader.h"
 
 #include <algorithm>
+#include <bitset>
 #include <fstream>
 #include <iterator>
 #include <map>
@@ -24,6 +25,7 @@ constexpr const char* kRoot = "sheet";
 constexpr const char* kInitialFocus = "focus";  // the root's attribute
 constexpr size_t kLargestFile = 1 << 18;
 constexpr int kDeepestNesting = 32;
+constexpr size_t kMostAttributes = 8;  // that an element may have
 
 class Reader {
  public:
@@ -125,19 +127,24 @@ boost::intrusive_ptr<UI_Node> Reader::MakeNode(const pugi::xml_node& xml) {
 
 void Reader::ApplyAttributes(const pugi::xml_node& xml, const LayoutElement& element,
                              UI_Node& node) {
+  std::bitset<kMostAttributes> given;  // by the place of their rules
   for (const pugi::xml_attribute& attribute : xml.attributes()) {
     const char* const name = attribute.name();
     const AttributeRule* const rule = FindAttributeRule(element, name);
     if (!rule) Refuse(name, std::string("<") + xml.name() + "> has no attribute " + name);
-    if (!(xml.attribute(name) == attribute)) Refuse(name, std::string(name) + " is given twice");
+    const auto place = static_cast<size_t>(rule - element.attributes.data());
+    if (given.test(place)) Refuse(name, std::string(name) + " is given twice");
+    given.set(place);
     rule->apply(
         node, {name, attribute.value(), [&](const std::string& reason) { Refuse(name, reason); }});
     if (std::string_view(name) == "id") NoteId(attribute, node);
     if (std::string_view(name) == "for") buddies.push_back({name, attribute.value()});
   }
-  for (const AttributeRule& rule : element.attributes)
-    if (rule.presence == Presence::kRequired && !xml.attribute(rule.name))
+  for (size_t place = 0; place < element.attributes.size(); ++place) {
+    const AttributeRule& rule = element.attributes[place];
+    if (rule.presence == Presence::kRequired && !given.test(place))
       Refuse(xml.name(), std::string("<") + xml.name() + "> needs the attribute " + rule.name);
+  }
 }
 
 void Reader::NoteId(const pugi::xml_attribute& attribute, UI_Node& node) {
