@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
 #include <QDir>
 #include <QFile>
@@ -141,6 +142,7 @@ TEST_F(Program, SaysInOneLineWhatIsWrong) {
   Save("badstate", "{}");
   QDir(folder.path()).mkdir("folder");
   ASSERT_TRUE(QFile::link(Path("in.png"), Path("link.png")));
+  ASSERT_EQ(link(qPrintable(Path("in.png")), qPrintable(Path("IN.PNG"))), 0);
   ASSERT_EQ(mkfifo(qPrintable(Path("pipe")), 0600), 0);
   ASSERT_TRUE(QFile::link(Path("a.svg"), Path("folder/link.svg")));
   const std::pair<const char*, const char*> kCases[] = {
@@ -166,6 +168,7 @@ TEST_F(Program, SaysInOneLineWhatIsWrong) {
       {"in.png --gestures ok --export a.svg --export ./a.svg", "for something else"},
       {"in.png --gestures ok --export in.png", "for something else"},
       {"in.png --gestures ok --export folder/../link.png", "for something else"},
+      {"in.png --gestures ok --export IN.PNG", "for something else"},
       {"in.png --gestures ok --record pipe", "no ordinary file"},
       {"in.png --gestures ok --export a.svg --export folder/link.svg", "for something else"},
       {"in.png --theme pink", "not pink"},
