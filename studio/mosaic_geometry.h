@@ -20,4 +20,7 @@ struct MosaicGeometry {
   double Left(int column) const { return column * (tile.width() + spacing.width()); }
   double Top(int row) const { return row * (tile.height() + spacing.height()); }
   bool HasGaps() const { return !spacing.isNull(); }
+  bool TilesTouch() const {
+    return (tilesAcross > 1 && spacing.width() == 0) || (tilesDown > 1 && spacing.height() == 0);
+  }
 };

@@ -26,7 +26,7 @@ SvgSink::SvgSink(QIODevice& device, const MosaicGeometry& geometry, const QImage
            << encoded.bytes.toBase64().toStdString() << "\"/>\n";
   }
   // Tiles that touch must not let anything shine through between them.
-  writer << (geometry.HasGaps() ? "<g>\n" : "<g shape-rendering=\"crispEdges\">\n");
+  writer << (geometry.TilesTouch() ? "<g shape-rendering=\"crispEdges\">\n" : "<g>\n");
 
   for (int column = 0; column < geometry.tilesAcross; ++column) {
     columnStarts.push_back("<rect x=\"" + NumberText(geometry.Left(column)) + "\" y=\"");

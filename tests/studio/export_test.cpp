@@ -62,6 +62,22 @@ TEST(SvgExport, HasOneRectPerTileInRowOrderInOneGroupOverThePicture) {
   EXPECT_EQ(QImage::fromData(QByteArray::fromBase64(embedded)).size(), QSize(30, 20));
 }
 
+TEST(SvgExport, HasSharpEdgesWhereTilesTouch) {
+  const struct {
+    int across, spacingAcross, spacingDown;
+    bool isSharp;
+  } kCases[] = {
+      {3, 0, 0, true}, {3, 0, 2, true}, {3, 2, 0, true}, {3, 2, 2, false}, {1, 0, 2, false}};
+  for (const auto& [across, spacingAcross, spacingDown, isSharp] : kCases) {
+    QBuffer buffer;
+    buffer.open(QIODevice::WriteOnly);
+    MakeExport("a.svg", buffer, {across, 2, {90, 90}, QSizeF(spacingAcross, spacingDown), {10, 10}},
+               {})
+        ->Finish();
+    EXPECT_EQ(buffer.data().contains("crispEdges"), isSharp) << spacingAcross << spacingDown;
+  }
+}
+
 TEST(SvgExport, WritesNumbersShort) {
   std::string texts;
   for (const double value :
