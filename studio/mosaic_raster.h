@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QImage>
+#include <utility>
 #include <vector>
 
 #include "studio/light_scale.h"
@@ -18,8 +19,8 @@ class MosaicRaster : public MosaicSink {
   void AddRow(std::span<const QRgb> tiles) override;
   void Finish() override;
 
-  /// Complete after Finish; Format_ARGB32, or Format_RGB32 when tiles cover all of it.
-  const QImage& Image() const { return image; }
+  /// The drawing, after Finish, and only once: Format_ARGB32, or Format_RGB32 when tiles cover all.
+  QImage TakeImage() { return std::move(image); }
 
  private:
   /// Sums of light and of covered area, in shares of a pixel.

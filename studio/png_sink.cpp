@@ -36,7 +36,7 @@ PngSink::PngSink(QIODevice& device, const MosaicGeometry& geometry, const QImage
 
 void PngSink::Finish() {
   raster.Finish();
-  QImage image = raster.Image();
+  QImage image = raster.TakeImage();
   if (!below.isNull()) {
     QPainter painter(&image);
     painter.setCompositionMode(QPainter::CompositionMode_DestinationOver);

@@ -5,7 +5,7 @@
 class QIODevice;
 
 /// Writes the mosaic as a PNG picture of the mosaic's size on the page. Its resolution gives every
-/// tile some pixels where that is possible, and never makes more than 64 million of them.
+/// tile some pixels where that is possible with about 64 million of them.
 class PngSink : public MosaicSink {
  public:
   /// `below` lies under the tiles, as large as the mosaic; null for nothing.
