@@ -43,11 +43,23 @@ bool IsCompleteBmp(const QByteArray& bytes) {
   return qFromLittleEndian<quint32>(bytes.constData() + kSizeOffset) <= quint64(bytes.size());
 }
 
-/// A GIF ends in a semicolon; some writers fill up with zeros behind it.
+/// Walks from block to block, over each one's colours and pieces, to the block that ends the file.
 bool IsCompleteGif(const QByteArray& bytes) {
-  qsizetype size = bytes.size();
-  while (size > 0 && bytes[size - 1] == 0) --size;
-  return size > 0 && bytes[size - 1] == ';';
+  constexpr qsizetype kHeader = 13;
+  constexpr qsizetype kHeaderFlags = 10;
+  constexpr qsizetype kImageFrame = 10;
+  constexpr qsizetype kImageFlags = 9;
+  const auto byte = [&](qsizetype at) { return at < bytes.size() ? uchar(bytes[at]) : 0; };
+  const auto colorBytes = [](int flags) { return flags & 0x80 ? 6 << (flags & 7) : 0; };
+
+  qsizetype at = kHeader + colorBytes(byte(kHeaderFlags));
+  while (at < bytes.size() && byte(at) != ';') {
+    const bool isImage = byte(at) == ',';
+    at += isImage ? kImageFrame + colorBytes(byte(at + kImageFlags)) + 1 : 2;
+    while (const int piece = byte(at)) at += 1 + piece;
+    ++at;
+  }
+  return byte(at) == ';';
 }
 
 constexpr struct {
