@@ -5,7 +5,6 @@
 
 #include "studio/mosaic_builder.h"
 #include "studio/mosaic_export.h"
-#include "studio/studio_error.h"
 
 namespace {
 
@@ -26,11 +25,7 @@ MosaicJob::MosaicJob(const Picture& picture, const MosaicParameters& params,
 
 QImage MosaicJob::Below() const {
   const bool shows = geometry.HasGaps() || picture.HasAlpha();
-  if (!keepsPicture || !shows) return {};
-  if (!picture.ColorSpace().isValid()) return picture.Pixels();
-  QImage inSrgb = picture.Pixels().convertedToColorSpace(QColorSpace(QColorSpace::SRgb));
-  if (inSrgb.isNull()) throw StudioError(kNoMemory);
-  return inSrgb;
+  return keepsPicture && shows ? picture.PixelsInSrgb() : QImage();
 }
 
 void MosaicJob::Add(std::unique_ptr<MosaicSink> sink) {

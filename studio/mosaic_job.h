@@ -20,7 +20,6 @@ class MosaicJob {
   const MosaicGeometry& Geometry() const { return geometry; }
 
   /// The picture, in sRGB, where it stays and shows between or through the tiles; otherwise null.
-  /// Throws StudioError when there is no memory for it.
   QImage Below() const;
 
   void Add(std::unique_ptr<MosaicSink> sink);

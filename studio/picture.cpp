@@ -5,6 +5,7 @@
 #include <QFileInfo>
 #include <QImageReader>
 #include <QTransform>
+#include <algorithm>
 #include <cmath>
 #include <utility>
 
@@ -26,12 +27,12 @@ bool Fits(QSize size, int bitsPerPixel) {
   return qint64(size.width()) * size.height() * bitsPerPixel / 8 <= qint64(kMegabytesLimit) << 20;
 }
 
-/// Resolutions are whole numbers of dots per metre here, so one that was a whole number of dots per
-/// inch in the file comes back as that number.
+/// Decoders tell whole numbers of dots per metre, some rounded and some cut off, so one that was a
+/// whole number of dots per inch in the file comes back as that number.
 double DotsPerInch(int dotsPerMeter) {
   const double dots = dotsPerMeter * kMetersPerInch;
   const double whole = std::round(dots);
-  return std::abs(dots - whole) <= kMetersPerInch / 2 ? whole : dots;
+  return std::abs(dots - whole) < kMetersPerInch ? whole : dots;
 }
 
 QByteArray ReadFile(const QString& path) {
@@ -75,17 +76,36 @@ QImage Decode(QImageReader& reader) {
 }
 
 /// Turns and mirrors as the camera noted; the resolutions change places with the sides.
-QImage Upright(const QImage& image, QImageIOHandler::Transformations how) {
-  QImage upright = image;
+QImage Upright(QImage image, QImageIOHandler::Transformations how) {
   if (how & (QImageIOHandler::TransformationMirror | QImageIOHandler::TransformationFlip)) {
-    upright = upright.mirrored(how & QImageIOHandler::TransformationMirror,
-                               how & QImageIOHandler::TransformationFlip);
+    image = std::move(image).mirrored(how & QImageIOHandler::TransformationMirror,
+                                      how & QImageIOHandler::TransformationFlip);
   }
   if (how & QImageIOHandler::TransformationRotate90) {
-    upright = upright.transformed(QTransform().rotate(90));
-    SetDotsPerMeter(upright, image.dotsPerMeterY(), image.dotsPerMeterX());
+    const int across = image.dotsPerMeterX();
+    const int down = image.dotsPerMeterY();
+    image = image.transformed(QTransform().rotate(90));
+    SetDotsPerMeter(image, down, across);
   }
-  return upright;
+  return image;
+}
+
+bool IsOpaque(const QImage& image) {
+  for (int y = 0; y < image.height(); ++y) {
+    const auto* const line = reinterpret_cast<const QRgb*>(image.constScanLine(y));
+    if (std::any_of(line, line + image.width(), [](QRgb pixel) { return qAlpha(pixel) < 255; })) {
+      return false;
+    }
+  }
+  return true;
+}
+
+/// Many programs give every picture an alpha channel; one that says nothing is left out.
+QImage InEightBits(QImage image) {
+  if (!image.hasAlphaChannel()) return std::move(image).convertToFormat(QImage::Format_RGB32);
+  image = std::move(image).convertToFormat(QImage::Format_ARGB32);
+  if (IsOpaque(image)) image.reinterpretAsFormat(QImage::Format_RGB32);
+  return image;
 }
 
 }  // namespace
@@ -109,7 +129,7 @@ Picture Picture::Read(const QString& path) {
         "$$$/Studio/Picture/CutShort=the picture %1 is cut short: the file ends before the picture",
         path);
   }
-  const QImage image = Decode(reader);
+  QImage image = Decode(reader);
   if (image.isNull() || !Fits(image.size(), kBitsPerPixel)) {
     throw StudioError("$$$/Studio/Picture/Undecodable=the picture %1 is damaged or too large",
                       path);
@@ -117,13 +137,15 @@ Picture Picture::Read(const QString& path) {
   if (messages.TellOfDamage()) {
     throw StudioError("$$$/Studio/Picture/Damaged=the picture %1 is damaged", path);
   }
-  return Picture(Upright(image, reader.transformation()));
+  return Picture(Upright(std::move(image), reader.transformation()));
 }
 
-Picture::Picture(const QImage& image)
-    : pixels(image.convertToFormat(image.hasAlphaChannel() ? QImage::Format_ARGB32
-                                                           : QImage::Format_RGB32)) {
-  if (pixels.isNull()) throw StudioError(kNoMemory);
+Picture::Picture(QImage image)
+    : pixels(InEightBits(std::move(image))),
+      pixelsInSrgb(ColorSpace().isValid()
+                       ? pixels.convertedToColorSpace(QColorSpace(QColorSpace::SRgb))
+                       : pixels) {
+  if (pixels.isNull() || pixelsInSrgb.isNull()) throw StudioError(kNoMemory);
 }
 
 QSizeF Picture::SizeInPoints() const {

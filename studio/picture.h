@@ -15,10 +15,12 @@ class Picture {
 
   /// A picture of these pixels at the resolution that they carry. Throws StudioError when there is
   /// no memory for them, or was none when the image was made.
-  explicit Picture(const QImage& image);
+  explicit Picture(QImage image);
 
-  /// Upright pixels, Format_RGB32 or, when some may be transparent, Format_ARGB32.
+  /// Upright pixels, Format_RGB32 or, when some are transparent, Format_ARGB32.
   const QImage& Pixels() const { return pixels; }
+  /// The same in sRGB, for showing.
+  const QImage& PixelsInSrgb() const { return pixelsInSrgb; }
 
   bool HasAlpha() const { return pixels.format() == QImage::Format_ARGB32; }
 
@@ -30,4 +32,5 @@ class Picture {
 
  private:
   QImage pixels;
+  QImage pixelsInSrgb;  // shares `pixels` where these are in sRGB already
 };

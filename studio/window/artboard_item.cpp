@@ -25,7 +25,7 @@ ArtboardItem::ArtboardItem(const Artwork& artwork) : art(Around(artwork.Size()))
   page = Around(size).adjusted(-margin, -margin, margin, margin);
 
   if (!artwork.mosaic) {
-    picture.emplace(artwork.picture.Pixels());
+    picture.emplace(artwork.picture.PixelsInSrgb());
     return;
   }
   if (!artwork.mosaic->below.isNull()) picture.emplace(artwork.mosaic->below);

@@ -5,7 +5,6 @@
 #include <QBuffer>
 #include <QFile>
 #include <QImageWriter>
-#include <QLineF>
 #include <QPainter>
 #include <QTemporaryDir>
 
@@ -44,21 +43,31 @@ TEST(PictureFile, IsRefusedWhenAnyOfItIsMissing) {
           << format << ": " << missing << " of " << whole.size() << " bytes missing";
     }
   }
+  // One pixel. Cut anywhere, it may end in the very byte that marks the end.
+  const QByteArray gif =
+      QByteArray::fromBase64("R0lGODlhAQABAIAAAP///wAAACH5BAEAAAAALAAAAAABAAEAAAICRAEAOw==");
+  EXPECT_NO_THROW(Read(gif + '\n')) << "whatever stands behind the end";
+  for (qsizetype size = 13; size < gif.size() - 1; ++size) {
+    EXPECT_THROW(Read(gif.left(size) + ';'), StudioError) << "gif of " << size;
+  }
   QByteArray torn = Encoded(image, "jpg");
   EXPECT_THROW(Read(torn.remove(torn.size() / 3, torn.size() / 3)), StudioError) << "end is there";
 }
 
 TEST(PictureFile, LiesOnThePageAsLargeAsItSays) {
-  QImage image(300, 150, QImage::Format_RGB32);
-  image.fill(Qt::white);
-  image.setDotsPerMeterX(11811);  // 300 per inch
-  image.setDotsPerMeterY(5906);   // 150 per inch
-  for (const char* format : {"png", "jpg"}) {
-    const QSizeF size = Read(Encoded(image, format)).SizeInPoints();
-    EXPECT_LT(QLineF(0, 0, size.width() - 72, size.height() - 72).length(), 0.01) << format;
+  for (const int dotsPerInch : {72, 96, 150, 240, 300}) {
+    QImage image(dotsPerInch, 2 * dotsPerInch, QImage::Format_RGB32);
+    image.fill(Qt::white);
+    image.setDotsPerMeterX(qRound(dotsPerInch / 0.0254));
+    image.setDotsPerMeterY(image.dotsPerMeterX());
+    for (const char* format : {"png", "jpg"}) {
+      const QSizeF size = Read(Encoded(image, format)).SizeInPoints();
+      EXPECT_EQ(size, QSizeF(72, 144)) << format << " of " << dotsPerInch;
+    }
   }
   // This format cannot say, so a dot is a point.
-  EXPECT_EQ(Read(Encoded(image, "ppm")).SizeInPoints(), QSizeF(300, 150));
+  const QImage unsaid = RandomImage(30, 15, QImage::Format_RGB32, 5);
+  EXPECT_EQ(Read(Encoded(unsaid, "ppm")).SizeInPoints(), QSizeF(30, 15));
 }
 
 TEST(PictureFile, StandsUprightWhateverTheCameraNoted) {
@@ -85,6 +94,17 @@ TEST(PictureFile, StandsUprightWhateverTheCameraNoted) {
     const QRect corner(kBright[orientation - 1] - QPoint(2, 2), QSize(5, 5));
     EXPECT_GT(qRed(turned.copy(corner).scaled(1, 1).pixel(0, 0)), 200);
   }
+}
+
+TEST(Picture, IsTransparentOnlyWhereSomePixelIs) {
+  QImage image = RandomImage(30, 20, QImage::Format_ARGB32, 3);
+  EXPECT_TRUE(Picture(image).HasAlpha());
+  for (int y = 0; y < 20; ++y) {
+    for (int x = 0; x < 30; ++x) image.setPixel(x, y, image.pixel(x, y) | 0xFF000000);
+  }
+  EXPECT_FALSE(Picture(image).HasAlpha());
+  image.setPixel(29, 19, 0xFE000000);
+  EXPECT_TRUE(Picture(image).HasAlpha());
 }
 
 }  // namespace
