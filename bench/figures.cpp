@@ -2,6 +2,7 @@
 
 #include <cmath>
 #include <ostream>
+#include <stdexcept>
 
 namespace bench {
 
@@ -60,12 +61,14 @@ std::string FirstWord(const std::string& figure) {
 }  // namespace
 
 Table::Table(int place, std::span<const Line> lines) {
-  Tables()[place] = lines;
+  if (!Tables().emplace(place, lines).second)
+    throw std::logic_error("two tables of figures in place " + std::to_string(place));
 }
 
 void FigureReporter::ReportRuns(const std::vector<Run>& runs) {
   ConsoleReporter::ReportRuns(runs);
   for (const Run& run : runs) {
+    words.insert(FirstWord(run.run_name.function_name));
     const bool isMedian = run.run_type == Run::RT_Aggregate && run.aggregate_name == "median";
     const bool isOnly = run.run_type == Run::RT_Iteration && run.repetitions <= 1;
     if (run.error_occurred || (!isMedian && !isOnly)) continue;
@@ -79,18 +82,25 @@ void FigureReporter::ReportRuns(const std::vector<Run>& runs) {
   }
 }
 
-void FigureReporter::PrintTable(std::ostream& output) const {
+bool FigureReporter::PrintTable(std::ostream& output) const {
   output << "| what | figure | against | its figure | ratio | goal | | alone |\n"
          << "|---|---:|---|---:|---:|---|---|---|\n";
+  bool isWhole = true;
   for (const auto& [place, lines] : Tables()) {
-    for (const Line& line : lines) PrintLine(output, line);
+    for (const Line& line : lines) isWhole &= PrintLine(output, line);
   }
+  return isWhole;
 }
 
-void FigureReporter::PrintLine(std::ostream& output, const Line& line) const {
+bool FigureReporter::PrintLine(std::ostream& output, const Line& line) const {
+  const std::string word = FirstWord(line.figure);
+  if (!words.contains(word)) return true;
   const auto found = figures.find(line.figure);
   const auto peer = line.peer ? figures.find(line.peer) : figures.end();
-  if (found == figures.end() || (line.peer && peer == figures.end())) return;
+  if (found == figures.end() || (line.peer && peer == figures.end())) {
+    output << "| " << line.what << " | not measured | | | | | | `scripts/bench " << word << "` |\n";
+    return false;
+  }
   const double value = found->second;
   const double held = line.peer ? value / peer->second : value;
   const char* verdict = !line.limit ? "" : held <= *line.limit ? "met" : "**missed**";
@@ -98,7 +108,8 @@ void FigureReporter::PrintLine(std::ostream& output, const Line& line) const {
          << (line.against ? line.against : "") << " | "
          << (line.peer ? Text(peer->second, line.unit) : "") << " | "
          << (line.peer ? ThreeDigits(held) : "") << " | " << GoalText(line) << " | " << verdict
-         << " | `scripts/bench " << FirstWord(line.figure) << "` |\n";
+         << " | `scripts/bench " << word << "` |\n";
+  return true;
 }
 
 }  // namespace bench

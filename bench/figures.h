@@ -5,6 +5,7 @@
 #include <iosfwd>
 #include <map>
 #include <optional>
+#include <set>
 #include <span>
 #include <string>
 
@@ -28,7 +29,8 @@ struct Line {
 /// by which a person asks for them. Constructed before main.
 class Table {
  public:
-  /// The lines must live as long as the program; tables are printed by ascending `place`.
+  /// The lines must live as long as the program; tables are printed by ascending `place`,
+  /// of which each has its own.
   Table(int place, std::span<const Line> lines);
 };
 
@@ -39,13 +41,15 @@ class FigureReporter : public benchmark::ConsoleReporter {
 
   void ReportRuns(const std::vector<Run>& runs) override;
 
-  /// All lines whose figures were measured, in Markdown.
-  void PrintTable(std::ostream& output) const;
+  /// All lines of the words that ran, in Markdown. False when a figure of theirs was not measured,
+  /// which its line then says.
+  bool PrintTable(std::ostream& output) const;
 
  private:
-  void PrintLine(std::ostream& output, const Line& line) const;
+  bool PrintLine(std::ostream& output, const Line& line) const;
 
   std::map<std::string, double> figures;  // seconds, bytes or pieces
+  std::set<std::string> words;            // by which what ran is asked for
 };
 
 }  // namespace bench

@@ -21,8 +21,8 @@ int main(int argc, char** argv) try {
   bench::FigureReporter reporter;
   if (benchmark::RunSpecifiedBenchmarks(&reporter) == 0) return 1;
   std::ofstream table(argv[1]);
-  reporter.PrintTable(table);
-  return table.flush() ? 0 : 1;
+  const bool isWhole = reporter.PrintTable(table);
+  return table.flush() && isWhole ? 0 : 1;
 } catch (const std::exception& error) {
   std::fprintf(stderr, "tesserae-bench: %s\n", error.what());
   return 1;

@@ -45,7 +45,6 @@ void Decode(benchmark::State& state) {
     const QImage image = QImage::fromData(jpeg, "JPG");
     benchmark::DoNotOptimize(image.constBits());
   }
-  state.counters["jpeg"] = double(jpeg.size());
 }
 
 void Sizes(benchmark::internal::Benchmark* benchmark) {

@@ -50,14 +50,16 @@ void WriteBytes(benchmark::State& state) {
   const Scratch scratch;
   WriteSvg(Picture(bench::MakePhotograph(1200, 1200)), int(state.range(0)), scratch.Path());
   QFile source(scratch.Path());
-  source.open(QIODevice::ReadOnly);
-  const QByteArray bytes = source.readAll();
+  const QByteArray bytes = source.open(QIODevice::ReadOnly) ? source.readAll() : QByteArray();
+  if (bytes.isEmpty()) throw std::runtime_error("the mosaic cannot be read again");
   for (auto _ : state) {
     QFile file(scratch.Path());
     Open(file);
     for (qint64 at = 0; at < bytes.size(); at += kPiece) {
       file.write(bytes.constData() + at, std::min(kPiece, bytes.size() - at));
     }
+    if (!file.flush() || file.error() != QFile::NoError)
+      throw std::runtime_error("the bytes cannot be written");
   }
 }
 

@@ -1,5 +1,6 @@
 #include <array>
 #include <charconv>
+#include <cstddef>
 #include <cstring>
 #include <map>
 #include <string>
@@ -91,7 +92,8 @@ class Session {
                             sizeof state) == 0);
       } else {
         Require(record.tilesAcross == record.tilesAcrossCopy);
-        Require(std::memcmp(&record.boundsLeft, &given[44], 16) == 0);
+        Require(std::memcmp(&record.boundsLeft, &given[offsetof(MosaicParameters, boundsLeft)],
+                            4 * sizeof record.boundsLeft) == 0);
       }
     } catch (const ScriptError&) {
       gestures.clear();
