@@ -15,18 +15,4 @@ struct DialogStyle {
   std::uint32_t flags = 1;  // likewise
 };
 
-/// Where a dialog opens.
-enum class DialogPlacement {
-  kAtPoint,     // at the point given at construction
-  kCentered,    // in the middle of the screen
-  kPositioned,  // where the platform places dialogs: over its parent window if it has one
-};
-
-/// With what a dialog closed.
-enum DialogResponse : std::int32_t {
-  kNoResponse = 0,  // still open
-  kOkResponse = 1,
-  kCancelResponse = 2,
-};
-
 }  // namespace nrvui::ui

@@ -111,11 +111,4 @@ const drawbot::SupplierInterface* OS_Dialog::GetDrawingSupplier() const {
   return supplier;
 }
 
-InstalledPresenter::InstalledPresenter(DialogPresenter& presenter)
-    : former(OS_Dialog::InstallPresenter(&presenter)) {}
-
-InstalledPresenter::~InstalledPresenter() {
-  OS_Dialog::InstallPresenter(former);
-}
-
 }  // namespace nrvui::ui

@@ -9,6 +9,13 @@ class NSWindow;
 
 namespace nrvui::ui {
 
+/// Where a dialog opens.
+enum class DialogPlacement {
+  kAtPoint,     // at the point given at construction
+  kCentered,    // in the middle of the screen
+  kPositioned,  // where the platform places dialogs: over its parent window if it has one
+};
+
 /// A node that is a platform window. Its local rectangle is its content; sizes and places are in
 /// points, a place counts from the top left of the screen.
 class NRV_EXPORT OS_Dialog : public UI_Node {

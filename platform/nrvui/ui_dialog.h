@@ -6,6 +6,13 @@
 
 namespace nrvui::ui {
 
+/// With what a dialog closed.
+enum DialogResponse : std::int32_t {
+  kNoResponse = 0,  // still open
+  kOkResponse = 1,
+  kCancelResponse = 2,
+};
+
 /// A dialog with a root view for its content, an OK and a Cancel button and a response. During its
 /// construction nobody may take and drop a reference on it: the count is still 0.
 class NRV_EXPORT UI_Dialog : public OS_Dialog {

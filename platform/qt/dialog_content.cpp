@@ -137,6 +137,13 @@ QWidget* DialogContent::WidgetOf(const UI_Node& node) const {
   return found == viewOfNode.end() ? nullptr : found->second->Widget();
 }
 
+void DialogContent::ShowProblems(const MessageLine::Problems& problems) {
+  for (const auto& [field, text] : problems) {
+    const auto found = viewOfNode.find(field);
+    if (found != viewOfNode.end()) static_cast<FieldView&>(*found->second).ShowProblem(text);
+  }
+}
+
 QWidget* DialogContent::FirstFocus() const {
   for (const auto& view : views) {
     QWidget* const widget = view->Widget();

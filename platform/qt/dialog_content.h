@@ -29,7 +29,9 @@ class DialogContent final : private nrvui::ui::NodeObserver {
 
   /// Null for a node that is not shown here.
   QWidget* WidgetOf(const nrvui::ui::UI_Node& node) const;
-  const MessageLine& Messages() const { return *messages; }
+  /// What is wrong with entries; a content that comes in the place of this one goes on saying it.
+  const MessageLine::Problems& Problems() const { return messages->AllProblems(); }
+  void ShowProblems(const MessageLine::Problems& problems);
   /// The first widget that a person can type or click in; null when there is none.
   QWidget* FirstFocus() const;
 

@@ -116,7 +116,9 @@ void DialogWindow::RebuildLater() {
       run.CommitEdit();
       if (run.IsOver()) return;
       const QString focus = focusWidget() != nullptr ? focusWidget()->objectName() : QString();
+      const MessageLine::Problems problems = content->Problems();
       Build();
+      content->ShowProblems(problems);
       QWidget* const former = focus.isEmpty() ? nullptr : findChild<QWidget*>(focus);
       if (former != nullptr) former->setFocus();
       FitContent();

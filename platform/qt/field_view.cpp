@@ -76,7 +76,7 @@ bool FieldView::Enter(const nrvcore::UTF16String& text) {
     ClearProblem();
     return true;
   }
-  SetProblem(ToQString(Describe(outcome)));
+  ShowProblem(Problem(ToQString(Describe(outcome))));
   return false;
 }
 
@@ -94,16 +94,20 @@ void FieldView::ShowHint() {
   messages.SetHint(range.isEmpty() ? QString() : Localized(HintKey(), name, range));
 }
 
-void FieldView::SetProblem(const QString& sentence) {
+QString FieldView::Problem(const QString& sentence) const {
   QString range = Range();
   range.replace(u' ', QChar::Nbsp);
-  messages.SetProblem(this, range.isEmpty() ? Localized(kProblem, name, sentence)
-                                            : Localized(kProblemAndRange, name, sentence, range));
+  return range.isEmpty() ? Localized(kProblem, name, sentence)
+                         : Localized(kProblemAndRange, name, sentence, range);
+}
+
+void FieldView::ShowProblem(const QString& text) {
+  messages.SetProblem(field, text);
   edit.SetMarked(true);
 }
 
 void FieldView::ClearProblem() {
-  messages.ClearProblem(this);
+  messages.ClearProblem(field);
   edit.SetMarked(false);
 }
 

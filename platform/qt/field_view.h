@@ -23,6 +23,9 @@ class FieldView : public NodeView, public Editor, public FieldListener {
   void FieldFocused() override;
   void FieldLeft() override;
 
+  /// Shows what was wrong with an entry, until the field has a good one.
+  void ShowProblem(const QString& text);
+
  protected:
   FieldView(DialogRun& modalRun, MessageLine& messageLine, nrvui::controls::UI_TextEdit& shown,
             TextField& textField);
@@ -37,7 +40,7 @@ class FieldView : public NodeView, public Editor, public FieldListener {
  private:
   void ShowValue();
   void ShowHint();
-  void SetProblem(const QString& sentence);
+  QString Problem(const QString& sentence) const;
   void ClearProblem();
 
   DialogRun& run;

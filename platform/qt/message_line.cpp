@@ -10,6 +10,8 @@
 
 namespace qtui {
 
+using nrvui::ui::UI_Node;
+
 namespace {
 
 constexpr int kReservedLines = 2;
@@ -29,16 +31,16 @@ void MessageLine::SetHint(const QString& text) {
   Show();
 }
 
-void MessageLine::SetProblem(const void* owner, const QString& text) {
-  std::erase_if(problems, [owner](const auto& problem) { return problem.first == owner; });
-  problems.emplace_back(owner, text);
+void MessageLine::SetProblem(const UI_Node& field, const QString& text) {
+  std::erase_if(problems, [&](const auto& problem) { return problem.first == &field; });
+  problems.emplace_back(&field, text);
   Show();
   QAccessibleEvent alert(&label, QAccessible::Alert);
   QAccessible::updateAccessibility(&alert);
 }
 
-void MessageLine::ClearProblem(const void* owner) {
-  std::erase_if(problems, [owner](const auto& problem) { return problem.first == owner; });
+void MessageLine::ClearProblem(const UI_Node& field) {
+  std::erase_if(problems, [&](const auto& problem) { return problem.first == &field; });
   Show();
 }
 

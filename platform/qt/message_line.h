@@ -5,6 +5,8 @@
 #include <utility>
 #include <vector>
 
+#include "platform/nrvui/ui_node.h"
+
 namespace qtui {
 
 /// Where a dialog speaks to the person: what a field takes while they are in it, and what was
@@ -12,13 +14,16 @@ namespace qtui {
 /// message does not move the controls.
 class MessageLine final : public QWidget {
  public:
+  using Problems = std::vector<std::pair<const nrvui::ui::UI_Node*, QString>>;
+
   explicit MessageLine(QWidget& parent);
 
   /// Shown while there is no problem.
   void SetHint(const QString& text);
-  /// Shown before all others; replaces the owner's former problem.
-  void SetProblem(const void* owner, const QString& text);
-  void ClearProblem(const void* owner);
+  /// Shown before all others; replaces the field's former problem.
+  void SetProblem(const nrvui::ui::UI_Node& field, const QString& text);
+  void ClearProblem(const nrvui::ui::UI_Node& field);
+  const Problems& AllProblems() const { return problems; }
   /// What is to be read now.
   QString Text() const;
 
@@ -33,7 +38,7 @@ class MessageLine final : public QWidget {
   QLabel& icon;
   QLabel& label;
   QString hint;
-  std::vector<std::pair<const void*, QString>> problems;  // the last one is shown
+  Problems problems;  // the last one is shown
 };
 
 }  // namespace qtui

@@ -72,8 +72,11 @@ TEST_F(Following, MakesWidgetsForNodesThatCome) {
     EXPECT_EQ(test.name->GetValue().View(), u"begun");
     EXPECT_TRUE(open.window.rect().contains(
         QRect(open.Get("late").mapTo(&open.window, QPoint()), open.Get("late").size())));
+    open.Type("width", "9000");
     test.panel->ChildSwapOrder(0, 1);
     QCoreApplication::processEvents();
+    EXPECT_TRUE(open.Field("width").IsMarked());
+    EXPECT_TRUE(open.Message().contains("9000 pt is more than 8640 pt"));
     EXPECT_LT(open.Get("count").y(), open.Get("width").y());
   });
 }
