@@ -41,7 +41,7 @@ OS_Dialog::OS_Dialog(const drawbot::SupplierInterface* drawingSupplier,
                      const DialogStyle& windowStyle)
     : supplier(drawingSupplier),
       title(windowTitle),
-      dialogPoint(Bounded(point.x, -kGreatestSize), Bounded(point.y, -kGreatestSize)),
+      dialogPoint{Bounded(point.x, -kGreatestSize), Bounded(point.y, -kGreatestSize)},
       style(windowStyle) {
   SetContentSize(contentSize);
 }
