@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <array>
 #include <cstdlib>
-#include <mutex>
 #include <optional>
 #include <set>
 #include <sstream>
@@ -26,7 +25,6 @@ std::string Describe(const BlockEntry& block) {
 }  // namespace
 
 struct Ledger::Book {
-  mutable std::mutex mutex;
   BlockTable standing;
   LedgerCounts counts;
   std::optional<Refusal> refusal;
@@ -84,7 +82,6 @@ Ledger& Ledger::Get() {
 ResultCode Ledger::Allocate(size_t size, const char* debugName, void** block) noexcept {
   if (!block) return ResultCode::kParameter;
   *block = nullptr;
-  const std::lock_guard lock(book->mutex);
   ResultCode code = ResultCode::kSuccess;
   if (book->IsRefused(&code)) return code;
   // An address of its own for every block, also for the empty ones.
@@ -105,7 +102,6 @@ ResultCode Ledger::Allocate(size_t size, const char* debugName, void** block) no
 
 ResultCode Ledger::Free(void* block) noexcept {
   if (!block) return ResultCode::kSuccess;
-  const std::lock_guard lock(book->mutex);
   BlockEntry& entry = book->lastFreed[book->freed % kRememberedFrees];
   if (!book->standing.Remove(block, &entry)) {
     try {
@@ -121,19 +117,16 @@ ResultCode Ledger::Free(void* block) noexcept {
 }
 
 LedgerCounts Ledger::Counts() const {
-  const std::lock_guard lock(book->mutex);
   LedgerCounts counts = book->counts;
   counts.blocks = book->standing.Size();
   return counts;
 }
 
 uint64_t Ledger::Mark() const {
-  const std::lock_guard lock(book->mutex);
   return book->counts.totalBlocks;
 }
 
 std::vector<std::string> Ledger::Forgotten(uint64_t mark) const {
-  const std::lock_guard lock(book->mutex);
   std::vector<BlockEntry> blocks;
   book->standing.ForEach([&](const BlockEntry& entry) {
     if (entry.serial > mark) blocks.push_back(entry);
@@ -146,23 +139,19 @@ std::vector<std::string> Ledger::Forgotten(uint64_t mark) const {
 }
 
 std::vector<std::string> Ledger::Faults() const {
-  const std::lock_guard lock(book->mutex);
   return book->faults;
 }
 
 void Ledger::ForgetFaults() {
-  const std::lock_guard lock(book->mutex);
   book->faults.clear();
   book->counts.faults = 0;
 }
 
 void Ledger::Refuse(const Refusal& refusal) {
-  const std::lock_guard lock(book->mutex);
   book->refusal = refusal;
 }
 
 void Ledger::RefuseNothing() {
-  const std::lock_guard lock(book->mutex);
   book->refusal.reset();
 }
 

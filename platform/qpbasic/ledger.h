@@ -31,7 +31,7 @@ struct Refusal {
 /// The book in which each block of the process stands from its allocation to its release. Free
 /// looks an address up before it touches it, so a foreign or already freed block does no harm: it
 /// is counted, described and left alone. Nothing is kept beside the block itself, so memory
-/// checkers see the bounds that the caller sees. All operations may be called from any thread.
+/// checkers see the bounds that the caller sees. Main thread only.
 class __attribute__((visibility("default"))) Ledger {
  public:
   /// The one ledger; it is never destroyed, since blocks may be freed until the process ends.
