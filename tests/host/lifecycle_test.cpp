@@ -20,6 +20,8 @@ TEST_F(LifecycleTest, AStartUpIntroducesThePluginAndAShutDownLeavesNothing) {
   EXPECT_EQ(module.ShutDown(), ResultCode::kSuccess);
   EXPECT_EQ(runningPlugin, nullptr);
   EXPECT_EQ(module.Globals(), nullptr);
+  EXPECT_EQ(module.Ref()->name, "");
+  EXPECT_EQ(host.Objects().notifiers.Size(), 0u);
 }
 
 TEST_F(LifecycleTest, AStartUpThatAnyoneEndsLeavesNothing) {

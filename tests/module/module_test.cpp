@@ -7,6 +7,7 @@
 #include "campaign/built_module.h"
 #include "module/story.h"
 #include "platform/qpbasic/ledger.h"
+#include "platform/standin/host_codes.h"
 #include "standin/temporary_folder.h"
 
 namespace {
@@ -25,6 +26,11 @@ TEST(BuiltModule, LivesItsLifeAndLeavesNothing) {
   EXPECT_TRUE(story.IsUndisturbed());
   EXPECT_TRUE(story.person.alerts.empty());
   EXPECT_EQ(story.person.aboutBoxes.size(), 1u);
+  {
+    standin::Module away(story.host, kModule);
+    EXPECT_EQ(away.StartUp(), ResultCode::kSuccess);
+    EXPECT_EQ(away.Unload(), ResultCode::kSuccess);
+  }  // comes back to be shut down
   EXPECT_EQ(story.host.Leftovers(), std::vector<std::string>{});
 }
 
@@ -48,6 +54,8 @@ TEST(BuiltModule, LeavesTheProcessAndComesBackElsewhere) {
   EXPECT_FALSE(IsMapped(kModule));
 
   const ModuleCopy copy;
+  EXPECT_THROW((void)module.Reload(copy.path / "gone.so"), standin::LoadError);
+  EXPECT_EQ(module.About(), standin::kNotLoaded);
   const standin::ModuleImage tenant(kModule);  // takes the place where the module was
   ASSERT_EQ(module.Reload(copy.file), ResultCode::kSuccess);
   EXPECT_EQ(module.Globals(), object);

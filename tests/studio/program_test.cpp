@@ -94,7 +94,8 @@ TEST_F(Program, BuildsWhatTheDialogAskedFor) {
 
   Save("keep", "enter TileSpaceHorzTxt 1\nclick DeleteRasterChk\nkey Return\n");
   const QString keep = "in.png --size-unknown --gestures keep --export b.svg --record record";
-  EXPECT_EQ(Run(keep + " --state state").status, 0);
+  EXPECT_EQ(Run(keep + " --state state --screenshot c.png --screenshot-window d.png").status, 0);
+  for (const char* shown : {"c.png", "d.png"}) EXPECT_GT(QImage(Path(shown)).width(), 60) << shown;
   EXPECT_TRUE(Load("b.svg").contains("<image"));
   EXPECT_EQ(Record()["sizeUnavailable"].toInt(), 1);
 }
@@ -131,6 +132,11 @@ TEST_F(Program, LeavesEverythingAsItWasAfterCancel) {
   EXPECT_FALSE(QDir(Path("config")).exists());
 }
 
+TEST_F(Program, TellsOfItself) {
+  EXPECT_TRUE(Run("--help").output.contains("--size-unknown"));
+  EXPECT_TRUE(Run("none.png --version").output.startsWith("tesserae-studio "));
+}
+
 TEST_F(Program, SaysInOneLineWhatIsWrong) {
   Save("text.png", "no picture");
   Save("short.png", Load("in.png").chopped(2000));
@@ -158,7 +164,7 @@ TEST_F(Program, SaysInOneLineWhatIsWrong) {
       {"short.png --gestures ok --export a.svg", "cut short"},
       {"damaged.png --gestures ok --export a.svg", "damaged"},
       {"in.png --gestures none --export a.svg", "none"},
-      {"in.png --gestures nonsense --export a.svg", "nonsense:1:"},
+      {"in.png --gestures=nonsense --export=a.svg", "nonsense:1:"},
       {"in.png --gestures unknown --export a.svg", "unknown:1:"},
       {"in.png --language de --gestures notanumber", "„many“ ist keine Zahl."},
       {"in.png --language xx --gestures notanumber", "notanumber:1: \"many\" is not a number."},
@@ -171,7 +177,9 @@ TEST_F(Program, SaysInOneLineWhatIsWrong) {
       {"in.png --gestures ok --export IN.PNG", "for something else"},
       {"in.png --gestures ok --record pipe", "no ordinary file"},
       {"in.png --gestures ok --export a.svg --export folder/link.svg", "for something else"},
-      {"in.png --theme pink", "not pink"},
+      {"in.png --theme=pink", "not pink"},
+      {"in.png --theme=", "--theme needs a value"},
+      {"-- --help", "no picture --help"},
       {"in.png --gestures ok --export a.svg --record folder", "folder"},
       {"in.png --gestures ok --export a.svg --state badstate", "badstate cannot be read"},
       {"in.png --gestures flat --export a.svg", "above 0"},
