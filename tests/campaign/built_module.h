@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "mosaic/mosaic_suite.h"
+#include "platform/standin/held_suite.h"
 #include "platform/standin/host.h"
 #include "platform/standin/module.h"
 
@@ -21,7 +22,7 @@ class BuiltModule {
   /// A caller of its suite.
   ResultCode RunDialog(MosaicParameters& record, MosaicDialogState& state) {
     MosaicParameters* params = &record;
-    return host.Suites().Find<MosaicSuite>()->RunMosaicDialog(&state, &params);
+    return standin::HeldSuite<MosaicSuite>(host)->RunMosaicDialog(&state, &params);
   }
 
   standin::RecordingUserInterface person;

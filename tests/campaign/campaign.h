@@ -37,6 +37,11 @@ const auto& Pick(Random& random, const Choices& choices) {
   return *(std::begin(choices) + static_cast<std::ptrdiff_t>(Below(random, std::size(choices))));
 }
 
+template <typename Record>
+std::string Bytes(const Record& record) {
+  return {reinterpret_cast<const char*>(&record), sizeof record};
+}
+
 /// The same with a few bytes or longer pieces changed, lost, doubled or out of place.
 std::string Damaged(Random& random, std::string bytes);
 

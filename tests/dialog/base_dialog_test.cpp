@@ -6,6 +6,7 @@
 #include "dialog/vxui_base_dialog.h"
 #include "host/suites.h"
 #include "host/unicode_string.h"
+#include "nrvui/function_presenter.h"
 #include "platform/nrvui/ui_node_manager.h"
 #include "platform/standin/layout_reader.h"
 #include "platform/vxui/drawing_supplier_source.h"
@@ -212,9 +213,6 @@ TEST_F(BaseDialogTest, DoesWithoutWhatTheHostDoesNotGive) {
   EXPECT_EQ(unplaced->GetPlacement(), DialogPlacement::kAtPoint);
   EXPECT_EQ(host.registered, nullptr);
   EXPECT_EQ(unplaced->GetDrawingSupplier(), nullptr);
-  heldSuite<VXUserInterfaceMainSuite> = nullptr;
-  const DialogRef alone(new PlainDialog);
-  EXPECT_EQ(alone->UI_GetNodeID(), "TestDialog");
 }
 
 TEST_F(BaseDialogTest, SheetAndWindowFollowEachOther) {
@@ -238,25 +236,19 @@ TEST_F(BaseDialogTest, SheetAndWindowFollowEachOther) {
   EXPECT_EQ(dialog->GetRootView()->UI_GetLocalRectF(false).right, 99.9f);
 }
 
-class ThrowingPresenter final : public nrvui::ui::DialogPresenter {
- public:
-  void Present(nrvui::ui::UI_Dialog& dialog) override {
+template <class T>
+void RunsInsideTheModalContext() {
+  bool throws = false;
+  const FunctionPresenter presenter([&](nrvui::ui::UI_Dialog& dialog) {
     EXPECT_EQ(vx::ui::ModalContext::Depth(), 1);
     EXPECT_TRUE(vx::ui::ModalContext::IsApplicationBlocked());
     if (throws) throw std::runtime_error("window lost");
     dialog.DefaultCloseOk();
-  }
-  bool throws = false;
-};
-
-template <class T>
-void RunsInsideTheModalContext() {
-  ThrowingPresenter presenter;
-  const nrvui::ui::InstalledPresenter installed(presenter);
+  });
   const boost::intrusive_ptr<TestDialog<T>> dialog(new TestDialog<T>);
   dialog->RunModal();
   EXPECT_EQ(dialog->GetResponse(), nrvui::ui::kOkResponse);
-  presenter.throws = true;
+  throws = true;
   EXPECT_THROW(dialog->RunModal(), std::runtime_error);
   EXPECT_EQ(vx::ui::ModalContext::Depth(), 0);
 }

@@ -1,6 +1,5 @@
 #include "mosaic/dialog_harness.h"
 #include "platform/nrvcore/localizer.h"
-#include "platform/nrvui/outcome.h"
 
 namespace {
 
@@ -44,14 +43,6 @@ TEST_F(LanguagesTest, TheDialogSpeaksTheLanguagesThatHaveACatalogue) {
     EXPECT_EQ(Run(person), ResultCode::kSuccess);
     EXPECT_EQ(record.newWidth, expected.width);
   }
-}
-
-TEST_F(LanguagesTest, AMessageNamesWhatWasEnteredInTheLanguagesOwnWay) {
-  const nrvui::gestures::Outcome outcome{
-      .kind = nrvui::gestures::OutcomeKind::kPulledDown, .entered = u"9000 pt", .put = u"8640 pt"};
-  Localizer::Get().SetLanguage("ja");
-  EXPECT_EQ(Utf8(Describe(outcome)),
-            "9000 ptは上限の8640 ptを超えているため、8640 ptに変更しました。");
 }
 
 }  // namespace

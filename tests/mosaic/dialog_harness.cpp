@@ -1,6 +1,8 @@
 #include "mosaic/dialog_harness.h"
 
-MosaicTest::MosaicTest(const std::filesystem::path& resources) : PluginTest(resources) {
+#include "nrvui/function_presenter.h"
+
+MosaicTest::MosaicTest() {
   record.boundsLeft = -50;
   record.boundsTop = 40;
   record.boundsRight = 250;
@@ -13,15 +15,7 @@ MosaicTest::MosaicTest(const std::filesystem::path& resources) : PluginTest(reso
 }
 
 ResultCode MosaicTest::Run(const Person& person) {
-  class FunctionPresenter final : public nrvui::ui::DialogPresenter {
-   public:
-    explicit FunctionPresenter(const Person& function) : person(function) {}
-    void Present(nrvui::ui::UI_Dialog& dialog) override { person({dialog}); }
-
-   private:
-    const Person& person;
-  } presenter(person);
-  const nrvui::ui::InstalledPresenter installed(presenter);
+  const FunctionPresenter presenter([&](nrvui::ui::UI_Dialog& dialog) { person({dialog}); });
   MosaicParameters* params = &record;
   return host.Suites().Find<MosaicSuite>()->RunMosaicDialog(&state, &params);
 }

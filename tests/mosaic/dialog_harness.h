@@ -48,11 +48,8 @@ struct OpenDialog {
 
 class PluginTest : public testing::Test {
  protected:
-  explicit PluginTest(const std::filesystem::path& resources = standin::DefaultResourceRoot())
-      : host(alerts, resources) {}
-
   standin::RecordingUserInterface alerts;
-  standin::Host host;
+  standin::Host host{alerts};
   standin::Module module{host, &PluginMain, "TesseraeUI"};
 };
 
@@ -61,7 +58,7 @@ class MosaicTest : public PluginTest {
  protected:
   using Person = std::function<void(const OpenDialog&)>;
 
-  explicit MosaicTest(const std::filesystem::path& resources = standin::DefaultResourceRoot());
+  MosaicTest();
 
   /// Calls the suite's function; `person` acts on the open dialog.
   ResultCode Run(const Person& person);

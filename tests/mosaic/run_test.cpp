@@ -1,9 +1,6 @@
-#include <fstream>
-#include <sstream>
 #include <stdexcept>
 
 #include "mosaic/dialog_harness.h"
-#include "standin/temporary_folder.h"
 
 namespace {
 
@@ -73,26 +70,6 @@ TEST_F(RunTest, TheRatioIsTheHostsArithmetic) {
   EXPECT_EQ(Run(useRatio), ResultCode::kSuccess) << "the suite is borrowed where it is not held";
   EXPECT_EQ(record.tilesDown, 8);
   EXPECT_EQ(record.newHeight, 8.0f);
-}
-
-/// A caller whose layout has a spacing of its own.
-class OtherLayoutTest : public TemporaryFolder, public MosaicTest {
- protected:
-  OtherLayoutTest() : MosaicTest(path) {
-    const char* const kLayout = "layouts/16301.xml";
-    std::stringstream read;
-    read << std::ifstream(standin::DefaultResourceRoot() / kLayout).rdbuf();
-    const std::string given = "\"TileSpaceHorzTxt\" value=\"";
-    std::string text = read.str();
-    Write(kLayout, text.insert(text.find(given) + given.size(), "99"));
-  }
-};
-
-TEST_F(OtherLayoutTest, ItsSpacingIsPulledToItsBound) {
-  LookAt([](const OpenDialog& open) {
-    EXPECT_EQ(open.Text("TileSpaceHorzTxt"), "28 pt");
-    EXPECT_EQ(open.Text("TileSpaceVertTxt"), "0 pt");
-  });
 }
 
 }  // namespace

@@ -1,11 +1,10 @@
 #include <gtest/gtest.h>
 
-#include <filesystem>
-#include <fstream>
 #include <stdexcept>
 
 #include "nrvui/test_dialog.h"
 #include "platform/nrvui/scripted_presenter.h"
+#include "standin/temporary_folder.h"
 
 using namespace nrvui::gestures;
 using namespace nrvui::ui;
@@ -86,9 +85,8 @@ TEST(Script, ErrorsOfHandlersPassThrough) {
 }
 
 TEST(Script, IsReadFromAFileOfAnyLength) {
-  EXPECT_THROW(GestureScript::ReadFile(testing::TempDir()), ScriptError) << "a folder";
-  const std::filesystem::path file = testing::TempDir() + "long.gestures";
-  std::ofstream(file) << std::string(10000, '\n') << "close\n";
-  EXPECT_EQ(GestureScript::ReadFile(file).Steps().at(0).line, 10001u);
-  std::filesystem::remove(file);
+  const TemporaryFolder folder;
+  EXPECT_THROW(GestureScript::ReadFile(folder.path), ScriptError) << "a folder";
+  folder.Write("long", std::string(10000, '\n') + "close\n");
+  EXPECT_EQ(GestureScript::ReadFile(folder.path / "long").Steps().at(0).line, 10001u);
 }

@@ -26,55 +26,48 @@ class SameRecord : public MosaicWindowTest {
     std::tie(record, state) = given;
     return played;
   }
-
-  void ExpectSame(const std::string& script) {
-    EXPECT_EQ(PlayOn(script, true), PlayOn(script, false)) << script;
-  }
 };
 
 TEST_F(SameRecord, ComesFromEveryKindOfGesture) {
   std::memset(record.reserved0, 0xA5, sizeof(record.reserved0));
-  for (const char* script : {
-           "key Return",
-           "key Escape",
-           "close",
-           "enter NewWidthTxt 2 in\nenter NewHeightTxt 51.2mm\nkey Return",
-           "enter NewWidthTxt 99999\nenter TileSpaceHorzTxt -3\nclick okButton",
-           "click UsePercentChk\nenter NewWidthTxt 33.5\nenter NewHeightTxt 120 %\nkey Return",
-           "click UsePercentChk\nclick UsePercentChk\nclick DeleteRasterChk\nkey Return",
-           "enter HorizontalCountTxt 12.9\nclick MosaicUseRatioButton\nclick GrayRadio\nkey Return",
-           "click VerticalRadio\nenter VerticalCountTxt 7\nclick MosaicUseRatioButton\nkey Return",
-           "enter TileSpaceHorzTxt 20\nenter HorizontalCountTxt 10\nkey Return",
-           "resize 900.5 800\nenter NewWidthTxt 10 cm\nkey Return",
-           // What cannot be played, and what is left open.
-           "enter NewWidthTxt many\nkey Return",
-           "enter NewWidthTxt 12 %\nkey Return",
-           "enter OrigWidthStatic 12",
-           "click nothing",
-           "enter UsePercentChk 1",
-           "key Return\nclick GrayRadio",
-           "key Escape\nkey Return",
-           "click cancelButton\nresize 900 900",
-           "enter NewWidthTxt 12",
-           "resize 1e9 12",
-           "",
-       }) {
-    ExpectSame(script);
-  }
-  for (const char* number : {"0", "33.3333", "+7", "1e2", "-4", "0,5", "3 .", "\u22125", "1\u00a0",
-                             "00012", "7%", "2 in", "\uff11\uff12"}) {
-    const std::string entry = std::string(" ") + number + "\n";
-    std::string script = "enter NewHeightTxt" + entry;
-    ExpectSame(script.append("enter TileSpaceHorzTxt").append(entry).append("key Return"));
-    ExpectSame("click UsePercentChk\nenter NewWidthTxt" + entry + "click okButton");
-  }
-  record.sizeUnavailable = 1;
-  for (const char* script : {
-           "enter NewWidthTxt 50\nenter VerticalCountTxt 3\nclick DeleteRasterChk\nkey Return",
-           "click MosaicUseRatioButton\nkey Return",
-           "click GrayRadio",
-           "click UsePercentChk",
-       }) {
-    ExpectSame(script);
+  const struct {
+    const char* script;
+    bool isSizeUnknown = false;
+  } cases[] = {
+      {"key Return"},
+      {"key Escape"},
+      {"close"},
+      {"enter NewWidthTxt 2 in\nenter NewHeightTxt 51.2mm\nkey Return"},
+      {"enter NewWidthTxt 99999\nenter TileSpaceHorzTxt -3\nclick okButton"},
+      {"click UsePercentChk\nenter NewWidthTxt 33.5\nenter NewHeightTxt 120 %\nkey Return"},
+      {"click UsePercentChk\nclick UsePercentChk\nclick DeleteRasterChk\nkey Return"},
+      {"enter HorizontalCountTxt 12.9\nclick MosaicUseRatioButton\nclick GrayRadio\nkey Return"},
+      {"click VerticalRadio\nenter VerticalCountTxt 7\nclick MosaicUseRatioButton\nkey Return"},
+      {"enter TileSpaceHorzTxt 20\nenter HorizontalCountTxt 10\nkey Return"},
+      {"enter NewWidthTxt 1e2\nenter NewHeightTxt +7 PT\nenter VerticalCountTxt 0012\nclick "
+       "okButton"},
+      {"enter NewWidthTxt \uff11\uff12\nenter NewHeightTxt 1\u00a0\nkey Return"},
+      {"click UsePercentChk\nenter NewWidthTxt \u22125\nenter NewHeightTxt 33.3333\nkey Return"},
+      {"resize 900.5 800\nenter NewWidthTxt 10 cm\nkey Return"},
+      // What cannot be played, and what is left open.
+      {"enter NewWidthTxt many\nkey Return"},
+      {"enter NewWidthTxt 12 %\nkey Return"},
+      {"enter OrigWidthStatic 12"},
+      {"click nothing"},
+      {"enter UsePercentChk 1"},
+      {"key Return\nclick GrayRadio"},
+      {"key Escape\nkey Return"},
+      {"click cancelButton\nresize 900 900"},
+      {"enter NewWidthTxt 12"},
+      {"resize 1e9 12"},
+      {""},
+      {"enter NewWidthTxt 50\nenter VerticalCountTxt 3\nclick DeleteRasterChk\nkey Return", true},
+      {"click MosaicUseRatioButton\nkey Return", true},
+      {"click GrayRadio", true},
+      {"click UsePercentChk", true},
+  };
+  for (const auto& [script, isSizeUnknown] : cases) {
+    record.sizeUnavailable = isSizeUnknown;
+    EXPECT_EQ(PlayOn(script, true), PlayOn(script, false)) << script;
   }
 }

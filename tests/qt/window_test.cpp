@@ -3,7 +3,6 @@
 #include <QApplication>
 
 #include "platform/nrvui/ui_dialog.h"
-#include "platform/standin/held_suite.h"
 
 static QStringList warnings;
 
@@ -74,8 +73,7 @@ WindowTest::~WindowTest() {
   EXPECT_TRUE(QApplication::topLevelWidgets().isEmpty());
 }
 
-MosaicWindowTest::MosaicWindowTest() : module(host, MODULE_FILE) {
-  EXPECT_EQ(module.StartUp(), ResultCode::kSuccess);
+MosaicWindowTest::MosaicWindowTest() {
   record.boundsRight = 300;
   record.boundsBottom = 200;
   record.tilesAcross = 30;
@@ -84,16 +82,9 @@ MosaicWindowTest::MosaicWindowTest() : module(host, MODULE_FILE) {
   record.keepHorizontal = 1;
 }
 
-MosaicWindowTest::~MosaicWindowTest() {
-  EXPECT_EQ(module.ShutDown(), ResultCode::kSuccess);
-  for (const std::string& leftover : host.Leftovers()) ADD_FAILURE() << leftover;
-}
-
 ResultCode MosaicWindowTest::RunWith(nrvui::ui::DialogPresenter& presenter) {
   const nrvui::ui::InstalledPresenter installed(presenter);
-  const standin::HeldSuite<MosaicSuite> suite(host);
-  MosaicParameters* params = &record;
-  return suite->RunMosaicDialog(&state, &params);
+  return built.RunDialog(record, state);
 }
 
 ResultCode MosaicWindowTest::Run(const Person& person) {

@@ -7,12 +7,10 @@
 #include <functional>
 #include <string>
 
-#include "mosaic/mosaic_suite.h"
+#include "campaign/built_module.h"
 #include "platform/qt/message_line.h"
 #include "platform/qt/qt_presenter.h"
 #include "platform/qt/text_field.h"
-#include "platform/standin/host.h"
-#include "platform/standin/module.h"
 
 /// An open window as a test drives it.
 class OpenWindow {
@@ -55,7 +53,6 @@ class WindowTest : public testing::Test {
 class MosaicWindowTest : public WindowTest {
  protected:
   MosaicWindowTest();
-  ~MosaicWindowTest() override;
 
   ResultCode RunWith(nrvui::ui::DialogPresenter& presenter);
   /// `person` has the open window, which is closed after them.
@@ -63,9 +60,7 @@ class MosaicWindowTest : public WindowTest {
   /// The same for a person who confirms nothing.
   void LookAt(const Person& person);
 
-  standin::RecordingUserInterface alerts;
-  standin::Host host{alerts};
-  standin::Module module;
+  BuiltModule built;
   MosaicParameters record{};
   MosaicDialogState state{};
 };

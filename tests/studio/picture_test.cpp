@@ -8,6 +8,7 @@
 #include <QPainter>
 #include <QTemporaryDir>
 
+#include "campaign/campaign.h"
 #include "studio/studio_error.h"
 #include "tests/studio/random_picture.h"
 
@@ -52,6 +53,21 @@ TEST(PictureFile, IsRefusedWhenAnyOfItIsMissing) {
   }
   QByteArray torn = Encoded(image, "jpg");
   EXPECT_THROW(Read(torn.remove(torn.size() / 3, torn.size() / 3)), StudioError) << "end is there";
+}
+
+TEST(PictureFile, IsRefusedOrReadWhateverItsDamage) {
+  const size_t seeds = campaign::Count(1000 / campaign::Step(1), 100000);
+  campaign::ForEachSeed(seeds, [](campaign::Random& random) {
+    constexpr const char* kFormats[] = {"png", "jpg", "bmp", "ppm"};
+    const QImage image = RandomImage(21, 20, QImage::Format_RGB32, 1);
+    const std::string whole = Encoded(image, campaign::Pick(random, kFormats)).toStdString();
+    const std::string damaged = campaign::Damaged(random, whole);
+    try {
+      const Picture picture = Read(QByteArray::fromStdString(damaged));
+      EXPECT_FALSE(picture.Pixels().isNull() || picture.SizeInPoints().isEmpty());
+    } catch (const StudioError&) {  // says what is wrong
+    }
+  });
 }
 
 TEST(PictureFile, LiesOnThePageAsLargeAsItSays) {

@@ -4,6 +4,7 @@
 #include <stdexcept>
 #include <string>
 
+#include "nrvui/function_presenter.h"
 #include "platform/vxui/modal_context.h"
 #include "platform/vxui/ui_popup_modal_dialog.h"
 
@@ -11,7 +12,7 @@ using namespace vx::ui;
 
 namespace {
 
-struct Popup final : UI_PopupModalDialog, nrvui::ui::DialogPresenter {
+struct Popup final : UI_PopupModalDialog {
   explicit Popup(std::string& itsStory)
       : UI_PopupModalDialog(nullptr, u"Popup", {0, 0}, {10, 10}, false, nullptr, false, false, true,
                             true, 0, 1),
@@ -21,10 +22,8 @@ struct Popup final : UI_PopupModalDialog, nrvui::ui::DialogPresenter {
   bool MayPopUp() override { return allowed; }
   void OnPopUp() override { story += "up "; }
   void OnDismiss() noexcept override { story += "dismissed "; }
-  void Present(nrvui::ui::UI_Dialog&) override { whilePresented(); }
 
   bool allowed = true;
-  std::function<void()> whilePresented = [] { throw std::runtime_error("presenter"); };
   std::string& story;
 };
 
@@ -43,11 +42,12 @@ TEST(ModalContext, BlocksTheApplicationWhileOneThatDoesIsAlive) {
 TEST(PopupModalDialog, IsDismissedHoweverItsRunEnds) {
   std::string story;
   boost::intrusive_ptr<Popup> popup = new Popup(story);
-  const nrvui::ui::InstalledPresenter installed(*popup);
+  std::function<void()> whilePresented = [] { throw std::runtime_error("presenter"); };
+  const FunctionPresenter presenter([&](nrvui::ui::UI_Dialog&) { whilePresented(); });
   EXPECT_THROW(popup->RunModal(), std::runtime_error);
   EXPECT_EQ(story, "up dismissed ");
 
-  popup->whilePresented = [] {};
+  whilePresented = [] {};
   popup->RunModal();
   EXPECT_EQ(story, "up dismissed up dismissed ");
   EXPECT_EQ(popup->GetResponse(), nrvui::ui::kCancelResponse) << "no response counts as cancel";
@@ -58,7 +58,7 @@ TEST(PopupModalDialog, IsDismissedHoweverItsRunEnds) {
 
   story.clear();
   popup->allowed = true;
-  popup->whilePresented = [&] { popup.reset(); };
+  whilePresented = [&] { popup.reset(); };
   popup->RunModal();
   EXPECT_EQ(story, "up dismissed gone");
 }
