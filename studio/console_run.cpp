@@ -23,16 +23,6 @@ namespace {
 constexpr int kDone = 0;
 constexpr int kCancelled = 1;
 
-/// Hands on what the host showed, when a failure follows from it.
-class Alerts : public standin::RecordingUserInterface {
- public:
-  [[noreturn]] void Fail(const StudioError& error) const {
-    QString text = error.what();
-    for (const std::string& alert : alerts) text += "; " + QString::fromStdString(alert);
-    throw StudioError(text);
-  }
-};
-
 }  // namespace
 
 ConsoleRun::ConsoleRun(CommandLine commandLine)
@@ -121,9 +111,9 @@ bool ConsoleRun::Ask(MosaicChoices& choices) {
       MakeDialogUser(line, [this](const std::string& text) { Warn(QString::fromStdString(text)); });
   const QSocketNotifier notifier(interruption.Descriptor(), QSocketNotifier::Read);
   QObject::connect(&notifier, &QSocketNotifier::activated, [] { QCoreApplication::exit(); });
-  Alerts alerts;
+  standin::RecordingUserInterface screen;
   try {
-    MosaicCaller caller(alerts);
+    MosaicCaller caller(screen);
     const auto answer = caller.Ask(choices.params, choices.state);
     caller.Close();
     if (interruption.IsRequested()) return false;
@@ -131,7 +121,9 @@ bool ConsoleRun::Ask(MosaicChoices& choices) {
     if (dialogPictureDevice) WriteAll(*dialogPictureDevice, user->Picture().toStdString());
     return answer == MosaicCaller::Answer::kOk;
   } catch (const StudioError& error) {
-    alerts.Fail(error);
+    QString text = error.what();
+    for (const std::string& alert : screen.alerts) text += "; " + QString::fromStdString(alert);
+    throw StudioError(text);
   }
 }
 
