@@ -80,7 +80,10 @@ void DisturbCall(const Plot& plot, const std::string& operation, size_t call, co
   SCOPED_TRACE(std::string(plot.name) + ", " + operation + ", call " + std::to_string(call) + ", " +
                fault.name);
   Story story;
-  story.allowed = {fault.answer, ResultCode::kParameter};
+  story.allowed = {fault.answer};
+  // What goes wrong with the suite's table or its registration has one code.
+  if (operation.starts_with("QP Blocks Suite/") || operation.starts_with("QP Suites Suite/"))
+    story.allowed.push_back(ResultCode::kParameter);
   auto& operations = story.host.Operations();
   if (fault.exception) {
     operations.Throw(operation, fault.exception, call);
@@ -144,7 +147,7 @@ void RefuseOneByOne(size_t step, const std::function<void(Story& story, size_t c
         EXPECT_EQ(left, Lines());
       });
     }
-    EXPECT_GT(place, 10 * step) << "a story takes more than that";
+    EXPECT_GT(place, 50u) << "a story takes more than that";
   }
 }
 
