@@ -12,18 +12,6 @@ struct Insight : Plugin {
 
 class TesseraeUITest : public PluginTest {};
 
-TEST_F(TesseraeUITest, AcquiresItsSuitesAfterTheFrameworks) {
-  host.Operations().StartLog();
-  ASSERT_EQ(module.StartUp(), ResultCode::kSuccess);
-  std::string acquired;
-  for (const std::string& call : host.Operations().Log())
-    if (call.starts_with("acquire/")) acquired += call.substr(8) + '\n';
-  EXPECT_EQ(acquired,
-            "QP Access Suite\nQP Plug-ins Suite\nVX Notifier Suite\nVX Context Suite\n"
-            "KDM Basic Suite\nQP Blocks Suite\nQP Suites Suite\nVX Real Math Suite\n"
-            "VX Unicode String Suite\n");
-}
-
 TEST_F(TesseraeUITest, PublishesItsSuiteWhileItRuns) {
   ASSERT_EQ(module.StartUp(), ResultCode::kSuccess);
   EXPECT_EQ(currentPlugin, module.Globals());

@@ -47,7 +47,7 @@ void OpenWindow::Key(Qt::Key key, Qt::KeyboardModifiers modifiers) const {
 
 static void ShowTo(const Person& person, qtui::QtPresenter& presenter) {
   presenter.WhenPainted([person](QWidget& window) {
-    ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+    EXPECT_TRUE(QTest::qWaitForWindowActive(&window));
     person(OpenWindow(window));
     if (window.isVisible()) window.close();
   });

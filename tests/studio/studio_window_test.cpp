@@ -32,31 +32,6 @@ void NoteWarning(QtMsgType, const QMessageLogContext&, const QString& message) {
   if (!message.contains("propagateSizeHints")) warnings += message;
 }
 
-/// Waits for a box of that name, in the event loop that it runs, and hands it over. Stays out of
-/// the way when none comes.
-template <typename Box>
-void WhenOpen(const char* name, std::function<void(Box&)> hook) {
-  auto* const timer = new QTimer(qApp);
-  QObject::connect(timer, &QTimer::timeout, timer, [=] {
-    for (QWidget* widget : QApplication::topLevelWidgets()) {
-      auto* const box = qobject_cast<Box*>(widget);
-      if (!box || !box->isVisible() || box->objectName() != name) continue;
-      timer->deleteLater();
-      timer->stop();
-      return hook(*box);
-    }
-  });
-  timer->start(10);
-}
-
-/// Closes the next box of that name, and keeps what it says.
-void Hear(const char* name, QString& text) {
-  WhenOpen<QMessageBox>(name, [&text](QMessageBox& box) {
-    text = box.windowTitle() + "|" + box.text() + "|" + box.informativeText();
-    box.close();
-  });
-}
-
 /// The window in a folder of its own, with a picture of 60 by 40 points.
 class StudioWindowTest : public testing::Test {
  protected:
@@ -65,6 +40,14 @@ class StudioWindowTest : public testing::Test {
     SaveRandomPicture(Path("in.png"));
     warnings.clear();
     Speak("en");
+    // A box that nobody closes would keep its test waiting.
+    watchdog.callOnTimeout([] {
+      QWidget* const box = QApplication::activeModalWidget();
+      if (!box) return;
+      ADD_FAILURE() << "nobody closes " << box->objectName().toStdString();
+      box->close();
+    });
+    watchdog.start(20000);
   }
   ~StudioWindowTest() override {
     EXPECT_EQ(warnings.join('\n').toStdString(), "");
@@ -77,6 +60,31 @@ class StudioWindowTest : public testing::Test {
 
   static void Speak(const char* language) {
     nrvcore::config::Localizer::Get().SetLanguage(language);
+  }
+
+  /// Waits for a box of that name, in the event loop that it runs, and hands it over. Stays out of
+  /// the way when none comes.
+  template <typename Box>
+  void WhenOpen(const char* name, std::function<void(Box&)> hook) {
+    auto* const timer = new QTimer(&hooks);
+    QObject::connect(timer, &QTimer::timeout, timer, [=] {
+      for (QWidget* widget : QApplication::topLevelWidgets()) {
+        auto* const box = qobject_cast<Box*>(widget);
+        if (!box || !box->isVisible() || box->objectName() != name) continue;
+        timer->deleteLater();
+        timer->stop();
+        return hook(*box);
+      }
+    });
+    timer->start(10);
+  }
+
+  /// Closes the next box of that name, and keeps what it says.
+  void Hear(const char* name, QString& text) {
+    WhenOpen<QMessageBox>(name, [&text](QMessageBox& box) {
+      text = box.windowTitle() + "|" + box.text() + "|" + box.informativeText();
+      box.close();
+    });
   }
 
   QString Path(const QString& name) const { return folder.filePath(name); }
@@ -108,6 +116,8 @@ class StudioWindowTest : public testing::Test {
 
   QTemporaryDir folder;
   std::optional<StudioWindow> window;
+  QObject hooks;
+  QTimer watchdog;
 };
 
 TEST_F(StudioWindowTest, APictureBecomesAMosaicThatCanBeUndoneAndExported) {
