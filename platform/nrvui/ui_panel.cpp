@@ -35,4 +35,8 @@ const nrvcore::UTF16String& UI_Panel::GetTitle() const {
   return title;
 }
 
+bool UI_Panel::IsSpace() const {
+  return title.IsEmpty() && Children(*this).empty();
+}
+
 }  // namespace nrvui::ui

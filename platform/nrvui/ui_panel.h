@@ -10,21 +10,26 @@ enum class PanelArrangement { kColumn, kRow, kGrid };
 /// knows how large they are.
 class NRV_EXPORT UI_Panel : public UI_SubView {
  public:
+  static constexpr unsigned kMostColumns = 16;
+
   UI_Panel();
   ~UI_Panel() override;
 
   void SetArrangement(PanelArrangement newArrangement);
   PanelArrangement GetArrangement() const;
 
-  static constexpr unsigned kMostColumns = 16;
-
-  /// Children of a grid fill it row by row. Throws std::invalid_argument for 0 or too many columns.
+  /// Children of a grid fill it row by row. Throws std::invalid_argument for 0 and for more than
+  /// kMostColumns.
   void SetColumnCount(unsigned count);
   unsigned GetColumnCount() const;
 
   /// A panel with a title is a group with a frame; empty means none.
   void SetTitle(const nrvcore::UTF16String& newTitle);
   const nrvcore::UTF16String& GetTitle() const;
+
+  /// Without title and content: it takes what room is left in a row or column, and leaves a place
+  /// of a grid empty.
+  bool IsSpace() const;
 
  private:
   PanelArrangement arrangement = PanelArrangement::kColumn;

@@ -22,17 +22,16 @@ constexpr int kControlGap = 8;
 constexpr int kPanelGap = 16;
 constexpr int kSectionPadding = 12;
 
-bool IsSpace(const UI_Node& node) {
-  const auto* panel = dynamic_cast<const UI_Panel*>(&node);
-  return panel != nullptr && nrvui::ui::Children(node).empty() && panel->GetTitle().IsEmpty();
+bool IsSpace(const UI_Panel* panel) {
+  return panel != nullptr && panel->IsSpace();
 }
 
 bool IsTitled(const UI_Panel* panel) {
   return panel != nullptr && !panel->GetTitle().IsEmpty();
 }
 
-QWidget* MakeWidget(const UI_Node& node, const UI_Panel* panel, QWidget& parent) {
-  if (IsSpace(node)) return nullptr;
+QWidget* MakeWidget(const UI_Panel* panel, QWidget& parent) {
+  if (IsSpace(panel)) return nullptr;
   if (IsTitled(panel)) return new Section(parent);
   return new QWidget(&parent);
 }
@@ -56,7 +55,7 @@ void SetColumnWidth(QGridLayout& grid, int column, int width) {
 PanelView::PanelView(UI_Node& shown, QWidget& parent)
     : NodeView(shown),
       panel(dynamic_cast<UI_Panel*>(&shown)),
-      widget(MakeWidget(shown, panel, parent)),
+      widget(MakeWidget(panel, parent)),
       arrangement(CurrentArrangement()),
       columnCount(ColumnCount()) {}
 
@@ -80,7 +79,7 @@ void PanelView::Follow() {
 }
 
 bool PanelView::StillFits() const {
-  if ((widget == nullptr) != IsSpace(Node())) return false;
+  if ((widget == nullptr) != IsSpace(panel)) return false;
   if ((dynamic_cast<Section*>(widget) != nullptr) != IsTitled(panel)) return false;
   return arrangement == CurrentArrangement() && columnCount == ColumnCount() &&
          std::ranges::equal(

@@ -26,8 +26,6 @@ using nrvui::ui::UI_Node;
 using nrvui::ui::UI_Panel;
 using enum Presence;
 
-constexpr unsigned kMostColumns = 16;
-
 template <class Node>
 boost::intrusive_ptr<UI_Node> Make(const LiveToken& token) {
   return LiveNode<Node>::Make(token);
@@ -55,7 +53,7 @@ void SetTitle(UI_Node& node, const LayoutAttribute& value) {
 void SetColumns(UI_Node& node, const LayoutAttribute& value) {
   auto& panel = static_cast<UI_Panel&>(node);
   panel.SetArrangement(PanelArrangement::kGrid);
-  panel.SetColumnCount(value.AsCount(kMostColumns));
+  panel.SetColumnCount(value.AsCount(UI_Panel::kMostColumns));
 }
 
 void SetBuddy(UI_Node& node, const LayoutAttribute& value) {
@@ -99,8 +97,6 @@ constexpr AttributeRule kRadioAttributes[] = {
     {"group", kRequired, SetRadioGroup},
 };
 
-// A "space" is a panel without content: it takes the room that is left in a row or column, and
-// leaves a place of a grid empty.
 constexpr LayoutElement kElements[] = {
     {"column", true, MakePanel<PanelArrangement::kColumn>, kPanelAttributes},
     {"row", true, MakePanel<PanelArrangement::kRow>, kPanelAttributes},

@@ -81,8 +81,7 @@ class Box {
   void Place(PointT<float> position, Size room);
 
  private:
-  /// A panel without content, which takes what room is left.
-  bool IsSpace() const { return panel && children.empty() && panel->GetTitle().IsEmpty(); }
+  bool IsSpace() const { return panel && panel->IsSpace(); }
   bool IsTitled() const { return !panel->GetTitle().IsEmpty(); }
   size_t ColumnCount() const;
   void MeasureTracks();
