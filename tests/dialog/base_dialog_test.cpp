@@ -108,13 +108,11 @@ class TestDialog : public VXUIBaseDialog<T> {
   const vx::UnicodeString* heard = nullptr;
 };
 
-using PlainDialog = TestDialog<nrvui::ui::UI_Dialog>;
-using DialogRef = boost::intrusive_ptr<PlainDialog>;
-
 std::string Button(const std::string& nodeID) {
   return "<button id='" + nodeID + "' caption='$$$/a=b'/>";
 }
 
+template <class T>
 class BaseDialogTest : public testing::Test {
  protected:
   /// What the next dialogs hold.
@@ -122,17 +120,24 @@ class BaseDialogTest : public testing::Test {
     host.holder.reset(new TestHolder(controls));
     return *host.holder;
   }
+  static boost::intrusive_ptr<TestDialog<T>> Make(const Options& options = {}) {
+    return new TestDialog<T>(options);
+  }
 
   TestHost host;
 };
 
-TEST_F(BaseDialogTest, SetsUpTheLayout) {
-  TestHolder& holder = Lay(Button("okButton") + Button("cancelButton"));
-  DialogRef dialog(new PlainDialog);
+using Kinds =
+    testing::Types<nrvui::ui::UI_Dialog, vx::ui::UI_PopupModalDialog, vx::ui::UI_FloatingDialog>;
+TYPED_TEST_SUITE(BaseDialogTest, Kinds);
 
-  EXPECT_EQ(host.requested, std::make_pair(kPlugin, 4711u));
-  EXPECT_EQ(host.theme, nrvui::ui::GetDefaultThemeName());
-  EXPECT_EQ(host.registered, dialog->GetRootView().get());
+TYPED_TEST(BaseDialogTest, SetsUpTheLayout) {
+  TestHolder& holder = this->Lay(Button("okButton") + Button("cancelButton"));
+  auto dialog = this->Make();
+
+  EXPECT_EQ(this->host.requested, std::make_pair(kPlugin, 4711u));
+  EXPECT_EQ(this->host.theme, nrvui::ui::GetDefaultThemeName());
+  EXPECT_EQ(this->host.registered, dialog->GetRootView().get());
   EXPECT_EQ(dialog->GetInitialFocus(), holder.focus);
   EXPECT_EQ(dialog->GetMinimumSize(), (Point{320, 240}));
   EXPECT_EQ(dialog->GetContentSize(), (Point{320, 240}));
@@ -143,7 +148,7 @@ TEST_F(BaseDialogTest, SetsUpTheLayout) {
   const vx::UnicodeString message(nullptr);
   (*holder.callback)(message);
   EXPECT_EQ(dialog->heard, &message);
-  EXPECT_EQ(dialog->GetDrawingSupplier(), &host.supplier);
+  EXPECT_EQ(dialog->GetDrawingSupplier(), &this->host.supplier);
   EXPECT_EQ(dialog->GetDialogPoint(), (Point{70, 80}));
   EXPECT_EQ(dialog->GetTitle(), u"Test");
   const auto& style = dialog->GetStyle();
@@ -152,12 +157,12 @@ TEST_F(BaseDialogTest, SetsUpTheLayout) {
   EXPECT_EQ(style.value, 3u);
   EXPECT_EQ(style.flags, 1u);
 
-  host.holder.reset();
+  this->host.holder.reset();
   dialog.reset();
   EXPECT_EQ(TestHolder::usersOfSheetAtEnd, 2) << "the sheet outlives its holder";
 }
 
-TEST_F(BaseDialogTest, ButtonsAreFoundSwappedAndRegisteredByTheirRules) {
+TYPED_TEST(BaseDialogTest, ButtonsAreFoundSwappedAndRegisteredByTheirRules) {
   const std::string cancel = Button("cancelButton");
   const struct {
     std::string inRow;
@@ -174,8 +179,9 @@ TEST_F(BaseDialogTest, ButtonsAreFoundSwappedAndRegisteredByTheirRules) {
   for (const auto& [inRow, last, isRegistered, isSwapped] : cases) {
     SCOPED_TRACE(inRow + last);
     std::string layout = Button("okButton");
-    Lay(layout.append("<row>").append(Button("help")).append(inRow).append("</row>").append(last));
-    const DialogRef dialog(new PlainDialog);
+    this->Lay(
+        layout.append("<row>").append(Button("help")).append(inRow).append("</row>").append(last));
+    const auto dialog = this->Make();
     ASSERT_TRUE(dialog->GetOkButton());
     EXPECT_EQ(dialog->GetOkButton(), dialog->FindNodeByID("okButton"));
     EXPECT_EQ(dialog->GetCancelButton() != nullptr, isRegistered);
@@ -183,43 +189,43 @@ TEST_F(BaseDialogTest, ButtonsAreFoundSwappedAndRegisteredByTheirRules) {
   }
 }
 
-TEST_F(BaseDialogTest, PlacesThemesAndAttachesAsAsked) {
-  const NodeRef view = Lay(Button("okButton")).view;
-  const DialogRef still(
-      new PlainDialog({.position = false, .center = false, .attach = false, .theme = "dark"}));
+TYPED_TEST(BaseDialogTest, PlacesThemesAndAttachesAsAsked) {
+  const NodeRef view = this->Lay(Button("okButton")).view;
+  const auto still =
+      this->Make({.position = false, .center = false, .attach = false, .theme = "dark"});
   EXPECT_EQ(still->GetPlacement(), DialogPlacement::kAtPoint);
-  EXPECT_EQ(host.theme, u"dark");
+  EXPECT_EQ(this->host.theme, u"dark");
   EXPECT_FALSE(still->GetOkButton());
   EXPECT_EQ(view->UI_GetParentContainer(), nullptr);
   EXPECT_TRUE(view->UI_IsShown());
-  const DialogRef centred(new PlainDialog({.position = false}));
+  const auto centred = this->Make({.position = false});
   EXPECT_EQ(centred->GetPlacement(), DialogPlacement::kCentered);
 }
 
-TEST_F(BaseDialogTest, DoesWithoutWhatTheHostDoesNotGive) {
-  const DialogRef empty(new PlainDialog);
+TYPED_TEST(BaseDialogTest, DoesWithoutWhatTheHostDoesNotGive) {
+  const auto empty = this->Make();
   EXPECT_EQ(empty->GetPlacement(), DialogPlacement::kPositioned);
   EXPECT_EQ(empty->GetContentSize(), (Point{100, 100}));
-  EXPECT_EQ(host.registered, empty->GetRootView().get());
+  EXPECT_EQ(this->host.registered, empty->GetRootView().get());
   empty->UI_ContentRectChanged({0, 0, 50, 50});
   EXPECT_EQ(empty->GetRootView()->UI_GetLocalRectF(false), (Rect{0, 0, 50, 50}));
 
-  const NodeRef plain = Lay("<space/>").view = NodeRef(new UI_Node);
-  const DialogRef withoutMnemonics(new PlainDialog);
+  const NodeRef plain = this->Lay("<space/>").view = NodeRef(new UI_Node);
+  const auto withoutMnemonics = this->Make();
   EXPECT_EQ(plain->UI_GetParentContainer(), withoutMnemonics->GetRootView().get());
-  host.registered = nullptr;
-  host.gives = false;
-  const DialogRef unplaced(new PlainDialog);
+  this->host.registered = nullptr;
+  this->host.gives = false;
+  const auto unplaced = this->Make();
   EXPECT_EQ(unplaced->GetPlacement(), DialogPlacement::kAtPoint);
-  EXPECT_EQ(host.registered, nullptr);
+  EXPECT_EQ(this->host.registered, nullptr);
   EXPECT_EQ(unplaced->GetDrawingSupplier(), nullptr);
 }
 
-TEST_F(BaseDialogTest, SheetAndWindowFollowEachOther) {
-  TestHolder& holder = Lay("<space/>");
+TYPED_TEST(BaseDialogTest, SheetAndWindowFollowEachOther) {
+  TestHolder& holder = this->Lay("<space/>");
   const NodeRef layout = holder.tree.layout;
   holder.view->UI_SetLocalRectF({0, 0, 300, 200});
-  const DialogRef dialog(new PlainDialog);
+  const auto dialog = this->Make();
   layout->UI_SetLocalRectF({0, 0, 310, 220});
   EXPECT_EQ(holder.view->UI_GetLocalRectF(false), (Rect{0, 0, 310, 220}));
   EXPECT_EQ(dialog->GetMinimumSize(), (Point{310, 220}));
@@ -236,8 +242,7 @@ TEST_F(BaseDialogTest, SheetAndWindowFollowEachOther) {
   EXPECT_EQ(dialog->GetRootView()->UI_GetLocalRectF(false).right, 99.9f);
 }
 
-template <class T>
-void RunsInsideTheModalContext() {
+TYPED_TEST(BaseDialogTest, RunsInsideTheModalContext) {
   bool throws = false;
   const FunctionPresenter presenter([&](nrvui::ui::UI_Dialog& dialog) {
     EXPECT_EQ(vx::ui::ModalContext::Depth(), 1);
@@ -245,18 +250,12 @@ void RunsInsideTheModalContext() {
     if (throws) throw std::runtime_error("window lost");
     dialog.DefaultCloseOk();
   });
-  const boost::intrusive_ptr<TestDialog<T>> dialog(new TestDialog<T>);
+  const auto dialog = this->Make();
   dialog->RunModal();
   EXPECT_EQ(dialog->GetResponse(), nrvui::ui::kOkResponse);
   throws = true;
   EXPECT_THROW(dialog->RunModal(), std::runtime_error);
   EXPECT_EQ(vx::ui::ModalContext::Depth(), 0);
-}
-
-TEST_F(BaseDialogTest, EveryKindOfDialogRunsInsideTheModalContext) {
-  RunsInsideTheModalContext<nrvui::ui::UI_Dialog>();
-  RunsInsideTheModalContext<vx::ui::UI_PopupModalDialog>();
-  RunsInsideTheModalContext<vx::ui::UI_FloatingDialog>();
 }
 
 }  // namespace
