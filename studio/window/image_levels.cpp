@@ -13,7 +13,7 @@ const QImage& ImageLevels::For(double pixelWidth, double pixelHeight) {
                      std::max(1, original.height() >> halves.second));
     level = original.scaled(size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
   }
-  return level;
+  return level.isNull() ? original : level;  // there may be no memory for another one
 }
 
 /// How often the image must be halved for its pixels to be at least as large as the screen's.

@@ -24,6 +24,21 @@ struct Sums {
   QRgb Color() const { return qRgba(red >> 16, green >> 16, blue >> 16, alpha >> 16); }
 };
 
+/// How the tiles that are drawn lie in one direction. Fewer than there are stand close together,
+/// and let through what the gaps would.
+struct Side {
+  Side(int drawn, int all, double tileSize, double gap, double size)
+      : tiles(drawn),
+        tile(drawn < all ? size / drawn : tileSize),
+        spacing(drawn < all ? 0 : gap),
+        cover(drawn < all ? tileSize * all / size : 1) {}
+
+  int tiles;
+  double tile;
+  double spacing;
+  double cover;
+};
+
 }  // namespace
 
 TilePainter::TilePainter(std::shared_ptr<const Mosaic> shown)
@@ -43,32 +58,25 @@ void TilePainter::Paint(QPainter& painter, const QRectF& exposed) {
   const QImage& tiles =
       levels.For(pitchX * scaleX / kSmallestPitch, pitchY * scaleY / kSmallestPitch);
 
-  // Fewer tiles than there are stand close together, and let through what the gaps would.
-  const bool isReduced =
-      tiles.width() < geometry.tilesAcross || tiles.height() < geometry.tilesDown;
-  QSizeF tile = geometry.tile;
-  QSizeF spacing = geometry.spacing;
-  double cover = 1;
-  if (isReduced) {
-    cover = tile.width() * geometry.tilesAcross / geometry.size.width() * tile.height() *
-            geometry.tilesDown / geometry.size.height();
-    tile = {geometry.size.width() / tiles.width(), geometry.size.height() / tiles.height()};
-    spacing = {0, 0};
-  }
+  if (tiles.isNull()) return;
+  const Side across(tiles.width(), geometry.tilesAcross, geometry.tile.width(),
+                    geometry.spacing.width(), geometry.size.width());
+  const Side down(tiles.height(), geometry.tilesDown, geometry.tile.height(),
+                  geometry.spacing.height(), geometry.size.height());
 
   QImage image(seen.size(), QImage::Format_ARGB32_Premultiplied);
   if (image.isNull()) return;
   Fill(image, tiles,
-       Divide((seen.left() - transform.dx()) / scaleX, 1 / scaleX, image.width(), tile.width(),
-              spacing.width(), tiles.width()),
-       Divide((seen.top() - transform.dy()) / scaleY, 1 / scaleY, image.height(), tile.height(),
-              spacing.height(), tiles.height()));
+       Divide((seen.left() - transform.dx()) / scaleX, 1 / scaleX, image.width(), across.tile,
+              across.spacing, across.tiles),
+       Divide((seen.top() - transform.dy()) / scaleY, 1 / scaleY, image.height(), down.tile,
+              down.spacing, down.tiles));
 
   const double ratio = painter.device()->devicePixelRatioF();
   image.setDevicePixelRatio(ratio);
   painter.save();
   painter.resetTransform();
-  painter.setOpacity(painter.opacity() * cover);
+  painter.setOpacity(painter.opacity() * across.cover * down.cover);
   painter.drawImage(QPointF(seen.topLeft()) / ratio, image);
   painter.restore();
 }
