@@ -22,17 +22,22 @@ QSettings File() {
       QSettings::IniFormat);
 }
 
+/// Some may be on a disk that is away for the moment.
+QStringList KnownPictures() {
+  return File().value(kRecentPictures).toStringList();
+}
+
 }  // namespace
 
 QStringList RecentPictures() {
-  QStringList paths = File().value(kRecentPictures).toStringList();
+  QStringList paths = KnownPictures();
   paths.removeIf([](const QString& path) { return !QFileInfo(path).isFile(); });
   return paths;
 }
 
 void AddRecentPicture(const QString& path) {
   const QString absolute = QFileInfo(path).absoluteFilePath();
-  QStringList paths = RecentPictures();
+  QStringList paths = KnownPictures();
   paths.removeAll(absolute);
   paths.prepend(absolute);
   File().setValue(kRecentPictures, paths.mid(0, kMostRecentPictures));

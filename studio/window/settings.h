@@ -7,7 +7,8 @@
 /// What the window remembers from one time to the next, in the user's settings.
 namespace settings {
 
-/// Paths of pictures that were opened, the last one first; those that are gone are left out.
+/// Paths of pictures that were opened, the last one first; those that are not there now are left
+/// out.
 QStringList RecentPictures();
 void AddRecentPicture(const QString& path);
 void ClearRecentPictures();
