@@ -1,7 +1,9 @@
 #include "studio/window/background_work.h"
 
 #include <QEventLoop>
+#include <QLabel>
 #include <QProgressDialog>
+#include <QPushButton>
 #include <QThread>
 #include <QTimer>
 #include <atomic>
@@ -64,6 +66,43 @@ class Worker {
   const std::unique_ptr<QThread> thread;
 };
 
+/// Says how far the work is. Stays until the work has stopped, however it is cancelled.
+class WorkDialog final : public QProgressDialog {
+ public:
+  WorkDialog(QWidget& window, const QString& text)
+      : QProgressDialog(&window),
+        label(new QLabel(text)),
+        button(new QPushButton(Text("$$$/Studio/Progress/Cancel=Cancel"))) {
+    setObjectName("progress");
+    setWindowTitle(window.windowTitle().remove("[*]"));
+    setWindowModality(Qt::ApplicationModal);
+    setAutoReset(false);
+    setMinimumDuration(0);
+    setMinimumWidth(fontMetrics().averageCharWidth() * 52);
+    setRange(0, kSteps);
+    label->setTextFormat(Qt::PlainText);
+    setLabel(label);
+    setCancelButton(button);
+    disconnect(this, SIGNAL(canceled()), this, SLOT(cancel()));  // which would hide it
+    connect(this, &QProgressDialog::canceled, this, &WorkDialog::Cancel);
+  }
+
+  bool IsCancelled() const { return isCancelled; }
+
+  void reject() override { Cancel(); }
+
+ private:
+  void Cancel() {
+    isCancelled = true;
+    label->setText(Text("$$$/Studio/Progress/Stopping=Stopping…"));
+    button->hide();
+  }
+
+  QLabel* const label;
+  QPushButton* const button;
+  bool isCancelled = false;
+};
+
 }  // namespace
 
 bool DoInBackground(QWidget& window, const QString& label,
@@ -74,22 +113,15 @@ bool DoInBackground(QWidget& window, const QString& label,
   if (!worker.IsDone()) loop.exec(QEventLoop::ExcludeUserInputEvents);
   if (worker.IsDone()) return worker.Result();
 
-  QProgressDialog dialog(label, Text("$$$/Studio/Progress/Cancel=Cancel"), 0, kSteps, &window);
-  dialog.setObjectName("progress");
-  dialog.setWindowTitle(window.windowTitle().remove("[*]"));
-  dialog.setWindowModality(Qt::ApplicationModal);
-  dialog.setAutoClose(false);
-  dialog.setAutoReset(false);
-  dialog.setMinimumDuration(0);
-  dialog.setMinimumWidth(dialog.fontMetrics().averageCharWidth() * 52);
+  WorkDialog dialog(window, label);
   dialog.show();
   QTimer timer;
   QObject::connect(&timer, &QTimer::timeout, &dialog, [&] {
-    if (!dialog.wasCanceled()) dialog.setValue(worker.StepsDone());
+    if (dialog.IsCancelled()) return worker.Cancel();
+    dialog.setValue(worker.StepsDone());
   });
-  QObject::connect(&dialog, &QProgressDialog::canceled, &dialog, [&] { worker.Cancel(); });
   timer.start(kInterval);
   if (!worker.IsDone()) loop.exec();
   worker.Cancel();  // the program may be ending
-  return worker.Result() && !dialog.wasCanceled();
+  return worker.Result() && !dialog.IsCancelled();
 }
