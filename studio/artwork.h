@@ -3,6 +3,7 @@
 #include <QImage>
 #include <QString>
 #include <memory>
+#include <optional>
 
 #include "studio/mosaic_geometry.h"
 #include "studio/picture.h"
@@ -21,7 +22,7 @@ struct Mosaic {
 struct Artwork {
   QString path;  // the picture's file
   Picture picture;
-  bool isSizeKnown = true;
+  bool isSizeKnown = true;               // and one that the dialog can reckon with
   std::shared_ptr<const Mosaic> mosaic;  // null before there is one
 
   /// In points.
@@ -29,3 +30,13 @@ struct Artwork {
 };
 
 using ArtworkPtr = std::shared_ptr<const Artwork>;
+
+/// A picture that was just placed; `isSizeUnknown` when its file is not to be believed.
+ArtworkPtr Place(const QString& path, Picture picture, bool isSizeUnknown);
+
+/// The same picture as this mosaic.
+ArtworkPtr WithMosaic(const Artwork& artwork, Mosaic mosaic);
+
+/// The record for the dialog over this picture: last counts and flags, or else square tiles, a
+/// hundred across.
+MosaicChoices ChoicesFor(const Artwork& artwork, const std::optional<MosaicChoices>& last);

@@ -73,15 +73,12 @@ int ConsoleRun::Photograph() {
 void ConsoleRun::PlacePicture() {
   Picture picture = Picture::Read(line.picture);
   outputs.Protect(line.picture);
-  const bool isSizeKnown = !line.isSizeUnknown && IsUsableSize(picture.SizeInPoints());
-  artwork = std::make_shared<const Artwork>(
-      Artwork{line.picture, std::move(picture), isSizeKnown, nullptr});
+  artwork = Place(line.picture, std::move(picture), line.isSizeUnknown);
 }
 
 MosaicChoices ConsoleRun::FirstChoices() const {
-  MosaicChoices choices = ChoicesFor(artwork->picture.SizeInPoints(), LoadLastChoices());
-  if (!artwork->isSizeKnown) choices.params.sizeUnavailable = 1;
-  return choices;
+  const auto warn = [this](const StudioError& error) { Warn(error.what()); };
+  return ChoicesFor(*artwork, lastChoices.Load(warn));
 }
 
 /// A place that cannot be written is found before anybody is asked anything.
@@ -96,14 +93,6 @@ void ConsoleRun::OpenOutputs() {
 void ConsoleRun::OpenPictureOutputs() {
   if (!line.dialogPicture.isEmpty()) dialogPictureDevice = &outputs.Add(line.dialogPicture);
   if (!line.windowPicture.isEmpty()) windowPictureDevice = &outputs.Add(line.windowPicture);
-}
-
-std::optional<MosaicChoices> ConsoleRun::LoadLastChoices() const try {
-  return lastChoices.Load();
-} catch (const StudioError& error) {
-  if (lastChoices.IsNamed()) throw;
-  Warn(error.what());
-  return std::nullopt;
 }
 
 bool ConsoleRun::Ask(MosaicChoices& choices) {
@@ -145,9 +134,7 @@ bool ConsoleRun::Build(const MosaicChoices& choices) {
             QString::number(qint64(geometry.tilesAcross) * geometry.tilesDown),
             QString::number(geometry.tilesAcross), QString::number(geometry.tilesDown)));
   if (!windowPictureDevice) return true;
-  Artwork made = *artwork;
-  made.mosaic = std::make_shared<const Mosaic>(std::move(mosaic));
-  artwork = std::make_shared<const Artwork>(std::move(made));
+  artwork = WithMosaic(*artwork, std::move(mosaic));
   return true;
 }
 

@@ -1,13 +1,12 @@
 #pragma once
 
-#include <optional>
 #include <vector>
 
+#include "studio/artwork.h"
 #include "studio/command_line.h"
 #include "studio/interruption.h"
 #include "studio/last_choices.h"
 #include "studio/output_set.h"
-#include "studio/window/artwork.h"
 
 /// One run of the program on the command line, from the picture to the files.
 class ConsoleRun {
@@ -24,7 +23,6 @@ class ConsoleRun {
   void PlacePicture();
   void OpenOutputs();
   void OpenPictureOutputs();
-  std::optional<MosaicChoices> LoadLastChoices() const;
   MosaicChoices FirstChoices() const;
   bool Ask(MosaicChoices& choices);
   /// False when the building was stopped.
@@ -37,7 +35,7 @@ class ConsoleRun {
   void Warn(const QString& text) const;
 
   const CommandLine line;
-  const LastChoices lastChoices;
+  LastChoices lastChoices;
   const Interruption interruption;
   ArtworkPtr artwork;  // null before the picture is placed
   OutputSet outputs;

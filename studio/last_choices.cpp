@@ -3,28 +3,10 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
-#include <QSizeF>
 #include <QStandardPaths>
-#include <algorithm>
-#include <cmath>
 
 #include "studio/output_set.h"
-#include "studio/studio_error.h"
 #include "studio/text_writer.h"
-
-namespace {
-
-constexpr int kFirstTilesAcross = 100;
-constexpr int kMostTilesEntered = 8640;  // that the dialog lets a person enter
-
-// The dialog reckons with sizes of 16 bits; what doesn't fit there has no size for it.
-constexpr double kLargestSize = 32767;
-
-bool IsUsable(double length) {
-  return length >= 0.5 && length < kLargestSize + 0.5;
-}
-
-}  // namespace
 
 LastChoices::LastChoices(const QString& namedPath)
     : isNamed(!namedPath.isEmpty()),
@@ -32,7 +14,16 @@ LastChoices::LastChoices(const QString& namedPath)
                    : QStandardPaths::writableLocation(QStandardPaths::AppConfigLocation) +
                          "/choices.json") {}
 
-std::optional<MosaicChoices> LastChoices::Load() const try {
+std::optional<MosaicChoices> LastChoices::Load(
+    const std::function<void(const StudioError&)>& warn) const try {
+  return saved ? saved : Read();
+} catch (const StudioError& error) {
+  if (isNamed) throw;
+  warn(error);
+  return std::nullopt;
+}
+
+std::optional<MosaicChoices> LastChoices::Read() const try {
   if (!QFileInfo::exists(path)) return std::nullopt;
   if (!QFileInfo(path).isFile())
     throw StudioError("$$$/Studio/Write/NoFile=it is no ordinary file");
@@ -44,35 +35,11 @@ std::optional<MosaicChoices> LastChoices::Load() const try {
                     QString(error.what()));
 }
 
-void LastChoices::Save(const MosaicChoices& choices) const {
+void LastChoices::Save(const MosaicChoices& choices) {
+  saved = choices;
+  if (isNamed) Read();  // throws when it is no file of ours
   QDir().mkpath(QFileInfo(path).absolutePath());
   OutputSet output;
   WriteAll(output.Add(path), ChoicesToJson(choices).toStdString());
   output.Commit();
-}
-
-bool IsUsableSize(QSizeF size) {
-  return IsUsable(size.width()) && IsUsable(size.height());
-}
-
-MosaicChoices ChoicesFor(QSizeF pictureSize, const std::optional<MosaicChoices>& last) {
-  MosaicChoices choices;
-  MosaicParameters& params = choices.params;
-  if (last) {
-    choices = *last;
-  } else {
-    const double down = kFirstTilesAcross * pictureSize.height() / pictureSize.width();
-    params.tilesAcross = kFirstTilesAcross;
-    params.tilesDown = std::clamp(int(std::lround(std::min(down, 1e6))), 1, kMostTilesEntered);
-    params.isColor = 1;
-    params.deleteRaster = 1;
-    params.keepHorizontal = 1;
-  }
-  if (IsUsableSize(pictureSize)) {
-    params.boundsRight = int(std::lround(pictureSize.width()));
-    params.boundsBottom = int(std::lround(pictureSize.height()));
-  } else {
-    params.sizeUnavailable = 1;
-  }
-  return choices;
 }

@@ -1,10 +1,11 @@
 #pragma once
 
-#include <QSizeF>
 #include <QString>
+#include <functional>
 #include <optional>
 
 #include "studio/record_json.h"
+#include "studio/studio_error.h"
 
 /// The file that keeps the choices from one run to the next.
 class LastChoices {
@@ -17,20 +18,17 @@ class LastChoices {
   /// A place that the user named is binding: it must be readable now and writable later.
   bool IsNamed() const { return isNamed; }
 
-  /// Nothing when there is no file yet. Throws StudioError when it cannot be read.
-  std::optional<MosaicChoices> Load() const;
+  /// What was saved last, or else what the file has; nothing when there is none yet. When it cannot
+  /// be read, throws StudioError in a place that the user named; `warn` takes it otherwise.
+  std::optional<MosaicChoices> Load(const std::function<void(const StudioError&)>& warn) const;
 
-  /// For the place in the user's settings. Throws StudioError.
-  void Save(const MosaicChoices& choices) const;
+  /// Throws StudioError, also when the place that the user named holds anything else.
+  void Save(const MosaicChoices& choices);
 
  private:
+  std::optional<MosaicChoices> Read() const;
+
   bool isNamed;
   QString path;
+  std::optional<MosaicChoices> saved;  // whether or not the file took it
 };
-
-/// Whether the dialog can reckon with a size in points; it is told that others are not known.
-bool IsUsableSize(QSizeF size);
-
-/// The record for the dialog over a picture of this size in points: last counts and flags, or else
-/// square tiles, a hundred across.
-MosaicChoices ChoicesFor(QSizeF pictureSize, const std::optional<MosaicChoices>& last);

@@ -4,8 +4,8 @@
 #include <QGraphicsView>
 #include <functional>
 
+#include "studio/artwork.h"
 #include "studio/window/artboard_item.h"
-#include "studio/window/artwork.h"
 
 /// Shows an artwork on its artboard. Zooms with Ctrl and the wheel or with two fingers, moves with
 /// the wheel, with the space bar or the middle button held.

@@ -1,6 +1,7 @@
 #include "studio/window/message_boxes.h"
 
 #include <QGridLayout>
+#include <QLabel>
 #include <QMessageBox>
 #include <QPushButton>
 
@@ -17,12 +18,14 @@ QString OkText() {
   return Text("$$$/Studio/Box/OK=OK");
 }
 
-/// Boxes as narrow as a short text allows cut their titles off.
-void Widen(QMessageBox& box) {
+/// Shows the box. Names of files can look like markup and are none; boxes as narrow as a short text
+/// allows cut their titles off.
+void Run(QMessageBox& box) {
+  for (QLabel* label : box.findChildren<QLabel*>()) label->setTextFormat(Qt::PlainText);
   auto* const grid = qobject_cast<QGridLayout*>(box.layout());
-  if (!grid) return;
   const int width = box.fontMetrics().averageCharWidth() * kColumns;
-  grid->addItem(new QSpacerItem(width, 0), grid->rowCount(), 0, 1, grid->columnCount());
+  if (grid) grid->addItem(new QSpacerItem(width, 0), grid->rowCount(), 0, 1, grid->columnCount());
+  box.exec();
 }
 
 /// Reasons are made to stand behind a colon.
@@ -40,8 +43,7 @@ void MessageBoxes::ShowAlert(const std::string& text) {
                   QString::fromStdString(text), QMessageBox::NoButton, window);
   box.setObjectName("alert");
   box.addButton(OkText(), QMessageBox::AcceptRole);
-  Widen(box);
-  box.exec();
+  Run(box);
 }
 
 void MessageBoxes::ShowAbout(const std::string& firstText, const std::string& secondText) {
@@ -50,12 +52,10 @@ void MessageBoxes::ShowAbout(const std::string& firstText, const std::string& se
   box.setWindowTitle(Text("$$$/Studio/Box/AboutTitle=About %1", QString::fromStdString(firstText)));
   box.setIconPixmap(LineIcon(Drawing::kTesserae)
                         .pixmap({kAboutIconSide, kAboutIconSide}, window->devicePixelRatioF()));
-  box.setTextFormat(Qt::PlainText);
   box.setText(QString::fromStdString(firstText));
   box.setInformativeText(QString::fromStdString(secondText));
   box.addButton(OkText(), QMessageBox::AcceptRole);
-  Widen(box);
-  box.exec();
+  Run(box);
 }
 
 void MessageBoxes::ShowError(const QString& text, const std::exception& error) const {
@@ -64,14 +64,14 @@ void MessageBoxes::ShowError(const QString& text, const std::exception& error) c
   box.setObjectName("error");
   box.setInformativeText(Sentence(ReasonText(error)));
   box.addButton(OkText(), QMessageBox::AcceptRole);
-  Widen(box);
-  box.exec();
+  Run(box);
 }
 
-MessageBoxes::Answer MessageBoxes::AskBeforeClosing() const {
-  QMessageBox box(QMessageBox::Question, Text("$$$/Studio/Box/AlertTitle=Tesserae Studio"),
-                  Text("$$$/Studio/Box/NotExported=Your mosaic is not exported yet."),
-                  QMessageBox::NoButton, window);
+MessageBoxes::Answer MessageBoxes::AskBeforeClosing(const QString& picture) const {
+  QMessageBox box(
+      QMessageBox::Question, Text("$$$/Studio/Box/AlertTitle=Tesserae Studio"),
+      Text("$$$/Studio/Box/NotExported=Your mosaic of %1 is not exported yet.", picture),
+      QMessageBox::NoButton, window);
   box.setObjectName("notExported");
   box.setInformativeText(Text("$$$/Studio/Box/LostOtherwise=If you close now, it is lost."));
   auto* const exporting =
@@ -82,8 +82,7 @@ MessageBoxes::Answer MessageBoxes::AskBeforeClosing() const {
       box.addButton(Text("$$$/Studio/Box/Cancel=Cancel"), QMessageBox::RejectRole);
   box.setDefaultButton(exporting);
   box.setEscapeButton(staying);
-  Widen(box);
-  box.exec();
+  Run(box);
   if (box.clickedButton() == exporting) return Answer::kExport;
   return box.clickedButton() == discarding ? Answer::kDiscard : Answer::kStay;
 }

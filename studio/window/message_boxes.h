@@ -17,7 +17,8 @@ class MessageBoxes final : public standin::UserInterface {
   void ShowError(const QString& text, const std::exception& error) const;
 
   enum class Answer { kExport, kDiscard, kStay };
-  Answer AskBeforeClosing() const;
+  /// `picture` names the one whose mosaic would be lost.
+  Answer AskBeforeClosing(const QString& picture) const;
 
  private:
   QWidget* const window;

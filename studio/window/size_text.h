@@ -2,7 +2,7 @@
 
 #include <QString>
 
-#include "studio/window/artwork.h"
+#include "studio/artwork.h"
 
 /// The size of what lies on the artboard, as in "600 × 400 pt", or that it is not known.
 QString SizeInPointsText(const Artwork& artwork);

@@ -1,6 +1,5 @@
 #include "studio/window/studio_window.h"
 
-#include <QActionGroup>
 #include <QApplication>
 #include <QCloseEvent>
 #include <QDir>
@@ -9,41 +8,23 @@
 #include <QScopedValueRollback>
 #include <QStatusBar>
 
-#include "studio/mosaic_export.h"
-#include "studio/mosaic_job.h"
-#include "studio/output_set.h"
 #include "studio/studio_error.h"
 #include "studio/text.h"
-#include "studio/window/background_work.h"
 #include "studio/window/file_dialogs.h"
+#include "studio/window/mosaic_work.h"
 #include "studio/window/settings.h"
 #include "studio/window/size_text.h"
-#include "studio/window/tile_sink.h"
 
 namespace {
 
 constexpr QSize kFirstSize(1080, 760);
 constexpr int kMessageTime = 6000;  // ms
-constexpr int kMostSteps = 30;
 
-class Exchange final : public QUndoCommand {
- public:
-  using Show = std::function<void(const ArtworkPtr&)>;
-
-  Exchange(const QString& name, ArtworkPtr former, ArtworkPtr next, Show showArtwork)
-      : QUndoCommand(name),
-        before(std::move(former)),
-        after(std::move(next)),
-        show(std::move(showArtwork)) {}
-
-  void undo() override { show(before); }
-  void redo() override { show(after); }
-
- private:
-  const ArtworkPtr before;
-  const ArtworkPtr after;
-  const Show show;
-};
+/// Whoever drags would delete a file that was taken as moved.
+void AcceptCopy(QDropEvent& event) {
+  event.setDropAction(Qt::CopyAction);
+  event.accept();
+}
 
 /// The first local file that is dragged; empty when there is none.
 QString DraggedFile(const QMimeData& data) {
@@ -65,14 +46,11 @@ StudioWindow::StudioWindow(const QString& statePath)
   pages->addWidget(startPage);
   pages->addWidget(canvas);
   setCentralWidget(pages);
-  history.setUndoLimit(kMostSteps);
   MakeStatusBar();
   MakeZoomMenu();
-  MakeThemeMenu();
   Connect();
   FillRecentMenu();
-  TakeUndoState();
-  TakeArtwork(nullptr);
+  ShowDocument();
   if (!restoreGeometry(settings::WindowGeometry())) resize(kFirstSize);
   try {
     const QString name = Caller().ModuleName();
@@ -80,10 +58,6 @@ StudioWindow::StudioWindow(const QString& statePath)
   } catch (const StudioError&) {
     // Whoever asks for the dialog or the about box hears why there is none.
   }
-}
-
-StudioWindow::~StudioWindow() {
-  history.disconnect(this);
 }
 
 void StudioWindow::CloseModule() {
@@ -97,15 +71,14 @@ void StudioWindow::Connect() {
   on(actions.open, [this] { AskForPicture(); });
   on(actions.exportMosaic, [this] { AskForExport(); });
   on(actions.quit, [this] { close(); });
-  on(actions.undo, [this] { history.undo(); });
-  on(actions.redo, [this] { history.redo(); });
+  on(actions.undo, [this] { Step(&Document::Undo); });
+  on(actions.redo, [this] { Step(&Document::Redo); });
   on(actions.tesserae, [this] { CreateTesserae(); });
   on(actions.zoomIn, [this] { canvas->ZoomIn(); });
   on(actions.zoomOut, [this] { canvas->ZoomOut(); });
   on(actions.actualSize, [this] { canvas->SetZoom(1); });
   on(actions.fit, [this] { canvas->Fit(); });
   on(actions.about, [this] { ShowAbout(); });
-  connect(&history, &QUndoStack::indexChanged, this, [this] { TakeUndoState(); });
   connect(actions.recent, &QMenu::aboutToShow, this, [this] { FillRecentMenu(); });
   canvas->WhenZoomed([this] { actions.zoom->setIconText(PercentText(canvas->Zoom())); });
 }
@@ -127,24 +100,6 @@ void StudioWindow::MakeZoomMenu() {
   menu->addSeparator();
   menu->addAction(actions.fit);
   actions.zoom->setMenu(menu);
-}
-
-void StudioWindow::MakeThemeMenu() {
-  auto* const group = new QActionGroup(this);
-  const std::pair<qtui::Theme, const char*> themes[] = {
-      {qtui::Theme::kSystem, "$$$/Studio/Menu/ThemeSystem=Like the &System"},
-      {qtui::Theme::kLight, "$$$/Studio/Menu/ThemeLight=&Light"},
-      {qtui::Theme::kDark, "$$$/Studio/Menu/ThemeDark=&Dark"},
-  };
-  for (const auto& [theme, caption] : themes) {
-    QAction* const action = actions.theme->addAction(Text(caption), this, [chosen = theme] {
-      settings::ChooseTheme(chosen);
-      qtui::ApplyTheme(chosen);
-    });
-    action->setCheckable(true);
-    action->setChecked(theme == settings::ChosenTheme());
-    group->addAction(action);
-  }
 }
 
 void StudioWindow::FillRecentMenu() {
@@ -198,20 +153,12 @@ bool StudioWindow::AskForPicture() {
 
 bool StudioWindow::OpenPicture(const QString& path) {
   return Do(Text("$$$/Studio/Error/Open=The picture cannot be opened."), [&] {
-    std::optional<Picture> picture;
-    const QString label =
-        Text("$$$/Studio/Progress/Opening=Opening %1…", QFileInfo(path).fileName());
-    if (!DoInBackground(*this, label, [&](const Progress& goOn) {
-          picture = Picture::Read(path);
-          return goOn(1);
-        })) {
-      return false;
-    }
-    const bool isSizeKnown =
-        !actions.placeUnknown->isChecked() && IsUsableSize(picture->SizeInPoints());
-    Change(Text("$$$/Studio/Undo/Place=Place Picture"),
-           std::make_shared<const Artwork>(Artwork{QFileInfo(path).absoluteFilePath(),
-                                                   std::move(*picture), isSizeKnown, nullptr}));
+    std::optional<Picture> picture = ReadPicture(*this, path);
+    if (!picture) return false;
+    document.Change(Text("$$$/Studio/Undo/Place=Place Picture"),
+                    Place(QFileInfo(path).absoluteFilePath(), std::move(*picture),
+                          actions.placeUnknown->isChecked()));
+    ShowDocument();
     settings::AddRecentPicture(path);
     FillRecentMenu();
     return true;
@@ -219,20 +166,20 @@ bool StudioWindow::OpenPicture(const QString& path) {
 }
 
 bool StudioWindow::CreateTesserae() {
+  const ArtworkPtr shown = Shown();
   if (!shown) return false;
-  return Do(Text("$$$/Studio/Error/Create=The mosaic cannot be made."), [this] {
-    MosaicChoices choices = ChoicesFor(shown->picture.SizeInPoints(), LoadChoices());
-    if (!shown->isSizeKnown) choices.params.sizeUnavailable = 1;
+  return Do(Text("$$$/Studio/Error/Create=The mosaic cannot be made."), [&] {
+    MosaicChoices choices = ChoicesFor(*shown, lastChoices.Load([this](const StudioError&) {
+      Tell(
+          Text("$$$/Studio/Status/ChoicesUnreadable=Your last choices cannot be read. The dialog "
+               "starts afresh."));
+    }));
     if (!Ask(choices)) return false;
-    auto mosaic = Build(choices);
-    if (!mosaic) {
-      Tell(Text("$$$/Studio/Status/Cancelled=Cancelled. Nothing has changed."));
-      return false;
-    }
-    Artwork next = *shown;
-    next.mosaic = std::move(mosaic);
-    Change(Text("$$$/Studio/Undo/Create=Create Tesserae"),
-           std::make_shared<const Artwork>(std::move(next)));
+    std::optional<Mosaic> mosaic = BuildMosaic(*this, shown->picture, choices);
+    if (!mosaic) return TellOfCancel();
+    document.Change(Text("$$$/Studio/Undo/Create=Create Tesserae"),
+                    WithMosaic(*shown, std::move(*mosaic)));
+    ShowDocument();
     KeepChoices(choices);
     return true;
   });
@@ -243,33 +190,8 @@ bool StudioWindow::Ask(MosaicChoices& choices) {
   return Caller().Ask(choices.params, choices.state) == MosaicCaller::Answer::kOk;
 }
 
-std::shared_ptr<const Mosaic> StudioWindow::Build(const MosaicChoices& choices) {
-  MosaicJob job(shown->picture, choices.params, choices.state);
-  Mosaic mosaic{choices, job.Geometry(), {}, {}};
-  job.Add(std::make_unique<TileSink>(job.Geometry(), mosaic.tiles));
-  const QString label = Text("$$$/Studio/Progress/Building=Building the mosaic…");
-  const bool isComplete = DoInBackground(*this, label, [&](const Progress& goOn) {
-    mosaic.below = job.Below();
-    return job.Run([&](int rows) { return goOn(double(rows) / job.Geometry().tilesDown); });
-  });
-  return isComplete ? std::make_shared<const Mosaic>(std::move(mosaic)) : nullptr;
-}
-
-std::optional<MosaicChoices> StudioWindow::LoadChoices() {
-  if (choicesInMind) return choicesInMind;
-  try {
-    return lastChoices.Load();
-  } catch (const StudioError&) {
-    Tell(
-        Text("$$$/Studio/Status/ChoicesUnreadable=Your last choices cannot be read. The dialog "
-             "starts afresh."));
-    return std::nullopt;
-  }
-}
-
 /// They are a convenience, which must not cost a finished mosaic.
 void StudioWindow::KeepChoices(const MosaicChoices& choices) {
-  choicesInMind = choices;
   try {
     lastChoices.Save(choices);
   } catch (const StudioError&) {
@@ -278,8 +200,8 @@ void StudioWindow::KeepChoices(const MosaicChoices& choices) {
 }
 
 bool StudioWindow::AskForExport() {
-  if (!shown || !shown->mosaic) return false;
-  const QFileInfo source(shown->path);
+  if (!Shown() || !Shown()->mosaic) return false;
+  const QFileInfo source(Shown()->path);
   const QString former = settings::ExportFolder();
   const QString folder = QFileInfo(former).isDir() ? former : source.absolutePath();
   const QString name = Text("$$$/Studio/Export/FileName=%1 mosaic", source.completeBaseName());
@@ -289,56 +211,30 @@ bool StudioWindow::AskForExport() {
 }
 
 bool StudioWindow::Export(const QString& path) {
-  if (!shown || !shown->mosaic) return false;
+  if (!Shown() || !Shown()->mosaic) return false;
   return Do(Text("$$$/Studio/Error/Export=The mosaic cannot be exported."), [&] {
-    CheckExportEnding(path);
-    const MosaicChoices& choices = shown->mosaic->choices;
-    MosaicJob job(shown->picture, choices.params, choices.state);
-    OutputSet outputs;
-    outputs.Protect(shown->path);
-    QIODevice& device = outputs.Add(path);
-    const QString label =
-        Text("$$$/Studio/Progress/Exporting=Exporting %1…", QFileInfo(path).fileName());
-    if (!DoInBackground(*this, label, [&](const Progress& goOn) {
-          job.AddExport(path, device);
-          return job.Run([&](int rows) { return goOn(double(rows) / job.Geometry().tilesDown); });
-        })) {
-      Tell(Text("$$$/Studio/Status/Cancelled=Cancelled. Nothing has changed."));
-      return false;
-    }
-    outputs.Commit();
-    exported = shown;
-    setWindowModified(false);
+    if (!ExportMosaic(*this, *Shown(), path)) return TellOfCancel();
+    document.NoteExport();
+    setWindowModified(document.Unexported() != nullptr);
     settings::SetExportFolder(QFileInfo(path).absolutePath());
     Tell(Text("$$$/Studio/Status/Exported=Exported %1", QDir::toNativeSeparators(path)));
     return true;
   });
 }
 
-void StudioWindow::Change(const QString& name, ArtworkPtr next) {
-  const ArtworkPtr former = shown;
-  history.push(new Exchange(name, former, std::move(next),
-                            [this](const ArtworkPtr& artwork) { TakeArtwork(artwork); }));
+void StudioWindow::Step(void (Document::*step)()) {
+  if (isBusy) return;
+  (document.*step)();
+  ShowDocument();
 }
 
 void StudioWindow::Show(const ArtworkPtr& artwork) {
-  history.clear();
-  TakeArtwork(artwork);
+  document = Document(artwork);
+  ShowDocument();
 }
 
-void StudioWindow::TakeUndoState() {
-  actions.undo->setEnabled(history.canUndo());
-  actions.redo->setEnabled(history.canRedo());
-  actions.undo->setText(history.canUndo()
-                            ? Text("$$$/Studio/Menu/UndoWhat=&Undo %1", history.undoText())
-                            : Text("$$$/Studio/Menu/Undo=&Undo"));
-  actions.redo->setText(history.canRedo()
-                            ? Text("$$$/Studio/Menu/RedoWhat=&Redo %1", history.redoText())
-                            : Text("$$$/Studio/Menu/Redo=&Redo"));
-}
-
-void StudioWindow::TakeArtwork(const ArtworkPtr& artwork) {
-  shown = artwork;
+void StudioWindow::ShowDocument() {
+  const ArtworkPtr shown = Shown();
   pages->setCurrentWidget(shown ? static_cast<QWidget*>(canvas) : startPage);
   canvas->Show(shown);
   if (shown) canvas->setFocus();
@@ -348,15 +244,26 @@ void StudioWindow::TakeArtwork(const ArtworkPtr& artwork) {
     action->setEnabled(shown != nullptr);
   }
   actions.exportMosaic->setEnabled(shown && shown->mosaic);
+  const QString undo = document.UndoName();
+  actions.undo->setEnabled(!undo.isEmpty());
+  actions.undo->setText(undo.isEmpty() ? Text("$$$/Studio/Menu/Undo=&Undo")
+                                       : Text("$$$/Studio/Menu/UndoWhat=&Undo %1", undo));
+  const QString redo = document.RedoName();
+  actions.redo->setEnabled(!redo.isEmpty());
+  actions.redo->setText(redo.isEmpty() ? Text("$$$/Studio/Menu/Redo=&Redo")
+                                       : Text("$$$/Studio/Menu/RedoWhat=&Redo %1", redo));
 
   summary->setText(shown ? SummaryText(*shown) : QString());
   actions.zoom->setIconText(PercentText(canvas->Zoom()));
-
-  const QString program = Text("$$$/Studio/Title=Tesserae Studio");
   setWindowTitle(shown ? Text("$$$/Studio/TitleWithPicture=%1 — Tesserae Studio",
                               QFileInfo(shown->path).fileName() + "[*]")
-                       : program);
-  setWindowModified(shown && shown->mosaic && shown != exported);
+                       : Text("$$$/Studio/Title=Tesserae Studio"));
+  setWindowModified(document.Unexported() != nullptr);
+}
+
+bool StudioWindow::TellOfCancel() {
+  Tell(Text("$$$/Studio/Status/Cancelled=Cancelled. Nothing has changed."));
+  return false;
 }
 
 void StudioWindow::Tell(const QString& text) {
@@ -366,10 +273,12 @@ void StudioWindow::Tell(const QString& text) {
 void StudioWindow::closeEvent(QCloseEvent* event) {
   event->ignore();
   if (isBusy) return;
-  if (isWindowModified()) {
-    const auto answer = boxes.AskBeforeClosing();
+  while (const ArtworkPtr mosaic = document.Unexported()) {
+    const auto answer = boxes.AskBeforeClosing(QFileInfo(mosaic->path).fileName());
     if (answer == MessageBoxes::Answer::kStay) return;
-    if (answer == MessageBoxes::Answer::kExport && !AskForExport()) return;
+    if (answer == MessageBoxes::Answer::kDiscard) break;
+    while (Shown() != mosaic) Step(&Document::Undo);
+    if (!AskForExport()) return;
   }
   settings::SetWindowGeometry(saveGeometry());
   event->accept();
@@ -377,7 +286,7 @@ void StudioWindow::closeEvent(QCloseEvent* event) {
 
 void StudioWindow::dragEnterEvent(QDragEnterEvent* event) {
   if (isBusy || DraggedFile(*event->mimeData()).isEmpty()) return;
-  event->acceptProposedAction();
+  AcceptCopy(*event);
   startPage->SetInviting(true);
 }
 
@@ -389,7 +298,7 @@ void StudioWindow::dropEvent(QDropEvent* event) {
   startPage->SetInviting(false);
   const QString path = DraggedFile(*event->mimeData());
   if (path.isEmpty()) return;
-  event->acceptProposedAction();
+  AcceptCopy(*event);
   // The other application waits until this returns.
   QMetaObject::invokeMethod(
       this, [this, path] { OpenPicture(path); }, Qt::QueuedConnection);

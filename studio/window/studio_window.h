@@ -3,15 +3,14 @@
 #include <QLabel>
 #include <QMainWindow>
 #include <QStackedWidget>
-#include <QUndoStack>
 #include <memory>
-#include <optional>
 
 #include "platform/qt/qt_presenter.h"
+#include "studio/artwork.h"
 #include "studio/last_choices.h"
 #include "studio/mosaic_caller.h"
-#include "studio/window/artwork.h"
 #include "studio/window/canvas.h"
+#include "studio/window/document.h"
 #include "studio/window/message_boxes.h"
 #include "studio/window/start_page.h"
 #include "studio/window/window_actions.h"
@@ -21,7 +20,6 @@ class StudioWindow final : public QMainWindow {
  public:
   /// The last choices are kept where the user said, or in the user's settings when that is empty.
   explicit StudioWindow(const QString& statePath);
-  ~StudioWindow() override;
 
   /// These do what the menu does, and tell the person when it cannot be done. They answer whether
   /// it was done.
@@ -36,7 +34,7 @@ class StudioWindow final : public QMainWindow {
 
   /// Shows it without a way back to what was there before.
   void Show(const ArtworkPtr& artwork);
-  const ArtworkPtr& Shown() const { return shown; }
+  ArtworkPtr Shown() const { return document.Shown(); }
 
   /// Where the dialog shows.
   qtui::QtPresenter& Presenter() { return presenter; }
@@ -53,7 +51,6 @@ class StudioWindow final : public QMainWindow {
  private:
   void Connect();
   void MakeZoomMenu();
-  void MakeThemeMenu();
   void FillRecentMenu();
   void MakeStatusBar();
 
@@ -62,26 +59,23 @@ class StudioWindow final : public QMainWindow {
   bool AskForPicture();
   bool AskForExport();
   bool Ask(MosaicChoices& choices);
-  std::shared_ptr<const Mosaic> Build(const MosaicChoices& choices);
   void KeepChoices(const MosaicChoices& choices);
-  std::optional<MosaicChoices> LoadChoices();
   /// Does what the studio can do only one at a time; tells what goes wrong. Answers whether it was
   /// done.
   bool Do(const QString& failure, const std::function<bool()>& work);
 
-  void Change(const QString& name, ArtworkPtr next);
-  void TakeUndoState();
-  void TakeArtwork(const ArtworkPtr& artwork);
+  /// Undoes or redoes.
+  void Step(void (Document::*step)());
+  void ShowDocument();
   void Tell(const QString& text);
+  /// False, for what was cancelled was not done.
+  bool TellOfCancel();
 
-  const LastChoices lastChoices;
-  std::optional<MosaicChoices> choicesInMind;  // of this window; they count before kept ones
+  LastChoices lastChoices;
   MessageBoxes boxes;
   qtui::QtPresenter presenter;
   std::unique_ptr<MosaicCaller> caller;  // null until it could be made
-  ArtworkPtr shown;                      // null before the first picture
-  ArtworkPtr exported;                   // what was exported last
-  QUndoStack history;
+  Document document;
   WindowActions actions;
   QStackedWidget* const pages;
   StartPage* startPage;

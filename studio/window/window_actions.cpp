@@ -8,6 +8,7 @@
 
 #include "studio/text.h"
 #include "studio/window/line_icon.h"
+#include "studio/window/theme_menu.h"
 
 namespace {
 
@@ -93,7 +94,7 @@ void FillMenus(QMainWindow& window, WindowActions& actions) {
   QMenu* const view = bar.addMenu(Text("$$$/Studio/Menu/View=&View"));
   view->addActions({actions.zoomIn, actions.zoomOut, actions.actualSize, actions.fit});
   view->addSeparator();
-  actions.theme = view->addMenu(Text("$$$/Studio/Menu/Theme=&Theme"));
+  FillThemeMenu(*view->addMenu(Text("$$$/Studio/Menu/Theme=&Theme")));
 
   QMenu* const help = bar.addMenu(Text("$$$/Studio/Menu/Help=&Help"));
   help->addAction(actions.about);

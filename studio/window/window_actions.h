@@ -22,6 +22,5 @@ struct WindowActions {
   QAction* fit;
   QAction* about;
   QMenu* recent;
-  QMenu* theme;
   QAction* zoom;  // on the toolbar; its text is the present zoom
 };

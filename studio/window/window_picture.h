@@ -2,7 +2,7 @@
 
 #include <QByteArray>
 
-#include "studio/window/artwork.h"
+#include "studio/artwork.h"
 
 /// What the studio's window looks like over this artwork, as PNG; null is the empty window.
 QByteArray WindowPicture(const ArtworkPtr& artwork);

@@ -79,9 +79,11 @@ class StudioWindowTest : public testing::Test {
     timer->start(10);
   }
 
-  /// Closes the next box of that name, and keeps what it says.
+  /// Closes the next box of that name, and keeps what it says, which is never taken for markup.
   void Hear(const char* name, QString& text) {
     WhenOpen<QMessageBox>(name, [&text](QMessageBox& box) {
+      for (const QLabel* label : box.findChildren<QLabel*>())
+        EXPECT_EQ(label->textFormat(), Qt::PlainText);
       text = box.windowTitle() + "|" + box.text() + "|" + box.informativeText();
       box.close();
     });
@@ -112,6 +114,15 @@ class StudioWindowTest : public testing::Test {
   }
   QAction& Action(const char* name) const { return *window->findChild<QAction*>(name); }
   QString Summary() const { return window->findChild<QLabel*>("summary")->text(); }
+  QByteArray Load(const QString& name) const {
+    QFile file(Path(name));
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+  }
+  void Save(const QString& name, const QByteArray& content) const {
+    QFile file(Path(name));
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.write(content);
+  }
   QImage Canvas() const { return window->findChild<::Canvas*>()->grab().toImage(); }
 
   QTemporaryDir folder;
@@ -168,15 +179,17 @@ TEST_F(StudioWindowTest, APictureBecomesAMosaicThatCanBeUndoneAndExported) {
 
 TEST_F(StudioWindowTest, TakesWhatIsDroppedAndSaysWhatItCannotTake) {
   Open();
-  QFile(Path("text.png")).open(QIODevice::WriteOnly);
+  Save("text.png", {});
   const auto drop = [&](const QString& name) {
     QMimeData data;
     data.setUrls({QUrl::fromLocalFile(Path(name))});
     QDragEnterEvent enter({9, 9}, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
     QApplication::sendEvent(&*window, &enter);
     EXPECT_TRUE(enter.isAccepted());
-    QDropEvent event({9, 9}, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QDropEvent event({9, 9}, Qt::CopyAction | Qt::MoveAction, &data, Qt::LeftButton,
+                     Qt::ShiftModifier);
     QApplication::sendEvent(&*window, &event);
+    EXPECT_EQ(event.dropAction(), Qt::CopyAction) << "the file stays where it is";
     QTest::qWait(1);
   };
   drop("in.png");
@@ -197,24 +210,38 @@ TEST_F(StudioWindowTest, APictureOfUnknownSizeLeadsToPercentages) {
   ASSERT_TRUE(window->OpenPicture(Path("in.png")));
   EXPECT_EQ(Summary(), "Size unknown");
   QString shownWidth;
+  QWidget* owner = nullptr;
   window->Presenter().WhenPainted([&](QWidget& dialog) {
     shownWidth = dialog.findChild<QLabel*>("OrigWidthStatic")->text();
-    EXPECT_EQ(dialog.parentWidget(), &*window);
+    owner = dialog.parentWidget();
   });
   EXPECT_TRUE(
       Create("enter HorizontalCountTxt 12\nenter TileSpaceHorzTxt 1\nclick DeleteRasterChk\n"
              "enter NewWidthTxt 50\nkey Return"));
   EXPECT_EQ(shownWidth, "N/A");
+  EXPECT_EQ(owner, &*window);
   EXPECT_NEAR(window->Shown()->Size().width(), 30, 0.01);
   EXPECT_EQ(window->Shown()->mosaic->below.size(), QSize(60, 40)) << "the raster stays";
-  window->Export(Path("a.svg"));
+  EXPECT_TRUE(window->Export(Path("a.svg")));
+
+  window->SetSizeUnknown(false);
+  ASSERT_TRUE(window->OpenPicture(Path("in.png")));
+  EXPECT_FALSE(Create("key Escape"));
+  EXPECT_EQ(shownWidth, "60 pt");
 }
 
 TEST_F(StudioWindowTest, SaysWhyThereIsNoMosaicInThePersonsLanguage) {
   OpenPicture();
+  QString text;
+  Hear("error", text);
+  Save("state", "a person's notes");
+  ASSERT_FALSE(Create("key Return"));
+  EXPECT_TRUE(text.contains("state cannot be read")) << text.toStdString();
+  EXPECT_EQ(Load("state"), "a person's notes");
+  QFile::remove(Path("state"));
+
   Speak("de");
   EXPECT_FALSE(Create("key Escape"));
-  QString text;
   Hear("error", text);
   EXPECT_FALSE(Create("enter NewHeightTxt 0\nkey Return"));
   EXPECT_FALSE(window->Shown()->mosaic);
@@ -234,6 +261,34 @@ TEST_F(StudioWindowTest, SaysWhyThereIsNoMosaicInThePersonsLanguage) {
   EXPECT_TRUE(error.contains("|Über das Modul ")) << error.toStdString();
 }
 
+TEST_F(StudioWindowTest, AsksBeforeClosingForEveryMosaicThatIsNotExported) {
+  QImage green(30, 30, QImage::Format_RGB32);
+  green.fill(qRgb(90, 200, 90));
+  green.setColorSpace(QColorSpace(QColorSpace::DisplayP3));
+  green.save(Path("green.png"));
+  for (const bool isExported : {false, true}) {
+    OpenPicture();
+    ASSERT_TRUE(Create("key Return"));
+    ASSERT_TRUE(window->OpenPicture(Path("green.png")));
+    EXPECT_EQ(Canvas().pixel(Canvas().rect().center()),
+              green.convertedToColorSpace(QColorSpace(QColorSpace::SRgb)).pixel(0, 0));
+    QString text;
+    WhenOpen<QMessageBox>("notExported", [&](QMessageBox& box) {
+      text = box.text();
+      const auto role = isExported ? QMessageBox::AcceptRole : QMessageBox::DestructiveRole;
+      for (QAbstractButton* button : box.buttons()) {
+        if (box.buttonRole(button) == role) return button->click();
+      }
+    });
+    if (isExported) {
+      WhenOpen<QDialog>("export", [](QDialog& dialog) { dialog.accept(); });
+    }
+    Close();
+    EXPECT_EQ(text, "Your mosaic of in.png is not exported yet.");
+    EXPECT_EQ(Load("in mosaic.svg").count("<rect "), isExported ? 6700 : 0);
+  }
+}
+
 TEST_F(StudioWindowTest, ALongBuildCanBeCancelledAndEndsWithTheProgram) {
   for (const bool programEnds : {false, true}) {
     OpenPicture();
@@ -242,7 +297,12 @@ TEST_F(StudioWindowTest, ALongBuildCanBeCancelledAndEndsWithTheProgram) {
     WhenOpen<QProgressDialog>("progress", [&](QProgressDialog& dialog) {
       wasSeen = true;
       EXPECT_FALSE(window->close());
-      programEnds ? QApplication::exit() : dialog.findChild<QPushButton*>()->click();
+      if (programEnds) return QApplication::exit();
+      auto& cancel = *dialog.findChild<QPushButton*>();
+      EXPECT_TRUE(cancel.isVisible());
+      dialog.close();
+      EXPECT_TRUE(dialog.isVisible() && !cancel.isVisible()) << "until the work has stopped";
+      EXPECT_EQ(dialog.labelText(), "Stopping…");
     });
     if (programEnds) {
       QTimer::singleShot(0, &*window, [&] { Action("createTesserae").trigger(); });
@@ -344,6 +404,29 @@ QImage Painted(QSize tiles, QSizeF tile, QSizeF spacing, double scale, double ra
   return image;
 }
 
+TEST(Settings, KnowRecentPicturesEvenWhileTheirDiskIsAway) {
+  const QTemporaryDir folder;
+  qputenv("XDG_CONFIG_HOME", folder.path().toUtf8());
+  const auto path = [&](const QString& name) { return folder.filePath(name); };
+  for (const char* name : {"1", "2", "3", "4", "5", "6", "7", "8", "9", "5"}) {
+    QFile(path(name)).open(QIODevice::WriteOnly);
+    settings::AddRecentPicture(path(name));
+  }
+  ASSERT_TRUE(QFile::rename(path("9"), path("away")));
+  EXPECT_EQ(settings::RecentPictures(), QStringList({path("5"), path("8"), path("7"), path("6"),
+                                                     path("4"), path("3"), path("2")}));
+  settings::AddRecentPicture(path("4"));
+  ASSERT_TRUE(QFile::rename(path("away"), path("9")));
+  EXPECT_EQ(settings::RecentPictures().mid(0, 3), QStringList({path("4"), path("5"), path("9")}));
+  settings::ClearRecentPictures();
+  EXPECT_EQ(settings::RecentPictures(), QStringList());
+
+  for (const auto theme : {qtui::Theme::kDark, qtui::Theme::kLight, qtui::Theme::kSystem}) {
+    settings::ChooseTheme(theme);
+    EXPECT_EQ(settings::ChosenTheme(), theme);
+  }
+}
+
 TEST(TilePainter, TilesLieWhereTheyBelongAtAnyScale) {
   for (const double ratio : {1.0, 2.0}) {
     const QImage large = Painted({3, 2}, {6, 4}, {2, 1}, 5, ratio);
@@ -366,6 +449,10 @@ TEST(TilePainter, TilesLieWhereTheyBelongAtAnyScale) {
   const QImage small = Painted({2000, 2000}, {0.5, 0.5}, {0.5, 0.5}, 0.25, 1);
   EXPECT_NEAR(qRed(small.pixel(260, 260)), 191, 4);
   EXPECT_EQ(qBlue(small.pixel(260, 260)), 255);
+  // In one direction only, the gaps of the other one stay.
+  const QImage narrow = Painted({2000, 10}, {0.3, 42}, {0, 20}, 1, 1);
+  EXPECT_EQ(narrow.pixelColor(310, 10 + 20), Qt::blue);
+  EXPECT_EQ(narrow.pixelColor(310, 10 + 52), Qt::white);
 }
 
 }  // namespace

@@ -1,0 +1,56 @@
+#include "studio/window/document.h"
+
+#include <gtest/gtest.h>
+
+#include "tests/studio/random_picture.h"
+
+namespace {
+
+/// 16 by 16 pixels of four bytes are a kilobyte.
+ArtworkPtr Placed() {
+  return Place("a.png", Picture(RandomImage(16, 16, QImage::Format_RGB32, 1)), false);
+}
+
+ArtworkPtr MosaicOf(const ArtworkPtr& artwork) {
+  return WithMosaic(*artwork, {{}, {}, RandomImage(16, 16, QImage::Format_ARGB32, 2), {}});
+}
+
+TEST(Document, KnowsWhichMosaicWouldBeLost) {
+  Document document;
+  EXPECT_FALSE(document.Unexported());
+  document.Change("place", Placed());
+  const ArtworkPtr first = MosaicOf(document.Shown());
+  document.Change("create", first);
+  EXPECT_EQ(document.Unexported(), first);
+  document.NoteExport();
+  EXPECT_FALSE(document.Unexported());
+
+  const ArtworkPtr second = MosaicOf(first);
+  document.Change("create", second);
+  document.NoteExport();
+  document.Undo();
+  EXPECT_FALSE(document.Unexported()) << "both are exported";
+
+  const ArtworkPtr third = MosaicOf(first);
+  document.Change("create", third);
+  EXPECT_EQ(document.RedoName(), "") << "the second is gone";
+  const ArtworkPtr fourth = MosaicOf(first);
+  document.Change("create", fourth);
+  document.Change("place", Placed());
+  EXPECT_EQ(document.Unexported(), fourth);
+  while (document.Shown() != fourth) document.Undo();
+  document.NoteExport();
+  document.Redo();
+  EXPECT_FALSE(document.Unexported()) << "the fourth replaced the third";
+  EXPECT_EQ(document.UndoName(), "place");
+}
+
+TEST(Document, ForgetsItsOldestStepsWhenTheyGetHeavy) {
+  Document document(Placed(), 5 << 10);
+  for (int i = 0; i < 10; ++i) document.Change("create", MosaicOf(document.Shown()));
+  int steps = 0;
+  for (; !document.UndoName().isEmpty(); ++steps) document.Undo();
+  EXPECT_EQ(steps, 3) << "a picture that they share, and four mosaics";
+}
+
+}  // namespace
