@@ -1,0 +1,41 @@
+#include "studio/mosaic_caller.h"
+
+#include <gtest/gtest.h>
+
+#include <functional>
+
+#include "studio/studio_error.h"
+
+namespace {
+
+void Ask(MosaicCaller& caller) {
+  MosaicParameters params{};
+  MosaicDialogState state{};
+  caller.Ask(params, state);
+}
+
+TEST(MosaicCaller, SaysWhatFailedAndWhy) {
+  const struct {
+    const char* refused;
+    std::function<void(MosaicCaller&)> call;
+    const char* text;
+  } kCases[] = {
+      {"acquire/VX TesseraeUI Suite", Ask, "the module offers no dialog: code 12"},
+      {"Sheet Factory/CreateSheetHolder", Ask, "the dialog cannot be shown: 'CANT'"},
+      {"release/QP Access Suite", &MosaicCaller::Close,
+       "the module gave back too little: suite \"QP Access Suite\" 3 has 1 users"},
+  };
+  for (const auto& [refused, call, text] : kCases) {
+    standin::RecordingUserInterface screen;
+    MosaicCaller caller(screen);
+    standin::Host::Current().Operations().Refuse(refused, ResultCode{12});
+    try {
+      call(caller);
+      ADD_FAILURE() << refused;
+    } catch (const StudioError& error) {
+      EXPECT_STREQ(error.what(), text) << refused;
+    }
+  }
+}
+
+}  // namespace
