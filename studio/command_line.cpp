@@ -120,8 +120,9 @@ QStringList CommandLine::Pictures() const {
 QString CommandLine::HelpText() {
   return R"(tesserae-studio [PICTURE] [OPTION]...
 
-Opens its window, where there is a display. With one of the first five options it places
-the picture, asks for a mosaic in the dialog "Create Tesserae", builds it, and ends.
+Opens its window, where there is a display. With one of the first three options it places
+the picture, asks for a mosaic in the dialog "Create Tesserae", builds it, and ends. With
+pictures of dialog or window alone it makes these, and ends.
 
   --gestures FILE   plays these gestures on the dialog, as a person would
   --export FILE     writes the mosaic, by the name's ending: .svg, .png or .pdf;

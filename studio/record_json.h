@@ -16,6 +16,6 @@ QByteArray RecordToJson(const MosaicChoices& record);
 /// Only what the next run takes up: counts, flags and the state.
 QByteArray ChoicesToJson(const MosaicChoices& choices);
 
-/// The reverse. Fields that aren't choices stay 0. Throws StudioError, with the reason alone, for
-/// anything that ChoicesToJson could not have written; unknown fields are passed over.
+/// The reverse. Fields that aren't choices stay 0, whatever the text says of them. Throws
+/// StudioError, with the reason alone, when a choice is missing or has a value that it can't have.
 MosaicChoices ChoicesFromJson(const QByteArray& json);
