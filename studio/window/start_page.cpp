@@ -1,6 +1,5 @@
 #include "studio/window/start_page.h"
 
-#include <QFileInfo>
 #include <QLabel>
 #include <QPainter>
 #include <QPushButton>
@@ -8,6 +7,7 @@
 #include <QToolButton>
 
 #include "studio/text.h"
+#include "studio/window/file_texts.h"
 #include "studio/window/line_icon.h"
 
 namespace {
@@ -89,8 +89,8 @@ void StartPage::ShowRecent(const QStringList& paths) {
   recent->setVisible(!paths.isEmpty());
   for (const QString& path : paths.mid(0, kMostPictures)) {
     auto* const button = new QToolButton;
-    button->setText(QFileInfo(path).fileName().replace('&', "&&"));
-    button->setToolTip(path);
+    button->setText(FileCaption(path));
+    button->setToolTip(FileToolTip(path));
     button->setAutoRaise(true);
     button->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
     button->setIcon(LineIcon(Drawing::kPicture));

@@ -11,6 +11,7 @@
 #include "studio/studio_error.h"
 #include "studio/text.h"
 #include "studio/window/file_dialogs.h"
+#include "studio/window/file_texts.h"
 #include "studio/window/mosaic_work.h"
 #include "studio/window/settings.h"
 #include "studio/window/size_text.h"
@@ -106,9 +107,9 @@ void StudioWindow::FillRecentMenu() {
   const QStringList paths = settings::RecentPictures();
   actions.recent->clear();
   for (const QString& path : paths) {
-    QAction* const action = actions.recent->addAction(QFileInfo(path).fileName().replace('&', "&&"),
-                                                      this, [this, path] { OpenPicture(path); });
-    action->setToolTip(path);
+    QAction* const action =
+        actions.recent->addAction(FileCaption(path), this, [this, path] { OpenPicture(path); });
+    action->setToolTip(FileToolTip(path));
   }
   actions.recent->setToolTipsVisible(true);
   actions.recent->setEnabled(!paths.isEmpty());

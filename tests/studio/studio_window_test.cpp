@@ -453,6 +453,12 @@ TEST(TilePainter, TilesLieWhereTheyBelongAtAnyScale) {
   const QImage narrow = Painted({2000, 10}, {0.3, 42}, {0, 20}, 1, 1);
   EXPECT_EQ(narrow.pixelColor(310, 10 + 20), Qt::blue);
   EXPECT_EQ(narrow.pixelColor(310, 10 + 52), Qt::white);
+
+  // Nothing is painted of tiles that found no memory.
+  const Mosaic without{{}, {2, 2, {20, 20}, {0, 0}, {10, 10}}, {}, {}};
+  QImage page(20, 20, QImage::Format_RGB32);
+  QPainter painter(&page);
+  TilePainter(std::make_shared<const Mosaic>(without)).Paint(painter, {0, 0, 20, 20});
 }
 
 }  // namespace
