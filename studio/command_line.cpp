@@ -3,6 +3,7 @@
 #include <iterator>
 
 #include "studio/studio_error.h"
+#include "studio/window/settings.h"
 
 namespace {
 
@@ -93,7 +94,7 @@ CommandLine CommandLine::Parse(const QStringList& arguments) {
     }
     TakeValue(line, name, value);
   }
-  if (!line.theme.isEmpty() && !QStringList{"light", "dark", "system"}.contains(line.theme)) {
+  if (!line.theme.isEmpty() && !settings::ThemeNamed(line.theme)) {
     throw StudioError("$$$/Studio/Line/Theme=--theme is light, dark or system, not %1", line.theme);
   }
   return line;

@@ -34,13 +34,6 @@ void SpeakLanguage(const QString& code) {
     QCoreApplication::installTranslator(&translator);
 }
 
-void TakeTheme(const QString& name) {
-  if (name.isEmpty()) return qtui::ApplyTheme(settings::ChosenTheme());
-  qtui::ApplyTheme(name == "dark"    ? qtui::Theme::kDark
-                   : name == "light" ? qtui::Theme::kLight
-                                     : qtui::Theme::kSystem);
-}
-
 int RunWindow(const CommandLine& line) {
   const Interruption interruption;
   const QSocketNotifier notifier(interruption.Descriptor(), QSocketNotifier::Read);
@@ -56,7 +49,7 @@ int RunWindow(const CommandLine& line) {
 
 int RunStudio(const CommandLine& line) {
   SpeakLanguage(line.language);
-  TakeTheme(line.theme);
+  qtui::ApplyTheme(settings::ThemeNamed(line.theme).value_or(settings::ChosenTheme()));
   if (line.WantsWindow() && HasDisplay()) return RunWindow(line);
   return ConsoleRun(line).Run();
 }

@@ -2,8 +2,8 @@
 
 #include <cmath>
 
+#include "studio/number_text.h"
 #include "studio/studio_error.h"
-#include "studio/text_writer.h"
 
 namespace {
 

@@ -3,6 +3,7 @@
 #include <QByteArray>
 #include <cstdio>
 
+#include "studio/number_text.h"
 #include "studio/picture_encoding.h"
 #include "studio/text_writer.h"
 

@@ -1,8 +1,28 @@
 #include "studio/svg_sink.h"
 
+#include <string_view>
+
+#include "studio/number_text.h"
 #include "studio/picture_encoding.h"
 
 namespace {
+
+/// "#rrggbb"; the opacity doesn't show.
+class ColorText {
+ public:
+  explicit ColorText(QRgb color) {
+    constexpr char kHexDigits[] = "0123456789abcdef";
+    int at = 1;
+    for (const int channel : {qRed(color), qGreen(color), qBlue(color)}) {
+      text[at++] = kHexDigits[channel >> 4];
+      text[at++] = kHexDigits[channel & 15];
+    }
+  }
+  operator std::string_view() const { return {text, sizeof text}; }
+
+ private:
+  char text[7] = {'#'};
+};
 
 std::string SizeAttributes(QSizeF size) {
   return "\" width=\"" + NumberText(size.width()) + "\" height=\"" + NumberText(size.height());

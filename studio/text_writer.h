@@ -1,9 +1,6 @@
 #pragma once
 
-#include <QByteArray>
 #include <QIODevice>
-#include <QRgb>
-#include <QString>
 #include <string>
 #include <string_view>
 
@@ -29,24 +26,5 @@ class TextWriter {
   std::string buffer;
 };
 
-/// Writes all of it. Throws StudioError when the device refuses.
+/// Writes all of it. Throws the StudioError that says which file could not be written and why.
 void WriteAll(QIODevice& device, std::string_view bytes);
-
-/// Throws the StudioError that says which file could not be written and why.
-[[noreturn]] void ThrowWriteError(const QIODevice& device);
-
-/// A number with at most four decimals and no more digits than it needs.
-std::string NumberText(double value);
-
-/// The same with the decimal sign of the user's language.
-QString NumberForUser(double value);
-
-/// "#rrggbb"; the opacity doesn't show.
-class ColorText {
- public:
-  explicit ColorText(QRgb color);
-  operator std::string_view() const { return {text, sizeof text}; }
-
- private:
-  char text[7];
-};

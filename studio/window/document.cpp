@@ -32,14 +32,22 @@ void Document::Redo() {
 }
 
 ArtworkPtr Document::Unexported() const {
+  const auto step = FindUnexported();
+  return step ? steps[*step].artwork : nullptr;
+}
+
+void Document::ShowUnexported() {
+  current = FindUnexported().value_or(current);
+}
+
+std::optional<size_t> Document::FindUnexported() const {
   bool isReplaced = false;
   for (size_t i = current + 1; i-- > 0;) {
-    const ArtworkPtr& artwork = steps[i].artwork;
-    const bool isMosaic = artwork && artwork->mosaic;
-    if (isMosaic && !isReplaced && !steps[i].isExported) return artwork;
+    const bool isMosaic = steps[i].artwork && steps[i].artwork->mosaic;
+    if (isMosaic && !isReplaced && !steps[i].isExported) return i;
     isReplaced = isMosaic;  // pictures are placed as such, so a mosaic follows one of its picture
   }
-  return nullptr;
+  return std::nullopt;
 }
 
 /// Artworks share images, so each is counted by what it shares.

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QString>
+#include <optional>
 #include <vector>
 
 #include "studio/artwork.h"
@@ -36,6 +37,8 @@ class Document {
   /// The last mosaic that would be lost: neither exported, nor undone, nor replaced by another one
   /// of the same picture. Null when there is none.
   ArtworkPtr Unexported() const;
+  /// Goes back to it.
+  void ShowUnexported();
 
  private:
   struct Step {
@@ -44,6 +47,7 @@ class Document {
     bool isExported = false;
   };
 
+  std::optional<size_t> FindUnexported() const;
   qint64 Bytes() const;
 
   qint64 mostBytes;

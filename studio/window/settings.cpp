@@ -47,11 +47,14 @@ void ClearRecentPictures() {
   File().remove(kRecentPictures);
 }
 
-qtui::Theme ChosenTheme() {
-  const QString name = File().value(kTheme).toString();
+std::optional<qtui::Theme> ThemeNamed(const QString& name) {
   const auto* const found = std::find(std::begin(kThemeNames), std::end(kThemeNames), name);
-  return found == std::end(kThemeNames) ? qtui::Theme::kSystem
-                                        : qtui::Theme(found - std::begin(kThemeNames));
+  if (found == std::end(kThemeNames)) return std::nullopt;
+  return qtui::Theme(found - std::begin(kThemeNames));
+}
+
+qtui::Theme ChosenTheme() {
+  return ThemeNamed(File().value(kTheme).toString()).value_or(qtui::Theme::kSystem);
 }
 
 void ChooseTheme(qtui::Theme theme) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QStringList>
+#include <optional>
 
 #include "platform/qt/theme.h"
 
@@ -12,6 +13,9 @@ namespace settings {
 QStringList RecentPictures();
 void AddRecentPicture(const QString& path);
 void ClearRecentPictures();
+
+/// As "dark"; nothing when no theme is called that.
+std::optional<qtui::Theme> ThemeNamed(const QString& name);
 
 qtui::Theme ChosenTheme();
 void ChooseTheme(qtui::Theme theme);

@@ -2,8 +2,8 @@
 
 #include <cmath>
 
+#include "studio/number_text.h"
 #include "studio/text.h"
-#include "studio/text_writer.h"
 
 namespace {
 

@@ -278,7 +278,7 @@ void StudioWindow::closeEvent(QCloseEvent* event) {
     const auto answer = boxes.AskBeforeClosing(QFileInfo(mosaic->path).fileName());
     if (answer == MessageBoxes::Answer::kStay) return;
     if (answer == MessageBoxes::Answer::kDiscard) break;
-    while (Shown() != mosaic) Step(&Document::Undo);
+    Step(&Document::ShowUnexported);
     if (!AskForExport()) return;
   }
   settings::SetWindowGeometry(saveGeometry());

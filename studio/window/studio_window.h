@@ -64,7 +64,7 @@ class StudioWindow final : public QMainWindow {
   /// done.
   bool Do(const QString& failure, const std::function<bool()>& work);
 
-  /// Undoes or redoes.
+  /// Goes from one artwork to another.
   void Step(void (Document::*step)());
   void ShowDocument();
   void Tell(const QString& text);

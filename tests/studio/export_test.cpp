@@ -4,8 +4,8 @@
 #include <QFile>
 
 #include "studio/mosaic_export.h"
+#include "studio/number_text.h"
 #include "studio/studio_error.h"
-#include "studio/text_writer.h"
 
 namespace {
 
