@@ -1,6 +1,5 @@
 #include "host/failure_report.h"
 
-#include "host/error.h"
 #include "host/test_plugin.h"
 
 namespace {
@@ -115,26 +114,6 @@ TEST_F(FailureReportTest, TheSameCodeIsShownOncePerFiveSeconds) {
   EXPECT_EQ(Fail(12), 4u) << "what is silent does not come between";
   Object()->suppressRepeatedErrors = false;
   EXPECT_EQ(Fail(12), 5u);
-}
-
-TEST_F(FailureReportTest, ItsOwnFailuresOnlyMeanThatNothingIsShown) {
-  const auto boom = std::make_exception_ptr(vx::Error(ResultCode::kParameter));
-  for (const char* operation :
-       {"acquire/Glossa Host Init Suite", "Glossa Host Init Suite/GetHostModule",
-        "KDM Basic Suite/GetListString", "VX Unicode String Suite/CreateFromText",
-        "VX User Suite/ShowErrorAlert"}) {
-    SCOPED_TRACE(operation);
-    Operations().Throw(operation, boom);
-    EXPECT_EQ(Shown(500), kNothing);
-  }
-  EXPECT_EQ(host.Suites().Users("Glossa Host Init Suite"), 0u);
-  Operations().Refuse("Glossa Host Init Suite/GetHostModule", ResultCode::kCannot);
-  const size_t reads = Operations().Calls("KDM Basic Suite/GetListString");
-  EXPECT_EQ(Shown(500), "The operation failed (500).");
-  EXPECT_EQ(Operations().Calls("KDM Basic Suite/GetListString"), reads + 6) << "of its own list";
-  Operations().Refuse("VX Unicode String Suite/CreateFromText", ResultCode::kCannot);
-  EXPECT_EQ(Shown(12), kNothing);
-  EXPECT_EQ(Shown(12), "The operation failed (12).");
 }
 
 }  // namespace

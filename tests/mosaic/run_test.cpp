@@ -6,18 +6,6 @@ namespace {
 
 class RunTest : public MosaicTest {};
 
-TEST_F(RunTest, WhateverThrowsMeansThatTheDialogCannotBeShown) {
-  const MosaicParameters given = record;
-  EXPECT_EQ(Run([](const OpenDialog&) { throw 7; }), ResultCode::kCannot);
-  EXPECT_EQ(Run([](const OpenDialog& open) {
-              open.Get("NewWidthTxt").UI_SetNodeID("Renamed");
-              open.dialog.OnReturnKey();
-            }),
-            ResultCode::kCannot);
-  EXPECT_EQ(std::memcmp(&record, &given, sizeof(record)), 0);
-  EXPECT_TRUE(host.Sheets().Leftovers().empty());
-}
-
 TEST_F(RunTest, ADialogThatFailsToGoAwayHasStillWrittenItsResult) {
   class FailingWindow final : public nrvui::ui::NodeObserver {
    public:
