@@ -56,7 +56,7 @@ std::optional<ScriptError> WindowPlayer::Play(const std::function<void()>& after
   }
   return scriptRun.Play([&](const Step& step) {
     run.TakeOutcome();
-    const Outcome outcome = Play(step);
+    Outcome outcome = Play(step);
     QCoreApplication::processEvents();
     run.RethrowFailure();
     if (!run.IsOver()) afterStep();
