@@ -32,6 +32,7 @@ MosaicCaller::MosaicCaller(standin::UserInterface& userInterface)
 }
 
 MosaicCaller::Answer MosaicCaller::Ask(MosaicParameters& params, MosaicDialogState& state) {
+  host.ForgetResourceProblems();
   const standin::HeldSuite<MosaicSuite> suite(host);
   if (!suite)
     Fail("$$$/Studio/Module/NoDialog=the module offers no dialog: %1", Reason(suite.Code()));
@@ -48,12 +49,14 @@ QString MosaicCaller::ModuleName() const {
 }
 
 void MosaicCaller::ShowAbout() {
+  host.ForgetResourceProblems();
   const ResultCode code = module->About();
   if (Failed(code))
     Fail("$$$/Studio/Module/NoAbout=the module says nothing about itself: %1", Reason(code));
 }
 
 void MosaicCaller::Close() {
+  host.ForgetResourceProblems();
   const ResultCode code = module->ShutDown();
   if (Failed(code))
     Fail("$$$/Studio/Module/NotShutDown=the module cannot be shut down: %1", Reason(code));
@@ -63,7 +66,7 @@ void MosaicCaller::Close() {
     Fail("$$$/Studio/Module/LeftOver=the module gave back too little: %1", leftovers.front());
 }
 
-/// What the host found wrong on the way says more than the code.
+/// What the host found wrong during the call says more than the code.
 std::string MosaicCaller::Reason(ResultCode code) const {
   if (!host.ResourceProblems().empty()) return host.ResourceProblems().back();
   auto number = uint32_t(code);

@@ -59,9 +59,11 @@ class Host {
   SheetService& Sheets() { return *sheets; }
   UserInterface& Interface() { return userInterface; }
 
-  /// What was wrong with resources, each reason once and in the order of their discovery.
+  /// What was wrong with resources since they were last forgotten, each reason once and in the
+  /// order of their discovery.
   const std::vector<std::string>& ResourceProblems() const { return resourceProblems; }
   void NoteResourceProblem(const std::string& reason);
+  void ForgetResourceProblems() { resourceProblems.clear(); }
 
   /// What plug-ins took and have not given back, and the ledger's faults, a line each; empty when
   /// all is clean. Blocks and faults count from this host's beginning.
