@@ -190,8 +190,9 @@ QSize DialogContent::Align() {
 
 void DialogContent::NodeChanged(UI_Node& node) {
   const auto found = viewOfNode.find(&node);
-  if (found == viewOfNode.end() || isOutdated) return;
+  if (found == viewOfNode.end()) return;
   if (found->second->StillFits()) return found->second->Follow();
+  if (isOutdated) return;
   isOutdated = true;
   whenOutdated();
 }

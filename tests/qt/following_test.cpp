@@ -78,6 +78,10 @@ TEST_F(Following, MakesWidgetsForNodesThatCome) {
     EXPECT_TRUE(open.Field("width").IsMarked());
     EXPECT_TRUE(open.Message().contains("9000 pt is more than 8640 pt"));
     EXPECT_LT(open.Get("count").y(), open.Get("width").y());
+    test.panel->ChildSwapOrder(0, 1);
+    test.width->SetNumber(4);
+    QCoreApplication::processEvents();
+    EXPECT_FALSE(open.Field("width").IsMarked()) << "code has put another number there";
   });
 }
 
