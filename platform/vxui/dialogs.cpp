@@ -20,12 +20,8 @@ class PoppedUp {
 
 UI_PopupModalDialog::~UI_PopupModalDialog() = default;
 
-void UI_PopupModalDialog::RunModal() {
-  if (!MayPopUp()) return SetResponse(nrvui::ui::kCancelResponse);
-  UI_Dialog::RunModal();
-}
-
 void UI_PopupModalDialog::Run(nrvui::ui::DialogPresenter& presenter) {
+  if (!MayPopUp()) return SetResponse(nrvui::ui::kCancelResponse);
   const PoppedUp poppedUp(*this);
   UI_Dialog::Run(presenter);
 }

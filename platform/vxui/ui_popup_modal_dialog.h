@@ -10,11 +10,9 @@ class NRV_EXPORT UI_PopupModalDialog : public nrvui::ui::UI_Dialog {
   using UI_Dialog::UI_Dialog;
   ~UI_PopupModalDialog() override;
 
-  /// Asks MayPopUp, and cancels unless it agrees; tells OnPopUp before and OnDismiss after the run,
-  /// also when the run throws.
-  void RunModal() override;
-
+  /// A run asks this first, and is cancelled unless it agrees.
   virtual bool MayPopUp();
+  /// Told before and after a run, also when it throws.
   virtual void OnPopUp();
   virtual void OnDismiss() noexcept;
 
