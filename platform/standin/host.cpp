@@ -25,9 +25,9 @@ Host::Host(UserInterface& screen, const std::filesystem::path& resources)
       lists(resources),
       sheets(std::make_unique<SheetService>(*this, resources)),
       hostModule(objects.modules.Add({.fileName = "host", .name = "host", .isHost = true})),
-      ledgerMark(qpbasic::Ledger::Get().Mark()),
-      earlierFaults(qpbasic::Ledger::Get().Faults().size()) {
+      ledgerMark(qpbasic::Ledger::Get().Mark()) {
   if (currentHost) throw std::logic_error("a process has one host at a time");
+  qpbasic::Ledger::Get().ForgetFaults();  // they were another host's
   AddHostSuites(operations, suites);
   currentHost = this;
 }
@@ -93,8 +93,7 @@ std::vector<std::string> Host::Leftovers() const {
   const qpbasic::Ledger& ledger = qpbasic::Ledger::Get();
   for (const std::string& block : ledger.Forgotten(ledgerMark))
     lines.push_back("not freed: " + block);
-  const std::vector<std::string> faults = ledger.Faults();
-  for (size_t i = earlierFaults; i < faults.size(); ++i) lines.push_back(faults[i]);
+  for (const std::string& fault : ledger.Faults()) lines.push_back(fault);
   return lines;
 }
 

@@ -79,7 +79,6 @@ class Host {
   std::unique_ptr<SheetService> sheets;
   ModuleRef hostModule;
   uint64_t ledgerMark;
-  size_t earlierFaults;
 };
 
 }  // namespace standin
