@@ -6,6 +6,7 @@ target_compile_options(tesserae_settings INTERFACE -Wall -Wextra -Wpedantic
   -Wnon-virtual-dtor -Woverloaded-virtual -Werror)
 if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
   # A unique symbol keeps its image in the process for good; the module must be able to leave.
+  # Nobody replaces functions of our libraries, so these may call their own directly.
   target_compile_options(tesserae_settings INTERFACE -fno-gnu-unique -fno-semantic-interposition)
   if(CMAKE_CXX_COMPILER_VERSION VERSION_LESS 13)
     # GCC 12 warns of overlaps inside the standard library's own string operations.

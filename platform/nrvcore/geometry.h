@@ -1,6 +1,16 @@
 #pragma once
 
+#include <algorithm>
+
 namespace nrvcore::geom {
+
+/// No length of the toolkit is greater, and no place farther away.
+inline constexpr float kGreatestLength = 1e6f;
+
+/// std::max in this order also turns what is no number into the least.
+inline float Bounded(float length, float least) {
+  return std::min(std::max(least, length), kGreatestLength);
+}
 
 /// A place, or a size with x as its width. In points, y downwards, as all of the toolkit's lengths.
 template <class T>

@@ -1,6 +1,5 @@
 #include "platform/nrvui/os_dialog.h"
 
-#include <algorithm>
 #include <stdexcept>
 #include <utility>
 
@@ -8,19 +7,15 @@
 
 namespace nrvui::ui {
 
+using nrvcore::geom::Bounded;
+using nrvcore::geom::kGreatestLength;
+
 namespace {
 
 constexpr const char* kNoPresenter =
     "$$$/nrvui/Dialog/Error/NoPresenter=There is nobody to show the dialog to.";
 
-constexpr float kGreatestSize = 1e6f;
-
 DialogPresenter* installedPresenter = nullptr;
-
-/// std::max in this order also turns what is no number into the least.
-float Bounded(float value, float least) {
-  return std::min(std::max(least, value), kGreatestSize);
-}
 
 class WhileOpen {
  public:
@@ -41,7 +36,7 @@ OS_Dialog::OS_Dialog(const drawbot::SupplierInterface* drawingSupplier,
                      const DialogStyle& windowStyle)
     : supplier(drawingSupplier),
       title(windowTitle),
-      dialogPoint{Bounded(point.x, -kGreatestSize), Bounded(point.y, -kGreatestSize)},
+      dialogPoint{Bounded(point.x, -kGreatestLength), Bounded(point.y, -kGreatestLength)},
       style(windowStyle) {
   SetContentSize(contentSize);
 }

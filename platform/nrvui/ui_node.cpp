@@ -8,15 +8,8 @@ namespace nrvui::ui {
 
 namespace {
 
-constexpr float kGreatestSize = 1e6f;
-
-/// std::max in this order also turns what is no number into 0.
-float BoundedSize(float size) {
-  return std::min(std::max(0.0f, size), kGreatestSize);
-}
-
 nrvcore::geom::PointT<float> SizeOf(const nrvcore::geom::RectT<float>& rect) {
-  return {BoundedSize(rect.Width()), BoundedSize(rect.Height())};
+  return {nrvcore::geom::Bounded(rect.Width(), 0), nrvcore::geom::Bounded(rect.Height(), 0)};
 }
 
 }  // namespace

@@ -20,7 +20,7 @@ class NRV_EXPORT UI_NumberEdit : public UI_TextEdit {
   virtual void SetLowerBound(double bound);
   virtual void SetUpperBound(double bound);
   double GetLowerBound() const;
-  /// The one that counts.
+  /// The lower bound where that is greater.
   double GetUpperBound() const;
 
   virtual NumberUnit GetUnit() const;

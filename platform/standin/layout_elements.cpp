@@ -111,6 +111,10 @@ constexpr LayoutElement kElements[] = {
     {"text-button", false, Make<UI_TextButton>, kButtonAttributes},
 };
 
+static_assert(std::ranges::all_of(kElements, [](const LayoutElement& element) {
+  return element.attributes.size() <= kMostAttributes;
+}));
+
 template <typename Row>
 const Row* FindByName(std::span<const Row> rows, std::string_view name) {
   const auto row = std::find_if(rows.begin(), rows.end(),

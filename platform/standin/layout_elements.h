@@ -10,6 +10,9 @@
 
 namespace standin {
 
+/// That an element may have.
+inline constexpr size_t kMostAttributes = 8;
+
 enum class Presence { kOptional, kRequired };
 
 struct AttributeRule {

@@ -25,7 +25,6 @@ constexpr const char* kRoot = "sheet";
 constexpr const char* kInitialFocus = "focus";  // the root's attribute
 constexpr size_t kLargestFile = 1 << 18;
 constexpr int kDeepestNesting = 32;
-constexpr size_t kMostAttributes = 8;  // that an element may have
 
 class Reader {
  public:

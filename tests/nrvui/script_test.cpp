@@ -87,6 +87,6 @@ TEST(Script, ErrorsOfHandlersPassThrough) {
 TEST(Script, IsReadFromAFileOfAnyLength) {
   const TemporaryFolder folder;
   EXPECT_THROW(GestureScript::ReadFile(folder.path), ScriptError) << "a folder";
-  folder.Write("long", std::string(10000, '\n') + "close\n");
+  folder.Write("long", std::string(10000, '\n').append("close\n"));
   EXPECT_EQ(GestureScript::ReadFile(folder.path / "long").Steps().at(0).line, 10001u);
 }
