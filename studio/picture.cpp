@@ -140,12 +140,18 @@ Picture Picture::Read(const QString& path) {
   return Picture(Upright(std::move(image), reader.transformation()));
 }
 
-Picture::Picture(QImage image)
-    : pixels(InEightBits(std::move(image))),
-      pixelsInSrgb(ColorSpace().isValid()
+Picture::Picture(QImage image) : pixels(InEightBits(std::move(image))) {
+  if (pixels.isNull()) throw StudioError(kNoMemory);
+}
+
+const QImage& Picture::PixelsInSrgb() const {
+  if (pixelsInSrgb.isNull()) {
+    pixelsInSrgb = ColorSpace().isValid()
                        ? pixels.convertedToColorSpace(QColorSpace(QColorSpace::SRgb))
-                       : pixels) {
-  if (pixels.isNull() || pixelsInSrgb.isNull()) throw StudioError(kNoMemory);
+                       : pixels;
+  }
+  if (pixelsInSrgb.isNull()) throw StudioError(kNoMemory);
+  return pixelsInSrgb;
 }
 
 QSizeF Picture::SizeInPoints() const {

@@ -19,8 +19,9 @@ class Picture {
 
   /// Upright pixels, Format_RGB32 or, when some are transparent, Format_ARGB32.
   const QImage& Pixels() const { return pixels; }
-  /// The same in sRGB, for showing.
-  const QImage& PixelsInSrgb() const { return pixelsInSrgb; }
+  /// The same in sRGB, for showing. Made when first asked for, which must not be by two threads at
+  /// once, and kept. Throws StudioError when there is no memory.
+  const QImage& PixelsInSrgb() const;
 
   bool HasAlpha() const { return pixels.format() == QImage::Format_ARGB32; }
 
@@ -32,5 +33,5 @@ class Picture {
 
  private:
   QImage pixels;
-  QImage pixelsInSrgb;  // shares `pixels` where these are in sRGB already
+  mutable QImage pixelsInSrgb;  // shares `pixels` where these are in sRGB already
 };

@@ -23,6 +23,7 @@ std::optional<Picture> ReadPicture(QWidget& window, const QString& path) {
   const QString label = Text("$$$/Studio/Progress/Opening=Opening %1…", QFileInfo(path).fileName());
   const bool isComplete = DoInBackground(window, label, [&](const Progress& goOn) {
     picture = Picture::Read(path);
+    picture->PixelsInSrgb();  // the canvas would make the window wait for them
     return goOn(1);
   });
   return isComplete ? std::move(picture) : std::nullopt;
