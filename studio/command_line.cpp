@@ -2,8 +2,8 @@
 
 #include <iterator>
 
+#include "platform/qt/theme.h"
 #include "studio/studio_error.h"
-#include "studio/window/settings.h"
 
 namespace {
 
@@ -94,7 +94,7 @@ CommandLine CommandLine::Parse(const QStringList& arguments) {
     }
     TakeValue(line, name, value);
   }
-  if (!line.theme.isEmpty() && !settings::ThemeNamed(line.theme)) {
+  if (!line.theme.isEmpty() && !qtui::ThemeNamed(line.theme)) {
     throw StudioError("$$$/Studio/Line/Theme=--theme is light, dark or system, not %1", line.theme);
   }
   return line;

@@ -49,7 +49,7 @@ int RunWindow(const CommandLine& line) {
 
 int RunStudio(const CommandLine& line) {
   SpeakLanguage(line.language);
-  qtui::ApplyTheme(settings::ThemeNamed(line.theme).value_or(settings::ChosenTheme()));
+  qtui::ApplyTheme(qtui::ThemeNamed(line.theme).value_or(settings::ChosenTheme()));
   if (line.WantsWindow() && HasDisplay()) return RunWindow(line);
   return ConsoleRun(line).Run();
 }

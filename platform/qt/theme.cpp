@@ -4,10 +4,14 @@
 #include <QPainter>
 #include <QPainterPath>
 #include <QStyle>
+#include <algorithm>
+#include <iterator>
 
 namespace qtui {
 
 namespace {
+
+constexpr const char* kNames[] = {"system", "light", "dark"};
 
 constexpr const char* kSystemStyle = "systemStyle";  // the application's own, remembered on it
 
@@ -71,6 +75,16 @@ bool IsDark(const QPalette& palette) {
 }
 
 }  // namespace
+
+const char* NameOf(Theme theme) {
+  return kNames[int(theme)];
+}
+
+std::optional<Theme> ThemeNamed(const QString& name) {
+  const auto* const found = std::find(std::begin(kNames), std::end(kNames), name);
+  if (found == std::end(kNames)) return std::nullopt;
+  return Theme(found - std::begin(kNames));
+}
 
 void ApplyTheme(Theme theme) {
   if (!qApp->property(kSystemStyle).isValid()) {

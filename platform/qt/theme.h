@@ -2,11 +2,18 @@
 
 #include <QColor>
 #include <QPixmap>
+#include <QString>
 #include <QWidget>
+#include <optional>
 
 namespace qtui {
 
 enum class Theme { kSystem, kLight, kDark };
+
+/// As settings and command lines call it: "dark".
+const char* NameOf(Theme theme);
+/// Nothing when no theme is called that.
+std::optional<Theme> ThemeNamed(const QString& name);
 
 /// Gives the application's windows, open ones too, their colours. kSystem is what the desktop
 /// wants. Needs the QApplication.

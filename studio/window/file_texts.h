@@ -3,7 +3,8 @@
 #include <QFileInfo>
 #include <QString>
 
-/// Files by name on buttons and in menus, where neither "&" nor "<" in the name may mean anything.
+/// What buttons and menus call a file, by its name, and their tool tips, by its whole path. Neither
+/// "&" nor "<" in these may mean anything there.
 
 inline QString FileCaption(const QString& path) {
   return QFileInfo(path).fileName().replace('&', "&&");

@@ -3,7 +3,6 @@
 #include <QFileInfo>
 #include <QSettings>
 #include <QStandardPaths>
-#include <algorithm>
 
 namespace settings {
 
@@ -14,7 +13,6 @@ constexpr const char* kRecentPictures = "recentPictures";
 constexpr const char* kTheme = "theme";
 constexpr const char* kExportFolder = "exportFolder";
 constexpr const char* kGeometry = "geometry";
-constexpr const char* kThemeNames[] = {"system", "light", "dark"};
 
 QSettings File() {
   return QSettings(
@@ -47,18 +45,12 @@ void ClearRecentPictures() {
   File().remove(kRecentPictures);
 }
 
-std::optional<qtui::Theme> ThemeNamed(const QString& name) {
-  const auto* const found = std::find(std::begin(kThemeNames), std::end(kThemeNames), name);
-  if (found == std::end(kThemeNames)) return std::nullopt;
-  return qtui::Theme(found - std::begin(kThemeNames));
-}
-
 qtui::Theme ChosenTheme() {
-  return ThemeNamed(File().value(kTheme).toString()).value_or(qtui::Theme::kSystem);
+  return qtui::ThemeNamed(File().value(kTheme).toString()).value_or(qtui::Theme::kSystem);
 }
 
 void ChooseTheme(qtui::Theme theme) {
-  File().setValue(kTheme, kThemeNames[int(theme)]);
+  File().setValue(kTheme, qtui::NameOf(theme));
 }
 
 QString ExportFolder() {

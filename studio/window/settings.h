@@ -1,7 +1,6 @@
 #pragma once
 
 #include <QStringList>
-#include <optional>
 
 #include "platform/qt/theme.h"
 
@@ -13,9 +12,6 @@ namespace settings {
 QStringList RecentPictures();
 void AddRecentPicture(const QString& path);
 void ClearRecentPictures();
-
-/// As "dark"; nothing when no theme is called that.
-std::optional<qtui::Theme> ThemeNamed(const QString& name);
 
 qtui::Theme ChosenTheme();
 void ChooseTheme(qtui::Theme theme);
