@@ -1,5 +1,6 @@
 #include "studio/window/document.h"
 
+#include <algorithm>
 #include <map>
 #include <numeric>
 #include <utility>
@@ -31,23 +32,21 @@ void Document::Redo() {
   if (current + 1 < steps.size()) ++current;
 }
 
-ArtworkPtr Document::Unexported() const {
-  const auto step = FindUnexported();
-  return step ? steps[*step].artwork : nullptr;
-}
-
-void Document::ShowUnexported() {
-  current = FindUnexported().value_or(current);
-}
-
-std::optional<size_t> Document::FindUnexported() const {
+std::vector<ArtworkPtr> Document::Unexported() const {
+  std::vector<ArtworkPtr> unexported;
   bool isReplaced = false;
   for (size_t i = current + 1; i-- > 0;) {
     const bool isMosaic = steps[i].artwork && steps[i].artwork->mosaic;
-    if (isMosaic && !isReplaced && !steps[i].isExported) return i;
+    if (isMosaic && !isReplaced && !steps[i].isExported) unexported.push_back(steps[i].artwork);
     isReplaced = isMosaic;  // pictures are placed as such, so a mosaic follows one of its picture
   }
-  return std::nullopt;
+  return unexported;
+}
+
+void Document::GoTo(const ArtworkPtr& artwork) {
+  const auto step = std::find_if(steps.begin(), steps.end(),
+                                 [&](const Step& step) { return step.artwork == artwork; });
+  if (step != steps.end()) current = size_t(step - steps.begin());
 }
 
 /// Artworks share images, so each is counted by what it shares.

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <QString>
-#include <optional>
 #include <vector>
 
 #include "studio/artwork.h"
@@ -10,7 +9,8 @@
 /// were exported.
 class Document {
  public:
-  /// Beyond this many bytes, the oldest steps are forgotten.
+  /// Beyond this many bytes, or 30 steps, the oldest steps are forgotten; so is a mosaic among them
+  /// that was not exported, as memory has an end.
   static constexpr qint64 kMostBytes = qint64(1) << 30;
 
   /// Begins with an artwork; null is an empty page.
@@ -34,11 +34,11 @@ class Document {
   /// The mosaic that is shown is safe in a file.
   void NoteExport() { steps[current].isExported = true; }
 
-  /// The last mosaic that would be lost: neither exported, nor undone, nor replaced by another one
-  /// of the same picture. Null when there is none.
-  ArtworkPtr Unexported() const;
-  /// Goes back to it.
-  void ShowUnexported();
+  /// The mosaics that would be lost, the last one first: neither exported, nor undone, nor replaced
+  /// by another one of the same picture, nor forgotten.
+  std::vector<ArtworkPtr> Unexported() const;
+  /// Goes to the step of an artwork that isn't forgotten.
+  void GoTo(const ArtworkPtr& artwork);
 
  private:
   struct Step {
@@ -47,7 +47,6 @@ class Document {
     bool isExported = false;
   };
 
-  std::optional<size_t> FindUnexported() const;
   qint64 Bytes() const;
 
   qint64 mostBytes;

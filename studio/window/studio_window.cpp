@@ -216,7 +216,7 @@ bool StudioWindow::Export(const QString& path) {
   return Do(Text("$$$/Studio/Error/Export=The mosaic cannot be exported."), [&] {
     if (!ExportMosaic(*this, *Shown(), path)) return TellOfCancel();
     document.NoteExport();
-    setWindowModified(document.Unexported() != nullptr);
+    setWindowModified(!document.Unexported().empty());
     settings::SetExportFolder(QFileInfo(path).absolutePath());
     Tell(Text("$$$/Studio/Status/Exported=Exported %1", QDir::toNativeSeparators(path)));
     return true;
@@ -226,6 +226,12 @@ bool StudioWindow::Export(const QString& path) {
 void StudioWindow::Step(void (Document::*step)()) {
   if (isBusy) return;
   (document.*step)();
+  ShowDocument();
+}
+
+void StudioWindow::GoTo(const ArtworkPtr& artwork) {
+  if (artwork == Shown()) return;
+  document.GoTo(artwork);
   ShowDocument();
 }
 
@@ -259,7 +265,7 @@ void StudioWindow::ShowDocument() {
   setWindowTitle(shown ? Text("$$$/Studio/TitleWithPicture=%1 — Tesserae Studio",
                               QFileInfo(shown->path).fileName() + "[*]")
                        : Text("$$$/Studio/Title=Tesserae Studio"));
-  setWindowModified(document.Unexported() != nullptr);
+  setWindowModified(!document.Unexported().empty());
 }
 
 bool StudioWindow::TellOfCancel() {
@@ -274,12 +280,15 @@ void StudioWindow::Tell(const QString& text) {
 void StudioWindow::closeEvent(QCloseEvent* event) {
   event->ignore();
   if (isBusy) return;
-  while (const ArtworkPtr mosaic = document.Unexported()) {
+  const ArtworkPtr shown = Shown();
+  for (const ArtworkPtr& mosaic : document.Unexported()) {
     const auto answer = boxes.AskBeforeClosing(QFileInfo(mosaic->path).fileName());
-    if (answer == MessageBoxes::Answer::kStay) return;
-    if (answer == MessageBoxes::Answer::kDiscard) break;
-    Step(&Document::ShowUnexported);
-    if (!AskForExport()) return;
+    if (answer == MessageBoxes::Answer::kDiscard) continue;
+    if (answer == MessageBoxes::Answer::kExport) {
+      GoTo(mosaic);
+      if (AskForExport()) continue;
+    }
+    return GoTo(shown);  // the next time asks for those again that would be discarded now
   }
   settings::SetWindowGeometry(saveGeometry());
   event->accept();

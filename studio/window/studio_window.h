@@ -66,6 +66,7 @@ class StudioWindow final : public QMainWindow {
 
   /// Goes from one artwork to another.
   void Step(void (Document::*step)());
+  void GoTo(const ArtworkPtr& artwork);
   void ShowDocument();
   void Tell(const QString& text);
   /// False, for what was cancelled was not done.

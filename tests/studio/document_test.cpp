@@ -17,19 +17,19 @@ ArtworkPtr MosaicOf(const ArtworkPtr& artwork) {
 
 TEST(Document, KnowsWhichMosaicWouldBeLost) {
   Document document;
-  EXPECT_FALSE(document.Unexported());
+  EXPECT_TRUE(document.Unexported().empty());
   document.Change("place", Placed());
   const ArtworkPtr first = MosaicOf(document.Shown());
   document.Change("create", first);
-  EXPECT_EQ(document.Unexported(), first);
+  EXPECT_EQ(document.Unexported(), std::vector{first});
   document.NoteExport();
-  EXPECT_FALSE(document.Unexported());
+  EXPECT_TRUE(document.Unexported().empty());
 
   const ArtworkPtr second = MosaicOf(first);
   document.Change("create", second);
   document.NoteExport();
   document.Undo();
-  EXPECT_FALSE(document.Unexported()) << "both are exported";
+  EXPECT_TRUE(document.Unexported().empty()) << "both are exported";
 
   const ArtworkPtr third = MosaicOf(first);
   document.Change("create", third);
@@ -37,12 +37,12 @@ TEST(Document, KnowsWhichMosaicWouldBeLost) {
   const ArtworkPtr fourth = MosaicOf(first);
   document.Change("create", fourth);
   document.Change("place", Placed());
-  EXPECT_EQ(document.Unexported(), fourth);
-  document.ShowUnexported();
+  EXPECT_EQ(document.Unexported(), std::vector{fourth});
+  document.GoTo(fourth);
   EXPECT_EQ(document.Shown(), fourth);
   document.NoteExport();
   document.Redo();
-  EXPECT_FALSE(document.Unexported()) << "the fourth replaced the third";
+  EXPECT_TRUE(document.Unexported().empty()) << "the fourth replaced the third";
   EXPECT_EQ(document.UndoName(), "place");
 }
 

@@ -272,19 +272,29 @@ TEST_F(StudioWindowTest, AsksBeforeClosingForEveryMosaicThatIsNotExported) {
     ASSERT_TRUE(window->OpenPicture(Path("green.png")));
     EXPECT_EQ(Canvas().pixel(Canvas().rect().center()),
               green.convertedToColorSpace(QColorSpace(QColorSpace::SRgb)).pixel(0, 0));
-    QString text;
-    WhenOpen<QMessageBox>("notExported", [&](QMessageBox& box) {
-      text = box.text();
-      const auto role = isExported ? QMessageBox::AcceptRole : QMessageBox::DestructiveRole;
-      for (QAbstractButton* button : box.buttons()) {
-        if (box.buttonRole(button) == role) return button->click();
-      }
-    });
-    if (isExported) {
-      WhenOpen<QDialog>("export", [](QDialog& dialog) { dialog.accept(); });
-    }
+    ASSERT_TRUE(Create("key Return"));
+    // The green one is discarded, and asked about again when the other one's export is cancelled.
+    QStringList texts;
+    const auto answer = [&](QMessageBox::ButtonRole roleOfLast) {
+      const auto click = [&texts, roleOfLast](QMessageBox& box) {
+        texts += box.text();
+        const bool isLast = texts.size() % 2 == 0;
+        for (QAbstractButton* button : box.buttons()) {
+          const auto role = isLast ? roleOfLast : QMessageBox::DestructiveRole;
+          if (box.buttonRole(button) == role) return button->click();
+        }
+      };
+      for (int i = 0; i < 2; ++i) WhenOpen<QMessageBox>("notExported", click);
+    };
+    answer(QMessageBox::AcceptRole);
+    WhenOpen<QDialog>("export", [](QDialog& dialog) { dialog.reject(); });
+    EXPECT_FALSE(window->close());
+    answer(isExported ? QMessageBox::AcceptRole : QMessageBox::DestructiveRole);
+    if (isExported) WhenOpen<QDialog>("export", [](QDialog& dialog) { dialog.accept(); });
     Close();
-    EXPECT_EQ(text, "Your mosaic of in.png is not exported yet.");
+    const QString text = "Your mosaic of %1.png is not exported yet.";
+    const QStringList both{text.arg("green"), text.arg("in")};
+    EXPECT_EQ(texts, both + both);
     EXPECT_EQ(Load("in mosaic.svg").count("<rect "), isExported ? 6700 : 0);
   }
 }
