@@ -294,7 +294,7 @@ TEST_F(StudioWindowTest, AsksBeforeClosingForEveryMosaicThatIsNotExported) {
     Close();
     const QString text = "Your mosaic of %1.png is not exported yet.";
     const QStringList both{text.arg("green"), text.arg("in")};
-    EXPECT_EQ(texts, both + both);
+    EXPECT_EQ(texts.join('|').toStdString(), (both + both).join('|').toStdString());
     EXPECT_EQ(Load("in mosaic.svg").count("<rect "), isExported ? 6700 : 0);
   }
 }
