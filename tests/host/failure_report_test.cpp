@@ -1,5 +1,6 @@
 #include "host/failure_report.h"
 
+#include "host/error.h"
 #include "host/test_plugin.h"
 
 namespace {
@@ -114,6 +115,19 @@ TEST_F(FailureReportTest, TheSameCodeIsShownOncePerFiveSeconds) {
   EXPECT_EQ(Fail(12), 4u) << "what is silent does not come between";
   Object()->suppressRepeatedErrors = false;
   EXPECT_EQ(Fail(12), 5u);
+}
+
+TEST_F(FailureReportTest, ItsOwnFailuresOnlyMeanThatNothingIsShown) {
+  for (const char* operation :
+       {"acquire/Glossa Host Init Suite", "Glossa Host Init Suite/GetHostModule",
+        "KDM Basic Suite/GetListString", "VX Unicode String Suite/CreateFromText",
+        "VX User Suite/ShowErrorAlert"}) {
+    Operations().Throw(operation, std::make_exception_ptr(vx::Error(ResultCode::kParameter)));
+    EXPECT_EQ(Shown(500), kNothing) << operation;
+  }
+  Operations().Refuse("VX Unicode String Suite/CreateFromText", ResultCode::kCannot);
+  EXPECT_EQ(Shown(12), kNothing);
+  EXPECT_EQ(Shown(12), "The operation failed (12).");
 }
 
 }  // namespace

@@ -3,6 +3,7 @@
 #include <QGroupBox>
 #include <QLabel>
 
+#include "platform/nrvui/ui_node_manager.h"
 #include "qt/window_test.h"
 
 /// What people need who have no mouse, or do not see the window.
@@ -74,4 +75,8 @@ TEST_F(Keyboard, ShowsMnemonicsWhileAltIsDown) {
     QApplication::setActiveWindow(nullptr);  // the key goes up in another window
     EXPECT_EQ(labelOf(open, "HorizontalCountTxt"), "Across:");
   });
+  auto& settings = nrvui::ui::UI_NodeManager::Get(true).GetCustomSettingsManager();
+  settings.SetSetting("windows.MnemonicsAlwaysOn", true);
+  LookAt([&](const OpenWindow& open) { EXPECT_EQ(labelOf(open, "NewWidthTxt"), "&Width:"); });
+  settings.RemoveSetting("windows.MnemonicsAlwaysOn");
 }
