@@ -1,7 +1,5 @@
 #include "campaign/campaign.h"
 
-#include <gtest/gtest.h>
-
 #include <cstdlib>
 #include <string_view>
 

@@ -1,7 +1,11 @@
 #pragma once
 
+#include <gtest/gtest.h>
+
 #include <cstddef>
+#include <cstring>
 #include <functional>
+#include <optional>
 #include <random>
 #include <string>
 
@@ -40,6 +44,15 @@ const auto& Pick(Random& random, const Choices& choices) {
 template <typename Record>
 std::string Bytes(const Record& record) {
   return {reinterpret_cast<const char*>(&record), sizeof record};
+}
+
+/// What `read` makes of it; nothing when it is refused with an Error that says something.
+template <typename Error, typename Read>
+auto ReadOrRefused(Read read) -> std::optional<decltype(read())> try {
+  return read();
+} catch (const Error& error) {
+  EXPECT_GT(std::strlen(error.what()), 3u);
+  return std::nullopt;
 }
 
 /// The same with a few bytes or longer pieces changed, lost, doubled or out of place.

@@ -1,10 +1,9 @@
-#include <cstring>
 #include <fstream>
-#include <optional>
 #include <sstream>
 
 #include "campaign/built_module.h"
 #include "campaign/campaign.h"
+#include "platform/nrvcore/unicode.h"
 #include "platform/nrvui/scripted_presenter.h"
 #include "platform/standin/layout_reader.h"
 #include "platform/standin/resource_error.h"
@@ -18,15 +17,7 @@ namespace {
 
 using campaign::Damaged;
 using campaign::Random;
-
-/// What `read` makes of it; nothing when it is refused with an Error that says something.
-template <typename Error, typename Read>
-auto ReadOrRefused(Read read) -> std::optional<decltype(read())> try {
-  return read();
-} catch (const Error& error) {
-  EXPECT_GT(std::strlen(error.what()), 3u);
-  return std::nullopt;
-}
+using campaign::ReadOrRefused;
 
 TEST(DamagedLayout, IsRefusedOrHoldsADialogThatDamagedGesturesPlay) {
   const char* const kLayout = "layouts/16301.xml";
@@ -40,11 +31,9 @@ TEST(DamagedLayout, IsRefusedOrHoldsADialogThatDamagedGesturesPlay) {
   size_t shown = 0;
   campaign::ForEachSeed(campaign::Count(1500 / campaign::Step(1), 150000), [&](Random& random) {
     const std::string text = Damaged(random, original.str());
-    const auto script = ReadOrRefused<nrvui::gestures::ScriptError>([&] {
-      const bool isWhole = campaign::Once(random, 2);
-      return nrvui::gestures::GestureScript::Parse(isWhole ? gestures : Damaged(random, gestures),
-                                                   "gestures");
-    });
+    const std::string played = campaign::Once(random, 2) ? gestures : Damaged(random, gestures);
+    const auto script = ReadOrRefused<nrvui::gestures::ScriptError>(
+        [&] { return nrvui::gestures::GestureScript::Parse(played, "gestures"); });
     const auto tree = ReadOrRefused<standin::ResourceError>(
         [&] { return standin::ParseLayout(text, "layout.xml", standin::MakeLiveToken()); });
     if (!script) return;
@@ -65,6 +54,27 @@ TEST(DamagedLayout, IsRefusedOrHoldsADialogThatDamagedGesturesPlay) {
     EXPECT_EQ(built.host.Sheets().Leftovers(), std::vector<std::string>{});
   });
   EXPECT_GT(shown, 0u) << "a single seed that is played again may show none";
+}
+
+TEST(DamagedStringList, IsRefusedOrGivesAlertsThatCanBeRead) {
+  std::ostringstream original;
+  original << std::ifstream(standin::DefaultResourceRoot() / "strings/16050.txt").rdbuf();
+  campaign::ForEachSeed(campaign::Count(1500 / campaign::Step(1), 150000), [&](Random& random) {
+    std::istringstream text(Damaged(random, original.str()));
+    const auto list = ReadOrRefused<standin::ResourceError>(
+        [&] { return standin::StringList::Read(text, "16050.txt"); });
+    if (!list) return;
+    BuiltModule built;
+    EXPECT_EQ(built.module.ShutDown(), ResultCode::kSuccess);
+    built.host.Lists().Replace(standin::ListOwner::kPlugin, 16050, *list);
+    const auto code = ResultCode{static_cast<int32_t>(campaign::Below(random, 1000)) + 1};
+    built.host.Operations().Refuse("QP Plug-ins Suite/SetPluginName", code);
+    EXPECT_EQ(built.module.StartUp(), code);
+    EXPECT_LE(built.person.alerts.size(), 1u);
+    for (const std::string& alert : built.person.alerts)
+      EXPECT_TRUE(alert.size() < 256 && nrvcore::utility::IsValidUTF8(alert)) << alert;
+    EXPECT_EQ(built.module.StartUp(), ResultCode::kSuccess);
+  });
 }
 
 }  // namespace
