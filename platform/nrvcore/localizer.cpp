@@ -74,9 +74,7 @@ Localizer& Localizer::Get() {
   return localizer;
 }
 
-Localizer::Localizer()
-    : userLanguage(LanguageOfEnvironment()),
-      messagesLocale(newlocale(LC_MESSAGES_MASK, kUntranslated, nullptr)) {
+Localizer::Localizer() : userLanguage(LanguageOfEnvironment()) {
   bind_textdomain_codeset(kDomain, "UTF-8");
 }
 
@@ -100,6 +98,7 @@ void Localizer::SetLanguage(const std::string& code) {
 UTF16String Localizer::Localize(const char* key) const {
   // The empty message is a catalogue's header.
   if (key == nullptr || *key == '\0') return {};
+  if (messagesLocale == nullptr) return utility::UTF8ToUTF16(EnglishText(key));
   const LocaleInUse inUse(messagesLocale);
   const char* text = dgettext(kDomain, key);
   return utility::UTF8ToUTF16(text == key ? EnglishText(key) : text);

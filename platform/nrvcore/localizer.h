@@ -42,7 +42,7 @@ class NRV_EXPORT Localizer {
   ~Localizer();
 
   std::string userLanguage;
-  locale_t messagesLocale;
+  locale_t messagesLocale = nullptr;  // null until a language is set
 };
 
 }  // namespace nrvcore::config
