@@ -7,8 +7,11 @@ class InitialisationTest : public MosaicTest {};
 
 TEST_F(InitialisationTest, ShowsTheSourceAsLengthsEvenWhereTheNewSizeIsAPercentage) {
   state.usePercent = 5;
+  record.deleteRaster = 9;
   LookAt([](const OpenDialog& open) {
     EXPECT_EQ(open.dialog.UI_GetNodeID(), "CreateMosaicDialog");
+    EXPECT_TRUE(open.Get<UI_Checkbox>("DeleteRasterChk").IsChecked());
+    EXPECT_THROW(open.Get<UI_Checkbox>("NewWidthTxt"), std::exception) << "it is no box";
     EXPECT_EQ(open.Label("OrigHeightStatic"), "200 pt");
     EXPECT_EQ(open.Label("OrigWidthStatic"), "300 pt") << "the source's size is no percentage";
     EXPECT_EQ(open.Text("NewHeightTxt"), "100 %");
