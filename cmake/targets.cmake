@@ -26,23 +26,20 @@ if(TESSERAE_FUZZ)
   target_compile_options(tesserae_settings INTERFACE -fsanitize=fuzzer-no-link)
 endif()
 
-# tesserae_library(NAME SHARED|OBJECT|STATIC SOURCES ... LINKS ... PRECOMPILED ...): the last are
-# headers that most of the sources include, read by the compiler once.
+# tesserae_library(NAME SHARED|OBJECT|STATIC SOURCES ... LINKS ...)
 function(tesserae_library name kind)
-  cmake_parse_arguments(ARG "" "" "SOURCES;LINKS;PRECOMPILED" ${ARGN})
+  cmake_parse_arguments(ARG "" "" "SOURCES;LINKS" ${ARGN})
   add_library(${name} ${kind} ${ARG_SOURCES})
   target_link_libraries(${name} PUBLIC tesserae_settings ${ARG_LINKS})
-  target_precompile_headers(${name} PRIVATE ${ARG_PRECOMPILED})
 endfunction()
 
-# tesserae_test(NAME SOURCES ... LINKS ... PRECOMPILED ...): one GoogleTest binary, run case by case
-# from ctest as one entry.
+# tesserae_test(NAME SOURCES ... LINKS ...): one GoogleTest binary, run case by case from ctest as
+# one entry.
 function(tesserae_test name)
-  cmake_parse_arguments(ARG "" "" "SOURCES;LINKS;PRECOMPILED" ${ARGN})
+  cmake_parse_arguments(ARG "" "" "SOURCES;LINKS" ${ARGN})
   add_executable(${name} ${ARG_SOURCES})
   target_link_libraries(${name} PRIVATE tesserae_settings ${ARG_LINKS} GTest::gtest_main)
   target_include_directories(${name} PRIVATE ${PROJECT_SOURCE_DIR}/tests)
-  target_precompile_headers(${name} PRIVATE <gtest/gtest.h> ${ARG_PRECOMPILED})
   add_test(NAME ${name} COMMAND ${name})
   set_tests_properties(${name} PROPERTIES ENVIRONMENT "QT_QPA_PLATFORM=offscreen;LANGUAGE=en")
 endfunction()

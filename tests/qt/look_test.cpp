@@ -8,10 +8,6 @@
 #include "platform/qt/theme.h"
 #include "qt/window_test.h"
 
-namespace {
-
-using nrvcore::config::Localizer;
-
 struct Look {
   const char* name;
   const char* language;
@@ -20,6 +16,10 @@ struct Look {
   Qt::LayoutDirection direction;
   bool isSizeKnown;
 };
+
+namespace {
+
+using nrvcore::config::Localizer;
 
 constexpr Look kLooks[] = {
     {"System", "en", qtui::Theme::kSystem, 1, Qt::LeftToRight, true},
