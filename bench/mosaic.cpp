@@ -5,7 +5,7 @@
 #include "bench/figures.h"
 #include "bench/mosaic_request.h"
 #include "bench/photograph.h"
-#include "studio/mosaic_job.h"
+#include "studio/mosaic/mosaic_job.h"
 
 namespace {
 

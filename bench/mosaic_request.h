@@ -1,7 +1,7 @@
 #pragma once
 
 #include "mosaic/mosaic_suite.h"
-#include "studio/picture.h"
+#include "studio/picture/picture.h"
 
 namespace bench {
 

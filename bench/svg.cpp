@@ -7,7 +7,8 @@
 #include "bench/mosaic_request.h"
 #include "bench/photograph.h"
 #include "bench/process_memory.h"
-#include "studio/mosaic_job.h"
+#include "studio/export/mosaic_export.h"
+#include "studio/mosaic/mosaic_job.h"
 
 namespace {
 
@@ -32,7 +33,7 @@ void WriteSvg(const Picture& picture, int tilesDown, const QString& path) {
   QFile file(path);
   Open(file);
   MosaicJob job(picture, bench::MosaicRequest(picture, kTilesAcross, tilesDown), {});
-  job.AddExport(path, file);
+  job.Add(MakeExport(path, file, job.Geometry(), job.Below()));
   if (!job.Run([](int) { return true; })) throw std::runtime_error("the mosaic is not whole");
 }
 

@@ -9,14 +9,15 @@
 #include "platform/nrvcore/localizer.h"
 #include "platform/qt/theme.h"
 #include "platform/standin/resource_root.h"
-#include "studio/command_line.h"
-#include "studio/console_run.h"
-#include "studio/display.h"
-#include "studio/interruption.h"
-#include "studio/standard_output.h"
-#include "studio/studio_error.h"
+#include "studio/base/interruption.h"
+#include "studio/base/studio_error.h"
+#include "studio/console/command_line.h"
+#include "studio/console/console_run.h"
+#include "studio/console/display.h"
+#include "studio/console/standard_output.h"
 #include "studio/window/settings.h"
 #include "studio/window/studio_window.h"
+#include "studio/window/window_picture.h"
 
 namespace {
 
@@ -51,7 +52,7 @@ int RunStudio(const CommandLine& line) {
   SpeakLanguage(line.language);
   qtui::ApplyTheme(qtui::ThemeNamed(line.theme).value_or(settings::ChosenTheme()));
   if (line.WantsWindow() && HasDisplay()) return RunWindow(line);
-  return ConsoleRun(line).Run();
+  return ConsoleRun(line, WindowPicture).Run();
 }
 
 /// What the libraries have to tell developers is nothing for the user's terminal.

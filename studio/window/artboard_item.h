@@ -3,7 +3,7 @@
 #include <QGraphicsItem>
 #include <optional>
 
-#include "studio/artwork.h"
+#include "studio/mosaic/artwork.h"
 #include "studio/window/image_levels.h"
 #include "studio/window/tile_painter.h"
 

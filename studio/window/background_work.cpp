@@ -10,7 +10,7 @@
 #include <exception>
 #include <memory>
 
-#include "studio/text.h"
+#include "studio/base/text.h"
 
 namespace {
 

@@ -4,7 +4,7 @@
 #include <QGraphicsView>
 #include <functional>
 
-#include "studio/artwork.h"
+#include "studio/mosaic/artwork.h"
 #include "studio/window/artboard_item.h"
 
 /// Shows an artwork on its artboard. Zooms with Ctrl and the wheel or with two fingers, moves with

@@ -3,7 +3,7 @@
 #include <QString>
 #include <vector>
 
-#include "studio/artwork.h"
+#include "studio/mosaic/artwork.h"
 
 /// What the window works on: the artwork that is shown, the way there and back, and which mosaics
 /// were exported.

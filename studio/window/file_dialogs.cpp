@@ -6,7 +6,7 @@
 #include <algorithm>
 #include <iterator>
 
-#include "studio/text.h"
+#include "studio/base/text.h"
 
 namespace {
 

@@ -5,8 +5,8 @@
 #include <QMessageBox>
 #include <QPushButton>
 
-#include "studio/studio_error.h"
-#include "studio/text.h"
+#include "studio/base/studio_error.h"
+#include "studio/base/text.h"
 #include "studio/window/line_icon.h"
 
 namespace {

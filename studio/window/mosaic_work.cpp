@@ -3,12 +3,12 @@
 #include <QFileInfo>
 #include <utility>
 
-#include "studio/mosaic_export.h"
-#include "studio/mosaic_job.h"
-#include "studio/output_set.h"
-#include "studio/text.h"
+#include "studio/base/output_set.h"
+#include "studio/base/text.h"
+#include "studio/export/mosaic_export.h"
+#include "studio/mosaic/mosaic_job.h"
+#include "studio/mosaic/tile_sink.h"
 #include "studio/window/background_work.h"
-#include "studio/window/tile_sink.h"
 
 namespace {
 
@@ -51,7 +51,7 @@ bool ExportMosaic(QWidget& window, const Artwork& artwork, const QString& path) 
   const QString label =
       Text("$$$/Studio/Progress/Exporting=Exporting %1…", QFileInfo(path).fileName());
   const bool isComplete = DoInBackground(window, label, [&](const Progress& goOn) {
-    job.AddExport(path, device);
+    job.Add(MakeExport(path, device, job.Geometry(), job.Below()));
     return Run(job, goOn);
   });
   if (isComplete) outputs.Commit();

@@ -3,7 +3,7 @@
 #include <QString>
 #include <optional>
 
-#include "studio/artwork.h"
+#include "studio/mosaic/artwork.h"
 
 class QWidget;
 

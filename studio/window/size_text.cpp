@@ -2,8 +2,8 @@
 
 #include <cmath>
 
-#include "studio/number_text.h"
-#include "studio/text.h"
+#include "studio/base/number_text.h"
+#include "studio/base/text.h"
 
 namespace {
 

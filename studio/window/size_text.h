@@ -2,7 +2,7 @@
 
 #include <QString>
 
-#include "studio/artwork.h"
+#include "studio/mosaic/artwork.h"
 
 /// The size of what lies on the artboard, as in "600 × 400 pt", or that it is not known.
 QString SizeInPointsText(const Artwork& artwork);

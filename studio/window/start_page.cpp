@@ -6,7 +6,7 @@
 #include <QStyle>
 #include <QToolButton>
 
-#include "studio/text.h"
+#include "studio/base/text.h"
 #include "studio/window/file_texts.h"
 #include "studio/window/line_icon.h"
 

@@ -8,8 +8,8 @@
 #include <QScopedValueRollback>
 #include <QStatusBar>
 
-#include "studio/studio_error.h"
-#include "studio/text.h"
+#include "studio/base/studio_error.h"
+#include "studio/base/text.h"
 #include "studio/window/file_dialogs.h"
 #include "studio/window/file_texts.h"
 #include "studio/window/mosaic_work.h"

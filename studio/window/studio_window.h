@@ -6,9 +6,9 @@
 #include <memory>
 
 #include "platform/qt/qt_presenter.h"
-#include "studio/artwork.h"
-#include "studio/last_choices.h"
-#include "studio/mosaic_caller.h"
+#include "studio/caller/last_choices.h"
+#include "studio/caller/mosaic_caller.h"
+#include "studio/mosaic/artwork.h"
 #include "studio/window/canvas.h"
 #include "studio/window/document.h"
 #include "studio/window/message_boxes.h"

@@ -2,7 +2,7 @@
 
 #include <QActionGroup>
 
-#include "studio/text.h"
+#include "studio/base/text.h"
 #include "studio/window/settings.h"
 
 void FillThemeMenu(QMenu& menu) {

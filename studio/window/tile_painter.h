@@ -3,7 +3,7 @@
 #include <QPainter>
 #include <vector>
 
-#include "studio/artwork.h"
+#include "studio/mosaic/artwork.h"
 #include "studio/window/image_levels.h"
 
 /// Draws a mosaic on the screen pixel by pixel, in a time that goes with the pixels that are seen

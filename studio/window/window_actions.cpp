@@ -6,7 +6,7 @@
 #include <QToolButton>
 #include <optional>
 
-#include "studio/text.h"
+#include "studio/base/text.h"
 #include "studio/window/line_icon.h"
 #include "studio/window/theme_menu.h"
 

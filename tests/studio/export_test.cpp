@@ -3,9 +3,9 @@
 #include <QBuffer>
 #include <QFile>
 
-#include "studio/mosaic_export.h"
-#include "studio/number_text.h"
-#include "studio/studio_error.h"
+#include "studio/base/number_text.h"
+#include "studio/base/studio_error.h"
+#include "studio/export/mosaic_export.h"
 
 namespace {
 

@@ -1,10 +1,10 @@
-#include "studio/mosaic_caller.h"
+#include "studio/caller/mosaic_caller.h"
 
 #include <gtest/gtest.h>
 
 #include <functional>
 
-#include "studio/studio_error.h"
+#include "studio/base/studio_error.h"
 
 namespace {
 

@@ -5,10 +5,11 @@
 #include <cmath>
 #include <limits>
 
-#include "studio/mosaic_builder.h"
-#include "studio/mosaic_geometry.h"
-#include "studio/mosaic_job.h"
-#include "studio/studio_error.h"
+#include "studio/base/studio_error.h"
+#include "studio/export/mosaic_export.h"
+#include "studio/mosaic/mosaic_builder.h"
+#include "studio/mosaic/mosaic_geometry.h"
+#include "studio/mosaic/mosaic_job.h"
 #include "tests/studio/random_picture.h"
 
 namespace {
@@ -101,7 +102,7 @@ TEST(MosaicJob, StopsWhenToldAndGivesNoColourToWhatIsClear) {
     QBuffer file;
     file.open(QIODevice::WriteOnly);
     MosaicJob job(picture, params, {});
-    job.AddExport("a.svg", file);
+    job.Add(MakeExport("a.svg", file, job.Geometry(), job.Below()));
     int asked = 0;
     EXPECT_FALSE(job.Run([&](int) { return ++asked < last; }));
     EXPECT_EQ(asked, last);

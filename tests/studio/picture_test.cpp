@@ -1,4 +1,4 @@
-#include "studio/picture.h"
+#include "studio/picture/picture.h"
 
 #include <gtest/gtest.h>
 
@@ -9,7 +9,7 @@
 #include <QTemporaryDir>
 
 #include "campaign/campaign.h"
-#include "studio/studio_error.h"
+#include "studio/base/studio_error.h"
 #include "tests/studio/random_picture.h"
 
 namespace {

@@ -1,4 +1,4 @@
-#include "studio/record_json.h"
+#include "studio/caller/record_json.h"
 
 #include <gtest/gtest.h>
 
@@ -9,7 +9,7 @@
 #include <numeric>
 
 #include "campaign/campaign.h"
-#include "studio/studio_error.h"
+#include "studio/base/studio_error.h"
 
 namespace {
 

@@ -1,0 +1,45 @@
+#include "studio/base/studio_error.h"
+
+#include <QBuffer>
+#include <cerrno>
+#include <new>
+
+namespace {
+
+constexpr struct {
+  int code;  // the system's
+  const char* key;
+} kReasons[] = {
+    {EACCES, "$$$/Studio/Reason/Access=you do not have permission for that"},
+    {EPERM, "$$$/Studio/Reason/Access=you do not have permission for that"},
+    {ENOSPC, "$$$/Studio/Reason/DiskFull=the disk is full"},
+    {EDQUOT, "$$$/Studio/Reason/DiskFull=the disk is full"},
+    {EROFS, "$$$/Studio/Reason/ReadOnly=the disk is write-protected"},
+    {EIO, "$$$/Studio/Reason/Disk=the disk cannot be read or written"},
+    {ENAMETOOLONG, "$$$/Studio/Reason/LongName=the name is too long"},
+    {ENOENT, "$$$/Studio/Reason/Gone=there is no such file or folder"},
+};
+
+}  // namespace
+
+QString ReasonText(const std::exception& error) {
+  if (dynamic_cast<const std::bad_alloc*>(&error)) return Text(kNoMemory);
+  return QString::fromUtf8(error.what());
+}
+
+/// Devices tell the system's reasons only as texts, and none when a part of a piece found room.
+QString ReasonText(const QIODevice& device) {
+  const QString unknown = QBuffer().errorString();
+  if (device.errorString() == unknown) return ReasonText(ENOSPC);
+  for (const auto& [code, key] : kReasons) {
+    if (device.errorString() == qt_error_string(code)) return Text(key);
+  }
+  return device.errorString();
+}
+
+QString ReasonText(int systemError) {
+  for (const auto& [code, key] : kReasons) {
+    if (code == systemError) return Text(key);
+  }
+  return qt_error_string(systemError);
+}

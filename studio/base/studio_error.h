@@ -1,0 +1,26 @@
+#pragma once
+
+#include <QIODevice>
+#include <stdexcept>
+
+#include "studio/base/text.h"
+
+/// Something that the user can understand and put right. what() is one line of UTF-8 in the user's
+/// language without a full stop, ready to stand behind the program's name.
+class StudioError : public std::runtime_error {
+ public:
+  /// A key, and values in the places of its %1 to %4.
+  template <typename... Values>
+  explicit StudioError(const char* key, const Values&... values)
+      : StudioError(Text(key, values...)) {}
+
+  explicit StudioError(const QString& message) : std::runtime_error(message.toStdString()) {}
+};
+
+inline constexpr const char* kNoMemory =
+    "$$$/Studio/Reason/Memory=there is not enough memory for this";
+
+/// What went wrong, in the user's language as far as the cause has a name there.
+QString ReasonText(const std::exception& error);
+QString ReasonText(const QIODevice& device);
+QString ReasonText(int systemError);

@@ -1,0 +1,53 @@
+#pragma once
+
+#include <QByteArray>
+#include <functional>
+#include <vector>
+
+#include "studio/base/interruption.h"
+#include "studio/base/output_set.h"
+#include "studio/caller/last_choices.h"
+#include "studio/console/command_line.h"
+#include "studio/mosaic/artwork.h"
+
+/// One run of the program on the command line, from the picture to the files.
+class ConsoleRun {
+ public:
+  /// What the studio's window looks like over an artwork, as PNG; null is the empty window.
+  using WindowPhotographer = std::function<QByteArray(const ArtworkPtr&)>;
+
+  ConsoleRun(CommandLine commandLine, WindowPhotographer photographWindow);
+
+  /// The program's exit status: 0 after OK, 1 when it was cancelled. Throws StudioError, or another
+  /// std::exception, when something is wrong. Unless it answers 0, no file has changed, except when
+  /// the disk fails between the moments in which several files take their places.
+  int Run();
+
+ private:
+  int Photograph();
+  void PlacePicture();
+  void OpenOutputs();
+  void OpenPictureOutputs();
+  MosaicChoices FirstChoices() const;
+  bool Ask(MosaicChoices& choices);
+  /// False when the building was stopped.
+  bool Build(const MosaicChoices& choices);
+  void SaveWindowPicture();
+  void KeepChoices(const MosaicChoices& choices);
+
+  void Tell(const QString& text) const;
+  void TellOfFiles() const;
+  void Warn(const QString& text) const;
+
+  const CommandLine line;
+  const WindowPhotographer photographWindow;
+  LastChoices lastChoices;
+  const Interruption interruption;
+  ArtworkPtr artwork;  // null before the picture is placed
+  OutputSet outputs;
+  std::vector<QIODevice*> exportDevices;     // in the order of the command line's exports
+  QIODevice* recordDevice = nullptr;         // null when not asked for
+  QIODevice* stateDevice = nullptr;          // null when the choices go to the user's settings
+  QIODevice* dialogPictureDevice = nullptr;  // null when not asked for
+  QIODevice* windowPictureDevice = nullptr;  // null when not asked for
+};

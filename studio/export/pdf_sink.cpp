@@ -1,0 +1,132 @@
+#include "studio/export/pdf_sink.h"
+
+#include <QByteArray>
+#include <cstdio>
+
+#include "studio/base/number_text.h"
+#include "studio/base/text_writer.h"
+#include "studio/export/picture_encoding.h"
+
+namespace {
+
+constexpr size_t kPieceSize = 1 << 18;
+constexpr int kFastCompression = 1;
+
+enum Object { kNone, kCatalog, kPages, kPage, kFirstFree };
+
+std::string ChannelText(int value) {
+  return NumberText(value / 255.0) + " ";
+}
+
+std::string OpacityName(int alpha) {
+  return "/A" + std::to_string(alpha);
+}
+
+/// Names for all opacities, since which of them occur is known only at the end of the rows.
+std::string OpacityResources() {
+  std::string resources = "/ExtGState <<";
+  for (int alpha = 0; alpha < 256; ++alpha) {
+    resources.append(" ").append(OpacityName(alpha));
+    resources.append(" << /ca ").append(NumberText(alpha / 255.0)).append(" >>");
+  }
+  return resources + " >>";
+}
+
+std::string Reference(int object) {
+  return std::to_string(object) + " 0 R";
+}
+
+}  // namespace
+
+PdfSink::PdfSink(QIODevice& device, const MosaicGeometry& geometry, const QImage& below)
+    : device(device), geometry(geometry), offsets(kFirstFree) {
+  // The bytes beyond ASCII tell transfer programs that this is no text.
+  Write("%PDF-1.4\n%\xE2\xE3\xCF\xD3\n");
+  const std::string width = NumberText(geometry.size.width());
+  const std::string height = NumberText(geometry.size.height());
+  if (!below.isNull()) {
+    picture = NewObject();
+    WriteStream(picture,
+                "/Type /XObject /Subtype /Image /ColorSpace /DeviceRGB /BitsPerComponent 8 "
+                "/Filter /DCTDecode /Width " +
+                    std::to_string(below.width()) + " /Height " + std::to_string(below.height()),
+                EncodeOnPaper(below));
+    content += "q " + width + " 0 0 " + height + " 0 0 cm /Picture Do Q\n";
+  }
+  // The page's y axis points upwards.
+  content += "1 0 0 -1 0 " + height + " cm\n";
+}
+
+void PdfSink::AddRow(std::span<const QRgb> tiles) {
+  const std::string top = " " + NumberText(geometry.Top(row++)) + " ";
+  const std::string size =
+      NumberText(geometry.tile.width()) + " " + NumberText(geometry.tile.height()) + " re f\n";
+  for (size_t column = 0; column < tiles.size(); ++column) {
+    const QRgb color = tiles[column];
+    if (qAlpha(color) == 0) continue;
+    if (qAlpha(color) != alpha) content += OpacityName(alpha = qAlpha(color)) + " gs ";
+    for (int channel : {qRed(color), qGreen(color), qBlue(color)}) content += ChannelText(channel);
+    content.append("rg ").append(NumberText(geometry.Left(int(column)))).append(top).append(size);
+    if (content.size() >= kPieceSize) WriteContentPiece();
+  }
+}
+
+void PdfSink::Finish() {
+  WriteContentPiece();
+  BeginObject(kCatalog);
+  Write("<< /Type /Catalog /Pages " + Reference(kPages) + " >>\nendobj\n");
+  BeginObject(kPages);
+  Write("<< /Type /Pages /Count 1 /Kids [" + Reference(kPage) + "] >>\nendobj\n");
+  BeginObject(kPage);
+  std::string contents;
+  for (int piece : pieces) contents.append(Reference(piece)).append(" ");
+  Write("<< /Type /Page /Parent " + Reference(kPages) + " /MediaBox [0 0 " +
+        NumberText(geometry.size.width()) + " " + NumberText(geometry.size.height()) +
+        "]\n/Resources << " + OpacityResources() +
+        (picture ? " /XObject << /Picture " + Reference(picture) + " >>" : "") +
+        " >>\n/Contents [" + contents + "] >>\nendobj\n");
+
+  const int64_t tableStart = written;
+  std::string table = "xref\n0 " + std::to_string(offsets.size()) + "\n";
+  for (size_t number = 0; number < offsets.size(); ++number) {
+    char entry[32];
+    const bool isFree = number == kNone;
+    std::snprintf(entry, sizeof entry, "%010lld %05d %c \n",
+                  static_cast<long long>(offsets[number]), isFree ? 65535 : 0, isFree ? 'f' : 'n');
+    table += entry;
+  }
+  Write(table + "trailer\n<< /Size " + std::to_string(offsets.size()) + " /Root " +
+        Reference(kCatalog) + " >>\nstartxref\n" + std::to_string(tableStart) + "\n%%EOF\n");
+}
+
+void PdfSink::Write(const std::string& bytes) {
+  WriteAll(device, bytes);
+  written += int64_t(bytes.size());
+}
+
+int PdfSink::NewObject() {
+  offsets.push_back(0);
+  return int(offsets.size()) - 1;
+}
+
+void PdfSink::BeginObject(int number) {
+  offsets[size_t(number)] = written;
+  Write(std::to_string(number) + " 0 obj\n");
+}
+
+void PdfSink::WriteStream(int number, const std::string& dictionary, const QByteArray& bytes) {
+  BeginObject(number);
+  Write("<< " + dictionary + " /Length " + std::to_string(bytes.size()) + " >>\nstream\n");
+  Write(bytes.toStdString());
+  Write("\nendstream\nendobj\n");
+}
+
+/// The state of the page's drawing carries over from one piece to the next.
+void PdfSink::WriteContentPiece() {
+  constexpr qsizetype kLengthPrefix = 4;  // of qCompress, no part of the compressed data
+  pieces.push_back(NewObject());
+  const auto* bytes = reinterpret_cast<const uchar*>(content.data());
+  WriteStream(pieces.back(), "/Filter /FlateDecode",
+              qCompress(bytes, qsizetype(content.size()), kFastCompression).mid(kLengthPrefix));
+  content.clear();
+}

@@ -1,0 +1,42 @@
+#pragma once
+
+#include <QImage>
+#include <QString>
+#include <memory>
+#include <optional>
+
+#include "studio/mosaic/mosaic_choices.h"
+#include "studio/mosaic/mosaic_geometry.h"
+#include "studio/picture/picture.h"
+
+/// A mosaic as it was built, and what it was built from besides the picture.
+struct Mosaic {
+  MosaicChoices choices;
+  MosaicGeometry geometry;
+  QImage tiles;  // a pixel a tile, Format_ARGB32
+  QImage below;  // lies under the tiles, as large as the mosaic; null for nothing
+};
+
+/// What lies on the artboard: a placed picture, or the mosaic that it became. Never changes; undo
+/// goes from one to another.
+struct Artwork {
+  QString path;  // the picture's file
+  Picture picture;
+  bool isSizeKnown = true;               // and one that the dialog can reckon with
+  std::shared_ptr<const Mosaic> mosaic;  // null before there is one
+
+  /// In points.
+  QSizeF Size() const { return mosaic ? mosaic->geometry.size : picture.SizeInPoints(); }
+};
+
+using ArtworkPtr = std::shared_ptr<const Artwork>;
+
+/// A picture that was just placed; `isSizeUnknown` when its file is not to be believed.
+ArtworkPtr Place(const QString& path, Picture picture, bool isSizeUnknown);
+
+/// The same picture as this mosaic.
+ArtworkPtr WithMosaic(const Artwork& artwork, Mosaic mosaic);
+
+/// The record for the dialog over this picture: last counts and flags, or else square tiles, a
+/// hundred across.
+MosaicChoices ChoicesFor(const Artwork& artwork, const std::optional<MosaicChoices>& last);

@@ -1,0 +1,66 @@
+#include "studio/mosaic/mosaic_geometry.h"
+
+#include <cmath>
+
+#include "studio/base/number_text.h"
+#include "studio/base/studio_error.h"
+
+namespace {
+
+// Tiles below this are no longer told apart by the numbers in a picture file, in points.
+constexpr double kSmallestTile = 0.001;
+
+/// Why one direction of the mosaic can leave nothing of it.
+struct Refusals {
+  const char* noTile;
+  const char* noSize;
+  const char* noRoom;
+};
+
+constexpr Refusals kAcross{
+    "$$$/Studio/Mosaic/NoColumn=a mosaic needs at least one tile across",
+    "$$$/Studio/Mosaic/NoWidth=the new width leaves no mosaic: it must be above 0",
+    "$$$/Studio/Mosaic/NoRoomAcross=no room for tiles: %1 tiles across with a spacing of %2 pt "
+    "don't fit in a width of %3 pt"};
+constexpr Refusals kDown{
+    "$$$/Studio/Mosaic/NoRow=a mosaic needs at least one tile down",
+    "$$$/Studio/Mosaic/NoHeight=the new height leaves no mosaic: it must be above 0",
+    "$$$/Studio/Mosaic/NoRoomDown=no room for tiles: %1 tiles down with a spacing of %2 pt "
+    "don't fit in a height of %3 pt"};
+
+struct Side {
+  const Refusals& refusals;
+  int tiles;
+  int spacing;
+  double size;
+
+  double TileSize() const {
+    if (tiles < 1) throw StudioError(refusals.noTile);
+    if (!std::isfinite(size) || size <= 0) throw StudioError(refusals.noSize);
+    const double tile = (size - double(tiles - 1) * spacing) / tiles;
+    if (spacing >= 0 && tile >= kSmallestTile) return tile;
+    throw StudioError(refusals.noRoom, NumberForUser(tiles), NumberForUser(spacing),
+                      NumberForUser(size));
+  }
+};
+
+}  // namespace
+
+MosaicGeometry MosaicGeometry::From(const MosaicParameters& params, const MosaicDialogState& state,
+                                    QSizeF sourceSize) {
+  const double unitX = state.usePercent ? sourceSize.width() : 1;
+  const double unitY = state.usePercent ? sourceSize.height() : 1;
+  const Side across{kAcross, params.tilesAcross, params.tileSpacingHorizontal,
+                    params.newWidth * unitX};
+  const Side down{kDown, params.tilesDown, params.tileSpacingVertical, params.newHeight * unitY};
+
+  MosaicGeometry geometry;
+  geometry.tile = {across.TileSize(), down.TileSize()};
+  geometry.tilesAcross = across.tiles;
+  geometry.tilesDown = down.tiles;
+  geometry.size = {across.size, down.size};
+  // A single tile has no neighbour.
+  geometry.spacing = {across.tiles > 1 ? double(across.spacing) : 0.0,
+                      down.tiles > 1 ? double(down.spacing) : 0.0};
+  return geometry;
+}

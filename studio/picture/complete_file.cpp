@@ -1,0 +1,80 @@
+#include "studio/picture/complete_file.h"
+
+#include <QtEndian>
+#include <cstring>
+
+namespace {
+
+/// Walks from marker to marker, over segments by their length and over scans by their content,
+/// since an embedded preview has an end marker of its own.
+bool IsCompleteJpeg(const QByteArray& bytes) {
+  const auto* at = reinterpret_cast<const uchar*>(bytes.constData());
+  const uchar* const end = at + bytes.size();
+  while ((at = static_cast<const uchar*>(std::memchr(at, 0xFF, size_t(end - at))))) {
+    while (at < end && *at == 0xFF) ++at;
+    if (at == end) return false;
+    const int marker = *at++;
+    if (marker == 0xD9) return true;
+    const bool standsAlone = marker == 0 || marker == 1 || (marker >= 0xD0 && marker <= 0xD8);
+    if (standsAlone) continue;
+    if (end - at < 2) return false;
+    const int length = qFromBigEndian<quint16>(at);
+    if (length > end - at) return false;
+    at += length;
+  }
+  return false;
+}
+
+/// Walks from chunk to chunk; each has a length, a type, its content and a checksum.
+bool IsCompletePng(const QByteArray& bytes) {
+  constexpr qint64 kSignature = 8;
+  constexpr qint64 kFrame = 12;
+  for (qint64 at = kSignature; at + kFrame <= bytes.size();) {
+    const qint64 end = at + kFrame + qFromBigEndian<quint32>(bytes.constData() + at);
+    if (std::memcmp(bytes.constData() + at + 4, "IEND", 4) == 0) return end <= bytes.size();
+    at = end;
+  }
+  return false;
+}
+
+bool IsCompleteBmp(const QByteArray& bytes) {
+  constexpr int kSizeOffset = 2;
+  if (bytes.size() < kSizeOffset + 4) return false;
+  return qFromLittleEndian<quint32>(bytes.constData() + kSizeOffset) <= quint64(bytes.size());
+}
+
+/// Walks from block to block, over each one's colours and pieces, to the block that ends the file.
+bool IsCompleteGif(const QByteArray& bytes) {
+  constexpr qsizetype kHeader = 13;
+  constexpr qsizetype kHeaderFlags = 10;
+  constexpr qsizetype kImageFrame = 10;
+  constexpr qsizetype kImageFlags = 9;
+  const auto byte = [&](qsizetype at) { return at < bytes.size() ? uchar(bytes[at]) : 0; };
+  const auto colorBytes = [](int flags) { return flags & 0x80 ? 6 << (flags & 7) : 0; };
+
+  qsizetype at = kHeader + colorBytes(byte(kHeaderFlags));
+  while (at < bytes.size() && byte(at) != ';') {
+    const bool isImage = byte(at) == ',';
+    at += isImage ? kImageFrame + colorBytes(byte(at + kImageFlags)) + 1 : 2;
+    while (const int piece = byte(at)) at += 1 + piece;
+    ++at;
+  }
+  return byte(at) == ';';
+}
+
+constexpr struct {
+  const char* format;
+  bool (*isComplete)(const QByteArray&);
+} kChecks[] = {{"jpeg", IsCompleteJpeg},
+               {"png", IsCompletePng},
+               {"bmp", IsCompleteBmp},
+               {"gif", IsCompleteGif}};
+
+}  // namespace
+
+bool IsCompleteFile(const QByteArray& format, const QByteArray& bytes) {
+  for (const auto& check : kChecks) {
+    if (format == check.format) return check.isComplete(bytes);
+  }
+  return true;
+}
