@@ -70,9 +70,8 @@ unsigned long UI_Node::UI_GetIndex() const {
   return std::ranges::find(siblings, this, &boost::intrusive_ptr<UI_Node>::get) - siblings.begin();
 }
 
-nrvcore::geom::RectT<float> UI_Node::UI_GetLocalRectF(bool inParent) const {
-  const nrvcore::geom::PointT<float> origin = inParent ? position : nrvcore::geom::PointT<float>{};
-  return {origin.x, origin.y, origin.x + size.x, origin.y + size.y};
+nrvcore::geom::RectT<float> UI_Node::UI_GetLocalRectF(bool) const {
+  return {0, 0, size.x, size.y};
 }
 
 void UI_Node::UI_SetLocalRectF(const nrvcore::geom::RectT<float>& rect) {
@@ -81,12 +80,6 @@ void UI_Node::UI_SetLocalRectF(const nrvcore::geom::RectT<float>& rect) {
   size = newSize;
   UI_ContentRectChanged(UI_GetLocalRectF(false));
   if (const auto notify = sizeChanged) (*notify)();
-  UI_Changed();
-}
-
-void UI_Node::UI_SetPosition(nrvcore::geom::PointT<float> positionInParent) {
-  if (positionInParent == position) return;
-  position = positionInParent;
   UI_Changed();
 }
 

@@ -43,13 +43,13 @@ class NRV_EXPORT UI_Node : public UI_Container {
   /// The place among the parent's children; throws std::logic_error for a node without parent.
   unsigned long UI_GetIndex() const;
 
-  /// The node's size as a rectangle: from (0, 0), or with `inParent` from its place in the parent.
+  /// The node's size as a rectangle from (0, 0). Only whoever draws a node knows its place in the
+  /// parent, so both values of `inParent` answer the same.
   nrvcore::geom::RectT<float> UI_GetLocalRectF(bool inParent) const;
   /// Takes the rectangle's width and height as the new size; what is not above 0 counts as 0,
   /// what is above a million points as that.
   /// A size that differs is told to UI_ContentRectChanged, then to the notify function.
   void UI_SetLocalRectF(const nrvcore::geom::RectT<float>& rect);
-  void UI_SetPosition(nrvcore::geom::PointT<float> positionInParent);
   void UI_InstallSizeChangedNotifyFunction(
       const boost::shared_ptr<boost::function<void()>>& notifyFunction);
 
@@ -85,7 +85,6 @@ class NRV_EXPORT UI_Node : public UI_Container {
   UI_Node* parent = nullptr;
   NodeObserver* observer = nullptr;
   std::vector<boost::intrusive_ptr<UI_Node>> children;
-  nrvcore::geom::PointT<float> position;
   nrvcore::geom::PointT<float> size;
   boost::shared_ptr<boost::function<void()>> sizeChanged;
 };

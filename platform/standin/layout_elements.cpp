@@ -4,6 +4,7 @@
 
 #include "platform/nrvui/ui_button.h"
 #include "platform/nrvui/ui_checkbox.h"
+#include "platform/nrvui/ui_layout.h"
 #include "platform/nrvui/ui_panel.h"
 #include "platform/nrvui/ui_radio_button.h"
 #include "platform/nrvui/ui_static_text.h"
@@ -22,6 +23,7 @@ using nrvui::controls::UI_StaticText;
 using nrvui::controls::UI_TextButton;
 using nrvui::controls::UI_UnitNumberEdit;
 using nrvui::ui::PanelArrangement;
+using nrvui::ui::UI_Layout;
 using nrvui::ui::UI_Node;
 using nrvui::ui::UI_Panel;
 using enum Presence;
@@ -40,6 +42,23 @@ boost::intrusive_ptr<UI_Node> MakePanel(const LiveToken& token) {
 
 void SetId(UI_Node& node, const LayoutAttribute& value) {
   node.UI_SetNodeID(value.AsName());
+}
+
+constexpr unsigned kLongestSide = 32767;
+
+void SetWidth(UI_Node& node, const LayoutAttribute& value) {
+  const auto width = static_cast<float>(value.AsCount(kLongestSide));
+  node.UI_SetLocalRectF({0, 0, width, node.UI_GetLocalRectF(false).bottom});
+}
+
+void SetHeight(UI_Node& node, const LayoutAttribute& value) {
+  const auto height = static_cast<float>(value.AsCount(kLongestSide));
+  node.UI_SetLocalRectF({0, 0, node.UI_GetLocalRectF(false).right, height});
+}
+
+/// The reader looks the named node up when it has read them all.
+void CheckName(UI_Node&, const LayoutAttribute& value) {
+  static_cast<void>(value.AsName());
 }
 
 void SetCaption(UI_Node& node, const LayoutAttribute& value) {
@@ -68,6 +87,11 @@ void SetNumber(UI_Node& node, const LayoutAttribute& value) {
   static_cast<UI_UnitNumberEdit&>(node).SetNumber(value.AsNumber());
 }
 
+constexpr AttributeRule kSheetAttributes[] = {
+    {"focus", kOptional, CheckName},
+    {"width", kOptional, SetWidth},
+    {"height", kOptional, SetHeight},
+};
 constexpr AttributeRule kPanelAttributes[] = {{"id", kOptional, SetId}};
 constexpr AttributeRule kGridAttributes[] = {
     {"id", kOptional, SetId},
@@ -97,6 +121,7 @@ constexpr AttributeRule kRadioAttributes[] = {
     {"group", kRequired, SetRadioGroup},
 };
 
+constexpr LayoutElement kSheet = {"sheet", true, Make<UI_Layout>, kSheetAttributes};
 constexpr LayoutElement kElements[] = {
     {"column", true, MakePanel<PanelArrangement::kColumn>, kPanelAttributes},
     {"row", true, MakePanel<PanelArrangement::kRow>, kPanelAttributes},
@@ -123,6 +148,10 @@ const Row* FindByName(std::span<const Row> rows, std::string_view name) {
 }
 
 }  // namespace
+
+const LayoutElement& SheetElement() {
+  return kSheet;
+}
 
 const LayoutElement* FindLayoutElement(std::string_view name) {
   return FindByName(std::span<const LayoutElement>(kElements), name);

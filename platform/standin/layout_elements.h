@@ -30,7 +30,10 @@ struct LayoutElement {
   std::span<const AttributeRule> attributes;
 };
 
-/// Null for an unknown element.
+/// The root of every layout. It stands for the layout node.
+const LayoutElement& SheetElement();
+
+/// An element that may stand below the root; null for an unknown one.
 const LayoutElement* FindLayoutElement(std::string_view name);
 
 /// Null for an attribute that the element does not have.

@@ -5,6 +5,7 @@
 #include <fstream>
 #include <iterator>
 #include <map>
+#include <optional>
 #include <pugixml.hpp>
 #include <string_view>
 #include <utility>
@@ -21,8 +22,6 @@ using nrvui::ui::UI_Layout;
 using nrvui::ui::UI_Node;
 using nrvui::ui::UI_SubView;
 
-constexpr const char* kRoot = "sheet";
-constexpr const char* kInitialFocus = "focus";  // the root's attribute
 constexpr size_t kLargestFile = 1 << 18;
 constexpr int kDeepestNesting = 32;
 
@@ -40,10 +39,9 @@ class Reader {
     std::string_view id;
   };
 
-  boost::intrusive_ptr<UI_Node> MakeNode(const pugi::xml_node& xml);
+  boost::intrusive_ptr<UI_Node> MakeNode(const pugi::xml_node& xml, const LayoutElement& element);
   void AddChildren(const pugi::xml_node& xml, UI_Node& parent, int depth);
   void ApplyAttributes(const pugi::xml_node& xml, const LayoutElement& element, UI_Node& node);
-  void ReadRootAttributes(const pugi::xml_node& root);
   void NoteId(const pugi::xml_attribute& attribute, UI_Node& node);
   boost::intrusive_ptr<UI_Node> Resolve(const Reference& reference) const;
 
@@ -58,7 +56,7 @@ class Reader {
   const LiveToken& token;
   std::map<std::string_view, UI_Node*> nodes;
   std::vector<Reference> buddies;
-  std::vector<Reference> initialFocus;
+  std::optional<Reference> initialFocus;
 };
 
 void Reader::Refuse(size_t offset, const std::string& reason) const {
@@ -78,29 +76,20 @@ SheetTree Reader::Read() {
   const auto offset = [](const pugi::xml_node& node) {
     return static_cast<size_t>(std::max<std::ptrdiff_t>(node.offset_debug(), 0));
   };
-  if (std::string_view(root.name()) != kRoot)
-    Refuse(offset(root), std::string("<") + root.name() + "> where <" + kRoot + "> must stand");
+  if (std::string_view(root.name()) != SheetElement().name)
+    Refuse(offset(root), std::string("<") + root.name() + "> where <sheet> must stand");
   if (const pugi::xml_node second = root.next_sibling())
     Refuse(offset(second), "something after the end of <sheet>");
 
   SheetTree tree;
   tree.view = LiveNode<UI_SubView>::Make(token);
-  tree.layout = LiveNode<UI_Layout>::Make(token);
+  tree.layout = boost::static_pointer_cast<UI_Layout>(MakeNode(root, SheetElement()));
+  tree.view->UI_SetLocalRectF(tree.layout->UI_GetLocalRectF(false));
   tree.view->ChildPushBack(tree.layout);
-  ReadRootAttributes(root);
   AddChildren(root, *tree.layout, 1);
   for (const Reference& buddy : buddies) Resolve(buddy);
-  for (const Reference& focus : initialFocus) tree.initialFocus = Resolve(focus);
+  if (initialFocus) tree.initialFocus = Resolve(*initialFocus);
   return tree;
-}
-
-void Reader::ReadRootAttributes(const pugi::xml_node& root) {
-  for (const pugi::xml_attribute& attribute : root.attributes()) {
-    if (std::string_view(attribute.name()) != kInitialFocus)
-      Refuse(attribute.name(), std::string("<sheet> has no attribute ") + attribute.name());
-    if (!initialFocus.empty()) Refuse(attribute.name(), "focus is given twice");
-    initialFocus.push_back({attribute.name(), attribute.value()});
-  }
 }
 
 void Reader::AddChildren(const pugi::xml_node& xml, UI_Node& parent, int depth) {
@@ -108,19 +97,20 @@ void Reader::AddChildren(const pugi::xml_node& xml, UI_Node& parent, int depth) 
     if (child.type() != pugi::node_element) Refuse(child.value(), "text between the elements");
     if (depth > kDeepestNesting)
       Refuse(child.name(), "nested deeper than " + std::to_string(kDeepestNesting));
-    const boost::intrusive_ptr<UI_Node> node = MakeNode(child);
+    const LayoutElement* const element = FindLayoutElement(child.name());
+    if (!element) Refuse(child.name(), std::string("unknown element <") + child.name() + ">");
+    const boost::intrusive_ptr<UI_Node> node = MakeNode(child, *element);
     parent.ChildPushBack(node);
     AddChildren(child, *node, depth + 1);
   }
 }
 
-boost::intrusive_ptr<UI_Node> Reader::MakeNode(const pugi::xml_node& xml) {
-  const LayoutElement* const element = FindLayoutElement(xml.name());
-  if (!element) Refuse(xml.name(), std::string("unknown element <") + xml.name() + ">");
-  if (!element->holdsOthers && xml.first_child())
+boost::intrusive_ptr<UI_Node> Reader::MakeNode(const pugi::xml_node& xml,
+                                               const LayoutElement& element) {
+  if (!element.holdsOthers && xml.first_child())
     Refuse(xml.name(), std::string("<") + xml.name() + "> cannot hold anything");
-  boost::intrusive_ptr<UI_Node> node = element->make(token);
-  ApplyAttributes(xml, *element, *node);
+  boost::intrusive_ptr<UI_Node> node = element.make(token);
+  ApplyAttributes(xml, element, *node);
   return node;
 }
 
@@ -138,6 +128,7 @@ void Reader::ApplyAttributes(const pugi::xml_node& xml, const LayoutElement& ele
         node, {name, attribute.value(), [&](const std::string& reason) { Refuse(name, reason); }});
     if (std::string_view(name) == "id") NoteId(attribute, node);
     if (std::string_view(name) == "for") buddies.push_back({name, attribute.value()});
+    if (std::string_view(name) == "focus") initialFocus = Reference{name, attribute.value()};
   }
   for (size_t place = 0; place < element.attributes.size(); ++place) {
     const AttributeRule& rule = element.attributes[place];

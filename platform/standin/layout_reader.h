@@ -10,7 +10,8 @@
 namespace standin {
 
 /// A layout as nodes: the view that goes into a dialog, in it the layout node, in that the panels
-/// and controls.
+/// and controls. View and layout node have the size that the file gives, 0 by 0 without one, until
+/// a presenter that knows its fonts sets another; what is in them has none.
 struct SheetTree {
   boost::intrusive_ptr<nrvui::ui::UI_SubView> view;
   boost::intrusive_ptr<nrvui::ui::UI_Layout> layout;

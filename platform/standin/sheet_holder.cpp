@@ -6,13 +6,17 @@
 #include "platform/nrvui/node_walk.h"
 #include "platform/nrvui/ui_control_view.h"
 #include "platform/standin/host.h"
-#include "platform/standin/nominal_layout.h"
 
 namespace standin {
 namespace {
 
 bool IsRefused(const char* operation) {
   return Failed(Host::Current().Operations().CheckIn(operation));
+}
+
+nrvcore::geom::PointT<float> SizeOf(const nrvui::ui::UI_Node& node) {
+  const auto rect = node.UI_GetLocalRectF(false);
+  return {rect.right, rect.bottom};
 }
 
 }  // namespace
@@ -22,10 +26,8 @@ LayoutSheetHolder::LayoutSheetHolder(SheetTree newTree, boost::shared_ptr<Proper
     : tree(std::move(newTree)),
       sheet(std::move(newSheet)),
       token(std::move(newToken)),
-      natural(LayOutNominally(*tree.layout)),
-      given(natural) {
-  tree.view->UI_SetLocalRectF({0, 0, natural.x, natural.y});
-}
+      natural(SizeOf(*tree.layout)),
+      given(natural) {}
 
 LayoutSheetHolder::~LayoutSheetHolder() {
   tree.layout->UI_InstallSizeChangedNotifyFunction({});
@@ -55,9 +57,8 @@ boost::intrusive_ptr<nrvui::ui::UI_Node> LayoutSheetHolder::GetInitialFocus() {
 
 void LayoutSheetHolder::ResizeSheet(std::int32_t width, std::int32_t height) {
   if (IsRefused("Sheet Holder/ResizeSheet")) return;
-  const auto current = tree.layout->UI_GetLocalRectF(false);
-  if (current.right != given.x || current.bottom != given.y)
-    natural = {current.right, current.bottom};
+  const auto current = SizeOf(*tree.layout);
+  if (!(current == given)) natural = current;
   given = {std::max(natural.x, static_cast<float>(width)),
            std::max(natural.y, static_cast<float>(height))};
   // The dialog follows the layout and comes back here; it ends when nothing changes any more.

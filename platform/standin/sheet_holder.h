@@ -15,11 +15,10 @@ class PropertySheet final : public VXUICairnSheet {
   LiveToken token;
 };
 
-/// A layout that was read and laid out. Callbacks that its dialog installed go with it, also when
+/// A layout that was read. Callbacks that its dialog installed go with it, also when
 /// somebody still holds a node.
 class LayoutSheetHolder final : public SheetHolder {
  public:
-  /// Lays the tree out nominally.
   LayoutSheetHolder(SheetTree tree, boost::shared_ptr<PropertySheet> sheet, LiveToken token);
   ~LayoutSheetHolder();
 
@@ -27,8 +26,8 @@ class LayoutSheetHolder final : public SheetHolder {
   boost::intrusive_ptr<nrvui::ui::UI_Node> GetLayoutNode() override;
   boost::shared_ptr<VXUICairnSheet> GetSheet() override;
   boost::intrusive_ptr<nrvui::ui::UI_Node> GetInitialFocus() override;
-  /// The layout takes the room, but not less than its content needs. What its content needs is
-  /// the size that it had when it was built, or that a presenter has since given to its node.
+  /// The layout takes the room, but not less than its content needs: the size that its file gives,
+  /// or that a presenter has since given to its node.
   void ResizeSheet(std::int32_t width, std::int32_t height) override;
   void SetMessageCallback(
       boost::shared_ptr<boost::function<void(const vx::UnicodeString&)>> callback) override;

@@ -85,20 +85,18 @@ TEST(Node, OnlyASizeThatDiffersIsTold) {
   node->UI_SetLocalRectF({5, 5, 35, 25});
   node->UI_SetLocalRectF({0, 0, 30, 20});
   EXPECT_EQ(told, 1);
-  node->UI_SetPosition({7, 8});
-  EXPECT_EQ(node->UI_GetLocalRectF(true), (nrvcore::geom::RectT<float>{7, 8, 37, 28}));
+  EXPECT_EQ(node->UI_GetLocalRectF(false), (nrvcore::geom::RectT<float>{0, 0, 30, 20}));
 }
 
 TEST(MessageFunctionAdapter, DeliversOnlyItsOwnClassOfMessage) {
   using Adapter = MessageFunctionAdapter<MessageT<UI_Node>, UI_ControlChangedMessage>;
-  const NodePtr node = new UI_Node;
   int delivered = 0;
   const Adapter adapter([&](UI_ControlChangedMessage*) { ++delivered; });
-  UI_ControlChangedMessage changed(*node);
+  UI_ControlChangedMessage changed;
   adapter(&changed);
   EXPECT_EQ(delivered, 1);
 
-  MessageT<UI_Node> generic(*node);
+  MessageT<UI_Node> generic;
   for (MessageT<UI_Node>* message : {&generic, static_cast<MessageT<UI_Node>*>(nullptr)}) {
     try {
       adapter(message);
@@ -106,10 +104,6 @@ TEST(MessageFunctionAdapter, DeliversOnlyItsOwnClassOfMessage) {
     } catch (const nrvcore::config::Error& error) {
       EXPECT_STREQ(error.what(),
                    "$$$/nrvcore/utility/Error/InvalidTypeConversion=Invalid type conversion.");
-      EXPECT_EQ(error.Level(), nrvcore::config::ErrorLevel::kError);
-      EXPECT_EQ(error.Number(), 105u);
-      EXPECT_EQ(error.Code(), 21);
-      EXPECT_TRUE(error.Flag());
     }
   }
 }

@@ -6,13 +6,11 @@
 #include <tuple>
 
 #include "platform/nrvcore/localizer.h"
-#include "platform/nrvui/node_walk.h"
 #include "platform/nrvui/ui_panel.h"
 #include "platform/nrvui/ui_radio_button.h"
 #include "platform/nrvui/ui_static_text.h"
 #include "platform/nrvui/ui_unit_number_edit.h"
 #include "platform/standin/layout_reader.h"
-#include "platform/standin/nominal_layout.h"
 #include "platform/standin/resource_error.h"
 #include "platform/standin/resource_root.h"
 #include "platform/standin/string_lists.h"
@@ -46,7 +44,7 @@ Node& As(const boost::intrusive_ptr<UI_Node>& node) {
 }
 
 constexpr const char* kSample = R"(<?xml version="1.0"?>
-<sheet focus="count">
+<sheet height="50" focus="count">
   <!-- a comment -->
   <group id="box" caption="$$$/Test/Box=A Box" columns="2">
     <label caption="$$$/Test/Count=&amp;Count:" for="count"/>
@@ -99,6 +97,8 @@ TEST(Layout, RefusesWithFileLineAndReasonAndLeavesNoNode) {
       {"<sheet>\n<label for=\"b\"/></sheet>", "L.xml:2: no node has the ID \"b\""},
       {"<sheet focus='b'>\n</sheet>", "L.xml:1: no node has the ID \"b\""},
       {"<sheet style='a'/>", "<sheet> has no attribute style"},
+      {"<sheet width='0'/>", "L.xml:1: width=\"0\" is no whole number from 1 to 32767"},
+      {"<sheet height='9e9'/>", "height=\"9e9\" is no whole number from 1 to 32767"},
       {"<sheet focus='a' focus='a'><row id='a'/></sheet>", "focus is given twice"},
       {"<sheet>" + deep + "</sheet>", "nested deeper than 32"},
       {std::string("<sheet>\n\0</sheet>", 17), "L.xml:2: a NUL"},
@@ -110,26 +110,6 @@ TEST(Layout, RefusesWithFileLineAndReasonAndLeavesNoNode) {
     EXPECT_TRUE(refusal.starts_with("L.xml:") && refusal.find(reason) != refusal.npos) << refusal;
     EXPECT_EQ(standin::CountLive(token), 0);
   }
-}
-
-TEST(Layout, EverythingHasItsPlaceInsideItsParentAndBesideItsSiblings) {
-  const SheetTree tree = standin::ReadLayout(
-      standin::DefaultResourceRoot() / "layouts" / "16301.xml", standin::MakeLiveToken());
-  standin::LayOutNominally(*tree.layout);
-  nrvui::ui::ForEachBelow<UI_Node>(*tree.layout, [](UI_Node& node) {
-    const auto outer = node.UI_GetLocalRectF(false);
-    const auto& children = Children(node);
-    for (size_t i = 0; i < children.size(); ++i) {
-      const auto rect = children[i]->UI_GetLocalRectF(true);
-      SCOPED_TRACE(children[i]->UI_GetNodeID().View());
-      EXPECT_TRUE(rect.left >= 0 && rect.top >= 0);
-      EXPECT_TRUE(rect.right <= outer.right && rect.bottom <= outer.bottom);
-      for (size_t j = 0; j < i; ++j) {
-        const auto other = children[j]->UI_GetLocalRectF(true);
-        EXPECT_TRUE(rect.left > other.right || rect.top > other.bottom);
-      }
-    }
-  });
 }
 
 StringList ReadList(const std::string& text) {
