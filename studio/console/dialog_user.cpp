@@ -5,8 +5,8 @@
 #include <QWidget>
 #include <utility>
 
+#include "platform/nrvui/scripted_presenter.h"
 #include "platform/qt/qt_presenter.h"
-#include "platform/standin/gesture_player.h"
 #include "studio/base/studio_error.h"
 #include "studio/console/display.h"
 
@@ -15,12 +15,16 @@ namespace {
 class ScriptedUser final : public DialogUser {
  public:
   ScriptedUser(const CommandLine& line, std::function<void(const std::string&)> report)
-      : player(line.gestures.toStdString(), std::move(report)) {}
+      : presenter(nrvui::gestures::GestureScript::ReadFile(line.gestures.toStdString()),
+                  std::move(report)) {}
 
-  QString Problem() const override { return QString::fromStdString(player.Problem()); }
+  QString Problem() const override {
+    return presenter.Error() ? presenter.Error()->what() : QString();
+  }
 
  private:
-  const standin::GesturePlayer player;
+  nrvui::gestures::ScriptedPresenter presenter;
+  const nrvui::ui::InstalledPresenter installed{presenter};
 };
 
 class WindowUser final : public DialogUser {
