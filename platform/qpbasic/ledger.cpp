@@ -3,19 +3,52 @@
 #include <algorithm>
 #include <array>
 #include <cstdlib>
+#include <functional>
+#include <map>
+#include <new>
 #include <optional>
 #include <set>
 #include <sstream>
-
-#include "platform/qpbasic/block_table.h"
+#include <unordered_map>
+#include <utility>
 
 namespace qpbasic {
+
+struct Block {
+  void* address = nullptr;
+  size_t size = 0;
+  const char* debugName = nullptr;
+  uint64_t serial = 0;
+};
+
+/// Tests replace the global operator and count its calls; what the book takes must not be among
+/// them, or another build of the C++ library would change the counts.
+template <typename T>
+struct MallocAllocator {
+  using value_type = T;
+
+  MallocAllocator() = default;
+  template <typename Other>
+  explicit(false) MallocAllocator(const MallocAllocator<Other>&) {}
+
+  T* allocate(size_t count) {
+    if (void* const memory = std::malloc(count * sizeof(T))) return static_cast<T*>(memory);
+    throw std::bad_alloc();
+  }
+  void deallocate(T* memory, size_t) { std::free(memory); }
+
+  bool operator==(const MallocAllocator&) const = default;
+};
+
+using Blocks = std::unordered_map<void*, Block, std::hash<void*>, std::equal_to<>,
+                                  MallocAllocator<std::pair<void* const, Block>>>;
+
 namespace {
 
 constexpr size_t kFaultTexts = 100;
 constexpr size_t kRememberedFrees = 1024;
 
-std::string Describe(const BlockEntry& block) {
+std::string Describe(const Block& block) {
   std::ostringstream text;
   text << "block " << block.serial << " of " << block.size << " bytes at " << block.address;
   if (block.debugName) text << " (" << block.debugName << ")";
@@ -25,11 +58,11 @@ std::string Describe(const BlockEntry& block) {
 }  // namespace
 
 struct Ledger::Book {
-  BlockTable standing;
+  Blocks standing;
   LedgerCounts counts;
   std::optional<Refusal> refusal;
   std::set<std::string, std::less<>> debugNames;
-  std::array<BlockEntry, kRememberedFrees> lastFreed;
+  std::array<Block, kRememberedFrees> lastFreed;
   size_t freed = 0;
   std::vector<std::string> faults;
 
@@ -62,7 +95,7 @@ void Ledger::Book::NoteFault(void* address) {
   if (faults.size() == kFaultTexts) return;
   // Addresses come back, so the latest release of this one is the block in question.
   for (size_t back = 1; back <= std::min(freed, kRememberedFrees); ++back) {
-    const BlockEntry& earlier = lastFreed[(freed - back) % kRememberedFrees];
+    const Block& earlier = lastFreed[(freed - back) % kRememberedFrees];
     if (earlier.address != address) continue;
     faults.push_back("freed twice: " + Describe(earlier));
     return;
@@ -88,7 +121,8 @@ ResultCode Ledger::Allocate(size_t size, const char* debugName, void** block) no
   void* memory = std::malloc(std::max<size_t>(size, 1));
   if (!memory) return ResultCode::kOutOfMemory;
   try {
-    book->standing.Insert({memory, size, book->Keep(debugName), book->counts.totalBlocks + 1});
+    book->standing.try_emplace(
+        memory, Block{memory, size, book->Keep(debugName), book->counts.totalBlocks + 1});
   } catch (...) {
     std::free(memory);
     return ResultCode::kOutOfMemory;
@@ -102,23 +136,24 @@ ResultCode Ledger::Allocate(size_t size, const char* debugName, void** block) no
 
 ResultCode Ledger::Free(void* block) noexcept {
   if (!block) return ResultCode::kSuccess;
-  BlockEntry& entry = book->lastFreed[book->freed % kRememberedFrees];
-  if (!book->standing.Remove(block, &entry)) {
+  const auto standing = book->standing.find(block);
+  if (standing == book->standing.end()) {
     try {
       book->NoteFault(block);
     } catch (...) {  // the count tells of a fault whose text has no room
     }
     return kUnknownBlock;
   }
-  ++book->freed;
-  book->counts.bytes -= entry.size;
+  book->lastFreed[book->freed++ % kRememberedFrees] = standing->second;
+  book->counts.bytes -= standing->second.size;
+  book->standing.erase(standing);
   std::free(block);
   return ResultCode::kSuccess;
 }
 
 LedgerCounts Ledger::Counts() const {
   LedgerCounts counts = book->counts;
-  counts.blocks = book->standing.Size();
+  counts.blocks = book->standing.size();
   return counts;
 }
 
@@ -127,14 +162,11 @@ uint64_t Ledger::Mark() const {
 }
 
 std::vector<std::string> Ledger::Forgotten(uint64_t mark) const {
-  std::vector<BlockEntry> blocks;
-  book->standing.ForEach([&](const BlockEntry& entry) {
-    if (entry.serial > mark) blocks.push_back(entry);
-  });
-  std::sort(blocks.begin(), blocks.end(),
-            [](const BlockEntry& a, const BlockEntry& b) { return a.serial < b.serial; });
+  std::map<uint64_t, Block> blocks;
+  for (const auto& [address, block] : book->standing)
+    if (block.serial > mark) blocks.emplace(block.serial, block);
   std::vector<std::string> lines;
-  for (const BlockEntry& block : blocks) lines.push_back(Describe(block));
+  for (const auto& [serial, block] : blocks) lines.push_back(Describe(block));
   return lines;
 }
 
