@@ -32,7 +32,7 @@ std::string ThreeDigits(double value) {
   const double size = std::fabs(value);
   const bool isWhole = size >= 100 || value == std::floor(value);
   char text[32];
-  std::snprintf(text, sizeof text, "%.*f", isWhole ? 0 : size >= 10 ? 1 : 2, value);
+  std::snprintf(text, sizeof text, "%.*f", isWhole ? 0 : size >= 10 ? 1 : size >= 1 ? 2 : 3, value);
   return text;
 }
 
