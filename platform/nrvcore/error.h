@@ -9,36 +9,27 @@ namespace nrvcore::config {
 
 enum class ErrorLevel : int { kNotice = 0, kError = 1 };
 
-/// What ThrowError throws. `Number`, `Code` and `Flag` are diagnostics that nobody interprets.
+/// What ThrowError throws.
 class NRV_EXPORT Error : public std::exception {
  public:
-  Error(ErrorLevel errorLevel, const char* errorKey, unsigned errorNumber, int errorCode,
-        bool errorFlag, const UTF16String& errorText);
+  Error(const char* errorKey, const UTF16String& errorText);
   Error(const Error& other);
   ~Error() override;
   Error& operator=(const Error&) = delete;
 
   /// The localisation key.
   const char* what() const noexcept override;
-  const char* Key() const noexcept;
   /// The localised text, with its replacements, as it was when the error was thrown.
   const UTF16String& Text() const noexcept;
 
-  ErrorLevel Level() const noexcept;
-  unsigned Number() const noexcept;
-  int Code() const noexcept;
-  bool Flag() const noexcept;
-
  private:
-  ErrorLevel level;
   String key;
-  unsigned number;
-  int code;
-  bool flag;
   UTF16String text;
 };
 
-/// Throws an Error; the values take the places of %1 to %4 in the localised key.
+/// Throws an Error; the values take the places of %1 to %4 in the localised key. The level, the
+/// two numbers and the flag are part of the interface but not of the Error: no handler tells errors
+/// apart by them.
 [[noreturn]] NRV_EXPORT void ThrowError(ErrorLevel level, const char* key, unsigned number,
                                         int code, bool flag, const ReplacementValue& first,
                                         const ReplacementValue& second,

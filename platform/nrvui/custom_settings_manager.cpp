@@ -13,8 +13,4 @@ void CustomSettingsManager::SetSetting(const std::string& key, const boost::any&
   settings[key] = value;
 }
 
-void CustomSettingsManager::RemoveSetting(const std::string& key) {
-  settings.erase(key);
-}
-
 }  // namespace nrvui::ui

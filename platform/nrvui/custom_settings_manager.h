@@ -18,8 +18,6 @@ class NRV_EXPORT CustomSettingsManager {
 
   const std::map<std::string, boost::any>& GetSettings() const;
   void SetSetting(const std::string& key, const boost::any& value);
-  /// An absent key is no error.
-  void RemoveSetting(const std::string& key);
 
  private:
   std::map<std::string, boost::any> settings;

@@ -1,14 +1,24 @@
 #include "platform/nrvui/dialog_presenter.h"
 
-#include "platform/nrvui/os_dialog.h"
+#include <utility>
 
 namespace nrvui::ui {
 
+namespace {
+
+DialogPresenter* installedPresenter = nullptr;
+
+}  // namespace
+
 InstalledPresenter::InstalledPresenter(DialogPresenter& presenter)
-    : former(OS_Dialog::InstallPresenter(&presenter)) {}
+    : former(std::exchange(installedPresenter, &presenter)) {}
 
 InstalledPresenter::~InstalledPresenter() {
-  OS_Dialog::InstallPresenter(former);
+  installedPresenter = former;
+}
+
+DialogPresenter* InstalledPresenter::Current() {
+  return installedPresenter;
 }
 
 }  // namespace nrvui::ui

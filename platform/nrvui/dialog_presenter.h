@@ -6,7 +6,7 @@ namespace nrvui::ui {
 
 class UI_Dialog;
 
-/// Shows dialogs to somebody: a person at a window, or a script.
+/// Shows dialogs, in a window or to a script.
 class DialogPresenter {
  public:
   /// Returns when the dialog has a response. Returning without one cancels the dialog; an
@@ -24,6 +24,9 @@ class NRV_EXPORT InstalledPresenter {
   InstalledPresenter(const InstalledPresenter&) = delete;
   InstalledPresenter& operator=(const InstalledPresenter&) = delete;
   ~InstalledPresenter();
+
+  /// Null when none is installed.
+  static DialogPresenter* Current();
 
  private:
   DialogPresenter* former;

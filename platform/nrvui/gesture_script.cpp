@@ -81,20 +81,10 @@ ScriptError::ScriptError(const std::string& scriptFile, std::size_t scriptLine,
                          const std::string& why)
     : std::runtime_error(scriptFile +
                          (scriptLine == 0 ? std::string() : ":" + std::to_string(scriptLine)) +
-                         ": " + why),
-      line(scriptLine),
-      reason(why) {}
+                         ": " + why) {}
 
 ScriptError::ScriptError(const ScriptError& other) = default;
 ScriptError::~ScriptError() = default;
-
-std::size_t ScriptError::Line() const {
-  return line;
-}
-
-const std::string& ScriptError::Reason() const {
-  return reason;
-}
 
 GestureScript GestureScript::ReadFile(const std::filesystem::path& path) {
   std::ifstream stream(path, std::ios::binary);

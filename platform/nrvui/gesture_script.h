@@ -17,13 +17,6 @@ class NRV_EXPORT ScriptError : public std::runtime_error {
   ScriptError(const std::string& scriptFile, std::size_t scriptLine, const std::string& why);
   ScriptError(const ScriptError& other);
   ~ScriptError() override;
-
-  std::size_t Line() const;
-  const std::string& Reason() const;
-
- private:
-  std::size_t line;
-  std::string reason;
 };
 
 enum class Verb { kEnter, kClick, kKey, kClose, kResize };

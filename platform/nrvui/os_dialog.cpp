@@ -1,7 +1,6 @@
 #include "platform/nrvui/os_dialog.h"
 
 #include <stdexcept>
-#include <utility>
 
 #include "platform/nrvcore/error.h"
 
@@ -14,8 +13,6 @@ namespace {
 
 constexpr const char* kNoPresenter =
     "$$$/nrvui/Dialog/Error/NoPresenter=There is nobody to show the dialog to.";
-
-DialogPresenter* installedPresenter = nullptr;
 
 class WhileOpen {
  public:
@@ -44,7 +41,8 @@ OS_Dialog::OS_Dialog(const drawbot::SupplierInterface* drawingSupplier,
 OS_Dialog::~OS_Dialog() = default;
 
 void OS_Dialog::RunModal() {
-  if (installedPresenter == nullptr) {
+  DialogPresenter* const presenter = InstalledPresenter::Current();
+  if (presenter == nullptr) {
     nrvcore::config::ThrowError(nrvcore::config::ErrorLevel::kError, kNoPresenter, 0, 0, false, {},
                                 {}, {}, {});
   }
@@ -52,11 +50,7 @@ void OS_Dialog::RunModal() {
   // A handler may let go of everybody else's reference; one that nobody counts is its owner's.
   const boost::intrusive_ptr<OS_Dialog> kept = UI_GetReferenceCount() > 0 ? this : nullptr;
   const WhileOpen whileOpen(isOpen);
-  Run(*installedPresenter);
-}
-
-DialogPresenter* OS_Dialog::InstallPresenter(DialogPresenter* presenter) {
-  return std::exchange(installedPresenter, presenter);
+  Run(*presenter);
 }
 
 void OS_Dialog::Center() {

@@ -26,9 +26,6 @@ class NRV_EXPORT OS_Dialog : public UI_Node {
   /// when no presenter is installed, std::logic_error when the dialog is open already.
   virtual void RunModal();
 
-  /// The presenter is not owned; null takes it away. Answers the former one.
-  static DialogPresenter* InstallPresenter(DialogPresenter* presenter);
-
   void Center();
   DialogPlacement GetPlacement() const;
   nrvcore::geom::PointT<float> GetDialogPoint() const;

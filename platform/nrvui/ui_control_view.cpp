@@ -13,7 +13,7 @@ void UI_ControlView::NotifyWhenChanged(
 void UI_ControlView::NotifyChangedByPerson() {
   const auto notify = changed;
   if (notify == nullptr) return;
-  ui::UI_ControlChangedMessage message(*this);
+  ui::UI_ControlChangedMessage message;
   (*notify)(&message);
 }
 

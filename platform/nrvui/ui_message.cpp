@@ -3,18 +3,14 @@
 namespace nrvui::ui {
 
 template <class Node>
-MessageT<Node>::MessageT(Node& sendingNode) : sender(sendingNode) {}
+MessageT<Node>::MessageT() = default;
 
 template <class Node>
 MessageT<Node>::~MessageT() = default;
 
-template <class Node>
-Node& MessageT<Node>::GetSender() const {
-  return sender;
-}
-
 template class MessageT<UI_Node>;
 
+UI_ControlChangedMessage::UI_ControlChangedMessage() = default;
 UI_ControlChangedMessage::~UI_ControlChangedMessage() = default;
 
 }  // namespace nrvui::ui

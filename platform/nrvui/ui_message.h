@@ -9,15 +9,10 @@ namespace nrvui::ui {
 template <class Node>
 class NRV_EXPORT MessageT {
  public:
-  explicit MessageT(Node& sendingNode);
+  MessageT();
   MessageT(const MessageT&) = delete;
   MessageT& operator=(const MessageT&) = delete;
   virtual ~MessageT();
-
-  Node& GetSender() const;
-
- private:
-  Node& sender;
 };
 
 extern template class MessageT<UI_Node>;
@@ -25,7 +20,7 @@ extern template class MessageT<UI_Node>;
 /// A person changed a control.
 class NRV_EXPORT UI_ControlChangedMessage : public MessageT<UI_Node> {
  public:
-  using MessageT::MessageT;
+  UI_ControlChangedMessage();
   ~UI_ControlChangedMessage() override;
 };
 

@@ -6,6 +6,7 @@
 #include "platform/qpbasic/ledger.h"
 #include "platform/standin/sheet_service.h"
 #include "platform/standin/suite_tables.h"
+#include "platform/vxui/modal_context.h"
 
 namespace standin {
 namespace {
@@ -90,6 +91,8 @@ std::vector<std::string> Host::Leftovers() const {
   for (const auto& string : objects.strings.Objects())
     lines.push_back("string \"" + string->text + "\" is not disposed of");
   for (const std::string& sheet : sheets->Leftovers()) lines.push_back(sheet);
+  if (const int depth = vx::ui::ModalContext::Depth())
+    lines.push_back(std::to_string(depth) + " modal contexts are alive");
   const qpbasic::Ledger& ledger = qpbasic::Ledger::Get();
   for (const std::string& block : ledger.Forgotten(ledgerMark))
     lines.push_back("not freed: " + block);

@@ -4,10 +4,10 @@
 
 namespace vx::ui {
 
-/// Lives for the whole of a modal run, so that the host knows that one is going on.
+/// Lives for the whole of a modal run; the host sees from it whether a plug-in's run is going on.
 class NRV_EXPORT ModalContext {
  public:
-  /// `blocksApplication` keeps the whole application from input, not the parent window alone.
+  /// Presenters keep the whole application from input in either case.
   explicit ModalContext(bool blocksApplication);
   ModalContext(const ModalContext&) = delete;
   ModalContext& operator=(const ModalContext&) = delete;
@@ -15,10 +15,6 @@ class NRV_EXPORT ModalContext {
 
   /// How many are alive.
   static int Depth();
-  static bool IsApplicationBlocked();
-
- private:
-  bool blocks;
 };
 
 }  // namespace vx::ui

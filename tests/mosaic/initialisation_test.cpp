@@ -48,7 +48,7 @@ TEST_F(InitialisationTest, MnemonicsFollowThePlatformSetting) {
   EXPECT_TRUE(shown());
   settings.SetSetting("windows.MnemonicsAlwaysOn", 1);
   EXPECT_EQ(Run([](const OpenDialog&) {}), ResultCode::kCannot);
-  settings.RemoveSetting("windows.MnemonicsAlwaysOn");
+  settings.SetSetting("windows.MnemonicsAlwaysOn", false);
   EXPECT_FALSE(shown());
 }
 

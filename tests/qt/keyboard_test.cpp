@@ -78,5 +78,5 @@ TEST_F(Keyboard, ShowsMnemonicsWhileAltIsDown) {
   auto& settings = nrvui::ui::UI_NodeManager::Get(true).GetCustomSettingsManager();
   settings.SetSetting("windows.MnemonicsAlwaysOn", true);
   LookAt([&](const OpenWindow& open) { EXPECT_EQ(labelOf(open, "NewWidthTxt"), "&Width:"); });
-  settings.RemoveSetting("windows.MnemonicsAlwaysOn");
+  settings.SetSetting("windows.MnemonicsAlwaysOn", false);
 }

@@ -13,6 +13,7 @@
 #include "platform/standin/host_codes.h"
 #include "platform/standin/module.h"
 #include "platform/standin/sheet_service.h"
+#include "platform/vxui/modal_context.h"
 #include "platform/vxui/sheet_holder.h"
 #include "standin/temporary_folder.h"
 
@@ -40,7 +41,7 @@ class HostTest : public testing::Test {
     return host.Sheets().Factory()->CreateSheetHolder(plugin, number, u"Dark");
   }
   boost::shared_ptr<SheetHolder> CreateSheet() {
-    resources.Write("layouts/7.xml", R"(<sheet><number id="a"/></sheet>)");
+    resources.Write("layouts/7.xml", R"(<sheet width="30" height="20"><number id="a"/></sheet>)");
     return CreateSheet(7);
   }
 
@@ -104,6 +105,10 @@ TEST_F(HostTest, WhatIsNotGivenBackIsNamedAndNothingIsGivenBackTwice) {
   EXPECT_EQ(host.Leftovers().size(), 4U) << "the suites";
 
   ASSERT_EQ(access->AcquirePlugin(plugin, &held), kDone);
+  {
+    const vx::ui::ModalContext run(true);
+    EXPECT_EQ(host.Leftovers().back(), "1 modal contexts are alive");
+  }
   host.RemovePlugin(plugin);
   EXPECT_FALSE(host.IsInUse(host.AddPlugin("other.so"))) << "in the place of the one that is gone";
   EXPECT_EQ(host.Leftovers().back(), "access to plugin.so (gone) is held");
@@ -233,7 +238,7 @@ TEST_F(HostTest, WhatOutlivesASheetsHolderIsToldAndItsCallbacksGo) {
 TEST_F(HostTest, ALayoutTakesTheRoomThatItGetsButNotLessThanItNeeds) {
   const auto holder = CreateSheet();
   const auto layout = holder->GetLayoutNode();
-  const RectT<float> natural = layout->UI_GetLocalRectF(false);
+  const RectT<float> natural = {0, 0, 30, 20};
   EXPECT_EQ(holder->GetSheetView()->UI_GetLocalRectF(false), natural);
   holder->ResizeSheet(4000, -5);
   EXPECT_EQ(layout->UI_GetLocalRectF(false), (RectT<float>{0, 0, 4000, natural.bottom}));

@@ -5,7 +5,6 @@
 #include <string>
 
 #include "nrvui/function_presenter.h"
-#include "platform/vxui/modal_context.h"
 #include "platform/vxui/ui_popup_modal_dialog.h"
 
 using namespace vx::ui;
@@ -28,16 +27,6 @@ struct Popup final : UI_PopupModalDialog {
 };
 
 }  // namespace
-
-TEST(ModalContext, BlocksTheApplicationWhileOneThatDoesIsAlive) {
-  const ModalContext window(false);
-  EXPECT_FALSE(ModalContext::IsApplicationBlocked());
-  {
-    const ModalContext application(true);
-    EXPECT_TRUE(ModalContext::IsApplicationBlocked());
-  }
-  EXPECT_FALSE(ModalContext::IsApplicationBlocked());
-}
 
 TEST(PopupModalDialog, IsDismissedHoweverItsRunEnds) {
   std::string story;
