@@ -6,7 +6,7 @@
 
 namespace bench {
 
-BuiltModule::BuiltModule() : module(host, MODULE_FILE), image(MODULE_FILE) {
+BuiltModule::BuiltModule() : HostedModule(MODULE_FILE), image(MODULE_FILE) {
   if (Failed(module.StartUp())) throw std::runtime_error("the module does not start");
 }
 
@@ -16,17 +16,10 @@ PluginMessage BuiltModule::Message() {
 
 double BuiltModule::RunDialog(nrvui::ui::DialogPresenter& presenter) {
   const nrvui::ui::InstalledPresenter installed(presenter);
-  const standin::HeldSuite<MosaicSuite> suite(host);
-  if (!suite) throw std::runtime_error("the module offers no dialog");
   MosaicDialogState state{};
-  MosaicParameters params{};
-  params.tilesAcross = 40;
-  params.tilesDown = 30;
-  params.boundsRight = 300;
-  params.boundsBottom = 200;
-  MosaicParameters* record = &params;
+  MosaicParameters record = SampleRecord();
   const double start = ThreadTime();
-  if (suite->RunMosaicDialog(&state, &record) != ResultCode::kCancelled) {
+  if (HostedModule::RunDialog(record, state) != ResultCode::kCancelled) {
     throw std::runtime_error("the dialog could not be shown");
   }
   return start;

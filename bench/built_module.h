@@ -2,11 +2,8 @@
 
 #include <ctime>
 
-#include "mosaic/mosaic_suite.h"
 #include "platform/nrvui/dialog_presenter.h"
-#include "platform/standin/held_suite.h"
-#include "platform/standin/host.h"
-#include "platform/standin/module.h"
+#include "tests/support/hosted_module.h"
 
 namespace bench {
 
@@ -17,8 +14,8 @@ inline double ThreadTime() {
   return double(now.tv_sec) + double(now.tv_nsec) * 1e-9;
 }
 
-/// The module as it is built, started under a host of its own until the end of the scope.
-class BuiltModule {
+/// The module as it is built, started until the end of the scope.
+class BuiltModule : HostedModule {
  public:
   BuiltModule();
 
@@ -31,9 +28,6 @@ class BuiltModule {
   double RunDialog(nrvui::ui::DialogPresenter& presenter);
 
  private:
-  standin::RecordingUserInterface screen;
-  standin::Host host{screen};
-  standin::Module module;
   standin::ModuleImage image;
 };
 

@@ -3,7 +3,7 @@
 
 #include "bench/built_module.h"
 #include "bench/figures.h"
-#include "tests/host/known_messages.h"
+#include "tests/support/known_messages.h"
 
 namespace {
 

@@ -8,10 +8,8 @@
 
 #include "fuzz/require.h"
 #include "host/plugin_main.h"
-#include "mosaic/mosaic_suite.h"
 #include "platform/nrvui/scripted_presenter.h"
-#include "platform/standin/host.h"
-#include "platform/standin/module.h"
+#include "tests/support/hosted_module.h"
 
 // A whole session of the host with the plug-in, a line each:
 //
@@ -33,8 +31,10 @@ std::string_view Take(std::string_view& rest, char end) {
   return taken;
 }
 
-class Session {
+class Session : HostedModule {
  public:
+  Session() : HostedModule(&PluginMain, "fuzzed") {}
+
   void Play(std::string_view lines) {
     Require(module.StartUp() == ResultCode::kSuccess);
     for (size_t i = 0; i < kLongestSession && !lines.empty(); ++i) {
@@ -42,7 +42,7 @@ class Session {
       if (line.starts_with('>')) {
         gestures.append(line.substr(1)).push_back('\n');
       } else if (line.starts_with('!')) {
-        RunDialog(line.substr(1));
+        Show(line.substr(1));
       } else {
         Send(line);
       }
@@ -69,9 +69,8 @@ class Session {
     return module.Send(caller.c_str(), selector.c_str());
   }
 
-  void RunDialog(std::string_view hex) {
-    const auto* suite = host.Suites().Find<MosaicSuite>();
-    if (!module.Globals() || !suite) return;
+  void Show(std::string_view hex) {
+    if (!module.Globals()) return;
     constexpr size_t kRecordSize = sizeof(MosaicParameters);
     std::array<uint8_t, kRecordSize + sizeof(MosaicDialogState)> given{};
     for (size_t i = 0; i < given.size() && i * 2 + 1 < hex.size(); ++i)
@@ -81,10 +80,9 @@ class Session {
     std::memcpy(&record, given.data(), sizeof record);
     std::memcpy(&state, &given[kRecordSize], sizeof state);
     try {
-      ScriptedPresenter person(GestureScript::Parse(gestures, "gestures"));
-      const nrvui::ui::InstalledPresenter installed(person);
-      MosaicParameters* params = &record;
-      const ResultCode code = suite->RunMosaicDialog(&state, &params);
+      ScriptedPresenter presenter(GestureScript::Parse(gestures, "gestures"));
+      const nrvui::ui::InstalledPresenter installed(presenter);
+      const ResultCode code = RunDialog(record, state);
       if (code != ResultCode::kSuccess) {
         Require(code == ResultCode::kCancelled || code == ResultCode::kCannot);
         Require(std::memcmp(reinterpret_cast<uint8_t*>(&record), given.data(), kRecordSize) == 0);
@@ -100,9 +98,6 @@ class Session {
     }
   }
 
-  standin::RecordingUserInterface screen;
-  standin::Host host{screen};
-  standin::Module module{host, &PluginMain, "fuzzed"};
   std::string gestures;
 };
 

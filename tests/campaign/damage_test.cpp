@@ -1,14 +1,14 @@
 #include <fstream>
 #include <sstream>
 
-#include "campaign/built_module.h"
-#include "campaign/campaign.h"
 #include "platform/nrvcore/unicode.h"
 #include "platform/nrvui/scripted_presenter.h"
 #include "platform/standin/layout_reader.h"
 #include "platform/standin/resource_error.h"
 #include "platform/standin/sheet_service.h"
-#include "standin/temporary_folder.h"
+#include "tests/support/built_module.h"
+#include "tests/support/campaign.h"
+#include "tests/support/temporary_folder.h"
 
 // Files with random damage: they are refused with a reason, or what comes of them can be worked
 // with.

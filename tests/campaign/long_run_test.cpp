@@ -3,10 +3,10 @@
 #include <fstream>
 #include <iostream>
 
-#include "campaign/built_module.h"
-#include "campaign/campaign.h"
 #include "platform/nrvui/scripted_presenter.h"
 #include "platform/qpbasic/ledger.h"
+#include "tests/support/built_module.h"
+#include "tests/support/campaign.h"
 
 namespace {
 
@@ -23,9 +23,7 @@ struct Measure {
 Measure PlayBatch(BuiltModule& built, size_t dialogs, size_t reloads) {
   const std::clock_t start = std::clock();
   for (size_t i = 0; i < dialogs; ++i) {
-    MosaicParameters record{};
-    record.boundsRight = 300;
-    record.boundsBottom = 200;
+    MosaicParameters record = SampleRecord();
     MosaicDialogState state{};
     EXPECT_EQ(built.RunDialog(record, state), ResultCode::kSuccess);
   }

@@ -1,14 +1,14 @@
 #include <cstring>
 
-#include "campaign/built_module.h"
-#include "campaign/campaign.h"
-#include "campaign/mosaic_model.h"
 #include "platform/nrvcore/unicode.h"
 #include "platform/nrvui/gesture.h"
 #include "platform/nrvui/node_walk.h"
 #include "platform/nrvui/ui_checkbox.h"
 #include "platform/nrvui/ui_radio_button.h"
 #include "platform/nrvui/ui_unit_number_edit.h"
+#include "tests/campaign/mosaic_model.h"
+#include "tests/support/built_module.h"
+#include "tests/support/campaign.h"
 
 // Whatever a caller hands in and a person does, the dialog does what the model says.
 

@@ -1,6 +1,6 @@
-#include "campaign/built_module.h"
-#include "campaign/campaign.h"
-#include "host/known_messages.h"
+#include "tests/support/built_module.h"
+#include "tests/support/campaign.h"
+#include "tests/support/known_messages.h"
 
 // Any message may come at any time. What a message makes the plug-in ask of its host follows from
 // the message and from whether the plug-in holds its suites; the answer is always success.

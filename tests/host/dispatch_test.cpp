@@ -2,8 +2,8 @@
 #include <stdexcept>
 
 #include "host/error.h"
-#include "host/known_messages.h"
-#include "host/test_plugin.h"
+#include "tests/host/test_plugin.h"
+#include "tests/support/known_messages.h"
 
 namespace {
 

@@ -1,7 +1,7 @@
 #include "host/failure_report.h"
 
 #include "host/error.h"
-#include "host/test_plugin.h"
+#include "tests/host/test_plugin.h"
 
 namespace {
 

@@ -1,5 +1,5 @@
 #include "host/suite_set.h"
-#include "host/test_plugin.h"
+#include "tests/host/test_plugin.h"
 
 namespace {
 

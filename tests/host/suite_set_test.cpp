@@ -1,7 +1,7 @@
 #include "host/suite_set.h"
 
 #include "host/app_context_scope.h"
-#include "host/test_plugin.h"
+#include "tests/host/test_plugin.h"
 
 namespace {
 

@@ -1,4 +1,4 @@
-#include "host/test_plugin.h"
+#include "tests/host/test_plugin.h"
 
 #include <new>
 

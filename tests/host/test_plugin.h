@@ -11,8 +11,7 @@
 #include "host/plugin_factory.h"
 #include "host/plugin_main.h"
 #include "platform/qpbasic/ledger.h"
-#include "platform/standin/host.h"
-#include "platform/standin/module.h"
+#include "tests/support/hosted_module.h"
 
 /// What the next TestPlugin does; the framework creates the plug-in itself, so tests say it here.
 struct TestPlan {
@@ -67,9 +66,9 @@ class TestPlugin : public Plugin {
 };
 
 /// The framework under the stand-in host.
-class FrameworkTest : public testing::Test {
+class FrameworkTest : public testing::Test, protected HostedModule {
  protected:
-  FrameworkTest() {
+  FrameworkTest() : HostedModule(&PluginMain, "Framework") {
     plan = TestPlan();
     handled.clear();
   }
@@ -80,8 +79,4 @@ class FrameworkTest : public testing::Test {
 
   standin::OperationBook& Operations() { return host.Operations(); }
   TestPlugin* Object() { return static_cast<TestPlugin*>(module.Globals()); }
-
-  standin::RecordingUserInterface person;
-  standin::Host host{person};
-  standin::Module module{host, &PluginMain, "Framework"};
 };

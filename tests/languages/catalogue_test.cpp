@@ -1,5 +1,5 @@
-#include "mosaic/dialog_harness.h"
 #include "platform/nrvcore/localizer.h"
+#include "tests/support/mosaic_test.h"
 
 namespace {
 

@@ -8,11 +8,11 @@
 #include <string_view>
 #include <utility>
 
-#include "campaign/campaign.h"
 #include "host/error.h"
-#include "module/story.h"
-#include "module/toolkit_memory.h"
 #include "platform/qpbasic/ledger.h"
+#include "tests/module/story.h"
+#include "tests/module/toolkit_memory.h"
+#include "tests/support/campaign.h"
 
 // Every fault that the host or the toolkit can cause is caused once, at every place of whole
 // stories. Afterwards the same module must get through a whole life undisturbed.

@@ -4,11 +4,11 @@
 #include <fstream>
 #include <sstream>
 
-#include "campaign/built_module.h"
-#include "module/story.h"
 #include "platform/qpbasic/ledger.h"
 #include "platform/standin/host_codes.h"
-#include "standin/temporary_folder.h"
+#include "tests/module/story.h"
+#include "tests/support/built_module.h"
+#include "tests/support/temporary_folder.h"
 
 namespace {
 

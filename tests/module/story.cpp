@@ -1,4 +1,4 @@
-#include "module/story.h"
+#include "tests/module/story.h"
 
 #include <gtest/gtest.h>
 
@@ -28,19 +28,19 @@ void Story::PlayLife() {
   Send("go", [](Module& to) { return to.Send("VX Menu", "VX Go"); });
   for (const char* type : {"VX Application Started Notifier", "VX Other Notifier"})
     Send(type, [&](Module& to) { return to.Notify(type); });
-  RunDialog(
+  Show(
       {"enter HorizontalCountTxt 12\nclick MosaicUseRatioButton\nclick GrayRadio\n"
        "resize 600 500\nkey Return",
        ResultCode::kSuccess});
   Send("unload", &Module::Unload);
   Send("reload", Reload);
-  RunDialog(
+  Show(
       {"enter NewWidthTxt 1 in\nclick VerticalRadio\nclick MosaicUseRatioButton\n"
        "click DeleteRasterChk\nkey Escape",
        ResultCode::kCancelled});
-  RunDialog({"click UsePercentChk\nenter NewWidthTxt 50\nclick okButton", ResultCode::kSuccess});
-  RunDialog({"enter VerticalCountTxt 7\nclose", ResultCode::kCancelled, true});
-  RunDialog({"enter NewHeightTxt 25 %\nkey Return", ResultCode::kSuccess, true});
+  Show({"click UsePercentChk\nenter NewWidthTxt 50\nclick okButton", ResultCode::kSuccess});
+  Show({"enter VerticalCountTxt 7\nclose", ResultCode::kCancelled, true});
+  Show({"enter NewHeightTxt 25 %\nkey Return", ResultCode::kSuccess, true});
   Send("shut down", &Module::ShutDown);
 }
 
@@ -63,11 +63,11 @@ void Story::PlayFailures() {
   host.Suites().SetAbsent(kNeededSuite);
   Send("reload", Reload, module.Globals() ? standin::kSuiteNotFound : ResultCode::kSuccess);
   Send("message without suites", &Module::About);
-  RunDialog({"click MosaicUseRatioButton\nkey Return", ResultCode::kSuccess});
+  Show({"click MosaicUseRatioButton\nkey Return", ResultCode::kSuccess});
   host.Suites().SetAbsent(kNeededSuite, false);
   Send("reload", Reload);
   host.Suites().SetAbsent("VX User Interface Main Suite");
-  RunDialog({"key Return", ResultCode::kCannot});
+  Show({"key Return", ResultCode::kCannot});
   host.Suites().SetAbsent("VX User Interface Main Suite", false);
   Send("shut down", &Module::ShutDown);
   if (person.alerts.size() != alertsBefore + 4) undisturbed = false;
@@ -101,17 +101,14 @@ void Story::Send(const char* step, const Message& message, ResultCode expected) 
   EXPECT_EQ(person.alerts.size(), alerts + Failed(code)) << step;
 }
 
-void Story::RunDialog(const Scene& scene) {
-  const auto* suite = host.Suites().Find<MosaicSuite>();
-  if (!module.IsLoaded() || !module.Globals() || !suite) {
+void Story::Show(const Scene& scene) {
+  if (!module.IsLoaded() || !module.Globals() || !host.Suites().Find<MosaicSuite>()) {
     undisturbed = false;
     return;
   }
-  MosaicParameters record;
-  std::fill_n(reinterpret_cast<uint8_t*>(&record), sizeof(record), 0x5A);
-  record.boundsLeft = record.boundsTop = 0;
-  record.boundsRight = 300;
-  record.boundsBottom = 200;
+  MosaicParameters record = SampleRecord();
+  record.reserved11 = 0x5A;
+  record.reserved28 = 0x5A;
   record.sizeUnavailable = scene.sizeUnavailable;
   MosaicDialogState state{};
   const MosaicParameters givenRecord = record;
@@ -119,8 +116,7 @@ void Story::RunDialog(const Scene& scene) {
 
   ScriptedPresenter presenter(GestureScript::Parse(scene.gestures, "story"));
   const nrvui::ui::InstalledPresenter installed(presenter);
-  MosaicParameters* params = &record;
-  const ResultCode code = Call([&] { return suite->RunMosaicDialog(&state, &params); });
+  const ResultCode code = Call([&] { return RunDialog(record, state); });
   if (code != scene.expected) {
     undisturbed = false;
     // A dialog whose gestures could not be played is cancelled.

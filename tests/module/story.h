@@ -3,15 +3,15 @@
 #include <functional>
 #include <vector>
 
-#include "mosaic/mosaic_suite.h"
-#include "platform/standin/host.h"
-#include "platform/standin/module.h"
+#include "tests/support/hosted_module.h"
 
 /// The built module under a host of its own. Whatever is disturbed on the way, a story goes on as
 /// a host would, and checks what must hold after each step: an answer that a caller may see, its
 /// failure shown to the user, the caller's data untouched without success. It can be played again.
-class Story {
+class Story : public HostedModule {
  public:
+  Story() : HostedModule(MODULE_FILE) {}
+
   using Plot = void (Story::*)();
 
   /// From start-up to shut-down: messages, an unload and a reload, and the dialog confirmed,
@@ -24,9 +24,6 @@ class Story {
   /// Whether everything so far went as it does when nothing is disturbed.
   bool IsUndisturbed() const { return undisturbed; }
   void ForgetDisturbances();
-
-  standin::RecordingUserInterface person;
-  standin::Host host{person};
 
   /// What a disturbed message may answer with.
   std::vector<ResultCode> allowed;
@@ -43,9 +40,8 @@ class Story {
 
   using Message = std::function<ResultCode(standin::Module&)>;
   void Send(const char* step, const Message& message, ResultCode expected = ResultCode::kSuccess);
-  void RunDialog(const Scene& scene);
+  void Show(const Scene& scene);
   ResultCode Call(const std::function<ResultCode()>& call);
 
-  standin::Module module{host, MODULE_FILE};
   bool undisturbed = true;
 };

@@ -1,4 +1,4 @@
-#include "module/toolkit_memory.h"
+#include "tests/module/toolkit_memory.h"
 
 #include <cstdlib>
 #include <new>

@@ -1,5 +1,5 @@
-#include "mosaic/dialog_harness.h"
 #include "platform/nrvui/ui_node_manager.h"
+#include "tests/support/mosaic_test.h"
 
 namespace {
 

@@ -1,6 +1,6 @@
 #include <stdexcept>
 
-#include "mosaic/dialog_harness.h"
+#include "tests/support/mosaic_test.h"
 
 namespace {
 

@@ -1,7 +1,7 @@
 #include "mosaic/tesserae_ui.h"
 
-#include "mosaic/dialog_harness.h"
 #include "mosaic/run_mosaic_dialog.h"
+#include "tests/support/mosaic_test.h"
 
 namespace {
 
@@ -61,7 +61,7 @@ TEST_F(TesseraeUITest, ASuiteThatCannotBeRegisteredEndsTheStartUp) {
   }
   operations.Refuse("QP Blocks Suite/AllocateBlock", ResultCode::kOutOfMemory);
   EXPECT_EQ(module.StartUp(), ResultCode::kParameter);
-  EXPECT_EQ(alerts.alerts.size(), 3u);
+  EXPECT_EQ(person.alerts.size(), 3u);
 
   operations.Refuse("QP Suites Suite/AddSuite", ResultCode{12});
   EXPECT_EQ(module.StartUp(), ResultCode{12});

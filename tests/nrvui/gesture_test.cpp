@@ -4,8 +4,8 @@
 
 #include <cmath>
 
-#include "nrvui/test_dialog.h"
 #include "platform/nrvcore/error.h"
+#include "tests/nrvui/test_dialog.h"
 
 using namespace nrvui::controls;
 using namespace nrvui::gestures;

@@ -2,9 +2,9 @@
 
 #include <stdexcept>
 
-#include "nrvui/test_dialog.h"
 #include "platform/nrvui/scripted_presenter.h"
-#include "standin/temporary_folder.h"
+#include "tests/nrvui/test_dialog.h"
+#include "tests/support/temporary_folder.h"
 
 using namespace nrvui::gestures;
 using namespace nrvui::ui;

@@ -1,4 +1,4 @@
-#include "nrvui/test_dialog.h"
+#include "tests/nrvui/test_dialog.h"
 
 #include <boost/smart_ptr/make_shared.hpp>
 

@@ -1,7 +1,7 @@
-#include "nrvui/test_dialog.h"
 #include "platform/nrvui/ui_text_edit.h"
 #include "platform/qt/number_field.h"
-#include "qt/window_test.h"
+#include "tests/nrvui/test_dialog.h"
+#include "tests/qt/window_test.h"
 
 /// Fields of the real dialog: what a person sees while they type.
 class Field : public MosaicWindowTest {};

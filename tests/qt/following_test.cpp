@@ -1,10 +1,10 @@
 #include <QScrollArea>
 #include <QScrollBar>
 
-#include "nrvui/test_dialog.h"
 #include "platform/nrvui/ui_layout.h"
 #include "platform/nrvui/ui_panel.h"
-#include "qt/window_test.h"
+#include "tests/nrvui/test_dialog.h"
+#include "tests/qt/window_test.h"
 
 using namespace nrvui::controls;
 using namespace nrvui::ui;

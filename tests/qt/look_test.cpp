@@ -6,7 +6,7 @@
 
 #include "platform/nrvcore/localizer.h"
 #include "platform/qt/theme.h"
-#include "qt/window_test.h"
+#include "tests/qt/window_test.h"
 
 struct Look {
   const char* name;

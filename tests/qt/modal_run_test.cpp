@@ -5,9 +5,9 @@
 #include <QTimer>
 #include <cmath>
 
-#include "nrvui/test_dialog.h"
 #include "platform/nrvui/gesture_script.h"
-#include "qt/window_test.h"
+#include "tests/nrvui/test_dialog.h"
+#include "tests/qt/window_test.h"
 
 using nrvui::gestures::GestureScript;
 

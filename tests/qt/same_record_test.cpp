@@ -2,7 +2,7 @@
 #include <tuple>
 
 #include "platform/nrvui/scripted_presenter.h"
-#include "qt/window_test.h"
+#include "tests/qt/window_test.h"
 
 using nrvui::gestures::GestureScript;
 using nrvui::gestures::ScriptedPresenter;

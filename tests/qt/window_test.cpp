@@ -1,4 +1,4 @@
-#include "qt/window_test.h"
+#include "tests/qt/window_test.h"
 
 #include <QApplication>
 
@@ -71,15 +71,6 @@ WindowTest::WindowTest() {
 WindowTest::~WindowTest() {
   EXPECT_EQ(warnings.join('\n').toStdString(), "");
   EXPECT_TRUE(QApplication::topLevelWidgets().isEmpty());
-}
-
-MosaicWindowTest::MosaicWindowTest() {
-  record.boundsRight = 300;
-  record.boundsBottom = 200;
-  record.tilesAcross = 30;
-  record.tilesDown = 20;
-  record.isColor = 1;
-  record.keepHorizontal = 1;
 }
 
 ResultCode MosaicWindowTest::RunWith(nrvui::ui::DialogPresenter& presenter) {

@@ -7,10 +7,10 @@
 #include <functional>
 #include <string>
 
-#include "campaign/built_module.h"
 #include "platform/qt/message_line.h"
 #include "platform/qt/qt_presenter.h"
 #include "platform/qt/text_field.h"
+#include "tests/support/built_module.h"
 
 /// An open window as a test drives it.
 class OpenWindow {
@@ -49,11 +49,9 @@ class WindowTest : public testing::Test {
   ~WindowTest() override;
 };
 
-/// The real dialog: the built module under a host, and a caller with a source of 300 by 200 points.
+/// The real dialog: the built module under a host, and a caller.
 class MosaicWindowTest : public WindowTest {
  protected:
-  MosaicWindowTest();
-
   ResultCode RunWith(nrvui::ui::DialogPresenter& presenter);
   /// `person` has the open window, which is closed after them.
   ResultCode Run(const Person& person);
@@ -61,6 +59,6 @@ class MosaicWindowTest : public WindowTest {
   void LookAt(const Person& person);
 
   BuiltModule built;
-  MosaicParameters record{};
+  MosaicParameters record = SampleRecord();
   MosaicDialogState state{};
 };

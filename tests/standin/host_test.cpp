@@ -15,7 +15,7 @@
 #include "platform/standin/sheet_service.h"
 #include "platform/vxui/modal_context.h"
 #include "platform/vxui/sheet_holder.h"
-#include "standin/temporary_folder.h"
+#include "tests/support/temporary_folder.h"
 
 namespace {
 

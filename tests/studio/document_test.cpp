@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "tests/studio/random_picture.h"
+#include "tests/support/random_picture.h"
 
 namespace {
 

@@ -10,7 +10,7 @@
 #include "studio/mosaic/mosaic_builder.h"
 #include "studio/mosaic/mosaic_geometry.h"
 #include "studio/mosaic/mosaic_job.h"
-#include "tests/studio/random_picture.h"
+#include "tests/support/random_picture.h"
 
 namespace {
 

@@ -8,9 +8,9 @@
 #include <QPainter>
 #include <QTemporaryDir>
 
-#include "campaign/campaign.h"
 #include "studio/base/studio_error.h"
-#include "tests/studio/random_picture.h"
+#include "tests/support/campaign.h"
+#include "tests/support/random_picture.h"
 
 namespace {
 

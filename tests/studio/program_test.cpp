@@ -11,7 +11,7 @@
 #include <QTemporaryDir>
 #include <QTest>
 
-#include "tests/studio/random_picture.h"
+#include "tests/support/random_picture.h"
 
 namespace {
 

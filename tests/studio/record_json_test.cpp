@@ -8,8 +8,8 @@
 #include <cmath>
 #include <numeric>
 
-#include "campaign/campaign.h"
 #include "studio/base/studio_error.h"
+#include "tests/support/campaign.h"
 
 namespace {
 

@@ -21,7 +21,7 @@
 #include "platform/standin/resource_root.h"
 #include "studio/window/file_dialogs.h"
 #include "studio/window/settings.h"
-#include "tests/studio/random_picture.h"
+#include "tests/support/random_picture.h"
 
 namespace {
 

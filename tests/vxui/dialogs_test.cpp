@@ -4,8 +4,8 @@
 #include <stdexcept>
 #include <string>
 
-#include "nrvui/function_presenter.h"
 #include "platform/vxui/ui_popup_modal_dialog.h"
+#include "tests/support/function_presenter.h"
 
 using namespace vx::ui;
 

@@ -8,16 +8,14 @@
 #include "dialog/node_lookup.h"
 #include "host/plugin_main.h"
 #include "mosaic/checked_cast.h"
-#include "mosaic/mosaic_suite.h"
 #include "platform/nrvcore/unicode.h"
 #include "platform/nrvui/gesture.h"
 #include "platform/nrvui/ui_checkbox.h"
 #include "platform/nrvui/ui_dialog.h"
 #include "platform/nrvui/ui_static_text.h"
 #include "platform/nrvui/ui_text_edit.h"
-#include "platform/standin/host.h"
-#include "platform/standin/module.h"
 #include "platform/standin/sheet_service.h"
+#include "tests/support/hosted_module.h"
 
 using nrvui::controls::UI_Checkbox;
 
@@ -45,25 +43,23 @@ struct OpenDialog {
   nrvui::ui::UI_Dialog& dialog;
 };
 
-class PluginTest : public testing::Test {
+class PluginTest : public testing::Test, protected HostedModule {
  protected:
-  standin::RecordingUserInterface alerts;
-  standin::Host host{alerts};
-  standin::Module module{host, &PluginMain, "TesseraeUI"};
+  PluginTest() : HostedModule(&PluginMain, "TesseraeUI") {}
 };
 
-/// A caller with a started plug-in and a source of 300 by 200 points.
+/// A caller with a started plug-in.
 class MosaicTest : public PluginTest {
  protected:
   using Person = std::function<void(const OpenDialog&)>;
 
-  MosaicTest();
+  MosaicTest() { EXPECT_EQ(module.StartUp(), ResultCode::kSuccess); }
 
   /// Calls the suite's function; `person` acts on the open dialog.
   ResultCode Run(const Person& person);
   /// The same for a person who cancels in the end.
   void LookAt(const Person& person) { EXPECT_EQ(Run(person), ResultCode::kCancelled); }
 
-  MosaicParameters record{};
+  MosaicParameters record = SampleRecord();
   MosaicDialogState state{};
 };

@@ -1,4 +1,4 @@
-#include "campaign/campaign.h"
+#include "tests/support/campaign.h"
 
 #include <cstdlib>
 #include <string_view>

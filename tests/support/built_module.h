@@ -1,0 +1,17 @@
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include "tests/support/hosted_module.h"
+
+/// The module as it is built, started; nothing may be left of it in the end.
+struct BuiltModule : HostedModule {
+  explicit BuiltModule(const std::filesystem::path& resources = standin::DefaultResourceRoot())
+      : HostedModule(MODULE_FILE, resources) {
+    EXPECT_EQ(module.StartUp(), ResultCode::kSuccess);
+  }
+  ~BuiltModule() {
+    EXPECT_EQ(module.ShutDown(), ResultCode::kSuccess);
+    EXPECT_EQ(host.Leftovers(), std::vector<std::string>{});
+  }
+};

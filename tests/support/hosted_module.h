@@ -1,0 +1,38 @@
+#pragma once
+
+#include "mosaic/mosaic_suite.h"
+#include "platform/standin/host.h"
+#include "platform/standin/module.h"
+
+/// A module under a host of its own, not yet started, and a caller of its suite.
+struct HostedModule {
+  explicit HostedModule(const std::filesystem::path& file,
+                        const std::filesystem::path& resources = standin::DefaultResourceRoot())
+      : host(person, resources), module(host, file) {}
+  HostedModule(standin::EntryPoint linked, const std::string& name)
+      : host(person), module(host, linked, name) {}
+
+  /// Calls the function of the published suite; kCannot where none is published.
+  ResultCode RunDialog(MosaicParameters& record, MosaicDialogState& state) {
+    const auto* suite = host.Suites().Find<MosaicSuite>();
+    MosaicParameters* params = &record;
+    return suite ? suite->RunMosaicDialog(&state, &params) : ResultCode::kCannot;
+  }
+
+  standin::RecordingUserInterface person;
+  standin::Host host;
+  standin::Module module;
+};
+
+/// A caller's record with a source of 300 by 200 points and 30 by 20 tiles.
+inline MosaicParameters SampleRecord() {
+  MosaicParameters record{};
+  record.isColor = record.keepHorizontal = 1;
+  record.tilesAcross = 30;
+  record.tilesDown = 20;
+  record.boundsLeft = -50;
+  record.boundsTop = 40;
+  record.boundsRight = 250;
+  record.boundsBottom = 240;
+  return record;
+}
