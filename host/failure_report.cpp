@@ -7,7 +7,7 @@
 
 #include "host/bounded_string.h"
 #include "host/error.h"
-#include "host/string_list.h"
+#include "host/resource_text.h"
 #include "host/suites.h"
 #include "host/unicode_string.h"
 

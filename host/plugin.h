@@ -27,6 +27,10 @@ class Plugin {
   PluginRef Reference() const { return pluginRef; }
   bool HoldsSuites() const { return suites != nullptr; }
 
+  /// Gives back the suites that a start-up has acquired which then failed. They stay held for the
+  /// `earlierSets` that there were before it.
+  void AbandonStartup(uint16_t earlierSets);
+
   // The virtual operations stand in the order of their slots.
 
   virtual ~Plugin() = default;
@@ -40,8 +44,9 @@ class Plugin {
   /// many is ignored. The suites must be held. Always kSuccess.
   virtual ResultCode SetLocked(bool lock);
 
-  /// Acquires the suites and introduces the plug-in to the host. On failure no suite stays held
-  /// that the host takes back.
+  /// Makes this the current plug-in, acquires the suites and introduces the plug-in to the host.
+  /// After a failure a derived class makes the plug-in current that was so before, and
+  /// AbandonStartup gives the suites back.
   virtual ResultCode OnStartup(PluginMessage* message);
   virtual ResultCode OnApplicationStarted() { return ResultCode::kSuccess; }
   virtual ResultCode OnShutdown(PluginMessage* message);
@@ -139,9 +144,6 @@ class Plugin {
   Plugin(const Plugin&) = default;
   Plugin& operator=(const Plugin&) = delete;
 
-  /// Undoes what a start-up that fails has acquired.
-  void AbandonStartup();
-
   PluginRef pluginRef;
   char name[256] = {};
   SuiteSet* suites = nullptr;  // owned; null until a start-up or reload has acquired the suites
@@ -160,3 +162,12 @@ class Plugin {
 };
 
 static_assert(sizeof(Plugin) == 320);
+
+// What a plug-in built on this framework supplies, besides its list of suites (suite_set.h).
+
+/// Creates the module's plug-in object in the host's memory; null when there is none.
+Plugin* CreatePlugin(PluginRef pluginRef);
+
+/// Makes the virtual operations of an object that was kept across an unload those of this, newly
+/// loaded code again, without changing its members. Answers the object to go on with.
+Plugin* RebindAfterReload(void* kept);

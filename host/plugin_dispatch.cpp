@@ -1,12 +1,37 @@
 #include <exception>
 #include <string_view>
 
-#include "host/app_context_scope.h"
 #include "host/error.h"
-#include "host/names.h"
 #include "host/plugin.h"
+#include "host/suites.h"
 
 namespace {
+
+/// The host works on behalf of this plug-in for as long as the scope is open. Without the host's
+/// context suite the scope does nothing; what the host answers is not looked at.
+class AppContextScope {
+ public:
+  explicit AppContextScope(PluginRef plugin) {
+    if (const auto* contexts = Suite<VXContextSuite>()) {
+      (void)contexts->PushAppContext(plugin, &context);
+    }
+  }
+  ~AppContextScope() {
+    if (const auto* contexts = Suite<VXContextSuite>()) {
+      (void)Guarded([&] { return contexts->PopAppContext(context); });
+    }
+  }
+  AppContextScope(const AppContextScope&) = delete;
+  AppContextScope& operator=(const AppContextScope&) = delete;
+
+ private:
+  ContextHandle context = nullptr;
+};
+
+/// An absent name is none.
+std::string_view AsName(const char* text) {
+  return text ? text : "";
+}
 
 /// Hands a message on to the operation of a row.
 using Handler = ResultCode (*)(Plugin& plugin, const char* selector, PluginMessage* message);
@@ -27,11 +52,11 @@ ResultCode Purge(Plugin& plugin, const char*, PluginMessage*) {
 ResultCode Notify(Plugin& plugin, const char* selector, PluginMessage* message) {
   const AppContextScope context(message->pluginRef);
   ResultCode code = ResultCode::kNotHandled;
-  if (IsNamed(static_cast<NotifierMessage*>(message)->notifierType, kStartedNotifierType)) {
+  if (AsName(static_cast<NotifierMessage*>(message)->notifierType) == kStartedNotifierType) {
     code = plugin.OnApplicationStarted();
     if (Failed(code) && code != ResultCode::kNotHandled) return code;
   }
-  return IsNamed(selector, "VX Notify") ? plugin.OnNotify(message) : code;
+  return AsName(selector) == "VX Notify" ? plugin.OnNotify(message) : code;
 }
 
 ResultCode PassScript(Plugin& plugin, const char* selector, PluginMessage* message) {
@@ -108,11 +133,6 @@ constexpr Route kRoutes[] = {
      Call<&Plugin::OnControlPanelSubGroupVisibility>},
     {"VX Script Message Caller", kAnySelector, PassScript},
 };
-
-/// An absent name is none.
-std::string_view AsName(const char* text) {
-  return text ? text : "";
-}
 
 /// The rows of a caller stand together, so that its name is compared once for all of them.
 const Route* FindRoute(std::string_view caller, std::string_view selector) {

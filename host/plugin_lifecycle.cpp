@@ -3,7 +3,7 @@
 #include "host/bounded_string.h"
 #include "host/error.h"
 #include "host/plugin.h"
-#include "host/string_list.h"
+#include "host/resource_text.h"
 
 namespace {
 
@@ -13,10 +13,8 @@ constexpr int32_t kAboutTextList = 16600;
 
 ResultCode Plugin::OnStartup(PluginMessage* message) {
   (void)SetCurrentPlugin(this);
-  ResultCode code = AcquireSuites();
-  if (!Failed(code)) code = Guarded([&] { return Introduce(message); });
-  if (Failed(code)) AbandonStartup();
-  return code;
+  const ResultCode code = AcquireSuites();
+  return Failed(code) ? code : Guarded([&] { return Introduce(message); });
 }
 
 ResultCode Plugin::Introduce(PluginMessage* message) {
@@ -35,9 +33,11 @@ ResultCode Plugin::Introduce(PluginMessage* message) {
   return ResultCode::kSuccess;
 }
 
-void Plugin::AbandonStartup() {
+void Plugin::AbandonStartup(uint16_t earlierSets) {
+  // The start-up has set the count to 1, which forgets the sets that share the suites with this
+  // one.
+  if (suites) suiteAcquireCount = earlierSets + 1;
   ReleaseSuites();
-  (void)SetCurrentPlugin(nullptr);
 }
 
 ResultCode Plugin::OnShutdown(PluginMessage*) {

@@ -1,17 +1,19 @@
 #include "host/plugin_main.h"
 
+#include <cstring>
+
 #include "host/error.h"
 #include "host/failure_report.h"
-#include "host/names.h"
-#include "host/plugin_factory.h"
+#include "host/plugin.h"
 #include "host/suites.h"
 
 namespace {
 
-/// Caller and selector, by which the host names a message.
+/// Caller and selector, by which the host names a message; either may be null.
 struct MessageName {
   bool Is(const MessageName& known) const {
-    return IsNamed(caller, known.caller) && IsNamed(selector, known.selector);
+    return caller && std::strcmp(caller, known.caller) == 0 && selector &&
+           std::strcmp(selector, known.selector) == 0;
   }
 
   const char* caller;
@@ -22,13 +24,15 @@ constexpr MessageName kStartup = {"QP Interface", "Startup"};
 constexpr MessageName kShutdown = {"QP Interface", "Shutdown"};
 constexpr MessageName kReload = {"QP Access", "Reload"};
 
-/// Answers an error with no object left behind.
+/// Answers an error with no object left behind, and with the suites of an earlier one still held.
 ResultCode StartUp(PluginMessage& message) {
+  const uint16_t earlierSets = suiteAcquireCount;
   Plugin* plugin = CreatePlugin(message.pluginRef);
   if (!plugin) return ResultCode::kOutOfMemory;
   message.globals = plugin;
   const ResultCode code = Guarded([&] { return plugin->OnStartup(&message); });
   if (Failed(code)) {
+    plugin->AbandonStartup(earlierSets);
     delete plugin;
     message.globals = nullptr;
   }

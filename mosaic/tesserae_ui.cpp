@@ -5,7 +5,6 @@
 
 #include "host/bounded_string.h"
 #include "host/error.h"
-#include "host/plugin_factory.h"
 #include "mosaic/run_mosaic_dialog.h"
 
 constinit const SuiteImport kPluginSuites[] = {
@@ -36,10 +35,11 @@ TesseraeUI::TesseraeUI(PluginRef reference) : Plugin(reference) {
 }
 
 ResultCode TesseraeUI::OnStartup(PluginMessage* message) {
+  Plugin* const earlier = currentPlugin;
   ResultCode code = Plugin::OnStartup(message);
-  if (Failed(code)) return code;
-  code = AddTesseraeSuite();
-  if (Failed(code)) AbandonStartup();
+  if (!Failed(code)) code = AddTesseraeSuite();
+  // A plug-in that ran before goes on running.
+  if (Failed(code)) (void)SetCurrentPlugin(earlier);
   return code;
 }
 

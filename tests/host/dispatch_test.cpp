@@ -52,6 +52,9 @@ TEST(Dispatch, EveryMessageReachesItsOwnOperation) {
   EXPECT_EQ(plugin.HandleMessage("QP Interface", "Startup", &message), ResultCode::kSuccess);
   EXPECT_EQ(plugin.SetCurrentPlugin(&plugin), ResultCode::kSuccess);
   EXPECT_EQ(plugin.HandleMessage(nullptr, nullptr, &message), ResultCode::kNotHandled);
+  NotifierMessage notifier{};
+  EXPECT_EQ(plugin.HandleMessage("VX Notifier", "VX Notify", &notifier), ResultCode::kSuccess)
+      << "without the context suite there is no context to open";
 }
 
 TEST_F(DispatchTest, WhatNobodyHandlesAndAPurgeAreAnsweredAndNotShown) {

@@ -1,6 +1,5 @@
 #include "host/suite_set.h"
 
-#include "host/app_context_scope.h"
 #include "tests/host/test_plugin.h"
 
 namespace {
@@ -85,11 +84,6 @@ TEST_F(SuiteSetTest, AHostThatGivesNoTableIsNotBelieved) {
   }
   EXPECT_EQ(releases, 2) << "of the suite without a table, and of the one released here";
   EXPECT_EQ(module.StartUp(), ResultCode::kSuccess) << "each message brings its basic suite";
-}
-
-TEST_F(SuiteSetTest, AContextIsOpenedOnlyWhileItsSuiteIsHeld) {
-  const AppContextScope scope(module.Ref());
-  EXPECT_EQ(Operations().Calls("VX Context Suite/PushAppContext"), 0u);
 }
 
 }  // namespace

@@ -8,7 +8,6 @@
 #include <vector>
 
 #include "host/plugin.h"
-#include "host/plugin_factory.h"
 #include "host/plugin_main.h"
 #include "platform/qpbasic/ledger.h"
 #include "tests/support/hosted_module.h"

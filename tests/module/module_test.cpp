@@ -4,6 +4,7 @@
 #include <fstream>
 #include <sstream>
 
+#include "platform/nrvui/scripted_presenter.h"
 #include "platform/qpbasic/ledger.h"
 #include "platform/standin/host_codes.h"
 #include "tests/module/story.h"
@@ -85,6 +86,40 @@ TEST(BuiltModule, ShutsDownInCodeThatWasLoadedElsewhereAndNeverToldSo) {
   EXPECT_EQ(message.globals, nullptr);
   host.RemovePlugin(message.pluginRef);
   EXPECT_EQ(host.Leftovers(), std::vector<std::string>{});
+}
+
+TEST(BuiltModule, GoesOnAfterASecondStartUpThatFails) {
+  const auto cancel = nrvui::gestures::GestureScript::Parse("key Escape", "cancel");
+  for (const char* refused : {"QP Plug-ins Suite/SetPluginName", "VX Notifier Suite/AddNotifier",
+                              "QP Suites Suite/AddSuite"}) {
+    SCOPED_TRACE(refused);
+    HostedModule first(kModule);
+    ASSERT_EQ(first.module.StartUp(), ResultCode::kSuccess);
+    const MosaicSuite* table = first.host.Suites().Find<MosaicSuite>();
+    const size_t blocks = qpbasic::Ledger::Get().Counts().blocks;
+
+    const standin::ModuleImage image(kModule);
+    PluginMessage second{};
+    second.pluginRef = first.module.Ref();
+    second.basicSuite = first.host.BasicSuite();
+    first.host.Operations().Refuse(refused, ResultCode{12});
+    EXPECT_EQ(image.Entry()("QP Interface", "Startup", &second), ResultCode{12});
+    EXPECT_EQ(second.globals, nullptr);
+    // The host may have kept the table of a suite that it refused.
+    const size_t kept = refused == std::string("QP Suites Suite/AddSuite");
+    EXPECT_EQ(qpbasic::Ledger::Get().Counts().blocks, blocks + kept);
+
+    EXPECT_EQ(first.module.About(), ResultCode::kSuccess);
+    EXPECT_EQ(first.person.aboutBoxes.size(), 1u);
+    EXPECT_EQ(first.host.Suites().Find<MosaicSuite>(), table);
+    nrvui::gestures::ScriptedPresenter person(cancel);
+    const nrvui::ui::InstalledPresenter installed(person);
+    MosaicParameters record = SampleRecord();
+    MosaicDialogState state{};
+    EXPECT_EQ(first.RunDialog(record, state), ResultCode::kCancelled);
+    EXPECT_EQ(first.module.ShutDown(), ResultCode::kSuccess);
+    EXPECT_EQ(first.host.Leftovers().size(), kept);
+  }
 }
 
 TEST(ModuleMemory, IsTheHostsInEveryForm) {

@@ -1,4 +1,4 @@
-#include "host/string_list.h"
+#include "host/resource_text.h"
 
 #include "host/suites.h"
 
