@@ -7,13 +7,13 @@ using nrvui::ui::UI_Node;
 
 namespace {
 
-constexpr size_t kUsualNodes = 64;  // a dialog has fewer; more take further blocks
+constexpr size_t kUsualNodes = 64;  // one allocation is enough for a dialog of up to as many
 
 }  // namespace
 
 boost::intrusive_ptr<UI_Node> FindNodeByID(const boost::intrusive_ptr<UI_Node>& root,
                                            const nrvcore::String& nodeID) {
-  std::vector<boost::intrusive_ptr<UI_Node>> queue;  // from its front on; what was before is null
+  std::vector<boost::intrusive_ptr<UI_Node>> queue;  // entries before `front` are null
   queue.reserve(kUsualNodes);
   queue.push_back(root);
   for (size_t front = 0; front < queue.size(); ++front) {

@@ -4,21 +4,23 @@
 
 #include "host/suites.h"
 
-/// The version of a list's end entry that says: optional suites follow, up to the next end entry.
+/// An end entry with this version is followed by optional suites, up to the next end entry.
 constexpr int32_t kOptionalSuitesFollow = FourCharCode("OPTS");
 
 /// The suites that the plug-in adds to the framework's own; each plug-in defines its own list.
 extern const SuiteImport kPluginSuites[];
 
-/// How many sets share the acquired suites.
+/// The number of sets that share the acquired suites; a start-up or reload sets it to 1.
 extern uint16_t suiteAcquireCount;
 
-/// Holds the host's suites: constructing a set acquires both lists, framework's first, or joins a
-/// set that holds them already; destroying the last one releases them in the same order.
+/// Holds the host's suites. Constructing a set acquires the framework's list and then the
+/// plug-in's, or only adds 1 to `suiteAcquireCount` when another set holds the suites. Destroying a
+/// set subtracts 1 and, at 0, releases the suites in the order in which they were acquired.
 class SuiteSet {
  public:
-  /// Error() tells the outcome. After a failure the suites before the refused one stay held and
-  /// the set is not counted; whoever made it sets `suiteAcquireCount` to 1 before destroying it.
+  /// Error() tells the outcome. After a failure the suites before the refused one stay held, and
+  /// `suiteAcquireCount` stays 0. The owner must set it to 1 before it destroys the set: only a
+  /// count that falls from 1 to 0 releases those suites.
   SuiteSet() noexcept;
   ~SuiteSet();
   SuiteSet(const SuiteSet&) = delete;

@@ -12,9 +12,10 @@
 /// The caller's record. The dialog works on a copy; all 80 bytes come back on OK and only on OK,
 /// so the bytes that the dialog does not write return as they went in. Of a flag any value but 0
 /// counts as 1; one that the person has not touched returns with the value that it had. Counts
-/// and sizes that a person enters are in the given ranges, spacings at most the number of tiles
-/// less two; what the caller gave, or the ratio button derived, comes back as it is, between
-/// -32768 and 32767.
+/// and sizes that a person enters are in the given ranges. Spacings are limited to the tile count
+/// less two, but at least 0, when the dialog opens and whenever the person changes a count; the
+/// ratio button changes a count without limiting its spacing. What the caller gave, or the ratio
+/// button derived, comes back as it is, between -32768 and 32767.
 struct MosaicParameters {
   uint8_t reserved0[8];           // passes through
   uint8_t isColor;                // in, out: colour tiles, otherwise grey ones

@@ -1,22 +1,50 @@
 #include "mosaic/tesserae_ui_dialog.h"
 
+#include <algorithm>
+#include <boost/bind/bind.hpp>
+#include <boost/function.hpp>
+#include <boost/smart_ptr/make_shared.hpp>
+#include <cmath>
+
+#include "host/suites.h"
 #include "mosaic/short_arithmetic.h"
 #include "platform/nrvcore/localizer.h"
+#include "platform/nrvui/message_function_adapter.h"
 #include "platform/nrvui/ui_checkbox.h"
+#include "platform/nrvui/ui_control_view.h"
+#include "platform/nrvui/ui_message.h"
+#include "platform/nrvui/ui_radio_button.h"
 #include "platform/nrvui/ui_static_text.h"
+#include "platform/nrvui/ui_text_button.h"
 #include "platform/nrvui/ui_text_edit.h"
+#include "platform/nrvui/ui_unit_number_edit.h"
 
 using nrvcore::UTF16String;
 using nrvcore::config::Localizer;
 using nrvui::controls::UI_Checkbox;
+using nrvui::controls::UI_ControlView;
+using nrvui::controls::UI_RadioButton;
 using nrvui::controls::UI_StaticText;
+using nrvui::controls::UI_TextButton;
 using nrvui::controls::UI_TextEdit;
+using nrvui::controls::UI_UnitNumberEdit;
+using nrvui::ui::UI_ControlChangedMessage;
 
 namespace {
 
 constexpr const char* kTitle = "$$$/Tesserae/Cap/CreateTesserae=Create Tesserae";
 constexpr const char* kNotAvailable = "$$$/Tesserae/Str/Misc/1=N/A";
 constexpr uint32_t kLayout = 16301;
+
+constexpr double kGreatestPercentage = 100.0;
+constexpr double kGreatestLength = 8640.0;
+constexpr double kWhole = 100.0;
+constexpr double kLeastCount = 1.0;
+constexpr double kGreatestCount = 8640.0;
+
+// The greatest spacing in points is the tile count less this number. The two have different units;
+// callers depend on the result.
+constexpr float kTilesWithoutSpacing = 2.0f;
 
 }  // namespace
 
@@ -40,7 +68,7 @@ void TesseraeUIDialog::InitializeControls() {
   UpdateRadioButtons();
   Control<UI_Checkbox>("DeleteRasterChk")->SetChecked(parameters.deleteRaster != 0);
 
-  // The labels copy what the size fields show in absolute mode, so that mode comes first.
+  // ShowSourceSize copies the texts of the size fields, which must show lengths at that moment.
   const bool usePercent = state.usePercent != 0;
   state.usePercent = 0;
   ResetNewSize();
@@ -55,6 +83,71 @@ void TesseraeUIDialog::InitializeControls() {
   ClampTileSpacing();
 }
 
+void TesseraeUIDialog::ConnectControls() {
+  const bool noSize = state.noOriginalSize != 0;
+  InstallChangeHandler("MosaicUseRatioButton", &TesseraeUIDialog::OnUseRatioButton);
+  Control<UI_TextButton>("MosaicUseRatioButton")->SetDisabled(noSize);
+  for (const char* radio : {"HorizontalRadio", "VerticalRadio", "ColorRadio", "GrayRadio"}) {
+    Control<UI_RadioButton>(radio)->SetDisabled(noSize);
+  }
+  if (!noSize) {
+    InstallChangeHandler("HorizontalRadio", &TesseraeUIDialog::OnHorizontalRadio);
+    InstallChangeHandler("VerticalRadio", &TesseraeUIDialog::OnVerticalRadio);
+    InstallChangeHandler("ColorRadio", &TesseraeUIDialog::OnColorRadio);
+    InstallChangeHandler("GrayRadio", &TesseraeUIDialog::OnGrayRadio);
+  }
+  const auto usePercent = Control<UI_Checkbox>("UsePercentChk");
+  usePercent->SetChecked(state.usePercent != 0);
+  usePercent->SetDisabled(noSize);
+  InstallChangeHandler("UsePercentChk", &TesseraeUIDialog::OnUsePercentChanged);
+  InstallChangeHandler("DeleteRasterChk", &TesseraeUIDialog::OnDeleteRasterChanged);
+  InstallChangeHandler("HorizontalCountTxt", &TesseraeUIDialog::OnTileCountChanged);
+  InstallChangeHandler("VerticalCountTxt", &TesseraeUIDialog::OnTileCountChanged);
+}
+
+void TesseraeUIDialog::UpdateRadioButtons() {
+  const auto select = [this](const char* nodeID, bool selected) {
+    Control<UI_RadioButton>(nodeID)->SetValue(selected ? nrvui::controls::kRadioOn
+                                                       : nrvui::controls::kRadioOff);
+  };
+  select("HorizontalRadio", parameters.keepHorizontal != 0);
+  select("VerticalRadio", parameters.keepHorizontal == 0);
+  select("ColorRadio", parameters.isColor != 0);
+  select("GrayRadio", parameters.isColor == 0);
+}
+
+void TesseraeUIDialog::ResetNewSize() {
+  const auto width = SetUpSizeField("NewWidthTxt");
+  const auto height = SetUpSizeField("NewHeightTxt");
+  const bool whole = state.usePercent || state.noOriginalSize;
+  width->SetNumber(whole ? kWhole : LowShort(SourceWidth()));
+  height->SetNumber(whole ? kWhole : SourceHeight());
+  state.aspectRatio = SourceAspectRatio();
+}
+
+boost::intrusive_ptr<UI_UnitNumberEdit> TesseraeUIDialog::SetUpSizeField(const char* nodeID) {
+  auto field = Control<UI_UnitNumberEdit>(nodeID);
+  field->SetCustomUnit(state.usePercent ? UI_UnitNumberEdit::kPercentUnit
+                                        : UI_UnitNumberEdit::kLengthUnit);
+  field->SetLowerBound(0.0);
+  field->SetUpperBound(state.usePercent ? kGreatestPercentage : kGreatestLength);
+  return field;
+}
+
+int32_t TesseraeUIDialog::SourceWidth() const {
+  return WrappingDifference(parameters.boundsRight, parameters.boundsLeft);
+}
+
+int16_t TesseraeUIDialog::SourceHeight() const {
+  return LowShort(WrappingDifference(parameters.boundsBottom, parameters.boundsTop));
+}
+
+float TesseraeUIDialog::SourceAspectRatio() const {
+  const float height = SourceHeight();
+  if (state.noOriginalSize || height == 0.0f) return 1.0f;
+  return static_cast<float>(SourceWidth()) / height;
+}
+
 void TesseraeUIDialog::ShowSourceSize() {
   const auto widthLabel = Control<UI_StaticText>("OrigWidthStatic");
   const auto heightLabel = Control<UI_StaticText>("OrigHeightStatic");
@@ -66,6 +159,82 @@ void TesseraeUIDialog::ShowSourceSize() {
   }
   widthLabel->SetValue(Control<UI_TextEdit>("NewWidthTxt")->GetValue());
   heightLabel->SetValue(Control<UI_TextEdit>("NewHeightTxt")->GetValue());
+}
+
+void TesseraeUIDialog::SetUpCountField(const char* nodeID, int32_t count) {
+  const auto field = Control<UI_UnitNumberEdit>(nodeID);
+  field->SetLowerBound(kLeastCount);
+  field->SetUpperBound(kGreatestCount);
+  field->SetNumber(LowShort(count));
+}
+
+void TesseraeUIDialog::SetUpSpacingField(const char* nodeID) {
+  const auto field = Control<UI_UnitNumberEdit>(nodeID);
+  field->SetCustomUnit(UI_UnitNumberEdit::kLengthUnit);
+  field->SetLowerBound(0.0);
+}
+
+void TesseraeUIDialog::ClampTileSpacing() {
+  ClampSpacing("HorizontalCountTxt", "TileSpaceHorzTxt");
+  ClampSpacing("VerticalCountTxt", "TileSpaceVertTxt");
+}
+
+void TesseraeUIDialog::ClampSpacing(const char* countID, const char* spacingID) {
+  // A count below 2 would give a negative bound.
+  const float greatest = std::max(0.0f, GetControlFloat(countID) - kTilesWithoutSpacing);
+  const auto field = Control<UI_UnitNumberEdit>(spacingID);
+  const float spacing = static_cast<float>(field->GetNumber());
+  field->SetUpperBound(greatest);
+  if (spacing > greatest) field->SetNumber(greatest);
+}
+
+void TesseraeUIDialog::OnUsePercentChanged(UI_ControlChangedMessage*) {
+  state.usePercent = Control<UI_Checkbox>("UsePercentChk")->IsChecked();
+  ResetNewSize();
+}
+
+void TesseraeUIDialog::OnUseRatioButton(UI_ControlChangedMessage*) {
+  // After a reload that failed, the dialog can be asked for although the module holds no suites.
+  const ScopedSuite<VXRealMathSuite> math;
+  if (!math) return;
+  const bool keepHorizontal = parameters.keepHorizontal != 0;
+  int16_t fixedCount = 0;
+  GetControlShort(keepHorizontal ? "HorizontalCountTxt" : "VerticalCountTxt", fixedCount);
+  const float factor = keepHorizontal ? math->Divide(1.0f, state.aspectRatio) : state.aspectRatio;
+  const float count = math->Multiply(fixedCount, factor);
+  int16_t fixedSize = 0;
+  GetControlShort(keepHorizontal ? "NewWidthTxt" : "NewHeightTxt", fixedSize);
+  const float size = math->Multiply(fixedSize, factor);
+
+  // With a ratio of 0 its inverse is infinite, and a host that refuses answers with a NaN. Neither
+  // field changes then, so both results are computed before the first field is set.
+  if (!std::isfinite(factor) || std::isnan(count) || std::isnan(size)) return;
+  SetControlNumber(keepHorizontal ? "VerticalCountTxt" : "HorizontalCountTxt", RoundToShort(count));
+  SetControlNumber(keepHorizontal ? "NewHeightTxt" : "NewWidthTxt", RoundToShort(size));
+}
+
+void TesseraeUIDialog::OnTileCountChanged(UI_ControlChangedMessage*) {
+  ClampTileSpacing();
+}
+
+void TesseraeUIDialog::OnDeleteRasterChanged(UI_ControlChangedMessage*) {
+  parameters.deleteRaster = Control<UI_Checkbox>("DeleteRasterChk")->IsChecked();
+}
+
+void TesseraeUIDialog::OnHorizontalRadio(UI_ControlChangedMessage*) {
+  parameters.keepHorizontal = 1;
+}
+
+void TesseraeUIDialog::OnVerticalRadio(UI_ControlChangedMessage*) {
+  parameters.keepHorizontal = 0;
+}
+
+void TesseraeUIDialog::OnColorRadio(UI_ControlChangedMessage*) {
+  parameters.isColor = 1;
+}
+
+void TesseraeUIDialog::OnGrayRadio(UI_ControlChangedMessage*) {
+  parameters.isColor = 0;
 }
 
 void TesseraeUIDialog::DefaultCloseOk() {
@@ -83,4 +252,27 @@ void TesseraeUIDialog::DefaultCloseOk() {
   parameters.tilesDownCopy = TruncateToInt(GetControlFloat("VerticalCountTxt"));
   parameters.tilesDown = parameters.tilesDownCopy;
   UI_Dialog::DefaultCloseOk();
+}
+
+void TesseraeUIDialog::SetControlNumber(const char* nodeID, int32_t value) {
+  Control<UI_UnitNumberEdit>(nodeID)->SetNumber(static_cast<float>(value));
+}
+
+void TesseraeUIDialog::GetControlShort(const char* nodeID, int16_t& value) const {
+  value = LowShort(TruncateToInt(GetControlFloat(nodeID)));
+}
+
+float TesseraeUIDialog::GetControlFloat(const char* nodeID) const {
+  return static_cast<float>(Control<UI_UnitNumberEdit>(nodeID)->GetNumber());
+}
+
+void TesseraeUIDialog::InstallChangeHandler(const char* nodeID, ChangeHandler handler) {
+  const auto control = CheckedCast<UI_ControlView>(FindNodeByID(nodeID));
+  if (!control) return;
+
+  using NodeMessage = nrvui::ui::MessageT<nrvui::ui::UI_Node>;
+  const boost::function1<void, UI_ControlChangedMessage*> inner =
+      boost::bind(handler, this, boost::placeholders::_1);
+  const nrvui::ui::MessageFunctionAdapter<NodeMessage, UI_ControlChangedMessage> adapter(inner);
+  control->NotifyWhenChanged(boost::make_shared<boost::function<void(NodeMessage*)>>(adapter));
 }

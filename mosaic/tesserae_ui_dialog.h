@@ -33,8 +33,33 @@ class TesseraeUIDialog : public VXUIBaseDialog<nrvui::ui::UI_Dialog> {
  private:
   using ChangeHandler = void (TesseraeUIDialog::*)(nrvui::ui::UI_ControlChangedMessage*);
 
+  // Construction: the handlers, then the values of the controls.
   void InitializeControls();
+  void ConnectControls();
+  void UpdateRadioButtons();
+  void ResetNewSize();
+  boost::intrusive_ptr<nrvui::controls::UI_UnitNumberEdit> SetUpSizeField(const char* nodeID);
+  /// The full 32-bit width, from which the ratio is computed; the width field shows its low 16
+  /// bits.
+  int32_t SourceWidth() const;
+  /// The low 16 bits of the height, for the ratio as well as for the field.
+  int16_t SourceHeight() const;
+  float SourceAspectRatio() const;
   void ShowSourceSize();
+  void SetUpCountField(const char* nodeID, int32_t count);
+  void SetUpSpacingField(const char* nodeID);
+  void ClampTileSpacing();
+  void ClampSpacing(const char* countID, const char* spacingID);
+
+  // Change handlers.
+  void OnUsePercentChanged(nrvui::ui::UI_ControlChangedMessage*);
+  void OnUseRatioButton(nrvui::ui::UI_ControlChangedMessage*);
+  void OnTileCountChanged(nrvui::ui::UI_ControlChangedMessage*);
+  void OnDeleteRasterChanged(nrvui::ui::UI_ControlChangedMessage*);
+  void OnHorizontalRadio(nrvui::ui::UI_ControlChangedMessage*);
+  void OnVerticalRadio(nrvui::ui::UI_ControlChangedMessage*);
+  void OnColorRadio(nrvui::ui::UI_ControlChangedMessage*);
+  void OnGrayRadio(nrvui::ui::UI_ControlChangedMessage*);
 
   // Access to the controls, by node ID.
   template <class T>
@@ -46,32 +71,8 @@ class TesseraeUIDialog : public VXUIBaseDialog<nrvui::ui::UI_Dialog> {
   void SetControlNumber(const char* nodeID, int32_t value);
   void GetControlShort(const char* nodeID, int16_t& value) const;
   float GetControlFloat(const char* nodeID) const;
-  /// Binds nothing, and says nothing, when the layout has no such control.
+  /// Binds nothing, and reports nothing, when the layout has no such control.
   void InstallChangeHandler(const char* nodeID, ChangeHandler handler);
-
-  // Size and ratio.
-  void ConnectControls();
-  void ResetNewSize();
-  boost::intrusive_ptr<nrvui::controls::UI_UnitNumberEdit> SetUpSizeField(const char* nodeID);
-  // The height wraps at 16 bits; of the width only what the field shows does, the ratio's does not.
-  int32_t SourceWidth() const;
-  int16_t SourceHeight() const;
-  float SourceAspectRatio() const;
-  void OnUsePercentChanged(nrvui::ui::UI_ControlChangedMessage*);
-  void OnUseRatioButton(nrvui::ui::UI_ControlChangedMessage*);
-
-  // Tile counts, spacing and the choices.
-  void SetUpCountField(const char* nodeID, int32_t count);
-  void SetUpSpacingField(const char* nodeID);
-  void ClampTileSpacing();
-  void ClampSpacing(const char* countID, const char* spacingID);
-  void UpdateRadioButtons();
-  void OnTileCountChanged(nrvui::ui::UI_ControlChangedMessage*);
-  void OnDeleteRasterChanged(nrvui::ui::UI_ControlChangedMessage*);
-  void OnHorizontalRadio(nrvui::ui::UI_ControlChangedMessage*);
-  void OnVerticalRadio(nrvui::ui::UI_ControlChangedMessage*);
-  void OnColorRadio(nrvui::ui::UI_ControlChangedMessage*);
-  void OnGrayRadio(nrvui::ui::UI_ControlChangedMessage*);
 
   MosaicParameters parameters;
   MosaicDialogState state;
