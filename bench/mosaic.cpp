@@ -20,7 +20,7 @@ void BuildMosaic(benchmark::State& state) {
   const MosaicParameters params =
       bench::MosaicRequest(picture, int(state.range(0)), int(state.range(1)));
   for (auto _ : state) {
-    MosaicJob job(picture, params, MosaicDialogState{});
+    MosaicJob job(picture, {params, {}});
     job.Add(std::make_unique<Discard>());
     benchmark::DoNotOptimize(job.Run([](int) { return true; }));
   }

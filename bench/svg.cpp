@@ -32,8 +32,8 @@ void Open(QFile& file) {
 void WriteSvg(const Picture& picture, int tilesDown, const QString& path) {
   QFile file(path);
   Open(file);
-  MosaicJob job(picture, bench::MosaicRequest(picture, kTilesAcross, tilesDown), {});
-  job.Add(MakeExport(path, file, job.Geometry(), job.Below()));
+  MosaicJob job(picture, {bench::MosaicRequest(picture, kTilesAcross, tilesDown), {}});
+  job.Add(ExportKindOf(path).makeSink(file, job.Geometry(), job.Below()));
   if (!job.Run([](int) { return true; })) throw std::runtime_error("the mosaic is not whole");
 }
 

@@ -1,4 +1,5 @@
 #include <QApplication>
+#include <QDeadlineTimer>
 #include <QLibraryInfo>
 #include <QLocale>
 #include <QSocketNotifier>
@@ -13,16 +14,26 @@
 #include "studio/base/studio_error.h"
 #include "studio/console/command_line.h"
 #include "studio/console/console_run.h"
-#include "studio/console/display.h"
-#include "studio/console/standard_output.h"
+#include "studio/console/dialog_user.h"
+#include "studio/console/terminal.h"
 #include "studio/window/settings.h"
 #include "studio/window/studio_window.h"
-#include "studio/window/window_picture.h"
 
 namespace {
 
 constexpr int kStopped = 1;
 constexpr int kSomethingWrong = 2;
+
+/// Lets Qt look for a display that is there, and do without otherwise. What the user's environment
+/// says about platforms counts first. Takes effect before the QApplication.
+void ChoosePlatform(bool showsWindows) {
+  constexpr const char* kPlatform = "QT_QPA_PLATFORM";
+  if (qEnvironmentVariableIsSet(kPlatform)) return;
+  QByteArray platforms;
+  if (showsWindows && !qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY")) platforms += "wayland;";
+  if (showsWindows && !qEnvironmentVariableIsEmpty("DISPLAY")) platforms += "xcb;";
+  qputenv(kPlatform, platforms + "offscreen");
+}
 
 /// An empty code is the language of the user's environment.
 void SpeakLanguage(const QString& code) {
@@ -48,19 +59,36 @@ int RunWindow(const CommandLine& line) {
   return status;
 }
 
+QImage WindowScreenshot(const ArtworkPtr& artwork) {
+  constexpr QSize kSize(1080, 760);
+  constexpr int kActivationTimeout = 2000;  // ms
+  StudioWindow window{QString()};
+  window.resize(kSize);
+  window.Show(artwork);
+  window.show();
+  window.activateWindow();
+  const QDeadlineTimer deadline(kActivationTimeout);
+  do {
+    QCoreApplication::processEvents();
+  } while (!window.isActiveWindow() && !deadline.hasExpired());
+  QImage screenshot = window.grab().toImage();
+  window.CloseModule();
+  return screenshot;
+}
+
 int RunStudio(const CommandLine& line) {
   SpeakLanguage(line.language);
   qtui::ApplyTheme(qtui::ThemeNamed(line.theme).value_or(settings::ChosenTheme()));
   if (line.WantsWindow() && HasDisplay()) return RunWindow(line);
-  return ConsoleRun(line, WindowPicture).Run();
+  return ConsoleRun(line, WindowScreenshot).Run();
 }
 
-/// What the libraries have to tell developers is nothing for the user's terminal.
+/// What the libraries report is written for developers and stays off the user's terminal.
 void PassOver(QtMsgType, const QMessageLogContext&, const QString&) {}
 
 QStringList Arguments(int argc, char** argv) {
   QStringList arguments;
-  for (int i = 1; i < argc; ++i) arguments << QString::fromLocal8Bit(argv[i]);
+  for (int i = 0; i < argc; ++i) arguments << QString::fromLocal8Bit(argv[i]);
   return arguments;
 }
 
@@ -68,12 +96,13 @@ QStringList Arguments(int argc, char** argv) {
 
 int main(int argc, char** argv) try {
   qInstallMessageHandler(PassOver);
-  std::signal(SIGPIPE, SIG_IGN);  // whoever stops reading ends a run like any other failure
+  std::signal(SIGPIPE, SIG_IGN);  // a closed pipe is then a failure like any other
   auto& localizer = nrvcore::config::Localizer::Get();
   localizer.SetCatalogues(standin::DefaultResourceRoot() / "translations");
   localizer.SetLanguage({});
   const CommandLine line = CommandLine::Parse(Arguments(argc, argv));
   if (line.showHelp) {
+    const QCoreApplication application(argc, argv);
     Print(CommandLine::HelpText());
     return 0;
   }

@@ -1,7 +1,6 @@
 #include "platform/qt/qt_presenter.h"
 
 #include <QApplication>
-#include <QImage>
 #include <QPointer>
 #include <stdexcept>
 #include <utility>
@@ -58,33 +57,21 @@ void QtPresenter::PlayScript(nrvui::gestures::GestureScript gestureScript,
 
 void QtPresenter::Present(nrvui::ui::UI_Dialog& dialog) {
   error.reset();
-  screenshotProblem.clear();
-  QImage picture;
-  {
-    DialogRun run(dialog);
-    const WindowScope window(run);
-    const auto photograph = [&] {
-      if (!screenshotPath.empty() && !run.IsOver()) picture = window->grab().toImage();
-    };
-    const auto show = [&] {
-      photograph();
-      if (paintedHook) paintedHook(*window);
-      if (!script || run.IsOver()) return;
-      error = WindowPlayer(*script, run, *window, reportFunction).Play(photograph);
-    };
-    window->WhenPainted([&] { run.Guard(show); });
-    window->RunModal();
-    run.RethrowFailure();
-  }
-  SaveScreenshot(picture);
-}
-
-void QtPresenter::SaveScreenshot(const QImage& picture) {
-  if (screenshotPath.empty()) return;
-  const QString path = QString::fromStdString(screenshotPath);
-  if (picture.isNull() || !picture.save(path, "PNG")) {
-    screenshotProblem = screenshotPath + ": the dialog's picture can't be written";
-  }
+  screenshot = {};
+  DialogRun run(dialog);
+  const WindowScope window(run);
+  const auto photograph = [&] {
+    if (takesScreenshots && !run.IsOver()) screenshot = window->grab().toImage();
+  };
+  const auto show = [&] {
+    photograph();
+    if (paintedHook) paintedHook(*window);
+    if (!script || run.IsOver()) return;
+    error = WindowPlayer(*script, run, *window, reportFunction).Play(photograph);
+  };
+  window->WhenPainted([&] { run.Guard(show); });
+  window->RunModal();
+  run.RethrowFailure();
 }
 
 }  // namespace qtui

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QImage>
 #include <functional>
 #include <optional>
 #include <string>
@@ -7,7 +8,6 @@
 #include "platform/nrvui/dialog_presenter.h"
 #include "platform/nrvui/gesture_script.h"
 
-class QImage;
 class QWidget;
 
 namespace qtui {
@@ -29,23 +29,21 @@ class QtPresenter final : public nrvui::ui::DialogPresenter {
   /// What stopped the script in the last dialog, if anything did.
   const std::optional<nrvui::gestures::ScriptError>& Error() const { return error; }
 
-  /// Keeps a picture of every dialog in a PNG file: as it is when it opens, or after the last
-  /// gesture of a script that left it open. Empty means no picture.
-  void SetScreenshot(const std::string& path) { screenshotPath = path; }
-  /// Why the last dialog's picture could not be written; empty when it could.
-  const std::string& ScreenshotProblem() const { return screenshotProblem; }
+  /// Every dialog then leaves a picture: as it is when it opens, or after the last gesture of a
+  /// script that left it open.
+  void TakeScreenshots() { takesScreenshots = true; }
+  /// Of the last dialog; null when it was closed before it showed.
+  const QImage& Screenshot() const { return screenshot; }
 
   /// `hook` is called for every dialog, from its event loop, after its first paint.
   void WhenPainted(std::function<void(QWidget& window)> hook) { paintedHook = std::move(hook); }
 
  private:
-  void SaveScreenshot(const QImage& picture);
-
   std::optional<nrvui::gestures::GestureScript> script;
   std::function<void(const std::string&)> reportFunction;
   std::optional<nrvui::gestures::ScriptError> error;
-  std::string screenshotPath;
-  std::string screenshotProblem;
+  bool takesScreenshots = false;
+  QImage screenshot;
   std::function<void(QWidget&)> paintedHook;
 };
 

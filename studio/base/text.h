@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QString>
+#include <string>
 
 #include "platform/nrvcore/localizer.h"
 
@@ -16,3 +17,10 @@ QString Text(const char* key, const Values&... values) {
   const auto text = nrvcore::config::Localizer::Get().Localize(key, {Replacement(values)...});
   return QString::fromUtf16(text.View().data(), qsizetype(text.View().size()));
 }
+
+/// A number for a file, with at most four decimals and no more digits than it needs. Halves of the
+/// last decimal are rounded away from 0; the toolkit's number fields round them to an even digit.
+std::string NumberText(double value);
+
+/// The same with the decimal sign of the user's language.
+QString NumberForUser(double value);

@@ -5,8 +5,7 @@
 #include <QFileInfo>
 #include <QStandardPaths>
 
-#include "studio/base/output_set.h"
-#include "studio/base/text_writer.h"
+#include "studio/base/output.h"
 
 LastChoices::LastChoices(const QString& namedPath)
     : isNamed(!namedPath.isEmpty()),

@@ -1,6 +1,8 @@
 #include "studio/caller/mosaic_caller.h"
 
 #include <QCoreApplication>
+#include <algorithm>
+#include <utility>
 
 #include "platform/standin/held_suite.h"
 #include "studio/base/studio_error.h"
@@ -25,23 +27,20 @@ std::unique_ptr<standin::Module> Load(standin::Host& host) try {
 }  // namespace
 
 MosaicCaller::MosaicCaller(standin::UserInterface& userInterface)
-    : host(userInterface), module(Load(host)) {
-  const ResultCode code = module->StartUp();
-  if (Failed(code))
-    Fail("$$$/Studio/Module/NotStarted=the module cannot be started: %1", Reason(code));
+    : screen(userInterface), host(*this), module(Load(host)) {
+  EndCall(module->StartUp(), "$$$/Studio/Module/NotStarted=the module cannot be started: %1");
 }
 
 MosaicCaller::Answer MosaicCaller::Ask(MosaicParameters& params, MosaicDialogState& state) {
-  host.ForgetResourceProblems();
+  BeginCall();
   const standin::HeldSuite<MosaicSuite> suite(host);
-  if (!suite)
-    Fail("$$$/Studio/Module/NoDialog=the module offers no dialog: %1", Reason(suite.Code()));
+  if (!suite) EndCall(suite.Code(), "$$$/Studio/Module/NoDialog=the module offers no dialog: %1");
 
   MosaicParameters* record = &params;
   const ResultCode code = suite->RunMosaicDialog(&state, &record);
-  if (code == ResultCode::kSuccess) return Answer::kOk;
   if (code == ResultCode::kCancelled) return Answer::kCancelled;
-  Fail("$$$/Studio/Module/NotShown=the dialog cannot be shown: %1", Reason(code));
+  EndCall(code, "$$$/Studio/Module/NotShown=the dialog cannot be shown: %1");
+  return Answer::kOk;
 }
 
 QString MosaicCaller::ModuleName() const {
@@ -49,26 +48,40 @@ QString MosaicCaller::ModuleName() const {
 }
 
 void MosaicCaller::ShowAbout() {
-  host.ForgetResourceProblems();
-  const ResultCode code = module->About();
-  if (Failed(code))
-    Fail("$$$/Studio/Module/NoAbout=the module says nothing about itself: %1", Reason(code));
+  BeginCall();
+  EndCall(module->About(), "$$$/Studio/Module/NoAbout=the module says nothing about itself: %1");
 }
 
 void MosaicCaller::Close() {
-  host.ForgetResourceProblems();
-  const ResultCode code = module->ShutDown();
-  if (Failed(code))
-    Fail("$$$/Studio/Module/NotShutDown=the module cannot be shut down: %1", Reason(code));
+  BeginCall();
+  EndCall(module->ShutDown(), "$$$/Studio/Module/NotShutDown=the module cannot be shut down: %1");
   module.reset();
   const std::vector<std::string> leftovers = host.Leftovers();
   if (!leftovers.empty())
     Fail("$$$/Studio/Module/LeftOver=the module gave back too little: %1", leftovers.front());
 }
 
-/// What the host found wrong during the call says more than the code.
+void MosaicCaller::BeginCall() {
+  alerts.clear();
+  host.ForgetResourceProblems();
+}
+
+void MosaicCaller::EndCall(ResultCode code, const char* key) {
+  if (Failed(code)) Fail(key, Reason(code));
+  for (const std::string& alert : std::exchange(alerts, {})) screen.ShowAlert(alert);
+}
+
+/// What the host found wrong during the call and alerted of says more than the code.
 std::string MosaicCaller::Reason(ResultCode code) const {
-  if (!host.ResourceProblems().empty()) return host.ResourceProblems().back();
+  std::vector<std::string> reasons = alerts;
+  if (!host.ResourceProblems().empty()) {
+    reasons.insert(reasons.begin(), host.ResourceProblems().back());
+  }
+  if (!reasons.empty()) {
+    std::string text;
+    for (const std::string& reason : reasons) text += (text.empty() ? "" : "; ") + reason;
+    return text;
+  }
   auto number = uint32_t(code);
   std::string text;
   for (int i = 0; i < 4; ++i, number <<= 8) text += char(number >> 24);

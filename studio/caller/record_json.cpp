@@ -1,134 +1,102 @@
 #include "studio/caller/record_json.h"
 
-#include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <charconv>
 #include <cmath>
-#include <cstring>
+#include <concepts>
+#include <iterator>
 #include <string>
+#include <type_traits>
 
 #include "studio/base/studio_error.h"
 
 namespace {
 
-enum class Kind { kByte, kFlag, kInt, kFloat };
+enum class Use { kRecord, kChoice, kFlagChoice };  // choices are taken up by the next run
 
-struct Field {
-  const char* name;
-  size_t offset;
-  Kind kind;
-  bool isChoice;  // taken up by the next run
-  int count = 1;
-};
-
-// Offsets count over the record and the state behind it.
-static_assert(offsetof(MosaicChoices, state) == sizeof(MosaicParameters));
-
-#define RECORD_FIELD(field) #field, offsetof(MosaicParameters, field)
-#define STATE_FIELD(field) #field, sizeof(MosaicParameters) + offsetof(MosaicDialogState, field)
-
-constexpr Field kFields[] = {
-    {RECORD_FIELD(reserved0), Kind::kByte, false, 8},
-    {RECORD_FIELD(isColor), Kind::kFlag, true},
-    {RECORD_FIELD(deleteRaster), Kind::kFlag, true},
-    {RECORD_FIELD(keepHorizontal), Kind::kFlag, true},
-    {RECORD_FIELD(reserved11), Kind::kByte, false},
-    {RECORD_FIELD(tilesAcross), Kind::kInt, true},
-    {RECORD_FIELD(tilesDown), Kind::kInt, true},
-    {RECORD_FIELD(tileSpacingHorizontal), Kind::kInt, false},
-    {RECORD_FIELD(tileSpacingVertical), Kind::kInt, false},
-    {RECORD_FIELD(reserved28), Kind::kInt, false},
-    {RECORD_FIELD(reserved32), Kind::kInt, false},
-    {RECORD_FIELD(tilesAcrossCopy), Kind::kInt, false},
-    {RECORD_FIELD(tilesDownCopy), Kind::kInt, false},
-    {RECORD_FIELD(boundsLeft), Kind::kInt, false},
-    {RECORD_FIELD(boundsTop), Kind::kInt, false},
-    {RECORD_FIELD(boundsRight), Kind::kInt, false},
-    {RECORD_FIELD(boundsBottom), Kind::kInt, false},
-    {RECORD_FIELD(reserved60), Kind::kInt, false},
-    {RECORD_FIELD(reserved64), Kind::kInt, false},
-    {RECORD_FIELD(newWidth), Kind::kFloat, false},
-    {RECORD_FIELD(newHeight), Kind::kFloat, false},
-    {RECORD_FIELD(sizeUnavailable), Kind::kFlag, false},
-    {RECORD_FIELD(reserved77), Kind::kByte, false, 3},
-    {STATE_FIELD(aspectRatio), Kind::kFloat, true},
-    {STATE_FIELD(noOriginalSize), Kind::kFlag, true},
-    {STATE_FIELD(usePercent), Kind::kFlag, true},
-    {STATE_FIELD(reserved6), Kind::kByte, true},
-    {STATE_FIELD(reserved7), Kind::kByte, true},
-};
-
-#undef RECORD_FIELD
-#undef STATE_FIELD
+/// Calls `visit` with the name, place and use of each field, in the order of memory.
+template <typename Choices, typename Visit>
+void ForEachField(Choices& choices, Visit visit) {
+  using enum Use;
+  auto& [params, state] = choices;
+  visit("reserved0", params.reserved0, kRecord);
+  visit("isColor", params.isColor, kFlagChoice);
+  visit("deleteRaster", params.deleteRaster, kFlagChoice);
+  visit("keepHorizontal", params.keepHorizontal, kFlagChoice);
+  visit("reserved11", params.reserved11, kRecord);
+  visit("tilesAcross", params.tilesAcross, kChoice);
+  visit("tilesDown", params.tilesDown, kChoice);
+  visit("tileSpacingHorizontal", params.tileSpacingHorizontal, kRecord);
+  visit("tileSpacingVertical", params.tileSpacingVertical, kRecord);
+  visit("reserved28", params.reserved28, kRecord);
+  visit("reserved32", params.reserved32, kRecord);
+  visit("tilesAcrossCopy", params.tilesAcrossCopy, kRecord);
+  visit("tilesDownCopy", params.tilesDownCopy, kRecord);
+  visit("boundsLeft", params.boundsLeft, kRecord);
+  visit("boundsTop", params.boundsTop, kRecord);
+  visit("boundsRight", params.boundsRight, kRecord);
+  visit("boundsBottom", params.boundsBottom, kRecord);
+  visit("reserved60", params.reserved60, kRecord);
+  visit("reserved64", params.reserved64, kRecord);
+  visit("newWidth", params.newWidth, kRecord);
+  visit("newHeight", params.newHeight, kRecord);
+  visit("sizeUnavailable", params.sizeUnavailable, kRecord);
+  visit("reserved77", params.reserved77, kRecord);
+  visit("aspectRatio", state.aspectRatio, kChoice);
+  visit("noOriginalSize", state.noOriginalSize, kFlagChoice);
+  visit("usePercent", state.usePercent, kFlagChoice);
+  visit("reserved6", state.reserved6, kChoice);
+  visit("reserved7", state.reserved7, kChoice);
+}
 
 // The ratio button can give more tiles than a person can enter, up to what 16 bits hold.
 constexpr int kMostTilesInRecord = 32767;
 
-template <typename Value>
-Value Load(const MosaicChoices& record, size_t offset) {
-  Value value;
-  std::memcpy(&value, reinterpret_cast<const char*>(&record) + offset, sizeof value);
-  return value;
-}
-
-template <typename Value>
-void Store(MosaicChoices& record, size_t offset, Value value) {
-  std::memcpy(reinterpret_cast<char*>(&record) + offset, &value, sizeof value);
-}
-
-template <typename Number>
-std::string Digits(Number number) {
-  char text[64];
-  return {text, std::to_chars(text, text + sizeof text, number).ptr};
+std::string ValueText(std::integral auto value) {
+  return std::to_string(value);
 }
 
 /// The shortest text that reads back as the same value; JSON has no word for what is no number.
-std::string ValueText(const MosaicChoices& record, const Field& field, int index) {
-  switch (field.kind) {
-    case Kind::kInt:
-      return Digits(Load<int32_t>(record, field.offset));
-    case Kind::kFloat: {
-      const float value = Load<float>(record, field.offset);
-      return std::isfinite(value) ? Digits(value) : "null";
-    }
-    default:
-      return Digits(int(Load<uint8_t>(record, field.offset + size_t(index))));
-  }
+std::string ValueText(float value) {
+  char text[64];
+  return std::isfinite(value) ? std::string(text, std::to_chars(text, std::end(text), value).ptr)
+                              : "null";
 }
 
-std::string FieldText(const MosaicChoices& record, const Field& field) {
-  if (field.count == 1) return ValueText(record, field, 0);
+template <size_t kSize>
+std::string ValueText(const uint8_t (&bytes)[kSize]) {
   std::string text;
-  for (int i = 0; i < field.count; ++i) {
-    text += (i ? ", " : "[") + ValueText(record, field, i);
-  }
+  for (const uint8_t byte : bytes) text += (text.empty() ? "[" : ", ") + ValueText(byte);
   return text + "]";
 }
 
 QByteArray ToJson(const MosaicChoices& record, bool choicesOnly) {
   std::string text;
-  for (const Field& field : kFields) {
-    if (choicesOnly && !field.isChoice) continue;
+  ForEachField(record, [&](const char* name, const auto& value, Use use) {
+    if (choicesOnly && use == Use::kRecord) return;
     text += text.empty() ? "{\n" : ",\n";
-    text += std::string("  \"") + field.name + "\": " + FieldText(record, field);
-  }
+    text += std::string("  \"") + name + "\": " + ValueText(value);
+  });
   return QByteArray::fromStdString(text + "\n}\n");
 }
 
-bool IsAllowed(Kind kind, double value) {
-  const bool isWhole = value == std::floor(value);
-  switch (kind) {
-    case Kind::kByte:
-      return isWhole && value >= 0 && value <= 255;
-    case Kind::kFlag:
-      return value == 0 || value == 1;
-    case Kind::kInt:
-      return isWhole && value >= 1 && value <= kMostTilesInRecord;
-    case Kind::kFloat:
-      return std::isfinite(float(value));
-  }
-  return false;
+/// Each answers whether it took the number, which must be one that the field can have.
+bool Take(double number, float& value, Use) {
+  value = float(number);
+  return std::isfinite(value);
+}
+
+bool Take(double number, int32_t& tiles, Use) {
+  if (!(number >= 1 && number <= kMostTilesInRecord)) return false;
+  tiles = int32_t(number);
+  return tiles == number;
+}
+
+bool Take(double number, uint8_t& byte, Use use) {
+  if (!(number >= 0 && number <= (use == Use::kFlagChoice ? 1 : 255))) return false;
+  byte = uint8_t(number);
+  return byte == number;
 }
 
 }  // namespace
@@ -147,20 +115,13 @@ MosaicChoices ChoicesFromJson(const QByteArray& json) {
 
   const QJsonObject object = document.object();
   MosaicChoices choices;
-  for (const Field& field : kFields) {
-    if (!field.isChoice) continue;
-    const QJsonValue value = object.value(QLatin1String(field.name));
-    if (!value.isDouble() || !IsAllowed(field.kind, value.toDouble())) {
+  ForEachField(choices, [&](const char* name, auto& field, Use use) {
+    if constexpr (std::is_arithmetic_v<std::remove_reference_t<decltype(field)>>) {
+      const QJsonValue value = object.value(QLatin1String(name));
+      if (use == Use::kRecord || (value.isDouble() && Take(value.toDouble(), field, use))) return;
       throw StudioError("$$$/Studio/Choices/BadValue=\"%1\" is missing or not a value it can have",
-                        QString(field.name));
+                        QString(name));
     }
-    if (field.kind == Kind::kInt) {
-      Store(choices, field.offset, int32_t(value.toDouble()));
-    } else if (field.kind == Kind::kFloat) {
-      Store(choices, field.offset, float(value.toDouble()));
-    } else {
-      Store(choices, field.offset, uint8_t(value.toDouble()));
-    }
-  }
+  });
   return choices;
 }

@@ -1,6 +1,6 @@
 #include "studio/console/command_line.h"
 
-#include <iterator>
+#include <QCommandLineParser>
 
 #include "platform/qt/theme.h"
 #include "studio/base/studio_error.h"
@@ -9,91 +9,90 @@ namespace {
 
 struct Option {
   const char* name;
-  void (*set)(CommandLine&);
-};
-
-struct ValueOption {
-  const char* name;
-  QString CommandLine::*value;
+  const char* value;  // what the help calls it; null for none
+  const char* help;
+  bool CommandLine::*flag = nullptr;
+  QString CommandLine::*text = nullptr;  // null too for the exports, of which there can be many
 };
 
 constexpr Option kOptions[] = {
-    {"--help", [](CommandLine& line) { line.showHelp = true; }},
-    {"--version", [](CommandLine& line) { line.showVersion = true; }},
-    {"--quiet", [](CommandLine& line) { line.isQuiet = true; }},
-    {"--size-unknown", [](CommandLine& line) { line.isSizeUnknown = true; }},
+    {"gestures", "FILE", "Plays these gestures on the dialog, as a person would.", nullptr,
+     &CommandLine::gestures},
+    {"export", "FILE",
+     "Writes the mosaic, by the name's ending: .svg, .png or .pdf; may be given more than once."},
+    {"record", "FILE", "Writes what the dialog gave back, as JSON.", nullptr, &CommandLine::record},
+    {"screenshot", "FILE", "Writes what the dialog looks like, as PNG.", nullptr,
+     &CommandLine::dialogScreenshot},
+    {"screenshot-window", "FILE", "Writes what the window looks like, as PNG.", nullptr,
+     &CommandLine::windowScreenshot},
+    {"size-unknown", nullptr, "Places the picture as if its file did not say how large it is.",
+     &CommandLine::isSizeUnknown},
+    {"state", "FILE", "Keeps the last choices here instead of in your settings.", nullptr,
+     &CommandLine::state},
+    {"language", "CODE", "Speaks this language, as in \"de\", instead of your own.", nullptr,
+     &CommandLine::language},
+    {"theme", "THEME", "Looks light, dark or like the system.", nullptr, &CommandLine::theme},
+    {"quiet", nullptr, "Prints nothing but errors.", &CommandLine::isQuiet},
+    {"help", nullptr, "Prints this.", &CommandLine::showHelp},
+    {"version", nullptr, "Prints the program's version.", &CommandLine::showVersion},
 };
 
-constexpr ValueOption kValueOptions[] = {
-    {"--gestures", &CommandLine::gestures},
-    {"--record", &CommandLine::record},
-    {"--state", &CommandLine::state},
-    {"--language", &CommandLine::language},
-    {"--theme", &CommandLine::theme},
-    {"--screenshot", &CommandLine::dialogPicture},
-    {"--screenshot-window", &CommandLine::windowPicture},
-};
+constexpr const char* kDescription =
+    R"(
+Opens its window, where there is a display. With one of the first three options
+it places the picture, asks for a mosaic in the dialog "Create Tesserae", builds
+it, and ends. With screenshots alone it makes these, and ends.
 
-bool TakeOption(CommandLine& line, const QString& name) {
-  for (const Option& option : kOptions) {
-    if (name != option.name) continue;
-    option.set(line);
-    return true;
-  }
-  return false;
+Exit status: 0 after OK, 1 when the dialog or the building was cancelled and
+nothing was written, 2 with a line on the error output when something is wrong.)";
+
+void Describe(QCommandLineParser& parser) {
+  parser.setSingleDashWordOptionMode(QCommandLineParser::ParseAsLongOptions);
+  parser.setApplicationDescription(kDescription);
+  parser.addPositionalArgument("picture", "The picture that becomes a mosaic.", "[PICTURE]");
+  for (const Option& option : kOptions) parser.addOption({option.name, option.help, option.value});
 }
 
-bool TakeValue(CommandLine& line, const QString& name, const QString& value) {
-  if (name == "--export") {
-    line.exports << value;
-    return true;
+/// Reads an option that takes a value.
+QStringList ValuesOf(const QCommandLineParser& parser, const Option& option) {
+  const QStringList values = parser.values(option.name);
+  if (parser.isSet(option.name) && (values.isEmpty() || values.contains(QString()))) {
+    throw StudioError("$$$/Studio/Line/NeedsValue=%1 needs a value; see --help",
+                      QString("--") + option.name);
   }
-  for (const ValueOption& option : kValueOptions) {
-    if (name != option.name) continue;
-    QString& place = line.*option.value;
-    if (!place.isEmpty()) throw StudioError("$$$/Studio/Line/GivenTwice=%1 is given twice", name);
-    place = value;
-    return true;
+  if (option.text && values.size() > 1) {
+    throw StudioError("$$$/Studio/Line/GivenTwice=%1 is given twice", QString("--") + option.name);
   }
-  return false;
-}
-
-bool WantsValue(const QString& name) {
-  CommandLine scratch;
-  return TakeValue(scratch, name, {});
+  return values;
 }
 
 }  // namespace
 
 CommandLine CommandLine::Parse(const QStringList& arguments) {
-  CommandLine line;
-  bool onlyPaths = false;
-  for (int i = 0; i < arguments.size(); ++i) {
-    const QString& argument = arguments[i];
-    if (onlyPaths || !argument.startsWith('-')) {
-      if (!line.picture.isEmpty())
-        throw StudioError("$$$/Studio/Line/TwoPictures=more than one picture is given");
-      if (argument.isEmpty())
-        throw StudioError("$$$/Studio/Line/EmptyName=the picture's name is empty");
-      line.picture = argument;
-      continue;
-    }
-    if (argument == "--") {
-      onlyPaths = true;
-      continue;
-    }
-    if (TakeOption(line, argument)) continue;
-
-    const QString name = argument.section('=', 0, 0);
-    if (!WantsValue(name))
-      throw StudioError("$$$/Studio/Line/UnknownOption=unknown option %1; see --help", argument);
-    const bool isJoined = name != argument;
-    const QString value = isJoined ? argument.section('=', 1) : arguments.value(++i);
-    if (value.isEmpty()) {
-      throw StudioError("$$$/Studio/Line/NeedsValue=%1 needs a value; see --help", name);
-    }
-    TakeValue(line, name, value);
+  QCommandLineParser parser;
+  Describe(parser);
+  const bool isUnderstood = parser.parse(arguments);
+  if (const QStringList unknown = parser.unknownOptionNames(); !unknown.isEmpty()) {
+    throw StudioError("$$$/Studio/Line/UnknownOption=unknown option %1; see --help",
+                      "--" + unknown.front());
   }
+  CommandLine line;
+  for (const Option& option : kOptions) {
+    if (option.flag) {
+      line.*option.flag = parser.isSet(option.name);
+    } else if (const QStringList values = ValuesOf(parser, option); option.text) {
+      line.*option.text = values.value(0);
+    } else {
+      line.exports = values;
+    }
+  }
+  if (!isUnderstood) throw StudioError(parser.errorText());
+  const QStringList pictures = parser.positionalArguments();
+  if (pictures.size() > 1)
+    throw StudioError("$$$/Studio/Line/TwoPictures=more than one picture is given");
+  if (pictures.contains(QString()))
+    throw StudioError("$$$/Studio/Line/EmptyName=the picture's name is empty");
+  line.picture = pictures.value(0);
   if (!line.theme.isEmpty() && !qtui::ThemeNamed(line.theme)) {
     throw StudioError("$$$/Studio/Line/Theme=--theme is light, dark or system, not %1", line.theme);
   }
@@ -101,44 +100,25 @@ CommandLine CommandLine::Parse(const QStringList& arguments) {
 }
 
 bool CommandLine::WantsWindow() const {
-  return gestures.isEmpty() && exports.isEmpty() && record.isEmpty() && Pictures().isEmpty();
+  return gestures.isEmpty() && exports.isEmpty() && record.isEmpty() && Screenshots().isEmpty();
 }
 
-bool CommandLine::WantsPicturesOnly() const {
-  return gestures.isEmpty() && exports.isEmpty() && record.isEmpty() && !Pictures().isEmpty();
+bool CommandLine::WantsScreenshotsOnly() const {
+  return gestures.isEmpty() && exports.isEmpty() && record.isEmpty() && !Screenshots().isEmpty();
 }
 
 bool CommandLine::ShowsWindows() const {
-  return gestures.isEmpty() || !Pictures().isEmpty();
+  return gestures.isEmpty() || !Screenshots().isEmpty();
 }
 
-QStringList CommandLine::Pictures() const {
-  QStringList pictures{dialogPicture, windowPicture};
-  pictures.removeAll({});
-  return pictures;
+QStringList CommandLine::Screenshots() const {
+  QStringList screenshots{dialogScreenshot, windowScreenshot};
+  screenshots.removeAll({});
+  return screenshots;
 }
 
 QString CommandLine::HelpText() {
-  return R"(tesserae-studio [PICTURE] [OPTION]...
-
-Opens its window, where there is a display. With one of the first three options it places
-the picture, asks for a mosaic in the dialog "Create Tesserae", builds it, and ends. With
-pictures of dialog or window alone it makes these, and ends.
-
-  --gestures FILE   plays these gestures on the dialog, as a person would
-  --export FILE     writes the mosaic, by the name's ending: .svg, .png or .pdf;
-                    may be given more than once
-  --record FILE     writes what the dialog gave back, as JSON
-  --screenshot FILE, --screenshot-window FILE
-                    writes what the dialog and the window look like, as PNG
-  --size-unknown    places the picture as if its file did not say how large it is
-  --state FILE      keeps the last choices here instead of in your settings
-  --language CODE   speaks this language, as in "de", instead of your own
-  --theme THEME     light, dark or system
-  --quiet           prints nothing but errors
-  --help, --version
-
-Exit status: 0 after OK, 1 when the dialog or the building was cancelled and
-nothing was written, 2 with a line on the error output when something is wrong.
-)";
+  QCommandLineParser parser;
+  Describe(parser);
+  return parser.helpText();
 }

@@ -3,34 +3,35 @@
 #include <QString>
 #include <QStringList>
 
-/// What the user asked for on the command line.
+/// What the user asked for on the command line. A text that was not given is empty.
 struct CommandLine {
   bool showHelp = false;
   bool showVersion = false;
   bool isQuiet = false;
   bool isSizeUnknown = false;
   QString picture;
-  QString gestures;  // empty when there are none
+  QString gestures;
   QStringList exports;
-  QString record;         // empty for none
-  QString state;          // empty for the default place
-  QString language;       // as in "de"; empty for the user's own
-  QString theme;          // "light", "dark", "system"; empty for the one chosen in the window
-  QString dialogPicture;  // empty for none
-  QString windowPicture;  // empty for none
+  QString record;
+  QString state;     // empty for the user's settings
+  QString language;  // as in "de"; empty for the user's own
+  QString theme;     // "light", "dark", "system"; empty for the one chosen in the window
+  QString dialogScreenshot;
+  QString windowScreenshot;
 
   /// Whether the user wants to work in the window, rather than have something done.
   bool WantsWindow() const;
-  /// Whether nothing is wanted but pictures of what opens.
-  bool WantsPicturesOnly() const;
-  /// Whether a dialog or window comes up, were it only to be photographed.
+  /// Whether nothing is wanted but screenshots of what opens.
+  bool WantsScreenshotsOnly() const;
+  /// Whether a dialog or window opens, if only for a screenshot.
   bool ShowsWindows() const;
 
-  /// `arguments` without the program's name. Throws StudioError for what cannot be understood.
+  /// The program's arguments, its name first. Throws StudioError for what cannot be understood.
   static CommandLine Parse(const QStringList& arguments);
 
-  /// The pictures that are wanted of what opens.
-  QStringList Pictures() const;
+  /// The screenshots that are wanted.
+  QStringList Screenshots() const;
 
+  /// Needs a QCoreApplication, for the program's name.
   static QString HelpText();
 };

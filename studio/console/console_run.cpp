@@ -6,37 +6,39 @@
 #include <utility>
 
 #include "platform/standin/user_interface.h"
+#include "studio/base/output.h"
 #include "studio/base/studio_error.h"
-#include "studio/base/text.h"
-#include "studio/base/text_writer.h"
 #include "studio/caller/mosaic_caller.h"
 #include "studio/console/dialog_user.h"
-#include "studio/console/progress_line.h"
-#include "studio/console/standard_output.h"
+#include "studio/console/terminal.h"
 #include "studio/export/mosaic_export.h"
+#include "studio/export/picture_encoding.h"
 #include "studio/mosaic/mosaic_job.h"
-#include "studio/mosaic/tile_sink.h"
 
 namespace {
 
 constexpr int kDone = 0;
 constexpr int kCancelled = 1;
 
+void SaveScreenshot(QIODevice& device, const QImage& screenshot) {
+  WriteAll(device, EncodePicture(screenshot, "png").toStdString());
+}
+
 }  // namespace
 
-ConsoleRun::ConsoleRun(CommandLine commandLine, WindowPhotographer photographWindow)
+ConsoleRun::ConsoleRun(CommandLine commandLine, WindowCamera windowCamera)
     : line(std::move(commandLine)),
-      photographWindow(std::move(photographWindow)),
+      windowCamera(std::move(windowCamera)),
       lastChoices(line.state) {}
 
 int ConsoleRun::Run() {
-  const bool isEmptyWindow = line.picture.isEmpty() && line.dialogPicture.isEmpty();
-  if (line.WantsPicturesOnly() && isEmptyWindow) return Photograph();
+  const bool isEmptyWindow = line.picture.isEmpty() && line.dialogScreenshot.isEmpty();
+  if (line.WantsScreenshotsOnly() && isEmptyWindow) return TakeScreenshots();
   if (line.picture.isEmpty())
     throw StudioError("$$$/Studio/Line/WhichPicture=which picture? See --help");
-  for (const QString& path : line.exports) CheckExportEnding(path);
+  for (const QString& path : line.exports) ExportKindOf(path);
   PlacePicture();
-  if (line.WantsPicturesOnly()) return Photograph();
+  if (line.WantsScreenshotsOnly()) return TakeScreenshots();
 
   OpenOutputs();
   MosaicChoices choices = FirstChoices();
@@ -47,7 +49,7 @@ int ConsoleRun::Run() {
   const QByteArray json = RecordToJson(choices);
   Tell(json.trimmed());
   if (recordDevice) WriteAll(*recordDevice, json.toStdString());
-  if (Build(choices)) SaveWindowPicture();
+  if (Build(choices)) SaveWindowScreenshot();
   if (interruption.IsRequested()) {
     Tell(Text("$$$/Studio/Line/Stopped=The building was stopped."));
     return kCancelled;
@@ -57,14 +59,14 @@ int ConsoleRun::Run() {
   return kDone;
 }
 
-/// Shows what there is to be photographed, and lets nobody do anything with it.
-int ConsoleRun::Photograph() {
-  OpenPictureOutputs();
-  if (dialogPictureDevice) {
+/// Shows dialog and window only for as long as the screenshots take.
+int ConsoleRun::TakeScreenshots() {
+  OpenScreenshots();
+  if (dialogScreenshotDevice) {
     MosaicChoices choices = FirstChoices();
     Ask(choices);
   }
-  SaveWindowPicture();
+  SaveWindowScreenshot();
   if (interruption.IsRequested()) return kCancelled;
   outputs.Commit();
   TellOfFiles();
@@ -82,49 +84,46 @@ MosaicChoices ConsoleRun::FirstChoices() const {
   return ChoicesFor(*artwork, lastChoices.Load(warn));
 }
 
-/// A place that cannot be written is found before anybody is asked anything.
+/// A place that cannot be written is found before the dialog opens.
 void ConsoleRun::OpenOutputs() {
   outputs.Protect(line.gestures);
   for (const QString& path : line.exports) exportDevices.push_back(&outputs.Add(path));
   if (!line.record.isEmpty()) recordDevice = &outputs.Add(line.record);
   if (lastChoices.IsNamed()) stateDevice = &outputs.Add(lastChoices.Path());
-  OpenPictureOutputs();
+  OpenScreenshots();
 }
 
-void ConsoleRun::OpenPictureOutputs() {
-  if (!line.dialogPicture.isEmpty()) dialogPictureDevice = &outputs.Add(line.dialogPicture);
-  if (!line.windowPicture.isEmpty()) windowPictureDevice = &outputs.Add(line.windowPicture);
+void ConsoleRun::OpenScreenshots() {
+  if (!line.dialogScreenshot.isEmpty())
+    dialogScreenshotDevice = &outputs.Add(line.dialogScreenshot);
+  if (!line.windowScreenshot.isEmpty())
+    windowScreenshotDevice = &outputs.Add(line.windowScreenshot);
 }
 
 bool ConsoleRun::Ask(MosaicChoices& choices) {
-  const auto user =
-      MakeDialogUser(line, [this](const std::string& text) { Warn(QString::fromStdString(text)); });
+  const DialogUser user(line,
+                        [this](const std::string& text) { Warn(QString::fromStdString(text)); });
   const QSocketNotifier notifier(interruption.Descriptor(), QSocketNotifier::Read);
   QObject::connect(&notifier, &QSocketNotifier::activated, [] { QCoreApplication::exit(); });
   standin::RecordingUserInterface screen;
-  try {
-    MosaicCaller caller(screen);
-    const auto answer = caller.Ask(choices.params, choices.state);
-    caller.Close();
-    if (interruption.IsRequested()) return false;
-    if (!user->Problem().isEmpty()) throw StudioError(user->Problem());
-    if (dialogPictureDevice) WriteAll(*dialogPictureDevice, user->Picture().toStdString());
-    return answer == MosaicCaller::Answer::kOk;
-  } catch (const StudioError& error) {
-    QString text = error.what();
-    for (const std::string& alert : screen.alerts) text += "; " + QString::fromStdString(alert);
-    throw StudioError(text);
-  }
+  MosaicCaller caller(screen);
+  const auto answer = caller.Ask(choices.params, choices.state);
+  caller.Close();
+  if (interruption.IsRequested()) return false;
+  if (!user.Problem().isEmpty()) throw StudioError(user.Problem());
+  if (dialogScreenshotDevice) SaveScreenshot(*dialogScreenshotDevice, user.Screenshot());
+  return answer == MosaicCaller::Answer::kOk;
 }
 
 bool ConsoleRun::Build(const MosaicChoices& choices) {
-  MosaicJob job(artwork->picture, choices.params, choices.state);
+  MosaicJob job(artwork->picture, choices);
   const MosaicGeometry& geometry = job.Geometry();
   for (size_t i = 0; i < exportDevices.size(); ++i) {
-    job.Add(MakeExport(line.exports[int(i)], *exportDevices[i], geometry, job.Below()));
+    const ExportKind& kind = ExportKindOf(line.exports[int(i)]);
+    job.Add(kind.makeSink(*exportDevices[i], geometry, job.Below()));
   }
-  Mosaic mosaic{choices, geometry, {}, job.Below()};
-  if (windowPictureDevice) job.Add(std::make_unique<TileSink>(geometry, mosaic.tiles));
+  Mosaic mosaic;
+  if (windowScreenshotDevice) job.Add(mosaic);
   ProgressLine progress(!line.isQuiet);
   const bool isComplete = job.Run([&](int rowsDone) {
     progress.Show(rowsDone, geometry.tilesDown);
@@ -134,13 +133,12 @@ bool ConsoleRun::Build(const MosaicChoices& choices) {
   Tell(Text("$$$/Studio/Line/Built=Built %1 tiles, %2 across and %3 down.",
             QString::number(qint64(geometry.tilesAcross) * geometry.tilesDown),
             QString::number(geometry.tilesAcross), QString::number(geometry.tilesDown)));
-  if (!windowPictureDevice) return true;
-  artwork = WithMosaic(*artwork, std::move(mosaic));
+  if (windowScreenshotDevice) artwork = WithMosaic(*artwork, std::move(mosaic));
   return true;
 }
 
-void ConsoleRun::SaveWindowPicture() {
-  if (windowPictureDevice) WriteAll(*windowPictureDevice, photographWindow(artwork).toStdString());
+void ConsoleRun::SaveWindowScreenshot() {
+  if (windowScreenshotDevice) SaveScreenshot(*windowScreenshotDevice, windowCamera(artwork));
 }
 
 /// Choices in a named place come and go with the other files; those in the user's settings are a
@@ -161,9 +159,9 @@ void ConsoleRun::Tell(const QString& text) const {
   if (!line.isQuiet) Print(text + '\n');
 }
 
-/// The files are there by now, whether or not anybody hears of them.
+/// The files are in their places by now, so that this cannot be said is no failure of the run.
 void ConsoleRun::TellOfFiles() const try {
-  QStringList paths = line.exports + line.Pictures();
+  QStringList paths = line.exports + line.Screenshots();
   if (!line.record.isEmpty()) paths << line.record;
   for (const QString& path : paths) Tell(Text("$$$/Studio/Line/Wrote=Wrote %1", path));
 } catch (const StudioError& error) {

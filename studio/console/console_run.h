@@ -1,11 +1,11 @@
 #pragma once
 
-#include <QByteArray>
+#include <QImage>
 #include <functional>
 #include <vector>
 
 #include "studio/base/interruption.h"
-#include "studio/base/output_set.h"
+#include "studio/base/output.h"
 #include "studio/caller/last_choices.h"
 #include "studio/console/command_line.h"
 #include "studio/mosaic/artwork.h"
@@ -13,10 +13,10 @@
 /// One run of the program on the command line, from the picture to the files.
 class ConsoleRun {
  public:
-  /// What the studio's window looks like over an artwork, as PNG; null is the empty window.
-  using WindowPhotographer = std::function<QByteArray(const ArtworkPtr&)>;
+  /// What the studio's window looks like over an artwork; null is the empty window.
+  using WindowCamera = std::function<QImage(const ArtworkPtr&)>;
 
-  ConsoleRun(CommandLine commandLine, WindowPhotographer photographWindow);
+  ConsoleRun(CommandLine commandLine, WindowCamera windowCamera);
 
   /// The program's exit status: 0 after OK, 1 when it was cancelled. Throws StudioError, or another
   /// std::exception, when something is wrong. Unless it answers 0, no file has changed, except when
@@ -24,15 +24,15 @@ class ConsoleRun {
   int Run();
 
  private:
-  int Photograph();
+  int TakeScreenshots();
   void PlacePicture();
   void OpenOutputs();
-  void OpenPictureOutputs();
+  void OpenScreenshots();
   MosaicChoices FirstChoices() const;
   bool Ask(MosaicChoices& choices);
   /// False when the building was stopped.
   bool Build(const MosaicChoices& choices);
-  void SaveWindowPicture();
+  void SaveWindowScreenshot();
   void KeepChoices(const MosaicChoices& choices);
 
   void Tell(const QString& text) const;
@@ -40,14 +40,14 @@ class ConsoleRun {
   void Warn(const QString& text) const;
 
   const CommandLine line;
-  const WindowPhotographer photographWindow;
+  const WindowCamera windowCamera;
   LastChoices lastChoices;
   const Interruption interruption;
   ArtworkPtr artwork;  // null before the picture is placed
   OutputSet outputs;
-  std::vector<QIODevice*> exportDevices;     // in the order of the command line's exports
-  QIODevice* recordDevice = nullptr;         // null when not asked for
-  QIODevice* stateDevice = nullptr;          // null when the choices go to the user's settings
-  QIODevice* dialogPictureDevice = nullptr;  // null when not asked for
-  QIODevice* windowPictureDevice = nullptr;  // null when not asked for
+  std::vector<QIODevice*> exportDevices;        // in the order of the command line's exports
+  QIODevice* recordDevice = nullptr;            // null when not asked for
+  QIODevice* stateDevice = nullptr;             // null when the choices go to the user's settings
+  QIODevice* dialogScreenshotDevice = nullptr;  // null when not asked for
+  QIODevice* windowScreenshotDevice = nullptr;  // null when not asked for
 };

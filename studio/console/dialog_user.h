@@ -1,25 +1,33 @@
 #pragma once
 
-#include <QByteArray>
+#include <QImage>
 #include <QString>
 #include <functional>
-#include <memory>
+#include <optional>
+#include <string>
 
+#include "platform/nrvui/scripted_presenter.h"
+#include "platform/qt/qt_presenter.h"
 #include "studio/console/command_line.h"
 
-/// Whoever answers the dialogs that open while this lives.
+/// Whether windows can be seen.
+bool HasDisplay();
+
+/// Answers the dialogs that open while this lives, as the command line has it: plays a gesture
+/// file, with a window or without, or shows a window to a person, or only for its screenshot.
 class DialogUser {
  public:
-  virtual ~DialogUser() = default;
+  /// `report` hears what the person would be told. Throws StudioError when a person is needed and
+  /// there is no display, and another std::exception for a bad gesture file.
+  DialogUser(const CommandLine& line, std::function<void(const std::string&)> report);
 
   /// Why the last dialog could not be answered; empty when it could.
-  virtual QString Problem() const = 0;
-  /// What the last dialog looked like, as PNG; empty when nobody wanted to know.
-  virtual QByteArray Picture() const { return {}; }
-};
+  QString Problem() const;
+  /// What the last dialog looked like; null when the command line doesn't ask for it.
+  QImage Screenshot() const { return windows ? windows->Screenshot() : QImage(); }
 
-/// A gesture file without a window, a gesture file at a window, a person, or nobody but a
-/// photographer, as the command line has it. `report` hears what the person would be told. Throws
-/// StudioError when nobody can be there, and another std::exception for a bad gesture file.
-std::unique_ptr<DialogUser> MakeDialogUser(const CommandLine& line,
-                                           std::function<void(const std::string&)> report);
+ private:
+  std::optional<nrvui::gestures::ScriptedPresenter> script;  // either this one
+  std::optional<qtui::QtPresenter> windows;                  // or this one is installed
+  std::optional<nrvui::ui::InstalledPresenter> installed;
+};

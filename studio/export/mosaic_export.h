@@ -3,17 +3,28 @@
 #include <QImage>
 #include <QString>
 #include <memory>
+#include <span>
 
 #include "studio/mosaic/mosaic_geometry.h"
 #include "studio/mosaic/mosaic_sink.h"
 
 class QIODevice;
 
-/// Throws StudioError when the ending of a file's name stands for no kind of file that a mosaic can
-/// be written as.
-void CheckExportEnding(const QString& path);
+/// A kind of file that a mosaic can be written as.
+struct ExportKind {
+  const char* ending;  // with its dot
+  const char* filter;  // for file dialogs
+  /// What writes the mosaic to the device, which must outlive it; `below` lies under the tiles,
+  /// null for nothing. Throws StudioError.
+  std::unique_ptr<MosaicSink> (*makeSink)(QIODevice& device, const MosaicGeometry& geometry,
+                                          const QImage& below);
+};
 
-/// What writes the mosaic to the device in the kind that the path's ending stands for: "svg",
-/// "png" or "pdf" in any case. `below` lies under the tiles; null for nothing.
-std::unique_ptr<MosaicSink> MakeExport(const QString& path, QIODevice& device,
-                                       const MosaicGeometry& geometry, const QImage& below);
+/// The first is proposed.
+std::span<const ExportKind> ExportKinds();
+
+/// The kind that a file's name ends in, in capitals or not; null when there is none.
+const ExportKind* FindExportKind(const QString& path);
+
+/// The same, but throws StudioError when there is none.
+const ExportKind& ExportKindOf(const QString& path);

@@ -1,11 +1,12 @@
-#include "studio/export/pdf_sink.h"
-
-#include <QByteArray>
+#include <QPainter>
 #include <cstdio>
+#include <string>
+#include <vector>
 
-#include "studio/base/number_text.h"
-#include "studio/base/text_writer.h"
+#include "studio/base/output.h"
+#include "studio/base/text.h"
 #include "studio/export/picture_encoding.h"
+#include "studio/export/sinks.h"
 
 namespace {
 
@@ -36,7 +37,39 @@ std::string Reference(int object) {
   return std::to_string(object) + " 0 R";
 }
 
-}  // namespace
+/// JPEG has no opacity, so what is transparent gets white behind it.
+QImage OnPaper(const QImage& picture) {
+  if (!picture.hasAlphaChannel()) return picture;
+  QImage paper(picture.size(), QImage::Format_RGB32);
+  paper.fill(Qt::white);
+  QPainter(&paper).drawImage(0, 0, picture);
+  return paper;
+}
+
+class PdfSink final : public MosaicSink {
+ public:
+  PdfSink(QIODevice& device, const MosaicGeometry& geometry, const QImage& below);
+
+  void AddRow(std::span<const QRgb> tiles) override;
+  void Finish() override;
+
+ private:
+  void Write(const std::string& bytes);
+  int NewObject();
+  void BeginObject(int number);
+  void WriteStream(int number, const std::string& dictionary, const QByteArray& content);
+  void WriteContentPiece();
+
+  QIODevice& device;
+  const MosaicGeometry geometry;
+  int64_t written = 0;
+  std::vector<int64_t> offsets;  // of the objects, by number
+  int picture = 0;               // its object, 0 for none
+  std::vector<int> pieces;       // the numbers of the content streams
+  std::string content;           // of the piece that is being collected
+  int alpha = 255;               // in force
+  int row = 0;
+};
 
 PdfSink::PdfSink(QIODevice& device, const MosaicGeometry& geometry, const QImage& below)
     : device(device), geometry(geometry), offsets(kFirstFree) {
@@ -50,7 +83,7 @@ PdfSink::PdfSink(QIODevice& device, const MosaicGeometry& geometry, const QImage
                 "/Type /XObject /Subtype /Image /ColorSpace /DeviceRGB /BitsPerComponent 8 "
                 "/Filter /DCTDecode /Width " +
                     std::to_string(below.width()) + " /Height " + std::to_string(below.height()),
-                EncodeOnPaper(below));
+                EncodeAsJpeg(OnPaper(below)));
     content += "q " + width + " 0 0 " + height + " 0 0 cm /Picture Do Q\n";
   }
   // The page's y axis points upwards.
@@ -129,4 +162,11 @@ void PdfSink::WriteContentPiece() {
   WriteStream(pieces.back(), "/Filter /FlateDecode",
               qCompress(bytes, qsizetype(content.size()), kFastCompression).mid(kLengthPrefix));
   content.clear();
+}
+
+}  // namespace
+
+std::unique_ptr<MosaicSink> MakePdfSink(QIODevice& device, const MosaicGeometry& geometry,
+                                        const QImage& below) {
+  return std::make_unique<PdfSink>(device, geometry, below);
 }

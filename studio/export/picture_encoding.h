@@ -3,15 +3,13 @@
 #include <QByteArray>
 #include <QImage>
 
-/// A picture as the bytes of a file.
-struct EncodedPicture {
-  const char* mimeType;
-  QByteArray bytes;
-};
+/// A picture as the bytes of a file of this format ("png", "jpeg"), in memory, since the encoders
+/// don't say why a device refuses. The quality is Qt's, -1 the format's own. Throws StudioError
+/// when the picture cannot be encoded.
+QByteArray EncodePicture(const QImage& picture, const char* format, int quality = -1);
 
-/// For a drawing that holds the picture itself: JPEG, or PNG when some of it is transparent.
-/// Throws StudioError when it cannot be encoded.
-EncodedPicture EncodeForEmbedding(const QImage& picture);
-
-/// JPEG, with white behind what is transparent. Throws StudioError when it cannot be encoded.
-QByteArray EncodeOnPaper(const QImage& picture);
+/// For a drawing that holds the picture itself.
+inline QByteArray EncodeAsJpeg(const QImage& picture) {
+  constexpr int kQuality = 92;
+  return EncodePicture(picture, "jpeg", kQuality);
+}

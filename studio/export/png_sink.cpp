@@ -1,12 +1,15 @@
-#include "studio/export/png_sink.h"
-
-#include <QBuffer>
-#include <QImageWriter>
 #include <QPainter>
+#include <algorithm>
 #include <cmath>
+#include <cstring>
+#include <utility>
+#include <vector>
 
+#include "studio/base/output.h"
 #include "studio/base/studio_error.h"
-#include "studio/base/text_writer.h"
+#include "studio/export/picture_encoding.h"
+#include "studio/export/sinks.h"
+#include "studio/picture/light_scale.h"
 
 namespace {
 
@@ -14,7 +17,6 @@ constexpr double kLongSide = 1600;  // in pixels, where the tiles ask for no mor
 constexpr double kPixelsPerTile = 4;
 constexpr double kMostPixels = 64e6;
 constexpr double kMostPixelsPerSide = 32000;
-constexpr int kQuickCompression = 80;  // tiles are flat, so more effort gains next to nothing
 constexpr double kPointsPerMeter = 72 / 0.0254;
 
 double ChooseScale(const MosaicGeometry& geometry) {
@@ -29,10 +31,146 @@ double ChooseScale(const MosaicGeometry& geometry) {
                    kMostPixelsPerSide / longSide});
 }
 
-}  // namespace
+// Borders this close to a pixel's edge lie on it, in pixels.
+constexpr double kTolerance = 1e-6;
 
-PngSink::PngSink(QIODevice& device, const MosaicGeometry& geometry, const QImage& below)
-    : device(device), scale(ChooseScale(geometry)), raster(geometry, scale), below(below) {}
+int PixelCount(double length, double scale) {
+  return std::max(1, int(std::ceil(length * scale - kTolerance)));
+}
+
+/// Calls `use` with each pixel between two borders and the share of it that lies between them.
+template <typename Use>
+void ForEachPixel(double start, double end, int pixels, Use use) {
+  const int last = std::min(pixels, int(std::ceil(end - kTolerance)));
+  for (int pixel = int(start + kTolerance); pixel < last; ++pixel) {
+    use(pixel, std::min(end, pixel + 1.0) - std::max(start, double(pixel)));
+  }
+}
+
+/// Draws the mosaic in pixels. Pixels that a tile covers in part take their share of its light, so
+/// tiles that touch show no seam, and gaps narrower than a pixel keep their weight. What no tile
+/// covers stays transparent.
+class MosaicRaster {
+ public:
+  /// Throws StudioError when there is no memory for the pixels. The scale is in pixels per point.
+  MosaicRaster(const MosaicGeometry& geometry, double scale);
+
+  void AddRow(std::span<const QRgb> tiles);
+  void Finish();
+
+  /// The drawing, after Finish, and only once: Format_ARGB32, or Format_RGB32 when tiles cover all.
+  QImage TakeImage() { return std::move(image); }
+
+ private:
+  /// Sums of light and of covered area, in shares of a pixel.
+  struct Sample {
+    Light light;
+    double cover = 0;
+  };
+
+  void SpreadAcross(std::span<const QRgb> tiles);
+  void CloseRow();
+  void PaintRow(int y, const std::vector<Sample>& samples);
+
+  const MosaicGeometry geometry;
+  const double scale;
+  QImage image;
+  std::vector<Sample> across;  // the present tiles along a line of full height
+  std::vector<Sample> open;    // of the row of pixels `openRow`, which more tiles may cover
+  int openRow = -1;
+  bool isOpaque = true;
+  int row = 0;
+};
+
+MosaicRaster::MosaicRaster(const MosaicGeometry& geometry, double scale)
+    : geometry(geometry),
+      scale(scale),
+      image(PixelCount(geometry.size.width(), scale), PixelCount(geometry.size.height(), scale),
+            QImage::Format_ARGB32) {
+  if (image.isNull()) throw StudioError(kNoMemory);
+  image.fill(Qt::transparent);
+  across.resize(size_t(image.width()));
+  open.resize(across.size());
+}
+
+void MosaicRaster::AddRow(std::span<const QRgb> tiles) {
+  SpreadAcross(tiles);
+  const double top = geometry.Top(row++) * scale;
+  int paintedRow = -1;
+  ForEachPixel(top, top + geometry.tile.height() * scale, image.height(), [&](int y, double share) {
+    if (y != openRow) CloseRow();
+    if (share < 1 - kTolerance) {
+      openRow = y;
+      for (size_t x = 0; x < open.size(); ++x) {
+        open[x].light.red += share * across[x].light.red;
+        open[x].light.green += share * across[x].light.green;
+        open[x].light.blue += share * across[x].light.blue;
+        open[x].cover += share * across[x].cover;
+      }
+    } else if (paintedRow < 0) {
+      PaintRow(paintedRow = y, across);
+    } else {
+      std::memcpy(image.scanLine(y), image.constScanLine(paintedRow), size_t(image.bytesPerLine()));
+    }
+  });
+}
+
+void MosaicRaster::Finish() {
+  CloseRow();
+  if (isOpaque) image.reinterpretAsFormat(QImage::Format_RGB32);
+}
+
+void MosaicRaster::SpreadAcross(std::span<const QRgb> tiles) {
+  std::fill(across.begin(), across.end(), Sample());
+  for (size_t column = 0; column < tiles.size(); ++column) {
+    const QRgb tile = tiles[column];
+    const double opacity = qAlpha(tile) / 255.0;
+    const Light light{LightOf(qRed(tile)), LightOf(qGreen(tile)), LightOf(qBlue(tile))};
+    const double left = geometry.Left(int(column)) * scale;
+    ForEachPixel(left, left + geometry.tile.width() * scale, image.width(),
+                 [&](int x, double share) {
+                   Sample& sample = across[size_t(x)];
+                   const double cover = share * opacity;
+                   sample.light.red += cover * light.red;
+                   sample.light.green += cover * light.green;
+                   sample.light.blue += cover * light.blue;
+                   sample.cover += cover;
+                 });
+  }
+}
+
+void MosaicRaster::CloseRow() {
+  if (openRow < 0) return;
+  PaintRow(openRow, open);
+  std::fill(open.begin(), open.end(), Sample());
+  openRow = -1;
+}
+
+void MosaicRaster::PaintRow(int y, const std::vector<Sample>& samples) {
+  auto* line = reinterpret_cast<QRgb*>(image.scanLine(y));
+  for (const Sample& sample : samples) {
+    const int alpha = std::min(255, int(std::lround(sample.cover * 255)));
+    const Light light{sample.light.red / sample.cover, sample.light.green / sample.cover,
+                      sample.light.blue / sample.cover};
+    *line++ = alpha == 0 ? 0 : NearestColor(light, alpha);
+    isOpaque &= alpha == 255;
+  }
+}
+
+class PngSink final : public MosaicSink {
+ public:
+  PngSink(QIODevice& device, const MosaicGeometry& geometry, const QImage& below)
+      : device(device), scale(ChooseScale(geometry)), raster(geometry, scale), below(below) {}
+
+  void AddRow(std::span<const QRgb> tiles) override { raster.AddRow(tiles); }
+  void Finish() override;
+
+ private:
+  QIODevice& device;
+  const double scale;  // pixels per point
+  MosaicRaster raster;
+  const QImage below;
+};
 
 void PngSink::Finish() {
   raster.Finish();
@@ -46,13 +184,15 @@ void PngSink::Finish() {
   image.setDotsPerMeterX(int(std::lround(scale * kPointsPerMeter)));
   image.setDotsPerMeterY(image.dotsPerMeterX());
 
-  // Into memory first: a full disk then meets our own words, not those of the encoder.
-  QBuffer encoded;
-  encoded.open(QIODevice::WriteOnly);
-  QImageWriter writer(&encoded, "png");
-  writer.setQuality(kQuickCompression);
-  if (!writer.write(image)) {
-    throw StudioError("$$$/Studio/Export/NoPng=the PNG picture cannot be made");
-  }
-  WriteAll(device, {encoded.data().constData(), size_t(encoded.data().size())});
+  // Tiles are flat, so more effort gains next to nothing.
+  constexpr int kQuickCompression = 80;
+  const QByteArray bytes = EncodePicture(image, "png", kQuickCompression);
+  WriteAll(device, {bytes.constData(), size_t(bytes.size())});
+}
+
+}  // namespace
+
+std::unique_ptr<MosaicSink> MakePngSink(QIODevice& device, const MosaicGeometry& geometry,
+                                        const QImage& below) {
+  return std::make_unique<PngSink>(device, geometry, below);
 }

@@ -1,9 +1,11 @@
-#include "studio/export/svg_sink.h"
-
+#include <string>
 #include <string_view>
+#include <vector>
 
-#include "studio/base/number_text.h"
+#include "studio/base/output.h"
+#include "studio/base/text.h"
 #include "studio/export/picture_encoding.h"
+#include "studio/export/sinks.h"
 
 namespace {
 
@@ -28,7 +30,20 @@ std::string SizeAttributes(QSizeF size) {
   return "\" width=\"" + NumberText(size.width()) + "\" height=\"" + NumberText(size.height());
 }
 
-}  // namespace
+class SvgSink final : public MosaicSink {
+ public:
+  SvgSink(QIODevice& device, const MosaicGeometry& geometry, const QImage& below);
+
+  void AddRow(std::span<const QRgb> tiles) override;
+  void Finish() override;
+
+ private:
+  TextWriter writer;
+  const MosaicGeometry geometry;
+  std::vector<std::string> columnStarts;  // of each tile's element, to where its row comes in
+  std::string sizeAttributes;
+  int row = 0;
+};
 
 SvgSink::SvgSink(QIODevice& device, const MosaicGeometry& geometry, const QImage& below)
     : writer(device),
@@ -40,10 +55,11 @@ SvgSink::SvgSink(QIODevice& device, const MosaicGeometry& geometry, const QImage
          << "<svg xmlns=\"http://www.w3.org/2000/svg\" width=\"" << width << "pt\" height=\""
          << height << "pt\" viewBox=\"0 0 " << width << " " << height << "\">\n";
   if (!below.isNull()) {
-    const EncodedPicture encoded = EncodeForEmbedding(below);
+    const bool isClear = below.hasAlphaChannel();
+    const QByteArray bytes = isClear ? EncodePicture(below, "png") : EncodeAsJpeg(below);
     writer << "<image width=\"" << width << "\" height=\"" << height
-           << "\" preserveAspectRatio=\"none\" href=\"data:" << encoded.mimeType << ";base64,"
-           << encoded.bytes.toBase64().toStdString() << "\"/>\n";
+           << "\" preserveAspectRatio=\"none\" href=\"data:image/" << (isClear ? "png" : "jpeg")
+           << ";base64," << bytes.toBase64().toStdString() << "\"/>\n";
   }
   // Tiles that touch must not let anything shine through between them.
   writer << (geometry.TilesTouch() ? "<g shape-rendering=\"crispEdges\">\n" : "<g>\n");
@@ -66,4 +82,11 @@ void SvgSink::AddRow(std::span<const QRgb> tiles) {
 void SvgSink::Finish() {
   writer << "</g>\n</svg>\n";
   writer.Flush();
+}
+
+}  // namespace
+
+std::unique_ptr<MosaicSink> MakeSvgSink(QIODevice& device, const MosaicGeometry& geometry,
+                                        const QImage& below) {
+  return std::make_unique<SvgSink>(device, geometry, below);
 }

@@ -9,9 +9,8 @@
 #include "studio/mosaic/mosaic_geometry.h"
 #include "studio/picture/picture.h"
 
-/// A mosaic as it was built, and what it was built from besides the picture.
+/// A mosaic as it was built.
 struct Mosaic {
-  MosaicChoices choices;
   MosaicGeometry geometry;
   QImage tiles;  // a pixel a tile, Format_ARGB32
   QImage below;  // lies under the tiles, as large as the mosaic; null for nothing

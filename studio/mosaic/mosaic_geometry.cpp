@@ -2,12 +2,12 @@
 
 #include <cmath>
 
-#include "studio/base/number_text.h"
 #include "studio/base/studio_error.h"
+#include "studio/base/text.h"
 
 namespace {
 
-// Tiles below this are no longer told apart by the numbers in a picture file, in points.
+// In points; the four decimals of numbers in SVG and PDF files cannot tell smaller tiles apart.
 constexpr double kSmallestTile = 0.001;
 
 /// Why one direction of the mosaic can leave nothing of it.
@@ -46,13 +46,13 @@ struct Side {
 
 }  // namespace
 
-MosaicGeometry MosaicGeometry::From(const MosaicParameters& params, const MosaicDialogState& state,
-                                    QSizeF sourceSize) {
-  const double unitX = state.usePercent ? sourceSize.width() : 1;
-  const double unitY = state.usePercent ? sourceSize.height() : 1;
+MosaicGeometry MosaicGeometry::From(const MosaicChoices& choices, QSizeF sourceSize) {
+  const MosaicParameters& params = choices.params;
+  const QSizeF unit = choices.state.usePercent ? sourceSize : QSizeF(1, 1);
   const Side across{kAcross, params.tilesAcross, params.tileSpacingHorizontal,
-                    params.newWidth * unitX};
-  const Side down{kDown, params.tilesDown, params.tileSpacingVertical, params.newHeight * unitY};
+                    params.newWidth * unit.width()};
+  const Side down{kDown, params.tilesDown, params.tileSpacingVertical,
+                  params.newHeight * unit.height()};
 
   MosaicGeometry geometry;
   geometry.tile = {across.TileSize(), down.TileSize()};

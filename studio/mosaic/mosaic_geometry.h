@@ -2,7 +2,7 @@
 
 #include <QSizeF>
 
-#include "mosaic/mosaic_suite.h"
+#include "studio/mosaic/mosaic_choices.h"
 
 /// Where the tiles lie, in points from the mosaic's top left corner, y downwards.
 struct MosaicGeometry {
@@ -14,8 +14,7 @@ struct MosaicGeometry {
 
   /// From what the dialog gave back; shares count from `sourceSize`, the picture's. Throws
   /// StudioError when there is no tile, no size, or no room for tiles between the spacing.
-  static MosaicGeometry From(const MosaicParameters& params, const MosaicDialogState& state,
-                             QSizeF sourceSize);
+  static MosaicGeometry From(const MosaicChoices& choices, QSizeF sourceSize);
 
   double Left(int column) const { return column * (tile.width() + spacing.width()); }
   double Top(int row) const { return row * (tile.height() + spacing.height()); }

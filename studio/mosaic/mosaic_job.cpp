@@ -1,8 +1,10 @@
 #include "studio/mosaic/mosaic_job.h"
 
 #include <algorithm>
+#include <cstring>
 #include <utility>
 
+#include "studio/base/studio_error.h"
 #include "studio/mosaic/mosaic_builder.h"
 
 namespace {
@@ -13,14 +15,28 @@ QSizeF SourceSize(const Picture& picture, const MosaicParameters& params) {
   return QSizeF(params.boundsRight - params.boundsLeft, params.boundsBottom - params.boundsTop);
 }
 
+/// Collects a mosaic as an image with a pixel for each tile.
+class TileSink final : public MosaicSink {
+ public:
+  explicit TileSink(QImage& tiles) : image(tiles) {}
+
+  void AddRow(std::span<const QRgb> row) override {
+    std::memcpy(image.scanLine(rows++), row.data(), row.size_bytes());
+  }
+  void Finish() override {}
+
+ private:
+  QImage& image;
+  int rows = 0;
+};
+
 }  // namespace
 
-MosaicJob::MosaicJob(const Picture& picture, const MosaicParameters& params,
-                     const MosaicDialogState& state)
+MosaicJob::MosaicJob(const Picture& picture, const MosaicChoices& choices)
     : picture(picture),
-      isColor(params.isColor),
-      keepsPicture(!params.deleteRaster),
-      geometry(MosaicGeometry::From(params, state, SourceSize(picture, params))) {}
+      isColor(choices.params.isColor),
+      keepsPicture(!choices.params.deleteRaster),
+      geometry(MosaicGeometry::From(choices, SourceSize(picture, choices.params))) {}
 
 QImage MosaicJob::Below() const {
   const bool shows = geometry.HasGaps() || picture.HasAlpha();
@@ -31,7 +47,14 @@ void MosaicJob::Add(std::unique_ptr<MosaicSink> sink) {
   sinks.push_back(std::move(sink));
 }
 
-bool MosaicJob::Run(const std::function<bool(int)>& goOn) {
+void MosaicJob::Add(Mosaic& mosaic) {
+  QImage tiles(geometry.tilesAcross, geometry.tilesDown, QImage::Format_ARGB32);
+  if (tiles.isNull()) throw StudioError(kNoMemory);
+  mosaic = {geometry, std::move(tiles), Below()};
+  Add(std::make_unique<TileSink>(mosaic.tiles));
+}
+
+bool MosaicJob::Run(const GoOn& goOn) {
   MosaicBuilder builder(picture, geometry.tilesAcross, geometry.tilesDown, isColor);
   int rowsDone = 0;
   const bool isComplete = builder.Run([&](std::span<const QRgb> tiles) {
@@ -43,4 +66,15 @@ bool MosaicJob::Run(const std::function<bool(int)>& goOn) {
     sink->Finish();
     return goOn(rowsDone);
   });
+}
+
+bool WriteMosaic(const Mosaic& mosaic, MosaicSink& sink, const GoOn& goOn) {
+  const QImage& tiles = mosaic.tiles;
+  for (int row = 0; row < tiles.height(); ++row) {
+    const auto* colors = reinterpret_cast<const QRgb*>(tiles.constScanLine(row));
+    sink.AddRow({colors, size_t(tiles.width())});
+    if (!goOn(row + 1)) return false;
+  }
+  sink.Finish();
+  return goOn(tiles.height());
 }

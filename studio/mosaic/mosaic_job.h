@@ -4,16 +4,18 @@
 #include <memory>
 #include <vector>
 
-#include "studio/mosaic/mosaic_geometry.h"
+#include "studio/mosaic/artwork.h"
 #include "studio/mosaic/mosaic_sink.h"
-#include "studio/picture/picture.h"
+
+/// Asked with the number of rows that are done; answers whether to go on.
+using GoOn = std::function<bool(int rowsDone)>;
 
 /// A mosaic to be built from a picture and what the dialog gave back, and all that it is to become.
 /// It is built once, for all of them together.
 class MosaicJob {
  public:
   /// The picture must outlive the job. Throws StudioError when no mosaic can be made of this.
-  MosaicJob(const Picture& picture, const MosaicParameters& params, const MosaicDialogState& state);
+  MosaicJob(const Picture& picture, const MosaicChoices& choices);
 
   const MosaicGeometry& Geometry() const { return geometry; }
 
@@ -22,10 +24,13 @@ class MosaicJob {
 
   void Add(std::unique_ptr<MosaicSink> sink);
 
-  /// Builds row by row and asks after each, with the number of rows done, whether to go on, and
-  /// again after each thing that was finished. Answers whether nobody said no. Throws StudioError
-  /// when something cannot be written.
-  [[nodiscard]] bool Run(const std::function<bool(int rowsDone)>& goOn);
+  /// A mosaic whose tiles are there after Run. It must outlive the job. Throws StudioError when
+  /// there is no memory for the tiles.
+  void Add(Mosaic& mosaic);
+
+  /// Builds row by row and asks after each, and again after each thing that was finished. Answers
+  /// whether it always was to go on. Throws StudioError when something cannot be written.
+  [[nodiscard]] bool Run(const GoOn& goOn);
 
  private:
   const Picture& picture;
@@ -34,3 +39,6 @@ class MosaicJob {
   const MosaicGeometry geometry;
   std::vector<std::unique_ptr<MosaicSink>> sinks;
 };
+
+/// Gives a mosaic that was built before to the sink, asking like MosaicJob::Run.
+[[nodiscard]] bool WriteMosaic(const Mosaic& mosaic, MosaicSink& sink, const GoOn& goOn);

@@ -10,8 +10,7 @@
 #include <utility>
 
 #include "studio/base/studio_error.h"
-#include "studio/picture/complete_file.h"
-#include "studio/picture/decoder_messages.h"
+#include "studio/picture/damage.h"
 
 namespace {
 

@@ -1,75 +1,30 @@
 #include "studio/window/background_work.h"
 
 #include <QEventLoop>
+#include <QFileInfo>
+#include <QFutureWatcher>
 #include <QLabel>
 #include <QProgressDialog>
 #include <QPushButton>
-#include <QThread>
 #include <QTimer>
-#include <atomic>
+#include <QtConcurrentRun>
 #include <exception>
-#include <memory>
+#include <functional>
+#include <utility>
 
+#include "studio/base/output.h"
 #include "studio/base/text.h"
+#include "studio/export/mosaic_export.h"
+#include "studio/mosaic/mosaic_job.h"
 
 namespace {
 
 constexpr int kQuietTime = 500;  // ms
-constexpr int kInterval = 50;    // ms
-constexpr int kSteps = 1000;
-
-/// The thread that works, from construction to destruction. Ends the loop when it is done.
-class Worker {
- public:
-  Worker(const std::function<bool(const Progress&)>& work, QEventLoop& loop)
-      : thread(QThread::create([this, &work, &loop] {
-          Run(work);
-          isDone = true;
-          QMetaObject::invokeMethod(&loop, &QEventLoop::quit, Qt::QueuedConnection);
-        })) {
-    thread->start();
-  }
-  Worker(const Worker&) = delete;
-  Worker& operator=(const Worker&) = delete;
-  ~Worker() {
-    Cancel();
-    thread->wait();
-  }
-
-  void Cancel() { isCancelled = true; }
-  int StepsDone() const { return stepsDone; }
-  bool IsDone() const { return isDone; }
-
-  bool Result() {
-    thread->wait();
-    if (failure) std::rethrow_exception(failure);
-    return isComplete;
-  }
-
- private:
-  void Run(const std::function<bool(const Progress&)>& work) {
-    try {
-      isComplete = work([this](double share) {
-        stepsDone = int(share * kSteps);
-        return !isCancelled;
-      });
-    } catch (...) {
-      failure = std::current_exception();
-    }
-  }
-
-  std::atomic<bool> isCancelled = false;
-  std::atomic<int> stepsDone = 0;
-  std::atomic<bool> isDone = false;
-  bool isComplete = false;
-  std::exception_ptr failure;
-  const std::unique_ptr<QThread> thread;
-};
 
 /// Says how far the work is. Stays until the work has stopped, however it is cancelled.
 class WorkDialog final : public QProgressDialog {
  public:
-  WorkDialog(QWidget& window, const QString& text)
+  WorkDialog(QWidget& window, const QString& text, int steps)
       : QProgressDialog(&window),
         label(new QLabel(text)),
         button(new QPushButton(Text("$$$/Studio/Progress/Cancel=Cancel"))) {
@@ -79,49 +34,101 @@ class WorkDialog final : public QProgressDialog {
     setAutoReset(false);
     setMinimumDuration(0);
     setMinimumWidth(fontMetrics().averageCharWidth() * 52);
-    setRange(0, kSteps);
+    setRange(0, steps);
     label->setTextFormat(Qt::PlainText);
     setLabel(label);
     setCancelButton(button);
     disconnect(this, SIGNAL(canceled()), this, SLOT(cancel()));  // which would hide it
-    connect(this, &QProgressDialog::canceled, this, &WorkDialog::Cancel);
+    connect(this, &QProgressDialog::canceled, this, [this] {
+      label->setText(Text("$$$/Studio/Progress/Stopping=Stopping…"));
+      button->hide();
+    });
   }
 
-  bool IsCancelled() const { return isCancelled; }
-
-  void reject() override { Cancel(); }
+  void reject() override { emit canceled(); }
 
  private:
-  void Cancel() {
-    isCancelled = true;
-    label->setText(Text("$$$/Studio/Progress/Stopping=Stopping…"));
-    button->hide();
-  }
-
   QLabel* const label;
   QPushButton* const button;
-  bool isCancelled = false;
 };
+
+/// `work` answers whether it is complete, and is asked to stop by the promise. So does this.
+bool DoInBackground(QWidget& window, const QString& label, int steps,
+                    const std::function<bool(QPromise<void>&)>& work) {
+  QEventLoop loop;
+  bool isComplete = false;
+  QFutureWatcher<void> watcher;
+  QObject::connect(&watcher, &QFutureWatcherBase::finished, &loop, &QEventLoop::quit);
+  watcher.setFuture(QtConcurrent::run([&](QPromise<void>& promise) {
+    promise.setProgressRange(0, steps);
+    try {
+      isComplete = work(promise);
+    } catch (...) {
+      promise.setException(std::current_exception());  // as it is, which Qt would not keep
+    }
+  }));
+  QTimer::singleShot(kQuietTime, &loop, &QEventLoop::quit);
+  loop.exec(QEventLoop::ExcludeUserInputEvents);
+  if (!watcher.isFinished()) {
+    WorkDialog dialog(window, label, steps);
+    QObject::connect(&watcher, &QFutureWatcherBase::progressValueChanged, &dialog,
+                     &QProgressDialog::setValue);
+    QObject::connect(&dialog, &WorkDialog::canceled, &watcher, &QFutureWatcherBase::cancel);
+    dialog.setValue(watcher.progressValue());
+    dialog.show();
+    loop.exec();
+    if (!watcher.isFinished()) watcher.cancel();  // the program is ending
+  }
+  watcher.waitForFinished();  // throws what the work threw
+  return isComplete && !watcher.isCanceled();
+}
+
+/// Passes on how many rows are done, and whether to go on.
+GoOn ReportTo(QPromise<void>& promise) {
+  return [&promise](int rowsDone) {
+    promise.setProgressValue(rowsDone);
+    return !promise.isCanceled();
+  };
+}
 
 }  // namespace
 
-bool DoInBackground(QWidget& window, const QString& label,
-                    const std::function<bool(const Progress&)>& work) {
-  QEventLoop loop;
-  Worker worker(work, loop);
-  QTimer::singleShot(kQuietTime, &loop, &QEventLoop::quit);
-  if (!worker.IsDone()) loop.exec(QEventLoop::ExcludeUserInputEvents);
-  if (worker.IsDone()) return worker.Result();
-
-  WorkDialog dialog(window, label);
-  dialog.show();
-  QTimer timer;
-  QObject::connect(&timer, &QTimer::timeout, &dialog, [&] {
-    if (dialog.IsCancelled()) return worker.Cancel();
-    dialog.setValue(worker.StepsDone());
+std::optional<Picture> ReadPicture(QWidget& window, const QString& path) {
+  std::optional<Picture> picture;
+  const QString label = Text("$$$/Studio/Progress/Opening=Opening %1…", QFileInfo(path).fileName());
+  const bool isComplete = DoInBackground(window, label, 1, [&](QPromise<void>&) {
+    picture = Picture::Read(path);
+    picture->PixelsInSrgb();  // the canvas would make the window wait for them
+    return true;
   });
-  timer.start(kInterval);
-  if (!worker.IsDone()) loop.exec();
-  worker.Cancel();  // the program may be ending
-  return worker.Result() && !dialog.IsCancelled();
+  return isComplete ? std::move(picture) : std::nullopt;
+}
+
+std::optional<Mosaic> BuildMosaic(QWidget& window, const Picture& picture,
+                                  const MosaicChoices& choices) {
+  MosaicJob job(picture, choices);
+  Mosaic mosaic;
+  job.Add(mosaic);
+  const bool isComplete = DoInBackground(
+      window, Text("$$$/Studio/Progress/Building=Building the mosaic…"), job.Geometry().tilesDown,
+      [&](QPromise<void>& promise) { return job.Run(ReportTo(promise)); });
+  if (!isComplete) return std::nullopt;
+  return mosaic;
+}
+
+bool ExportMosaic(QWidget& window, const Artwork& artwork, const QString& path) {
+  const ExportKind& kind = ExportKindOf(path);
+  const Mosaic& mosaic = *artwork.mosaic;
+  OutputSet outputs;
+  outputs.Protect(artwork.path);
+  QIODevice& device = outputs.Add(path);
+  const QString label =
+      Text("$$$/Studio/Progress/Exporting=Exporting %1…", QFileInfo(path).fileName());
+  const int rows = mosaic.geometry.tilesDown;
+  const bool isComplete = DoInBackground(window, label, rows, [&](QPromise<void>& promise) {
+    const auto sink = kind.makeSink(device, mosaic.geometry, mosaic.below);
+    return WriteMosaic(mosaic, *sink, ReportTo(promise));
+  });
+  if (isComplete) outputs.Commit();
+  return isComplete;
 }

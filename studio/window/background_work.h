@@ -1,16 +1,21 @@
 #pragma once
 
 #include <QString>
-#include <functional>
+#include <optional>
+
+#include "studio/mosaic/artwork.h"
 
 class QWidget;
 
-/// Takes the share that is done, 0 to 1; answers whether to go on.
-using Progress = std::function<bool(double share)>;
+/// The studio's long work, each piece on a thread of its own. The window stays alive meanwhile but
+/// takes no orders; after half a second a dialog says how far the work is, and can cancel it, as
+/// the end of the program does. Each answers nothing, or false, when it was cancelled, and throws
+/// StudioError when it fails.
 
-/// Does the work on a thread of its own and returns after it. The window stays alive meanwhile but
-/// takes no orders; after half a second a dialog says how far the work is, and can cancel it,
-/// as the end of the program does.
-/// Answers what the work answers, or false once it was cancelled, and throws what it throws.
-bool DoInBackground(QWidget& window, const QString& label,
-                    const std::function<bool(const Progress&)>& work);
+std::optional<Picture> ReadPicture(QWidget& window, const QString& path);
+
+std::optional<Mosaic> BuildMosaic(QWidget& window, const Picture& picture,
+                                  const MosaicChoices& choices);
+
+/// Writes the artwork's mosaic; until all of it is written the path keeps what it had.
+bool ExportMosaic(QWidget& window, const Artwork& artwork, const QString& path);

@@ -10,7 +10,7 @@
 #include <cmath>
 #include <iterator>
 
-#include "studio/window/size_text.h"
+#include "studio/window/captions.h"
 
 namespace {
 

@@ -4,22 +4,11 @@
 #include <QFileInfo>
 #include <QImageReader>
 #include <algorithm>
-#include <iterator>
 
 #include "studio/base/text.h"
+#include "studio/export/mosaic_export.h"
 
 namespace {
-
-struct ExportKind {
-  const char* ending;
-  const char* filter;
-};
-
-constexpr ExportKind kExportKinds[] = {
-    {".svg", "$$$/Studio/Export/Svg=SVG drawing (*.svg)"},
-    {".pdf", "$$$/Studio/Export/Pdf=PDF document (*.pdf)"},
-    {".png", "$$$/Studio/Export/Png=PNG picture (*.png)"},
-};
 
 QString PictureFilter() {
   QStringList endings;
@@ -28,13 +17,6 @@ QString PictureFilter() {
   }
   return Text("$$$/Studio/Open/Pictures=Pictures (%1)", endings.join(' ')) + ";;" +
          Text("$$$/Studio/Open/AllFiles=All files (%1)", QString("*"));
-}
-
-/// What stands behind a dot is not always an ending.
-bool HasEnding(const QString& path) {
-  return std::any_of(std::begin(kExportKinds), std::end(kExportKinds), [&](const auto& kind) {
-    return path.endsWith(QLatin1String(kind.ending), Qt::CaseInsensitive);
-  });
 }
 
 }  // namespace
@@ -49,14 +31,14 @@ QString AskForExport(QWidget& window, const QString& folder, const QString& name
   dialog.setObjectName("export");
   dialog.setAcceptMode(QFileDialog::AcceptSave);
   QStringList filters;
-  for (const ExportKind& kind : kExportKinds) filters << Text(kind.filter);
+  for (const ExportKind& kind : ExportKinds()) filters << Text(kind.filter);
   dialog.setNameFilters(filters);
-  dialog.selectFile(name + kExportKinds[0].ending);
+  dialog.selectFile(name + ExportKinds().front().ending);
   while (dialog.exec() == QDialog::Accepted) {
     QString path = dialog.selectedFiles().constFirst();
-    if (HasEnding(path)) return path;
+    if (FindExportKind(path)) return path;  // what follows a dot is not always an ending
     const auto chosen = std::max<qsizetype>(0, filters.indexOf(dialog.selectedNameFilter()));
-    QString whole = path + kExportKinds[chosen].ending;
+    QString whole = path + ExportKinds()[size_t(chosen)].ending;
     if (!QFileInfo::exists(whole)) return whole;
     dialog.selectFile(whole);  // to be asked whether it may be replaced
   }

@@ -7,7 +7,7 @@
 #include <QToolButton>
 
 #include "studio/base/text.h"
-#include "studio/window/file_texts.h"
+#include "studio/window/captions.h"
 #include "studio/window/line_icon.h"
 
 namespace {

@@ -9,19 +9,17 @@
 #include <QStatusBar>
 
 #include "studio/base/studio_error.h"
-#include "studio/base/text.h"
+#include "studio/window/background_work.h"
+#include "studio/window/captions.h"
 #include "studio/window/file_dialogs.h"
-#include "studio/window/file_texts.h"
-#include "studio/window/mosaic_work.h"
 #include "studio/window/settings.h"
-#include "studio/window/size_text.h"
 
 namespace {
 
 constexpr QSize kFirstSize(1080, 760);
 constexpr int kMessageTime = 6000;  // ms
 
-/// Whoever drags would delete a file that was taken as moved.
+/// Only a copy, since an application that offers a file deletes it after a move.
 void AcceptCopy(QDropEvent& event) {
   event.setDropAction(Qt::CopyAction);
   event.accept();
@@ -57,7 +55,7 @@ StudioWindow::StudioWindow(const QString& statePath)
     const QString name = Caller().ModuleName();
     actions.about->setText(Text("$$$/Studio/Menu/AboutModule=&About %1", name));
   } catch (const StudioError&) {
-    // Whoever asks for the dialog or the about box hears why there is none.
+    // Asking for the dialog or the about box tries again and says why there is none.
   }
 }
 
@@ -191,7 +189,7 @@ bool StudioWindow::Ask(MosaicChoices& choices) {
   return Caller().Ask(choices.params, choices.state) == MosaicCaller::Answer::kOk;
 }
 
-/// They are a convenience, which must not cost a finished mosaic.
+/// Losing them must not cost a finished mosaic.
 void StudioWindow::KeepChoices(const MosaicChoices& choices) {
   try {
     lastChoices.Save(choices);
@@ -309,7 +307,7 @@ void StudioWindow::dropEvent(QDropEvent* event) {
   const QString path = DraggedFile(*event->mimeData());
   if (path.isEmpty()) return;
   AcceptCopy(*event);
-  // The other application waits until this returns.
+  // Later, as the other application waits for the answer to the drop.
   QMetaObject::invokeMethod(
       this, [this, path] { OpenPicture(path); }, Qt::QueuedConnection);
 }

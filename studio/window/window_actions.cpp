@@ -1,5 +1,6 @@
 #include "studio/window/window_actions.h"
 
+#include <QActionGroup>
 #include <QMenuBar>
 #include <QRegularExpression>
 #include <QToolBar>
@@ -8,7 +9,7 @@
 
 #include "studio/base/text.h"
 #include "studio/window/line_icon.h"
-#include "studio/window/theme_menu.h"
+#include "studio/window/settings.h"
 
 namespace {
 
@@ -71,6 +72,25 @@ void MakeAction(QMainWindow& window, WindowActions& actions, const Row& row) {
   if (row.drawing) action->setIcon(LineIcon(*row.drawing));
   action->setIconVisibleInMenu(false);
   actions.*row.action = action;
+}
+
+/// Each theme is kept when it is chosen.
+void FillThemeMenu(QMenu& menu) {
+  auto* const group = new QActionGroup(&menu);
+  const std::pair<qtui::Theme, const char*> themes[] = {
+      {qtui::Theme::kSystem, "$$$/Studio/Menu/ThemeSystem=Like the &System"},
+      {qtui::Theme::kLight, "$$$/Studio/Menu/ThemeLight=&Light"},
+      {qtui::Theme::kDark, "$$$/Studio/Menu/ThemeDark=&Dark"},
+  };
+  for (const auto& [theme, caption] : themes) {
+    QAction* const action = menu.addAction(Text(caption), [chosen = theme] {
+      settings::ChooseTheme(chosen);
+      qtui::ApplyTheme(chosen);
+    });
+    action->setCheckable(true);
+    action->setChecked(theme == settings::ChosenTheme());
+    group->addAction(action);
+  }
 }
 
 void FillMenus(QMainWindow& window, WindowActions& actions) {

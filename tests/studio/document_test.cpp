@@ -12,7 +12,7 @@ ArtworkPtr Placed() {
 }
 
 ArtworkPtr MosaicOf(const ArtworkPtr& artwork) {
-  return WithMosaic(*artwork, {{}, {}, RandomImage(16, 16, QImage::Format_ARGB32, 2), {}});
+  return WithMosaic(*artwork, {{}, RandomImage(16, 16, QImage::Format_ARGB32, 2), {}});
 }
 
 TEST(Document, KnowsWhichMosaicWouldBeLost) {

@@ -3,8 +3,8 @@
 #include <QBuffer>
 #include <QFile>
 
-#include "studio/base/number_text.h"
 #include "studio/base/studio_error.h"
+#include "studio/base/text.h"
 #include "studio/export/mosaic_export.h"
 
 namespace {
@@ -22,7 +22,8 @@ void Write(QIODevice& device, const QString& name, int spacing, const QImage& be
   params.tileSpacingHorizontal = params.tileSpacingVertical = spacing;
   params.newWidth = float(30 + 2 * spacing);
   params.newHeight = float(40 + spacing);
-  const auto sink = MakeExport(name, device, MosaicGeometry::From(params, {}, {}), below);
+  const auto sink =
+      ExportKindOf(name).makeSink(device, MosaicGeometry::From({params, {}}, {}), below);
   for (const auto& row : kTiles) sink->AddRow(row);
   sink->Finish();
 }
@@ -71,9 +72,9 @@ TEST(SvgExport, HasSharpEdgesWhereTilesTouch) {
   for (const auto& [across, spacingAcross, spacingDown, isSharp] : kCases) {
     QBuffer buffer;
     buffer.open(QIODevice::WriteOnly);
-    MakeExport("a.svg", buffer, {across, 2, {90, 90}, QSizeF(spacingAcross, spacingDown), {10, 10}},
-               {})
-        ->Finish();
+    const MosaicGeometry geometry{
+        across, 2, {90, 90}, QSizeF(spacingAcross, spacingDown), {10, 10}};
+    ExportKindOf("a.svg").makeSink(buffer, geometry, {})->Finish();
     EXPECT_EQ(buffer.data().contains("crispEdges"), isSharp) << spacingAcross << spacingDown;
   }
 }

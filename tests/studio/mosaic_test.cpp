@@ -101,8 +101,8 @@ TEST(MosaicJob, StopsWhenToldAndGivesNoColourToWhatIsClear) {
   for (const int last : {4, 10, 11}) {  // among the rows, after them, and after the file
     QBuffer file;
     file.open(QIODevice::WriteOnly);
-    MosaicJob job(picture, params, {});
-    job.Add(MakeExport("a.svg", file, job.Geometry(), job.Below()));
+    MosaicJob job(picture, {params, {}});
+    job.Add(ExportKindOf("a.svg").makeSink(file, job.Geometry(), job.Below()));
     int asked = 0;
     EXPECT_FALSE(job.Run([&](int) { return ++asked < last; }));
     EXPECT_EQ(asked, last);
@@ -121,7 +121,7 @@ MosaicGeometry Divide(int across, int spacing, float width, bool usePercent = fa
   params.newHeight = 1;
   MosaicDialogState state{};
   state.usePercent = usePercent;
-  return MosaicGeometry::From(params, state, {640, 480});
+  return MosaicGeometry::From({params, state}, {640, 480});
 }
 
 TEST(MosaicGeometry, DividesTheNewSizeAmongTilesAndSpacing) {

@@ -253,12 +253,10 @@ TEST_F(StudioWindowTest, SaysWhyThereIsNoMosaicInThePersonsLanguage) {
   EXPECT_TRUE(text.startsWith("Über TesseraeUI|TesseraeUI|Macht aus")) << text.toStdString();
   standin::Host::Current().Operations().Throw("KDM Basic Suite/ShowAboutBox",
                                               std::make_exception_ptr(7));
-  QString error;
-  Hear("alert", text);
-  Hear("error", error);
+  Hear("error", text);
   Action("about").trigger();
-  EXPECT_TRUE(text.contains("|Etwas Unerwartetes ist schiefgegangen")) << text.toStdString();
-  EXPECT_TRUE(error.contains("|Über das Modul ")) << error.toStdString();
+  EXPECT_TRUE(text.contains("|Über das Modul ")) << text.toStdString();
+  EXPECT_TRUE(text.contains("Etwas Unerwartetes ist schiefgegangen")) << text.toStdString();
 }
 
 TEST_F(StudioWindowTest, AsksBeforeClosingForEveryMosaicThatIsNotExported) {
@@ -465,7 +463,7 @@ TEST(TilePainter, TilesLieWhereTheyBelongAtAnyScale) {
   EXPECT_EQ(narrow.pixelColor(310, 10 + 52), Qt::white);
 
   // Nothing is painted of tiles that found no memory.
-  const Mosaic without{{}, {2, 2, {20, 20}, {0, 0}, {10, 10}}, {}, {}};
+  const Mosaic without{{2, 2, {20, 20}, {0, 0}, {10, 10}}, {}, {}};
   QImage page(20, 20, QImage::Format_RGB32);
   QPainter painter(&page);
   TilePainter(std::make_shared<const Mosaic>(without)).Paint(painter, {0, 0, 20, 20});

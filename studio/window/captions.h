@@ -10,3 +10,8 @@ QString SizeInPointsText(const Artwork& artwork);
 QString SummaryText(const Artwork& artwork);
 /// As in "66.7 %".
 QString PercentText(double share);
+
+/// What buttons and menus call a file, by its name, and their tool tips, by its whole path. Neither
+/// "&" nor "<" in these means anything there.
+QString FileCaption(const QString& path);
+QString FileToolTip(const QString& path);

@@ -1,8 +1,12 @@
 #pragma once
 
 #include <QElapsedTimer>
+#include <QString>
 
-/// Tells on the terminal how far a long piece of work is. Stays silent in the first half second
+/// Writes a text to the standard output at once. Throws StudioError when it cannot be written.
+void Print(const QString& text);
+
+/// Shows on the error output how far a long piece of work is. Stays silent in the first half second
 /// and when the error output is no terminal; the line is gone at the end.
 class ProgressLine {
  public:

@@ -1,9 +1,10 @@
-#include "studio/base/output_set.h"
+#include "studio/base/output.h"
 
 #include <sys/stat.h>
 #include <unistd.h>
 
 #include <QFile>
+#include <QFileDevice>
 #include <QFileInfo>
 #include <cerrno>
 
@@ -65,4 +66,20 @@ void OutputSet::Commit() {
     if (!file->commit()) Refuse(file->fileName(), ReasonText(*file));
   }
   files.clear();
+}
+
+void WriteAll(QIODevice& device, std::string_view bytes) {
+  if (device.write(bytes.data(), qint64(bytes.size())) == qint64(bytes.size())) return;
+  const auto* file = qobject_cast<const QFileDevice*>(&device);
+  Refuse(file ? file->fileName() : Text("$$$/Studio/Write/TheMosaic=the mosaic"),
+         ReasonText(device));
+}
+
+TextWriter::TextWriter(QIODevice& device) : device(device) {
+  buffer.reserve(2 * kPieceSize);
+}
+
+void TextWriter::Flush() {
+  WriteAll(device, buffer);
+  buffer.clear();
 }

@@ -1,10 +1,11 @@
-#include "studio/console/progress_line.h"
+#include "studio/console/terminal.h"
 
 #include <unistd.h>
 
+#include <cerrno>
 #include <cstdio>
 
-#include "studio/base/text.h"
+#include "studio/base/studio_error.h"
 
 namespace {
 
@@ -12,6 +13,12 @@ constexpr qint64 kQuietTime = 500;
 constexpr qint64 kInterval = 100;
 
 }  // namespace
+
+void Print(const QString& text) {
+  if (std::fputs(qPrintable(text), stdout) >= 0 && std::fflush(stdout) == 0) return;
+  throw StudioError("$$$/Studio/Line/NoOutput=cannot write to the standard output: %1",
+                    ReasonText(errno));
+}
 
 ProgressLine::ProgressLine(bool isWanted)
     : isTerminal(isWanted && isatty(STDERR_FILENO)), nextTime(kQuietTime) {

@@ -1,6 +1,8 @@
-#include "studio/picture/complete_file.h"
+#include "studio/picture/damage.h"
 
 #include <QtEndian>
+#include <algorithm>
+#include <atomic>
 #include <cstring>
 
 namespace {
@@ -70,6 +72,13 @@ constexpr struct {
                {"bmp", IsCompleteBmp},
                {"gif", IsCompleteGif}};
 
+// What the decoders' reports of lost parts contain.
+constexpr const char* kDamage[] = {"premature end", "Huffman", "instead of RST",
+                                   "Invalid progressive"};
+
+thread_local DecoderMessages* current = nullptr;
+std::atomic<QtMessageHandler> previous = nullptr;  // takes the other threads' messages meanwhile
+
 }  // namespace
 
 bool IsCompleteFile(const QByteArray& format, const QByteArray& bytes) {
@@ -77,4 +86,31 @@ bool IsCompleteFile(const QByteArray& format, const QByteArray& bytes) {
     if (format == check.format) return check.isComplete(bytes);
   }
   return true;
+}
+
+DecoderMessages::DecoderMessages() {
+  current = this;
+  previous = qInstallMessageHandler(Collect);
+}
+
+DecoderMessages::~DecoderMessages() {
+  qInstallMessageHandler(previous);
+  current = nullptr;
+}
+
+void DecoderMessages::Collect(QtMsgType type, const QMessageLogContext& context,
+                              const QString& text) {
+  if (current) {
+    current->messages << text;
+  } else if (const QtMessageHandler handler = previous) {
+    handler(type, context, text);
+  }
+}
+
+bool DecoderMessages::TellOfDamage() const {
+  return std::any_of(messages.begin(), messages.end(), [](const QString& message) {
+    return std::any_of(std::begin(kDamage), std::end(kDamage), [&](const char* words) {
+      return message.contains(QLatin1String(words), Qt::CaseInsensitive);
+    });
+  });
 }

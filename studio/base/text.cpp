@@ -1,9 +1,7 @@
-#include "studio/base/number_text.h"
+#include "studio/base/text.h"
 
 #include <charconv>
 #include <cmath>
-
-#include "platform/nrvcore/localizer.h"
 
 namespace {
 

@@ -1,8 +1,8 @@
-#include "studio/window/size_text.h"
+#include "studio/window/captions.h"
 
+#include <QFileInfo>
 #include <cmath>
 
-#include "studio/base/number_text.h"
 #include "studio/base/text.h"
 
 namespace {
@@ -13,7 +13,7 @@ QString ShortNumber(double value) {
   return NumberForUser(std::round(value * 10) / 10);
 }
 
-/// A picture without a size of its own lies there in a size that says nothing; a mosaic has one.
+/// A picture of unknown size is drawn in an arbitrary one; a mosaic always has the size asked for.
 bool IsSizeKnown(const Artwork& artwork) {
   return artwork.mosaic || artwork.isSizeKnown;
 }
@@ -49,4 +49,12 @@ QString SummaryText(const Artwork& artwork) {
 
 QString PercentText(double share) {
   return Text("$$$/Studio/Size/Percent=%1 %", ShortNumber(share * 100));
+}
+
+QString FileCaption(const QString& path) {
+  return QFileInfo(path).fileName().replace('&', "&&");
+}
+
+QString FileToolTip(const QString& path) {
+  return "<p style='white-space: pre'>" + path.toHtmlEscaped() + "</p>";
 }

@@ -1,0 +1,55 @@
+#pragma once
+
+#include <QSaveFile>
+#include <QString>
+#include <QStringList>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+/// The files that one run writes. Each is written beside its place and takes it only on Commit, so
+/// a run that fails or is stopped leaves everything as it was.
+class OutputSet {
+ public:
+  /// Opens a file for writing right away, so that a place that cannot be written is known before
+  /// any work is spent on it. Throws StudioError; also when the path is already in the set.
+  /// The set owns the device.
+  QIODevice& Add(const QString& path);
+
+  /// Refuses this path from now on, because the run still reads it.
+  void Protect(const QString& path);
+
+  /// Puts all files in their places, after all of them were written out in full. Throws
+  /// StudioError when that fails; until the first file is in place, all places are as before.
+  void Commit();
+
+ private:
+  std::vector<std::unique_ptr<QSaveFile>> files;
+  QStringList taken;
+};
+
+/// Writes all of it. Throws the StudioError that says which file could not be written and why.
+void WriteAll(QIODevice& device, std::string_view bytes);
+
+/// Collects text for a file and writes it in large pieces. Throws StudioError when the device
+/// refuses. The device must outlive it and be written by no other meanwhile.
+class TextWriter {
+ public:
+  explicit TextWriter(QIODevice& device);
+
+  TextWriter& operator<<(std::string_view text) {
+    buffer.append(text);
+    if (buffer.size() >= kPieceSize) Flush();
+    return *this;
+  }
+
+  /// Hands on what was collected; without a call the rest is lost.
+  void Flush();
+
+ private:
+  static constexpr size_t kPieceSize = 1 << 16;
+
+  QIODevice& device;
+  std::string buffer;
+};

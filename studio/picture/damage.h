@@ -1,0 +1,28 @@
+#pragma once
+
+#include <QByteArray>
+#include <QStringList>
+
+/// Whether a picture file is there to its end. Some decoders fill up what is missing without a
+/// word, so for their formats ("jpeg", "png", "bmp", "gif") the file's own structure is asked; the
+/// others refuse a short file themselves and count as complete here.
+bool IsCompleteFile(const QByteArray& format, const QByteArray& bytes);
+
+/// While one of these lives, what Qt's image decoders report on this thread is collected here
+/// instead of shown. One at a time.
+class DecoderMessages {
+ public:
+  DecoderMessages();
+  ~DecoderMessages();
+  DecoderMessages(const DecoderMessages&) = delete;
+  DecoderMessages& operator=(const DecoderMessages&) = delete;
+
+  /// Whether a decoder reported damage that costs part of the picture. Reports of stray bytes or
+  /// odd profiles, which leave the picture whole, don't count.
+  bool TellOfDamage() const;
+
+ private:
+  static void Collect(QtMsgType type, const QMessageLogContext& context, const QString& text);
+
+  QStringList messages;
+};
