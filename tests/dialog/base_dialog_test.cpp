@@ -2,10 +2,13 @@
 
 #include <stdexcept>
 #include <string>
+#include <string_view>
 
 #include "dialog/vxui_base_dialog.h"
 #include "host/suites.h"
 #include "host/unicode_string.h"
+#include "platform/nrvui/node_walk.h"
+#include "platform/nrvui/ui_control_view.h"
 #include "platform/nrvui/ui_node_manager.h"
 #include "platform/standin/layout_reader.h"
 #include "platform/vxui/drawing_supplier_source.h"
@@ -54,9 +57,12 @@ class TestHost final : public SheetFactory, public DrawingSupplierSource {
  public:
   TestHost() {
     current = this;
-    heldSuite<VXUserInterfaceMainSuite> = &suite;
+    basicSuite = &basic;
   }
-  ~TestHost() { heldSuite<VXUserInterfaceMainSuite> = nullptr; }
+  ~TestHost() {
+    EXPECT_EQ(users, 0);
+    basicSuite = nullptr;
+  }
 
   boost::shared_ptr<SheetHolder> CreateSheetHolder(OpaqueModule* plugin, uint32_t resourceID,
                                                    const nrvcore::UTF16String& themeName) override {
@@ -67,6 +73,18 @@ class TestHost final : public SheetFactory, public DrawingSupplierSource {
   const nrvui::drawbot::SupplierInterface* GetDrawingSupplier() override { return &supplier; }
   void RegisterDialogView(nrvui::ui::OS_View* rootView) override { registered = rootView; }
 
+  static ResultCode Acquire(const char* name, int32_t version, const void** table) {
+    if (std::string_view(name) != "VX User Interface Main Suite" || version != 1001)
+      return ResultCode::kCannot;
+    ++current->users;
+    *table = &current->suite;
+    return ResultCode::kSuccess;
+  }
+  static ResultCode Release(const char*, int32_t) {
+    --current->users;
+    return ResultCode::kSuccess;
+  }
+
   template <class Object>
   static ResultCode Give(Object** out) {
     if (current->gives) *out = current;
@@ -75,6 +93,8 @@ class TestHost final : public SheetFactory, public DrawingSupplierSource {
 
   inline static TestHost* current = nullptr;
   VXUserInterfaceMainSuite suite = {&Give<SheetFactory>, &Give<DrawingSupplierSource>};
+  QPBasicSuite basic = {&Acquire, &Release};
+  int users = 0;
   bool gives = true;
   nrvui::drawbot::SupplierInterface supplier;
   boost::shared_ptr<TestHolder> holder;
@@ -163,29 +183,41 @@ TYPED_TEST(BaseDialogTest, SetsUpTheLayout) {
 }
 
 TYPED_TEST(BaseDialogTest, ButtonsAreFoundSwappedAndRegisteredByTheirRules) {
+  const std::string ok = Button("okButton");
+  const std::string help = Button("help");
   const std::string cancel = Button("cancelButton");
-  const struct {
-    std::string inRow;
-    std::string last;
-    bool isRegistered;
-    bool isSwapped;
-  } cases[] = {
-      {"", cancel, true, true},
-      {cancel, "", true, false},
-      {"", Button("cancel_ResetButton"), false, true},
-      {"", "<checkbox id='cancelButton' caption='$$$/a=b'/>", false, false},
-      {"", Button("CancelButton"), false, false},
+  const std::string reset = Button("cancel_ResetButton");
+  const auto box = [](const std::string& nodeID) {
+    return "<checkbox id='" + nodeID + "' caption='$$$/a=b'/>";
   };
-  for (const auto& [inRow, last, isRegistered, isSwapped] : cases) {
-    SCOPED_TRACE(inRow + last);
-    std::string layout = Button("okButton");
-    this->Lay(
-        layout.append("<row>").append(Button("help")).append(inRow).append("</row>").append(last));
+  const struct {
+    std::string layout;
+    std::string order;  // in which the buttons then stand
+    bool isOkRegistered = true;
+    bool isCancelRegistered = true;
+  } cases[] = {
+      {ok + help + cancel, "cancelButton help okButton "},
+      {cancel + help + ok, "okButton help cancelButton "},
+      {ok + "<row>" + help + cancel + "</row>", "okButton help cancelButton "},
+      {ok + help + reset, "cancel_ResetButton help okButton ", true, false},
+      {ok + reset + cancel, "cancelButton cancel_ResetButton okButton "},
+      {ok + help + box("cancelButton"), "okButton help cancelButton ", true, false},
+      {box("okButton") + help + cancel, "okButton help cancelButton ", false, true},
+      {ok + help + Button("CancelButton"), "okButton help CancelButton ", true, false},
+  };
+  for (const auto& [layout, order, isOkRegistered, isCancelRegistered] : cases) {
+    SCOPED_TRACE(layout);
+    const TestHolder& holder = this->Lay(layout);
     const auto dialog = this->Make();
-    ASSERT_TRUE(dialog->GetOkButton());
-    EXPECT_EQ(dialog->GetOkButton(), dialog->FindNodeByID("okButton"));
-    EXPECT_EQ(dialog->GetCancelButton() != nullptr, isRegistered);
-    EXPECT_EQ(dialog->GetOkButton()->UI_GetIndex(), isSwapped ? 2u : 0u);
+    const auto expected = [&](const char* nodeID, bool isRegistered) {
+      return isRegistered ? dialog->FindNodeByID(nodeID) : nullptr;
+    };
+    EXPECT_EQ(dialog->GetOkButton(), expected("okButton", isOkRegistered));
+    EXPECT_EQ(dialog->GetCancelButton(), expected("cancelButton", isCancelRegistered));
+    std::string found;
+    nrvui::ui::ForEachBelow<nrvui::controls::UI_ControlView>(
+        *holder.view, [&](UI_Node& node) { found.append(node.UI_GetNodeID().View()).append(" "); });
+    EXPECT_EQ(found, order);
   }
 }
 

@@ -25,7 +25,7 @@ class FailureReportTest : public FrameworkTest {
     standin::StringList list;
     int32_t index = 0;
     for (const std::string entry :
-         {"-43", "Gone is file %d.", "17", "Own text", "ok", "Short", "PARM", defaultText.c_str()})
+         {"-43", "Gone is file %d.", "017", "Own text", "ok", "Short", "PARM", defaultText.c_str()})
       list.Set(++index, entry);
     host.Lists().Replace(ListOwner::kPlugin, 16050, list);
   }

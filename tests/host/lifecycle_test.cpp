@@ -1,3 +1,4 @@
+#include "host/memory.h"
 #include "host/suite_set.h"
 #include "tests/host/test_plugin.h"
 
@@ -35,6 +36,7 @@ TEST_F(LifecycleTest, AStartUpThatAnyoneEndsLeavesNothing) {
   qpbasic::Ledger::Get().Refuse({.code = ResultCode{12}});
   expectNone(ResultCode::kOutOfMemory);
   EXPECT_EQ(handled, std::vector<std::string>{});
+  ReturnHostBlock(nullptr);
 
   plan.continueStartup = ResultCode::kSuccess;
   plan.addStartedNotifier = false;

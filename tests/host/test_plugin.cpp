@@ -2,6 +2,14 @@
 
 #include <new>
 
+#include "platform/qpbasic/qpbasic.h"
+
+/// Takes the place of the library's: the module gives back no block that it never had.
+ResultCode QPBasicFreeBlock(void* block) noexcept {
+  EXPECT_NE(block, nullptr);
+  return qpbasic::Ledger::Get().Free(block);
+}
+
 static const void* missingOptional = nullptr;
 
 constinit const SuiteImport kPluginSuites[] = {

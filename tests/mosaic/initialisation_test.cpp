@@ -10,6 +10,11 @@ TEST_F(InitialisationTest, ShowsTheSourceAsLengthsEvenWhereTheNewSizeIsAPercenta
   record.deleteRaster = 9;
   LookAt([](const OpenDialog& open) {
     EXPECT_EQ(open.dialog.UI_GetNodeID(), "CreateMosaicDialog");
+    EXPECT_EQ(open.dialog.GetPlacement(), nrvui::ui::DialogPlacement::kPositioned);
+    EXPECT_TRUE(open.dialog.GetStyle().keepsCentre);
+    EXPECT_EQ(open.dialog.GetStyle().value, 0u);
+    EXPECT_EQ(open.dialog.GetDialogPoint().x, 100.0f);
+    EXPECT_EQ(open.dialog.GetDialogPoint().y, 100.0f);
     EXPECT_TRUE(open.Get<UI_Checkbox>("DeleteRasterChk").IsChecked());
     EXPECT_THROW(open.Get<UI_Checkbox>("NewWidthTxt"), std::exception) << "it is no box";
     EXPECT_EQ(open.Label("OrigHeightStatic"), "200 pt");
@@ -24,6 +29,9 @@ TEST_F(InitialisationTest, WithoutASourceSizeThereAreOnlyPercentages) {
               EXPECT_EQ(open.Label("OrigWidthStatic"), "N/A");
               EXPECT_EQ(open.Label("OrigHeightStatic"), "N/A");
               EXPECT_EQ(open.Text("NewHeightTxt"), "100 %");
+              for (const char* control : {"HorizontalRadio", "VerticalRadio", "ColorRadio",
+                                          "GrayRadio", "MosaicUseRatioButton", "UsePercentChk"})
+                EXPECT_TRUE(open.Get(control).IsDisabled()) << control;
               open.Get("GrayRadio").SetDisabled(false);
               open.Click("GrayRadio");
               open.Get("UsePercentChk").SetDisabled(false);

@@ -1,8 +1,16 @@
+#include <cstring>
+#include <fstream>
+#include <sstream>
 #include <stdexcept>
 
+#include "platform/nrvui/ui_unit_number_edit.h"
+#include "tests/support/function_presenter.h"
 #include "tests/support/mosaic_test.h"
+#include "tests/support/temporary_folder.h"
 
 namespace {
+
+using nrvui::controls::UI_UnitNumberEdit;
 
 class RunTest : public MosaicTest {};
 
@@ -58,6 +66,64 @@ TEST_F(RunTest, TheRatioIsTheHostsArithmetic) {
   EXPECT_EQ(Run(useRatio), ResultCode::kSuccess) << "the suite is borrowed where it is not held";
   EXPECT_EQ(record.tilesDown, 8);
   EXPECT_EQ(record.newHeight, 8.0f);
+}
+
+TEST_F(RunTest, UsesTheControlsThatTheLayoutHoldsAtThatMoment) {
+  EXPECT_EQ(Run([](const OpenDialog& open) {
+              auto& former = open.Get<UI_UnitNumberEdit>("VerticalCountTxt");
+              former.UI_SetNodeID("former");
+              const boost::intrusive_ptr<UI_UnitNumberEdit> field(new UI_UnitNumberEdit);
+              field->UI_SetNodeID("VerticalCountTxt");
+              former.UI_GetParentContainer()->ChildPushBack(field);
+              open.Enter("HorizontalCountTxt", "12");
+              open.Click("MosaicUseRatioButton");
+              EXPECT_EQ(field->GetNumber(), 8);
+              EXPECT_EQ(former.GetNumber(), 20);
+              open.dialog.OnReturnKey();
+            }),
+            ResultCode::kSuccess);
+  EXPECT_EQ(record.tilesDown, 8);
+}
+
+TEST_F(RunTest, WritesToTheRecordWhereItThenIs) {
+  const MosaicParameters given = record;
+  MosaicParameters moved{};
+  MosaicParameters* params = &record;
+  const FunctionPresenter presenter([&](nrvui::ui::UI_Dialog& dialog) {
+    params = &moved;
+    dialog.OnReturnKey();
+  });
+  EXPECT_EQ(host.Suites().Find<MosaicSuite>()->RunMosaicDialog(&state, &params),
+            ResultCode::kSuccess);
+  EXPECT_EQ(moved.tilesAcross, 30);
+  EXPECT_EQ(std::memcmp(&record, &given, sizeof record), 0);
+}
+
+TEST(Layout, WithoutAControlOfItsClassShowsNoDialog) {
+  std::ostringstream layout;
+  layout << std::ifstream(standin::DefaultResourceRoot() / "layouts/16301.xml").rdbuf();
+  const FunctionPresenter presenter([](nrvui::ui::UI_Dialog& dialog) { dialog.OnReturnKey(); });
+  const TemporaryFolder resources;
+  HostedModule hosted(&PluginMain, "TesseraeUI", resources.path);
+  EXPECT_EQ(hosted.module.StartUp(), ResultCode::kSuccess);
+  const struct {
+    std::string element;
+    std::string replacement;
+    ResultCode code;
+  } cases[] = {
+      {"<number", "<number", ResultCode::kSuccess},
+      {"<text-button id=\"MosaicUse", "<button id=\"MosaicUse", ResultCode::kCannot},
+      {"id=\"DeleteRasterChk", "id=\"Other", ResultCode::kCannot},
+  };
+  for (const auto& [element, replacement, code] : cases) {
+    std::string text = layout.str();
+    const size_t place = text.find(element);
+    ASSERT_NE(place, text.npos) << element;
+    resources.Write("layouts/16301.xml", text.replace(place, element.size(), replacement));
+    MosaicParameters record = SampleRecord();
+    MosaicDialogState state{};
+    EXPECT_EQ(hosted.RunDialog(record, state), code) << replacement;
+  }
 }
 
 }  // namespace

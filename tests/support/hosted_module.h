@@ -9,8 +9,9 @@ struct HostedModule {
   explicit HostedModule(const std::filesystem::path& file,
                         const std::filesystem::path& resources = standin::DefaultResourceRoot())
       : host(person, resources), module(host, file) {}
-  HostedModule(standin::EntryPoint linked, const std::string& name)
-      : host(person), module(host, linked, name) {}
+  HostedModule(standin::EntryPoint linked, const std::string& name,
+               const std::filesystem::path& resources = standin::DefaultResourceRoot())
+      : host(person, resources), module(host, linked, name) {}
 
   /// Calls the function of the published suite; kCannot where none is published.
   ResultCode RunDialog(MosaicParameters& record, MosaicDialogState& state) {
