@@ -33,7 +33,7 @@ Interruption::Interruption() {
   noting.sa_flags = SA_RESTART;
   for (size_t i = 0; i < std::size(kSignals); ++i) {
     sigaction(kSignals[i], nullptr, &former[i]);
-    // Whoever started the program may not want it to end with the terminal.
+    // A signal that was ignored at the start, as nohup does with SIGHUP, stays ignored.
     if (former[i].sa_handler != SIG_IGN) sigaction(kSignals[i], &noting, nullptr);
   }
 }

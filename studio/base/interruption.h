@@ -1,8 +1,8 @@
 #pragma once
 
-/// While one of these lives, an interrupt or a polite request to end sets a mark instead of ending
-/// the program, so that nothing half done is left behind. What was ignored before stays so. One at
-/// a time.
+/// While one of these lives, SIGINT, SIGTERM and SIGHUP set a mark instead of ending the program,
+/// so that it can remove what is half done. A signal that was ignored before stays so. One at a
+/// time.
 class Interruption {
  public:
   Interruption();
@@ -12,6 +12,6 @@ class Interruption {
 
   bool IsRequested() const;
 
-  /// Becomes readable on a request, for those who wait for other things too; -1 when it cannot.
+  /// Becomes readable on a request, for use in an event loop; -1 when no pipe could be made.
   int Descriptor() const;
 };

@@ -27,7 +27,8 @@ QString ReasonText(const std::exception& error) {
   return QString::fromUtf8(error.what());
 }
 
-/// Devices tell the system's reasons only as texts, and none when a part of a piece found room.
+/// A device keeps the system's reason only as a text. After a write that stored a part of the data
+/// it has Qt's text for an unknown error, and the cause is a full disk.
 QString ReasonText(const QIODevice& device) {
   const QString unknown = QBuffer().errorString();
   if (device.errorString() == unknown) return ReasonText(ENOSPC);

@@ -5,8 +5,9 @@
 
 #include "studio/base/text.h"
 
-/// Something that the user can understand and put right. what() is one line of UTF-8 in the user's
-/// language without a full stop, ready to stand behind the program's name.
+/// A failure whose cause lies outside the program, such as a file or the command line. what() is
+/// one line of UTF-8 in the user's language without a full stop, ready to stand behind the
+/// program's name.
 class StudioError : public std::runtime_error {
  public:
   /// A key, and values in the places of its %1 to %4.

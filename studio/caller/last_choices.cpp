@@ -36,7 +36,7 @@ std::optional<MosaicChoices> LastChoices::Read() const try {
 
 void LastChoices::Save(const MosaicChoices& choices) {
   saved = choices;
-  if (isNamed) Read();  // throws when it is no file of ours
+  if (isNamed) Read();  // throws when it is another kind of file, which must not be overwritten
   QDir().mkpath(QFileInfo(path).absolutePath());
   OutputSet output;
   WriteAll(output.Add(path), ChoicesToJson(choices).toStdString());

@@ -15,7 +15,8 @@ class LastChoices {
 
   const QString& Path() const { return path; }
 
-  /// A place that the user named is binding: it must be readable now and writable later.
+  /// A named place must be readable now and writable later; failures at the default one are
+  /// warnings.
   bool IsNamed() const { return isNamed; }
 
   /// What was saved last, or else what the file has; nothing when there is none yet. When it cannot

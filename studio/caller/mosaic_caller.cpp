@@ -34,13 +34,15 @@ MosaicCaller::MosaicCaller(standin::UserInterface& userInterface)
 MosaicCaller::Answer MosaicCaller::Ask(MosaicParameters& params, MosaicDialogState& state) {
   BeginCall();
   const standin::HeldSuite<MosaicSuite> suite(host);
-  if (!suite) EndCall(suite.Code(), "$$$/Studio/Module/NoDialog=the module offers no dialog: %1");
+  if (!suite)
+    Fail("$$$/Studio/Module/NoDialog=the module offers no dialog: %1", Reason(suite.Code()));
 
   MosaicParameters* record = &params;
   const ResultCode code = suite->RunMosaicDialog(&state, &record);
-  if (code == ResultCode::kCancelled) return Answer::kCancelled;
-  EndCall(code, "$$$/Studio/Module/NotShown=the dialog cannot be shown: %1");
-  return Answer::kOk;
+  const bool isCancelled = code == ResultCode::kCancelled;
+  EndCall(isCancelled ? ResultCode::kSuccess : code,
+          "$$$/Studio/Module/NotShown=the dialog cannot be shown: %1");
+  return isCancelled ? Answer::kCancelled : Answer::kOk;
 }
 
 QString MosaicCaller::ModuleName() const {

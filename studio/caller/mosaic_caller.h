@@ -23,7 +23,7 @@ class MosaicCaller : private standin::UserInterface {
   /// Shows the dialog over both; they change on kOk only.
   Answer Ask(MosaicParameters& params, MosaicDialogState& state);
 
-  /// Under which the module asked to be shown.
+  /// The module's name for menus, as it gave it to the host.
   QString ModuleName() const;
   /// Asks the module to show its about box.
   void ShowAbout();

@@ -53,7 +53,7 @@ void Describe(QCommandLineParser& parser) {
   for (const Option& option : kOptions) parser.addOption({option.name, option.help, option.value});
 }
 
-/// Reads an option that takes a value.
+/// The values of an option that takes one.
 QStringList ValuesOf(const QCommandLineParser& parser, const Option& option) {
   const QStringList values = parser.values(option.name);
   if (parser.isSet(option.name) && (values.isEmpty() || values.contains(QString()))) {

@@ -141,8 +141,8 @@ void ConsoleRun::SaveWindowScreenshot() {
   if (windowScreenshotDevice) SaveScreenshot(*windowScreenshotDevice, windowCamera(artwork));
 }
 
-/// Choices in a named place come and go with the other files; those in the user's settings are a
-/// convenience, which must not cost a finished mosaic.
+/// Choices in a named place are one of the run's files; failing to keep those in the user's
+/// settings must not cost a finished mosaic.
 void ConsoleRun::KeepChoices(const MosaicChoices& choices) {
   if (stateDevice) WriteAll(*stateDevice, ChoicesToJson(choices).toStdString());
   outputs.Commit();
@@ -159,7 +159,7 @@ void ConsoleRun::Tell(const QString& text) const {
   if (!line.isQuiet) Print(text + '\n');
 }
 
-/// The files are in their places by now, so that this cannot be said is no failure of the run.
+/// The files are in their places by now, so a failure to print this is a warning only.
 void ConsoleRun::TellOfFiles() const try {
   QStringList paths = line.exports + line.Screenshots();
   if (!line.record.isEmpty()) paths << line.record;

@@ -17,8 +17,8 @@ bool HasDisplay();
 /// file, with a window or without, or shows a window to a person, or only for its screenshot.
 class DialogUser {
  public:
-  /// `report` hears what the person would be told. Throws StudioError when a person is needed and
-  /// there is no display, and another std::exception for a bad gesture file.
+  /// `report` is called with what the person would be told. Throws StudioError when a person is
+  /// needed and there is no display, and another std::exception for a bad gesture file.
   DialogUser(const CommandLine& line, std::function<void(const std::string&)> report);
 
   /// Why the last dialog could not be answered; empty when it could.

@@ -9,7 +9,7 @@ namespace {
 constexpr int kFirstTilesAcross = 100;
 constexpr int kMostTilesEntered = 8640;  // that the dialog lets a person enter
 
-// The dialog reckons with sizes of 16 bits; what doesn't fit there has no size for it.
+// The dialog computes with sizes of 16 bits; a larger picture is placed as of unknown size.
 constexpr double kLargestSize = 32767;
 
 bool IsUsable(double length) {

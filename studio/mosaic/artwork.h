@@ -21,7 +21,7 @@ struct Mosaic {
 struct Artwork {
   QString path;  // the picture's file
   Picture picture;
-  bool isSizeKnown = true;               // and one that the dialog can reckon with
+  bool isSizeKnown = true;               // and within what the dialog can compute with
   std::shared_ptr<const Mosaic> mosaic;  // null before there is one
 
   /// In points.
@@ -30,7 +30,7 @@ struct Artwork {
 
 using ArtworkPtr = std::shared_ptr<const Artwork>;
 
-/// A picture that was just placed; `isSizeUnknown` when its file is not to be believed.
+/// A picture that was just placed; `isSizeUnknown` when the size in its file is to be ignored.
 ArtworkPtr Place(const QString& path, Picture picture, bool isSizeUnknown);
 
 /// The same picture as this mosaic.

@@ -11,8 +11,8 @@
 
 /// Divides a picture into equal shares, one for each tile, and finds the mean colour of each. Where
 /// a border runs through a pixel, the pixel counts for both sides by area, exactly; a tile may be
-/// smaller than a pixel. Means are means of light. Transparent pixels count by their opacity, and
-/// a tile over part transparent pixels is part transparent itself.
+/// smaller than a pixel. Means are taken in linear light. Transparent pixels count by their
+/// opacity, and a tile over part transparent pixels is part transparent itself.
 class MosaicBuilder {
  public:
   /// Takes the colours of one row of tiles, from left to right, not premultiplied; answers whether

@@ -10,7 +10,7 @@ namespace {
 // In points; the four decimals of numbers in SVG and PDF files cannot tell smaller tiles apart.
 constexpr double kSmallestTile = 0.001;
 
-/// Why one direction of the mosaic can leave nothing of it.
+/// The errors about one direction of the mosaic.
 struct Refusals {
   const char* noTile;
   const char* noSize;

@@ -3,7 +3,7 @@
 #include <QRgb>
 #include <span>
 
-/// Takes a mosaic row by row and makes something of it. The rows of tiles come from top to bottom,
+/// Receives a mosaic row by row and writes or keeps it. The rows of tiles come from top to bottom,
 /// all of them, then Finish once. Both throw StudioError when the result cannot be written.
 class MosaicSink {
  public:

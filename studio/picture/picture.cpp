@@ -66,7 +66,7 @@ QImage Decode(QImageReader& reader) {
   SetDotsPerMeter(image, kUnsaidDotsPerMeter, kUnsaidDotsPerMeter);
   const uchar* const bits = std::as_const(image).constBits();
   if (!reader.read(&image)) return {};
-  // A damaged file can tell of a resolution that there is not.
+  // A damaged file can state a resolution of 0 or below.
   const bool isAbsurd = image.dotsPerMeterX() <= 0 || image.dotsPerMeterY() <= 0;
   if (isAbsurd || std::as_const(image).constBits() != bits) {
     SetDotsPerMeter(image, kUnsaidDotsPerMeter, kUnsaidDotsPerMeter);

@@ -4,7 +4,6 @@
 #include <optional>
 
 #include "studio/mosaic/artwork.h"
-#include "studio/window/image_levels.h"
 #include "studio/window/tile_painter.h"
 
 /// A white page and what lies on it, as one item however many tiles there are. A unit is a point;

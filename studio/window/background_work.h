@@ -7,9 +7,9 @@
 
 class QWidget;
 
-/// The studio's long work, each piece on a thread of its own. The window stays alive meanwhile but
-/// takes no orders; after half a second a dialog says how far the work is, and can cancel it, as
-/// the end of the program does. Each answers nothing, or false, when it was cancelled, and throws
+/// The studio's long work, each piece on a thread of its own. The window is redrawn meanwhile but
+/// takes no input; after half a second a dialog shows the progress and can cancel the work, as the
+/// end of the program does. Each answers nothing, or false, when it was cancelled, and throws
 /// StudioError when it fails.
 
 std::optional<Picture> ReadPicture(QWidget& window, const QString& path);

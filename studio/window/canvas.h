@@ -23,7 +23,7 @@ class Canvas final : public QGraphicsView {
   void SetZoom(double zoom);
   void ZoomIn();
   void ZoomOut();
-  /// The whole page; it stays whole when the window's size changes, until somebody zooms.
+  /// The whole page; it stays whole when the window's size changes, until the zoom is changed.
   void Fit();
 
   void WhenZoomed(std::function<void()> hook) { zoomed = std::move(hook); }

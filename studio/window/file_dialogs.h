@@ -4,8 +4,8 @@
 
 class QWidget;
 
-/// Each lets the person choose a file over the window and answers its path, or an empty text when
-/// they think better of it.
+/// Each lets the person choose a file in a dialog over the window and answers its path, empty when
+/// the dialog was cancelled.
 
 /// A picture to open, `folder` first.
 QString AskForPicture(QWidget& window, const QString& folder);

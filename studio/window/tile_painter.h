@@ -1,10 +1,32 @@
 #pragma once
 
+#include <QImage>
 #include <QPainter>
+#include <map>
+#include <memory>
+#include <utility>
 #include <vector>
 
 #include "studio/mosaic/artwork.h"
-#include "studio/window/image_levels.h"
+
+/// An image at the sizes of halves, quarters and so on, each made when it is first wanted, so that
+/// drawing it small takes no longer than drawing it large.
+class ImageLevels {
+ public:
+  explicit ImageLevels(const QImage& full) : original(full) {}
+
+  const QImage& Full() const { return original; }
+
+  /// The smallest whose pixels are not larger than those of the screen, on which a pixel of the
+  /// full image is this large.
+  const QImage& For(double pixelWidth, double pixelHeight);
+
+ private:
+  static int HalvesFor(double pixel, int length);
+
+  const QImage original;
+  std::map<std::pair<int, int>, QImage> reduced;
+};
 
 /// Draws a mosaic on the screen pixel by pixel, in a time that goes with the pixels that are seen
 /// and not with the tiles: pixels that a tile covers in part take their share of its colour, and

@@ -36,6 +36,7 @@ TEST(MosaicCaller, SaysWhatFailedAndWhy) {
     } catch (const StudioError& error) {
       EXPECT_STREQ(error.what(), text) << refused;
     }
+    EXPECT_TRUE(screen.alerts.empty()) << "the error tells it";
   }
 }
 

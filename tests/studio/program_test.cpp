@@ -8,10 +8,9 @@
 #include <QJsonObject>
 #include <QProcess>
 #include <QRegularExpression>
-#include <QTemporaryDir>
 #include <QTest>
 
-#include "tests/support/random_picture.h"
+#include "tests/studio/studio_folder.h"
 
 namespace {
 
@@ -28,27 +27,12 @@ Result Ended(QProcess& process) {
           process.readAllStandardError()};
 }
 
-/// The real program in a folder of its own, with "in.png" of 60 by 40 points and gesture files.
-class Program : public testing::Test {
+/// The real program in a folder of its own with gesture files.
+class Program : public StudioFolder {
  protected:
   Program() {
-    qputenv("XDG_CONFIG_HOME", Path("config").toUtf8());
-    SaveRandomPicture(Path("in.png"));
     Save("ok", "key Return\n");
     Save("cancel", "enter HorizontalCountTxt 3\nkey Escape\n");
-  }
-
-  QString Path(const QString& name) const { return folder.filePath(name); }
-
-  void Save(const QString& name, const QByteArray& content) const {
-    QFile file(Path(name));
-    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-    file.write(content);
-  }
-
-  QByteArray Load(const QString& name) const {
-    QFile file(Path(name));
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
   }
 
   void Start(QProcess& process, const QString& arguments,
@@ -68,8 +52,6 @@ class Program : public testing::Test {
   QStringList Files() const {
     return QDir(folder.path()).entryList(QDir::Files | QDir::Hidden, QDir::Name);
   }
-
-  QTemporaryDir folder;
 };
 
 TEST_F(Program, BuildsWhatTheDialogAskedFor) {

@@ -21,7 +21,7 @@
 #include "platform/standin/resource_root.h"
 #include "studio/window/file_dialogs.h"
 #include "studio/window/settings.h"
-#include "tests/support/random_picture.h"
+#include "tests/studio/studio_folder.h"
 
 namespace {
 
@@ -32,12 +32,10 @@ void NoteWarning(QtMsgType, const QMessageLogContext&, const QString& message) {
   if (!message.contains("propagateSizeHints")) warnings += message;
 }
 
-/// The window in a folder of its own, with a picture of 60 by 40 points.
-class StudioWindowTest : public testing::Test {
+/// The window over a folder of its own.
+class StudioWindowTest : public StudioFolder {
  protected:
   StudioWindowTest() {
-    qputenv("XDG_CONFIG_HOME", folder.path().toUtf8());
-    SaveRandomPicture(Path("in.png"));
     warnings.clear();
     Speak("en");
     // A box that nobody closes would keep its test waiting.
@@ -89,8 +87,6 @@ class StudioWindowTest : public testing::Test {
     });
   }
 
-  QString Path(const QString& name) const { return folder.filePath(name); }
-
   void Open() {
     window.emplace(Path("state"));
     window->show();
@@ -114,18 +110,8 @@ class StudioWindowTest : public testing::Test {
   }
   QAction& Action(const char* name) const { return *window->findChild<QAction*>(name); }
   QString Summary() const { return window->findChild<QLabel*>("summary")->text(); }
-  QByteArray Load(const QString& name) const {
-    QFile file(Path(name));
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-  }
-  void Save(const QString& name, const QByteArray& content) const {
-    QFile file(Path(name));
-    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-    file.write(content);
-  }
   QImage Canvas() const { return window->findChild<::Canvas*>()->grab().toImage(); }
 
-  QTemporaryDir folder;
   std::optional<StudioWindow> window;
   QObject hooks;
   QTimer watchdog;
