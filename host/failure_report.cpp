@@ -156,6 +156,6 @@ void ShowFailure(PluginRef plugin, ResultCode code) noexcept {
   try {
     FindAndShow(plugin, code);
   } catch (...) {
-    // The failure has reached the host as a code; a report that fails has nobody to tell.
+    // Nothing is shown; the host has the code of the failure itself.
   }
 }

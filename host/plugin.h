@@ -72,9 +72,9 @@ class Plugin {
   virtual ResultCode SetCurrentPlugin(Plugin*) { return ResultCode::kSuccess; }
   /// A step of a derived class at the end of the start-up; a failure ends the start-up.
   virtual ResultCode ContinueStartup() { return ResultCode::kSuccess; }
-  /// Runs at the end of a start-up and of a reload; nobody acts on the answer.
+  /// Runs at the end of a start-up and of a reload; the answer is not used.
   virtual ResultCode FinishStartup() { return ResultCode::kSuccess; }
-  /// Runs before an unload; nobody acts on the answer.
+  /// Runs before an unload; the answer is not used.
   virtual ResultCode PrepareUnload(PluginMessage*) { return ResultCode::kSuccess; }
   virtual ResultCode AcquireOptionalSuites();
 

@@ -68,7 +68,7 @@ ResultCode TesseraeUI::SetCurrentPlugin(Plugin* plugin) {
 ResultCode TesseraeUI::OnShutdown(PluginMessage* message) {
   const ResultCode code = FreeSuiteFunctions();
   if (!Failed(code)) return Plugin::OnShutdown(message);
-  // The object goes all the same, so nobody may find it any more.
+  // PluginMain destroys the object next, whatever the code.
   (void)SetCurrentPlugin(nullptr);
   return code;
 }

@@ -36,7 +36,7 @@ Measure PlayBatch(BuiltModule& built, size_t dialogs, size_t reloads) {
   return measure;
 }
 
-TEST(LongRun, TakesNoMoreAndGetsNoSlower) {
+TEST(LongRun, KeepsItsMemoryAndSpeed) {
   nrvui::gestures::ScriptedPresenter person(nrvui::gestures::GestureScript::Parse(
       "enter HorizontalCountTxt 12\nclick MosaicUseRatioButton\nkey Return", "long run"));
   const nrvui::ui::InstalledPresenter installed(person);

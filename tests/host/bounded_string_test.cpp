@@ -44,7 +44,7 @@ int32_t Format(char* destination, size_t size, const char* format, ...) {
   return outcome;
 }
 
-TEST(BoundedFormat, CutsAndRefusesAndSaysSo) {
+TEST(BoundedFormat, AnswersWhatItCutsAndRefuses) {
   char buffer[10] = "###";
   EXPECT_EQ(Format(nullptr, 4, "x"), kBadArgument);
   EXPECT_EQ(Format(buffer, 0, "x"), kBadArgument);

@@ -117,7 +117,7 @@ TEST_F(FailureReportTest, TheSameCodeIsShownOncePerFiveSeconds) {
   EXPECT_EQ(Fail(12), 5u);
 }
 
-TEST_F(FailureReportTest, ItsOwnFailuresOnlyMeanThatNothingIsShown) {
+TEST_F(FailureReportTest, ShowsNothingWhenItFailsItself) {
   for (const char* operation :
        {"acquire/Glossa Host Init Suite", "Glossa Host Init Suite/GetHostModule",
         "KDM Basic Suite/GetListString", "VX Unicode String Suite/CreateFromText",

@@ -25,7 +25,7 @@ TEST_F(LifecycleTest, AStartUpIntroducesThePluginAndAShutDownLeavesNothing) {
   EXPECT_EQ(host.Objects().notifiers.Size(), 0u);
 }
 
-TEST_F(LifecycleTest, AStartUpThatAnyoneEndsLeavesNothing) {
+TEST_F(LifecycleTest, AStartUpThatFailsLeavesNothing) {
   const auto expectNone = [&](ResultCode code) {
     EXPECT_EQ(module.StartUp(), code);
     EXPECT_EQ(module.Globals(), nullptr);

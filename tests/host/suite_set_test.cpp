@@ -66,14 +66,14 @@ TEST_F(SuiteSetTest, OptionalSuitesAreTriedAgainWithEveryMessage) {
   EXPECT_EQ(host.Suites().Users("VX User Interface Main Suite"), 1u) << "the walk ended before it";
 }
 
-TEST_F(SuiteSetTest, AHostThatGivesNoTableIsNotBelieved) {
+TEST_F(SuiteSetTest, ASuiteWithoutATableCountsAsRefused) {
   static int releases;
   releases = 0;
-  QPBasicSuite generous = {
+  QPBasicSuite withoutTables = {
       [](const char*, int32_t, const void**) { return ResultCode::kSuccess; },
       [](const char*, int32_t) { return ++releases, ResultCode::kSuccess; },
   };
-  for (QPBasicSuite* suite : {static_cast<QPBasicSuite*>(nullptr), &generous}) {
+  for (QPBasicSuite* suite : {static_cast<QPBasicSuite*>(nullptr), &withoutTables}) {
     basicSuite = suite;
     const SuiteSet set;
     EXPECT_EQ(set.Error(), ResultCode::kCannot);

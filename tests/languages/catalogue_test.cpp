@@ -14,7 +14,7 @@ class LanguagesTest : public MosaicTest {
   ~LanguagesTest() override { Localizer::Get().SetLanguage("en"); }
 };
 
-TEST_F(LanguagesTest, TheDialogSpeaksTheLanguagesThatHaveACatalogue) {
+TEST_F(LanguagesTest, TheDialogShowsEachLanguageThatHasACatalogue) {
   const struct {
     const char* language;
     const char* title;

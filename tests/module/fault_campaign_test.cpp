@@ -10,25 +10,25 @@
 
 #include "host/error.h"
 #include "platform/qpbasic/ledger.h"
-#include "tests/module/story.h"
+#include "tests/module/session.h"
 #include "tests/module/toolkit_memory.h"
 #include "tests/support/campaign.h"
 
 // Every fault that the host or the toolkit can cause is caused once, at every place of whole
-// stories. Afterwards the same module must get through a whole life undisturbed.
+// sessions. Afterwards the same module must get through a whole life cycle as expected.
 
 namespace {
 
 using Lines = std::vector<std::string>;
 
-struct Plot {
+struct Sequence {
   const char* name;
-  Story::Plot play;
+  Session::Sequence run;
 };
 
-constexpr Plot kPlots[] = {
-    {"a life", &Story::PlayLife},
-    {"failures", &Story::PlayFailures},
+constexpr Sequence kSequences[] = {
+    {"life cycle", &Session::RunLifeCycle},
+    {"failures", &Session::RunFailures},
 };
 
 constexpr ResultCode kRefused{FourCharCode("rfsd")};
@@ -48,17 +48,17 @@ const Fault kFaults[] = {
     {"int", ResultCode::kCannot, std::make_exception_ptr(7)},
 };
 
-/// Plays with the fault in place, and then a life without. `expectLeft` judges what the first play
-/// leaves; the second must leave no more.
-void PlayDisturbed(const Plot& plot, Story& story,
-                   const std::function<void(const Lines& left)>& expectLeft) {
-  (story.*plot.play)();
-  const Lines left = story.host.Leftovers();
+/// Runs with the fault in place, and then a life cycle without it. `expectLeft` judges what the
+/// first run leaves; the second must leave no more.
+void RunDisturbed(const Sequence& sequence, Session& session,
+                  const std::function<void(const Lines& left)>& expectLeft) {
+  (session.*sequence.run)();
+  const Lines left = session.host.Leftovers();
   expectLeft(left);
-  story.ForgetDisturbances();
-  story.PlayLife();
-  EXPECT_TRUE(story.IsUndisturbed()) << "the module has not recovered";
-  for (const std::string& line : story.host.Leftovers())
+  session.Restore();
+  session.RunLifeCycle();
+  EXPECT_TRUE(session.WentAsExpected()) << "the module has not recovered";
+  for (const std::string& line : session.host.Leftovers())
     EXPECT_TRUE(std::ranges::find(left, line) != left.end()) << line;
 }
 
@@ -75,22 +75,23 @@ constexpr std::pair<std::string_view, std::string_view> kOwed[] = {
     {"VX Unicode String Suite/Dispose", "string \""},
 };
 
-/// Plays the plot with the operation's call failing.
-void DisturbCall(const Plot& plot, const std::string& operation, size_t call, const Fault& fault) {
-  SCOPED_TRACE(std::string(plot.name) + ", " + operation + ", call " + std::to_string(call) + ", " +
-               fault.name);
-  Story story;
-  story.allowed = {fault.answer};
+/// Runs the sequence with the operation's call failing.
+void DisturbCall(const Sequence& sequence, const std::string& operation, size_t call,
+                 const Fault& fault) {
+  SCOPED_TRACE(std::string(sequence.name) + ", " + operation + ", call " + std::to_string(call) +
+               ", " + fault.name);
+  Session session;
+  session.allowed = {fault.answer};
   // What goes wrong with the suite's table or its registration has one code.
   if (operation.starts_with("QP Blocks Suite/") || operation.starts_with("QP Suites Suite/"))
-    story.allowed.push_back(ResultCode::kParameter);
-  auto& operations = story.host.Operations();
+    session.allowed.push_back(ResultCode::kParameter);
+  auto& operations = session.host.Operations();
   if (fault.exception) {
     operations.Throw(operation, fault.exception, call);
   } else {
     operations.Refuse(operation, fault.answer, call);
   }
-  PlayDisturbed(plot, story, [&](const Lines& left) {
+  RunDisturbed(sequence, session, [&](const Lines& left) {
     for (const std::string& line : left) {
       EXPECT_TRUE(std::ranges::any_of(kOwed, [&](const auto& owed) {
         return operation.starts_with(owed.first) && line.find(owed.second) != line.npos;
@@ -100,14 +101,14 @@ void DisturbCall(const Plot& plot, const std::string& operation, size_t call, co
   EXPECT_EQ(operations.Disturbed(), 1u);
 }
 
-/// How often each operation is called in the plot when nothing fails.
-std::map<std::string, size_t> CallsIn(const Plot& plot) {
-  Story story;
-  const auto& operations = story.host.Operations();
+/// How often each operation is called in the sequence when nothing fails.
+std::map<std::string, size_t> CallsIn(const Sequence& sequence) {
+  Session session;
+  const auto& operations = session.host.Operations();
   std::map<std::string, size_t> calls;
   for (const std::string& operation : operations.Names()) calls[operation] = 0;
-  (story.*plot.play)();
-  EXPECT_TRUE(story.IsUndisturbed()) << plot.name;
+  (session.*sequence.run)();
+  EXPECT_TRUE(session.WentAsExpected()) << sequence.name;
   for (auto& [operation, count] : calls) count = operations.Calls(operation);
   return calls;
 }
@@ -115,39 +116,40 @@ std::map<std::string, size_t> CallsIn(const Plot& plot) {
 TEST(OperationCampaign, EveryCallOfEveryOperationIsRefusedOnceAndThrowsOnce) {
   std::map<std::string, size_t> allCalls;
   size_t faults = 0;
-  for (const Plot& plot : kPlots) {
-    for (const auto& [operation, calls] : CallsIn(plot)) {
+  for (const Sequence& sequence : kSequences) {
+    for (const auto& [operation, calls] : CallsIn(sequence)) {
       allCalls[operation] += calls;
       for (size_t call = 1; call <= calls; ++call)
         for (const Fault& fault : kFaults)
           if (faults++ % campaign::Step(1) == 0 && !HasFailure())
-            DisturbCall(plot, operation, call, fault);
+            DisturbCall(sequence, operation, call, fault);
     }
   }
   std::erase_if(allCalls, [](const auto& operation) { return operation.second > 0; });
   EXPECT_EQ(allCalls, (std::map<std::string, size_t>{{"QP Access Suite/AcquirePlugin", 0},
                                                      {"QP Access Suite/ReleasePlugin", 0}}))
-      << "nothing locks this plug-in; all else must be part of a story";
+      << "nothing locks this plug-in; all else must be part of a session";
 }
 
-/// Refuses every n-th allocation, n growing by `step`, until a story gets through all of them.
+/// Refuses every n-th allocation, n growing by `step`, until a session gets through all of them.
 /// `refuse` begins with a refusal, and `wasRefused` ends it and says whether it happened.
-void RefuseOneByOne(size_t step, const std::function<void(Story& story, size_t countdown)>& refuse,
+void RefuseOneByOne(size_t step,
+                    const std::function<void(Session& session, size_t countdown)>& refuse,
                     const std::function<bool()>& wasRefused) {
-  for (const Plot& plot : kPlots) {
+  for (const Sequence& sequence : kSequences) {
     size_t place = 1;
     for (bool goesOn = true; goesOn && !testing::Test::HasFailure(); place += step) {
-      SCOPED_TRACE(std::string(plot.name) + ", allocation " + std::to_string(place));
-      Story story;
-      story.allowed = {ResultCode::kOutOfMemory, ResultCode::kCannot, ResultCode::kParameter};
-      refuse(story, place);
-      PlayDisturbed(plot, story, [&](const Lines& left) {
+      SCOPED_TRACE(std::string(sequence.name) + ", allocation " + std::to_string(place));
+      Session session;
+      session.allowed = {ResultCode::kOutOfMemory, ResultCode::kCannot, ResultCode::kParameter};
+      refuse(session, place);
+      RunDisturbed(sequence, session, [&](const Lines& left) {
         goesOn = wasRefused();
-        EXPECT_TRUE(goesOn || story.IsUndisturbed());
+        EXPECT_TRUE(goesOn || session.WentAsExpected());
         EXPECT_EQ(left, Lines());
       });
     }
-    EXPECT_GT(place, std::max<size_t>(50, 10 * step)) << "a story takes more than that";
+    EXPECT_GT(place, std::max<size_t>(50, 10 * step)) << "a session takes more than that";
   }
 }
 
@@ -156,7 +158,7 @@ TEST(AllocationCampaign, EveryBlockIsRefusedOnce) {
   // With a code, and with success but no block.
   for (const auto code : {ResultCode::kOutOfMemory, ResultCode::kSuccess}) {
     size_t refusals = 0;
-    const auto refuse = [&](Story&, size_t countdown) {
+    const auto refuse = [&](Session&, size_t countdown) {
       refusals = ledger.Counts().refusals;
       ledger.Refuse({.countdown = countdown, .once = true, .code = code});
     };
@@ -168,9 +170,9 @@ TEST(AllocationCampaign, EveryBlockIsRefusedOnce) {
 }
 
 TEST(AllocationCampaign, TheToolkitRunsOutOfMemoryOnce) {
-  const auto refuse = [](Story& story, size_t countdown) {
+  const auto refuse = [](Session& session, size_t countdown) {
     toolkit_memory::untilRefusal = countdown;
-    story.onCall = [](bool isInside) { toolkit_memory::isArmed = isInside; };
+    session.onCall = [](bool isInside) { toolkit_memory::isArmed = isInside; };
   };
   RefuseOneByOne(campaign::Step(17), refuse,
                  [] { return std::exchange(toolkit_memory::untilRefusal, 0) == 0; });

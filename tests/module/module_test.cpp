@@ -7,7 +7,7 @@
 #include "platform/nrvui/scripted_presenter.h"
 #include "platform/qpbasic/ledger.h"
 #include "platform/standin/host_codes.h"
-#include "tests/module/story.h"
+#include "tests/module/session.h"
 #include "tests/support/built_module.h"
 #include "tests/support/temporary_folder.h"
 
@@ -21,18 +21,18 @@ bool IsMapped(const std::filesystem::path& file) {
   return maps.str().find(std::filesystem::canonical(file).string()) != std::string::npos;
 }
 
-TEST(BuiltModule, LivesItsLifeAndLeavesNothing) {
-  Story story;
-  story.PlayLife();
-  EXPECT_TRUE(story.IsUndisturbed());
-  EXPECT_TRUE(story.person.alerts.empty());
-  EXPECT_EQ(story.person.aboutBoxes.size(), 1u);
+TEST(BuiltModule, LeavesNothingAfterALifeCycle) {
+  Session session;
+  session.RunLifeCycle();
+  EXPECT_TRUE(session.WentAsExpected());
+  EXPECT_TRUE(session.person.alerts.empty());
+  EXPECT_EQ(session.person.aboutBoxes.size(), 1u);
   {
-    standin::Module away(story.host, kModule);
+    standin::Module away(session.host, kModule);
     EXPECT_EQ(away.StartUp(), ResultCode::kSuccess);
     EXPECT_EQ(away.Unload(), ResultCode::kSuccess);
   }  // comes back to be shut down
-  EXPECT_EQ(story.host.Leftovers(), std::vector<std::string>{});
+  EXPECT_EQ(session.host.Leftovers(), std::vector<std::string>{});
 }
 
 /// The module's file in another place, so that its code is another image at another address.
@@ -41,7 +41,7 @@ struct ModuleCopy : TemporaryFolder {
   const std::filesystem::path file = path / kModule.filename();
 };
 
-TEST(BuiltModule, LeavesTheProcessAndComesBackElsewhere) {
+TEST(BuiltModule, IsUnloadedAndReloadedAtAnotherAddress) {
   const size_t blocks = qpbasic::Ledger::Get().Counts().blocks;
   BuiltModule built;
   standin::Module& module = built.module;
@@ -57,7 +57,7 @@ TEST(BuiltModule, LeavesTheProcessAndComesBackElsewhere) {
   const ModuleCopy copy;
   EXPECT_THROW((void)module.Reload(copy.path / "gone.so"), standin::LoadError);
   EXPECT_EQ(module.About(), standin::kNotLoaded);
-  const standin::ModuleImage tenant(kModule);  // takes the place where the module was
+  const standin::ModuleImage occupant(kModule);  // takes the place where the module was
   ASSERT_EQ(module.Reload(copy.file), ResultCode::kSuccess);
   EXPECT_EQ(module.Globals(), object);
   EXPECT_EQ(built.host.Suites().Find<MosaicSuite>(), table);
@@ -68,7 +68,7 @@ TEST(BuiltModule, LeavesTheProcessAndComesBackElsewhere) {
   EXPECT_EQ(module.ShutDown(), ResultCode::kSuccess);
 }
 
-TEST(BuiltModule, ShutsDownInCodeThatWasLoadedElsewhereAndNeverToldSo) {
+TEST(BuiltModule, ShutsDownInCodeLoadedAtAnotherAddressWithoutAReload) {
   standin::RecordingUserInterface person;
   standin::Host host(person);
   PluginMessage message{};
@@ -80,7 +80,7 @@ TEST(BuiltModule, ShutsDownInCodeThatWasLoadedElsewhereAndNeverToldSo) {
     ASSERT_EQ(first.Entry()("QP Access", "Unload", &message), ResultCode::kSuccess);
   }
   const ModuleCopy copy;
-  const standin::ModuleImage tenant(kModule);  // takes the place where the module was
+  const standin::ModuleImage occupant(kModule);  // takes the place where the module was
   const standin::ModuleImage second(copy.file);
   EXPECT_EQ(second.Entry()("QP Interface", "Shutdown", &message), ResultCode::kSuccess);
   EXPECT_EQ(message.globals, nullptr);
@@ -88,7 +88,7 @@ TEST(BuiltModule, ShutsDownInCodeThatWasLoadedElsewhereAndNeverToldSo) {
   EXPECT_EQ(host.Leftovers(), std::vector<std::string>{});
 }
 
-TEST(BuiltModule, GoesOnAfterASecondStartUpThatFails) {
+TEST(BuiltModule, KeepsRunningWhenASecondStartUpFails) {
   const auto cancel = nrvui::gestures::GestureScript::Parse("key Escape", "cancel");
   for (const char* refused : {"QP Plug-ins Suite/SetPluginName", "VX Notifier Suite/AddNotifier",
                               "QP Suites Suite/AddSuite"}) {
@@ -122,7 +122,7 @@ TEST(BuiltModule, GoesOnAfterASecondStartUpThatFails) {
   }
 }
 
-TEST(ModuleMemory, IsTheHostsInEveryForm) {
+TEST(ModuleMemory, ComesFromTheHostInEveryForm) {
   const standin::ModuleImage plugin(MEMORY_PLUGIN);
   EXPECT_EQ(plugin.Entry()("given", "", nullptr), ResultCode::kSuccess);
   qpbasic::Ledger& ledger = qpbasic::Ledger::Get();

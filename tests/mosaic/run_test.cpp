@@ -14,7 +14,7 @@ using nrvui::controls::UI_UnitNumberEdit;
 
 class RunTest : public MosaicTest {};
 
-TEST_F(RunTest, ADialogThatFailsToGoAwayHasStillWrittenItsResult) {
+TEST_F(RunTest, WritesItsResultEvenIfTheDialogCannotBeDestroyed) {
   class FailingWindow final : public nrvui::ui::NodeObserver {
    public:
     void NodeChanged(nrvui::ui::UI_Node&) override {}
@@ -43,7 +43,7 @@ TEST_F(RunTest, BadCallsAreRefused) {
   EXPECT_EQ(run(&state, &params), ResultCode::kCannot);
 }
 
-TEST_F(RunTest, TheRatioIsTheHostsArithmetic) {
+TEST_F(RunTest, ComputesTheRatioThroughTheHost) {
   const auto useRatio = [](const OpenDialog& open) {
     open.Enter("HorizontalCountTxt", "12");
     open.Enter("NewWidthTxt", "12");

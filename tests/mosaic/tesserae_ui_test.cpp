@@ -6,8 +6,10 @@
 namespace {
 
 /// Lets a test see a plug-in's set of suites.
-struct Insight : Plugin {
-  static SuiteSet* SetOf(void* plugin) { return static_cast<Plugin*>(plugin)->*&Insight::suites; }
+struct SuitesAccess : Plugin {
+  static SuiteSet* SetOf(void* plugin) {
+    return static_cast<Plugin*>(plugin)->*&SuitesAccess::suites;
+  }
 };
 
 class TesseraeUITest : public PluginTest {};
@@ -33,9 +35,9 @@ TEST_F(TesseraeUITest, PublishesItsSuiteWhileItRuns) {
   EXPECT_TRUE(host.Leftovers().empty());
 }
 
-TEST_F(TesseraeUITest, ATableThatCannotBeFreedEndsTheShutDownThere) {
+TEST_F(TesseraeUITest, AShutDownEndsWhenTheTableCannotBeFreed) {
   ASSERT_EQ(module.StartUp(), ResultCode::kSuccess);
-  SuiteSet* const left = Insight::SetOf(module.Globals());
+  SuiteSet* const left = SuitesAccess::SetOf(module.Globals());
   host.Operations().Refuse("QP Blocks Suite/FreeBlock", ResultCode{12});
   EXPECT_EQ(module.ShutDown(), ResultCode{12});
   EXPECT_EQ(module.Globals(), nullptr);

@@ -1,4 +1,4 @@
-#include "tests/module/story.h"
+#include "tests/module/session.h"
 
 #include <gtest/gtest.h>
 
@@ -22,7 +22,7 @@ ResultCode Reload(Module& module) {
 
 }  // namespace
 
-void Story::PlayLife() {
+void Session::RunLifeCycle() {
   Send("start up", &Module::StartUp);
   Send("about", &Module::About);
   Send("go", [](Module& to) { return to.Send("VX Menu", "VX Go"); });
@@ -44,7 +44,7 @@ void Story::PlayLife() {
   Send("shut down", &Module::ShutDown);
 }
 
-void Story::PlayFailures() {
+void Session::RunFailures() {
   const size_t alertsBefore = person.alerts.size();
   host.Suites().SetAbsent(kNeededSuite);
   Send("start up", &Module::StartUp, standin::kSuiteNotFound);
@@ -70,15 +70,15 @@ void Story::PlayFailures() {
   Show({"key Return", ResultCode::kCannot});
   host.Suites().SetAbsent("VX User Interface Main Suite", false);
   Send("shut down", &Module::ShutDown);
-  if (person.alerts.size() != alertsBefore + 4) undisturbed = false;
+  if (person.alerts.size() != alertsBefore + 4) asExpected = false;
 }
 
-void Story::ForgetDisturbances() {
+void Session::Restore() {
   host.Operations().DisturbNothing();
-  undisturbed = true;
+  asExpected = true;
 }
 
-ResultCode Story::Call(const std::function<ResultCode()>& call) try {
+ResultCode Session::Call(const std::function<ResultCode()>& call) try {
   onCall(true);
   const ResultCode code = call();
   onCall(false);
@@ -90,35 +90,35 @@ ResultCode Story::Call(const std::function<ResultCode()>& call) try {
   return ResultCode::kOutOfMemory;
 }
 
-void Story::Send(const char* step, const Message& message, ResultCode expected) {
+void Session::Send(const char* step, const Message& message, ResultCode expected) {
   const size_t alerts = person.alerts.size();
   const ResultCode code = Call([&] { return message(module); });
   if (code == expected) return;
-  undisturbed = false;
+  asExpected = false;
   if (!module.IsLoaded()) return;
   EXPECT_TRUE(std::ranges::find(allowed, code) != allowed.end())
       << step << " answers " << static_cast<int32_t>(code);
   EXPECT_EQ(person.alerts.size(), alerts + Failed(code)) << step;
 }
 
-void Story::Show(const Scene& scene) {
+void Session::Show(const DialogRun& run) {
   if (!module.IsLoaded() || !module.Globals() || !host.Suites().Find<MosaicSuite>()) {
-    undisturbed = false;
+    asExpected = false;
     return;
   }
   MosaicParameters record = SampleRecord();
   record.reserved11 = 0x5A;
   record.reserved28 = 0x5A;
-  record.sizeUnavailable = scene.sizeUnavailable;
+  record.sizeUnavailable = run.sizeUnavailable;
   MosaicDialogState state{};
   const MosaicParameters givenRecord = record;
   const MosaicDialogState givenState = state;
 
-  ScriptedPresenter presenter(GestureScript::Parse(scene.gestures, "story"));
+  ScriptedPresenter presenter(GestureScript::Parse(run.gestures, "session"));
   const nrvui::ui::InstalledPresenter installed(presenter);
   const ResultCode code = Call([&] { return RunDialog(record, state); });
-  if (code != scene.expected) {
-    undisturbed = false;
+  if (code != run.expected) {
+    asExpected = false;
     // A dialog whose gestures could not be played is cancelled.
     EXPECT_EQ(code, presenter.Error() ? ResultCode::kCancelled : ResultCode::kCannot);
   }
@@ -126,7 +126,7 @@ void Story::Show(const Scene& scene) {
     EXPECT_EQ(record.tilesAcross, record.tilesAcrossCopy);
     EXPECT_EQ(record.reserved28, 0);
     EXPECT_EQ(record.reserved11, 0x5A);
-    EXPECT_EQ(state.noOriginalSize, scene.sizeUnavailable);
+    EXPECT_EQ(state.noOriginalSize, run.sizeUnavailable);
   } else {
     EXPECT_EQ(std::memcmp(&record, &givenRecord, sizeof(record)), 0);
     EXPECT_EQ(std::memcmp(&state, &givenState, sizeof(state)), 0);

@@ -5,25 +5,27 @@
 
 #include "tests/support/hosted_module.h"
 
-/// The built module under a host of its own. Whatever is disturbed on the way, a story goes on as
+/// The built module under a host of its own. Whatever is disturbed on the way, a session goes on as
 /// a host would, and checks what must hold after each step: an answer that a caller may see, its
-/// failure shown to the user, the caller's data untouched without success. It can be played again.
-class Story : public HostedModule {
+/// failure shown to the user, the caller's data untouched without success. Its sequences can be run
+/// again.
+class Session : public HostedModule {
  public:
-  Story() : HostedModule(MODULE_FILE) {}
+  Session() : HostedModule(MODULE_FILE) {}
 
-  using Plot = void (Story::*)();
+  using Sequence = void (Session::*)();
 
   /// From start-up to shut-down: messages, an unload and a reload, and the dialog confirmed,
   /// cancelled and closed, by lengths and by percentages, with and without a source size.
-  void PlayLife();
+  void RunLifeCycle();
   /// A host that lacks a suite at start-up, at reload and for a dialog, so that the module reports
   /// by each of its texts.
-  void PlayFailures();
+  void RunFailures();
 
   /// Whether everything so far went as it does when nothing is disturbed.
-  bool IsUndisturbed() const { return undisturbed; }
-  void ForgetDisturbances();
+  bool WentAsExpected() const { return asExpected; }
+  /// Ends all disturbances; what went wrong before is forgotten.
+  void Restore();
 
   /// What a disturbed message may answer with.
   std::vector<ResultCode> allowed;
@@ -32,7 +34,7 @@ class Story : public HostedModule {
 
  private:
   /// What a caller asks for, and what the person does then.
-  struct Scene {
+  struct DialogRun {
     const char* gestures;
     ResultCode expected;
     bool sizeUnavailable = false;
@@ -40,8 +42,8 @@ class Story : public HostedModule {
 
   using Message = std::function<ResultCode(standin::Module&)>;
   void Send(const char* step, const Message& message, ResultCode expected = ResultCode::kSuccess);
-  void Show(const Scene& scene);
+  void Show(const DialogRun& run);
   ResultCode Call(const std::function<ResultCode()>& call);
 
-  bool undisturbed = true;
+  bool asExpected = true;
 };
