@@ -7,7 +7,7 @@
 #include <string>
 #include <string_view>
 
-#include "platform/standin/resource_root.h"
+#include "platform/standin/resources.h"
 
 namespace bench {
 

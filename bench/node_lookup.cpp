@@ -10,7 +10,7 @@
 #include <vector>
 
 #include "bench/figures.h"
-#include "platform/nrvui/ui_panel.h"
+#include "platform/nrvui/ui_views.h"
 
 namespace {
 

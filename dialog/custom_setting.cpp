@@ -3,7 +3,7 @@
 #include <boost/any.hpp>
 #include <string>
 
-#include "platform/nrvui/custom_settings_manager.h"
+#include "platform/nrvui/ui_node_manager.h"
 
 bool GetCustomSetting(const nrvui::ui::CustomSettingsManager& manager, const char* key,
                       bool defaultValue) {

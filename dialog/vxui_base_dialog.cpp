@@ -7,13 +7,11 @@
 #include "dialog/custom_setting.h"
 #include "host/suites.h"
 #include "platform/nrvcore/unicode.h"
-#include "platform/nrvui/os_view.h"
-#include "platform/nrvui/ui_button.h"
+#include "platform/nrvui/ui_controls.h"
 #include "platform/nrvui/ui_node_manager.h"
-#include "platform/nrvui/ui_sub_view.h"
-#include "platform/vxui/drawing_supplier_source.h"
+#include "platform/nrvui/ui_views.h"
+#include "platform/vxui/host_interfaces.h"
 #include "platform/vxui/modal_context.h"
-#include "platform/vxui/sheet_factory.h"
 
 using boost::placeholders::_1;
 using nrvui::controls::UI_Button;

@@ -9,12 +9,11 @@
 #include "dialog/vxui_cairn_sheet_interface.h"
 #include "platform/nrvcore/geometry.h"
 #include "platform/nrvcore/string.h"
-#include "platform/nrvui/os_drop_target.h"
+#include "platform/nrvui/os_dialog.h"
 #include "platform/nrvui/ui_dialog.h"
 #include "platform/suites/plugin_message.h"
-#include "platform/vxui/sheet_holder.h"
-#include "platform/vxui/ui_floating_dialog.h"
-#include "platform/vxui/ui_popup_modal_dialog.h"
+#include "platform/vxui/dialogs.h"
+#include "platform/vxui/host_interfaces.h"
 
 namespace vx {
 class UnicodeString;

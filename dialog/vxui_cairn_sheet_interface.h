@@ -2,7 +2,7 @@
 
 #include <boost/smart_ptr/shared_ptr.hpp>
 
-#include "platform/vxui/vxui_cairn_sheet.h"
+#include "platform/vxui/host_interfaces.h"
 
 /// Keeps a dialog's property sheet alive for as long as the dialog, even when the holder of its
 /// layout has let go of it.

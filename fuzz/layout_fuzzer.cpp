@@ -3,7 +3,7 @@
 
 #include "fuzz/require.h"
 #include "platform/standin/layout_reader.h"
-#include "platform/standin/resource_error.h"
+#include "platform/standin/resources.h"
 
 /// A layout file: refused with a reason, or nodes of the size that it gives. None remains.
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {

@@ -9,15 +9,9 @@
 #include "host/suites.h"
 #include "mosaic/short_arithmetic.h"
 #include "platform/nrvcore/localizer.h"
-#include "platform/nrvui/message_function_adapter.h"
-#include "platform/nrvui/ui_checkbox.h"
-#include "platform/nrvui/ui_control_view.h"
+#include "platform/nrvui/ui_controls.h"
+#include "platform/nrvui/ui_edits.h"
 #include "platform/nrvui/ui_message.h"
-#include "platform/nrvui/ui_radio_button.h"
-#include "platform/nrvui/ui_static_text.h"
-#include "platform/nrvui/ui_text_button.h"
-#include "platform/nrvui/ui_text_edit.h"
-#include "platform/nrvui/ui_unit_number_edit.h"
 
 using nrvcore::UTF16String;
 using nrvcore::config::Localizer;

@@ -9,7 +9,7 @@
 
 #include "platform/nrvcore/localizer.h"
 #include "platform/qt/theme.h"
-#include "platform/standin/resource_root.h"
+#include "platform/standin/resources.h"
 #include "studio/base/interruption.h"
 #include "studio/base/studio_error.h"
 #include "studio/console/command_line.h"

@@ -2,7 +2,7 @@
 
 #include <exception>
 
-#include "platform/nrvcore/replacement_value.h"
+#include "platform/nrvcore/localizer.h"
 #include "platform/nrvcore/string.h"
 
 namespace nrvcore::config {

@@ -69,6 +69,16 @@ UTF16String WithReplacements(std::u16string_view text,
 
 }  // namespace
 
+ReplacementValue::ReplacementValue() noexcept = default;
+ReplacementValue::ReplacementValue(UTF16String replacement) : text(std::move(replacement)) {}
+ReplacementValue::ReplacementValue(const ReplacementValue& other) = default;
+ReplacementValue::~ReplacementValue() = default;
+ReplacementValue& ReplacementValue::operator=(const ReplacementValue& other) = default;
+
+const UTF16String& ReplacementValue::Text() const noexcept {
+  return text;
+}
+
 Localizer& Localizer::Get() {
   static Localizer localizer;
   return localizer;

@@ -4,11 +4,10 @@
 #include <cmath>
 
 #include "platform/nrvcore/localizer.h"
-#include "platform/nrvui/node_walk.h"
 #include "platform/nrvui/number_text.h"
-#include "platform/nrvui/ui_checkbox.h"
-#include "platform/nrvui/ui_radio_button.h"
-#include "platform/nrvui/ui_text_edit.h"
+#include "platform/nrvui/ui_controls.h"
+#include "platform/nrvui/ui_edits.h"
+#include "platform/nrvui/ui_node.h"
 
 namespace nrvui::gestures {
 

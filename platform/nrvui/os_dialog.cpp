@@ -4,6 +4,15 @@
 
 #include "platform/nrvcore/error.h"
 
+namespace nrvui {
+
+drawbot::SupplierInterface::~SupplierInterface() = default;
+
+datatransfer::OS_DropTarget::OS_DropTarget() = default;
+datatransfer::OS_DropTarget::~OS_DropTarget() = default;
+
+}  // namespace nrvui
+
 namespace nrvui::ui {
 
 using nrvcore::geom::Bounded;
@@ -47,7 +56,8 @@ void OS_Dialog::RunModal() {
                                 {}, {}, {});
   }
   if (isOpen) throw std::logic_error("the dialog is open already");
-  // A handler may let go of everybody else's reference; one that nobody counts is its owner's.
+  // A handler may release all other references. A count of 0 means that the storage is not the
+  // heap's, and a reference must not be taken and dropped.
   const boost::intrusive_ptr<OS_Dialog> kept = UI_GetReferenceCount() > 0 ? this : nullptr;
   const WhileOpen whileOpen(isOpen);
   Run(*presenter);

@@ -1,13 +1,48 @@
 #pragma once
 
+#include <cstdint>
+
+#include "platform/nrvcore/export.h"
 #include "platform/nrvui/dialog_presenter.h"
-#include "platform/nrvui/dialog_style.h"
-#include "platform/nrvui/supplier_interface.h"
 #include "platform/nrvui/ui_node.h"
 
 class NSWindow;
 
+namespace nrvui::drawbot {
+
+/// With which dialogs draw. The toolkit only hands it on.
+class NRV_EXPORT SupplierInterface {
+ public:
+  virtual ~SupplierInterface();
+};
+
+}  // namespace nrvui::drawbot
+
+namespace nrvui::datatransfer {
+
+/// Where something dragged could be dropped. It accepts nothing unless it is handed to a view.
+class NRV_EXPORT OS_DropTarget {
+ public:
+  OS_DropTarget();
+  OS_DropTarget(const OS_DropTarget&) = delete;
+  OS_DropTarget& operator=(const OS_DropTarget&) = delete;
+  virtual ~OS_DropTarget();
+};
+
+}  // namespace nrvui::datatransfer
+
 namespace nrvui::ui {
+
+/// How a dialog's window looks, as given at construction. For presenters with real windows.
+struct DialogStyle {
+  bool staysOnTop = false;
+  bool keepsCentre = false;  // grows and shrinks around its middle
+  bool isToolWindow = false;
+  bool hasTitleBar = true;
+  bool hasCloseBox = true;
+  std::uint32_t value = 0;  // the host's own; nobody here interprets it
+  std::uint32_t flags = 1;  // likewise
+};
 
 /// Where a dialog opens.
 enum class DialogPlacement {

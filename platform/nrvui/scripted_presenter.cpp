@@ -1,12 +1,67 @@
 #include "platform/nrvui/scripted_presenter.h"
 
+#include <deque>
 #include <utility>
 
 #include "platform/nrvcore/unicode.h"
 #include "platform/nrvui/gesture.h"
-#include "platform/nrvui/script_run.h"
 
 namespace nrvui::gestures {
+
+using ui::UI_Node;
+
+namespace {
+
+/// The first match in breadth-first order, the one that the dialog itself would find.
+UI_Node* FindControl(const ui::UI_Dialog& dialog, std::string_view id) {
+  std::deque<UI_Node*> queue = {dialog.GetRootView().get()};
+  for (; !queue.empty(); queue.pop_front()) {
+    if (queue.front()->UI_GetNodeID().View() == id) return queue.front();
+    for (const auto& child : ui::Children(*queue.front())) queue.push_back(child.get());
+  }
+  return nullptr;
+}
+
+std::string Sentence(const Outcome& outcome) {
+  return std::string(nrvcore::utility::UTF16ToUTF8(Describe(outcome).View()).View());
+}
+
+}  // namespace
+
+ScriptRun::ScriptRun(const GestureScript& gestureScript, ui::UI_Dialog& playedDialog,
+                     const std::function<void(const std::string&)>& report)
+    : script(gestureScript), dialog(playedDialog), reportFunction(report) {}
+
+std::optional<ScriptError> ScriptRun::Play(const std::function<Outcome(const Step&)>& play) const {
+  for (const Step& step : script.Steps()) {
+    try {
+      Note(step, play(step));
+    } catch (const ScriptError& unplayable) {
+      dialog.SetResponse(ui::kCancelResponse);
+      return unplayable;
+    }
+  }
+  if (dialog.GetResponse() != ui::kNoResponse) return {};
+  Report(script.Name() + ": the script ended with the dialog open; it was cancelled");
+  dialog.DefaultCloseCancel();
+  return {};
+}
+
+UI_Node& ScriptRun::Control(const Step& step) const {
+  UI_Node* const node = FindControl(dialog, step.target);
+  if (node != nullptr) return *node;
+  throw ScriptError(script.Name(), step.line, "the dialog has no control \"" + step.target + "\"");
+}
+
+void ScriptRun::Note(const Step& step, const Outcome& outcome) const {
+  if (outcome.IsRefused()) throw ScriptError(script.Name(), step.line, Sentence(outcome));
+  if (!outcome.IsPulled()) return;
+  Report(script.Name() + ":" + std::to_string(step.line) + ": " + Sentence(outcome));
+}
+
+void ScriptRun::Report(const std::string& message) const {
+  if (reportFunction) reportFunction(message);
+}
 
 namespace {
 

@@ -2,11 +2,39 @@
 
 #include <functional>
 #include <optional>
+#include <string>
 
 #include "platform/nrvui/dialog_presenter.h"
 #include "platform/nrvui/gesture_script.h"
+#include "platform/nrvui/outcome.h"
+#include "platform/nrvui/ui_dialog.h"
 
 namespace nrvui::gestures {
+
+/// One playing of a script on a dialog, the same for all who play: which control a line means,
+/// what stops the run and what is reported.
+class NRV_EXPORT ScriptRun {
+ public:
+  /// All must outlive the run. `report` may be empty.
+  ScriptRun(const GestureScript& gestureScript, ui::UI_Dialog& playedDialog,
+            const std::function<void(const std::string&)>& report);
+
+  /// Plays the whole script, each step by `play`. Reports values that were pulled; cancels a dialog
+  /// that is left open. A ScriptError of `play`, or a gesture that was refused, stops the run,
+  /// cancels the dialog and is the answer.
+  std::optional<ScriptError> Play(const std::function<Outcome(const Step&)>& play) const;
+
+  /// Throws ScriptError when the dialog has no such control.
+  ui::UI_Node& Control(const Step& step) const;
+
+ private:
+  void Note(const Step& step, const Outcome& outcome) const;
+  void Report(const std::string& message) const;
+
+  const GestureScript& script;
+  ui::UI_Dialog& dialog;
+  const std::function<void(const std::string&)>& reportFunction;
+};
 
 /// Plays a gesture script, from its start, on every dialog that it is given. A line that cannot be
 /// played stops the run and cancels the dialog; a script that ends while the dialog is open

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "platform/nrvui/os_dialog.h"
-#include "platform/nrvui/os_view.h"
-#include "platform/nrvui/ui_button.h"
+#include "platform/nrvui/ui_controls.h"
+#include "platform/nrvui/ui_views.h"
 
 namespace nrvui::ui {
 

@@ -2,16 +2,53 @@
 
 #include <atomic>
 #include <boost/function.hpp>
+#include <boost/smart_ptr/intrusive_ptr.hpp>
 #include <boost/smart_ptr/shared_ptr.hpp>
 #include <cstdint>
+#include <span>
 #include <vector>
 
 #include "platform/nrvcore/geometry.h"
 #include "platform/nrvcore/string.h"
-#include "platform/nrvui/node_observer.h"
-#include "platform/nrvui/ui_container.h"
 
 namespace nrvui::ui {
+
+class UI_Node;
+
+/// Follows every change of a node, whoever makes it: value, bounds, unit, caption, enabled and
+/// shown state, rectangle, place, children, a dialog's response. A presenter with real windows
+/// mirrors nodes this way.
+class NodeObserver {
+ public:
+  virtual void NodeChanged(UI_Node& node) = 0;
+  /// Called by the node's destructor; only the address may be used. It may throw only for a node
+  /// whose last release is a call of intrusive_ptr_release: children are released by smart
+  /// pointers, whose destructors must not throw.
+  virtual void NodeDestroyed(UI_Node&) {}
+
+ protected:
+  ~NodeObserver() = default;
+};
+
+/// An ordered, contiguous sequence of child nodes, each held by a reference. Leaves have none.
+class UI_Container {
+ public:
+  /// Both are valid until the children change.
+  virtual const boost::intrusive_ptr<UI_Node>* ChildBegin() const = 0;
+  virtual const boost::intrusive_ptr<UI_Node>* ChildEnd() const = 0;
+  /// Appends a child, taking it out of its former parent. Throws std::invalid_argument for null
+  /// and for a node that is this one or above it.
+  virtual void ChildPushBack(const boost::intrusive_ptr<UI_Node>& child) = 0;
+  /// Exchanges the children at two positions; throws std::out_of_range when one doesn't exist.
+  virtual void ChildSwapOrder(unsigned long first, unsigned long second) = 0;
+
+ protected:
+  ~UI_Container() = default;
+};
+
+inline std::span<const boost::intrusive_ptr<UI_Node>> Children(const UI_Container& container) {
+  return {container.ChildBegin(), container.ChildEnd()};
+}
 
 /// Everything that a dialog is made of. Nodes are shared through boost::intrusive_ptr; a node holds
 /// its children and knows its parent by a plain pointer, which is null once the parent is gone.
@@ -61,9 +98,9 @@ class NRV_EXPORT UI_Node : public UI_Container {
   /// At most one; it is not owned and must be taken away (null) before it goes.
   void UI_SetObserver(NodeObserver* nodeObserver);
 
-  /// A modal run sees from it whether anybody else still holds the dialog.
+  /// A modal run sees from it whether others still hold the dialog.
   std::int32_t UI_GetReferenceCount() const;
-  /// For a node whose storage belongs to somebody else: no release destroys it then.
+  /// For a node whose storage is not the heap's: no release destroys it then.
   void UI_KeepOnLastRelease(bool keep);
 
  protected:
@@ -77,14 +114,15 @@ class NRV_EXPORT UI_Node : public UI_Container {
   bool IsAtOrAbove(const UI_Node& other) const;
   void DestroyUnlessGuarded() const;
 
+  // First what a lookup reads, so that it touches fewer cache lines.
   mutable std::atomic<std::int32_t> referenceCount{0};
   mutable std::uint8_t beingDestroyed = 0;
   std::uint8_t keptOnLastRelease = 0;
   bool shown = true;
+  std::vector<boost::intrusive_ptr<UI_Node>> children;
   nrvcore::String nodeID;
   UI_Node* parent = nullptr;
   NodeObserver* observer = nullptr;
-  std::vector<boost::intrusive_ptr<UI_Node>> children;
   nrvcore::geom::PointT<float> size;
   boost::shared_ptr<boost::function<void()>> sizeChanged;
 };
@@ -98,6 +136,15 @@ inline void intrusive_ptr_add_ref(const UI_Node* node) noexcept {
 inline void intrusive_ptr_release(const UI_Node* node) {
   if (node->referenceCount.fetch_sub(1, std::memory_order_acq_rel) == 1)
     node->DestroyUnlessGuarded();
+}
+
+/// Calls `visit` with every node of a class below `top`, parents before their children.
+template <class Node, class Visit>
+void ForEachBelow(const UI_Container& top, const Visit& visit) {
+  for (const auto& child : Children(top)) {
+    if (auto* node = dynamic_cast<Node*>(child.get())) visit(*node);
+    ForEachBelow<Node>(*child, visit);
+  }
 }
 
 }  // namespace nrvui::ui

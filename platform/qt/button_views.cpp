@@ -2,7 +2,7 @@
 
 #include <QStyleOptionButton>
 
-#include "platform/qt/text.h"
+#include "platform/qt/qt_text.h"
 
 namespace qtui {
 

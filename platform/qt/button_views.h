@@ -5,9 +5,7 @@
 #include <QPushButton>
 #include <QRadioButton>
 
-#include "platform/nrvui/ui_button.h"
-#include "platform/nrvui/ui_checkbox.h"
-#include "platform/nrvui/ui_radio_button.h"
+#include "platform/nrvui/ui_controls.h"
 #include "platform/qt/dialog_run.h"
 #include "platform/qt/node_view.h"
 

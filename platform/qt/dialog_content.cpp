@@ -5,9 +5,9 @@
 #include <algorithm>
 
 #include "platform/qt/button_views.h"
+#include "platform/qt/field_view.h"
 #include "platform/qt/label_view.h"
-#include "platform/qt/number_field_view.h"
-#include "platform/qt/text.h"
+#include "platform/qt/qt_text.h"
 
 namespace qtui {
 

@@ -6,7 +6,7 @@
 #include <unordered_map>
 #include <vector>
 
-#include "platform/nrvui/node_observer.h"
+#include "platform/nrvui/ui_node.h"
 #include "platform/qt/dialog_run.h"
 #include "platform/qt/message_line.h"
 #include "platform/qt/panel_view.h"

@@ -10,9 +10,9 @@
 #include <QTimer>
 #include <cmath>
 
-#include "platform/nrvui/node_walk.h"
-#include "platform/nrvui/ui_layout.h"
-#include "platform/qt/text.h"
+#include "platform/nrvui/ui_node.h"
+#include "platform/nrvui/ui_views.h"
+#include "platform/qt/qt_text.h"
 
 namespace qtui {
 

@@ -7,7 +7,7 @@
 #include <functional>
 #include <memory>
 
-#include "platform/nrvui/node_observer.h"
+#include "platform/nrvui/ui_node.h"
 #include "platform/qt/dialog_content.h"
 #include "platform/qt/dialog_run.h"
 

@@ -1,10 +1,10 @@
 #pragma once
 
-#include "platform/nrvui/ui_text_edit.h"
+#include "platform/nrvui/ui_edits.h"
 #include "platform/qt/dialog_run.h"
-#include "platform/qt/field_listener.h"
 #include "platform/qt/message_line.h"
 #include "platform/qt/node_view.h"
+#include "platform/qt/number_field.h"
 #include "platform/qt/text_field.h"
 
 namespace qtui {
@@ -61,6 +61,27 @@ class TextFieldView final : public FieldView {
 
  private:
   TextField& widget;
+};
+
+/// A number with its unit and bounds.
+class NumberFieldView final : public FieldView {
+ public:
+  NumberFieldView(DialogRun& modalRun, MessageLine& messageLine,
+                  nrvui::controls::UI_NumberEdit& shown, NumberField& newWidget);
+  ~NumberFieldView() override;
+
+  QWidget* Widget() const override { return &widget; }
+  void Follow() override;
+  /// By so many of the field's unit, as far as the bounds allow.
+  void StepAsked(int count) override;
+
+ protected:
+  QString Range() const override;
+  const char* HintKey() const override;
+
+ private:
+  nrvui::controls::UI_NumberEdit& number;
+  NumberField& widget;
 };
 
 }  // namespace qtui

@@ -1,6 +1,6 @@
 #include "platform/qt/label_view.h"
 
-#include "platform/qt/text.h"
+#include "platform/qt/qt_text.h"
 
 namespace qtui {
 

@@ -2,7 +2,7 @@
 
 #include <QLabel>
 
-#include "platform/nrvui/ui_static_text.h"
+#include "platform/nrvui/ui_controls.h"
 #include "platform/qt/node_view.h"
 
 namespace qtui {

@@ -1,6 +1,6 @@
 #include "platform/qt/node_view.h"
 
-#include "platform/qt/text.h"
+#include "platform/qt/qt_text.h"
 
 namespace qtui {
 

@@ -2,7 +2,7 @@
 
 #include <QWidget>
 
-#include "platform/nrvui/ui_control_view.h"
+#include "platform/nrvui/ui_controls.h"
 
 namespace qtui {
 

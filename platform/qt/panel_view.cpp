@@ -8,8 +8,8 @@
 
 #include "platform/qt/field_view.h"
 #include "platform/qt/label_view.h"
+#include "platform/qt/qt_text.h"
 #include "platform/qt/section.h"
-#include "platform/qt/text.h"
 
 namespace qtui {
 

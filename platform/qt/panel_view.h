@@ -2,7 +2,7 @@
 
 #include <vector>
 
-#include "platform/nrvui/ui_panel.h"
+#include "platform/nrvui/ui_views.h"
 #include "platform/qt/node_view.h"
 
 namespace qtui {

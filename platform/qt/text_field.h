@@ -2,9 +2,20 @@
 
 #include <QLineEdit>
 
-#include "platform/qt/field_listener.h"
-
 namespace qtui {
+
+/// What the widget of a field tells of the person in it.
+class FieldListener {
+ public:
+  virtual void FieldFocused() = 0;
+  /// The person has gone on to another control.
+  virtual void FieldLeft() = 0;
+  /// Up or down by so many steps.
+  virtual void StepAsked(int) {}
+
+ protected:
+  ~FieldListener() = default;
+};
 
 /// A line of text that tells of the person in it.
 class TextField final : public QLineEdit {

@@ -9,8 +9,8 @@
 #include <QWindow>
 
 #include "platform/nrvcore/unicode.h"
-#include "platform/nrvui/ui_text_edit.h"
-#include "platform/qt/text.h"
+#include "platform/nrvui/ui_edits.h"
+#include "platform/qt/qt_text.h"
 
 namespace qtui {
 

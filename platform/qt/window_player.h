@@ -4,7 +4,7 @@
 #include <optional>
 #include <string>
 
-#include "platform/nrvui/script_run.h"
+#include "platform/nrvui/scripted_presenter.h"
 #include "platform/qt/dialog_window.h"
 
 namespace qtui {

@@ -10,7 +10,7 @@
 
 #include "platform/standin/host_objects.h"
 #include "platform/standin/operation_book.h"
-#include "platform/standin/resource_root.h"
+#include "platform/standin/resources.h"
 #include "platform/standin/string_lists.h"
 #include "platform/standin/suite_book.h"
 #include "platform/standin/user_interface.h"

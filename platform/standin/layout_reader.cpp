@@ -12,8 +12,8 @@
 #include <vector>
 
 #include "platform/standin/layout_elements.h"
-#include "platform/standin/live_node.h"
-#include "platform/standin/resource_error.h"
+#include "platform/standin/live_token.h"
+#include "platform/standin/resources.h"
 
 namespace standin {
 namespace {

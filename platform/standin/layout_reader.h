@@ -4,7 +4,7 @@
 #include <filesystem>
 #include <string>
 
-#include "platform/nrvui/ui_layout.h"
+#include "platform/nrvui/ui_views.h"
 #include "platform/standin/live_token.h"
 
 namespace standin {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <boost/smart_ptr/intrusive_ptr.hpp>
 #include <memory>
 
 namespace standin {
@@ -15,5 +16,19 @@ inline LiveToken MakeLiveToken() {
 inline long CountLive(const LiveToken& token) {
   return token.use_count() - 1;
 }
+
+/// A node that counts as alive until it is destroyed.
+template <class Node>
+class LiveNode final : public Node {
+ public:
+  static boost::intrusive_ptr<Node> Make(const LiveToken& token) {
+    return boost::intrusive_ptr<Node>(new LiveNode(token));
+  }
+
+ private:
+  explicit LiveNode(const LiveToken& nodeToken) : token(nodeToken) {}
+
+  LiveToken token;
+};
 
 }  // namespace standin

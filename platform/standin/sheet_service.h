@@ -5,10 +5,9 @@
 #include <string>
 #include <vector>
 
-#include "platform/nrvui/supplier_interface.h"
+#include "platform/nrvui/os_dialog.h"
 #include "platform/standin/live_token.h"
-#include "platform/vxui/drawing_supplier_source.h"
-#include "platform/vxui/sheet_factory.h"
+#include "platform/vxui/host_interfaces.h"
 
 namespace standin {
 

@@ -6,7 +6,7 @@
 #include "platform/qpbasic/ledger.h"
 #include "platform/standin/host.h"
 #include "platform/standin/host_codes.h"
-#include "platform/standin/resource_error.h"
+#include "platform/standin/resources.h"
 #include "platform/standin/sheet_service.h"
 
 namespace standin {

@@ -1,5 +1,4 @@
-#include "platform/vxui/ui_floating_dialog.h"
-#include "platform/vxui/ui_popup_modal_dialog.h"
+#include "platform/vxui/dialogs.h"
 
 namespace vx::ui {
 

@@ -1,6 +1,4 @@
-#include "platform/vxui/drawing_supplier_source.h"
-#include "platform/vxui/sheet_factory.h"
-#include "platform/vxui/vxui_cairn_sheet.h"
+#include "platform/vxui/host_interfaces.h"
 
 VXUICairnSheet::~VXUICairnSheet() = default;
 

@@ -4,7 +4,7 @@
 #include "platform/nrvcore/unicode.h"
 #include "platform/nrvui/scripted_presenter.h"
 #include "platform/standin/layout_reader.h"
-#include "platform/standin/resource_error.h"
+#include "platform/standin/resources.h"
 #include "platform/standin/sheet_service.h"
 #include "tests/support/built_module.h"
 #include "tests/support/campaign.h"

@@ -2,10 +2,9 @@
 
 #include "platform/nrvcore/unicode.h"
 #include "platform/nrvui/gesture.h"
-#include "platform/nrvui/node_walk.h"
-#include "platform/nrvui/ui_checkbox.h"
-#include "platform/nrvui/ui_radio_button.h"
-#include "platform/nrvui/ui_unit_number_edit.h"
+#include "platform/nrvui/ui_controls.h"
+#include "platform/nrvui/ui_edits.h"
+#include "platform/nrvui/ui_node.h"
 #include "tests/campaign/mosaic_model.h"
 #include "tests/support/built_module.h"
 #include "tests/support/campaign.h"

@@ -7,13 +7,12 @@
 #include "dialog/vxui_base_dialog.h"
 #include "host/suites.h"
 #include "host/unicode_string.h"
-#include "platform/nrvui/node_walk.h"
-#include "platform/nrvui/ui_control_view.h"
+#include "platform/nrvui/ui_controls.h"
+#include "platform/nrvui/ui_node.h"
 #include "platform/nrvui/ui_node_manager.h"
 #include "platform/standin/layout_reader.h"
-#include "platform/vxui/drawing_supplier_source.h"
+#include "platform/vxui/host_interfaces.h"
 #include "platform/vxui/modal_context.h"
-#include "platform/vxui/sheet_factory.h"
 #include "tests/support/function_presenter.h"
 
 namespace {

@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "platform/nrvui/ui_panel.h"
+#include "platform/nrvui/ui_views.h"
 
 namespace {
 

@@ -3,7 +3,7 @@
 #include <sstream>
 #include <stdexcept>
 
-#include "platform/nrvui/ui_unit_number_edit.h"
+#include "platform/nrvui/ui_edits.h"
 #include "tests/support/function_presenter.h"
 #include "tests/support/mosaic_test.h"
 #include "tests/support/temporary_folder.h"

@@ -5,7 +5,6 @@
 #include <string>
 
 #include "platform/nrvcore/error.h"
-#include "platform/nrvui/message_function_adapter.h"
 #include "platform/nrvui/ui_message.h"
 #include "platform/nrvui/ui_node.h"
 

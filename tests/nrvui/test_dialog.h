@@ -4,12 +4,9 @@
 #include <map>
 #include <string>
 
-#include "platform/nrvui/ui_checkbox.h"
+#include "platform/nrvui/ui_controls.h"
 #include "platform/nrvui/ui_dialog.h"
-#include "platform/nrvui/ui_radio_button.h"
-#include "platform/nrvui/ui_static_text.h"
-#include "platform/nrvui/ui_text_button.h"
-#include "platform/nrvui/ui_unit_number_edit.h"
+#include "platform/nrvui/ui_edits.h"
 
 /// An empty dialog of 100 by 100 points.
 class PlainDialog : public nrvui::ui::UI_Dialog {

@@ -1,4 +1,4 @@
-#include "platform/nrvui/ui_text_edit.h"
+#include "platform/nrvui/ui_edits.h"
 #include "platform/qt/number_field.h"
 #include "tests/nrvui/test_dialog.h"
 #include "tests/qt/window_test.h"

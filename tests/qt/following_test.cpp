@@ -1,8 +1,7 @@
 #include <QScrollArea>
 #include <QScrollBar>
 
-#include "platform/nrvui/ui_layout.h"
-#include "platform/nrvui/ui_panel.h"
+#include "platform/nrvui/ui_views.h"
 #include "tests/nrvui/test_dialog.h"
 #include "tests/qt/window_test.h"
 

@@ -6,15 +6,15 @@
 #include <boost/smart_ptr/make_shared.hpp>
 #include <stdexcept>
 
-#include "platform/nrvui/ui_control_view.h"
+#include "platform/nrvui/ui_controls.h"
 #include "platform/qpbasic/ledger.h"
 #include "platform/qpbasic/qpbasic.h"
 #include "platform/standin/held_suite.h"
 #include "platform/standin/host_codes.h"
 #include "platform/standin/module.h"
 #include "platform/standin/sheet_service.h"
+#include "platform/vxui/host_interfaces.h"
 #include "platform/vxui/modal_context.h"
-#include "platform/vxui/sheet_holder.h"
 #include "tests/support/temporary_folder.h"
 
 namespace {

@@ -1,3 +1,5 @@
+#include "platform/standin/resources.h"
+
 #include <gtest/gtest.h>
 
 #include <fstream>
@@ -6,13 +8,10 @@
 #include <tuple>
 
 #include "platform/nrvcore/localizer.h"
-#include "platform/nrvui/ui_panel.h"
-#include "platform/nrvui/ui_radio_button.h"
-#include "platform/nrvui/ui_static_text.h"
-#include "platform/nrvui/ui_unit_number_edit.h"
+#include "platform/nrvui/ui_controls.h"
+#include "platform/nrvui/ui_edits.h"
+#include "platform/nrvui/ui_views.h"
 #include "platform/standin/layout_reader.h"
-#include "platform/standin/resource_error.h"
-#include "platform/standin/resource_root.h"
 #include "platform/standin/string_lists.h"
 
 namespace {

@@ -18,7 +18,7 @@
 
 #include "platform/nrvcore/localizer.h"
 #include "platform/standin/host.h"
-#include "platform/standin/resource_root.h"
+#include "platform/standin/resources.h"
 #include "studio/window/file_dialogs.h"
 #include "studio/window/settings.h"
 #include "tests/studio/studio_folder.h"

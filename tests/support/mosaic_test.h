@@ -10,10 +10,9 @@
 #include "mosaic/checked_cast.h"
 #include "platform/nrvcore/unicode.h"
 #include "platform/nrvui/gesture.h"
-#include "platform/nrvui/ui_checkbox.h"
+#include "platform/nrvui/ui_controls.h"
 #include "platform/nrvui/ui_dialog.h"
-#include "platform/nrvui/ui_static_text.h"
-#include "platform/nrvui/ui_text_edit.h"
+#include "platform/nrvui/ui_edits.h"
 #include "platform/standin/sheet_service.h"
 #include "tests/support/hosted_module.h"
 

@@ -1,10 +1,11 @@
+#include "platform/vxui/dialogs.h"
+
 #include <gtest/gtest.h>
 
 #include <functional>
 #include <stdexcept>
 #include <string>
 
-#include "platform/vxui/ui_popup_modal_dialog.h"
 #include "tests/support/function_presenter.h"
 
 using namespace vx::ui;

@@ -5,10 +5,8 @@
 #include <cstddef>
 #include <vector>
 
-#include "platform/vxui/drawing_supplier_source.h"
-#include "platform/vxui/sheet_factory.h"
-#include "platform/vxui/sheet_holder.h"
-#include "platform/vxui/ui_popup_modal_dialog.h"
+#include "platform/vxui/dialogs.h"
+#include "platform/vxui/host_interfaces.h"
 
 namespace {
 

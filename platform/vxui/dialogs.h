@@ -20,4 +20,11 @@ class NRV_EXPORT UI_PopupModalDialog : public nrvui::ui::UI_Dialog {
   void Run(nrvui::ui::DialogPresenter& presenter) override;
 };
 
+/// A dialog that floats above the host's documents.
+class NRV_EXPORT UI_FloatingDialog : public nrvui::ui::UI_Dialog {
+ public:
+  using UI_Dialog::UI_Dialog;
+  ~UI_FloatingDialog() override;
+};
+
 }  // namespace vx::ui

@@ -1,8 +1,25 @@
-#include "platform/nrvui/ui_panel.h"
+#include "platform/nrvui/ui_views.h"
 
 #include <stdexcept>
 
+#include "platform/nrvui/ui_controls.h"
+#include "platform/nrvui/ui_node.h"
+
 namespace nrvui::ui {
+
+UI_SubView::UI_SubView() = default;
+UI_SubView::~UI_SubView() = default;
+
+void UI_SubView::UI_TurnMnemonicsOnOffForAllChildren(bool on) {
+  ForEachBelow<controls::UI_ControlView>(
+      *this, [on](controls::UI_ControlView& control) { control.ShowMnemonic(on); });
+}
+
+OS_View::OS_View() = default;
+OS_View::~OS_View() = default;
+
+UI_Layout::UI_Layout() = default;
+UI_Layout::~UI_Layout() = default;
 
 UI_Panel::UI_Panel() = default;
 UI_Panel::~UI_Panel() = default;

@@ -1,4 +1,4 @@
-#include "platform/nrvui/ui_number_edit.h"
+#include "platform/nrvui/ui_edits.h"
 
 #include <algorithm>
 #include <cmath>
@@ -7,6 +7,25 @@
 #include "platform/nrvcore/localizer.h"
 
 namespace nrvui::controls {
+
+UI_TextEdit::UI_TextEdit() = default;
+UI_TextEdit::~UI_TextEdit() = default;
+
+nrvcore::UTF16String UI_TextEdit::GetValue() const {
+  return text;
+}
+
+void UI_TextEdit::SetValue(const nrvcore::UTF16String& newText) {
+  text = newText;
+  UI_Changed();
+}
+
+gestures::Outcome UI_TextEdit::AcceptEntry(const nrvcore::UTF16String& entry) {
+  gestures::Outcome outcome;
+  outcome.changed = !(entry == GetValue());
+  if (outcome.changed) SetValue(entry);
+  return outcome;
+}
 
 using gestures::Outcome;
 using gestures::OutcomeKind;
@@ -95,5 +114,27 @@ Outcome UI_NumberEdit::AcceptEntry(const nrvcore::UTF16String& entry) {
 nrvcore::UTF16String UI_NumberEdit::Format(double value) const {
   return FormatNumber(value, GetUnit(), nrvcore::config::Localizer::Get().GetDecimalSign());
 }
+
+template <class Base>
+UI_UnitNumberBaseT<Base>::UI_UnitNumberBaseT() = default;
+
+template <class Base>
+UI_UnitNumberBaseT<Base>::~UI_UnitNumberBaseT() = default;
+
+template <class Base>
+void UI_UnitNumberBaseT<Base>::SetCustomUnit(CustomNumberEditUnit customUnit) {
+  unit = customUnit == kPercentUnit ? NumberUnit::kPercent : NumberUnit::kLength;
+  this->UI_Changed();
+}
+
+template <class Base>
+NumberUnit UI_UnitNumberBaseT<Base>::GetUnit() const {
+  return unit;
+}
+
+template class UI_UnitNumberBaseT<UI_NumberEdit>;
+
+UI_UnitNumberEdit::UI_UnitNumberEdit() = default;
+UI_UnitNumberEdit::~UI_UnitNumberEdit() = default;
 
 }  // namespace nrvui::controls

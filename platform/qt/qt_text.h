@@ -6,6 +6,7 @@
 
 /// Texts on their way between the toolkit and Qt. In captions of both, '&' stands before the
 /// mnemonic and "&&" for itself.
+
 namespace qtui {
 
 QString ToQString(const nrvcore::UTF16String& text);

@@ -3,9 +3,27 @@
 #include <limits>
 
 #include "platform/nrvui/number_text.h"
-#include "platform/nrvui/ui_text_edit.h"
+#include "platform/nrvui/outcome.h"
+#include "platform/nrvui/ui_controls.h"
 
 namespace nrvui::controls {
+
+/// A field in which a person edits a text.
+class NRV_EXPORT UI_TextEdit : public UI_ControlView {
+ public:
+  UI_TextEdit();
+  ~UI_TextEdit() override;
+
+  /// The text that the field displays.
+  virtual nrvcore::UTF16String GetValue() const;
+  virtual void SetValue(const nrvcore::UTF16String& newText);
+
+  /// Takes what a person entered, as far as it is fit for the field. Notifies nobody.
+  virtual gestures::Outcome AcceptEntry(const nrvcore::UTF16String& entry);
+
+ private:
+  nrvcore::UTF16String text;
+};
 
 /// A text field that shows a number; its text is always the formatted value. Code sets any value,
 /// whatever the bounds; what a person enters is pulled to the nearest bound. An upper bound below
@@ -37,6 +55,31 @@ class NRV_EXPORT UI_NumberEdit : public UI_TextEdit {
   double number = 0;
   double lowerBound = -std::numeric_limits<double>::infinity();
   double upperBound = std::numeric_limits<double>::infinity();
+};
+
+/// Gives a number field a unit of the caller's choice. Without one it shows a bare number.
+template <class Base>
+class NRV_EXPORT UI_UnitNumberBaseT : public Base {
+ public:
+  enum CustomNumberEditUnit { kPercentUnit = 0, kLengthUnit = 1 };
+
+  UI_UnitNumberBaseT();
+  ~UI_UnitNumberBaseT() override;
+
+  /// The number stays as it is: 100 % becomes 100 pt.
+  void SetCustomUnit(CustomNumberEditUnit customUnit);
+  NumberUnit GetUnit() const override;
+
+ private:
+  NumberUnit unit = NumberUnit::kNone;
+};
+
+extern template class UI_UnitNumberBaseT<UI_NumberEdit>;
+
+class NRV_EXPORT UI_UnitNumberEdit : public UI_UnitNumberBaseT<UI_NumberEdit> {
+ public:
+  UI_UnitNumberEdit();
+  ~UI_UnitNumberEdit() override;
 };
 
 }  // namespace nrvui::controls

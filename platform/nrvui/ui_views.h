@@ -1,8 +1,33 @@
 #pragma once
 
-#include "platform/nrvui/ui_sub_view.h"
+#include "platform/nrvui/ui_node.h"
 
 namespace nrvui::ui {
+
+/// A node that takes part in a window: every view and every control.
+class NRV_EXPORT UI_SubView : public UI_Node {
+ public:
+  UI_SubView();
+  ~UI_SubView() override;
+
+  /// Shows or hides the mnemonic of every control below this view, at any depth.
+  void UI_TurnMnemonicsOnOffForAllChildren(bool on);
+};
+
+/// A view with a window of its own: the root view of a dialog.
+class NRV_EXPORT OS_View : public UI_SubView {
+ public:
+  OS_View();
+  ~OS_View() override;
+};
+
+/// The layout node of a built layout, between the sheet view and the panels. Its rectangle is the
+/// room that the content takes; whoever lays it out anew sets it, and the dialog follows.
+class NRV_EXPORT UI_Layout : public UI_SubView {
+ public:
+  UI_Layout();
+  ~UI_Layout() override;
+};
 
 enum class PanelArrangement { kColumn, kRow, kGrid };
 

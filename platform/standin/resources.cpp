@@ -1,4 +1,4 @@
-#include "platform/standin/resource_root.h"
+#include "platform/standin/resources.h"
 
 namespace standin {
 

@@ -1,4 +1,4 @@
-#include "platform/qt/text.h"
+#include "platform/qt/qt_text.h"
 
 namespace qtui {
 

@@ -1,0 +1,104 @@
+#pragma once
+
+#include "platform/nrvui/ui_message.h"
+#include "platform/nrvui/ui_views.h"
+
+namespace nrvui::controls {
+
+using ChangeNotifyFunction = boost::function<void(ui::MessageT<ui::UI_Node>*)>;
+
+/// A control. Its setters are for code and notify nobody; what a person does goes through the
+/// gestures, which notify the control that was touched.
+class NRV_EXPORT UI_ControlView : public ui::UI_SubView {
+ public:
+  UI_ControlView();
+  ~UI_ControlView() override;
+
+  /// At most one function, called after a person changed the control; null takes it away.
+  void NotifyWhenChanged(const boost::shared_ptr<ChangeNotifyFunction>& notifyFunction);
+  /// Tells the function. For gestures.
+  void NotifyChangedByPerson();
+
+  void SetDisabled(bool disable);
+  bool IsDisabled() const;
+
+  /// In a caption '&' stands before the letter that is the control's mnemonic, "&&" for itself.
+  void SetCaption(const nrvcore::UTF16String& newCaption);
+  const nrvcore::UTF16String& GetCaption() const;
+  void ShowMnemonic(bool show);
+  bool IsMnemonicShown() const;
+
+ private:
+  boost::shared_ptr<ChangeNotifyFunction> changed;
+  nrvcore::UTF16String caption;
+  bool isDisabled = false;
+  bool mnemonicShown = false;
+};
+
+/// A push button. It has no value: its handler hears of presses.
+class NRV_EXPORT UI_Button : public UI_ControlView {
+ public:
+  UI_Button();
+  ~UI_Button() override;
+};
+
+/// A button that shows its caption and nothing else.
+class NRV_EXPORT UI_TextButton : public UI_Button {
+ public:
+  UI_TextButton();
+  ~UI_TextButton() override;
+};
+
+/// A text that nobody edits: the label of a buddy control, whose text is then a caption with a
+/// mnemonic, or a value, which is shown as it stands.
+class NRV_EXPORT UI_StaticText : public UI_ControlView {
+ public:
+  UI_StaticText();
+  ~UI_StaticText() override;
+
+  /// The same text as the caption's.
+  void SetValue(const nrvcore::UTF16String& text);
+  const nrvcore::UTF16String& GetValue() const;
+
+  /// The node ID of the control that this labels; empty for none.
+  void SetBuddy(const nrvcore::String& nodeID);
+  const nrvcore::String& GetBuddy() const;
+
+ private:
+  nrvcore::String buddy;
+};
+
+/// A caption with a mark that a click sets or takes away.
+class NRV_EXPORT UI_Checkbox : public UI_ControlView {
+ public:
+  UI_Checkbox();
+  ~UI_Checkbox() override;
+
+  bool IsChecked() const;
+  void SetChecked(bool check);
+
+ private:
+  bool checked = false;
+};
+
+enum RadioValue { kRadioOff = 0, kRadioOn = 1 };
+
+/// One of the buttons of its dialog that share a group name, of which a person selects one.
+/// Setting a value from code leaves the others as they are.
+class NRV_EXPORT UI_RadioButton : public UI_ControlView {
+ public:
+  UI_RadioButton();
+  ~UI_RadioButton() override;
+
+  RadioValue GetValue() const;
+  void SetValue(RadioValue newValue);
+
+  void SetGroup(const nrvcore::String& name);
+  const nrvcore::String& GetGroup() const;
+
+ private:
+  RadioValue value = kRadioOff;
+  nrvcore::String group;
+};
+
+}  // namespace nrvui::controls
