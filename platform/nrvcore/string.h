@@ -10,7 +10,7 @@
 namespace nrvcore {
 
 /// A string value that may be made in one image and destroyed in another: all memory is taken and
-/// released inside this library, whoever calls. Short texts, as node IDs are, stand in the string
+/// released inside this library. Short texts, as node IDs are, stand in the string
 /// itself; copies of longer ones share the text. So copying never fails.
 template <class Char>
 class NRV_EXPORT StringT {

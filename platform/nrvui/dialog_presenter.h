@@ -10,7 +10,7 @@ class UI_Dialog;
 class DialogPresenter {
  public:
   /// Returns when the dialog has a response. Returning without one cancels the dialog; an
-  /// exception ends the modal run and reaches whoever started it.
+  /// exception ends the modal run and reaches its caller.
   virtual void Present(UI_Dialog& dialog) = 0;
 
  protected:

@@ -10,7 +10,7 @@ class NSWindow;
 
 namespace nrvui::drawbot {
 
-/// With which dialogs draw. The toolkit only hands it on.
+/// What dialogs draw with. The toolkit stores the pointer and calls nothing of it.
 class NRV_EXPORT SupplierInterface {
  public:
   virtual ~SupplierInterface();
@@ -40,7 +40,7 @@ struct DialogStyle {
   bool isToolWindow = false;
   bool hasTitleBar = true;
   bool hasCloseBox = true;
-  std::uint32_t value = 0;  // the host's own; nobody here interprets it
+  std::uint32_t value = 0;  // the host's own; presenters do not read it
   std::uint32_t flags = 1;  // likewise
 };
 
@@ -69,7 +69,7 @@ class NRV_EXPORT OS_Dialog : public UI_Node {
   /// as in UI_SetLocalRectF.
   void SetMinimumSize(nrvcore::geom::PointT<float> newMinimumSize);
   nrvcore::geom::PointT<float> GetMinimumSize() const;
-  /// Becomes the local rectangle; UI_ContentRectChanged hears of it when it differs.
+  /// Becomes the local rectangle; UI_ContentRectChanged is called when it differs.
   void SetContentSize(nrvcore::geom::PointT<float> contentSize);
   nrvcore::geom::PointT<float> GetContentSize() const;
 

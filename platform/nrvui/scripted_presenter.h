@@ -41,7 +41,7 @@ class NRV_EXPORT ScriptRun {
 /// cancels it too.
 class NRV_EXPORT ScriptedPresenter final : public ui::DialogPresenter {
  public:
-  /// `report` hears, in UTF-8 with file and line, what the person should know: values that were
+  /// `report` gets, in UTF-8 with file and line, what a person would be told: values that were
   /// pulled, and a dialog that the script left open.
   explicit ScriptedPresenter(GestureScript gestureScript,
                              std::function<void(const std::string&)> report = {});

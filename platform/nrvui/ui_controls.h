@@ -7,7 +7,7 @@ namespace nrvui::controls {
 
 using ChangeNotifyFunction = boost::function<void(ui::MessageT<ui::UI_Node>*)>;
 
-/// A control. Its setters are for code and notify nobody; what a person does goes through the
+/// A control. Its setters are for code and do not notify; what a person does goes through the
 /// gestures, which notify the control that was touched.
 class NRV_EXPORT UI_ControlView : public ui::UI_SubView {
  public:
@@ -35,7 +35,7 @@ class NRV_EXPORT UI_ControlView : public ui::UI_SubView {
   bool mnemonicShown = false;
 };
 
-/// A push button. It has no value: its handler hears of presses.
+/// A push button. It has no value: its function is called for each press.
 class NRV_EXPORT UI_Button : public UI_ControlView {
  public:
   UI_Button();
@@ -49,7 +49,7 @@ class NRV_EXPORT UI_TextButton : public UI_Button {
   ~UI_TextButton() override;
 };
 
-/// A text that nobody edits: the label of a buddy control, whose text is then a caption with a
+/// A text that cannot be edited: the label of a buddy control, whose text is then a caption with a
 /// mnemonic, or a value, which is shown as it stands.
 class NRV_EXPORT UI_StaticText : public UI_ControlView {
  public:

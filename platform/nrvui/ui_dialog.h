@@ -14,10 +14,11 @@ enum DialogResponse : std::int32_t {
 };
 
 /// A dialog with a root view for its content, an OK and a Cancel button and a response. During its
-/// construction nobody may take and drop a reference on it: the count is still 0.
+/// construction no reference may be taken and dropped: the count is still 0, and the release would
+/// destroy the dialog.
 class NRV_EXPORT UI_Dialog : public OS_Dialog {
  public:
-  /// `dialogPoint` and `contentSize` are in points. Nobody here needs `platformWindow`; the last
+  /// `dialogPoint` and `contentSize` are in points. `platformWindow` is not used; the last
   /// two are the host's own.
   UI_Dialog(const drawbot::SupplierInterface* drawingSupplier,
             const nrvcore::UTF16String& windowTitle, nrvcore::geom::PointT<float> dialogPoint,

@@ -18,7 +18,7 @@ class NRV_EXPORT UI_TextEdit : public UI_ControlView {
   virtual nrvcore::UTF16String GetValue() const;
   virtual void SetValue(const nrvcore::UTF16String& newText);
 
-  /// Takes what a person entered, as far as it is fit for the field. Notifies nobody.
+  /// Takes what a person entered, as far as it is fit for the field, without notifying.
   virtual gestures::Outcome AcceptEntry(const nrvcore::UTF16String& entry);
 
  private:

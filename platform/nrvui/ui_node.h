@@ -15,8 +15,8 @@ namespace nrvui::ui {
 
 class UI_Node;
 
-/// Follows every change of a node, whoever makes it: value, bounds, unit, caption, enabled and
-/// shown state, rectangle, place, children, a dialog's response. A presenter with real windows
+/// Told of every change of a node, by code or by a person: value, bounds, unit, caption, enabled
+/// and shown state, rectangle, place, children, a dialog's response. A presenter with real windows
 /// mirrors nodes this way.
 class NodeObserver {
  public:
@@ -80,8 +80,8 @@ class NRV_EXPORT UI_Node : public UI_Container {
   /// The place among the parent's children; throws std::logic_error for a node without parent.
   unsigned long UI_GetIndex() const;
 
-  /// The node's size as a rectangle from (0, 0). Only whoever draws a node knows its place in the
-  /// parent, so both values of `inParent` answer the same.
+  /// The node's size as a rectangle from (0, 0). A node has no place in its
+  /// parent, since only presenters place what they draw: both values of `inParent` answer the same.
   nrvcore::geom::RectT<float> UI_GetLocalRectF(bool inParent) const;
   /// Takes the rectangle's width and height as the new size; what is not above 0 counts as 0,
   /// what is above a million points as that.

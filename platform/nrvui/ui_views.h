@@ -22,7 +22,8 @@ class NRV_EXPORT OS_View : public UI_SubView {
 };
 
 /// The layout node of a built layout, between the sheet view and the panels. Its rectangle is the
-/// room that the content takes; whoever lays it out anew sets it, and the dialog follows.
+/// room that the content takes; a presenter that measures the content sets it, and the dialog
+/// follows.
 class NRV_EXPORT UI_Layout : public UI_SubView {
  public:
   UI_Layout();
@@ -31,8 +32,8 @@ class NRV_EXPORT UI_Layout : public UI_SubView {
 
 enum class PanelArrangement { kColumn, kRow, kGrid };
 
-/// Says how its children are arranged; it places nothing itself, since only whoever draws them
-/// knows how large they are.
+/// Says how its children are arranged; it places nothing itself, since their sizes depend on the
+/// presenter's fonts.
 class NRV_EXPORT UI_Panel : public UI_SubView {
  public:
   static constexpr unsigned kMostColumns = 16;

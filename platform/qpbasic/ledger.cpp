@@ -140,7 +140,7 @@ ResultCode Ledger::Free(void* block) noexcept {
   if (standing == book->standing.end()) {
     try {
       book->NoteFault(block);
-    } catch (...) {  // the count tells of a fault whose text has no room
+    } catch (...) {  // without memory for its text the fault is only counted
     }
     return kUnknownBlock;
   }

@@ -13,6 +13,6 @@ extern "C" {
 __attribute__((visibility("default"))) ResultCode QPBasicAllocateBlock(size_t size,
                                                                        void** block) noexcept;
 
-/// Gives a block of QPBasicAllocateBlock back. Nobody acts on the answer.
+/// Gives a block of QPBasicAllocateBlock back. Callers ignore the answer.
 __attribute__((visibility("default"))) ResultCode QPBasicFreeBlock(void* block) noexcept;
 }

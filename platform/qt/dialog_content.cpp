@@ -114,7 +114,8 @@ bool DialogContent::HasFields() const {
 }
 
 void DialogContent::PlaceMessages() {
-  // Just above the row of the OK button; the room that is left in a large window goes above it.
+  // Above the row of the OK button. In a window that is too large the free room is above the
+  // messages.
   const auto& okButton = run.Dialog().GetOkButton();
   QWidget* row = okButton != nullptr ? WidgetOf(*okButton) : nullptr;
   for (; row != nullptr && row != &pane; row = row->parentWidget()) {
@@ -182,7 +183,7 @@ QSize DialogContent::Align() {
   std::ranges::reverse(panels);  // what is inside first
   for (PanelView* panel : panels) {
     panel->Equalize();
-    // Layouts remember what their children needed until this tells them.
+    // Until then a layout answers with the sizes that its children had before.
     if (panel->Widget() != nullptr) panel->Widget()->layout()->activate();
   }
   return pane.layout()->totalSizeHint().expandedTo(pane.layout()->totalMinimumSize());

@@ -34,8 +34,8 @@ Qt::WindowFlags FlagsFor(const nrvui::ui::DialogStyle& style) {
   return style.hasCloseBox ? flags | Qt::WindowSystemMenuHint | Qt::WindowCloseButtonHint : flags;
 }
 
-/// Without a screen there is no size to keep within and nobody who drags a window's edge; Qt even
-/// complains about bounds.
+/// Without a screen there is no size to keep within, no person drags a window's edge, and Qt warns
+/// about minimum sizes.
 bool HasScreen() {
   return QGuiApplication::platformName() != QStringLiteral("offscreen");
 }
@@ -108,7 +108,7 @@ void DialogWindow::Build() {
 }
 
 void DialogWindow::RebuildLater() {
-  // A widget may be in the midst of the event that led here.
+  // Not at once: the event that led here may still be handled by a widget that Build deletes.
   QTimer::singleShot(0, this, [this] {
     if (run.IsOver()) return;
     if (run.IsInGesture()) return run.AfterGesture([this] { RebuildLater(); });
@@ -187,8 +187,8 @@ void DialogWindow::FitContent() {
   if (nrvui::ui::UI_Layout* const layout = FindLayout(dialog)) {
     layout->UI_SetLocalRectF({0, 0, size.x, size.y});
   }
-  // Where nobody has made the dialog follow its layout it must not be too small either; and what
-  // the person added to the window stays.
+  // A dialog without a layout node, or that does not follow it, gets its minimum here. A side that
+  // the person made larger than the minimum keeps its length.
   const PointT<float> minimum = Larger(dialog.GetMinimumSize(), size);
   if (!(minimum == dialog.GetMinimumSize())) dialog.SetMinimumSize(minimum);
   const PointT<float> wanted = {former.x > formerMinimum.x ? std::max(former.x, size.x) : size.x,

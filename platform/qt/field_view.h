@@ -11,7 +11,7 @@ namespace qtui {
 
 /// A field in which a person types. What they typed reaches the node when they leave the field,
 /// press Return or click something; until then the field shows it, afterwards what the node made
-/// of it. A text that nobody touched is never entered.
+/// of it. A text that the person did not change is not entered.
 class FieldView : public NodeView, public Editor, public FieldListener {
  public:
   ~FieldView() override;

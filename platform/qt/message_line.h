@@ -9,8 +9,8 @@
 
 namespace qtui {
 
-/// Where a dialog speaks to the person: what a field takes while they are in it, and what was
-/// wrong with an entry until that field has a good one. It keeps room for two lines, so that a
+/// The dialog's messages: what a field takes while the person is in it, and what was wrong with an
+/// entry until that field has a good one. It keeps room for two lines, so that a
 /// message does not move the controls.
 class MessageLine final : public QWidget {
  public:

@@ -6,8 +6,8 @@
 
 namespace qtui {
 
-/// Shows one node as a widget; whoever observes the node for it stops with it. The widget belongs
-/// to its parent widget and outlives the view only while the content is taken down.
+/// Shows one node as a widget. The destructor removes the node's observer, which is the content
+/// that made the view. The parent widget owns the widget; views are destroyed before it.
 class NodeView {
  public:
   explicit NodeView(nrvui::ui::UI_Node& shownNode);
@@ -26,12 +26,14 @@ class NodeView {
 
   /// While the Alt key is down every mnemonic is shown, otherwise those that the nodes want.
   virtual void ShowMnemonic(bool) {}
-  /// Says what a label calls this.
+  /// Sets the name that screen readers say, taken from the node's label.
   virtual void SetName(const QString& spokenName);
 
  private:
   boost::intrusive_ptr<nrvui::ui::UI_Node> node;
-  bool isShown = true;  // a widget appears with its parent; to show it by itself lays it out twice
+  // True at first, since a widget is shown with its parent; setVisible before that would compute
+  // the layout twice.
+  bool isShown = true;
 };
 
 /// A control with a caption.

@@ -7,7 +7,7 @@
 namespace qtui {
 
 /// A line of text that shows a number, with buttons, keys and wheel to step it. It neither reads
-/// nor checks what is typed: whoever listens does.
+/// nor checks what is typed; its listener does.
 class NumberField final : public QAbstractSpinBox {
  public:
   explicit NumberField(QWidget& parent);

@@ -45,7 +45,7 @@ Qt::Alignment AlignmentOf(const NodeView& view) {
   return TakesAllWidth(view) ? Qt::Alignment() : Qt::AlignLeft | Qt::AlignVCenter;
 }
 
-/// A layout starts anew, and asks for it, even when it is told what it has.
+/// QGridLayout computes itself anew and posts a layout request even when the width stays the same.
 void SetColumnWidth(QGridLayout& grid, int column, int width) {
   if (grid.columnMinimumWidth(column) != width) grid.setColumnMinimumWidth(column, width);
 }
@@ -116,7 +116,7 @@ void PanelView::ArrangeBox() {
     }
     isFilled |= view->Widget() == nullptr || (isRow && TakesAllWidth(*view));
   }
-  // A column of panels takes all the room that it is given, and they divide it.
+  // The panels of a column share the room that is left over; other content keeps its size.
   if (!isFilled && (isRow || IsTitled(panel) || !HoldsPanels())) box->addStretch(1);
 }
 
@@ -137,7 +137,7 @@ void PanelView::ArrangeGrid() {
   } else {
     grid->setColumnStretch(columnCount - 1, 1);
   }
-  // What a section is higher than its content stays empty below it.
+  // In a section that is higher than its content the rows stay together at the top.
   if (IsTitled(panel)) grid->setRowStretch(RowCount(), 1);
 }
 

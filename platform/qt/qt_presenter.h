@@ -23,7 +23,7 @@ class QtPresenter final : public nrvui::ui::DialogPresenter {
   void Present(nrvui::ui::UI_Dialog& dialog) override;
 
   /// Every dialog is then played, by mouse and key events on its window, as the scripted presenter
-  /// would play it; `report` hears the same.
+  /// would play it; `report` gets the same texts.
   void PlayScript(nrvui::gestures::GestureScript gestureScript,
                   std::function<void(const std::string&)> report = {});
   /// What stopped the script in the last dialog, if anything did.

@@ -4,7 +4,7 @@
 
 namespace qtui {
 
-/// What the widget of a field tells of the person in it.
+/// Told by the widget of a field what a person does in it.
 class FieldListener {
  public:
   virtual void FieldFocused() = 0;
@@ -17,7 +17,7 @@ class FieldListener {
   ~FieldListener() = default;
 };
 
-/// A line of text that tells of the person in it.
+/// A line of text that tells its listener when a person enters and leaves it.
 class TextField final : public QLineEdit {
  public:
   explicit TextField(QWidget& parent);

@@ -32,7 +32,7 @@ class PropertySheet final : public VXUICairnSheet {
 };
 
 /// A layout that was read. Callbacks that its dialog installed go with it, also when
-/// somebody still holds a node.
+/// its nodes are still held.
 class LayoutSheetHolder final : public SheetHolder {
  public:
   LayoutSheetHolder(SheetTree tree, boost::shared_ptr<PropertySheet> sheet, LiveToken token);

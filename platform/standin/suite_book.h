@@ -51,7 +51,7 @@ class SuiteBook {
 
   /// 0 for an unknown suite.
   size_t Users(std::string_view name) const;
-  /// Whether anybody uses a suite that the plug-in registered.
+  /// Whether a suite that the plug-in registered has users.
   bool IsInUse(PluginRef plugin) const;
   const HandleBook<OpaqueSuite>& Suites() const { return suites; }
 
