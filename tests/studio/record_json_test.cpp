@@ -54,7 +54,8 @@ TEST(RecordJson, ReadsBackChoicesAndNothingElseAndRefusesDamage) {
                                                           {"tilesDown", "tilesUp"},
                                                           {"Color\": 1", "Color\": 2"},
                                                           {": 1.5", ": 1e300"},
-                                                          {": 9", ": 256"}};
+                                                          {": 9", ": 256"},
+                                                          {": 9", ": 9.5"}};
   for (const auto& [from, to] : kDamages) {
     QByteArray damaged = json;
     ASSERT_TRUE(damaged.contains(from)) << from;
