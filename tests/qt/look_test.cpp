@@ -24,10 +24,7 @@ using nrvcore::config::Localizer;
 constexpr Look kLooks[] = {
     {"System", "en", qtui::Theme::kSystem, 1, Qt::LeftToRight, true},
     {"SystemLarge", "de", qtui::Theme::kSystem, 2.5, Qt::LeftToRight, true},
-    {"Light", "ja", qtui::Theme::kLight, 1, Qt::LeftToRight, true},
-    {"Dark", "de", qtui::Theme::kDark, 1, Qt::LeftToRight, false},
-    {"DarkRightToLeft", "ja", qtui::Theme::kDark, 1, Qt::RightToLeft, true},
-    {"LightSmallRightToLeft", "en", qtui::Theme::kLight, 0.7, Qt::RightToLeft, false},
+    {"DarkSmallRightToLeft", "ja", qtui::Theme::kDark, 0.7, Qt::RightToLeft, false},
 };
 
 /// Everything that a person reads, types in or clicks.
