@@ -32,6 +32,7 @@ class DialogContent final : private nrvui::ui::NodeObserver {
   /// What is wrong with entries; a content that comes in the place of this one goes on saying it.
   const MessageLine::Problems& Problems() const { return messages->AllProblems(); }
   void ShowProblems(const MessageLine::Problems& problems);
+  void SetReadOut(const ReadOut& text) { messages->SetReadOut(text); }
   /// The first widget that a person can type or click in; null when there is none.
   QWidget* FirstFocus() const;
 

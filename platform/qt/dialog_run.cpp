@@ -35,6 +35,7 @@ Outcome DialogRun::Do(const std::function<Outcome()>& gesture) {
   --gestureDepth;
   lastOutcome = outcome;
   if (!IsInGesture() && afterGesture) std::exchange(afterGesture, {})();
+  if (!IsInGesture() && !IsOver() && whenChanged) Guard(whenChanged);
   return outcome;
 }
 

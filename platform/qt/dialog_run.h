@@ -55,6 +55,9 @@ class DialogRun {
   void Close();
   void Resize(QSizeF contentSize);
 
+  /// `hook` is called after every gesture, when its handlers are done.
+  void WhenChanged(std::function<void()> hook) { whenChanged = std::move(hook); }
+
   /// The field that has text which is not yet in its node; null when there is none.
   void SetEditor(Editor* newEditor) { editor = newEditor; }
   void ForgetEditor(const Editor* gone) {
@@ -74,6 +77,7 @@ class DialogRun {
   int gestureDepth = 0;
   std::function<void()> afterGesture;
   std::function<void()> whenOver;
+  std::function<void()> whenChanged;
   std::exception_ptr failure;
   std::optional<nrvui::gestures::Outcome> lastOutcome;
 };

@@ -101,6 +101,7 @@ void DialogWindow::Build() {
   for (QWidget* widget : pane->findChildren<QWidget*>()) {
     if (widget->focusPolicy() != Qt::NoFocus) widget->installEventFilter(this);
   }
+  content->SetReadOut(readOut);
   const auto& focused = dialog.GetInitialFocus();
   QWidget* focus = focused != nullptr ? content->WidgetOf(*focused) : nullptr;
   if (focus == nullptr) focus = content->FirstFocus();
@@ -166,8 +167,31 @@ void DialogWindow::Place() {
     case DialogPlacement::kCentered:
       return move(screen()->availableGeometry().center() - rect().center());
     case DialogPlacement::kPositioned:
+      if (!beside.isEmpty()) return PlaceBeside();
       return;  // Qt centres a dialog over its parent window, or on the screen
   }
+}
+
+void DialogWindow::PlaceBeside() {
+  const QRect room = screen()->availableGeometry();
+  const QSize framed = size() + kFrameAllowance;
+  const QPoint last = room.bottomRight() - QPoint(framed.width(), framed.height());
+  const auto within = [](int wanted, int least, int most) {
+    return std::max(least, std::min(wanted, most));
+  };
+  const int right = beside.right() + 1;
+  const int left = beside.left() - framed.width();
+  const int middle = within(beside.center().y() - framed.height() / 2, room.top(), last.y());
+  if (right <= last.x()) return move(right, middle);
+  if (left >= room.left()) return move(left, middle);
+  // There is room for a part of the rectangle only: on the side where more of it stays in sight.
+  const bool isRightFreer = room.right() - beside.right() >= beside.left() - room.left();
+  move(isRightFreer ? std::max(room.left(), last.x()) : room.left(), middle);
+}
+
+void DialogWindow::SetReadOut(const ReadOut& text) {
+  readOut = text;
+  content->SetReadOut(text);
 }
 
 void DialogWindow::NodeChanged(UI_Node&) {

@@ -23,6 +23,11 @@ class DialogWindow final : public QDialog, private nrvui::ui::NodeObserver {
 
   /// Called once, from the event loop, after the window was painted for the first time.
   void WhenPainted(std::function<void()> painted) { whenPainted = std::move(painted); }
+  /// Says in the message line what follows from the present values.
+  void SetReadOut(const ReadOut& text);
+  /// A rectangle of the screen that the dialog opens beside, where there is room, if the toolkit
+  /// places it; an empty one means nothing.
+  void OpenBeside(const QRect& rect) { beside = rect; }
   /// Shows the window until the run is over.
   void RunModal();
 
@@ -49,6 +54,7 @@ class DialogWindow final : public QDialog, private nrvui::ui::NodeObserver {
   void MakeScroller();
   void FollowDialog();
   void Place();
+  void PlaceBeside();
   QSize Limited(QSize size) const;
   QSize SizeFor(nrvcore::geom::PointT<float> contentSize) const;
   bool HandleKey(const QKeyEvent& event);
@@ -62,6 +68,8 @@ class DialogWindow final : public QDialog, private nrvui::ui::NodeObserver {
   QEventLoop* loop = nullptr;
   std::function<void()> whenPainted;
   QSize natural;
+  ReadOut readOut;
+  QRect beside;
   bool isFollowing = false;
 };
 

@@ -26,6 +26,11 @@ MessageLine::MessageLine(QWidget& parent)
   Show();
 }
 
+void MessageLine::SetReadOut(const ReadOut& text) {
+  readOut = text;
+  Show();
+}
+
 void MessageLine::SetHint(const QString& text) {
   hint = text;
   Show();
@@ -45,18 +50,20 @@ void MessageLine::ClearProblem(const UI_Node& field) {
 }
 
 QString MessageLine::Text() const {
-  return problems.empty() ? hint : problems.back().second;
+  if (!problems.empty()) return problems.back().second;
+  if (readOut.text.isEmpty() || hint.isEmpty()) return readOut.text + hint;
+  return readOut.text + '\n' + hint;
 }
 
 void MessageLine::Show() {
-  const bool isProblem = !problems.empty();
+  const bool isWarning = IsWarning();
   // A wrapped text would otherwise go to the side from which its own script is read.
   label.setAlignment((isRightToLeft() ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignAbsolute |
                      Qt::AlignTop);
   label.setText(Text());
-  label.setForegroundRole(isProblem ? QPalette::WindowText : QPalette::PlaceholderText);
-  icon.setVisible(isProblem);
-  if (isProblem) icon.setPixmap(WarningIcon(*this));
+  label.setForegroundRole(isWarning ? QPalette::WindowText : QPalette::PlaceholderText);
+  icon.setVisible(isWarning);
+  if (isWarning) icon.setPixmap(WarningIcon(*this));
   Arrange();
 }
 

@@ -9,6 +9,12 @@
 
 namespace qtui {
 
+/// What follows from a dialog's present values, in one sentence that whoever opened it has made.
+struct ReadOut {
+  QString text;  // may be empty
+  bool isWarning = false;
+};
+
 /// The dialog's messages: what a field takes while the person is in it, and what was wrong with an
 /// entry until that field has a good one. It keeps room for two lines, so that a
 /// message does not move the controls.
@@ -18,7 +24,9 @@ class MessageLine final : public QWidget {
 
   explicit MessageLine(QWidget& parent);
 
-  /// Shown while there is no problem.
+  /// What follows from the dialog's present values; shown while no entry has a problem.
+  void SetReadOut(const ReadOut& text);
+  /// Shown below the read-out while no entry has a problem.
   void SetHint(const QString& text);
   /// Shown before all others; replaces the field's former problem.
   void SetProblem(const nrvui::ui::UI_Node& field, const QString& text);
@@ -26,6 +34,8 @@ class MessageLine final : public QWidget {
   const Problems& AllProblems() const { return problems; }
   /// What is to be read now.
   QString Text() const;
+  /// Whether that is something that a person must see to.
+  bool IsWarning() const { return !problems.empty() || readOut.isWarning; }
 
  protected:
   void resizeEvent(QResizeEvent* event) override;
@@ -37,6 +47,7 @@ class MessageLine final : public QWidget {
 
   QLabel& icon;
   QLabel& label;
+  ReadOut readOut;
   QString hint;
   Problems problems;  // the last one is shown
 };

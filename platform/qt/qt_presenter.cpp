@@ -70,6 +70,12 @@ void QtPresenter::Present(nrvui::ui::UI_Dialog& dialog) {
     error = WindowPlayer(*script, run, *window, reportFunction).Play(photograph);
   };
   window->WhenPainted([&] { run.Guard(show); });
+  if (changedHook) {
+    const auto tell = [&] { window->SetReadOut(changedHook(dialog)); };
+    run.WhenChanged(tell);
+    run.Guard(tell);
+  }
+  window->OpenBeside(beside);
   window->RunModal();
   run.RethrowFailure();
 }

@@ -1,12 +1,14 @@
 #pragma once
 
 #include <QImage>
+#include <QRect>
 #include <functional>
 #include <optional>
 #include <string>
 
 #include "platform/nrvui/dialog_presenter.h"
 #include "platform/nrvui/gesture_script.h"
+#include "platform/qt/message_line.h"
 
 class QWidget;
 
@@ -38,6 +40,15 @@ class QtPresenter final : public nrvui::ui::DialogPresenter {
   /// `hook` is called for every dialog, from its event loop, after its first paint.
   void WhenPainted(std::function<void(QWidget& window)> hook) { paintedHook = std::move(hook); }
 
+  using ChangedHook = std::function<ReadOut(const nrvui::ui::UI_Dialog&)>;
+  /// `hook` is called for every dialog when it opens and after each gesture that leaves it open;
+  /// what it answers is said in the dialog's message line.
+  void WhenChanged(ChangedHook hook) { changedHook = std::move(hook); }
+
+  /// A rectangle of the screen that dialogs open beside, where there is room, if the toolkit places
+  /// them; an empty one means nothing.
+  void OpenBeside(const QRect& rect) { beside = rect; }
+
  private:
   std::optional<nrvui::gestures::GestureScript> script;
   std::function<void(const std::string&)> reportFunction;
@@ -45,6 +56,8 @@ class QtPresenter final : public nrvui::ui::DialogPresenter {
   bool takesScreenshots = false;
   QImage screenshot;
   std::function<void(QWidget&)> paintedHook;
+  ChangedHook changedHook;
+  QRect beside;
 };
 
 }  // namespace qtui

@@ -8,12 +8,14 @@
 #include "platform/standin/user_interface.h"
 #include "studio/base/output.h"
 #include "studio/base/studio_error.h"
+#include "studio/caller/dialog_choices.h"
 #include "studio/caller/mosaic_caller.h"
 #include "studio/console/dialog_user.h"
 #include "studio/console/terminal.h"
 #include "studio/export/mosaic_export.h"
 #include "studio/export/picture_encoding.h"
 #include "studio/mosaic/mosaic_job.h"
+#include "studio/mosaic/preview.h"
 
 namespace {
 
@@ -101,8 +103,11 @@ void ConsoleRun::OpenScreenshots() {
 }
 
 bool ConsoleRun::Ask(MosaicChoices& choices) {
-  const DialogUser user(line,
-                        [this](const std::string& text) { Warn(QString::fromStdString(text)); });
+  DialogUser user(line, [this](const std::string& text) { Warn(QString::fromStdString(text)); });
+  user.WhenChanged([&](const nrvui::ui::UI_Dialog& dialog) {
+    const Outlook outlook = OutlookFor(artwork->picture, ChoicesOnOk(dialog, choices));
+    return qtui::ReadOut{outlook.text, !outlook.isMosaic};
+  });
   const QSocketNotifier notifier(interruption.Descriptor(), QSocketNotifier::Read);
   QObject::connect(&notifier, &QSocketNotifier::activated, [] { QCoreApplication::exit(); });
   standin::RecordingUserInterface screen;

@@ -5,6 +5,7 @@
 #include <functional>
 #include <optional>
 #include <string>
+#include <utility>
 
 #include "platform/nrvui/scripted_presenter.h"
 #include "platform/qt/qt_presenter.h"
@@ -20,6 +21,11 @@ class DialogUser {
   /// `report` is called with what the person would be told. Throws StudioError when a person is
   /// needed and there is no display, and another std::exception for a bad gesture file.
   DialogUser(const CommandLine& line, std::function<void(const std::string&)> report);
+
+  /// `hook` answers what a window's message line says; without a window it is not called.
+  void WhenChanged(qtui::QtPresenter::ChangedHook hook) {
+    if (windows) windows->WhenChanged(std::move(hook));
+  }
 
   /// Why the last dialog could not be answered; empty when it could.
   QString Problem() const;

@@ -12,7 +12,7 @@
 /// A mosaic as it was built.
 struct Mosaic {
   MosaicGeometry geometry;
-  QImage tiles;  // a pixel a tile, Format_ARGB32
+  QImage tiles;  // Format_ARGB32; a pixel a tile, or for several where a preview has very many
   QImage below;  // lies under the tiles, as large as the mosaic; null for nothing
 };
 

@@ -38,9 +38,12 @@ MosaicJob::MosaicJob(const Picture& picture, const MosaicChoices& choices)
       keepsPicture(!choices.params.deleteRaster),
       geometry(MosaicGeometry::From(choices, SourceSize(picture, choices.params))) {}
 
+bool MosaicJob::ShowsPicture() const {
+  return keepsPicture && (geometry.HasGaps() || picture.HasAlpha());
+}
+
 QImage MosaicJob::Below() const {
-  const bool shows = geometry.HasGaps() || picture.HasAlpha();
-  return keepsPicture && shows ? picture.PixelsInSrgb() : QImage();
+  return ShowsPicture() ? picture.PixelsInSrgb() : QImage();
 }
 
 void MosaicJob::Add(std::unique_ptr<MosaicSink> sink) {

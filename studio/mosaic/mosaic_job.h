@@ -19,7 +19,9 @@ class MosaicJob {
 
   const MosaicGeometry& Geometry() const { return geometry; }
 
-  /// The picture, in sRGB, where it stays and shows between or through the tiles; otherwise null.
+  /// Whether the picture stays and shows between or through the tiles.
+  bool ShowsPicture() const;
+  /// The picture, in sRGB, where it shows; otherwise null.
   QImage Below() const;
 
   void Add(std::unique_ptr<MosaicSink> sink);

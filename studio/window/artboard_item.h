@@ -13,6 +13,7 @@ class ArtboardItem final : public QGraphicsItem {
   explicit ArtboardItem(const Artwork& artwork);
 
   QRectF Page() const { return page; }
+  QRectF Art() const { return art; }
 
   QRectF boundingRect() const override;
   void paint(QPainter* painter, const QStyleOptionGraphicsItem* option, QWidget* widget) override;

@@ -73,6 +73,12 @@ void Canvas::SetZoom(double zoom) {
   if (Zoom() > 0) ZoomAt(viewport()->rect().center(), zoom / Zoom());
 }
 
+QRect Canvas::ArtOnScreen() const {
+  if (!item) return {};
+  const QRect art = mapFromScene(item->Art()).boundingRect() & viewport()->rect();
+  return {viewport()->mapToGlobal(art.topLeft()), art.size()};
+}
+
 void Canvas::ZoomIn() {
   const auto next = std::upper_bound(std::begin(kZooms), std::end(kZooms), Zoom() * 1.01);
   if (next != std::end(kZooms)) SetZoom(*next);

@@ -17,6 +17,9 @@ class Canvas final : public QGraphicsView {
   /// without moving anything.
   void Show(const ArtworkPtr& artwork);
 
+  /// Where the artwork is seen, in pixels of the screen; empty when it is not.
+  QRect ArtOnScreen() const;
+
   /// Screen units a point: 1 at 100 %.
   double Zoom() const { return transform().m11(); }
   /// Around the middle of what is seen.

@@ -12,6 +12,7 @@ constexpr int kMostRecentPictures = 8;
 constexpr const char* kRecentPictures = "recentPictures";
 constexpr const char* kTheme = "theme";
 constexpr const char* kExportFolder = "exportFolder";
+constexpr const char* kPreview = "previewWhileChoosing";
 constexpr const char* kGeometry = "geometry";
 
 QSettings File() {
@@ -51,6 +52,14 @@ qtui::Theme ChosenTheme() {
 
 void ChooseTheme(qtui::Theme theme) {
   File().setValue(kTheme, qtui::NameOf(theme));
+}
+
+bool PreviewsWhileChoosing() {
+  return File().value(kPreview, true).toBool();
+}
+
+void SetPreviewsWhileChoosing(bool previews) {
+  File().setValue(kPreview, previews);
 }
 
 QString ExportFolder() {

@@ -16,6 +16,10 @@ void ClearRecentPictures();
 qtui::Theme ChosenTheme();
 void ChooseTheme(qtui::Theme theme);
 
+/// Whether the canvas shows the mosaic that the dialog's choices would give.
+bool PreviewsWhileChoosing();
+void SetPreviewsWhileChoosing(bool previews);
+
 /// Where the person exported to last; empty before the first time.
 QString ExportFolder();
 void SetExportFolder(const QString& path);

@@ -5,10 +5,12 @@
 #include <QDir>
 #include <QFileInfo>
 #include <QMimeData>
+#include <QScopeGuard>
 #include <QScopedValueRollback>
 #include <QStatusBar>
 
 #include "studio/base/studio_error.h"
+#include "studio/caller/dialog_choices.h"
 #include "studio/window/background_work.h"
 #include "studio/window/captions.h"
 #include "studio/window/file_dialogs.h"
@@ -173,9 +175,20 @@ bool StudioWindow::CreateTesserae() {
           Text("$$$/Studio/Status/ChoicesUnreadable=Your last choices cannot be read. The dialog "
                "starts afresh."));
     }));
+    std::optional<LivePreview> preview;
+    if (actions.preview->isChecked()) preview.emplace(*canvas, shown, choices);
+    presenter.OpenBeside(canvas->ArtOnScreen());
+    presenter.WhenChanged([&](const nrvui::ui::UI_Dialog& dialog) {
+      const MosaicChoices present = ChoicesOnOk(dialog, choices);
+      if (preview) preview->Follow(present);
+      const Outlook outlook = OutlookFor(shown->picture, present);
+      return qtui::ReadOut{outlook.text, !outlook.isMosaic};
+    });
+    const auto forget = qScopeGuard([this] { presenter.WhenChanged({}); });
     if (!Ask(choices)) return false;
     std::optional<Mosaic> mosaic = BuildMosaic(*this, shown->picture, choices);
     if (!mosaic) return TellOfCancel();
+    preview.reset();
     document.Change(Text("$$$/Studio/Undo/Create=Create Tesserae"),
                     WithMosaic(*shown, std::move(*mosaic)));
     ShowDocument();

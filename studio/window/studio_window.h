@@ -4,6 +4,7 @@
 #include <QMainWindow>
 #include <QStackedWidget>
 #include <memory>
+#include <optional>
 
 #include "platform/qt/qt_presenter.h"
 #include "studio/caller/last_choices.h"
@@ -11,6 +12,7 @@
 #include "studio/mosaic/artwork.h"
 #include "studio/window/canvas.h"
 #include "studio/window/document.h"
+#include "studio/window/live_preview.h"
 #include "studio/window/message_boxes.h"
 #include "studio/window/start_page.h"
 #include "studio/window/window_actions.h"

@@ -73,8 +73,10 @@ void TilePainter::Paint(QPainter& painter, const QRectF& exposed) {
 
   const double scaleX = transform.m11();
   const double scaleY = transform.m22();
-  const double pitchX = geometry.tile.width() + geometry.spacing.width();
-  const double pitchY = geometry.tile.height() + geometry.spacing.height();
+  // A preview may have fewer pixels than there are tiles.
+  const QSize full = levels.Full().size();
+  const double pitchX = geometry.Left(geometry.tilesAcross) / full.width();
+  const double pitchY = geometry.Top(geometry.tilesDown) / full.height();
   const QImage& tiles =
       levels.For(pitchX * scaleX / kSmallestPitch, pitchY * scaleY / kSmallestPitch);
 

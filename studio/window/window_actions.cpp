@@ -47,6 +47,8 @@ constexpr Row kRows[] = {
      "Ctrl+1"},
     {&WindowActions::fit, "fit", "$$$/Studio/Menu/Fit=&Fit in Window",
      "$$$/Studio/Tip/Fit=Fit in the window", "Ctrl+0", Drawing::kFit},
+    {&WindowActions::preview, "previewWhileChoosing",
+     "$$$/Studio/Menu/Preview=&Preview While Choosing", "", ""},
     {&WindowActions::about, "about", "$$$/Studio/Menu/About=&About", "", ""},
     {&WindowActions::zoom, "zoom", "$$$/Studio/Menu/Zoom=&Zoom", "$$$/Studio/Tip/Zoom=Zoom", ""},
 };
@@ -114,6 +116,8 @@ void FillMenus(QMainWindow& window, WindowActions& actions) {
   QMenu* const view = bar.addMenu(Text("$$$/Studio/Menu/View=&View"));
   view->addActions({actions.zoomIn, actions.zoomOut, actions.actualSize, actions.fit});
   view->addSeparator();
+  view->addAction(actions.preview);
+  view->addSeparator();
   FillThemeMenu(*view->addMenu(Text("$$$/Studio/Menu/Theme=&Theme")));
 
   QMenu* const help = bar.addMenu(Text("$$$/Studio/Menu/Help=&Help"));
@@ -158,6 +162,9 @@ void FillToolBar(QMainWindow& window, WindowActions& actions) {
 WindowActions::WindowActions(QMainWindow& window) {
   for (const Row& row : kRows) MakeAction(window, *this, row);
   placeUnknown->setCheckable(true);
+  preview->setCheckable(true);
+  preview->setChecked(settings::PreviewsWhileChoosing());
+  QObject::connect(preview, &QAction::toggled, settings::SetPreviewsWhileChoosing);
   about->setMenuRole(QAction::AboutRole);
   quit->setMenuRole(QAction::QuitRole);
   FillMenus(window, *this);

@@ -20,6 +20,7 @@ struct WindowActions {
   QAction* zoomOut;
   QAction* actualSize;
   QAction* fit;
+  QAction* preview;
   QAction* about;
   QMenu* recent;
   QAction* zoom;  // on the toolbar; its text is the present zoom

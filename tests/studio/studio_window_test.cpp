@@ -117,6 +117,44 @@ class StudioWindowTest : public StudioFolder {
   QTimer watchdog;
 };
 
+TEST_F(StudioWindowTest, TheCanvasShowsWhatOkWouldBuildWhileTheDialogIsOpen) {
+  OpenPicture();
+  const QImage picture = Canvas();
+  QImage preview;
+  QString said;
+  const auto look = [&](QWidget& dialog) {
+    QTest::qWait(300);
+    preview = Canvas();
+    said = dialog.findChild<QWidget*>("messages")->findChildren<QLabel*>().back()->text();
+    EXPECT_FALSE(window->findChild<::Canvas*>()->ArtOnScreen().isEmpty());
+  };
+  window->Presenter().WhenPainted([&](QWidget& dialog) {
+    QTimer::singleShot(0, &dialog, [&] {
+      look(dialog);
+      dialog.close();
+    });
+  });
+  EXPECT_FALSE(window->CreateTesserae());
+  EXPECT_NE(preview, picture);
+  EXPECT_TRUE(said.startsWith("6700 tiles of 0.6 by 0.597 pt")) << said.toStdString();
+  EXPECT_EQ(Canvas(), picture);  // cancelled
+
+  Action("previewWhileChoosing").trigger();
+  EXPECT_FALSE(window->CreateTesserae());
+  EXPECT_EQ(preview, picture);
+  Action("previewWhileChoosing").trigger();
+
+  window->Presenter().WhenPainted([&](QWidget& dialog) {
+    QTimer::singleShot(0, &dialog, [&] {
+      look(dialog);
+      QTest::keyClick(&dialog, Qt::Key_Return);
+    });
+  });
+  EXPECT_TRUE(window->CreateTesserae());
+  EXPECT_EQ(preview, Canvas());
+  EXPECT_TRUE(window->Export(Path("out.svg")));
+}
+
 TEST_F(StudioWindowTest, APictureBecomesAMosaicThatCanBeUndoneAndExported) {
   OpenPicture();
   EXPECT_EQ(Summary(), "60 × 40 pt   ·   21.2 × 14.1 mm");

@@ -1,0 +1,30 @@
+#pragma once
+
+#include "studio/mosaic/artwork.h"
+
+/// What choices lead to, in words.
+struct Outlook {
+  QString text;
+  bool isMosaic;  // or else why there will be none
+};
+
+Outlook OutlookFor(const Picture& picture, const MosaicChoices& choices);
+
+/// A picture at no more pixels than a screen shows, each the mean of the light of its share. Of a
+/// photograph, the tiles that are at least four of its pixels wide and high are within 3 of 255 of
+/// those of the picture itself; a border of tiles that runs along a hard edge can show more.
+class Reduction {
+ public:
+  static constexpr int kMostPixels = 2048;  // across and down
+
+  /// Throws StudioError when there is no memory.
+  explicit Reduction(const Picture& picture);
+
+  /// What building a mosaic of `original`, the picture that was reduced, would give, in a time that
+  /// does not grow with the picture: where there are more tiles than a screen shows apart, `tiles`
+  /// has a pixel for several. Throws StudioError as building does, when no mosaic can be made.
+  Mosaic Preview(const Picture& original, const MosaicChoices& choices) const;
+
+ private:
+  Picture reduced;
+};
