@@ -51,6 +51,7 @@ void MessageLine::ClearProblem(const UI_Node& field) {
 
 QString MessageLine::Text() const {
   if (!problems.empty()) return problems.back().second;
+  if (readOut.isWarning) return readOut.text;
   if (readOut.text.isEmpty() || hint.isEmpty()) return readOut.text + hint;
   return readOut.text + '\n' + hint;
 }

@@ -26,7 +26,7 @@ class MessageLine final : public QWidget {
 
   /// What follows from the dialog's present values; shown while no entry has a problem.
   void SetReadOut(const ReadOut& text);
-  /// Shown below the read-out while no entry has a problem.
+  /// Shown below a read-out that is no warning, while no entry has a problem.
   void SetHint(const QString& text);
   /// Shown before all others; replaces the field's former problem.
   void SetProblem(const nrvui::ui::UI_Node& field, const QString& text);

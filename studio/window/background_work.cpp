@@ -6,6 +6,7 @@
 #include <QLabel>
 #include <QProgressDialog>
 #include <QPushButton>
+#include <QShortcut>
 #include <QTimer>
 #include <QtConcurrentRun>
 #include <exception>
@@ -38,6 +39,8 @@ class WorkDialog final : public QProgressDialog {
     label->setTextFormat(Qt::PlainText);
     setLabel(label);
     setCancelButton(button);
+    // Qt makes one for each button that there was; two of the same key answer to none.
+    qDeleteAll(findChildren<QShortcut*>());
     disconnect(this, SIGNAL(canceled()), this, SLOT(cancel()));  // which would hide it
     connect(this, &QProgressDialog::canceled, this, [this] {
       label->setText(Text("$$$/Studio/Progress/Stopping=Stopping…"));

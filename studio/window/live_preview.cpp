@@ -3,8 +3,6 @@
 #include <QtConcurrentRun>
 #include <utility>
 
-#include "studio/base/studio_error.h"
-
 LivePreview::LivePreview(Canvas& canvas, ArtworkPtr artworkToBuildFrom, const MosaicChoices& asked)
     : canvas(canvas), artwork(std::move(artworkToBuildFrom)), choices(asked) {
   timer.setSingleShot(true);
@@ -32,6 +30,6 @@ void LivePreview::Draw() try {
   const ReductionPtr source = reduction.result();
   if (!source) return;
   canvas.Show(WithMosaic(*artwork, source->Preview(artwork->picture, choices)));
-} catch (const StudioError&) {
+} catch (const std::exception&) {
   canvas.Show(artwork);
 }

@@ -7,6 +7,7 @@
 #include <QMimeData>
 #include <QScopeGuard>
 #include <QScopedValueRollback>
+#include <QScreen>
 #include <QStatusBar>
 
 #include "studio/base/studio_error.h"
@@ -19,7 +20,8 @@
 namespace {
 
 constexpr QSize kFirstSize(1080, 760);
-constexpr int kMessageTime = 6000;  // ms
+constexpr QSize kFrameAllowance(16, 48);  // what a window manager puts around a window
+constexpr int kMessageTime = 6000;        // ms
 
 /// Only a copy, since an application that offers a file deletes it after a move.
 void AcceptCopy(QDropEvent& event) {
@@ -52,7 +54,9 @@ StudioWindow::StudioWindow(const QString& statePath)
   Connect();
   FillRecentMenu();
   ShowDocument();
-  if (!restoreGeometry(settings::WindowGeometry())) resize(kFirstSize);
+  if (!restoreGeometry(settings::WindowGeometry())) {
+    resize(kFirstSize.boundedTo(screen()->availableGeometry().size() - kFrameAllowance));
+  }
   try {
     const QString name = Caller().ModuleName();
     actions.about->setText(Text("$$$/Studio/Menu/AboutModule=&About %1", name));

@@ -332,7 +332,7 @@ TEST_F(StudioWindowTest, ALongBuildCanBeCancelledAndEndsWithTheProgram) {
       if (programEnds) return QApplication::exit();
       auto& cancel = *dialog.findChild<QPushButton*>();
       EXPECT_TRUE(cancel.isVisible());
-      dialog.close();
+      QTest::keyClick(&dialog, Qt::Key_Escape);
       EXPECT_TRUE(dialog.isVisible() && !cancel.isVisible()) << "until the work has stopped";
       EXPECT_EQ(dialog.labelText(), "Stopping…");
     });
