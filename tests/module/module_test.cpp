@@ -7,7 +7,6 @@
 #include "platform/nrvui/scripted_presenter.h"
 #include "platform/qpbasic/ledger.h"
 #include "platform/standin/host_codes.h"
-#include "tests/module/session.h"
 #include "tests/support/built_module.h"
 #include "tests/support/temporary_folder.h"
 
@@ -21,18 +20,14 @@ bool IsMapped(const std::filesystem::path& file) {
   return maps.str().find(std::filesystem::canonical(file).string()) != std::string::npos;
 }
 
-TEST(BuiltModule, LeavesNothingAfterALifeCycle) {
-  Session session;
-  session.RunLifeCycle();
-  EXPECT_TRUE(session.WentAsExpected());
-  EXPECT_TRUE(session.person.alerts.empty());
-  EXPECT_EQ(session.person.aboutBoxes.size(), 1u);
+TEST(BuiltModule, ComesBackToBeShutDown) {
+  HostedModule hosted(kModule);
   {
-    standin::Module away(session.host, kModule);
+    standin::Module away(hosted.host, kModule);
     EXPECT_EQ(away.StartUp(), ResultCode::kSuccess);
     EXPECT_EQ(away.Unload(), ResultCode::kSuccess);
-  }  // comes back to be shut down
-  EXPECT_EQ(session.host.Leftovers(), std::vector<std::string>{});
+  }
+  EXPECT_EQ(hosted.host.Leftovers(), std::vector<std::string>{});
 }
 
 /// The module's file in another place, so that its code is another image at another address.

@@ -4,6 +4,7 @@
 #include <stdexcept>
 
 #include "platform/nrvui/ui_edits.h"
+#include "platform/nrvui/ui_node_manager.h"
 #include "tests/support/function_presenter.h"
 #include "tests/support/mosaic_test.h"
 #include "tests/support/temporary_folder.h"
@@ -13,6 +14,55 @@ namespace {
 using nrvui::controls::UI_UnitNumberEdit;
 
 class RunTest : public MosaicTest {};
+
+TEST_F(RunTest, ShowsTheSourceAsLengthsEvenWhereTheNewSizeIsAPercentage) {
+  state.usePercent = 5;
+  record.deleteRaster = 9;
+  LookAt([](const OpenDialog& open) {
+    EXPECT_EQ(open.dialog.UI_GetNodeID(), "CreateMosaicDialog");
+    EXPECT_EQ(open.dialog.GetPlacement(), nrvui::ui::DialogPlacement::kPositioned);
+    EXPECT_TRUE(open.dialog.GetStyle().keepsCentre);
+    EXPECT_EQ(open.dialog.GetStyle().value, 0u);
+    EXPECT_EQ(open.dialog.GetDialogPoint().x, 100.0f);
+    EXPECT_EQ(open.dialog.GetDialogPoint().y, 100.0f);
+    EXPECT_TRUE(open.Get<UI_Checkbox>("DeleteRasterChk").IsChecked());
+    EXPECT_EQ(open.Label("OrigHeightStatic"), "200 pt");
+    EXPECT_EQ(open.Label("OrigWidthStatic"), "300 pt") << "the source's size is no percentage";
+    EXPECT_EQ(open.Text("NewHeightTxt"), "100 %");
+  });
+}
+
+TEST_F(RunTest, WithoutASourceSizeThereAreOnlyPercentages) {
+  record.sizeUnavailable = 2;
+  EXPECT_EQ(Run([](const OpenDialog& open) {
+              EXPECT_EQ(open.Label("OrigWidthStatic"), "N/A");
+              EXPECT_EQ(open.Label("OrigHeightStatic"), "N/A");
+              open.Get("GrayRadio").SetDisabled(false);
+              open.Click("GrayRadio");
+              open.Get("UsePercentChk").SetDisabled(false);
+              open.Click("UsePercentChk");
+              EXPECT_EQ(open.Text("NewWidthTxt"), "100 pt") << "bounds are not to be relied on";
+              open.dialog.OnReturnKey();
+            }),
+            ResultCode::kSuccess);
+  EXPECT_EQ(record.isColor, 1) << "nobody listens to the choices of side and colour";
+}
+
+TEST_F(RunTest, MnemonicsFollowThePlatformSetting) {
+  auto& settings = nrvui::ui::UI_NodeManager::Get(false).GetCustomSettingsManager();
+  const auto shown = [this] {
+    bool on = false;
+    LookAt([&](const OpenDialog& open) { on = open.Get("UsePercentChk").IsMnemonicShown(); });
+    return on;
+  };
+  EXPECT_FALSE(shown());
+  settings.SetSetting("windows.MnemonicsAlwaysOn", true);
+  EXPECT_TRUE(shown());
+  settings.SetSetting("windows.MnemonicsAlwaysOn", 1);
+  EXPECT_EQ(Run([](const OpenDialog&) {}), ResultCode::kCannot);
+  settings.SetSetting("windows.MnemonicsAlwaysOn", false);
+  EXPECT_FALSE(shown());
+}
 
 TEST_F(RunTest, WritesItsResultEvenIfTheDialogCannotBeDestroyed) {
   class FailingWindow final : public nrvui::ui::NodeObserver {
@@ -50,16 +100,14 @@ TEST_F(RunTest, ComputesTheRatioThroughTheHost) {
     open.Click("MosaicUseRatioButton");
     open.dialog.OnReturnKey();
   };
-  for (const char* refused : {"VX Real Math Suite/Divide", "VX Real Math Suite/Multiply"}) {
-    host.Operations().Refuse(refused, ResultCode::kCannot);
+  for (const auto& [refused, call] : {std::pair("VX Real Math Suite/Divide", 1),
+                                      {"VX Real Math Suite/Multiply", 1},
+                                      {"VX Real Math Suite/Multiply", 2}}) {
+    host.Operations().Refuse(refused, ResultCode::kCannot, call);
     EXPECT_EQ(Run(useRatio), ResultCode::kSuccess);
     EXPECT_EQ(record.tilesDown, 20) << "no number leaves the fields as they are";
     EXPECT_EQ(record.newHeight, 200.0f);
   }
-  host.Operations().Refuse("VX Real Math Suite/Multiply", ResultCode::kCannot, 2);
-  EXPECT_EQ(Run(useRatio), ResultCode::kSuccess);
-  EXPECT_EQ(record.tilesDown, 20);
-
   EXPECT_EQ(module.Send("QP Access", "Unload"), ResultCode::kSuccess);
   host.Operations().Refuse("acquire/QP Access Suite", ResultCode{12});
   EXPECT_EQ(module.Send("QP Access", "Reload"), ResultCode{12});

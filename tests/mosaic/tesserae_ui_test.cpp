@@ -52,23 +52,4 @@ TEST_F(TesseraeUITest, AShutDownEndsWhenTheTableCannotBeFreed) {
   ::operator delete(left);  // the plug-in that knew of it is gone
 }
 
-TEST_F(TesseraeUITest, ASuiteThatCannotBeRegisteredEndsTheStartUp) {
-  auto& operations = host.Operations();
-  for (const char* operation : {"QP Blocks Suite/AllocateBlock", "QP Suites Suite/AddSuite"}) {
-    SCOPED_TRACE(operation);
-    operations.Throw(operation, std::make_exception_ptr(7));
-    EXPECT_EQ(module.StartUp(), ResultCode::kParameter);
-    EXPECT_EQ(currentPlugin, nullptr);
-    EXPECT_TRUE(host.Leftovers().empty());
-  }
-  operations.Refuse("QP Blocks Suite/AllocateBlock", ResultCode::kOutOfMemory);
-  EXPECT_EQ(module.StartUp(), ResultCode::kParameter);
-  EXPECT_EQ(person.alerts.size(), 3u);
-
-  operations.Refuse("QP Suites Suite/AddSuite", ResultCode{12});
-  EXPECT_EQ(module.StartUp(), ResultCode{12});
-  EXPECT_EQ(module.Globals(), nullptr);
-  EXPECT_EQ(host.Leftovers().size(), 1u) << "the table, which the host may have kept";
-}
-
 }  // namespace
