@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <cmath>
 #include <cstdlib>
-#include <limits>
 #include <map>
 #include <string>
 
@@ -15,9 +14,7 @@ class MosaicModel {
  public:
   enum class Unit { kNone, kPercent, kLength };
   struct Field {
-    double value = 0;
-    double least = 0;
-    double most = 0;
+    double value = 0, least = 0, most = 0;
     Unit unit = Unit::kNone;
   };
   /// What is typed into a control; `isNumber` says whether it reads as one at all.
@@ -33,11 +30,9 @@ class MosaicModel {
     state.usePercent = state.usePercent != 0 || !hasSize;
     state.reserved6 = 0;
     ResetSize();
-    constexpr double kEndless = std::numeric_limits<double>::infinity();
     fields["HorizontalCountTxt"] = {double(int16_t(record.tilesAcross)), 1, 8640};
     fields["VerticalCountTxt"] = {double(int16_t(record.tilesDown)), 1, 8640};
-    fields["TileSpaceHorzTxt"] = {0, 0, kEndless, Unit::kLength};
-    fields["TileSpaceVertTxt"] = {0, 0, kEndless, Unit::kLength};
+    fields["TileSpaceHorzTxt"] = fields["TileSpaceVertTxt"] = {0, 0, 0, Unit::kLength};
     LimitSpacing();
   }
 

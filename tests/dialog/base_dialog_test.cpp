@@ -79,10 +79,7 @@ class TestHost final : public SheetFactory, public DrawingSupplierSource {
     *table = &current->suite;
     return ResultCode::kSuccess;
   }
-  static ResultCode Release(const char*, int32_t) {
-    --current->users;
-    return ResultCode::kSuccess;
-  }
+  static ResultCode Release(const char*, int32_t) { return --current->users, ResultCode::kSuccess; }
 
   template <class Object>
   static ResultCode Give(Object** out) {
@@ -127,8 +124,8 @@ class TestDialog : public VXUIBaseDialog<T> {
   const vx::UnicodeString* heard = nullptr;
 };
 
-std::string Button(const std::string& nodeID) {
-  return "<button id='" + nodeID + "' caption='$$$/a=b'/>";
+std::string Button(const std::string& nodeID, const std::string& element = "button") {
+  return "<" + element + " id='" + nodeID + "' caption='$$$/a=b'/>";
 }
 
 template <class T>
@@ -186,9 +183,6 @@ TYPED_TEST(BaseDialogTest, ButtonsAreFoundSwappedAndRegisteredByTheirRules) {
   const std::string help = Button("help");
   const std::string cancel = Button("cancelButton");
   const std::string reset = Button("cancel_ResetButton");
-  const auto box = [](const std::string& nodeID) {
-    return "<checkbox id='" + nodeID + "' caption='$$$/a=b'/>";
-  };
   const struct {
     std::string layout;
     std::string order;  // in which the buttons then stand
@@ -200,8 +194,8 @@ TYPED_TEST(BaseDialogTest, ButtonsAreFoundSwappedAndRegisteredByTheirRules) {
       {ok + "<row>" + help + cancel + "</row>", "okButton help cancelButton "},
       {ok + help + reset, "cancel_ResetButton help okButton ", true, false},
       {ok + reset + cancel, "cancelButton cancel_ResetButton okButton "},
-      {ok + help + box("cancelButton"), "okButton help cancelButton ", true, false},
-      {box("okButton") + help + cancel, "okButton help cancelButton ", false, true},
+      {ok + help + Button("cancelButton", "checkbox"), "okButton help cancelButton ", true, false},
+      {Button("okButton", "checkbox") + help + cancel, "okButton help cancelButton ", false, true},
       {ok + help + Button("CancelButton"), "okButton help CancelButton ", true, false},
   };
   for (const auto& [layout, order, isOkRegistered, isCancelRegistered] : cases) {
@@ -229,8 +223,7 @@ TYPED_TEST(BaseDialogTest, PlacesThemesAndAttachesAsAsked) {
   EXPECT_FALSE(still->GetOkButton());
   EXPECT_EQ(view->UI_GetParentContainer(), nullptr);
   EXPECT_TRUE(view->UI_IsShown());
-  const auto centred = this->Make({.position = false});
-  EXPECT_EQ(centred->GetPlacement(), DialogPlacement::kCentered);
+  EXPECT_EQ(this->Make({.position = false})->GetPlacement(), DialogPlacement::kCentered);
 }
 
 TYPED_TEST(BaseDialogTest, DoesWithoutWhatTheHostDoesNotGive) {

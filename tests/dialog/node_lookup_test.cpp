@@ -31,9 +31,8 @@ TEST(FindNodeByID, FirstMatchInBreadthFirstOrder) {
   EXPECT_EQ(FindNodeByID(root, "right"), right) << "nearer the root wins";
   EXPECT_EQ(FindNodeByID(root, "twin"), firstTwin) << "then child order";
   EXPECT_EQ(FindNodeByID(root, "deep"), deep);
-  for (const char* none : {"Deep", "dee", "deep ", "", "nobody"}) {
+  for (const char* none : {"Deep", "dee", "deep ", "", "nobody"})
     EXPECT_FALSE(FindNodeByID(root, none)) << none;
-  }
   root->UI_SetNodeID("h\xC3\xA9");
   EXPECT_EQ(FindNodeByID(root, "h\xC3\xA9"), root);
 }

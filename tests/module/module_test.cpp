@@ -100,7 +100,6 @@ TEST(BuiltModule, KeepsRunningWhenASecondStartUpFails) {
     first.host.Operations().Refuse(refused, ResultCode{12});
     EXPECT_EQ(image.Entry()("QP Interface", "Startup", &second), ResultCode{12});
     EXPECT_EQ(second.globals, nullptr);
-    // The host may have kept the table of a suite that it refused.
     const size_t kept = refused == std::string("QP Suites Suite/AddSuite");
     EXPECT_EQ(qpbasic::Ledger::Get().Counts().blocks, blocks + kept);
 

@@ -15,10 +15,7 @@ using standin::Module;
 namespace {
 
 constexpr const char* kNeededSuite = "VX Real Math Suite";
-
-ResultCode Reload(Module& module) {
-  return module.Reload();
-}
+constexpr auto kReload = [](Module& module) { return module.Reload(); };
 
 }  // namespace
 
@@ -33,7 +30,7 @@ void Session::RunLifeCycle() {
        "resize 600 500\nkey Return",
        ResultCode::kSuccess});
   Send("unload", &Module::Unload);
-  Send("reload", Reload);
+  Send("reload", kReload);
   Show(
       {"enter NewWidthTxt 1 in\nclick VerticalRadio\nclick MosaicUseRatioButton\n"
        "click DeleteRasterChk\nkey Escape",
@@ -61,11 +58,11 @@ void Session::RunFailures() {
   Send("start up", &Module::StartUp);
   Send("unload", &Module::Unload);
   host.Suites().SetAbsent(kNeededSuite);
-  Send("reload", Reload, module.Globals() ? standin::kSuiteNotFound : ResultCode::kSuccess);
+  Send("reload", kReload, module.Globals() ? standin::kSuiteNotFound : ResultCode::kSuccess);
   Send("message without suites", &Module::About);
   Show({"click MosaicUseRatioButton\nkey Return", ResultCode::kSuccess});
   host.Suites().SetAbsent(kNeededSuite, false);
-  Send("reload", Reload);
+  Send("reload", kReload);
   host.Suites().SetAbsent("VX User Interface Main Suite");
   Show({"key Return", ResultCode::kCannot});
   host.Suites().SetAbsent("VX User Interface Main Suite", false);

@@ -14,6 +14,7 @@
 #include "platform/nrvui/ui_dialog.h"
 #include "platform/nrvui/ui_edits.h"
 #include "platform/standin/sheet_service.h"
+#include "tests/support/function_presenter.h"
 #include "tests/support/hosted_module.h"
 
 using nrvui::controls::UI_Checkbox;
@@ -55,7 +56,10 @@ class MosaicTest : public PluginTest {
   MosaicTest() { EXPECT_EQ(module.StartUp(), ResultCode::kSuccess); }
 
   /// Calls the suite's function; `person` acts on the open dialog.
-  ResultCode Run(const Person& person);
+  ResultCode Run(const Person& person) {
+    const FunctionPresenter presenter([&](nrvui::ui::UI_Dialog& dialog) { person({dialog}); });
+    return RunDialog(record, state);
+  }
   /// The same for a person who cancels in the end.
   void LookAt(const Person& person) { EXPECT_EQ(Run(person), ResultCode::kCancelled); }
 
