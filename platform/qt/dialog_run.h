@@ -55,7 +55,8 @@ class DialogRun {
   void Close();
   void Resize(QSizeF contentSize);
 
-  /// `hook` is called after every gesture, when its handlers are done.
+  /// `hook` is called after each gesture that leaves the dialog open, when its handlers are done;
+  /// what it throws ends the run.
   void WhenChanged(std::function<void()> hook) { whenChanged = std::move(hook); }
 
   /// The field that has text which is not yet in its node; null when there is none.

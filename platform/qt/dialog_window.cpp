@@ -182,8 +182,8 @@ void DialogWindow::PlaceBeside() {
   const int right = beside.right() + 1;
   const int left = beside.left() - framed.width();
   const int middle = within(beside.center().y() - framed.height() / 2, room.top(), last.y());
-  if (right <= last.x()) return move(right, middle);
-  if (left >= room.left()) return move(left, middle);
+  if (right <= last.x()) return move(std::max(right, room.left()), middle);
+  if (left >= room.left()) return move(std::min(left, last.x()), middle);
   // There is room for a part of the rectangle only: on the side where more of it stays in sight.
   const bool isRightFreer = room.right() - beside.right() >= beside.left() - room.left();
   move(isRightFreer ? std::max(room.left(), last.x()) : room.left(), middle);

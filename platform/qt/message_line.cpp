@@ -27,8 +27,10 @@ MessageLine::MessageLine(QWidget& parent)
 }
 
 void MessageLine::SetReadOut(const ReadOut& text) {
+  const bool isNews = text.isWarning && text.text != readOut.text;
   readOut = text;
   Show();
+  if (isNews) Announce();
 }
 
 void MessageLine::SetHint(const QString& text) {
@@ -40,6 +42,10 @@ void MessageLine::SetProblem(const UI_Node& field, const QString& text) {
   std::erase_if(problems, [&](const auto& problem) { return problem.first == &field; });
   problems.emplace_back(&field, text);
   Show();
+  Announce();
+}
+
+void MessageLine::Announce() {
   QAccessibleEvent alert(&label, QAccessible::Alert);
   QAccessible::updateAccessibility(&alert);
 }

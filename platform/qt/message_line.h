@@ -15,9 +15,9 @@ struct ReadOut {
   bool isWarning = false;
 };
 
-/// The dialog's messages: what a field takes while the person is in it, and what was wrong with an
-/// entry until that field has a good one. It keeps room for two lines, so that a
-/// message does not move the controls.
+/// The dialog's messages: what follows from its present values, what a field takes while the person
+/// is in it, and what was wrong with an entry until that field has a good one. It keeps room for
+/// two lines, so that a message does not move the controls.
 class MessageLine final : public QWidget {
  public:
   using Problems = std::vector<std::pair<const nrvui::ui::UI_Node*, QString>>;
@@ -44,6 +44,8 @@ class MessageLine final : public QWidget {
  private:
   void Show();
   void Arrange();
+  /// Has assistive technology read the text now.
+  void Announce();
 
   QLabel& icon;
   QLabel& label;

@@ -18,7 +18,8 @@ LivePreview::LivePreview(Canvas& canvas, ArtworkPtr artworkToBuildFrom, const Mo
 }
 
 LivePreview::~LivePreview() {
-  canvas.Show(artwork);
+  reduction.cancel();  // one that waits for a thread is not begun any more
+  ShowArtwork();
 }
 
 void LivePreview::Follow(const MosaicChoices& newChoices) {
@@ -31,5 +32,11 @@ void LivePreview::Draw() try {
   if (!source) return;
   canvas.Show(WithMosaic(*artwork, source->Preview(artwork->picture, choices)));
 } catch (const std::exception&) {
+  ShowArtwork();
+}
+
+void LivePreview::ShowArtwork() noexcept try {
   canvas.Show(artwork);
+} catch (const std::exception&) {
+  // Without memory the canvas stays empty until something else is shown.
 }

@@ -26,6 +26,7 @@ class LivePreview {
   using ReductionPtr = std::shared_ptr<const Reduction>;  // null when there was no memory
 
   void Draw();
+  void ShowArtwork() noexcept;
 
   Canvas& canvas;
   const ArtworkPtr artwork;

@@ -333,6 +333,8 @@ TEST_F(StudioWindowTest, ALongBuildCanBeCancelledAndEndsWithTheProgram) {
       auto& cancel = *dialog.findChild<QPushButton*>();
       EXPECT_TRUE(cancel.isVisible());
       QTest::keyClick(&dialog, Qt::Key_Escape);
+      EXPECT_FALSE(cancel.isVisible());
+      dialog.close();
       EXPECT_TRUE(dialog.isVisible() && !cancel.isVisible()) << "until the work has stopped";
       EXPECT_EQ(dialog.labelText(), "Stopping…");
     });
