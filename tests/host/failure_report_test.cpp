@@ -23,8 +23,8 @@ class FailureReportTest : public FrameworkTest {
   void SetOwnTexts(const std::string& defaultText) {
     standin::StringList list;
     int32_t index = 0;
-    for (const std::string entry :
-         {"-43", "Gone is file %d.", "017", "Own text", "ok", "Short", "PARM", defaultText.c_str()})
+    for (const std::string entry : {"-43", "Gone is file %d.", "017", "Own text", "907", "Nine",
+                                    "ok", "Short", "PARM", defaultText.c_str()})
       list.Set(++index, entry);
     host.Lists().Replace(ListOwner::kPlugin, 16050, list);
   }
@@ -50,6 +50,7 @@ class FailureReportTest : public FrameworkTest {
 TEST_F(FailureReportTest, FindsTheTextThatFitsTheCode) {
   const std::pair<int32_t, const char*> cases[] = {
       {-43, "Gone is file %d."},
+      {907, "Nine"},
       {17, "Own text"},
       {'o' << 24 | 'k' << 16, "Short"},
       {Code("PARM"), kDefault},
