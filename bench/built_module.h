@@ -20,7 +20,7 @@ class BuiltModule : HostedModule {
   BuiltModule();
 
   /// The module's own entry point, without the host around it.
-  standin::EntryPoint Entry() const { return image.Entry(); }
+  PluginEntryPoint Entry() const { return image.Entry(); }
   PluginMessage Message();
 
   /// The whole dialog over a source of 300 by 200 points, shown by the presenter; answers the

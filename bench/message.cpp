@@ -31,7 +31,7 @@ const KnownMessage* FindInTurn(MessageName name) {
 
 void Send(benchmark::State& state, MessageName name) {
   bench::BuiltModule module;
-  const standin::EntryPoint entry = module.Entry();
+  const PluginEntryPoint entry = module.Entry();
   PluginMessage message = module.Message();
   if (entry(name.caller, name.selector, &message) != ResultCode::kSuccess) {
     throw std::runtime_error("the module does not answer");

@@ -42,29 +42,29 @@ struct MosaicParameters {
   uint8_t reserved77[3];    // passes through
 };
 
-static_assert(sizeof(MosaicParameters) == 80);
-static_assert(offsetof(MosaicParameters, isColor) == 8);
-static_assert(offsetof(MosaicParameters, deleteRaster) == 9);
-static_assert(offsetof(MosaicParameters, keepHorizontal) == 10);
-static_assert(offsetof(MosaicParameters, reserved11) == 11);
-static_assert(offsetof(MosaicParameters, tilesAcross) == 12);
-static_assert(offsetof(MosaicParameters, tilesDown) == 16);
-static_assert(offsetof(MosaicParameters, tileSpacingHorizontal) == 20);
-static_assert(offsetof(MosaicParameters, tileSpacingVertical) == 24);
-static_assert(offsetof(MosaicParameters, reserved28) == 28);
-static_assert(offsetof(MosaicParameters, reserved32) == 32);
-static_assert(offsetof(MosaicParameters, tilesAcrossCopy) == 36);
-static_assert(offsetof(MosaicParameters, tilesDownCopy) == 40);
-static_assert(offsetof(MosaicParameters, boundsLeft) == 44);
-static_assert(offsetof(MosaicParameters, boundsTop) == 48);
-static_assert(offsetof(MosaicParameters, boundsRight) == 52);
-static_assert(offsetof(MosaicParameters, boundsBottom) == 56);
-static_assert(offsetof(MosaicParameters, reserved60) == 60);
-static_assert(offsetof(MosaicParameters, reserved64) == 64);
-static_assert(offsetof(MosaicParameters, newWidth) == 68);
-static_assert(offsetof(MosaicParameters, newHeight) == 72);
-static_assert(offsetof(MosaicParameters, sizeUnavailable) == 76);
-static_assert(offsetof(MosaicParameters, reserved77) == 77);
+static_assert(sizeof(MosaicParameters) == 80, "");
+static_assert(offsetof(MosaicParameters, isColor) == 8, "");
+static_assert(offsetof(MosaicParameters, deleteRaster) == 9, "");
+static_assert(offsetof(MosaicParameters, keepHorizontal) == 10, "");
+static_assert(offsetof(MosaicParameters, reserved11) == 11, "");
+static_assert(offsetof(MosaicParameters, tilesAcross) == 12, "");
+static_assert(offsetof(MosaicParameters, tilesDown) == 16, "");
+static_assert(offsetof(MosaicParameters, tileSpacingHorizontal) == 20, "");
+static_assert(offsetof(MosaicParameters, tileSpacingVertical) == 24, "");
+static_assert(offsetof(MosaicParameters, reserved28) == 28, "");
+static_assert(offsetof(MosaicParameters, reserved32) == 32, "");
+static_assert(offsetof(MosaicParameters, tilesAcrossCopy) == 36, "");
+static_assert(offsetof(MosaicParameters, tilesDownCopy) == 40, "");
+static_assert(offsetof(MosaicParameters, boundsLeft) == 44, "");
+static_assert(offsetof(MosaicParameters, boundsTop) == 48, "");
+static_assert(offsetof(MosaicParameters, boundsRight) == 52, "");
+static_assert(offsetof(MosaicParameters, boundsBottom) == 56, "");
+static_assert(offsetof(MosaicParameters, reserved60) == 60, "");
+static_assert(offsetof(MosaicParameters, reserved64) == 64, "");
+static_assert(offsetof(MosaicParameters, newWidth) == 68, "");
+static_assert(offsetof(MosaicParameters, newHeight) == 72, "");
+static_assert(offsetof(MosaicParameters, sizeUnavailable) == 76, "");
+static_assert(offsetof(MosaicParameters, reserved77) == 77, "");
 
 /// The caller keeps this value from one showing of the dialog to the next; start with all zero.
 struct MosaicDialogState {
@@ -75,12 +75,12 @@ struct MosaicDialogState {
   uint8_t reserved7;       // passes through
 };
 
-static_assert(sizeof(MosaicDialogState) == 8);
-static_assert(offsetof(MosaicDialogState, aspectRatio) == 0);
-static_assert(offsetof(MosaicDialogState, noOriginalSize) == 4);
-static_assert(offsetof(MosaicDialogState, usePercent) == 5);
-static_assert(offsetof(MosaicDialogState, reserved6) == 6);
-static_assert(offsetof(MosaicDialogState, reserved7) == 7);
+static_assert(sizeof(MosaicDialogState) == 8, "");
+static_assert(offsetof(MosaicDialogState, aspectRatio) == 0, "");
+static_assert(offsetof(MosaicDialogState, noOriginalSize) == 4, "");
+static_assert(offsetof(MosaicDialogState, usePercent) == 5, "");
+static_assert(offsetof(MosaicDialogState, reserved6) == 6, "");
+static_assert(offsetof(MosaicDialogState, reserved7) == 7, "");
 
 /// The suite's function table.
 struct MosaicSuite {
@@ -88,11 +88,14 @@ struct MosaicSuite {
   static constexpr int32_t kVersion = 1001;
 
   /// Shows the dialog "Create Tesserae" over `**params` and `*state` and returns when it is
-  /// closed. To be called on the host's main thread. Answers kSuccess after OK, with both rewritten
-  /// whole; kCancelled when the dialog was closed any other way and kCannot when it could not be
-  /// shown or run, when an argument is null or the plug-in does not run, with nothing written. Only
-  /// if the dialog cannot be destroyed after OK does kCannot come with both written.
+  /// closed. To be called on the host's main thread, between Acquire and Release of the suite.
+  /// Record, state and the pointer to the record are the caller's throughout; the pointer is not
+  /// changed, and nothing is kept. Answers kSuccess after OK, with both rewritten whole; kCancelled
+  /// when the dialog was closed any other way and kCannot when it could not be shown or run, when
+  /// an argument is null or the plug-in does not run, with nothing written. Only if the dialog
+  /// cannot be destroyed after OK does kCannot come with both written. No exception leaves it, and
+  /// the user is shown no alert.
   ResultCode (*RunMosaicDialog)(MosaicDialogState* state, MosaicParameters** params);
 };
 
-static_assert(sizeof(MosaicSuite) == sizeof(void*));
+static_assert(sizeof(MosaicSuite) == sizeof(void*), "");

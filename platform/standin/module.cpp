@@ -7,8 +7,6 @@
 namespace standin {
 namespace {
 
-constexpr const char* kEntryName = "PluginMain";
-
 std::string LastLoadFailure() {
   const char* const reason = dlerror();
   return reason ? reason : "unknown reason";
@@ -23,11 +21,11 @@ ModuleImage::ModuleImage(const std::filesystem::path& file) {
   // A bare name would be searched for elsewhere.
   handle = dlopen(std::filesystem::absolute(file).c_str(), RTLD_NOW | RTLD_LOCAL);
   if (!handle) throw LoadError("cannot load " + file.string() + ": " + LastLoadFailure());
-  entry = reinterpret_cast<EntryPoint>(dlsym(handle, kEntryName));
+  entry = reinterpret_cast<PluginEntryPoint>(dlsym(handle, kPluginEntryName));
   if (entry) return;
   dlclose(handle);
   throw LoadError("cannot use " + file.string() + ": it is no plug-in, since it has no " +
-                  kEntryName);
+                  kPluginEntryName);
 }
 
 ModuleImage::~ModuleImage() {
@@ -39,7 +37,7 @@ Module::Module(Host& host, const std::filesystem::path& file) : host(host), plug
   plugin = host.AddPlugin(file.filename().string());
 }
 
-Module::Module(Host& host, EntryPoint entry, const std::string& name)
+Module::Module(Host& host, PluginEntryPoint entry, const std::string& name)
     : host(host), linkedEntry(entry), entry(entry), plugin(host.AddPlugin(name)) {}
 
 Module::~Module() {

@@ -10,9 +10,6 @@
 
 namespace standin {
 
-/// The one function through which a host talks to a plug-in module.
-using EntryPoint = ResultCode (*)(const char* caller, const char* selector, PluginMessage* message);
-
 /// A module that cannot be loaded; `what` says which and why.
 class LoadError : public std::runtime_error {
  public:
@@ -29,11 +26,11 @@ class ModuleImage {
   ModuleImage(const ModuleImage&) = delete;
   ModuleImage& operator=(const ModuleImage&) = delete;
 
-  EntryPoint Entry() const { return entry; }
+  PluginEntryPoint Entry() const { return entry; }
 
  private:
   void* handle;
-  EntryPoint entry;
+  PluginEntryPoint entry;
 };
 
 /// A plug-in under the host: its code, and what the host keeps for it from message to message.
@@ -43,7 +40,7 @@ class Module {
   /// Loads the file and sends nothing yet. Throws LoadError.
   Module(Host& host, const std::filesystem::path& file);
   /// A plug-in whose code is linked into this program.
-  Module(Host& host, EntryPoint entry, const std::string& name);
+  Module(Host& host, PluginEntryPoint entry, const std::string& name);
   ~Module();
 
   Module(const Module&) = delete;
@@ -80,8 +77,8 @@ class Module {
   Host& host;
   std::filesystem::path file;
   std::unique_ptr<ModuleImage> image;
-  EntryPoint linkedEntry = nullptr;
-  EntryPoint entry = nullptr;
+  PluginEntryPoint linkedEntry = nullptr;
+  PluginEntryPoint entry = nullptr;
   PluginRef plugin;
   void* globals = nullptr;
 };

@@ -9,7 +9,7 @@ struct HostedModule {
   explicit HostedModule(const std::filesystem::path& file,
                         const std::filesystem::path& resources = standin::DefaultResourceRoot())
       : host(person, resources), module(host, file) {}
-  HostedModule(standin::EntryPoint linked, const std::string& name,
+  HostedModule(PluginEntryPoint linked, const std::string& name,
                const std::filesystem::path& resources = standin::DefaultResourceRoot())
       : host(person, resources), module(host, linked, name) {}
 
