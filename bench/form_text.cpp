@@ -84,7 +84,7 @@ void AddWidget(pugi::xml_node parent, const pugi::xml_node& source) {
 
 QByteArray MosaicFormText() {
   pugi::xml_document layout;
-  const auto file = standin::DefaultResourceRoot() / "layouts" / "16301.xml";
+  const auto file = standin::ResourceFolders::OfProgram().plugin / "layouts" / "16301.xml";
   if (!layout.load_file(file.c_str())) throw std::runtime_error("cannot read " + file.string());
 
   pugi::xml_document form;

@@ -31,6 +31,7 @@ function(tesserae_library name kind)
   cmake_parse_arguments(ARG "" "" "SOURCES;LINKS" ${ARGN})
   add_library(${name} ${kind} ${ARG_SOURCES})
   target_link_libraries(${name} PUBLIC tesserae_settings ${ARG_LINKS})
+  set_target_properties(${name} PROPERTIES INSTALL_RPATH ${origin})
 endfunction()
 
 # tesserae_test(NAME SOURCES ... LINKS ...): one GoogleTest binary, run case by case from ctest as

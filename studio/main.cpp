@@ -98,7 +98,7 @@ int main(int argc, char** argv) try {
   qInstallMessageHandler(PassOver);
   std::signal(SIGPIPE, SIG_IGN);  // a closed pipe is then a failure like any other
   auto& localizer = nrvcore::config::Localizer::Get();
-  localizer.SetCatalogues(standin::DefaultResourceRoot() / "translations");
+  localizer.SetCatalogues(standin::ResourceFolders::OfProgram().host / "translations");
   localizer.SetLanguage({});
   const CommandLine line = CommandLine::Parse(Arguments(argc, argv));
   if (line.showHelp) {

@@ -20,11 +20,11 @@ std::string NameOf(PluginRef plugin) {
 
 }  // namespace
 
-Host::Host(UserInterface& screen, const std::filesystem::path& resources)
+Host::Host(UserInterface& screen, const ResourceFolders& resources)
     : userInterface(screen),
       suites(operations),
       lists(resources),
-      sheets(std::make_unique<SheetService>(*this, resources)),
+      sheets(std::make_unique<SheetService>(*this, resources.plugin / "layouts")),
       hostModule(objects.modules.Add({.fileName = "host", .name = "host", .isHost = true})),
       ledgerMark(qpbasic::Ledger::Get().Mark()) {
   if (currentHost) throw std::logic_error("a process has one host at a time");

@@ -2,7 +2,6 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <filesystem>
 #include <memory>
 #include <string>
 #include <utility>
@@ -27,7 +26,7 @@ class Host {
  public:
   /// Throws std::logic_error when there is a host already.
   explicit Host(UserInterface& screen,
-                const std::filesystem::path& resources = DefaultResourceRoot());
+                const ResourceFolders& resources = ResourceFolders::OfProgram());
   ~Host();
 
   Host(const Host&) = delete;

@@ -16,9 +16,15 @@ class ResourceError : public std::runtime_error {
                            reason) {}
 };
 
-/// The folder of the resources that belong to the running program: "resources" beside the
-/// program's own folder; where the system does not tell that one, "resources" in the current
-/// folder.
-std::filesystem::path DefaultResourceRoot();
+/// The folders in which a host looks for resources.
+struct ResourceFolders {
+  std::filesystem::path host;    // the host's lists, in "host", and the "translations"
+  std::filesystem::path plugin;  // the plug-in's "layouts" and "strings", and its module's file
+
+  /// Those that belong to the running program. They lie at fixed places from its own file, in a
+  /// build folder as in an installed tree; where the system does not tell that file, from the
+  /// current folder.
+  static ResourceFolders OfProgram();
+};
 
 }  // namespace standin

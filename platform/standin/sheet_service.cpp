@@ -109,8 +109,8 @@ void LayoutSheetHolder::SetMessageCallback(
 
 }  // namespace
 
-SheetService::SheetService(Host& owner, std::filesystem::path root)
-    : host(owner), resources(std::move(root)) {}
+SheetService::SheetService(Host& owner, std::filesystem::path layoutFolder)
+    : host(owner), layouts(std::move(layoutFolder)) {}
 
 boost::shared_ptr<SheetHolder> SheetService::CreateSheetHolder(OpaqueModule* pluginRef,
                                                                std::uint32_t resourceID,
@@ -122,9 +122,9 @@ boost::shared_ptr<SheetHolder> SheetService::CreateSheetHolder(OpaqueModule* plu
     return nullptr;
   }
   try {
-    return boost::make_shared<LayoutSheetHolder>(
-        ReadLayout(resources / "layouts" / (layout + ".xml"), nodes),
-        boost::make_shared<PropertySheet>(sheets), holders);
+    return boost::make_shared<LayoutSheetHolder>(ReadLayout(layouts / (layout + ".xml"), nodes),
+                                                 boost::make_shared<PropertySheet>(sheets),
+                                                 holders);
   } catch (const ResourceError& error) {
     host.NoteResourceProblem(error.what());
     return nullptr;

@@ -13,11 +13,11 @@ namespace standin {
 
 class Host;
 
-/// The host's user-interface objects: builds sheets from "layouts/<number>.xml" in the resources,
-/// and hands out the drawing supplier.
+/// The host's user-interface objects: builds sheets from "<number>.xml" in the folder of
+/// layouts, and hands out the drawing supplier.
 class SheetService final : public SheetFactory, public DrawingSupplierSource {
  public:
-  SheetService(Host& owner, std::filesystem::path root);
+  SheetService(Host& owner, std::filesystem::path layoutFolder);
 
   SheetFactory* Factory() { return this; }
   DrawingSupplierSource* SupplierSource() { return this; }
@@ -35,7 +35,7 @@ class SheetService final : public SheetFactory, public DrawingSupplierSource {
 
  private:
   Host& host;
-  std::filesystem::path resources;
+  std::filesystem::path layouts;
   nrvui::drawbot::SupplierInterface supplier;
   LiveToken holders = MakeLiveToken();
   LiveToken sheets = MakeLiveToken();

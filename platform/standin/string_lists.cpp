@@ -6,7 +6,6 @@
 
 #include "platform/nrvcore/localizer.h"
 #include "platform/nrvcore/unicode.h"
-#include "platform/standin/resources.h"
 
 namespace standin {
 
@@ -79,7 +78,8 @@ std::filesystem::path Language() {
 const std::string* StringLists::Find(ListOwner owner, int32_t number, int32_t index) {
   auto found = lists.find({owner, number});
   if (found == lists.end()) {
-    const auto folder = resources / (owner == ListOwner::kHost ? "host" : "strings");
+    const auto folder =
+        owner == ListOwner::kHost ? resources.host / "host" : resources.plugin / "strings";
     const std::string file = std::to_string(number) + ".txt";
     StringList list = ReadFile(folder / file);
     const StringList translated = ReadFile(folder / Language() / file);

@@ -7,6 +7,8 @@
 #include <string>
 #include <utility>
 
+#include "platform/standin/resources.h"
+
 namespace standin {
 
 /// Texts by number. In a file an entry is a line: the index, a tab, the text in UTF-8. Indices
@@ -28,13 +30,13 @@ class StringList {
 
 enum class ListOwner { kPlugin, kHost };
 
-/// The string lists of the resources: "strings/<number>.txt" are the plug-in's, "host/<number>.txt"
-/// the host's own. A list is read when it is first asked for, in the language of that moment:
-/// entries of "<language>/<number>.txt" beside it take the place of its own. Without a file it is
-/// empty.
+/// The string lists of the resources: "strings/<number>.txt" in the plug-in's folder,
+/// "host/<number>.txt" in the host's. A list is read when it is first asked for, in the language of
+/// that moment: entries of "<language>/<number>.txt" beside it take the place of its own. Without a
+/// file it is empty.
 class StringLists {
  public:
-  explicit StringLists(std::filesystem::path root) : resources(std::move(root)) {}
+  explicit StringLists(ResourceFolders folders) : resources(std::move(folders)) {}
 
   /// Null when there is no such entry. Throws ResourceError when the list's file is damaged.
   const std::string* Find(ListOwner owner, int32_t number, int32_t index);
@@ -43,7 +45,7 @@ class StringLists {
   void Replace(ListOwner owner, int32_t number, StringList list);
 
  private:
-  std::filesystem::path resources;
+  ResourceFolders resources;
   std::map<std::pair<ListOwner, int32_t>, StringList> lists;
 };
 

@@ -1,6 +1,5 @@
 #include "studio/caller/mosaic_caller.h"
 
-#include <QCoreApplication>
 #include <algorithm>
 #include <utility>
 
@@ -9,17 +8,13 @@
 
 namespace {
 
-std::filesystem::path ModulePath() {
-  const std::filesystem::path programs = QCoreApplication::applicationDirPath().toStdString();
-  return programs.parent_path() / "plugins" / TESSERAE_MODULE_FILE;
-}
-
 [[noreturn]] void Fail(const char* key, const std::string& reason) {
   throw StudioError(key, QString::fromStdString(reason));
 }
 
 std::unique_ptr<standin::Module> Load(standin::Host& host) try {
-  return std::make_unique<standin::Module>(host, ModulePath());
+  return std::make_unique<standin::Module>(
+      host, standin::ResourceFolders::OfProgram().plugin / TESSERAE_MODULE_FILE);
 } catch (const standin::LoadError& error) {
   Fail("$$$/Studio/Module/NotLoaded=the module cannot be loaded: %1", error.what());
 }

@@ -22,9 +22,9 @@ using campaign::ReadOrRefused;
 TEST(DamagedLayout, IsRefusedOrHoldsADialogThatDamagedGesturesPlay) {
   const char* const kLayout = "layouts/16301.xml";
   std::ostringstream original;
-  original << std::ifstream(standin::DefaultResourceRoot() / kLayout).rdbuf();
+  original << std::ifstream(standin::ResourceFolders::OfProgram().plugin / kLayout).rdbuf();
   const TemporaryFolder resources;
-  BuiltModule built(resources.path);
+  BuiltModule built({resources.path, resources.path});
   const std::string gestures =
       "enter HorizontalCountTxt 40\nenter NewWidthTxt 2.5 in\nclick UsePercentChk\n"
       "click MosaicUseRatioButton\nresize 480 360\nclick GrayRadio\nkey Return";
@@ -58,7 +58,8 @@ TEST(DamagedLayout, IsRefusedOrHoldsADialogThatDamagedGesturesPlay) {
 
 TEST(DamagedStringList, IsRefusedOrGivesAlertsThatCanBeRead) {
   std::ostringstream original;
-  original << std::ifstream(standin::DefaultResourceRoot() / "strings/16050.txt").rdbuf();
+  original
+      << std::ifstream(standin::ResourceFolders::OfProgram().plugin / "strings/16050.txt").rdbuf();
   campaign::ForEachSeed(campaign::Count(1500 / campaign::Step(1), 150000), [&](Random& random) {
     std::istringstream text(Damaged(random, original.str()));
     const auto list = ReadOrRefused<standin::ResourceError>(

@@ -9,7 +9,7 @@ using nrvcore::config::Localizer;
 class LanguagesTest : public MosaicTest {
  protected:
   LanguagesTest() {
-    Localizer::Get().SetCatalogues(standin::DefaultResourceRoot() / "translations");
+    Localizer::Get().SetCatalogues(standin::ResourceFolders::OfProgram().host / "translations");
   }
   ~LanguagesTest() override { Localizer::Get().SetLanguage("en"); }
 };

@@ -147,10 +147,11 @@ TEST_F(RunTest, WritesToTheRecordWhereItThenIs) {
 
 TEST(Layout, WithoutAControlOfItsClassShowsNoDialog) {
   std::ostringstream layout;
-  layout << std::ifstream(standin::DefaultResourceRoot() / "layouts/16301.xml").rdbuf();
+  layout
+      << std::ifstream(standin::ResourceFolders::OfProgram().plugin / "layouts/16301.xml").rdbuf();
   const FunctionPresenter presenter([](nrvui::ui::UI_Dialog& dialog) { dialog.OnReturnKey(); });
   const TemporaryFolder resources;
-  HostedModule hosted(&PluginMain, "TesseraeUI", resources.path);
+  HostedModule hosted(&PluginMain, "TesseraeUI", {resources.path, resources.path});
   EXPECT_EQ(hosted.module.StartUp(), ResultCode::kSuccess);
   const struct {
     std::string element;

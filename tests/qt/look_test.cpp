@@ -104,7 +104,7 @@ class LookTest : public MosaicWindowTest, public testing::WithParamInterface<Loo
  protected:
   LookTest() {
     Wear(GetParam());
-    Localizer::Get().SetCatalogues(standin::DefaultResourceRoot() / "translations");
+    Localizer::Get().SetCatalogues(standin::ResourceFolders::OfProgram().host / "translations");
     Localizer::Get().SetLanguage(GetParam().language);
     record.sizeUnavailable = GetParam().isSizeKnown ? 0 : 1;
   }

@@ -47,7 +47,7 @@ class HostTest : public testing::Test {
 
   TemporaryFolder resources;
   standin::RecordingUserInterface screen;
-  standin::Host host{screen, resources.path};
+  standin::Host host{screen, {resources.path, resources.path}};
   const PluginRef plugin = host.AddPlugin("plugin.so");
 };
 

@@ -134,12 +134,13 @@ TEST(StringList, ReadsEntriesWithGapsAndRefusesDamageWithFileLineAndReason) {
 }
 
 TEST(StringLists, HoldUsableTextsInEveryLanguage) {
-  const auto read = [](const std::string& file) {
-    std::ifstream stream(standin::DefaultResourceRoot() / file);
+  const auto resources = standin::ResourceFolders::OfProgram();
+  const auto read = [](const std::filesystem::path& file) {
+    std::ifstream stream(file);
     return StringList::Read(stream, file).Entries();
   };
   // Codes, each with a text behind it; behind a gap nothing would be found.
-  const auto failures = read("strings/16050.txt");
+  const auto failures = read(resources.plugin / "strings/16050.txt");
   EXPECT_EQ(failures.rbegin()->first, int32_t(failures.size()));
   std::set<std::string> codes;
   for (const auto& [index, code] : failures) {
@@ -150,17 +151,17 @@ TEST(StringLists, HoldUsableTextsInEveryLanguage) {
   for (const char* code : {"!MEM", "CANT", "PARM", "401", "402", "-43"})
     EXPECT_TRUE(codes.contains(code)) << code;
   // Every code of the host's own operations.
-  const auto host = read("host/257.txt");
+  const auto host = read(resources.host / "host/257.txt");
   for (int32_t index = 400; index <= 412; ++index) EXPECT_TRUE(host.contains(index)) << index;
 
   auto& localizer = nrvcore::config::Localizer::Get();
-  localizer.SetCatalogues(standin::DefaultResourceRoot() / "translations");
+  localizer.SetCatalogues(resources.host / "translations");
   for (const std::string language : {"de", "ja", "en"}) {
     localizer.SetLanguage(language);
-    standin::StringLists lists(standin::DefaultResourceRoot());
+    standin::StringLists lists(resources);
     for (const auto& [owner, number, texts] :
          {std::tuple(ListOwner::kPlugin, 16050, failures),
-          {ListOwner::kPlugin, 16600, read("strings/16600.txt")},
+          {ListOwner::kPlugin, 16600, read(resources.plugin / "strings/16600.txt")},
           {ListOwner::kHost, 257, host}}) {
       for (int32_t index = 1; index < 1000; ++index) {
         const std::string* const found = lists.Find(owner, number, index);

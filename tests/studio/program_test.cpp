@@ -181,9 +181,11 @@ TEST_F(Program, SaysInOneLineWhatIsWrong) {
   for (const auto& [arguments, reason] : kCases) expectRefusal(TESSERAE_STUDIO, arguments, reason);
   EXPECT_FALSE(QDir(Path("config")).exists());
 
-  const QString alone = Path("folder/studio");  // has lost its module
+  const QString alone = Path("folder/studio");  // has lost its module, but not its libraries
+  qputenv("LD_LIBRARY_PATH", TESSERAE_LIBRARIES);
   ASSERT_TRUE(QFile::copy(TESSERAE_STUDIO, alone));
   expectRefusal(alone, "in.png --gestures ok --export a.svg", "module cannot be loaded");
+  qunsetenv("LD_LIBRARY_PATH");
 }
 
 TEST_F(Program, StopsCleanlyWhenInterruptedOrNotHeard) {

@@ -501,7 +501,8 @@ int main(int argc, char** argv) {
   testing::InitGoogleTest(&argc, argv);
   const QApplication application(argc, argv);
   QCoreApplication::setApplicationName("tesserae-studio");
-  nrvcore::config::Localizer::Get().SetCatalogues(standin::DefaultResourceRoot() / "translations");
+  nrvcore::config::Localizer::Get().SetCatalogues(standin::ResourceFolders::OfProgram().host /
+                                                  "translations");
   qtui::ApplyTheme(qtui::Theme::kLight);
   qInstallMessageHandler(NoteWarning);
   return RUN_ALL_TESTS();

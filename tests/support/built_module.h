@@ -6,7 +6,8 @@
 
 /// The module as it is built, started; nothing may be left of it in the end.
 struct BuiltModule : HostedModule {
-  explicit BuiltModule(const std::filesystem::path& resources = standin::DefaultResourceRoot())
+  explicit BuiltModule(
+      const standin::ResourceFolders& resources = standin::ResourceFolders::OfProgram())
       : HostedModule(MODULE_FILE, resources) {
     EXPECT_EQ(module.StartUp(), ResultCode::kSuccess);
   }

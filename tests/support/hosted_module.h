@@ -6,11 +6,12 @@
 
 /// A module under a host of its own, not yet started, and a caller of its suite.
 struct HostedModule {
-  explicit HostedModule(const std::filesystem::path& file,
-                        const std::filesystem::path& resources = standin::DefaultResourceRoot())
+  explicit HostedModule(
+      const std::filesystem::path& file,
+      const standin::ResourceFolders& resources = standin::ResourceFolders::OfProgram())
       : host(person, resources), module(host, file) {}
   HostedModule(PluginEntryPoint linked, const std::string& name,
-               const std::filesystem::path& resources = standin::DefaultResourceRoot())
+               const standin::ResourceFolders& resources = standin::ResourceFolders::OfProgram())
       : host(person, resources), module(host, linked, name) {}
 
   /// Calls the function of the published suite; kCannot where none is published.
