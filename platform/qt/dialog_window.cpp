@@ -4,6 +4,7 @@
 #include <QGuiApplication>
 #include <QKeyEvent>
 #include <QPointer>
+#include <QPushButton>
 #include <QScopedValueRollback>
 #include <QScreen>
 #include <QStyle>
@@ -268,12 +269,18 @@ bool DialogWindow::HandleKey(const QKeyEvent& event) {
     case Qt::Key_Return:
     case Qt::Key_Enter:
     case Qt::Key_Escape:
+      if (run.IsOver()) return true;
       // Who holds a key down has not yet seen what it did.
       if (event.isAutoRepeat()) return true;
+      if (auto* const button = qobject_cast<QPushButton*>(focusWidget());
+          button != nullptr && event.key() != Qt::Key_Escape) {
+        button->click();
+        return true;
+      }
       run.Press(event.key() == Qt::Key_Escape ? Key::kEscape : Key::kReturn);
       return true;
     case Qt::Key_Alt:
-      content->ShowMnemonics(true);
+      if (!run.IsOver()) content->ShowMnemonics(true);
       return false;
     default:
       return false;
@@ -303,7 +310,7 @@ void DialogWindow::keyPressEvent(QKeyEvent* event) {
 }
 
 void DialogWindow::keyReleaseEvent(QKeyEvent* event) {
-  if (event->key() == Qt::Key_Alt) content->ShowMnemonics(false);
+  if (event->key() == Qt::Key_Alt && !run.IsOver()) content->ShowMnemonics(false);
   event->ignore();
 }
 

@@ -3,6 +3,7 @@
 #include <QLabel>
 #include <QPainter>
 #include <QPushButton>
+#include <QShortcut>
 #include <QStyle>
 #include <QToolButton>
 
@@ -94,6 +95,11 @@ void StartPage::ShowRecent(const QStringList& paths) {
     button->setAutoRaise(true);
     button->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
     button->setIcon(LineIcon(Drawing::kPicture));
+    for (const auto key : {Qt::Key_Return, Qt::Key_Enter}) {
+      auto* const shortcut = new QShortcut(key, button);
+      shortcut->setContext(Qt::WidgetShortcut);
+      QObject::connect(shortcut, &QShortcut::activated, button, &QToolButton::click);
+    }
     QObject::connect(
         button, &QToolButton::clicked, this, [this, path] { openFile(path); },
         Qt::QueuedConnection);

@@ -43,10 +43,18 @@ TEST_F(Keyboard, ChoosesAndConfirms) {
               EXPECT_EQ(QApplication::focusWidget()->objectName(), "GrayRadio");
               open.Key(Qt::Key_Tab);
               open.Key(Qt::Key_Space);
-              open.Get("cancelButton").setFocus();
-              open.Key(Qt::Key_Enter);  // the default button's, wherever the focus is
+              open.Get("MosaicUseRatioButton").setFocus();
+              open.Key(Qt::Key_Return);
+              EXPECT_TRUE(open.window.isVisible());
+              open.Get("DeleteRasterChk").setFocus();
+              open.Key(Qt::Key_Enter);
             }),
             ResultCode::kSuccess);
+  LookAt([](const OpenWindow& open) {
+    open.Get("cancelButton").setFocus();
+    open.Key(Qt::Key_Return);
+    EXPECT_FALSE(open.window.isVisible());
+  });
   EXPECT_EQ(record.isColor, 0);
   EXPECT_EQ(record.deleteRaster, 1);
   EXPECT_EQ(record.keepHorizontal, 1);
