@@ -58,6 +58,7 @@ void QtPresenter::PlayScript(nrvui::gestures::GestureScript gestureScript,
 void QtPresenter::Present(nrvui::ui::UI_Dialog& dialog) {
   error.reset();
   screenshot = {};
+  if (opening) opening(dialog);
   DialogRun run(dialog);
   const WindowScope window(run);
   const auto photograph = [&] {

@@ -37,6 +37,10 @@ class QtPresenter final : public nrvui::ui::DialogPresenter {
   /// Of the last dialog; null when it was closed before it showed.
   const QImage& Screenshot() const { return screenshot; }
 
+  /// `hook` is called for every dialog before its window is made.
+  void BeforeShown(std::function<void(nrvui::ui::UI_Dialog& dialog)> hook) {
+    opening = std::move(hook);
+  }
   /// `hook` is called for every dialog, from its event loop, after its first paint.
   void WhenPainted(std::function<void(QWidget& window)> hook) { paintedHook = std::move(hook); }
 
@@ -55,6 +59,7 @@ class QtPresenter final : public nrvui::ui::DialogPresenter {
   std::optional<nrvui::gestures::ScriptError> error;
   bool takesScreenshots = false;
   QImage screenshot;
+  std::function<void(nrvui::ui::UI_Dialog&)> opening;
   std::function<void(QWidget&)> paintedHook;
   ChangedHook changedHook;
   QRect beside;

@@ -44,3 +44,10 @@ QString ReasonText(int systemError) {
   }
   return qt_error_string(systemError);
 }
+
+QString Sentence(QString reason) {
+  if (reason.isEmpty()) return reason;
+  reason[0] = reason[0].toUpper();
+  const bool isEnded = reason.endsWith('.') || reason.endsWith(u'。');
+  return isEnded ? reason : Text("$$$/Studio/Box/Sentence=%1.", reason);
+}

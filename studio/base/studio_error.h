@@ -25,3 +25,6 @@ inline constexpr const char* kNoMemory =
 QString ReasonText(const std::exception& error);
 QString ReasonText(const QIODevice& device);
 QString ReasonText(int systemError);
+
+/// A reason, which is made to stand behind a colon, as a sentence of its own.
+QString Sentence(QString reason);

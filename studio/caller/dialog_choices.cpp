@@ -1,14 +1,17 @@
 #include "studio/caller/dialog_choices.h"
 
-#include <map>
-#include <string>
+#include <QLocale>
+#include <QStringList>
 
+#include "platform/nrvui/gesture.h"
 #include "platform/nrvui/ui_controls.h"
 #include "platform/nrvui/ui_edits.h"
 #include "platform/nrvui/ui_node.h"
 #include "studio/base/studio_error.h"
 
 using nrvui::controls::UI_Checkbox;
+using nrvui::controls::UI_ControlView;
+using nrvui::controls::UI_NumberEdit;
 using nrvui::controls::UI_RadioButton;
 using nrvui::controls::UI_UnitNumberEdit;
 using nrvui::ui::UI_Node;
@@ -73,4 +76,46 @@ MosaicChoices ChoicesOnOk(const nrvui::ui::UI_Dialog& dialog, const MosaicChoice
   params.tilesDown = params.tilesDownCopy = controls.WholeNumber("VerticalCountTxt");
   params.reserved28 = params.reserved32 = params.reserved60 = params.reserved64 = 0;
   return choices;
+}
+
+DialogEntries EntriesIn(const nrvui::ui::UI_Dialog& dialog) {
+  DialogEntries entries;
+  const auto note = [&](const UI_Node& node, double value) {
+    entries.emplace(node.UI_GetNodeID().View(), value);
+  };
+  ForEachBelow<UI_Checkbox>(dialog, [&](UI_Checkbox& box) { note(box, box.IsChecked()); });
+  ForEachBelow<UI_RadioButton>(dialog, [&](UI_RadioButton& radio) {
+    note(radio, radio.GetValue() == nrvui::controls::kRadioOn);
+  });
+  ForEachBelow<UI_NumberEdit>(dialog,
+                              [&](UI_NumberEdit& field) { note(field, field.GetNumber()); });
+  return entries;
+}
+
+QString EnterAgain(nrvui::ui::UI_Dialog& dialog, const DialogEntries& entries) {
+  QStringList changes;
+  const auto note = [&](const nrvui::gestures::Outcome& outcome) {
+    const auto text = Describe(outcome);
+    if (!text.IsEmpty())
+      changes += QString::fromUtf16(text.View().data(), qsizetype(text.View().size()));
+  };
+  const DialogEntries first = EntriesIn(dialog);
+  ForEachBelow<UI_ControlView>(dialog, [&](UI_ControlView& control) {
+    const std::string id(control.UI_GetNodeID().View());
+    const auto wanted = entries.find(id);
+    const bool isField = dynamic_cast<UI_NumberEdit*>(&control) != nullptr;
+    if (wanted == entries.end() || isField || first.at(id) == wanted->second) return;
+    // A radio button goes off when another one of its group is clicked.
+    if (dynamic_cast<UI_RadioButton*>(&control) && wanted->second == 0) return;
+    note(nrvui::gestures::Click(dialog, control));
+  });
+  const QChar sign(nrvcore::config::Localizer::Get().GetDecimalSign());
+  ForEachBelow<UI_NumberEdit>(dialog, [&](UI_NumberEdit& field) {
+    const auto wanted = entries.find(std::string(field.UI_GetNodeID().View()));
+    if (wanted == entries.end() || field.GetNumber() == wanted->second) return;
+    QString text = QString::number(wanted->second, 'g', QLocale::FloatingPointShortest);
+    text.replace('.', sign);
+    note(nrvui::gestures::Enter(dialog, field, Replacement(text).Text()));
+  });
+  return changes.join(' ');
 }

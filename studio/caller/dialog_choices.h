@@ -1,5 +1,9 @@
 #pragma once
 
+#include <QString>
+#include <map>
+#include <string>
+
 #include "platform/nrvui/ui_dialog.h"
 #include "studio/mosaic/mosaic_choices.h"
 
@@ -7,3 +11,14 @@
 /// person reads them. `asked` is what the dialog was asked with; its flags are 0 or 1. Throws
 /// StudioError when a control is absent or of another class.
 MosaicChoices ChoicesOnOk(const nrvui::ui::UI_Dialog& dialog, const MosaicChoices& asked);
+
+/// What a dialog's controls hold, by their IDs: numbers of fields, 1 for what is checked or
+/// selected and 0 for what is not.
+using DialogEntries = std::map<std::string, double>;
+
+DialogEntries EntriesIn(const nrvui::ui::UI_Dialog& dialog);
+
+/// Does to a dialog that was just opened what a person would who wants these entries: clicks first,
+/// since they change what fields hold, then types the numbers that differ. Answers, in sentences,
+/// what did not become as it was; empty when all did.
+QString EnterAgain(nrvui::ui::UI_Dialog& dialog, const DialogEntries& entries);

@@ -16,12 +16,9 @@ bool IsUsable(double length) {
   return length >= 0.5 && length < kLargestSize + 0.5;
 }
 
-MosaicChoices FirstChoices(QSizeF pictureSize) {
+MosaicChoices FirstChoices() {
   MosaicChoices choices;
-  const double down = kFirstTilesAcross * pictureSize.height() / pictureSize.width();
   choices.params.tilesAcross = kFirstTilesAcross;
-  choices.params.tilesDown =
-      std::clamp(int(std::lround(std::min(down, 1e6))), 1, kMostTilesEntered);
   choices.params.isColor = 1;
   choices.params.deleteRaster = 1;
   choices.params.keepHorizontal = 1;
@@ -42,10 +39,15 @@ ArtworkPtr WithMosaic(const Artwork& artwork, Mosaic mosaic) {
   return std::make_shared<const Artwork>(std::move(made));
 }
 
-MosaicChoices ChoicesFor(const Artwork& artwork, const std::optional<MosaicChoices>& last) {
+MosaicChoices ChoicesFor(const Artwork& artwork, const std::optional<MosaicChoices>& last,
+                         const std::optional<MosaicChoices>& former) {
   const QSizeF size = artwork.picture.SizeInPoints();
-  MosaicChoices choices = last ? *last : FirstChoices(size);
+  MosaicChoices choices = former ? *former : last ? *last : FirstChoices();
   MosaicParameters& params = choices.params;
+  if (!former) {
+    const double down = params.tilesAcross * size.height() / size.width();
+    params.tilesDown = int(std::lround(std::clamp(down, 1.0, double(kMostTilesEntered))));
+  }
   params.sizeUnavailable = !artwork.isSizeKnown;
   params.boundsRight = artwork.isSizeKnown ? int(std::lround(size.width())) : 0;
   params.boundsBottom = artwork.isSizeKnown ? int(std::lround(size.height())) : 0;

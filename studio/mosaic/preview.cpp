@@ -40,7 +40,7 @@ Outlook OutlookFor(const Picture& picture, const MosaicChoices& choices) try {
                NumberForUser(geometry.tile.width()), NumberForUser(geometry.tile.height())),
           true};
 } catch (const StudioError& error) {
-  return {error.what(), false};
+  return {Sentence(error.what()), false};
 }
 
 Reduction::Reduction(const Picture& picture) : reduced(Reduced(picture)) {}

@@ -2,7 +2,7 @@
 
 #include "studio/mosaic/artwork.h"
 
-/// What choices lead to, in words.
+/// What choices lead to, in a sentence.
 struct Outlook {
   QString text;
   bool isMosaic;  // or else why there will be none

@@ -28,14 +28,6 @@ void Run(QMessageBox& box) {
   box.exec();
 }
 
-/// Reasons are made to stand behind a colon.
-QString Sentence(QString reason) {
-  if (reason.isEmpty()) return reason;
-  reason[0] = reason[0].toUpper();
-  const bool isEnded = reason.endsWith('.') || reason.endsWith(u'。');
-  return isEnded ? reason : Text("$$$/Studio/Box/Sentence=%1.", reason);
-}
-
 }  // namespace
 
 void MessageBoxes::ShowAlert(const std::string& text) {

@@ -11,7 +11,6 @@
 #include <QStatusBar>
 
 #include "studio/base/studio_error.h"
-#include "studio/caller/dialog_choices.h"
 #include "studio/window/background_work.h"
 #include "studio/window/captions.h"
 #include "studio/window/file_dialogs.h"
@@ -79,6 +78,7 @@ void StudioWindow::Connect() {
   on(actions.undo, [this] { Step(&Document::Undo); });
   on(actions.redo, [this] { Step(&Document::Redo); });
   on(actions.tesserae, [this] { CreateTesserae(); });
+  on(actions.tesseraeAgain, [this] { CreateTesseraeAgain(); });
   on(actions.zoomIn, [this] { canvas->ZoomIn(); });
   on(actions.zoomOut, [this] { canvas->ZoomOut(); });
   on(actions.actualSize, [this] { canvas->SetZoom(1); });
@@ -171,27 +171,66 @@ bool StudioWindow::OpenPicture(const QString& path) {
 }
 
 bool StudioWindow::CreateTesserae() {
-  const ArtworkPtr shown = Shown();
-  if (!shown) return false;
+  return Shown() && Create({});
+}
+
+bool StudioWindow::CreateTesseraeAgain() {
+  const Confirmed* const former = ConfirmedForShown();
+  return former && Create(former->entries);
+}
+
+const StudioWindow::Confirmed* StudioWindow::ConfirmedForShown() const {
+  if (!Shown()) return nullptr;
+  const auto found = confirmed.find({Shown()->path, Shown()->isSizeKnown});
+  return found == confirmed.end() ? nullptr : &found->second;
+}
+
+bool StudioWindow::Create(DialogEntries entries) {
   return Do(Text("$$$/Studio/Error/Create=The mosaic cannot be made."), [&] {
-    MosaicChoices choices = ChoicesFor(*shown, lastChoices.Load([this](const StudioError&) {
+    const ArtworkPtr shown = Shown();
+    const auto last = lastChoices.Load([this](const StudioError&) {
       Tell(
           Text("$$$/Studio/Status/ChoicesUnreadable=Your last choices cannot be read. The dialog "
                "starts afresh."));
-    }));
+    });
+    const Confirmed* const former = ConfirmedForShown();
+    const MosaicChoices asked =
+        former ? ChoicesFor(*shown, last, former->choices) : ChoicesFor(*shown, last);
     std::optional<LivePreview> preview;
-    if (actions.preview->isChecked()) preview.emplace(*canvas, shown, choices);
+    if (actions.preview->isChecked()) preview.emplace(*canvas, shown, asked);
+    const auto forget = qScopeGuard([this] {
+      presenter.BeforeShown({});
+      presenter.WhenChanged({});
+    });
+    QString notice;  // said until the person changes something
+    std::optional<DialogEntries> opened;
+    presenter.BeforeShown([&](nrvui::ui::UI_Dialog& dialog) {
+      notice = QStringList{notice, EnterAgain(dialog, entries)}.join(' ').trimmed();
+      opened = EntriesIn(dialog);
+    });
     presenter.OpenBeside(canvas->ArtOnScreen());
     presenter.WhenChanged([&](const nrvui::ui::UI_Dialog& dialog) {
-      const MosaicChoices present = ChoicesOnOk(dialog, choices);
+      entries = EntriesIn(dialog);
+      const MosaicChoices present = ChoicesOnOk(dialog, asked);
       if (preview) preview->Follow(present);
+      if (!notice.isEmpty() && entries == opened) return qtui::ReadOut{notice, true};
       const Outlook outlook = OutlookFor(shown->picture, present);
       return qtui::ReadOut{outlook.text, !outlook.isMosaic};
     });
-    const auto forget = qScopeGuard([this] { presenter.WhenChanged({}); });
-    if (!Ask(choices)) return false;
-    std::optional<Mosaic> mosaic = BuildMosaic(*this, shown->picture, choices);
-    if (!mosaic) return TellOfCancel();
+    std::optional<Mosaic> mosaic;
+    MosaicChoices choices;
+    while (!mosaic) {
+      choices = asked;
+      if (!Ask(choices)) return false;
+      confirmed[{shown->path, shown->isSizeKnown}] = {choices, entries};
+      actions.tesseraeAgain->setEnabled(true);
+      try {
+        mosaic = BuildMosaic(*this, shown->picture, choices);
+        notice = Text("$$$/Studio/Line/Stopped=The building was stopped.");
+      } catch (const std::exception& error) {
+        notice = Sentence(ReasonText(error));
+      }
+    }
     preview.reset();
     document.Change(Text("$$$/Studio/Undo/Create=Create Tesserae"),
                     WithMosaic(*shown, std::move(*mosaic)));
@@ -265,6 +304,7 @@ void StudioWindow::ShowDocument() {
                           actions.fit, actions.zoom}) {
     action->setEnabled(shown != nullptr);
   }
+  actions.tesseraeAgain->setEnabled(ConfirmedForShown() != nullptr);
   actions.exportMosaic->setEnabled(shown && shown->mosaic);
   const QString undo = document.UndoName();
   actions.undo->setEnabled(!undo.isEmpty());

@@ -3,10 +3,12 @@
 #include <QLabel>
 #include <QMainWindow>
 #include <QStackedWidget>
+#include <map>
 #include <memory>
 #include <optional>
 
 #include "platform/qt/qt_presenter.h"
+#include "studio/caller/dialog_choices.h"
 #include "studio/caller/last_choices.h"
 #include "studio/caller/mosaic_caller.h"
 #include "studio/mosaic/artwork.h"
@@ -27,6 +29,8 @@ class StudioWindow final : public QMainWindow {
   /// it was done.
   bool OpenPicture(const QString& path);
   bool CreateTesserae();
+  /// The same, beginning with the entries that the person confirmed last for this picture.
+  bool CreateTesseraeAgain();
   bool Export(const QString& path);
 
   /// Whether pictures are placed as if their files did not say how large they are.
@@ -51,6 +55,11 @@ class StudioWindow final : public QMainWindow {
   void dropEvent(QDropEvent* event) override;
 
  private:
+  struct Confirmed {
+    MosaicChoices choices;
+    DialogEntries entries;
+  };
+
   void Connect();
   void MakeZoomMenu();
   void FillRecentMenu();
@@ -60,6 +69,8 @@ class StudioWindow final : public QMainWindow {
   void ShowAbout();
   bool AskForPicture();
   bool AskForExport();
+  const Confirmed* ConfirmedForShown() const;
+  bool Create(DialogEntries entries);
   bool Ask(MosaicChoices& choices);
   void KeepChoices(const MosaicChoices& choices);
   /// Does what the studio can do only one at a time; tells what goes wrong. Answers whether it was
@@ -84,5 +95,7 @@ class StudioWindow final : public QMainWindow {
   StartPage* startPage;
   Canvas* canvas;
   QLabel* summary;
+  /// What OK confirmed last for a picture, by its path and whether its size was known.
+  std::map<std::pair<QString, bool>, Confirmed> confirmed;
   bool isBusy = false;
 };

@@ -39,6 +39,9 @@ constexpr Row kRows[] = {
      "Ctrl+Shift+Z; Ctrl+Y", Drawing::kRedo},
     {&WindowActions::tesserae, "createTesserae", "$$$/Studio/Menu/CreateTesserae=&Create Tesserae…",
      "$$$/Studio/Tip/CreateTesserae=Turn the picture into a mosaic", "Ctrl+T", Drawing::kTesserae},
+    {&WindowActions::tesseraeAgain, "createTesseraeAgain",
+     "$$$/Studio/Menu/CreateAgain=Create Tesserae A&gain…",
+     "$$$/Studio/Tip/CreateAgain=Begin with what you chose last for this picture", "Ctrl+Shift+T"},
     {&WindowActions::zoomIn, "zoomIn", "$$$/Studio/Menu/ZoomIn=Zoom &In",
      "$$$/Studio/Tip/ZoomIn=Zoom in", "Ctrl++; Ctrl+=", Drawing::kZoomIn},
     {&WindowActions::zoomOut, "zoomOut", "$$$/Studio/Menu/ZoomOut=Zoom &Out",
@@ -111,7 +114,7 @@ void FillMenus(QMainWindow& window, WindowActions& actions) {
   edit->addActions({actions.undo, actions.redo});
 
   QMenu* const object = bar.addMenu(Text("$$$/Studio/Menu/Object=&Object"));
-  object->addAction(actions.tesserae);
+  object->addActions({actions.tesserae, actions.tesseraeAgain});
 
   QMenu* const view = bar.addMenu(Text("$$$/Studio/Menu/View=&View"));
   view->addActions({actions.zoomIn, actions.zoomOut, actions.actualSize, actions.fit});

@@ -16,6 +16,7 @@ struct WindowActions {
   QAction* undo;
   QAction* redo;
   QAction* tesserae;
+  QAction* tesseraeAgain;
   QAction* zoomIn;
   QAction* zoomOut;
   QAction* actualSize;

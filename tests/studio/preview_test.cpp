@@ -144,7 +144,7 @@ TEST(Preview, SaysWhatChoicesLeadTo) {
   crowded.params.tileSpacingHorizontal = 98;
   const Outlook bad = OutlookFor(picture, crowded);
   EXPECT_FALSE(bad.isMosaic);
-  EXPECT_TRUE(bad.text.contains("no room for tiles")) << bad.text.toStdString();
+  EXPECT_TRUE(bad.text.startsWith("No room for tiles")) << bad.text.toStdString();
 }
 
 }  // namespace

@@ -108,6 +108,21 @@ class StudioWindowTest : public StudioFolder {
     Play(gestures);
     return window->CreateTesserae();
   }
+  /// The script plays in the first dialog; `person` has the one that comes again, then cancels.
+  void CreateTwice(const char* gestures, const std::function<void(QWidget&)>& person) {
+    int dialogs = 0;
+    window->Presenter().WhenPainted([&](QWidget& dialog) {
+      if (++dialogs == 1) return;
+      person(dialog);
+      dialog.close();
+    });
+    EXPECT_FALSE(Create(gestures));
+    EXPECT_EQ(dialogs, 2);
+    window->Presenter().WhenPainted({});
+  }
+  static QString Message(const QWidget& dialog) {
+    return dialog.findChild<QWidget*>("messages")->findChildren<QLabel*>().back()->text();
+  }
   QAction& Action(const char* name) const { return *window->findChild<QAction*>(name); }
   QString Summary() const { return window->findChild<QLabel*>("summary")->text(); }
   QImage Canvas() const { return window->findChild<::Canvas*>()->grab().toImage(); }
@@ -125,7 +140,7 @@ TEST_F(StudioWindowTest, TheCanvasShowsWhatOkWouldBuildWhileTheDialogIsOpen) {
   const auto look = [&](QWidget& dialog) {
     QTest::qWait(300);
     preview = Canvas();
-    said = dialog.findChild<QWidget*>("messages")->findChildren<QLabel*>().back()->text();
+    said = Message(dialog);
     EXPECT_FALSE(window->findChild<::Canvas*>()->ArtOnScreen().isEmpty());
   };
   window->Presenter().WhenPainted([&](QWidget& dialog) {
@@ -266,10 +281,10 @@ TEST_F(StudioWindowTest, SaysWhyThereIsNoMosaicInThePersonsLanguage) {
 
   Speak("de");
   EXPECT_FALSE(Create("key Escape"));
-  Hear("error", text);
-  EXPECT_FALSE(Create("enter NewHeightTxt 0\nkey Return"));
+  CreateTwice("enter NewHeightTxt 0\nkey Return",
+              [&](const QWidget& dialog) { text = Message(dialog); });
   EXPECT_FALSE(window->Shown()->mosaic);
-  EXPECT_TRUE(text.contains("|Die neue Höhe lässt kein Mosaik zu")) << text.toStdString();
+  EXPECT_TRUE(text.startsWith("Die neue Höhe lässt kein Mosaik zu")) << text.toStdString();
   EXPECT_TRUE(text.endsWith("größer als 0 sein.")) << text.toStdString();
   EXPECT_TRUE(Action("about").text().contains("TesseraeUI"));
   Hear("about", text);
@@ -281,6 +296,30 @@ TEST_F(StudioWindowTest, SaysWhyThereIsNoMosaicInThePersonsLanguage) {
   Action("about").trigger();
   EXPECT_TRUE(text.contains("|Über das Modul ")) << text.toStdString();
   EXPECT_TRUE(text.contains("Etwas Unerwartetes ist schiefgegangen")) << text.toStdString();
+}
+
+TEST_F(StudioWindowTest, EntriesComeBackAsTheyWere) {
+  OpenPicture();
+  int seen = 0;
+  const auto expectEntries = [&](const QWidget& dialog) {
+    ++seen;
+    for (const auto& [field, text] :
+         {std::pair("NewWidthTxt", "33.3333 %"), std::pair("NewHeightTxt", "0 %"),
+          std::pair("HorizontalCountTxt", "12"), std::pair("TileSpaceHorzTxt", "2.5 pt")})
+      EXPECT_EQ(dialog.findChild<QWidget*>(field)->findChild<QLineEdit*>()->text(), text);
+    EXPECT_TRUE(dialog.findChild<QAbstractButton*>("GrayRadio")->isChecked());
+    EXPECT_FALSE(dialog.findChild<QAbstractButton*>("DeleteRasterChk")->isChecked());
+  };
+  EXPECT_FALSE(Action("createTesseraeAgain").isEnabled());
+  CreateTwice(
+      "click UsePercentChk\nenter NewWidthTxt 33.33333\nenter NewHeightTxt 0\n"
+      "enter HorizontalCountTxt 12\nenter TileSpaceHorzTxt 2.5\nclick GrayRadio\n"
+      "click DeleteRasterChk\nkey Return",
+      expectEntries);
+  window->Presenter().PlayScript(nrvui::gestures::GestureScript::Parse("", "test"));
+  window->Presenter().WhenPainted(expectEntries);
+  Action("createTesseraeAgain").trigger();
+  EXPECT_EQ(seen, 2);
 }
 
 TEST_F(StudioWindowTest, AsksBeforeClosingForEveryMosaicThatIsNotExported) {
@@ -324,7 +363,9 @@ TEST_F(StudioWindowTest, AsksBeforeClosingForEveryMosaicThatIsNotExported) {
 TEST_F(StudioWindowTest, ALongBuildCanBeCancelledAndEndsWithTheProgram) {
   for (const bool programEnds : {false, true}) {
     OpenPicture();
-    Play("enter HorizontalCountTxt 8640\nenter VerticalCountTxt 8640\nkey Return");
+    constexpr const char* kHuge =
+        "enter HorizontalCountTxt 8640\nenter VerticalCountTxt 8640\nkey Return";
+    Play(kHuge);
     bool wasSeen = false;
     WhenOpen<QProgressDialog>("progress", [&](QProgressDialog& dialog) {
       wasSeen = true;
@@ -342,7 +383,9 @@ TEST_F(StudioWindowTest, ALongBuildCanBeCancelledAndEndsWithTheProgram) {
       QTimer::singleShot(0, &*window, [&] { Action("createTesserae").trigger(); });
       QApplication::exec();
     } else {
-      EXPECT_FALSE(window->CreateTesserae());
+      CreateTwice(kHuge, [](const QWidget& dialog) {
+        EXPECT_EQ(Message(dialog), "The building was stopped.");
+      });
     }
     EXPECT_TRUE(wasSeen);
     EXPECT_FALSE(window->Shown()->mosaic);
