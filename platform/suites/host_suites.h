@@ -15,7 +15,8 @@
 /// writes nothing through its pointers. A host written in C++ may throw instead; the module guards
 /// every call. Strings are NUL-terminated ASCII, lent for the call: who wants to keep one copies
 /// it. A handle that an operation writes is the caller's until the operation that gives it back;
-/// what stands behind it is the host's.
+/// what stands behind it is the host's. Names and versions have no address before C++17: hand them
+/// on by value.
 
 class SheetFactory;
 class DrawingSupplierSource;

@@ -1,0 +1,43 @@
+// A plug-in that asks for the mosaic dialog when the person chooses its menu entry.
+
+#include <cstdio>
+#include <cstring>
+
+#include "mosaic/mosaic_suite.h"
+#include "platform/suites/host_suites.h"
+
+namespace {
+
+// As the last showing left it. A plug-in that may be unloaded keeps it in a block of the host.
+MosaicDialogState state = {};
+
+ResultCode AskForMosaic(const QPBasicSuite& basic) {
+  MosaicParameters record = {};
+  record.isColor = 1;
+  record.tilesAcross = 30;
+  record.tilesDown = 20;
+  record.boundsRight = 300;  // of the placed picture, in points
+  record.boundsBottom = 200;
+
+  const void* table = nullptr;
+  const ResultCode found = basic.Acquire(MosaicSuite::kName, MosaicSuite::kVersion, &table);
+  if (Failed(found)) return found;
+  MosaicParameters* address = &record;
+  const auto* suite = static_cast<const MosaicSuite*>(table);
+  const ResultCode answer = suite->RunMosaicDialog(&state, &address);
+  (void)basic.Release(MosaicSuite::kName, MosaicSuite::kVersion);
+
+  if (answer == ResultCode::kCancelled) return ResultCode::kSuccess;
+  // Here a real caller builds the mosaic from the picture.
+  if (!Failed(answer)) std::printf("%d by %d tiles\n", record.tilesAcross, record.tilesDown);
+  return answer;
+}
+
+}  // namespace
+
+extern "C" __attribute__((visibility("default"))) ResultCode PluginMain(const char* caller,
+                                                                        const char* selector,
+                                                                        PluginMessage* message) {
+  const bool isMenu = std::strcmp(caller, "VX Menu") == 0 && std::strcmp(selector, "VX Go") == 0;
+  return isMenu ? AskForMosaic(*message->basicSuite) : ResultCode::kSuccess;
+}
