@@ -37,6 +37,8 @@ constexpr std::string_view kSuffixes[] = {"", " %", " pt"};  // by NumberUnit
 constexpr std::u16string_view kBlanks = u" \t\u00A0\u2009\u202F\u3000";
 constexpr char16_t kMinusSign = u'\u2212';
 constexpr char kForeign = '\x7F';  // stands for whatever no number and no unit contains
+constexpr char kDecimal = '\x1F';  // stands for the language's decimal sign
+constexpr std::size_t kGroup = 3;  // digits between the signs that group them
 
 template <class View>
 View Trimmed(View text, View blanks) {
@@ -51,13 +53,13 @@ constexpr char16_t Narrow(char16_t character) {
   return isWide ? static_cast<char16_t>(character - u'\uFF01' + u'!') : character;
 }
 
-/// The text in lower-case ASCII with '.' as decimal sign and plain blanks.
+/// The text in lower-case ASCII with plain blanks and kDecimal.
 std::string Plain(std::u16string_view text, char16_t decimalSign) {
   std::string plain;
   for (const char16_t typed : Trimmed(text, kBlanks)) {
     const char16_t character = Narrow(typed);
     if (character == decimalSign) {
-      plain += '.';
+      plain += kDecimal;
     } else if (character == kMinusSign) {
       plain += '-';
     } else if (kBlanks.find(character) != kBlanks.npos) {
@@ -71,6 +73,33 @@ std::string Plain(std::u16string_view text, char16_t decimalSign) {
   return plain;
 }
 
+/// Whether `sign` stands between groups of three digits, as in "1,234", and nowhere else.
+bool IsGrouped(std::string_view digits, char sign) {
+  std::size_t place = digits.find(sign);
+  if (place > kGroup || digits.starts_with('0') || digits.starts_with(sign)) return false;
+  for (; place < digits.size(); place += kGroup + 1) {
+    const std::string_view group = digits.substr(place + 1, kGroup);
+    if (digits[place] != sign || group.size() < kGroup || group.find(sign) != group.npos)
+      return false;
+  }
+  return true;
+}
+
+/// Leaves the text with '.' as its only sign among the digits. False when the other sign could be
+/// meant either way.
+bool SettleSigns(std::string& text, char16_t decimalSign) {
+  const char sign = decimalSign == u',' ? '.' : ',';
+  const std::size_t begin = std::min(text.find_first_not_of("+-"), text.size());
+  const std::size_t end =
+      std::min(text.find_first_not_of(std::string("0123456789") + sign, begin), text.size());
+  const std::string digits = text.substr(begin, end - begin);
+  const bool isGrouped = IsGrouped(digits, sign);
+  if (isGrouped)
+    text.erase(std::remove(text.begin(), text.begin() + end, sign), text.begin() + end);
+  std::ranges::replace(text, kDecimal, '.');
+  return isGrouped || sign == '.' || digits.find(sign) == digits.npos;
+}
+
 ParsedNumber No(Refusal refusal) {
   return {0, refusal};
 }
@@ -78,7 +107,9 @@ ParsedNumber No(Refusal refusal) {
 }  // namespace
 
 ParsedNumber ParseNumber(std::u16string_view text, NumberUnit fieldUnit, char16_t decimalSign) {
-  const std::string plain = Plain(text, decimalSign);
+  std::string plain = Plain(text, decimalSign);
+  if (plain.empty()) return No(Refusal::kMissing);
+  if (!SettleSigns(plain, decimalSign)) return No(Refusal::kTwoReadings);
   std::string_view rest = plain;
   if (rest.starts_with('+') && !rest.starts_with("+-")) rest.remove_prefix(1);
 

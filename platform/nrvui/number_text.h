@@ -16,9 +16,10 @@ struct ParsedNumber {
 };
 
 /// Reads a number with an optional unit: pt, px (a point each), mm, cm, in for lengths, % for
-/// percentages; without one it is in the field's unit. Decimals follow `decimalSign` or '.'. Wide
-/// forms of all these count as well. There are no thousands separators. Refuses what is no number,
-/// too large or small to be counted, or of another kind of unit.
+/// percentages; without one it is in the field's unit. Decimals follow `decimalSign`. Of ',' and
+/// '.' the other sign may stand between groups of three digits; a '.' that stands there otherwise
+/// is a decimal sign, a ',' is refused. Wide forms of all these count as well. Refuses what is no
+/// number, too large or small to be counted, or of another kind of unit.
 NRV_EXPORT ParsedNumber ParseNumber(std::u16string_view text, NumberUnit fieldUnit,
                                     char16_t decimalSign);
 

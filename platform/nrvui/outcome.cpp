@@ -45,8 +45,13 @@ const char* TextFor(Refusal refusal) {
       return "$$$/nrvui/Gesture/NotEditable=Nothing can be entered here.";
     case Refusal::kNotClickable:
       return "$$$/nrvui/Gesture/NotClickable=There is nothing to click here.";
+    case Refusal::kMissing:
+      return "$$$/nrvui/Gesture/Missing=A number is missing.";
     case Refusal::kNotANumber:
       return "$$$/nrvui/Gesture/NotANumber=\"%1\" is not a number.";
+    case Refusal::kTwoReadings:
+      return "$$$/nrvui/Gesture/TwoReadings=\"%1\" can be read in two ways; decimals follow a "
+             "point.";
     case Refusal::kOutOfRange:
       return "$$$/nrvui/Gesture/OutOfRange=\"%1\" is not a number that can be counted with.";
     case Refusal::kOtherUnit:

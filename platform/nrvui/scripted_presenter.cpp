@@ -1,10 +1,13 @@
 #include "platform/nrvui/scripted_presenter.h"
 
+#include <algorithm>
 #include <deque>
 #include <utility>
 
+#include "platform/nrvcore/localizer.h"
 #include "platform/nrvcore/unicode.h"
 #include "platform/nrvui/gesture.h"
+#include "platform/nrvui/ui_edits.h"
 
 namespace nrvui::gestures {
 
@@ -53,6 +56,14 @@ UI_Node& ScriptRun::Control(const Step& step) const {
   throw ScriptError(script.Name(), step.line, "the dialog has no control \"" + step.target + "\"");
 }
 
+nrvcore::UTF16String ScriptRun::Typed(const Step& step, const UI_Node& field) {
+  std::u16string text(nrvcore::utility::UTF8ToUTF16(step.text).View());
+  if (dynamic_cast<const controls::UI_NumberEdit*>(&field) != nullptr) {
+    std::ranges::replace(text, u'.', nrvcore::config::Localizer::Get().GetDecimalSign());
+  }
+  return nrvcore::UTF16String(text);
+}
+
 void ScriptRun::Note(const Step& step, const Outcome& outcome) const {
   if (outcome.IsRefused()) throw ScriptError(script.Name(), step.line, Sentence(outcome));
   if (!outcome.IsPulled()) return;
@@ -67,8 +78,10 @@ namespace {
 
 Outcome Play(ui::UI_Dialog& dialog, const ScriptRun& run, const Step& step) {
   switch (step.verb) {
-    case Verb::kEnter:
-      return Enter(dialog, run.Control(step), nrvcore::utility::UTF8ToUTF16(step.text));
+    case Verb::kEnter: {
+      UI_Node& field = run.Control(step);
+      return Enter(dialog, field, ScriptRun::Typed(step, field));
+    }
     case Verb::kClick:
       return Click(dialog, run.Control(step));
     case Verb::kKey:

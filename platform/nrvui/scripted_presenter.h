@@ -27,6 +27,10 @@ class NRV_EXPORT ScriptRun {
   /// Throws ScriptError when the dialog has no such control.
   ui::UI_Node& Control(const Step& step) const;
 
+  /// What a person would type for the step's text: in numbers of a script '.' is the decimal sign,
+  /// whatever the language.
+  static nrvcore::UTF16String Typed(const Step& step, const ui::UI_Node& field);
+
  private:
   void Note(const Step& step, const Outcome& outcome) const;
   void Report(const std::string& message) const;

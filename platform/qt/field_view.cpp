@@ -35,7 +35,10 @@ FieldView::FieldView(DialogRun& modalRun, MessageLine& messageLine,
       edit(textField),
       name(ToQString(shown.UI_GetNodeID())) {
   edit.SetListener(this);
-  QObject::connect(&edit, &QLineEdit::textEdited, &edit, [this] { run.SetEditor(this); });
+  QObject::connect(&edit, &QLineEdit::textEdited, &edit, [this] {
+    ClearProblem();
+    run.SetEditor(this);
+  });
 }
 
 FieldView::~FieldView() {
@@ -47,7 +50,9 @@ void FieldView::Follow() {
   if (ToQString(field.GetValue()) != shownValue) {
     ClearProblem();
     ShowValue();
+    wrong = Complaint();
   }
+  if (!wrong.isEmpty()) Complain(wrong);  // the range may be another one now
   NodeView::Follow();
   if (edit.hasFocus()) ShowHint();
 }
@@ -55,6 +60,7 @@ void FieldView::Follow() {
 void FieldView::SetName(const QString& spokenName) {
   name = spokenName;
   NodeView::SetName(name);
+  if (!wrong.isEmpty()) Complain(wrong);
 }
 
 void FieldView::ShowValue() {
@@ -79,7 +85,7 @@ bool FieldView::Enter(const nrvcore::UTF16String& text) {
     ClearProblem();
     return true;
   }
-  ShowProblem(Problem(ToQString(Describe(outcome))));
+  Complain(ToQString(Describe(outcome)));
   return false;
 }
 
@@ -97,11 +103,12 @@ void FieldView::ShowHint() {
   messages.SetHint(range.isEmpty() ? QString() : Localized(HintKey(), name, range));
 }
 
-QString FieldView::Problem(const QString& sentence) const {
+void FieldView::Complain(const QString& sentence) {
+  wrong = sentence;
   QString range = Range();
   range.replace(u' ', QChar::Nbsp);
-  return range.isEmpty() ? Localized(kProblem, name, sentence)
-                         : Localized(kProblemAndRange, name, sentence, range);
+  ShowProblem(range.isEmpty() ? Localized(kProblem, name, wrong)
+                              : Localized(kProblemAndRange, name, wrong, range));
 }
 
 void FieldView::ShowProblem(const QString& text) {
@@ -110,6 +117,7 @@ void FieldView::ShowProblem(const QString& text) {
 }
 
 void FieldView::ClearProblem() {
+  wrong.clear();
   messages.ClearProblem(field);
   edit.SetMarked(false);
 }
@@ -132,6 +140,7 @@ constexpr const char* kBetween = "$$$/nrvui/Field/Between=%1 to %2";
 constexpr const char* kAtLeast = "$$$/nrvui/Field/AtLeast=at least %1";
 constexpr const char* kAtMost = "$$$/nrvui/Field/AtMost=at most %1";
 constexpr const char* kOnly = "$$$/nrvui/Field/Only=only %1";
+constexpr const char* kOutside = "$$$/nrvui/Field/Outside=%1 can stand here, but not be entered.";
 
 }  // namespace
 
@@ -165,6 +174,14 @@ void NumberFieldView::StepAsked(int count) {
 const char* NumberFieldView::HintKey() const {
   const bool isLength = number.GetUnit() == nrvui::controls::NumberUnit::kLength;
   return isLength ? kLengthHint : FieldView::HintKey();
+}
+
+QString NumberFieldView::Complaint() const {
+  const UTF16String shown = number.Format(number.GetNumber());
+  const double nearest =
+      std::min(std::max(number.GetNumber(), number.GetLowerBound()), number.GetUpperBound());
+  if (shown == number.Format(nearest)) return {};
+  return ToQString(Localizer::Get().Localize(kOutside, {ReplacementValue(shown)}));
 }
 
 QString NumberFieldView::Range() const {

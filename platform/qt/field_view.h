@@ -11,7 +11,8 @@ namespace qtui {
 
 /// A field in which a person types. What they typed reaches the node when they leave the field,
 /// press Return or click something; until then the field shows it, afterwards what the node made
-/// of it. A text that the person did not change is not entered.
+/// of it. A text that the person did not change is not entered. What was wrong with an entry is
+/// said until the person edits the field again or it gets another value.
 class FieldView : public NodeView, public Editor, public FieldListener {
  public:
   ~FieldView() override;
@@ -23,7 +24,6 @@ class FieldView : public NodeView, public Editor, public FieldListener {
   void FieldFocused() override;
   void FieldLeft() override;
 
-  /// Shows what was wrong with an entry, until the field has a good one.
   void ShowProblem(const QString& text);
 
  protected:
@@ -34,13 +34,15 @@ class FieldView : public NodeView, public Editor, public FieldListener {
   virtual QString Range() const { return {}; }
   /// Localises to what the field takes: %1 is its name, %2 its range.
   virtual const char* HintKey() const { return "$$$/nrvui/Field/Hint=%1: %2"; }
+  /// What is wrong with the node's value; empty when nothing is.
+  virtual QString Complaint() const { return {}; }
   /// False when the person must look at what became of it.
   bool Enter(const nrvcore::UTF16String& text);
 
  private:
   void ShowValue();
   void ShowHint();
-  QString Problem(const QString& sentence) const;
+  void Complain(const QString& sentence);
   void ClearProblem();
 
   DialogRun& run;
@@ -48,6 +50,7 @@ class FieldView : public NodeView, public Editor, public FieldListener {
   nrvui::controls::UI_TextEdit& field;
   TextField& edit;
   QString shownValue;
+  QString wrong;  // what is wrong with the entry, without the range
   QString name;
 };
 
@@ -77,6 +80,7 @@ class NumberFieldView final : public FieldView {
 
  protected:
   QString Range() const override;
+  QString Complaint() const override;
   const char* HintKey() const override;
 
  private:

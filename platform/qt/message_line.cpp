@@ -39,6 +39,7 @@ void MessageLine::SetHint(const QString& text) {
 }
 
 void MessageLine::SetProblem(const UI_Node& field, const QString& text) {
+  if (!problems.empty() && problems.back() == std::pair(&field, text)) return;
   std::erase_if(problems, [&](const auto& problem) { return problem.first == &field; });
   problems.emplace_back(&field, text);
   Show();

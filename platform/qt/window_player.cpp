@@ -8,7 +8,6 @@
 #include <QRadioButton>
 #include <QWindow>
 
-#include "platform/nrvcore/unicode.h"
 #include "platform/nrvui/ui_edits.h"
 #include "platform/qt/qt_text.h"
 
@@ -87,14 +86,14 @@ Outcome WindowPlayer::Enter(const Step& step) {
     ClickAt(*widget);
     TypeKey(Qt::Key_A, Qt::ControlModifier);
     if (step.text.empty()) TypeKey(Qt::Key_Delete);
-    for (const char32_t character : QString::fromStdString(step.text).toUcs4()) {
+    for (const char32_t character : ToQString(scriptRun.Typed(step, node)).toUcs4()) {
       TypeKey(0, Qt::NoModifier, QString::fromUcs4(&character, 1));
     }
     TypeKey(Qt::Key_Tab);
     run.CommitEdit();  // where there is nothing else to go on to
   }
   return TakenOr(step, [&] {
-    return nrvui::gestures::Enter(run.Dialog(), node, nrvcore::utility::UTF8ToUTF16(step.text));
+    return nrvui::gestures::Enter(run.Dialog(), node, scriptRun.Typed(step, node));
   });
 }
 

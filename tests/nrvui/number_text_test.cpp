@@ -26,7 +26,14 @@ TEST(NumberText, ReadsNumbersWithTheirUnitsAndSaysWhyItRefuses) {
       {u"25.4mm", kLength, u'.', 72},
       {u"\uFF0D\uFF10\uFF19\uFF0E\uFF15\u3000\uFF05", kPercent, u'.', -9.5},  // wide forms
       {u"2\uFF0C54\uFF43\uFF2D", kLength, u',', 72},
-      {u"1,000", kNone, u'.', 0, Refusal::kNotANumber},  // no sign of this language
+      {u"12,345,678.9 pt", kLength, u'.', 12345678.9},
+      {u"-1.000", kNone, u',', -1000},
+      {u"1.234.567,5", kNone, u',', 1234567.5},
+      {u"0.500", kNone, u',', 0.5},
+      {u"12,5", kNone, u'.', 0, Refusal::kTwoReadings},
+      {u"1,00,000", kNone, u'.', 0, Refusal::kTwoReadings},
+      {u"1.2345.678", kNone, u',', 0, Refusal::kNotANumber},
+      {u" ", kNone, u'.', 0, Refusal::kMissing},
       {u"+-1", kNone, u'.', 0, Refusal::kNotANumber},
       {u"12 parsec", kLength, u'.', 0, Refusal::kNotANumber},
       {std::u16string_view(u"4\0", 2), kNone, u'.', 0, Refusal::kNotANumber},

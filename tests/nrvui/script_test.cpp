@@ -63,7 +63,7 @@ TEST(Script, SaysWhatWasPulledOrLeftOpenAndWhereItCannotBeReadOrPlayed) {
       {"resize 5 5pt", "open |f:1: it should read: resize WIDTH HEIGHT"},
       {"close\n\nclick \xFF", "open |f:3: the line is not UTF-8 text"},
       {"\nenter nowhere 5", "cancel |f:2: the dialog has no control \"nowhere\""},
-      {"enter width", "cancel |f:1: \"\" is not a number."},
+      {"enter width", "cancel |f:1: A number is missing."},
       {"resize 99999 1", "cancel |f:1: A window can't be 99999 × 1 large."},
   };
   for (const auto& [script, story] : cases) {

@@ -28,10 +28,18 @@ TEST_F(Field, SaysWhatItTakesAndWhatWasWrong) {
     open.Key(Qt::Key_Tab);
     EXPECT_EQ(open.Text("VerticalCountTxt"), "20");
     EXPECT_EQ(open.Message(), "Down: \"tiles\" is not a number. Allowed here: 1 to 8640.");
-    open.Type("VerticalCountTxt", "21");
-    open.Key(Qt::Key_Tab);
-    EXPECT_FALSE(open.Field("VerticalCountTxt").IsMarked());
+    open.Type("VerticalCountTxt", "");
+    EXPECT_FALSE(open.Field("VerticalCountTxt").IsMarked()) << "as soon as it is edited";
     EXPECT_EQ(open.Message(), tooMuch);
+    open.Key(Qt::Key_Tab);
+    EXPECT_EQ(open.Message(), "Down: A number is missing. Allowed here: 1 to 8640.");
+    open.Type("VerticalCountTxt", "8,640");
+    open.Click("VerticalRadio");
+    open.Click("MosaicUseRatioButton");
+    EXPECT_EQ(open.Message(),
+              "Across: 12960 can stand here, but not be entered. Allowed here: 1 to 8640.");
+    open.Type("HorizontalCountTxt", "21");
+    open.Key(Qt::Key_Tab);
     open.Type("NewWidthTxt", "3in");
     open.Key(Qt::Key_Tab);
     EXPECT_EQ(open.Text("NewWidthTxt"), "216 pt");

@@ -49,6 +49,7 @@ TEST_F(SameRecord, ComesFromEveryKindOfGesture) {
       {"resize 900.5 800\nenter NewWidthTxt 10 cm\nkey Return"},
       // What cannot be played, and what is left open.
       {"enter NewWidthTxt many\nkey Return"},
+      {"enter NewWidthTxt 12,5\nkey Return"},
       {"enter OrigWidthStatic 12"},
       {"key Return\nclick GrayRadio"},
       {"enter NewWidthTxt 12"},

@@ -140,6 +140,15 @@ TEST(Preview, SaysWhatChoicesLeadTo) {
   const Outlook good = OutlookFor(picture, Choices(100, 50, true));
   EXPECT_TRUE(good.isMosaic);
   EXPECT_EQ(good.text, "5000 tiles of 10 by 20 pt");
+  MosaicChoices percentages = Choices(60, 40, true);
+  percentages.state.aspectRatio = 1.5F;
+  percentages.state.usePercent = 1;
+  percentages.params.boundsRight = 60;
+  percentages.params.boundsBottom = 40;
+  percentages.params.newWidth = 1;
+  percentages.params.newHeight = 0.67F;
+  EXPECT_EQ(OutlookFor(picture, percentages).text.toStdString(),
+            "2400 tiles of 1 by 0.67 pt. The ratio is applied to the percentages.");
   MosaicChoices crowded = Choices(100, 50, true);
   crowded.params.tileSpacingHorizontal = 98;
   const Outlook bad = OutlookFor(picture, crowded);

@@ -74,12 +74,15 @@ TEST_F(Program, BuildsWhatTheDialogAskedFor) {
   EXPECT_EQ(Record()["tileSpacingHorizontal"].toInt(), 1);
   EXPECT_EQ(Record()["newWidth"].toDouble(), 60);
 
-  Save("keep", "enter TileSpaceHorzTxt 1\nclick DeleteRasterChk\nkey Return\n");
-  const QString keep = "in.png --size-unknown --gestures keep --export b.svg --record record";
+  Save("keep",
+       "enter TileSpaceHorzTxt 1\nenter NewHeightTxt 1.000\nclick DeleteRasterChk\nkey Return\n");
+  const QString keep =
+      "in.png --size-unknown --gestures keep --export b.svg --record record --language de";
   EXPECT_EQ(Run(keep + " --state state --screenshot c.png --screenshot-window d.png").status, 0);
   for (const char* shown : {"c.png", "d.png"}) EXPECT_GT(QImage(Path(shown)).width(), 60) << shown;
   EXPECT_TRUE(Load("b.svg").contains("<image"));
   EXPECT_EQ(Record()["sizeUnavailable"].toInt(), 1);
+  EXPECT_EQ(Record()["newHeight"].toDouble(), 0.01) << "scripts have points in every language";
 }
 
 TEST_F(Program, RemembersChoicesFromRunToRun) {
