@@ -3,10 +3,14 @@
 #include <libintl.h>
 
 #include <algorithm>
+#include <boost/algorithm/string/join.hpp>
 #include <cstdlib>
 #include <cstring>
+#include <filesystem>
 #include <utility>
+#include <vector>
 
+#include "platform/nrvcore/catalogue.h"
 #include "platform/nrvcore/unicode.h"
 
 // gettext forgets what it looked up when this moves; its manual names it for exactly that.
@@ -92,12 +96,39 @@ Localizer::~Localizer() {
   if (messagesLocale != nullptr) freelocale(messagesLocale);
 }
 
-void Localizer::SetCatalogues(const std::string& folder) {
+void Localizer::SetCatalogues(const std::string& cataloguesFolder) {
+  folder = cataloguesFolder;
   bindtextdomain(kDomain, folder.c_str());
 }
 
+std::string Localizer::WithCatalogue(std::string_view languages) {
+  std::vector<std::string> found;
+  while (!languages.empty()) {
+    std::string_view language = languages.substr(0, languages.find(':'));
+    languages.remove_prefix(std::min(language.size() + 1, languages.size()));
+    if (language.find('/') != language.npos) continue;
+    // "de_CH.UTF-8" may have a catalogue of its own, or that of "de_CH" or of "de".
+    for (const char* end : {"", "@", ".@", "_.@"}) {
+      language = language.substr(0, language.find_first_of(end));
+      const auto file =
+          std::filesystem::path(folder) / language / "LC_MESSAGES" / (std::string(kDomain) + ".mo");
+      std::error_code error;
+      if (std::count(found.begin(), found.end(), language) > 0 || !exists(file, error)) continue;
+      if (IsSoundCatalogue(file)) {
+        found.emplace_back(language);
+      } else if (damagedCatalogue.empty()) {
+        damagedCatalogue = file;
+      }
+    }
+    if (language == "en" || language == kUntranslated) break;  // the keys themselves
+  }
+  found.emplace_back(kUntranslated);
+  return boost::algorithm::join(found, ":");
+}
+
 void Localizer::SetLanguage(const std::string& code) {
-  setenv("LANGUAGE", code.empty() ? userLanguage.c_str() : code.c_str(), 1);
+  damagedCatalogue.clear();
+  setenv("LANGUAGE", WithCatalogue(code.empty() ? userLanguage : code).c_str(), 1);
   if (locale_t utf8 = newlocale(LC_MESSAGES_MASK, "C.UTF-8", nullptr)) {
     std::swap(messagesLocale, utf8);
     if (utf8 != nullptr) freelocale(utf8);

@@ -4,6 +4,7 @@
 
 #include <initializer_list>
 #include <string>
+#include <string_view>
 
 #include "platform/nrvcore/string.h"
 
@@ -38,10 +39,14 @@ class NRV_EXPORT Localizer {
   Localizer(const Localizer&) = delete;
   Localizer& operator=(const Localizer&) = delete;
 
-  /// A folder without catalogues is no error: texts are then English.
+  /// A folder without catalogues is no error: texts are then English. Counts from the next
+  /// SetLanguage on.
   void SetCatalogues(const std::string& folder);
-  /// `code` as in "de" or "pt_BR"; empty means what the user's environment asks for.
+  /// `code` as in "de" or "pt_BR", or several parted by ":", the first that has a text counts;
+  /// empty means what the user's environment asks for. A damaged catalogue is passed over.
   void SetLanguage(const std::string& code);
+  /// The first catalogue that the last SetLanguage passed over as damaged; empty for none.
+  const std::string& DamagedCatalogue() const { return damagedCatalogue; }
 
   /// A key without translation shows what follows its first "=", one without "=" itself.
   UTF16String Localize(const char* key) const;
@@ -55,7 +60,12 @@ class NRV_EXPORT Localizer {
   Localizer();
   ~Localizer();
 
+  /// The folders of sound catalogues for `languages`, as gettext wants them in LANGUAGE.
+  std::string WithCatalogue(std::string_view languages);
+
   std::string userLanguage;
+  std::string folder;
+  std::string damagedCatalogue;
   locale_t messagesLocale = nullptr;  // null until a language is set
 };
 

@@ -3,6 +3,10 @@
 #include <gtest/gtest.h>
 
 #include <clocale>
+#include <random>
+#include <sstream>
+
+#include "tests/support/temporary_folder.h"
 
 using nrvcore::config::Localizer;
 using nrvcore::config::ReplacementValue;
@@ -20,6 +24,30 @@ TEST(Localizer, ShowsWhatFollowsTheFirstEqualSignOfAKeyWithoutTranslation) {
   EXPECT_EQ(localizer.Localize(nullptr), u"");
   localizer.SetLanguage("en");
   EXPECT_STREQ(std::setlocale(LC_ALL, nullptr), "C") << "the process's locale is its own";
+}
+
+TEST(Localizer, PassesOverADamagedCatalogue) {
+  constexpr const char* kKey = "$$$/nrvui/Gesture/Disabled=The control is disabled.";
+  const auto place = std::filesystem::path("de") / "LC_MESSAGES" / "tesserae.mo";
+  std::ostringstream whole;
+  whole << std::ifstream(CATALOGUES / place, std::ios::binary).rdbuf();
+  Localizer& localizer = Localizer::Get();
+  std::mt19937 random(1);
+  for (int i = 0; i < 400; ++i) {
+    const TemporaryFolder folder;  // gettext keeps what it has read from a path
+    std::string bytes = whole.str();
+    // The header, the tables of places and of hashes, and the description; or the end.
+    for (int j = 0; j < 3; ++j) bytes[random() % (i % 2 ? 40 : bytes.size() / 4)] = char(random());
+    if (i % 3 == 0) bytes.resize(random() % bytes.size());
+    folder.Write(place, bytes);
+    localizer.SetCatalogues(folder.path);
+    localizer.SetLanguage("xx:de_AT");
+    const bool isDamaged = !localizer.DamagedCatalogue().empty();
+    const auto text = localizer.Localize(kKey);
+    if (isDamaged || i % 3 == 0) {
+      EXPECT_EQ(text, u"The control is disabled.") << i;
+    }
+  }
 }
 
 TEST(Localizer, PutsValuesInTheirPlacesOnce) {
