@@ -1,7 +1,6 @@
 #include "platform/nrvui/ui_edits.h"
 
 #include <algorithm>
-#include <cmath>
 
 #include "platform/nrvcore/error.h"
 #include "platform/nrvcore/localizer.h"
@@ -88,9 +87,8 @@ void UI_NumberEdit::SetValue(const nrvcore::UTF16String& newText) {
 }
 
 Outcome UI_NumberEdit::AcceptEntry(const nrvcore::UTF16String& entry) {
-  // The displayed text may have fewer decimals than the number; leaving it alone must not cost any.
-  const bool leftAlone = std::isfinite(GetNumber()) && entry == GetValue();
-  const ParsedNumber parsed = leftAlone ? ParsedNumber{GetNumber()} : Parse(entry, GetUnit());
+  // Also when it reads as the field does: what is shown may have fewer decimals than the number.
+  const ParsedNumber parsed = Parse(entry, GetUnit());
   if (parsed.refusal != Refusal::kNone) return gestures::Refused(parsed.refusal, entry);
 
   Outcome outcome;
