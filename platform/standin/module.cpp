@@ -1,11 +1,36 @@
 #include "platform/standin/module.h"
 
 #include <dlfcn.h>
+#ifdef __ELF__
+#include <link.h>
+#endif
+
+#include <cstring>
+#include <fstream>
 
 #include "platform/standin/host_codes.h"
 
 namespace standin {
 namespace {
+
+/// Whether all that the loader would map is in the file; it looks itself only when it is too late.
+bool IsCutShort(const std::filesystem::path& file) {
+#ifdef __ELF__
+  std::error_code error;
+  const uint64_t size = file_size(file, error);
+  std::ifstream stream(file, std::ios::binary);
+  ElfW(Ehdr) header{};
+  stream.read(reinterpret_cast<char*>(&header), sizeof header);
+  if (!stream || std::memcmp(header.e_ident, ELFMAG, SELFMAG) != 0) return false;  // dlopen refuses
+  stream.seekg(std::streamoff(header.e_phoff));
+  for (int i = 0; i < header.e_phnum; ++i) {
+    ElfW(Phdr) part{};
+    stream.read(reinterpret_cast<char*>(&part), sizeof part);
+    if (!stream || part.p_offset > size || part.p_filesz > size - part.p_offset) return true;
+  }
+#endif
+  return false;
+}
 
 std::string LastLoadFailure() {
   const char* const reason = dlerror();
@@ -18,6 +43,7 @@ ModuleImage::ModuleImage(const std::filesystem::path& file) {
   std::error_code error;
   if (!std::filesystem::is_regular_file(file, error))
     throw LoadError("cannot load " + file.string() + ": there is no such file");
+  if (IsCutShort(file)) throw LoadError("cannot load " + file.string() + ": the file is cut short");
   // A bare name would be searched for elsewhere.
   handle = dlopen(std::filesystem::absolute(file).c_str(), RTLD_NOW | RTLD_LOCAL);
   if (!handle) throw LoadError("cannot load " + file.string() + ": " + LastLoadFailure());

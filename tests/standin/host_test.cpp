@@ -186,8 +186,10 @@ TEST_F(HostTest, AModuleIsALibraryWithAnEntryPoint) {
   Dl_info library;
   ASSERT_NE(dladdr(reinterpret_cast<void*>(&QPBasicFreeBlock), &library), 0);
   resources.Write("text.so", "this is no library");
-  for (const auto& file : {resources.path / "missing.so", resources.path / "text.so",
-                           std::filesystem::path(library.dli_fname)})
+  const std::filesystem::path whole = library.dli_fname, part = resources.path / "part.so";
+  copy_file(whole, part);
+  resize_file(part, file_size(part) / 2);
+  for (const auto& file : {resources.path / "missing.so", resources.path / "text.so", part, whole})
     EXPECT_THROW(Module(host, file), standin::LoadError) << file;
   EXPECT_EQ(host.Objects().modules.Size(), 2U) << "the host's own and the fixture's";
 }
