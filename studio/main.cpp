@@ -4,12 +4,14 @@
 #include <QLocale>
 #include <QSocketNotifier>
 #include <QTranslator>
+#include <algorithm>
 #include <csignal>
-#include <cstdio>
+#include <cstdlib>
 
 #include "platform/nrvcore/localizer.h"
 #include "platform/qt/theme.h"
 #include "platform/standin/resources.h"
+#include "studio/base/file_name.h"
 #include "studio/base/interruption.h"
 #include "studio/base/studio_error.h"
 #include "studio/console/command_line.h"
@@ -35,9 +37,32 @@ void ChoosePlatform(bool showsWindows) {
   qputenv(kPlatform, platforms + "offscreen");
 }
 
+/// Scales that no screen has, 0 for one, crash Qt or take all memory: they count as not set. Takes
+/// effect before the QApplication.
+void PassOverAbsurdScales() {
+  constexpr struct {
+    const char* variable;  // numbers parted by ";", each perhaps behind a screen's name and "="
+    double least;
+    double most;
+  } kScales[] = {{"QT_SCALE_FACTOR", 0.25, 8},
+                 {"QT_SCREEN_SCALE_FACTORS", 0.25, 8},
+                 {"QT_FONT_DPI", 24, 1000}};
+  for (const auto& [variable, least, most] : kScales) {
+    const QByteArrayList values = qgetenv(variable).split(';');
+    const bool isSensible = std::all_of(values.begin(), values.end(), [&](const QByteArray& value) {
+      const double scale = value.mid(value.lastIndexOf('=') + 1).toDouble();
+      return scale >= least && scale <= most;
+    });
+    if (!isSensible) qunsetenv(variable);
+  }
+}
+
 /// An empty code is the language of the user's environment.
 void SpeakLanguage(const QString& code) {
-  nrvcore::config::Localizer::Get().SetLanguage(code.toStdString());
+  auto& localizer = nrvcore::config::Localizer::Get();
+  localizer.SetLanguage(code.toStdString());
+  if (const QString damaged = localizer.DamagedCatalogue().c_str(); !damaged.isEmpty())
+    PrintError(Text("$$$/Studio/Line/DamagedTranslation=the translation %1 is damaged", damaged));
   if (!code.isEmpty()) QLocale::setDefault(QLocale(code));
 
   // What Qt's own boxes say, where its translations are installed.
@@ -88,7 +113,7 @@ void PassOver(QtMsgType, const QMessageLogContext&, const QString&) {}
 
 QStringList Arguments(int argc, char** argv) {
   QStringList arguments;
-  for (int i = 0; i < argc; ++i) arguments << QString::fromLocal8Bit(argv[i]);
+  for (int i = 0; i < argc; ++i) arguments << FileName(argv[i]);
   return arguments;
 }
 
@@ -96,13 +121,22 @@ QStringList Arguments(int argc, char** argv) {
 
 int main(int argc, char** argv) try {
   qInstallMessageHandler(PassOver);
-  std::signal(SIGPIPE, SIG_IGN);  // a closed pipe is then a failure like any other
+  // Until there is something to clean up, a request to stop ends the program at once, even while it
+  // waits for a pipe or for a decoder. A signal that was ignored, as nohup does, stays so.
+  for (const int request : {SIGINT, SIGTERM, SIGHUP}) {
+    if (std::signal(request, [](int) { std::_Exit(kStopped); }) == SIG_IGN)
+      std::signal(request, SIG_IGN);
+  }
+  // A closed pipe and a file that grows too large are then failures like any other.
+  std::signal(SIGPIPE, SIG_IGN);
+  std::signal(SIGXFSZ, SIG_IGN);
   auto& localizer = nrvcore::config::Localizer::Get();
   localizer.SetCatalogues(standin::ResourceFolders::OfProgram().host / "translations");
   localizer.SetLanguage({});
   const CommandLine line = CommandLine::Parse(Arguments(argc, argv));
   if (line.showHelp) {
-    const QCoreApplication application(argc, argv);
+    int onlyName = 1;
+    const QCoreApplication application(onlyName, argv);
     Print(CommandLine::HelpText());
     return 0;
   }
@@ -111,11 +145,13 @@ int main(int argc, char** argv) try {
     return 0;
   }
   ChoosePlatform(line.ShowsWindows());
-  const QApplication application(argc, argv);
+  PassOverAbsurdScales();
+  int onlyName = 1;  // the options are ours; Qt would take "-platform" for one of its own
+  const QApplication application(onlyName, argv);
   QCoreApplication::setApplicationName("tesserae-studio");
   QCoreApplication::setApplicationVersion(TESSERAE_VERSION);
   return RunStudio(line);
 } catch (const std::exception& error) {
-  std::fprintf(stderr, "tesserae-studio: %s\n", qPrintable(ReasonText(error)));
+  PrintError(ReasonText(error));
   return kSomethingWrong;
 }

@@ -1,78 +1,167 @@
 #include "studio/base/output.h"
 
+#include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
-#include <QFile>
-#include <QFileDevice>
-#include <QFileInfo>
+#include <QRandomGenerator>
+#include <algorithm>
 #include <cerrno>
+#include <cstdio>
 
+#include "studio/base/file_name.h"
 #include "studio/base/studio_error.h"
 
 namespace {
 
+namespace fs = std::filesystem;
+
 constexpr int kMostLinks = 64;  // from one to the next, in case they lead in a circle
 
-/// The same for all ways to write a path to one file, there or not yet. A file that is there may
-/// have other names, in capitals for one, where the disk doesn't tell them from small letters.
-QString Identity(const QString& path) {
-  struct stat file;
-  if (stat(QFile::encodeName(path), &file) == 0) {
-    return QString("%1:%2").arg(file.st_dev).arg(file.st_ino);
+/// The file that a path means, behind its links, there or not yet.
+fs::path BehindLinks(fs::path path) {
+  std::error_code error;
+  for (int i = 0; i < kMostLinks && is_symlink(path, error); ++i) {
+    path = path.parent_path() / read_symlink(path, error);
   }
-  QFileInfo info(path);
-  for (int i = 0; i < kMostLinks && info.isSymLink(); ++i) info.setFile(info.symLinkTarget());
-  return QFileInfo(info.absolutePath()).canonicalFilePath() + "/" + info.fileName();
+  return path;
 }
 
-[[noreturn]] void Refuse(const QString& path, const QString& reason) {
-  throw StudioError("$$$/Studio/Write/Failed=cannot write %1: %2", path, reason);
+fs::path FolderOf(const fs::path& place) {
+  return place.has_parent_path() ? place.parent_path() : ".";
+}
+
+/// The same for all names of one file that is there. It may have several, one in capitals where the
+/// disk doesn't tell them from small letters.
+QString Identity(const struct stat& file) {
+  return QString("%1:%2").arg(file.st_dev).arg(file.st_ino);
+}
+
+/// The same for all ways to write a path to one file, there or not yet.
+QString Identity(const fs::path& place) {
+  struct stat status {};
+  if (stat(place.c_str(), &status) == 0) return Identity(status);
+  std::error_code error;
+  return FileName((canonical(FolderOf(place), error) / place.filename()).c_str());
+}
+
+[[noreturn]] void Refuse(const QString& name, const QString& reason) {
+  throw StudioError("$$$/Studio/Write/Failed=cannot write %1: %2", name, reason);
+}
+
+[[noreturn]] void RefuseInUse(const QString& name) {
+  Refuse(name, Text("$$$/Studio/Write/InUse=the file is already used for something else, such as "
+                    "the picture"));
+}
+
+/// A name that nothing has, short, since the place's own may be as long as names can be.
+fs::path FreeName(const fs::path& folder) {
+  const auto number = QRandomGenerator::system()->generate64();
+  return folder / (".tesserae-" + QString::number(number, 36).toStdString());
 }
 
 }  // namespace
 
-void OutputSet::Protect(const QString& path) {
-  taken << Identity(path);
+OutputSet::~OutputSet() {
+  for (const auto& output : outputs) {
+    output->device.close();
+    unlink(output->draft.c_str());
+  }
 }
 
-QIODevice& OutputSet::Add(const QString& path) {
-  const QFileInfo info(path);
-  if (info.isDir()) Refuse(path, Text("$$$/Studio/Write/Folder=it is a folder"));
-  if (info.exists() && !info.isFile())
-    Refuse(path, Text("$$$/Studio/Write/NoFile=it is no ordinary file"));
-  if (info.exists() && access(QFile::encodeName(path), W_OK) != 0) Refuse(path, ReasonText(errno));
-  if (!QFileInfo(info.absolutePath()).isDir()) {
-    Refuse(path, Text("$$$/Studio/Write/NoFolder=there is no folder %1", info.absolutePath()));
-  }
-  const QString identity = Identity(path);
-  if (taken.contains(identity)) {
-    Refuse(path, Text("$$$/Studio/Write/InUse=the file is already used for something else, such as "
-                      "the picture"));
-  }
+void OutputSet::Protect(const QString& name) {
+  taken << Identity(BehindLinks(SystemPath(name)));
+}
 
-  auto file = std::make_unique<QSaveFile>(path);
-  if (!file->open(QIODevice::WriteOnly)) Refuse(path, ReasonText(*file));
+QIODevice& OutputSet::Add(const QString& name) {
+  auto output = std::make_unique<Output>();
+  const fs::path place = output->place = BehindLinks(SystemPath(name));
+  struct stat status {};
+  const bool isThere = stat(place.c_str(), &status) == 0;
+  const int error = errno;
+  if (isThere) {
+    if (S_ISDIR(status.st_mode)) Refuse(name, Text("$$$/Studio/Write/Folder=it is a folder"));
+    if (!S_ISREG(status.st_mode))
+      Refuse(name, Text("$$$/Studio/Write/NoFile=it is no ordinary file"));
+    if (access(place.c_str(), W_OK) != 0) Refuse(name, ReasonText(errno));
+  }
+  std::error_code unknown;
+  if (!is_directory(FolderOf(place), unknown)) {
+    const QString folder = FileName(absolute(FolderOf(place)).lexically_normal().c_str());
+    Refuse(name, Text("$$$/Studio/Write/NoFolder=there is no folder %1", folder));
+  }
+  if (!isThere && error != ENOENT) Refuse(name, ReasonText(error));
+  const QString identity = Identity(place);
+  if (taken.contains(identity)) RefuseInUse(name);
+
+  output->draft = FreeName(FolderOf(place));
+  const int descriptor =
+      open(output->draft.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, mode_t(0666));
+  if (descriptor < 0) Refuse(name, ReasonText(errno));
+  if (isThere) fchmod(descriptor, status.st_mode & 07777);
+  output->device.setObjectName(name);
+  output->device.open(descriptor, QIODevice::WriteOnly, QFileDevice::AutoCloseHandle);
   taken << identity;
-  files.push_back(std::move(file));
-  return *files.back();
+  outputs.push_back(std::move(output));
+  return outputs.back()->device;
 }
 
 void OutputSet::Commit() {
-  for (const auto& file : files) {
-    if (!file->flush()) Refuse(file->fileName(), ReasonText(*file));
+  for (const auto& output : outputs) {
+    QFile& device = output->device;
+    const bool isWritten = device.flush();
+    if (!isWritten) Refuse(device.objectName(), ReasonText(device));
+    if (fsync(device.handle()) != 0 && errno != EINVAL)
+      Refuse(device.objectName(), ReasonText(errno));
   }
-  for (const auto& file : files) {
-    if (!file->commit()) Refuse(file->fileName(), ReasonText(*file));
+  try {
+    for (const auto& output : outputs) TakePlace(*output);
+  } catch (...) {
+    while (!placed.empty()) PutBack(*placed.back()), placed.pop_back();
+    throw;
   }
-  files.clear();
+  for (const Output* output : placed) unlink(output->former.c_str());
+  placed.clear();
+  outputs.clear();
+}
+
+/// What was there is kept beside it until all files have their places.
+void OutputSet::TakePlace(Output& output) {
+  struct stat status {};
+  if (lstat(output.place.c_str(), &status) == 0) {
+    // Where the disk doesn't tell capitals from small letters, two names may mean one place.
+    const QString identity = Identity(status);
+    for (const Output* other : placed) {
+      if (identity == Identity(other->place)) RefuseInUse(output.device.objectName());
+    }
+    if (!S_ISREG(status.st_mode))
+      Refuse(output.device.objectName(), Text("$$$/Studio/Write/NoFile=it is no ordinary file"));
+    output.former = FreeName(FolderOf(output.place));
+    // Not every disk can give a file a second name.
+    if (link(output.place.c_str(), output.former.c_str()) != 0 &&
+        rename(output.place.c_str(), output.former.c_str()) != 0) {
+      Refuse(output.device.objectName(), ReasonText(errno));
+    }
+  }
+  placed.push_back(&output);
+  if (rename(output.draft.c_str(), output.place.c_str()) == 0) return;
+  const int error = errno;
+  if (output.former.empty()) placed.pop_back();  // nothing to remove
+  Refuse(output.device.objectName(), ReasonText(error));
+}
+
+void OutputSet::PutBack(Output& output) {
+  if (output.former.empty()) {
+    unlink(output.place.c_str());
+  } else {
+    rename(output.former.c_str(), output.place.c_str());
+    unlink(output.former.c_str());  // still there when both are names of one file
+  }
 }
 
 void WriteAll(QIODevice& device, std::string_view bytes) {
   if (device.write(bytes.data(), qint64(bytes.size())) == qint64(bytes.size())) return;
-  const auto* file = qobject_cast<const QFileDevice*>(&device);
-  Refuse(file ? file->fileName() : Text("$$$/Studio/Write/TheMosaic=the mosaic"),
-         ReasonText(device));
+  Refuse(device.objectName(), ReasonText(device));
 }
 
 TextWriter::TextWriter(QIODevice& device) : device(device) {

@@ -1,35 +1,53 @@
 #pragma once
 
-#include <QSaveFile>
+#include <QFile>
 #include <QString>
 #include <QStringList>
+#include <filesystem>
 #include <memory>
 #include <string>
 #include <string_view>
 #include <vector>
 
 /// The files that one run writes. Each is written beside its place and takes it only on Commit, so
-/// a run that fails or is stopped leaves everything as it was.
+/// a run that fails or is stopped leaves everything as it was. Names are as FileName makes them.
 class OutputSet {
  public:
+  OutputSet() = default;
+  OutputSet(const OutputSet&) = delete;
+  OutputSet& operator=(const OutputSet&) = delete;
+  ~OutputSet();
+
   /// Opens a file for writing right away, so that a place that cannot be written is known before
   /// any work is spent on it. Throws StudioError; also when the path is already in the set.
   /// The set owns the device.
-  QIODevice& Add(const QString& path);
+  QIODevice& Add(const QString& name);
 
   /// Refuses this path from now on, because the run still reads it.
-  void Protect(const QString& path);
+  void Protect(const QString& name);
 
   /// Puts all files in their places, after all of them were written out in full. Throws
-  /// StudioError when that fails; until the first file is in place, all places are as before.
+  /// StudioError when that fails; all places are then as before.
   void Commit();
 
  private:
-  std::vector<std::unique_ptr<QSaveFile>> files;
+  struct Output {
+    QFile device;                  // its object name is the name that the user gave
+    std::filesystem::path place;   // where it goes, behind all links
+    std::filesystem::path draft;   // where it is written, in the same folder
+    std::filesystem::path former;  // what was in its place, during Commit; empty for nothing
+  };
+
+  void TakePlace(Output& output);
+  void PutBack(Output& output);
+
+  std::vector<std::unique_ptr<Output>> outputs;
+  std::vector<Output*> placed;  // during Commit
   QStringList taken;
 };
 
-/// Writes all of it. Throws the StudioError that says which file could not be written and why.
+/// Writes all of it. Throws the StudioError that says which file could not be written, by the
+/// device's object name, and why.
 void WriteAll(QIODevice& device, std::string_view bytes);
 
 /// Collects text for a file and writes it in large pieces. Throws StudioError when the device

@@ -24,7 +24,7 @@ constexpr struct {
 
 QString ReasonText(const std::exception& error) {
   if (dynamic_cast<const std::bad_alloc*>(&error)) return Text(kNoMemory);
-  return QString::fromUtf8(error.what());
+  return FileName(error.what());
 }
 
 /// A device keeps the system's reason only as a text. After a write that stored a part of the data

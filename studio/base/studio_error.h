@@ -3,6 +3,7 @@
 #include <QIODevice>
 #include <stdexcept>
 
+#include "studio/base/file_name.h"
 #include "studio/base/text.h"
 
 /// A failure whose cause lies outside the program, such as a file or the command line. what() is
@@ -15,7 +16,8 @@ class StudioError : public std::runtime_error {
   explicit StudioError(const char* key, const Values&... values)
       : StudioError(Text(key, values...)) {}
 
-  explicit StudioError(const QString& message) : std::runtime_error(message.toStdString()) {}
+  explicit StudioError(const QString& message)
+      : std::runtime_error(OnOneLine(message).toStdString()) {}
 };
 
 inline constexpr const char* kNoMemory =

@@ -1,10 +1,8 @@
 #include "studio/caller/last_choices.h"
 
-#include <QDir>
-#include <QFile>
-#include <QFileInfo>
 #include <QStandardPaths>
 
+#include "studio/base/file_name.h"
 #include "studio/base/output.h"
 
 LastChoices::LastChoices(const QString& namedPath)
@@ -23,12 +21,9 @@ std::optional<MosaicChoices> LastChoices::Load(
 }
 
 std::optional<MosaicChoices> LastChoices::Read() const try {
-  if (!QFileInfo::exists(path)) return std::nullopt;
-  if (!QFileInfo(path).isFile())
-    throw StudioError("$$$/Studio/Write/NoFile=it is no ordinary file");
-  QFile file(path);
-  if (!file.open(QIODevice::ReadOnly)) throw StudioError(ReasonText(file));
-  return ChoicesFromJson(file.readAll());
+  std::error_code error;
+  if (!exists(SystemPath(path), error)) return std::nullopt;
+  return ChoicesFromJson(ReadFile(path));
 } catch (const StudioError& error) {
   throw StudioError("$$$/Studio/Choices/Unreadable=the last choices in %1 cannot be read: %2", path,
                     QString(error.what()));
@@ -37,7 +32,8 @@ std::optional<MosaicChoices> LastChoices::Read() const try {
 void LastChoices::Save(const MosaicChoices& choices) {
   saved = choices;
   if (isNamed) Read();  // throws when it is another kind of file, which must not be overwritten
-  QDir().mkpath(QFileInfo(path).absolutePath());
+  std::error_code error;
+  create_directories(SystemPath(path).parent_path(), error);
   OutputSet output;
   WriteAll(output.Add(path), ChoicesToJson(choices).toStdString());
   output.Commit();

@@ -2,10 +2,10 @@
 
 #include <QCoreApplication>
 #include <QSocketNotifier>
-#include <cstdio>
 #include <utility>
 
 #include "platform/standin/user_interface.h"
+#include "studio/base/file_name.h"
 #include "studio/base/output.h"
 #include "studio/base/studio_error.h"
 #include "studio/caller/dialog_choices.h"
@@ -42,6 +42,8 @@ int ConsoleRun::Run() {
   PlacePicture();
   if (line.WantsScreenshotsOnly()) return TakeScreenshots();
 
+  if (!line.gestures.isEmpty())
+    gestures = nrvui::gestures::GestureScript::ReadFile(SystemPath(line.gestures));
   OpenOutputs();
   MosaicChoices choices = FirstChoices();
   if (!Ask(choices)) {
@@ -52,7 +54,7 @@ int ConsoleRun::Run() {
   Tell(json.trimmed());
   if (recordDevice) WriteAll(*recordDevice, json.toStdString());
   if (Build(choices)) SaveWindowScreenshot();
-  if (interruption.IsRequested()) {
+  if (interruption->IsRequested()) {
     Tell(Text("$$$/Studio/Line/Stopped=The building was stopped."));
     return kCancelled;
   }
@@ -63,13 +65,14 @@ int ConsoleRun::Run() {
 
 /// Shows dialog and window only for as long as the screenshots take.
 int ConsoleRun::TakeScreenshots() {
+  interruption.emplace();
   OpenScreenshots();
   if (dialogScreenshotDevice) {
     MosaicChoices choices = FirstChoices();
     Ask(choices);
   }
   SaveWindowScreenshot();
-  if (interruption.IsRequested()) return kCancelled;
+  if (interruption->IsRequested()) return kCancelled;
   outputs.Commit();
   TellOfFiles();
   return kDone;
@@ -88,6 +91,7 @@ MosaicChoices ConsoleRun::FirstChoices() const {
 
 /// A place that cannot be written is found before the dialog opens.
 void ConsoleRun::OpenOutputs() {
+  interruption.emplace();
   outputs.Protect(line.gestures);
   for (const QString& path : line.exports) exportDevices.push_back(&outputs.Add(path));
   if (!line.record.isEmpty()) recordDevice = &outputs.Add(line.record);
@@ -103,18 +107,19 @@ void ConsoleRun::OpenScreenshots() {
 }
 
 bool ConsoleRun::Ask(MosaicChoices& choices) {
-  DialogUser user(line, [this](const std::string& text) { Warn(QString::fromStdString(text)); });
+  DialogUser user(line, gestures,
+                  [this](const std::string& text) { Warn(QString::fromStdString(text)); });
   user.WhenChanged([&](const nrvui::ui::UI_Dialog& dialog) {
     const Outlook outlook = OutlookFor(artwork->picture, ChoicesOnOk(dialog, choices));
     return qtui::ReadOut{outlook.text, !outlook.isMosaic};
   });
-  const QSocketNotifier notifier(interruption.Descriptor(), QSocketNotifier::Read);
+  const QSocketNotifier notifier(interruption->Descriptor(), QSocketNotifier::Read);
   QObject::connect(&notifier, &QSocketNotifier::activated, [] { QCoreApplication::exit(); });
   standin::RecordingUserInterface screen;
   MosaicCaller caller(screen);
   const auto answer = caller.Ask(choices.params, choices.state);
   caller.Close();
-  if (interruption.IsRequested()) return false;
+  if (interruption->IsRequested()) return false;
   if (!user.Problem().isEmpty()) throw StudioError(user.Problem());
   if (dialogScreenshotDevice) SaveScreenshot(*dialogScreenshotDevice, user.Screenshot());
   return answer == MosaicCaller::Answer::kOk;
@@ -132,9 +137,9 @@ bool ConsoleRun::Build(const MosaicChoices& choices) {
   ProgressLine progress(!line.isQuiet);
   const bool isComplete = job.Run([&](int rowsDone) {
     progress.Show(rowsDone, geometry.tilesDown);
-    return !interruption.IsRequested();
+    return !interruption->IsRequested();
   });
-  if (!isComplete || interruption.IsRequested()) return false;
+  if (!isComplete || interruption->IsRequested()) return false;
   Tell(Text("$$$/Studio/Line/Built=Built %1 tiles, %2 across and %3 down.",
             QString::number(qint64(geometry.tilesAcross) * geometry.tilesDown),
             QString::number(geometry.tilesAcross), QString::number(geometry.tilesDown)));
@@ -168,11 +173,11 @@ void ConsoleRun::Tell(const QString& text) const {
 void ConsoleRun::TellOfFiles() const try {
   QStringList paths = line.exports + line.Screenshots();
   if (!line.record.isEmpty()) paths << line.record;
-  for (const QString& path : paths) Tell(Text("$$$/Studio/Line/Wrote=Wrote %1", path));
+  for (const QString& path : paths) Tell(OnOneLine(Text("$$$/Studio/Line/Wrote=Wrote %1", path)));
 } catch (const StudioError& error) {
   Warn(error.what());
 }
 
 void ConsoleRun::Warn(const QString& text) const {
-  if (!line.isQuiet) std::fprintf(stderr, "tesserae-studio: %s\n", qPrintable(text));
+  if (!line.isQuiet) PrintError(text);
 }

@@ -2,8 +2,10 @@
 
 #include <QImage>
 #include <functional>
+#include <optional>
 #include <vector>
 
+#include "platform/nrvui/gesture_script.h"
 #include "studio/base/interruption.h"
 #include "studio/base/output.h"
 #include "studio/caller/last_choices.h"
@@ -42,8 +44,9 @@ class ConsoleRun {
   const CommandLine line;
   const WindowCamera windowCamera;
   LastChoices lastChoices;
-  const Interruption interruption;
-  ArtworkPtr artwork;  // null before the picture is placed
+  std::optional<nrvui::gestures::GestureScript> gestures;  // nothing when a person answers
+  std::optional<const Interruption> interruption;          // from the first open output on
+  ArtworkPtr artwork;                                      // null before the picture is placed
   OutputSet outputs;
   std::vector<QIODevice*> exportDevices;        // in the order of the command line's exports
   QIODevice* recordDevice = nullptr;            // null when not asked for

@@ -10,12 +10,11 @@ bool HasDisplay() {
   return QGuiApplication::platformName() != "offscreen";
 }
 
-DialogUser::DialogUser(const CommandLine& line, std::function<void(const std::string&)> report) {
-  std::optional<nrvui::gestures::GestureScript> gestures;
-  if (!line.gestures.isEmpty())
-    gestures = nrvui::gestures::GestureScript::ReadFile(line.gestures.toStdString());
+DialogUser::DialogUser(const CommandLine& line,
+                       const std::optional<nrvui::gestures::GestureScript>& gestures,
+                       std::function<void(const std::string&)> report) {
   if (!line.ShowsWindows()) {
-    installed.emplace(script.emplace(std::move(*gestures), std::move(report)));
+    installed.emplace(script.emplace(*gestures, std::move(report)));
     return;
   }
   if (!gestures && !line.WantsScreenshotsOnly() && !HasDisplay()) {
@@ -25,7 +24,7 @@ DialogUser::DialogUser(const CommandLine& line, std::function<void(const std::st
   installed.emplace(windows.emplace());
   if (!line.dialogScreenshot.isEmpty()) windows->TakeScreenshots();
   if (gestures) {
-    windows->PlayScript(std::move(*gestures), std::move(report));
+    windows->PlayScript(*gestures, std::move(report));
   } else if (line.WantsScreenshotsOnly()) {
     windows->WhenPainted([](QWidget& window) { window.close(); });
   }

@@ -18,9 +18,10 @@ bool HasDisplay();
 /// file, with a window or without, or shows a window to a person, or only for its screenshot.
 class DialogUser {
  public:
-  /// `report` is called with what the person would be told. Throws StudioError when a person is
-  /// needed and there is no display, and another std::exception for a bad gesture file.
-  DialogUser(const CommandLine& line, std::function<void(const std::string&)> report);
+  /// `report` is called with what the person would be told. Throws StudioError when there are no
+  /// gestures, a person is needed and there is no display.
+  DialogUser(const CommandLine& line, const std::optional<nrvui::gestures::GestureScript>& gestures,
+             std::function<void(const std::string&)> report);
 
   /// `hook` answers what a window's message line says; without a window it is not called.
   void WhenChanged(qtui::QtPresenter::ChangedHook hook) {

@@ -5,6 +5,7 @@
 #include <cerrno>
 #include <cstdio>
 
+#include "studio/base/file_name.h"
 #include "studio/base/studio_error.h"
 
 namespace {
@@ -18,6 +19,10 @@ void Print(const QString& text) {
   if (std::fputs(qPrintable(text), stdout) >= 0 && std::fflush(stdout) == 0) return;
   throw StudioError("$$$/Studio/Line/NoOutput=cannot write to the standard output: %1",
                     ReasonText(errno));
+}
+
+void PrintError(const QString& text) {
+  std::fprintf(stderr, "tesserae-studio: %s\n", qPrintable(OnOneLine(text)));
 }
 
 ProgressLine::ProgressLine(bool isWanted)

@@ -6,6 +6,10 @@
 /// Writes a text to the standard output at once. Throws StudioError when it cannot be written.
 void Print(const QString& text);
 
+/// Writes the program's name and what is wrong to the error output, as one line whatever the names
+/// in it hold.
+void PrintError(const QString& text);
+
 /// Shows on the error output how far a long piece of work is. Stays silent in the first half second
 /// and when the error output is no terminal; the line is gone at the end.
 class ProgressLine {

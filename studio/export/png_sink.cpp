@@ -15,9 +15,24 @@ namespace {
 
 constexpr double kLongSide = 1600;  // in pixels, where the tiles ask for no more
 constexpr double kPixelsPerTile = 4;
-constexpr double kMostPixels = 64e6;
+constexpr double kMostPixels = 64e6;  // unless there are more tiles
+constexpr double kMostPixelsEver = 256e6;
 constexpr double kMostPixelsPerSide = 32000;
 constexpr double kPointsPerMeter = 72 / 0.0254;
+
+/// Gives every tile a pixel. Throws StudioError when no picture can be that large.
+double LeastScale(const MosaicGeometry& geometry) {
+  const QSizeF pitch = geometry.tile + geometry.spacing;
+  const double least = std::max(1 / pitch.width(), 1 / pitch.height());
+  const double width = std::ceil(geometry.size.width() * least);
+  const double height = std::ceil(geometry.size.height() * least);
+  if (std::max(width, height) <= kMostPixelsPerSide && width * height <= kMostPixelsEver)
+    return least;
+  throw StudioError(
+      "$$$/Studio/Export/TooManyPixels=a PNG with a pixel for each tile would have %1 by %2 "
+      "pixels, which is too many; SVG and PDF can hold these tiles",
+      QString::number(width, 'f', 0), QString::number(height, 'f', 0));
+}
 
 double ChooseScale(const MosaicGeometry& geometry) {
   const QSizeF size = geometry.size;
@@ -27,8 +42,9 @@ double ChooseScale(const MosaicGeometry& geometry) {
   const double wanted = std::max(kLongSide / longSide, kPixelsPerTile / smallTile);
   // A whole number of pixels from tile to tile keeps their edges sharp.
   const double sharp = std::ceil(wanted * pitch) / pitch;
-  return std::min({sharp, std::sqrt(kMostPixels / (size.width() * size.height())),
-                   kMostPixelsPerSide / longSide});
+  const double chosen = std::min({sharp, std::sqrt(kMostPixels / (size.width() * size.height())),
+                                  kMostPixelsPerSide / longSide});
+  return std::max(chosen, LeastScale(geometry));
 }
 
 // Borders this close to a pixel's edge lie on it, in pixels.

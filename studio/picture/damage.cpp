@@ -7,24 +7,38 @@
 
 namespace {
 
+struct JpegStructure {
+  bool isComplete = false;
+  int scans = 0;
+};
+
 /// Walks from marker to marker, over segments by their length and over scans by their content,
 /// since an embedded preview has an end marker of its own.
-bool IsCompleteJpeg(const QByteArray& bytes) {
+JpegStructure WalkJpeg(const QByteArray& bytes) {
+  JpegStructure found;
   const auto* at = reinterpret_cast<const uchar*>(bytes.constData());
   const uchar* const end = at + bytes.size();
   while ((at = static_cast<const uchar*>(std::memchr(at, 0xFF, size_t(end - at))))) {
     while (at < end && *at == 0xFF) ++at;
-    if (at == end) return false;
+    if (at == end) return found;
     const int marker = *at++;
-    if (marker == 0xD9) return true;
+    if (marker == 0xD9) {
+      found.isComplete = true;
+      return found;
+    }
+    if (marker == 0xDA) ++found.scans;
     const bool standsAlone = marker == 0 || marker == 1 || (marker >= 0xD0 && marker <= 0xD8);
     if (standsAlone) continue;
-    if (end - at < 2) return false;
+    if (end - at < 2) return found;
     const int length = qFromBigEndian<quint16>(at);
-    if (length > end - at) return false;
+    if (length > end - at) return found;
     at += length;
   }
-  return false;
+  return found;
+}
+
+bool IsCompleteJpeg(const QByteArray& bytes) {
+  return WalkJpeg(bytes).isComplete;
 }
 
 /// Walks from chunk to chunk; each has a length, a type, its content and a checksum.
@@ -86,6 +100,13 @@ bool IsCompleteFile(const QByteArray& format, const QByteArray& bytes) {
     if (format == check.format) return check.isComplete(bytes);
   }
   return true;
+}
+
+bool HasAbsurdScans(const QByteArray& jpeg, QSize size) {
+  constexpr int kUsualScans = 20;
+  constexpr qint64 kMostPixels = 500'000'000;  // over all scans
+  const int scans = WalkJpeg(jpeg).scans;
+  return scans > kUsualScans && qint64(size.width()) * size.height() > kMostPixels / scans;
 }
 
 DecoderMessages::DecoderMessages() {

@@ -1,16 +1,17 @@
 #include "studio/picture/picture.h"
 
 #include <QBuffer>
-#include <QFile>
-#include <QFileInfo>
 #include <QImageReader>
 #include <QTransform>
 #include <algorithm>
 #include <cmath>
 #include <utility>
 
+#include "studio/base/file_name.h"
 #include "studio/base/studio_error.h"
 #include "studio/picture/damage.h"
+#include "studio/picture/exif.h"
+#include "studio/picture/svg.h"
 
 namespace {
 
@@ -34,19 +35,26 @@ double DotsPerInch(int dotsPerMeter) {
   return std::abs(dots - whole) < kMetersPerInch ? whole : dots;
 }
 
-QByteArray ReadFile(const QString& path) {
-  const QFileInfo info(path);
-  if (!info.exists()) throw StudioError("$$$/Studio/Picture/None=there is no picture %1", path);
-  if (!info.isFile()) throw StudioError("$$$/Studio/Picture/NoFile=%1 is not a file", path);
-  QFile file(path);
+QByteArray ReadPictureFile(const QString& path) {
+  std::error_code error;
+  const auto type = status(SystemPath(path), error).type();
+  if (type == std::filesystem::file_type::not_found)
+    throw StudioError("$$$/Studio/Picture/None=there is no picture %1", path);
+  if (type != std::filesystem::file_type::regular && !error)
+    throw StudioError("$$$/Studio/Picture/NoFile=%1 is not a file", path);
   QByteArray bytes;
-  if (file.open(QIODevice::ReadOnly)) bytes = file.readAll();
-  if (file.error() != QFileDevice::NoError) {
+  try {
+    bytes = ReadFile(path);
+  } catch (const StudioError& reason) {
     throw StudioError("$$$/Studio/Picture/Unreadable=the picture %1 cannot be read: %2", path,
-                      ReasonText(file));
+                      QString(reason.what()));
   }
   if (bytes.isEmpty()) throw StudioError("$$$/Studio/Picture/Empty=the picture %1 is empty", path);
   return bytes;
+}
+
+[[noreturn]] void RefuseUndecodable(const QString& path) {
+  throw StudioError("$$$/Studio/Picture/Undecodable=the picture %1 is damaged or too large", path);
 }
 
 void SetDotsPerMeter(QImage& image, int across, int down) {
@@ -110,7 +118,7 @@ QImage InEightBits(QImage image) {
 }  // namespace
 
 Picture Picture::Read(const QString& path) {
-  QByteArray bytes = ReadFile(path);
+  QByteArray bytes = ReadPictureFile(path);
   QBuffer buffer(&bytes);
   buffer.open(QIODevice::ReadOnly);
 
@@ -128,15 +136,13 @@ Picture Picture::Read(const QString& path) {
         "$$$/Studio/Picture/CutShort=the picture %1 is cut short: the file ends before the picture",
         path);
   }
-  QImage image = Decode(reader);
-  if (image.isNull() || !Fits(image.size(), kBitsPerPixel)) {
-    throw StudioError("$$$/Studio/Picture/Undecodable=the picture %1 is damaged or too large",
-                      path);
-  }
+  if (format == "jpeg" && HasAbsurdScans(bytes, reader.size())) RefuseUndecodable(path);
+  QImage image = IsSvg(format) ? DrawSvg(bytes, path) : Decode(reader);
+  if (image.isNull() || !Fits(image.size(), kBitsPerPixel)) RefuseUndecodable(path);
   if (messages.TellOfDamage()) {
     throw StudioError("$$$/Studio/Picture/Damaged=the picture %1 is damaged", path);
   }
-  return Picture(Upright(std::move(image), reader.transformation()));
+  return Picture(Upright(std::move(image), reader.transformation() | NotedTurn(format, bytes)));
 }
 
 Picture::Picture(QImage image) : pixels(InEightBits(std::move(image))) {

@@ -94,6 +94,7 @@ TEST(PictureFile, StandsUprightWhateverTheCameraNoted) {
   image.setDotsPerMeterX(2000);
   image.setDotsPerMeterY(1000);
   const QByteArray bytes = Encoded(image, "jpg");
+  const QByteArray png = Encoded(image, "png");
   // Where the bright corner comes to lie, by the camera's note from 1 to 8.
   const QPoint kBright[] = {{5, 5}, {35, 5}, {35, 15}, {5, 15}, {5, 5}, {15, 5}, {15, 35}, {5, 35}};
   for (int orientation = 1; orientation <= 8; ++orientation) {
@@ -105,6 +106,17 @@ TEST(PictureFile, StandsUprightWhateverTheCameraNoted) {
     note[note.indexOf('_')] = char(orientation);
     constexpr qsizetype kAfterJfifHeader = 20;
     const QImage turned = Read(QByteArray(bytes).insert(kAfterJfifHeader, note)).Pixels();
+    // A PNG chunk has the note without the marker, its length and the word before it.
+    QByteArray chunk = QByteArray(
+                           "\0\0\0\x1A"
+                           "eXIf",
+                           8) +
+                       note.mid(10) + QByteArray(4, '\0');
+    constexpr qsizetype kAfterPngHeader = 33;
+    EXPECT_EQ(Read(png.left(kAfterPngHeader) + chunk + png.mid(kAfterPngHeader))
+                  .Pixels()
+                  .pixel(kBright[orientation - 1]),
+              0xFFFFFFFF);
     const bool isOnItsSide = orientation >= 5;
     EXPECT_EQ(turned.size(), isOnItsSide ? QSize(20, 40) : QSize(40, 20));
     EXPECT_EQ(turned.dotsPerMeterX(), isOnItsSide ? 1000 : 2000);

@@ -27,6 +27,8 @@ Result Ended(QProcess& process) {
           process.readAllStandardError()};
 }
 
+const QByteArray kSvgStart = "<svg xmlns='http://www.w3.org/2000/svg' width='12' height='8'>";
+
 /// The real program in a folder of its own with gesture files.
 class Program : public StudioFolder {
  protected:
@@ -107,6 +109,19 @@ TEST_F(Program, RemembersChoicesFromRunToRun) {
   EXPECT_EQ(damaged.errors.count('\n'), 1) << damaged.errors.toStdString();
 }
 
+TEST_F(Program, DrawsADrawingThatStandsAlone) {
+  const QByteArray inside = Load("in.png").toBase64();
+  Save("in.svg",
+       kSvgStart + "<image href='data:image/png;base64," + inside +
+           "' width='6' height='8'/><rect x='6' width='6' height='8' fill='#f00'/></svg>");
+  Save("gestures", "enter HorizontalCountTxt 2\nenter VerticalCountTxt 1\nkey Return\n");
+  EXPECT_EQ(Run("in.svg --gestures gestures --export a.svg --record -platform").status, 0);
+  const QByteArray mosaic = Load("a.svg");
+  EXPECT_EQ(mosaic.count("<rect "), 2) << mosaic.toStdString();
+  EXPECT_TRUE(mosaic.contains("x=\"6\" y=\"0\" width=\"6\" height=\"8\" fill=\"#ff0000\""));
+  EXPECT_NE(Load("-platform"), "") << "no option of Qt's, a file's name";
+}
+
 TEST_F(Program, LeavesEverythingAsItWasAfterCancel) {
   Save("a.svg", "old");
   const QStringList before = Files();
@@ -129,6 +144,10 @@ TEST_F(Program, SaysInOneLineWhatIsWrong) {
   Save("unknown", "enter NoSuchTxt 3\nkey Return\n");
   Save("nonsense", "dance\n");
   Save("notanumber", "enter HorizontalCountTxt many\nkey Return\n");
+  Save("linked.svg", kSvgStart + "<image href='pipe' width='9' height='9'/></svg>");
+  const QByteArray linking = Load("linked.svg").toBase64();
+  Save("within.svg", kSvgStart + "<image href='data:image/png;base64," + linking + "'/></svg>");
+  Save("styled.svg", "<?xml-stylesheet type='text/css' href='pipe'?>" + kSvgStart + "</svg>");
   Save("flat", "enter NewHeightTxt 0\nkey Return\n");
   Save("badstate", "{}");
   QDir(folder.path()).mkdir("folder");
@@ -148,6 +167,10 @@ TEST_F(Program, SaysInOneLineWhatIsWrong) {
       {"text.png --gestures ok --export a.svg", "no picture that can be read"},
       {"short.png --gestures ok --export a.svg", "cut short"},
       {"damaged.png --gestures ok --export a.svg", "damaged"},
+      {"linked.svg --gestures ok --export a.svg", "linked.svg shows another file"},
+      {"within.svg --gestures ok --export a.svg", "within.svg shows another file"},
+      {"styled.svg --gestures ok --export a.svg", "styled.svg shows another file"},
+      {"in\n.png --gestures ok --export a.svg", "no picture in\\n.png"},
       {"in.png --gestures none --export a.svg", "none"},
       {"in.png --gestures=nonsense --export=a.svg", "nonsense:1:"},
       {"in.png --gestures unknown --export a.svg", "unknown:1:"},
@@ -200,6 +223,14 @@ TEST_F(Program, StopsCleanlyWhenInterruptedOrNotHeard) {
   process.terminate();
   EXPECT_EQ(Ended(process).status, 1);
   EXPECT_EQ(Files(), before);
+
+  ASSERT_EQ(mkfifo(qPrintable(Path("pipe")), 0600), 0);
+  Start(process, "in.png --gestures pipe --export a.svg");
+  ASSERT_TRUE(process.waitForStarted());
+  QTest::qWait(200);
+  process.terminate();
+  EXPECT_EQ(Ended(process).status, 1) << "nobody writes into the pipe";
+  QFile::remove(Path("pipe"));
 
   // The dialog and the window ask nobody, as there may be nobody left.
   auto environment = QProcessEnvironment::systemEnvironment();

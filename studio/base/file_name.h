@@ -1,0 +1,20 @@
+#pragma once
+
+#include <QByteArray>
+#include <QString>
+#include <filesystem>
+
+/// A file's name as the system has it, as a text. Names are bytes to the system: a byte that is no
+/// UTF-8 becomes a lone surrogate, U+DC80 to U+DCFF, from which SystemPath makes the byte again.
+QString FileName(const QByteArray& bytes);
+
+/// The path that a text stands for, to the byte.
+std::filesystem::path SystemPath(const QString& name);
+
+/// A text on one line: control characters and bytes that are no UTF-8 are written as \n, \t or
+/// \x1B, so that they can be seen.
+QString OnOneLine(const QString& text);
+
+/// All that an ordinary file holds. Throws StudioError with the reason alone when it is none, or
+/// cannot be read.
+QByteArray ReadFile(const QString& name);
