@@ -2,6 +2,7 @@ include(CMakePackageConfigHelpers)
 
 # What goes onto a machine, in the shape that a build folder has.
 install(TARGETS tesserae-studio RUNTIME DESTINATION bin)
+install(TARGETS tesserae-svg-reader RUNTIME DESTINATION ${tesserae_libraries})
 install(TARGETS nrvcore nrvui qpbasic vxui LIBRARY DESTINATION ${tesserae_libraries})
 # One folder that a host can take: the module with its own resources.
 install(TARGETS TesseraeUI LIBRARY DESTINATION ${tesserae_plugin})

@@ -1,7 +1,6 @@
 #include "studio/picture/svg.h"
 
 #include <QCoreApplication>
-#include <QFileInfo>
 #include <QProcess>
 
 #include "studio/base/studio_error.h"
@@ -9,13 +8,6 @@
 namespace {
 
 constexpr int kMostTime = 8000;  // ms
-
-QString Reader() {
-  const QString folder = QCoreApplication::applicationDirPath();
-  const QString beside = folder + "/tesserae-svg-reader";
-  // Where it is installed, people's programs and those of programs are apart.
-  return QFileInfo::exists(beside) ? beside : folder + "/../lib/tesserae/tesserae-svg-reader";
-}
 
 QImage Received(QProcess& process) {
   int32_t size[2];
@@ -38,7 +30,9 @@ bool IsSvg(const QByteArray& format) {
 QImage DrawSvg(const QByteArray& bytes, const QString& path) {
   QProcess process;
   process.setProcessChannelMode(QProcess::ForwardedErrorChannel);
-  process.start(Reader(), QStringList());
+  // Where it lies beside a program, in the build folder as where it is installed.
+  constexpr const char* kReader = "/../lib/tesserae/tesserae-svg-reader";
+  process.start(QCoreApplication::applicationDirPath() + kReader, QStringList());
   if (!process.waitForStarted()) {
     throw StudioError("$$$/Studio/Picture/Unreadable=the picture %1 cannot be read: %2", path,
                       process.errorString());
