@@ -37,6 +37,20 @@ const nrvcore::UTF16String& UI_ControlView::GetCaption() const {
   return caption;
 }
 
+void UI_ControlView::SetHelp(const nrvcore::UTF16String& sentence) {
+  help = sentence;
+  UI_Changed();
+}
+
+void UI_ControlView::SetDisabledHelp(const nrvcore::UTF16String& sentence) {
+  disabledHelp = sentence;
+  UI_Changed();
+}
+
+const nrvcore::UTF16String& UI_ControlView::GetHelp() const {
+  return isDisabled && !disabledHelp.IsEmpty() ? disabledHelp : help;
+}
+
 void UI_ControlView::ShowMnemonic(bool show) {
   if (show == mnemonicShown) return;
   mnemonicShown = show;

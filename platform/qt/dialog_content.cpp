@@ -145,6 +145,14 @@ void DialogContent::ShowProblems(const MessageLine::Problems& problems) {
   }
 }
 
+void DialogContent::Explain(const QObject* widget) {
+  const auto found = std::ranges::find_if(
+      views, [&](const auto& view) { return widget != nullptr && view->Widget() == widget; });
+  if (found == views.end()) return;
+  explained = found->get();
+  messages->SetHint(explained->Hint());
+}
+
 QWidget* DialogContent::FirstFocus() const {
   for (const auto& view : views) {
     QWidget* const widget = view->Widget();
@@ -192,7 +200,11 @@ QSize DialogContent::Align() {
 void DialogContent::NodeChanged(UI_Node& node) {
   const auto found = viewOfNode.find(&node);
   if (found == viewOfNode.end()) return;
-  if (found->second->StillFits()) return found->second->Follow();
+  if (found->second->StillFits()) {
+    found->second->Follow();
+    if (found->second == explained) messages->SetHint(explained->Hint());
+    return;
+  }
   if (isOutdated) return;
   isOutdated = true;
   whenOutdated();

@@ -33,6 +33,8 @@ class DialogContent final : private nrvui::ui::NodeObserver {
   const MessageLine::Problems& Problems() const { return messages->AllProblems(); }
   void ShowProblems(const MessageLine::Problems& problems);
   void SetReadOut(const ReadOut& text) { messages->SetReadOut(text); }
+  /// Says what the control is for that `widget` shows; anything else is passed over.
+  void Explain(const QObject* widget);
   /// The first widget that a person can type or click in; null when there is none.
   QWidget* FirstFocus() const;
 
@@ -60,6 +62,7 @@ class DialogContent final : private nrvui::ui::NodeObserver {
   std::vector<std::unique_ptr<NodeView>> views;  // parents before their children
   std::unordered_map<const nrvui::ui::UI_Node*, NodeView*> viewOfNode;
   QHash<QString, QButtonGroup*> groups;
+  const NodeView* explained = nullptr;  // what the messages say is about it
   bool isOutdated = false;
 };
 

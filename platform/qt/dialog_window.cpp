@@ -293,6 +293,13 @@ bool DialogWindow::eventFilter(QObject* watched, QEvent* event) {
     case QEvent::KeyPress:
       // Some keys are the dialog's wherever the focus is, whatever a desktop makes of them.
       return HandleKey(static_cast<QKeyEvent&>(*event));
+    case QEvent::FocusIn:
+    case QEvent::Enter:
+      if (!run.IsOver()) content->Explain(watched);
+      break;
+    case QEvent::Leave:
+      if (!run.IsOver()) content->Explain(focusWidget());
+      break;
     case QEvent::LayoutRequest:
       if (isPane && !run.IsOver()) run.Guard([this] { FitContent(); });
       break;

@@ -54,7 +54,6 @@ void FieldView::Follow() {
   }
   if (!wrong.isEmpty()) Complain(wrong);  // the range may be another one now
   NodeView::Follow();
-  if (edit.hasFocus()) ShowHint();
 }
 
 void FieldView::SetName(const QString& spokenName) {
@@ -89,18 +88,18 @@ bool FieldView::Enter(const nrvcore::UTF16String& text) {
   return false;
 }
 
-void FieldView::FieldFocused() {
-  ShowHint();
-}
-
 void FieldView::FieldLeft() {
-  messages.SetHint({});
   Commit();
 }
 
-void FieldView::ShowHint() {
+QString FieldView::Description() const {
+  return (NodeView::Description() + ' ' + Range()).trimmed();
+}
+
+QString FieldView::Hint() const {
   const QString range = Range();
-  messages.SetHint(range.isEmpty() ? QString() : Localized(HintKey(), name, range));
+  const QString takes = range.isEmpty() ? QString() : Localized(HintKey(), name, range);
+  return (NodeView::Description() + ' ' + takes).trimmed();
 }
 
 void FieldView::Complain(const QString& sentence) {
@@ -160,9 +159,6 @@ void NumberFieldView::Follow() {
   steps.setFlag(QAbstractSpinBox::StepUpEnabled, number.GetNumber() < number.GetUpperBound());
   steps.setFlag(QAbstractSpinBox::StepDownEnabled, number.GetNumber() > number.GetLowerBound());
   widget.SetStepEnabled(steps);
-  const QString range = Range();
-  widget.setToolTip(range);
-  widget.setAccessibleDescription(range);
 }
 
 void NumberFieldView::StepAsked(int count) {

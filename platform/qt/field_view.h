@@ -19,9 +19,10 @@ class FieldView : public NodeView, public Editor, public FieldListener {
 
   void Follow() override;
   void SetName(const QString& spokenName) override;
+  QString Description() const override;
+  QString Hint() const override;
 
   bool Commit() override;
-  void FieldFocused() override;
   void FieldLeft() override;
 
   void ShowProblem(const QString& text);
@@ -41,7 +42,6 @@ class FieldView : public NodeView, public Editor, public FieldListener {
 
  private:
   void ShowValue();
-  void ShowHint();
   void Complain(const QString& sentence);
   void ClearProblem();
 

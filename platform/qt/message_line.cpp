@@ -14,7 +14,7 @@ using nrvui::ui::UI_Node;
 
 namespace {
 
-constexpr int kReservedLines = 2;
+constexpr int kReservedLines = 3;
 constexpr int kIconGap = 8;
 
 }  // namespace
@@ -34,6 +34,7 @@ void MessageLine::SetReadOut(const ReadOut& text) {
 }
 
 void MessageLine::SetHint(const QString& text) {
+  if (text == hint) return;
   hint = text;
   Show();
 }

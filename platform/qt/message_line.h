@@ -15,9 +15,9 @@ struct ReadOut {
   bool isWarning = false;
 };
 
-/// The dialog's messages: what follows from its present values, what a field takes while the person
-/// is in it, and what was wrong with an entry until that field has a good one. It keeps room for
-/// two lines, so that a message does not move the controls.
+/// The dialog's messages: what follows from its present values, what the control is for that a
+/// person is at, and what is wrong with an entry. It keeps room for three lines, so that a message
+/// does not move the controls.
 class MessageLine final : public QWidget {
  public:
   using Problems = std::vector<std::pair<const nrvui::ui::UI_Node*, QString>>;

@@ -17,10 +17,19 @@ void NodeView::Follow() {
   if (widget == nullptr) return;
   if (const auto* control = dynamic_cast<const UI_ControlView*>(node.get())) {
     widget->setEnabled(!control->IsDisabled());
+    if (const QString text = Description(); text != widget->toolTip()) {
+      widget->setToolTip(text);
+      widget->setAccessibleDescription(text);
+    }
   }
   if (node->UI_IsShown() == isShown) return;
   isShown = node->UI_IsShown();
   widget->setVisible(isShown);
+}
+
+QString NodeView::Description() const {
+  const auto* control = dynamic_cast<const UI_ControlView*>(node.get());
+  return control != nullptr ? ToQString(control->GetHelp()) : QString();
 }
 
 void NodeView::SetName(const QString& spokenName) {

@@ -26,6 +26,12 @@ class NodeView {
 
   /// While the Alt key is down every mnemonic is shown, otherwise those that the nodes want.
   virtual void ShowMnemonic(bool) {}
+  /// What the control is for, or why it is disabled, and what it takes; empty for other nodes.
+  /// Shown as tool tip and told to assistive technology.
+  virtual QString Description() const;
+  /// The same as the message line has room for it.
+  virtual QString Hint() const { return Description(); }
+
   /// Sets the name that screen readers say, taken from the node's label.
   virtual void SetName(const QString& spokenName);
 

@@ -21,7 +21,6 @@ void TextField::focusInEvent(QFocusEvent* event) {
   if (event->reason() == Qt::PopupFocusReason) return;
   clickedInto = event->reason() == Qt::MouseFocusReason;
   if (!isModified()) selectAll();
-  if (listener != nullptr) listener->FieldFocused();
 }
 
 void TextField::focusOutEvent(QFocusEvent* event) {

@@ -7,7 +7,6 @@ namespace qtui {
 /// Told by the widget of a field what a person does in it.
 class FieldListener {
  public:
-  virtual void FieldFocused() = 0;
   /// The person has gone on to another control.
   virtual void FieldLeft() = 0;
   /// Up or down by so many steps.
@@ -17,7 +16,7 @@ class FieldListener {
   ~FieldListener() = default;
 };
 
-/// A line of text that tells its listener when a person enters and leaves it.
+/// A line of text that tells its listener when a person leaves it.
 class TextField final : public QLineEdit {
  public:
   explicit TextField(QWidget& parent);

@@ -122,6 +122,14 @@ void SetCaption(UI_Node& node, const LayoutAttribute& value) {
   static_cast<UI_ControlView&>(node).SetCaption(value.AsCaption());
 }
 
+void SetHelp(UI_Node& node, const LayoutAttribute& value) {
+  static_cast<UI_ControlView&>(node).SetHelp(value.AsCaption());
+}
+
+void SetDisabledHelp(UI_Node& node, const LayoutAttribute& value) {
+  static_cast<UI_ControlView&>(node).SetDisabledHelp(value.AsCaption());
+}
+
 void SetTitle(UI_Node& node, const LayoutAttribute& value) {
   static_cast<UI_Panel&>(node).SetTitle(value.AsCaption());
 }
@@ -166,14 +174,20 @@ constexpr AttributeRule kLabelAttributes[] = {
 };
 constexpr AttributeRule kNumberAttributes[] = {
     {"id", kRequired, SetId},
+    {"help", kOptional, SetHelp},
+    {"help-disabled", kOptional, SetDisabledHelp},
     {"value", kOptional, SetNumber},
 };
 constexpr AttributeRule kButtonAttributes[] = {
     {"id", kRequired, SetId},
+    {"help", kOptional, SetHelp},
+    {"help-disabled", kOptional, SetDisabledHelp},
     {"caption", kRequired, SetCaption},
 };
 constexpr AttributeRule kRadioAttributes[] = {
     {"id", kRequired, SetId},
+    {"help", kOptional, SetHelp},
+    {"help-disabled", kOptional, SetDisabledHelp},
     {"caption", kRequired, SetCaption},
     {"group", kRequired, SetRadioGroup},
 };

@@ -32,7 +32,8 @@ TEST_F(Keyboard, GoesThroughTheControlsInTheirOrderAndNamesThem) {
     EXPECT_EQ(groups.join('|').toStdString(),
               "Current Size|New Size|Number of Tiles|Tile Spacing|Proportions|Result");
     EXPECT_EQ(name(&open.Get("OrigWidthStatic")), "Width: 300 pt");
-    EXPECT_EQ(open.Get("HorizontalCountTxt").accessibleDescription(), "1 to 8640");
+    EXPECT_EQ(open.Get("HorizontalCountTxt").accessibleDescription(),
+              "How many tiles stand side by side. 1 to 8640");
   });
 }
 
@@ -58,6 +59,25 @@ TEST_F(Keyboard, ChoosesAndConfirms) {
   EXPECT_EQ(record.isColor, 0);
   EXPECT_EQ(record.deleteRaster, 1);
   EXPECT_EQ(record.keepHorizontal, 1);
+}
+
+TEST_F(Keyboard, ExplainsWhatHasTheFocusOrThePointerAndWhyItIsDisabled) {
+  record.sizeUnavailable = 1;
+  LookAt([](const OpenWindow& open) {
+    for (const char* id : {"DeleteRasterChk", "cancelButton", "TileSpaceVertTxt"}) {
+      open.Get(id).setFocus();
+      const QString help = open.Get(id).toolTip().section('.', 0, 0);
+      EXPECT_TRUE(help.size() > 10 && open.Message().startsWith(help)) << id;
+    }
+    const QString focused = open.Message();
+    const QPoint radio = open.Get("ColorRadio").mapTo(&open.window, QPoint(8, 8));
+    for (const QPoint& place : {QPoint(1, 1), radio, QPoint(1, 1)}) {
+      QTest::mouseMove(open.window.windowHandle(), place);
+      QCoreApplication::processEvents();
+      EXPECT_EQ(open.Message(),
+                place == radio ? "The size of this picture is not known." : focused);
+    }
+  });
 }
 
 TEST_F(Keyboard, ShowsMnemonicsWhileAltIsDown) {

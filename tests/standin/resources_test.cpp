@@ -47,7 +47,7 @@ constexpr const char* kSample = R"(<?xml version="1.0"?>
   <!-- a comment -->
   <group id="box" caption="$$$/Test/Box=A Box" columns="2">
     <label caption="$$$/Test/Count=&amp;Count:" for="count"/>
-    <number id="count" value="2.5"/>
+    <number id="count" value="2.5" help="$$$/Test/For=For." help-disabled="$$$/Test/Off=Off."/>
     <space/>
     <radio id="one" group="choice" caption="$$$/Test/One=One"/>
   </group>
@@ -66,6 +66,9 @@ TEST(Layout, BuildsNodesNestedAsTheElements) {
   EXPECT_EQ(As<UI_StaticText>(Children(group)[0]).GetBuddy(), "count");
   EXPECT_EQ(As<UI_StaticText>(Children(group)[0]).GetCaption(), u"&Count:");
   EXPECT_EQ(As<UI_UnitNumberEdit>(Children(group)[1]).GetNumber(), 2.5);
+  EXPECT_EQ(As<UI_UnitNumberEdit>(Children(group)[1]).GetHelp(), u"For.");
+  As<UI_UnitNumberEdit>(Children(group)[1]).SetDisabled(true);
+  EXPECT_EQ(As<UI_UnitNumberEdit>(Children(group)[1]).GetHelp(), u"Off.");
   EXPECT_EQ(tree.initialFocus, Children(group)[1]);
   EXPECT_EQ(As<UI_RadioButton>(Children(group)[3]).GetGroup(), "choice");
   const auto& row = As<UI_Panel>(Children(*tree.layout)[1]);
