@@ -3,7 +3,7 @@
 
 #include "bench/built_module.h"
 #include "bench/figures.h"
-#include "tests/support/known_messages.h"
+#include "check/known_messages.h"
 
 namespace {
 

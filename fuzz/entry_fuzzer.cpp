@@ -8,8 +8,9 @@
 
 #include "fuzz/require.h"
 #include "host/plugin_main.h"
+#include "mosaic/mosaic_suite.h"
 #include "platform/nrvui/scripted_presenter.h"
-#include "tests/support/hosted_module.h"
+#include "platform/standin/module.h"
 
 // A whole session of the host with the plug-in, a line each:
 //
@@ -31,10 +32,8 @@ std::string_view Take(std::string_view& rest, char end) {
   return taken;
 }
 
-class Session : HostedModule {
+class Session {
  public:
-  Session() : HostedModule(&PluginMain, "fuzzed") {}
-
   void Play(std::string_view lines) {
     Require(module.StartUp() == ResultCode::kSuccess);
     for (size_t i = 0; i < kLongestSession && !lines.empty(); ++i) {
@@ -82,7 +81,9 @@ class Session : HostedModule {
     try {
       ScriptedPresenter presenter(GestureScript::Parse(gestures, "gestures"));
       const nrvui::ui::InstalledPresenter installed(presenter);
-      const ResultCode code = RunDialog(record, state);
+      MosaicParameters* params = &record;
+      const auto* const suite = host.Suites().Find<MosaicSuite>();
+      const ResultCode code = suite->RunMosaicDialog(&state, &params);
       if (code != ResultCode::kSuccess) {
         Require(code == ResultCode::kCancelled || code == ResultCode::kCannot);
         Require(std::memcmp(reinterpret_cast<uint8_t*>(&record), given.data(), kRecordSize) == 0);
@@ -98,6 +99,9 @@ class Session : HostedModule {
     }
   }
 
+  standin::RecordingUserInterface person;
+  standin::Host host{person};
+  standin::Module module{host, &PluginMain, "fuzzed"};
   std::string gestures;
 };
 

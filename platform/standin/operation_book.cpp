@@ -1,7 +1,6 @@
 #include "platform/standin/operation_book.h"
 
 #include <stdexcept>
-#include <utility>
 
 namespace standin {
 
@@ -45,20 +44,9 @@ size_t OperationBook::Calls(std::string_view name) const {
   return Find(name).calls;
 }
 
-void OperationBook::StartLog() {
-  isLogging = true;
-  log.clear();
-}
-
-std::vector<std::string> OperationBook::Log() const {
-  std::vector<std::string> names;
-  for (const Operation* operation : log) names.push_back(operation->name);
-  return names;
-}
-
 ResultCode OperationBook::CheckIn(Operation& operation) {
   ++operation.calls;
-  if (isLogging) log.push_back(&operation);
+  if (listener) listener(operation.name);
   if (!operation.disturbance) return ResultCode::kSuccess;
   if (operation.disturbance->callsFromNow > 1) {
     --operation.disturbance->callsFromNow;

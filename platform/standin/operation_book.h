@@ -7,6 +7,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "platform/suites/result_code.h"
@@ -47,9 +48,10 @@ class OperationBook {
   /// How often the operation was called, refused calls included.
   size_t Calls(std::string_view name) const;
 
-  /// From here on the names of all calls are written down in order.
-  void StartLog();
-  std::vector<std::string> Log() const;
+  /// Told the name of each operation that is called from here on; null ends it.
+  void Listen(std::function<void(const std::string& name)> newListener) {
+    listener = std::move(newListener);
+  }
 
   /// The operation's code of refusal, or kSuccess when it shall do its work.
   ResultCode CheckIn(Operation& operation);
@@ -61,8 +63,7 @@ class OperationBook {
 
   std::map<std::string, Operation, std::less<>> operations;
   size_t disturbed = 0;
-  bool isLogging = false;
-  std::vector<const Operation*> log;
+  std::function<void(const std::string& name)> listener;
 };
 
 }  // namespace standin

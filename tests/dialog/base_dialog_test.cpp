@@ -4,6 +4,7 @@
 #include <string>
 #include <string_view>
 
+#include "check/function_presenter.h"
 #include "dialog/vxui_base_dialog.h"
 #include "host/suites.h"
 #include "host/unicode_string.h"
@@ -13,7 +14,6 @@
 #include "platform/standin/layout_reader.h"
 #include "platform/vxui/host_interfaces.h"
 #include "platform/vxui/modal_context.h"
-#include "tests/support/function_presenter.h"
 
 namespace {
 

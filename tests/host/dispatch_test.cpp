@@ -1,5 +1,5 @@
+#include "check/known_messages.h"
 #include "tests/host/test_plugin.h"
-#include "tests/support/known_messages.h"
 
 namespace {
 

@@ -10,7 +10,7 @@
 #include "host/plugin.h"
 #include "host/plugin_main.h"
 #include "platform/qpbasic/ledger.h"
-#include "tests/support/hosted_module.h"
+#include "platform/standin/module.h"
 
 /// What the next TestPlugin does; the framework creates the plug-in itself, so tests say it here.
 struct TestPlan {
@@ -65,9 +65,9 @@ class TestPlugin : public Plugin {
 };
 
 /// The framework under the stand-in host.
-class FrameworkTest : public testing::Test, protected HostedModule {
+class FrameworkTest : public testing::Test {
  protected:
-  FrameworkTest() : HostedModule(&PluginMain, "Framework") {
+  FrameworkTest() {
     plan = TestPlan();
     handled.clear();
   }
@@ -78,4 +78,8 @@ class FrameworkTest : public testing::Test, protected HostedModule {
 
   standin::OperationBook& Operations() { return host.Operations(); }
   TestPlugin* Object() { return static_cast<TestPlugin*>(module.Globals()); }
+
+  standin::RecordingUserInterface person;
+  standin::Host host{person};
+  standin::Module module{host, &PluginMain, "Framework"};
 };

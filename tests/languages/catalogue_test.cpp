@@ -1,20 +1,16 @@
+#include "check/function_presenter.h"
+#include "check/open_dialog.h"
 #include "platform/nrvcore/localizer.h"
-#include "tests/support/mosaic_test.h"
+#include "tests/support/built_module.h"
 
 namespace {
 
+using check::Utf8;
 using nrvcore::config::Localizer;
 
-/// Speaks by the built catalogues, and English again in the end.
-class LanguagesTest : public MosaicTest {
- protected:
-  LanguagesTest() {
-    Localizer::Get().SetCatalogues(standin::ResourceFolders::OfProgram().host / "translations");
-  }
-  ~LanguagesTest() override { Localizer::Get().SetLanguage("en"); }
-};
-
-TEST_F(LanguagesTest, TheDialogShowsEachLanguageThatHasACatalogue) {
+TEST(Languages, TheDialogShowsEachLanguageThatHasACatalogue) {
+  Localizer::Get().SetCatalogues(standin::ResourceFolders::OfProgram().host / "translations");
+  BuiltModule built;
   const struct {
     const char* language;
     const char* title;
@@ -31,18 +27,22 @@ TEST_F(LanguagesTest, TheDialogShowsEachLanguageThatHasACatalogue) {
   for (const auto& expected : languages) {
     Localizer::Get().SetLanguage(expected.language);
     SCOPED_TRACE(expected.language);
+    MosaicParameters record = SampleRecord();
+    MosaicDialogState state{};
     record.sizeUnavailable = 1;
-    const auto person = [&expected](const OpenDialog& open) {
+    const FunctionPresenter person([&expected](nrvui::ui::UI_Dialog& dialog) {
+      const check::OpenDialog open{dialog};
       EXPECT_EQ(Utf8(open.dialog.GetTitle()), expected.title);
       EXPECT_EQ(Utf8(open.Get("UsePercentChk").GetCaption()), expected.percent);
       EXPECT_EQ(open.Label("OrigWidthStatic"), expected.notAvailable);
       open.Enter("NewWidthTxt", "12,5");
       EXPECT_EQ(open.Text("NewWidthTxt"), expected.bareComma);
-      open.dialog.OnReturnKey();
-    };
-    EXPECT_EQ(Run(person), ResultCode::kSuccess);
+      dialog.OnReturnKey();
+    });
+    EXPECT_EQ(built.RunDialog(record, state), ResultCode::kSuccess);
     EXPECT_EQ(record.newWidth, expected.width);
   }
+  Localizer::Get().SetLanguage("en");
 }
 
 }  // namespace

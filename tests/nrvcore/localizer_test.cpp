@@ -6,7 +6,7 @@
 #include <random>
 #include <sstream>
 
-#include "tests/support/temporary_folder.h"
+#include "check/temporary_folder.h"
 
 using nrvcore::config::Localizer;
 using nrvcore::config::ReplacementValue;
@@ -34,7 +34,7 @@ TEST(Localizer, PassesOverADamagedCatalogue) {
   Localizer& localizer = Localizer::Get();
   std::mt19937 random(1);
   for (int i = 0; i < 100; ++i) {
-    const TemporaryFolder folder;  // gettext keeps what it has read from a path
+    const check::TemporaryFolder folder;  // gettext keeps what it has read from a path
     std::string bytes = whole.str();
     // The header, the tables of places and of hashes, and the description; or the end.
     for (int j = 0; j < 3; ++j) bytes[random() % (i % 2 ? 40 : bytes.size() / 4)] = char(random());

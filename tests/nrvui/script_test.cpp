@@ -2,9 +2,9 @@
 
 #include <stdexcept>
 
+#include "check/temporary_folder.h"
 #include "platform/nrvui/scripted_presenter.h"
 #include "tests/nrvui/test_dialog.h"
-#include "tests/support/temporary_folder.h"
 
 using namespace nrvui::gestures;
 using namespace nrvui::ui;
@@ -82,7 +82,7 @@ TEST(Script, ErrorsOfHandlersPassThrough) {
 }
 
 TEST(Script, IsReadFromAFileOfAnyLength) {
-  const TemporaryFolder folder;
+  const check::TemporaryFolder folder;
   EXPECT_THROW(GestureScript::ReadFile(folder.path), ScriptError) << "a folder";
   folder.Write("long", std::string(10000, '\n').append("close\n"));
   EXPECT_EQ(GestureScript::ReadFile(folder.path / "long").Steps().at(0).line, 10001u);

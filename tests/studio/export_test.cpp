@@ -3,11 +3,11 @@
 #include <QBuffer>
 #include <QFile>
 
+#include "check/temporary_folder.h"
 #include "studio/base/output.h"
 #include "studio/base/studio_error.h"
 #include "studio/base/text.h"
 #include "studio/export/mosaic_export.h"
-#include "tests/support/temporary_folder.h"
 
 namespace {
 
@@ -140,7 +140,7 @@ TEST(PdfExport, IsOnePageWithATableThatFindsItsObjects) {
 }
 
 TEST(Output, IsAllInPlaceOrAsItWas) {
-  const TemporaryFolder folder;
+  const check::TemporaryFolder folder;
   folder.Write("old", "as it was");
   const auto name = [&](const char* file) { return QString((folder.path / file).c_str()); };
   const auto commit = [&](const char* last) {

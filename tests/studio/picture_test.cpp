@@ -60,10 +60,10 @@ TEST(PictureFile, IsRefusedOrReadWhateverItsDamage) {
   campaign::ForEachSeed(seeds, [](campaign::Random& random) {
     constexpr const char* kFormats[] = {"png", "jpg", "bmp", "ppm"};
     const QImage image = RandomImage(21, 20, QImage::Format_RGB32, 1);
-    const std::string whole = Encoded(image, campaign::Pick(random, kFormats)).toStdString();
-    const bool isCut = campaign::Once(random, 2);
-    const std::string damaged = isCut ? whole.substr(0, campaign::Below(random, whole.size()))
-                                      : campaign::Damaged(random, whole);
+    const std::string whole = Encoded(image, check::Pick(random, kFormats)).toStdString();
+    const bool isCut = check::Once(random, 2);
+    const std::string damaged =
+        isCut ? whole.substr(0, check::Below(random, whole.size())) : check::Damaged(random, whole);
     const auto picture = campaign::ReadOrRefused<StudioError>(
         [&] { return Read(QByteArray::fromStdString(damaged)); });
     if (!picture) return;

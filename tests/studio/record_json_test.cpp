@@ -64,14 +64,14 @@ TEST(RecordJson, ReadsBackChoicesAndNothingElseAndRefusesDamage) {
   EXPECT_THROW(ChoicesFromJson("[]"), StudioError);
 
   campaign::ForEachSeed(campaign::Count(5000 / campaign::Step(1), 500000), [&](auto& random) {
-    const auto damaged = QByteArray::fromStdString(campaign::Damaged(random, json.toStdString()));
+    const auto damaged = QByteArray::fromStdString(check::Damaged(random, json.toStdString()));
     const auto read =
         campaign::ReadOrRefused<StudioError>([&] { return ChoicesFromJson(damaged); });
     if (!read) return;
     for (const int32_t count : {read->params.tilesAcross, read->params.tilesDown})
       EXPECT_TRUE(count >= 1 && count <= 32767) << count;
     EXPECT_TRUE(std::isfinite(read->state.aspectRatio));
-    EXPECT_EQ(campaign::Bytes(ChoicesFromJson(ChoicesToJson(*read))), campaign::Bytes(*read));
+    EXPECT_EQ(check::Bytes(ChoicesFromJson(ChoicesToJson(*read))), check::Bytes(*read));
   });
 }
 

@@ -6,7 +6,7 @@
 #include <stdexcept>
 #include <string>
 
-#include "tests/support/function_presenter.h"
+#include "check/function_presenter.h"
 
 using namespace vx::ui;
 

@@ -1,12 +1,13 @@
-#include "tests/module/session.h"
-
-#include <gtest/gtest.h>
+#include "check/session.h"
 
 #include <algorithm>
-#include <cstring>
 
+#include "check/findings.h"
+#include "check/random.h"
 #include "platform/nrvui/scripted_presenter.h"
 #include "platform/standin/host_codes.h"
+
+namespace check {
 
 using nrvui::gestures::GestureScript;
 using nrvui::gestures::ScriptedPresenter;
@@ -83,19 +84,19 @@ ResultCode Session::Call(const std::function<ResultCode()>& call) try {
 } catch (...) {
   onCall(false);
   // Only a host that cannot load the code has an excuse.
-  if (module.IsLoaded()) ADD_FAILURE() << "an exception left the module";
+  if (module.IsLoaded()) Fail("an exception has left the module");
   return ResultCode::kOutOfMemory;
 }
 
 void Session::Send(const char* step, const Message& message, ResultCode expected) {
+  const Trying trying(step);
   const size_t alerts = person.alerts.size();
   const ResultCode code = Call([&] { return message(module); });
   if (code == expected) return;
   asExpected = false;
   if (!module.IsLoaded()) return;
-  EXPECT_TRUE(std::ranges::find(allowed, code) != allowed.end())
-      << step << " answers " << static_cast<int32_t>(code);
-  EXPECT_EQ(person.alerts.size(), alerts + Failed(code)) << step;
+  if (std::ranges::find(allowed, code) == allowed.end()) Fail("answers " + CodeText(code));
+  Expect("alerts", person.alerts.size(), alerts + Failed(code));
 }
 
 void Session::Show(const DialogRun& run) {
@@ -103,13 +104,13 @@ void Session::Show(const DialogRun& run) {
     asExpected = false;
     return;
   }
+  const Trying trying("a dialog");
   MosaicParameters record = SampleRecord();
   record.reserved11 = 0x5A;
   record.reserved28 = 0x5A;
   record.sizeUnavailable = run.sizeUnavailable;
   MosaicDialogState state{};
-  const MosaicParameters givenRecord = record;
-  const MosaicDialogState givenState = state;
+  const std::string given = Bytes(record) + Bytes(state);
 
   ScriptedPresenter presenter(GestureScript::Parse(run.gestures, "session"));
   const nrvui::ui::InstalledPresenter installed(presenter);
@@ -117,15 +118,16 @@ void Session::Show(const DialogRun& run) {
   if (code != run.expected) {
     asExpected = false;
     // A dialog whose gestures could not be played is cancelled.
-    EXPECT_EQ(code, presenter.Error() ? ResultCode::kCancelled : ResultCode::kCannot);
+    Expect("the answer", code, presenter.Error() ? ResultCode::kCancelled : ResultCode::kCannot);
   }
   if (code == ResultCode::kSuccess) {
-    EXPECT_EQ(record.tilesAcross, record.tilesAcrossCopy);
-    EXPECT_EQ(record.reserved28, 0);
-    EXPECT_EQ(record.reserved11, 0x5A);
-    EXPECT_EQ(state.noOriginalSize, run.sizeUnavailable);
+    Expect("the copy of the count", record.tilesAcrossCopy, record.tilesAcross);
+    Expect("what OK clears", record.reserved28, 0);
+    Expect("what passes through", record.reserved11, 0x5A);
+    Expect("whether there is no size", state.noOriginalSize, run.sizeUnavailable);
   } else {
-    EXPECT_EQ(std::memcmp(&record, &givenRecord, sizeof(record)), 0);
-    EXPECT_EQ(std::memcmp(&state, &givenState, sizeof(state)), 0);
+    Expect("record and state are untouched", Bytes(record) + Bytes(state) == given, true);
   }
 }
+
+}  // namespace check

@@ -10,9 +10,6 @@ struct HostedModule {
       const std::filesystem::path& file,
       const standin::ResourceFolders& resources = standin::ResourceFolders::OfProgram())
       : host(person, resources), module(host, file) {}
-  HostedModule(PluginEntryPoint linked, const std::string& name,
-               const standin::ResourceFolders& resources = standin::ResourceFolders::OfProgram())
-      : host(person, resources), module(host, linked, name) {}
 
   /// Calls the function of the published suite; kCannot where none is published.
   ResultCode RunDialog(MosaicParameters& record, MosaicDialogState& state) {

@@ -1,4 +1,4 @@
-#include "tests/module/toolkit_memory.h"
+#include "check/toolkit_memory.h"
 
 #include <cstdlib>
 #include <new>

@@ -3,16 +3,15 @@
 #include <functional>
 #include <vector>
 
-#include "tests/support/hosted_module.h"
+#include "check/checked_module.h"
 
-/// The built module under a host of its own. Whatever is disturbed on the way, a session goes on as
-/// a host would, and checks what must hold after each step: an answer that a caller may see, its
-/// failure shown to the user, the caller's data untouched without success. Its sequences can be run
-/// again.
-class Session : public HostedModule {
+namespace check {
+
+/// A host that goes on whatever happens. Whatever is disturbed on the way, a session goes on and
+/// checks what must hold after each step: an answer that a caller may see, its failure shown to the
+/// user, the caller's data untouched without success. Its sequences can be run again.
+class Session : public CheckedModule {
  public:
-  Session() : HostedModule(MODULE_FILE) {}
-
   using Sequence = void (Session::*)();
 
   /// From start-up to shut-down: messages, an unload and a reload, and the dialog confirmed,
@@ -47,3 +46,5 @@ class Session : public HostedModule {
 
   bool asExpected = true;
 };
+
+}  // namespace check

@@ -1,22 +1,21 @@
-#include <gtest/gtest.h>
-
 #include <algorithm>
+#include <exception>
 #include <map>
 #include <new>
 #include <stdexcept>
-#include <string>
 #include <string_view>
-#include <utility>
 
+#include "check/check.h"
+#include "check/findings.h"
+#include "check/session.h"
+#include "check/toolkit_memory.h"
 #include "host/error.h"
 #include "platform/qpbasic/ledger.h"
-#include "tests/module/session.h"
-#include "tests/module/toolkit_memory.h"
-#include "tests/support/campaign.h"
 
 // Every fault that the host or the toolkit can cause is caused once, at every place of whole
 // sessions. Afterwards the same module must get through a whole life cycle as expected.
 
+namespace check {
 namespace {
 
 using Lines = std::vector<std::string>;
@@ -31,7 +30,6 @@ constexpr Sequence kSequences[] = {
     {"failures", &Session::RunFailures},
 };
 
-constexpr ResultCode kRefused{FourCharCode("rfsd")};
 constexpr ResultCode kThrown{FourCharCode("thrn")};
 
 struct Fault {
@@ -56,10 +54,11 @@ void RunDisturbed(const Sequence& sequence, Session& session,
   const Lines left = session.host.Leftovers();
   expectLeft(left);
   session.Restore();
+  const Trying trying("a life cycle afterwards");
   session.RunLifeCycle();
-  EXPECT_TRUE(session.WentAsExpected()) << "the module has not recovered";
+  Expect("goes as it does without faults", session.WentAsExpected(), true);
   for (const std::string& line : session.host.Leftovers())
-    EXPECT_TRUE(std::ranges::find(left, line) != left.end()) << line;
+    if (std::ranges::find(left, line) == left.end()) Fail("left: " + line);
 }
 
 /// What may be left when an operation failed that would have taken it back.
@@ -78,8 +77,8 @@ constexpr std::pair<std::string_view, std::string_view> kOwed[] = {
 /// Runs the sequence with the operation's call failing.
 void DisturbCall(const Sequence& sequence, const std::string& operation, size_t call,
                  const Fault& fault) {
-  SCOPED_TRACE(std::string(sequence.name) + ", " + operation + ", call " + std::to_string(call) +
-               ", " + fault.name);
+  const Trying trying(std::string(sequence.name) + ", call " + std::to_string(call) + ", " +
+                      fault.name);
   Session session;
   session.allowed = {fault.answer};
   // What goes wrong with the suite's table or its registration has one code, but for a refusal.
@@ -94,44 +93,40 @@ void DisturbCall(const Sequence& sequence, const std::string& operation, size_t 
   }
   RunDisturbed(sequence, session, [&](const Lines& left) {
     for (const std::string& line : left) {
-      EXPECT_TRUE(std::ranges::any_of(kOwed, [&](const auto& owed) {
+      const bool isOwed = std::ranges::any_of(kOwed, [&](const auto& owed) {
         return operation.starts_with(owed.first) && line.find(owed.second) != line.npos &&
                !(adds && fault.exception);
-      })) << line;
+      });
+      if (!isOwed) Fail("left: " + line);
     }
   });
-  EXPECT_EQ(operations.Disturbed(), 1u);
+  Expect("calls that failed", operations.Disturbed(), 1u);
 }
 
-/// How often each operation is called in the sequence when nothing fails.
-std::map<std::string, size_t> CallsIn(const Sequence& sequence) {
+/// How often the operation is called in the sequence when nothing fails.
+size_t CallsIn(const Sequence& sequence, const std::string& operation) {
+  const Trying trying(sequence.name);
   Session session;
-  const auto& operations = session.host.Operations();
-  std::map<std::string, size_t> calls;
-  for (const std::string& operation : operations.Names()) calls[operation] = 0;
   (session.*sequence.run)();
-  EXPECT_TRUE(session.WentAsExpected()) << sequence.name;
-  EXPECT_EQ(session.host.Leftovers(), Lines());
-  for (auto& [operation, count] : calls) count = operations.Calls(operation);
-  return calls;
+  Expect("goes as expected", session.WentAsExpected(), true);
+  session.ExpectNothingLeft();
+  return session.host.Operations().Calls(operation);
 }
 
-TEST(OperationCampaign, EveryCallOfEveryOperationIsRefusedOnceAndThrowsOnce) {
-  std::map<std::string, size_t> allCalls;
+void FailOnceAtEveryCall(const std::string& operation) {
   size_t faults = 0;
+  size_t allCalls = 0;
   for (const Sequence& sequence : kSequences) {
-    for (const auto& [operation, calls] : CallsIn(sequence)) {
-      allCalls[operation] += calls;
-      for (size_t call = 1; call <= calls; ++call)
-        for (const Fault& fault : kFaults)
-          if (faults++ % campaign::Step(1) == 0 && !HasFailure())
-            DisturbCall(sequence, operation, call, fault);
-    }
+    const size_t calls = CallsIn(sequence, operation);
+    allCalls += calls;
+    for (size_t call = 1; call <= calls; ++call)
+      for (const Fault& fault : kFaults)
+        if (faults++ % Step() == 0 && !HasFailed()) DisturbCall(sequence, operation, call, fault);
   }
-  std::erase_if(allCalls, [](const auto& operation) { return operation.second > 0; });
-  EXPECT_EQ(allCalls, (std::map<std::string, size_t>{{"QP Access Suite/AcquirePlugin", 0},
-                                                     {"QP Access Suite/ReleasePlugin", 0}}))
-      << "nothing locks this plug-in; all else must be part of a session";
+  // Nothing locks this plug-in; all else must be part of a session.
+  const bool locks =
+      operation == "QP Access Suite/AcquirePlugin" || operation == "QP Access Suite/ReleasePlugin";
+  Expect("is called", allCalls > 0, !locks);
 }
 
 /// Refuses every n-th allocation, n growing by `step`, until a session gets through all of them.
@@ -141,44 +136,61 @@ void RefuseOneByOne(size_t step,
                     const std::function<bool()>& wasRefused) {
   for (const Sequence& sequence : kSequences) {
     size_t place = 1;
-    for (bool goesOn = true; goesOn && !testing::Test::HasFailure(); place += step) {
-      SCOPED_TRACE(std::string(sequence.name) + ", allocation " + std::to_string(place));
+    for (bool goesOn = true; goesOn && !HasFailed(); place += step) {
+      const Trying trying(std::string(sequence.name) + ", allocation " + std::to_string(place));
       Session session;
       session.allowed = {ResultCode::kOutOfMemory, ResultCode::kCannot, ResultCode::kParameter};
       refuse(session, place);
       RunDisturbed(sequence, session, [&](const Lines& left) {
         goesOn = wasRefused();
-        EXPECT_TRUE(goesOn || session.WentAsExpected());
-        EXPECT_EQ(left, Lines());
+        if (!goesOn) Expect("goes as expected", session.WentAsExpected(), true);
+        Expect("what is left", left, Lines());
       });
     }
-    EXPECT_GT(place, std::max<size_t>(50, 10 * step)) << "a session takes more than that";
+    Expect("allocations enough to say something", place > std::max<size_t>(50, 10 * step), true);
   }
 }
 
-TEST(AllocationCampaign, EveryBlockIsRefusedOnce) {
+void RefuseBlocks(ResultCode code) {
   qpbasic::Ledger& ledger = qpbasic::Ledger::Get();
-  // With a code, and with success but no block.
-  for (const auto code : {ResultCode::kOutOfMemory, ResultCode::kSuccess}) {
-    size_t refusals = 0;
-    const auto refuse = [&](Session&, size_t countdown) {
-      refusals = ledger.Counts().refusals;
-      ledger.Refuse({.countdown = countdown, .once = true, .code = code});
-    };
-    RefuseOneByOne(campaign::Step(1), refuse, [&] {
-      ledger.RefuseNothing();
-      return ledger.Counts().refusals != refusals;
-    });
-  }
+  size_t refusals = 0;
+  const auto refuse = [&](Session&, size_t countdown) {
+    refusals = ledger.Counts().refusals;
+    ledger.Refuse({.countdown = countdown, .once = true, .code = code});
+  };
+  RefuseOneByOne(Step(), refuse, [&] {
+    ledger.RefuseNothing();
+    return ledger.Counts().refusals != refusals;
+  });
 }
 
-TEST(AllocationCampaign, TheToolkitRunsOutOfMemoryOnce) {
+void RefuseMemoryOfTheToolkit() {
   const auto refuse = [](Session& session, size_t countdown) {
     toolkit_memory::untilRefusal = countdown;
     session.onCall = [](bool isInside) { toolkit_memory::isArmed = isInside; };
   };
-  RefuseOneByOne(campaign::Step(17), refuse,
+  RefuseOneByOne(Step(17), refuse,
                  [] { return std::exchange(toolkit_memory::untilRefusal, 0) == 0; });
 }
 
+std::vector<std::string> OperationsOfTheHost() {
+  standin::RecordingUserInterface person;
+  return standin::Host(person).Operations().Names();
+}
+
 }  // namespace
+
+Checks FaultChecks() {
+  Checks checks;
+  for (const std::string& operation : OperationsOfTheHost()) {
+    std::string name = "faults/" + operation;
+    std::ranges::replace(name, ' ', '-');
+    checks.push_back({name, [operation] { FailOnceAtEveryCall(operation); }});
+  }
+  checks.push_back({"memory/blocks-are-refused", [] { RefuseBlocks(ResultCode::kOutOfMemory); }});
+  checks.push_back({"memory/blocks-do-not-come", [] { RefuseBlocks(ResultCode::kSuccess); }});
+  checks.push_back({"memory/toolkit-has-none", RefuseMemoryOfTheToolkit});
+  return checks;
+}
+
+}  // namespace check

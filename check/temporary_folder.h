@@ -1,16 +1,24 @@
 #pragma once
 
-#include <gtest/gtest.h>
-
+#include <cerrno>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <string>
+#include <system_error>
 
-/// A folder of this test's own, gone at the end of the scope.
+namespace check {
+
+/// A folder of this process's own, gone at the end of the scope.
 class TemporaryFolder {
  public:
-  TemporaryFolder() : path(mkdtemp((testing::TempDir() + "tesseraeXXXXXX").data())) {}
+  /// Throws std::system_error.
+  TemporaryFolder() {
+    std::string name = std::filesystem::temp_directory_path() / "tesseraeXXXXXX";
+    if (!mkdtemp(name.data()))
+      throw std::system_error(errno, std::generic_category(), "no folder for temporary files");
+    path = name;
+  }
   TemporaryFolder(const TemporaryFolder&) = delete;
   TemporaryFolder& operator=(const TemporaryFolder&) = delete;
   ~TemporaryFolder() {
@@ -25,5 +33,7 @@ class TemporaryFolder {
     std::ofstream(file, std::ios::binary) << text;
   }
 
-  const std::filesystem::path path;
+  std::filesystem::path path;
 };
+
+}  // namespace check

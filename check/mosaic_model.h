@@ -8,6 +8,8 @@
 
 #include "mosaic/mosaic_suite.h"
 
+namespace check {
+
 /// What the dialog "Create Tesserae" must do, worked out a second time: from what a caller hands in
 /// and a person does, what comes back. It shares nothing with the dialog but the rules.
 class MosaicModel {
@@ -166,3 +168,5 @@ class MosaicModel {
   bool isClosed = false;
   bool isOk = false;
 };
+
+}  // namespace check

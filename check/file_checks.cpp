@@ -1,0 +1,161 @@
+#include <cxxabi.h>
+#include <elf.h>
+
+#include <cstdlib>
+#include <cstring>
+#include <fstream>
+#include <iterator>
+#include <memory>
+#include <stdexcept>
+
+#include "check/check.h"
+#include "check/findings.h"
+
+// What the module's file says of it: what it exports, whose memory it takes, and whether anything
+// would keep it in the process.
+
+namespace check {
+namespace {
+
+/// The parts of an ELF file that say so.
+class ModuleFile {
+ public:
+  struct Symbol {
+    std::string name;
+    bool isDefined;
+    unsigned char binding;
+    unsigned char type;
+  };
+
+  /// Throws std::runtime_error for a file that is none or is cut short.
+  ModuleFile() {
+    std::ifstream stream(settings.module, std::ios::binary);
+    bytes.assign(std::istreambuf_iterator<char>(stream), {});
+    const auto header = At<Elf64_Ehdr>(0);
+    if (std::memcmp(header.e_ident, ELFMAG, SELFMAG) != 0 || header.e_ident[EI_CLASS] != ELFCLASS64)
+      throw std::runtime_error("the file is no 64-bit ELF file");
+    for (size_t i = 0; i < header.e_phnum; ++i)
+      if (At<Elf64_Phdr>(header.e_phoff + i * sizeof(Elf64_Phdr)).p_type == PT_TLS) hasTls = true;
+    for (size_t i = 0; i < header.e_shnum; ++i) ReadSection(header, i);
+    if (symbols.empty()) throw std::runtime_error("the file has no table of symbols");
+  }
+
+  std::vector<Symbol> symbols;
+  size_t constructors = 0;
+  bool hasTls = false;
+  bool staysForGood = false;
+
+ private:
+  template <typename Entry>
+  Entry At(size_t offset) const {
+    Entry entry;
+    if (offset > bytes.size() || bytes.size() - offset < sizeof entry)
+      throw std::runtime_error("the file is cut short");
+    std::memcpy(&entry, &bytes[offset], sizeof entry);
+    return entry;
+  }
+
+  Elf64_Shdr Section(const Elf64_Ehdr& header, size_t index) const {
+    return At<Elf64_Shdr>(header.e_shoff + index * sizeof(Elf64_Shdr));
+  }
+
+  void ReadSection(const Elf64_Ehdr& header, size_t index) {
+    const auto section = Section(header, index);
+    const size_t end = section.sh_offset + section.sh_size;
+    if (section.sh_type == SHT_INIT_ARRAY) constructors += section.sh_size / sizeof(Elf64_Addr);
+    if (section.sh_type == SHT_DYNAMIC) {
+      for (size_t at = section.sh_offset; at < end; at += sizeof(Elf64_Dyn)) {
+        const auto entry = At<Elf64_Dyn>(at);
+        if (entry.d_tag == DT_FLAGS_1 && entry.d_un.d_val & DF_1_NODELETE) staysForGood = true;
+      }
+    }
+    if (section.sh_type != SHT_DYNSYM) return;
+    const size_t names = Section(header, section.sh_link).sh_offset;
+    for (size_t at = section.sh_offset + sizeof(Elf64_Sym); at < end; at += sizeof(Elf64_Sym)) {
+      const auto symbol = At<Elf64_Sym>(at);
+      const size_t name = names + symbol.st_name;
+      if (name > bytes.size()) throw std::runtime_error("the file is cut short");
+      symbols.push_back({bytes.substr(name, bytes.find('\0', name) - name),
+                         symbol.st_shndx != SHN_UNDEF,
+                         static_cast<unsigned char>(ELF64_ST_BIND(symbol.st_info)),
+                         static_cast<unsigned char>(ELF64_ST_TYPE(symbol.st_info))});
+    }
+  }
+
+  std::string bytes;
+};
+
+std::string Readable(const std::string& name) {
+  int status = 0;
+  const std::unique_ptr<char, void (*)(void*)> text(
+      abi::__cxa_demangle(name.c_str(), nullptr, nullptr, &status), std::free);
+  return text ? text.get() : name;
+}
+
+/// Expects that there is no such symbol.
+template <typename IsFault>
+void ExpectNone(const char* what, IsFault isFault) {
+  std::vector<std::string> found;
+  for (const ModuleFile::Symbol& symbol : ModuleFile().symbols)
+    if (isFault(symbol)) found.push_back(Readable(symbol.name));
+  Expect(what, found, std::vector<std::string>());
+}
+
+void ExportsItsEntryPointAlone() {
+  bool hasEntry = false;
+  // Among all others would be a symbol that is unique in the process, which keeps its image there.
+  ExpectNone("exported beside PluginMain", [&](const ModuleFile::Symbol& symbol) {
+    const bool isEntry = symbol.name == "PluginMain" && symbol.type == STT_FUNC;
+    if (symbol.isDefined && isEntry) hasEntry = true;
+    return symbol.isDefined && symbol.binding != STB_LOCAL && !isEntry;
+  });
+  Expect("PluginMain is exported", hasEntry, true);
+}
+
+void TakesMemoryFromTheHost() {
+  ExpectNone("taken from the C++ library", [](const ModuleFile::Symbol& symbol) {
+    const std::string_view name = symbol.name;
+    for (const char* of : {"_Znw", "_Zna", "_Zdl", "_Zda"})
+      if (!symbol.isDefined && name.starts_with(of)) return true;
+    return false;
+  });
+}
+
+void MakesItsOwnStrings() {
+  ExpectNone("strings that another image makes", [](const ModuleFile::Symbol& symbol) {
+    const std::string_view name = symbol.name;
+    const size_t type = name.find("St7__cxx1112basic_string");
+    return !symbol.isDefined && name.starts_with("_ZN") && name.find_first_not_of("KVO", 3) == type;
+  });
+}
+
+void CanLeaveTheProcess() {
+  ExpectNone("runs at the end of a thread", [](const ModuleFile::Symbol& symbol) {
+    return symbol.name.starts_with("__cxa_thread_atexit");
+  });
+  const ModuleFile file;
+  Expect("has data of threads", file.hasTls, false);
+  Expect("is marked to stay", file.staysForGood, false);
+}
+
+void RunsNothingWhenItIsLoaded() {
+  const ModuleFile file;
+  for (const ModuleFile::Symbol& symbol : file.symbols)
+    if (symbol.name.starts_with("__asan_")) return;  // a sanitizer has constructors of its own
+  // One entry is the compiler's own; every further one is an object with a constructor to run.
+  Expect("has constructors to run", file.constructors > 1, false);
+}
+
+}  // namespace
+
+Checks FileChecks() {
+  return {
+      {"file/exports-entry-point-alone", ExportsItsEntryPointAlone},
+      {"file/takes-memory-from-host", TakesMemoryFromTheHost},
+      {"file/makes-its-own-strings", MakesItsOwnStrings},
+      {"file/can-leave-process", CanLeaveTheProcess},
+      {"file/runs-nothing-when-loaded", RunsNothingWhenItIsLoaded},
+  };
+}
+
+}  // namespace check

@@ -1,0 +1,79 @@
+#include "check/findings.h"
+
+#include <sys/mman.h>
+
+#include <algorithm>
+#include <cstdio>
+#include <cstring>
+#include <new>
+#include <vector>
+
+#include "check/check.h"
+
+namespace check {
+namespace {
+
+constexpr size_t kMostFindings = 8;
+constexpr size_t kRoom = 1024;
+
+struct Findings {
+  std::vector<std::string> lines;
+  size_t count = 0;
+};
+
+Findings findings;
+
+char ownRoom[kRoom];
+char* room = ownRoom;  // ends with 0
+
+}  // namespace
+
+void Fail(const std::string& what) {
+  if (++findings.count > kMostFindings) return;
+  const std::string_view tried = Tried();
+  findings.lines.push_back(tried.empty() ? what : std::string(tried) + ": " + what);
+}
+
+bool HasFailed() {
+  return findings.count > 0;
+}
+
+void PrintFindings() {
+  for (const std::string& line : findings.lines) std::printf("%s\n", line.c_str());
+  if (findings.count > kMostFindings) std::printf("and %zu more\n", findings.count - kMostFindings);
+}
+
+Trying::Trying(std::string_view what) : outer(std::strlen(room)) {
+  std::snprintf(room + outer, kRoom - outer, "%s%.*s", outer > 0 ? ", " : "",
+                static_cast<int>(what.size()), what.data());
+  if (settings.isVerbose) std::printf("%s\n", room);
+}
+
+Trying::~Trying() {
+  room[outer] = '\0';
+}
+
+void ShareTrying() {
+  void* const shared =
+      mmap(nullptr, kRoom, PROT_READ | PROT_WRITE, MAP_SHARED | MAP_ANONYMOUS, -1, 0);
+  if (shared == MAP_FAILED) throw std::bad_alloc();
+  room = static_cast<char*>(shared);
+}
+
+std::string_view Tried() {
+  return {room, strnlen(room, kRoom)};
+}
+
+void ForgetTried() {
+  room[0] = '\0';
+}
+
+std::string CodeText(ResultCode code) {
+  const auto number = static_cast<int32_t>(code);
+  std::string text;
+  for (int shift = 24; shift >= 0; shift -= 8) text += static_cast<char>(number >> shift & 0xFF);
+  const bool isText = std::ranges::all_of(text, [](char c) { return c >= ' ' && c <= '~'; });
+  return isText ? "'" + text + "'" : std::to_string(number);
+}
+
+}  // namespace check

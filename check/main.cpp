@@ -1,0 +1,158 @@
+#include <getopt.h>
+
+#include <algorithm>
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+#include <exception>
+#include <string_view>
+
+#include "check/apart.h"
+#include "check/check.h"
+#include "check/findings.h"
+#include "platform/standin/module.h"
+
+namespace {
+
+using check::Check;
+using check::settings;
+
+constexpr int kAllPassed = 0;
+constexpr int kSomeFailed = 1;
+constexpr int kCannotRun = 2;
+
+/// A module that hangs once hangs often; the rest need not be waited for.
+constexpr int kMostHangs = 3;
+
+constexpr const char* kHelp =
+    R"(usage: tesserae-check MODULE [OPTION]...
+       tesserae-check --list
+
+Plays a host to a built TesseraeUI module and checks what it does. Each check
+runs in a process of its own and says in a line whether it passed.
+
+  --list       names the checks and runs none of them
+  --only NAME  runs the check or the group of this name, or all whose name
+               begins so; may be given more than once
+  --seed N     begins with this number whatever is random; otherwise 1
+  --long       tries every fault at every place and far more that is random;
+               takes many minutes
+  --verbose    says which operations of the host the module calls, in their
+               order, and what each check looks at
+  --help       shows this text
+
+The exit status is 0 when all checks passed, 1 when some failed, and 2 when
+nothing could be checked.
+)";
+
+constexpr option kOptions[] = {
+    {"list", no_argument, nullptr, 'l'},
+    {"only", required_argument, nullptr, 'o'},
+    {"seed", required_argument, nullptr, 's'},
+    {"long", no_argument, nullptr, 'g'},
+    {"verbose", no_argument, nullptr, 'v'},
+    {"help", no_argument, nullptr, 'h'},
+    {nullptr, 0, nullptr, 0},
+};
+
+int Refuse(const std::string& reason) {
+  std::fprintf(stderr, "tesserae-check: %s\n", reason.c_str());
+  return kCannotRun;
+}
+
+void PrintIndented(std::string_view text) {
+  while (!text.empty()) {
+    const std::string_view line = text.substr(0, text.find('\n'));
+    std::printf("    %.*s\n", static_cast<int>(line.size()), line.data());
+    text.remove_prefix(std::min(line.size() + 1, text.size()));
+  }
+}
+
+int RunAll(const check::Checks& checks) {
+  size_t failed = 0;
+  int hangs = 0;
+  for (const Check& check : checks) {
+    const check::Ending ending = check::RunApart(check.run);
+    std::printf("%-62s %s\n", check.name.c_str(), ending.isGood ? "passed" : "failed");
+    PrintIndented(ending.output + ending.how);
+    std::fflush(stdout);
+    failed += !ending.isGood;
+    hangs += ending.hung;
+    if (hangs == kMostHangs) {
+      std::printf("Too many checks did not end; the rest is left out.\n");
+      break;
+    }
+  }
+  std::printf("%zu checks, %zu failed\n", checks.size(), failed);
+  return failed > 0 ? kSomeFailed : kAllPassed;
+}
+
+/// Nothing of the module may be loaded here, so this too is tried apart.
+bool CanBeLoaded() {
+  const check::Ending ending = check::RunApart([] { standin::ModuleImage(settings.module); });
+  if (ending.isGood) return true;
+  // A sanitizer may say more than a line, and the loader's reason names the file itself.
+  const std::string& said = ending.how.empty() ? ending.output : ending.how;
+  const std::string reason = said.substr(0, said.find('\n'));
+  const std::string file = settings.module.string();
+  Refuse(reason.find(file) == reason.npos ? file + " cannot be loaded: " + reason : reason);
+  return false;
+}
+
+int Run(int count, char** arguments) {
+  bool lists = false;
+  std::vector<std::string> wanted;
+  for (int given; (given = getopt_long(count, arguments, "", kOptions, nullptr)) != -1;) {
+    char* end = nullptr;
+    switch (given) {
+      case 'l':
+        lists = true;
+        break;
+      case 'o':
+        wanted.push_back(optarg);
+        break;
+      case 's':
+        settings.seed = std::strtoull(optarg, &end, 10);
+        if (*optarg < '0' || *optarg > '9' || *end) return Refuse("--seed needs a number");
+        break;
+      case 'g':
+        settings.isLong = true;
+        break;
+      case 'v':
+        settings.isVerbose = true;
+        break;
+      case 'h':
+        std::fputs(kHelp, stdout);
+        return kAllPassed;
+      default:
+        return kCannotRun;  // getopt has said why
+    }
+  }
+
+  check::Checks checks = check::AllChecks();
+  if (!wanted.empty()) {
+    std::erase_if(checks, [&](const Check& check) {
+      return std::ranges::none_of(
+          wanted, [&](const std::string& name) { return check.name.starts_with(name); });
+    });
+  }
+  if (checks.empty()) return Refuse("there is no check of this name; --list names them");
+  if (lists) {
+    for (const Check& check : checks) std::printf("%s\n", check.name.c_str());
+    return kAllPassed;
+  }
+  if (optind + 1 != count) return Refuse("one module is needed; --help says more");
+  settings.module = arguments[optind];
+  return CanBeLoaded() ? RunAll(checks) : kCannotRun;
+}
+
+}  // namespace
+
+int main(int count, char** arguments) try {
+  check::ShareTrying();
+  // Texts are English, whatever the user's environment asks for.
+  setenv("LANGUAGE", "en", 1);
+  return Run(count, arguments);
+} catch (const std::exception& error) {
+  return Refuse(error.what());
+}

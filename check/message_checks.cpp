@@ -1,0 +1,178 @@
+#include <string_view>
+
+#include "check/check.h"
+#include "check/checked_module.h"
+#include "check/findings.h"
+#include "check/known_messages.h"
+
+namespace check {
+namespace {
+
+using standin::ListOwner;
+using standin::StringList;
+
+constexpr const char* kNone = nullptr;
+
+bool BeginsOrEnds(const KnownMessage& message) {
+  return std::string_view(message.selector) == "Unload";
+}
+
+/// All messages but those that begin or end something are answered with 0 and ask nothing.
+void ExpectSilence(CheckedModule& checked, bool isAboutToo) {
+  std::vector<KnownMessage> messages = {
+      {"VX Menu", "vx go", ""},      {"VX Menu", "VX Go ", ""},
+      {"VX Men", "VX Go", ""},       {"QP Interface", "Startup ", ""},
+      {"QP Interface", "about", ""}, {"", "", ""},
+      {nullptr, nullptr, ""},        {"QP Interface", nullptr, ""},
+      {nullptr, "About", ""},        {"VX Script Message Caller", "anything", ""},
+  };
+  for (const KnownMessage& known : kKnownMessages) {
+    const bool isAbout = std::string_view(known.selector) == "About";
+    if (!BeginsOrEnds(known) && (isAboutToo || !isAbout)) messages.push_back(known);
+  }
+  void* const kept = checked.module.Globals();
+  for (const auto& [caller, selector, operation] : messages) {
+    const Trying trying(std::string(caller ? caller : "null") + " / " +
+                        (selector ? selector : "null"));
+    const Calls calls = checked.CallsDuring([&, caller = caller, selector = selector] {
+      Expect("the answer", checked.module.Send(caller, selector), ResultCode::kSuccess);
+    });
+    Expect("calls of the host", calls, Calls());
+  }
+  Expect("the plug-in is kept", checked.module.Globals() == kept, true);
+  Expect("alerts", checked.person.alerts, std::vector<std::string>());
+}
+
+void AreAnsweredInSilence() {
+  RunningModule running;
+  ExpectSilence(running, false);
+}
+
+void ReachNobodyWithoutAPlugin() {
+  CheckedModule checked;
+  ExpectSilence(checked, true);
+  for (const char* selector : {"Unload", "Reload"})
+    Expect(selector, checked.module.Send("QP Access", selector), ResultCode::kSuccess);
+  Expect("the shut-down", checked.module.ShutDown(), ResultCode::kSuccess);
+  checked.ExpectNothingLeft();
+}
+
+/// Its suites are given back, although its code is still there.
+void ReachNobodyAfterAnUnload() {
+  RunningModule running;
+  const Calls calls = running.CallsDuring([&] {
+    Expect("the unload", running.module.Send("QP Access", "Unload"), ResultCode::kSuccess);
+  });
+  Expect("calls of the host", calls, WithSuites("release/"));
+  ExpectSilence(running, true);
+  const Calls again = running.CallsDuring([&] {
+    Expect("the reload", running.module.Send("QP Access", "Reload"), ResultCode::kSuccess);
+  });
+  Expect("calls of the host", again, WithSuites("acquire/"));
+  Expect("about", running.module.About(), ResultCode::kSuccess);
+  Expect("about boxes", running.person.aboutBoxes.size(), 1u);
+}
+
+void NotifiersOpenAContext() {
+  RunningModule running;
+  for (const char* type : {"VX Application Started Notifier", "VX Other", "", kNone}) {
+    for (const char* selector : {"VX Notify", "VX Other", kNone}) {
+      const Calls calls = running.CallsDuring([&] {
+        Expect("the answer", running.module.Notify(type, selector), ResultCode::kSuccess);
+      });
+      Expect("calls of the host", calls,
+             Calls{"VX Context Suite/PushAppContext", "VX Context Suite/PopAppContext"});
+    }
+  }
+  Expect("alerts", running.person.alerts, std::vector<std::string>());
+}
+
+void ExpectAbout(RunningModule& running, const std::string& first, const std::string& second) {
+  Expect("about", running.module.About(), ResultCode::kSuccess);
+  Expect("the first text", running.person.aboutBoxes.back().first, first);
+  Expect("the second text", running.person.aboutBoxes.back().second, second);
+}
+
+void AboutShowsTwoTextsOrNone() {
+  RunningModule running;
+  StringList texts;
+  texts.Set(1, "Tiles");
+  texts.Set(2, std::string(300, 'x'));
+  running.host.Lists().Replace(ListOwner::kPlugin, 16600, texts);
+  const Calls calls =
+      running.CallsDuring([&] { ExpectAbout(running, "Tiles", std::string(255, 'x')); });
+  Expect("calls of the host", calls,
+         Calls{"KDM Basic Suite/GetListString", "KDM Basic Suite/GetListString",
+               "KDM Basic Suite/ShowAboutBox"});
+  running.host.Lists().Replace(ListOwner::kPlugin, 16600, {});
+  ExpectAbout(running, "", "");
+}
+
+/// A host's basic suite in which one suite has another table.
+struct OtherBasicSuite {
+  static ResultCode Acquire(const char* name, int32_t version, const void** table) {
+    const ResultCode code = host->BasicSuite()->Acquire(name, version, table);
+    if (std::string_view(name) == KDMBasicSuite::kName && !Failed(code)) *table = &lists;
+    return code;
+  }
+  static ResultCode Release(const char* name, int32_t version) {
+    ++releases;
+    return host->BasicSuite()->Release(name, version);
+  }
+
+  inline static standin::Host* host = nullptr;
+  inline static KDMBasicSuite lists{};
+  inline static size_t releases = 0;
+  QPBasicSuite suite = {&Acquire, &Release};
+};
+
+/// What stands in the buffer when a text is refused is none, and the suites go back through the
+/// basic suite of the latest message.
+void GoThroughTheLatestBasicSuite() {
+  CheckedModule checked;
+  OtherBasicSuite other;
+  OtherBasicSuite::host = &checked.host;
+  const void* table = nullptr;
+  Expect("the host's suite",
+         checked.host.BasicSuite()->Acquire(KDMBasicSuite::kName, KDMBasicSuite::kVersion, &table),
+         ResultCode::kSuccess);
+  OtherBasicSuite::lists = *static_cast<const KDMBasicSuite*>(table);
+  (void)checked.host.BasicSuite()->Release(KDMBasicSuite::kName, KDMBasicSuite::kVersion);
+  OtherBasicSuite::lists.GetListString = [](ModuleRef, int32_t, int32_t, char* buffer, size_t) {
+    buffer[0] = '?';
+    return ResultCode::kCannot;
+  };
+  PluginMessage message = checked.PlainMessage();
+  message.basicSuite = &other.suite;
+  for (const char* selector : {"Startup", "About", "Shutdown"})
+    Expect(selector, checked.SendPlain("QP Interface", selector, message), ResultCode::kSuccess);
+  Expect("about boxes", checked.person.aboutBoxes.size(), 1u);
+  for (const auto& [first, second] : checked.person.aboutBoxes)
+    Expect("the texts of the box", first + second, "");
+  Expect("suites given back", OtherBasicSuite::releases, std::size(kSuitesOfModule));
+
+  checked.host.ForgetRegistrations(checked.module.Ref());
+  message.basicSuite = checked.host.BasicSuite();
+  Expect("a start-up", checked.SendPlain("QP Interface", "Startup", message), ResultCode::kSuccess);
+  OtherBasicSuite::releases = 0;
+  message.basicSuite = &other.suite;
+  Expect("the shut-down", checked.SendPlain("QP Interface", "Shutdown", message),
+         ResultCode::kSuccess);
+  Expect("suites given back", OtherBasicSuite::releases, std::size(kSuitesOfModule));
+  checked.ExpectNothingLeft();
+}
+
+}  // namespace
+
+Checks MessageChecks() {
+  return {
+      {"messages/are-answered-in-silence", AreAnsweredInSilence},
+      {"messages/reach-nobody-without-plug-in", ReachNobodyWithoutAPlugin},
+      {"messages/reach-nobody-after-unload", ReachNobodyAfterAnUnload},
+      {"messages/notifiers-open-context", NotifiersOpenAContext},
+      {"messages/about-shows-two-texts-or-none", AboutShowsTwoTextsOrNone},
+      {"messages/go-through-latest-basic-suite", GoThroughTheLatestBasicSuite},
+  };
+}
+
+}  // namespace check

@@ -1,0 +1,393 @@
+#include <algorithm>
+#include <cstring>
+#include <ctime>
+#include <fstream>
+#include <memory>
+#include <optional>
+#include <sstream>
+
+#include "check/check.h"
+#include "check/checked_module.h"
+#include "check/findings.h"
+#include "check/known_messages.h"
+#include "check/mosaic_model.h"
+#include "check/random.h"
+#include "check/temporary_folder.h"
+#include "platform/nrvcore/unicode.h"
+#include "platform/nrvui/gesture.h"
+#include "platform/nrvui/scripted_presenter.h"
+#include "platform/nrvui/ui_controls.h"
+#include "platform/nrvui/ui_edits.h"
+#include "platform/qpbasic/ledger.h"
+#include "platform/standin/layout_reader.h"
+#include "platform/standin/sheet_service.h"
+
+namespace check {
+namespace {
+
+using nrvui::controls::UI_Checkbox;
+using nrvui::controls::UI_RadioButton;
+using nrvui::controls::UI_UnitNumberEdit;
+using nrvui::gestures::Key;
+using nrvui::gestures::Press;
+using nrvui::ui::UI_Dialog;
+using nrvui::ui::UI_Node;
+
+/// Plays with `count` seeds, one after the other, until something is found.
+void ForEachSeed(size_t part, size_t count, const std::function<void(Random& random)>& play) {
+  const uint64_t first = settings.seed + part * count;
+  for (uint64_t seed = first; seed < first + count && !HasFailed(); ++seed) {
+    const Trying trying("seed " + std::to_string(seed));
+    Random random(seed);
+    play(random);
+  }
+}
+
+/// Of how many cases a part consists.
+size_t Count(size_t inShort, size_t inLong) {
+  return settings.isLong ? inLong : inShort / Step();
+}
+
+// Whatever a caller hands in and a person does, the dialog does what the model says.
+
+constexpr const char* kFields[] = {"NewWidthTxt",      "NewHeightTxt",     "HorizontalCountTxt",
+                                   "VerticalCountTxt", "TileSpaceHorzTxt", "TileSpaceVertTxt"};
+constexpr const char* kClickable[] = {
+    "HorizontalRadio", "VerticalRadio",   "ColorRadio",           "GrayRadio",
+    "UsePercentChk",   "DeleteRasterChk", "MosaicUseRatioButton", "MosaicUseRatioButton"};
+constexpr const char* kOthers[] = {"OrigWidthStatic", "OrigHeightStatic", "okButton",
+                                   "cancelButton"};
+constexpr const char* kNoNumbers[] = {"", "+", "--5", "0x10", "nan", "inf", "1e999", "7 parsecs"};
+
+/// Random bytes.
+template <typename Value>
+Value RandomValue(Random& random) {
+  uint8_t bytes[sizeof(Value)];
+  for (uint8_t& byte : bytes) byte = static_cast<uint8_t>(random());
+  Value value;
+  std::memcpy(&value, bytes, sizeof value);
+  return value;
+}
+
+/// Random bytes, tamed in places so that not every source is absurd.
+MosaicParameters RandomRecord(Random& random) {
+  constexpr int32_t kEdges[] = {0, 1, -1, 32767, 32768, -32768, 65536, INT32_MAX, INT32_MIN};
+  auto record = RandomValue<MosaicParameters>(random);
+  for (uint8_t* flag : {&record.isColor, &record.deleteRaster, &record.keepHorizontal})
+    if (!Once(random, 4)) *flag = random() % 2;
+  if (!Once(random, 4)) record.sizeUnavailable = 0;
+  for (int32_t* integer : {&record.tilesAcross, &record.tilesDown, &record.boundsLeft,
+                           &record.boundsTop, &record.boundsRight, &record.boundsBottom}) {
+    if (Once(random, 4)) continue;
+    *integer = Once(random, 3) ? Pick(random, kEdges) : static_cast<int32_t>(random() % 2000);
+  }
+  return record;
+}
+
+MosaicModel::Entry RandomEntry(Random& random) {
+  constexpr const char* kUnits[] = {"", "", "", "pt", "px", "in", "mm", "cm", "%"};
+  constexpr size_t kRanges[] = {3, 20, 100, 1000, 10000, 1000000};
+  if (Once(random, 12)) return {Pick(random, kNoNumbers), "", false};
+  std::string number = Once(random, 8) ? "-" : "";
+  number += std::to_string(Below(random, Pick(random, kRanges)));
+  if (Once(random, 3)) number += '.' + std::to_string(Below(random, 10000));
+  if (Once(random, 20)) number += 'e' + std::to_string(Below(random, 5));
+  return {number, Pick(random, kUnits)};
+}
+
+/// A person who does something, and knows from the model what must come of it.
+class ModelledPerson final : public nrvui::ui::DialogPresenter {
+ public:
+  ModelledPerson(Random& randomNumbers, MosaicModel& mosaicModel)
+      : random(randomNumbers), model(mosaicModel) {}
+
+  void Present(UI_Dialog& dialog) override {
+    nrvui::ui::ForEachBelow<UI_Node>(
+        dialog, [&](UI_Node& node) { nodes[std::string(node.UI_GetNodeID().View())] = &node; });
+    ExpectControls();
+    for (size_t gestures = Below(random, 25); gestures > 0; --gestures) {
+      Act(dialog);
+      ExpectControls();
+    }
+    if (Once(random, 5)) return;
+    if (Once(random, 10)) {
+      (void)(Once(random, 2) ? nrvui::gestures::Close(dialog) : Press(dialog, Key::kEscape));
+      model.Cancel();
+    }
+    (void)Press(dialog, Key::kReturn);
+    model.Confirm();
+  }
+
+ private:
+  void Act(UI_Dialog& dialog) {
+    if (Once(random, 40)) {
+      const auto extent = [&] { return static_cast<float>(Below(random, 2000)); };
+      (void)nrvui::gestures::Resize(dialog, {extent(), extent()});
+    }
+    const bool enters = Once(random, 2);
+    std::string control = enters ? Pick(random, kFields) : Pick(random, kClickable);
+    if (Once(random, 30)) control = Once(random, 2) ? Pick(random, kOthers) : Pick(random, kFields);
+    if (enters) {
+      const MosaicModel::Entry entry = RandomEntry(random);
+      (void)nrvui::gestures::Enter(dialog, *nodes.at(control),
+                                   nrvcore::utility::UTF8ToUTF16(entry.number + entry.unit));
+      model.Enter(control, entry);
+    } else {
+      (void)nrvui::gestures::Click(dialog, *nodes.at(control));
+      model.Click(control);
+    }
+  }
+
+  void ExpectControls() {
+    for (const auto& [name, field] : model.Fields()) {
+      const auto& edit = dynamic_cast<UI_UnitNumberEdit&>(*nodes.at(name));
+      if (edit.GetNumber() == field.value && edit.GetLowerBound() == field.least &&
+          edit.GetUpperBound() == field.most && !edit.IsDisabled())
+        continue;
+      const Trying trying(name);
+      Expect("value", edit.GetNumber(), field.value);
+      Expect("lower bound", edit.GetLowerBound(), field.least);
+      Expect("upper bound", edit.GetUpperBound(), field.most);
+      Expect("disabled", edit.IsDisabled(), false);
+    }
+    for (const char* name : kClickable) {
+      const auto& control = dynamic_cast<nrvui::controls::UI_ControlView&>(*nodes.at(name));
+      if (control.IsDisabled() != model.IsDisabled(name))
+        Fail(std::string(name) + (control.IsDisabled() ? " is disabled" : " is enabled"));
+      const auto* box = dynamic_cast<const UI_Checkbox*>(&control);
+      const auto* button = dynamic_cast<const UI_RadioButton*>(&control);
+      if (!box && !button) continue;
+      const bool isOn = box ? box->IsChecked() : button->GetValue() != 0;
+      if (isOn != model.IsOn(name)) Fail(std::string(name) + (isOn ? " is on" : " is off"));
+    }
+  }
+
+  Random& random;
+  MosaicModel& model;
+  std::map<std::string, UI_Node*> nodes;
+};
+
+void PlayDialogs(size_t part) {
+  RunningModule running;
+  ForEachSeed(part, Count(1000, 40000), [&](Random& random) {
+    MosaicParameters record = RandomRecord(random);
+    auto state = RandomValue<MosaicDialogState>(random);
+    if (Once(random, 2)) state.usePercent = 0;
+    const std::string given = Bytes(record) + Bytes(state);
+    MosaicModel model(record, state);
+    ModelledPerson person(random, model);
+    const nrvui::ui::InstalledPresenter installed(person);
+    const ResultCode code = running.RunDialog(record, state);
+    // A dialog that was left open counts as cancelled.
+    Expect("the answer", code, model.IsOk() ? ResultCode::kSuccess : ResultCode::kCancelled);
+    const std::string expected =
+        model.IsOk() ? Bytes(model.Record()) + Bytes(model.State()) : given;
+    Expect("record and state are what they must be", Bytes(record) + Bytes(state) == expected,
+           true);
+  });
+}
+
+// Any message may come at any time. What a message makes the plug-in ask of its host follows from
+// the message and from whether the plug-in holds its suites; the answer is always success.
+
+constexpr const char* kNotifierTypes[] = {"VX Application Started Notifier", "VX Other", ""};
+
+/// The text, or one that differs from it a little.
+std::string Near(Random& random, const std::string& text) {
+  const std::string damaged = Damaged(random, text);
+  return Once(random, 2) ? text : damaged.substr(0, damaged.find('\0'));
+}
+
+/// One of the messages that begin or end something; says whether the plug-in then holds suites.
+bool Live(Random& random, standin::Module& module) {
+  const bool exists = module.Globals();
+  if (!exists || Once(random, 4)) {  // a host starts a plug-in once
+    Expect(exists ? "the shut-down" : "the start-up", exists ? module.ShutDown() : module.StartUp(),
+           ResultCode::kSuccess);
+    return !exists;
+  }
+  const bool unloads = Once(random, 2);
+  const char* const selector = unloads ? "Unload" : "Reload";
+  Expect(selector, module.Send("QP Access", selector), ResultCode::kSuccess);
+  return !unloads;
+}
+
+void SendAny(Random& random, RunningModule& running, bool holdsSuites) {
+  const KnownMessage& known = Pick(random, kKnownMessages);
+  const std::string caller = Near(random, Once(random, 8) ? "VX Notifier" : known.caller);
+  const std::string selector =
+      Near(random, Once(random, 4) ? Pick(random, kKnownMessages).selector : known.selector);
+  const std::string message = caller + " / " + selector;
+  if (message == "QP Access / Unload") return;
+  const Trying trying(message);
+  const bool notifies = caller == "VX Notifier";
+
+  const Calls calls = running.CallsDuring([&] {
+    const ResultCode code =
+        notifies ? running.module.Notify(Pick(random, kNotifierTypes), selector.c_str())
+                 : running.module.Send(caller.c_str(), selector.c_str());
+    Expect("the answer", code, ResultCode::kSuccess);
+  });
+  Calls expected;
+  if (holdsSuites && notifies)
+    expected = {"VX Context Suite/PushAppContext", "VX Context Suite/PopAppContext"};
+  if (holdsSuites && message == "QP Interface / About")
+    expected = {"KDM Basic Suite/GetListString", "KDM Basic Suite/GetListString",
+                "KDM Basic Suite/ShowAboutBox"};
+  Expect("calls of the host", calls, expected);
+}
+
+void SendMessages(size_t part) {
+  RunningModule running;
+  bool holdsSuites = true;
+  ForEachSeed(part, Count(1000, 50000), [&](Random& random) {
+    for (int i = 0; i < 50; ++i) {
+      if (Once(random, 10)) {
+        holdsSuites = Live(random, running.module);
+      } else {
+        SendAny(random, running, holdsSuites);
+      }
+    }
+  });
+  Expect("alerts", running.person.alerts, std::vector<std::string>());
+}
+
+// The host's resources with random damage: nothing comes of them, or a dialog that can be used and
+// alerts that can be read.
+
+std::string ContentOf(const std::filesystem::path& file) {
+  std::ostringstream content;
+  content << std::ifstream(file).rdbuf();
+  return content.str();
+}
+
+/// What `read` makes of it; nothing when it is refused.
+template <typename Error, typename Read>
+auto ReadOrRefused(Read read) -> std::optional<decltype(read())> try {
+  return read();
+} catch (const Error&) {
+  return std::nullopt;
+}
+
+void DamageLayouts() {
+  const char* const kLayout = "layouts/16301.xml";
+  const std::string original = ContentOf(Resources().plugin / kLayout);
+  const std::string gestures =
+      "enter HorizontalCountTxt 40\nenter NewWidthTxt 2.5 in\nclick UsePercentChk\n"
+      "click MosaicUseRatioButton\nresize 480 360\nclick GrayRadio\nkey Return";
+  const TemporaryFolder resources;
+  RunningModule running({resources.path, resources.path});
+  ForEachSeed(0, Count(1500, 150000), [&](Random& random) {
+    const std::string layout = Once(random, 2) ? original : Damaged(random, original);
+    const std::string played = Once(random, 2) ? gestures : Damaged(random, gestures);
+    const auto script = ReadOrRefused<nrvui::gestures::ScriptError>(
+        [&] { return nrvui::gestures::GestureScript::Parse(played, "gestures"); });
+    if (!script) return;
+    const bool isRead = ReadOrRefused<standin::ResourceError>([&] {
+                          return standin::ParseLayout(layout, kLayout, standin::MakeLiveToken());
+                        }).has_value();
+    resources.Write(kLayout, layout);
+    nrvui::gestures::ScriptedPresenter person(*script);
+    const nrvui::ui::InstalledPresenter installed(person);
+    MosaicParameters record{};
+    MosaicDialogState state{};
+    const std::string given = Bytes(record) + Bytes(state);
+    const ResultCode code = running.RunDialog(record, state);
+    if (code != ResultCode::kSuccess)
+      Expect("record and state are untouched", Bytes(record) + Bytes(state) == given, true);
+    if (person.Error()) Expect("the answer", code, ResultCode::kCancelled);
+    if (!isRead) Expect("the answer without a layout", code, ResultCode::kCannot);
+    Expect("left of the sheet", running.host.Sheets().Leftovers(), std::vector<std::string>());
+  });
+}
+
+void DamageTexts() {
+  const std::string original = ContentOf(Resources().plugin / "strings/16050.txt");
+  ForEachSeed(0, Count(1500, 150000), [&](Random& random) {
+    std::istringstream text(Damaged(random, original));
+    const auto list = ReadOrRefused<standin::ResourceError>(
+        [&] { return standin::StringList::Read(text, "16050.txt"); });
+    if (!list) return;
+    CheckedModule checked;
+    checked.host.Lists().Replace(standin::ListOwner::kPlugin, 16050, *list);
+    const auto code = ResultCode{static_cast<int32_t>(Below(random, 1000)) + 1};
+    checked.host.Operations().Refuse("QP Plug-ins Suite/SetPluginName", code);
+    Expect("the start-up", checked.module.StartUp(), code);
+    Expect("at most one alert", checked.person.alerts.size() <= 1, true);
+    for (const std::string& alert : checked.person.alerts)
+      if (alert.size() > 255 || !nrvcore::utility::IsValidUTF8(alert)) Fail("alert: " + alert);
+    checked.ExpectNothingLeft();
+  });
+}
+
+// A long life: memory, descriptors and speed stay as they are.
+
+constexpr size_t kBatches = 20;
+
+/// What the process holds after a batch of work, and what the batch cost.
+struct Measure {
+  std::clock_t ticks;
+  size_t blocks = qpbasic::Ledger::Get().Counts().blocks;
+  long descriptors = std::distance(std::filesystem::directory_iterator("/proc/self/fd"), {});
+  long residentPages = 0;
+};
+
+Measure PlayBatch(RunningModule& running, size_t dialogs, size_t reloads) {
+  const std::clock_t start = std::clock();
+  for (size_t i = 0; i < dialogs; ++i) {
+    MosaicParameters record = SampleRecord();
+    MosaicDialogState state{};
+    Expect("a dialog", running.RunDialog(record, state), ResultCode::kSuccess);
+  }
+  for (size_t i = 0; i < reloads; ++i) {
+    Expect("an unload", running.module.Unload(), ResultCode::kSuccess);
+    Expect("a reload", running.module.Reload(), ResultCode::kSuccess);
+  }
+  Measure measure{std::clock() - start};
+  std::ifstream("/proc/self/statm") >> measure.residentPages >> measure.residentPages;
+  return measure;
+}
+
+void KeepsItsMemoryAndSpeed() {
+  nrvui::gestures::ScriptedPresenter person(nrvui::gestures::GestureScript::Parse(
+      "enter HorizontalCountTxt 12\nclick MosaicUseRatioButton\nkey Return", "long run"));
+  const nrvui::ui::InstalledPresenter installed(person);
+  RunningModule running;
+  const size_t dialogs = Count(2000, 100000) / kBatches;
+  const size_t reloads = settings.isLong ? 50 : 3;
+  std::vector<Measure> batches;
+  for (size_t i = 0; i < kBatches; ++i) batches.push_back(PlayBatch(running, dialogs, reloads));
+
+  const Measure& warm = batches[kBatches / 4];
+  const Measure& last = batches.back();
+  Expect("open descriptors", last.descriptors, warm.descriptors);
+  Expect("blocks", last.blocks, warm.blocks);
+#ifndef __SANITIZE_ADDRESS__  // which keeps freed memory back for a while
+  Expect("more memory than before, in pages",
+         std::max(0L, last.residentPages - warm.residentPages - 32), 0);
+#endif
+  const auto fastest = [](auto from, auto to) {
+    return std::min_element(from, to, [](auto& a, auto& b) { return a.ticks < b.ticks; })->ticks;
+  };
+  const auto middle = batches.begin() + kBatches / 2;
+  const bool isSlower = fastest(middle, batches.end()) > fastest(batches.begin(), middle) * 3 / 2;
+  Expect("becomes slower", isSlower, false);
+}
+
+}  // namespace
+
+Checks RandomChecks() {
+  Checks checks;
+  const auto addParts = [&](const std::string& name, size_t count, void (*run)(size_t part)) {
+    for (size_t part = 0; part < count; ++part)
+      checks.push_back({name + std::to_string(part + 1), [run, part] { run(part); }});
+  };
+  addParts("random/dialogs-", 8, PlayDialogs);
+  addParts("random/messages-", 4, SendMessages);
+  checks.push_back({"random/damaged-layouts", DamageLayouts});
+  checks.push_back({"random/damaged-texts", DamageTexts});
+  checks.push_back({"life/keeps-memory-and-speed", KeepsItsMemoryAndSpeed});
+  return checks;
+}
+
+}  // namespace check

@@ -1,0 +1,148 @@
+#include <cstdlib>
+#include <fstream>
+#include <sstream>
+
+#include "check/check.h"
+#include "check/checked_module.h"
+#include "check/findings.h"
+#include "check/temporary_folder.h"
+#include "platform/standin/host_codes.h"
+
+namespace check {
+namespace {
+
+bool IsInMemory(const std::filesystem::path& file) {
+  std::stringstream maps;
+  maps << std::ifstream("/proc/self/maps").rdbuf();
+  return maps.str().find(std::filesystem::canonical(file).string()) != std::string::npos;
+}
+
+/// The module's file in another place, so that its code is another image at another address.
+struct ModuleCopy : TemporaryFolder {
+  ModuleCopy() { std::filesystem::copy_file(settings.module, file); }
+  const std::filesystem::path file = path / settings.module.filename();
+};
+
+void LeavesAndComesBackElsewhere() {
+  RunningModule running;
+  auto& [person, host, module] = static_cast<HostedModule&>(running);
+  const MosaicSuite* const table = host.Suites().Find<MosaicSuite>();
+  const auto firstAddress = table->RunMosaicDialog;
+  void* const object = module.Globals();
+  Expect("in memory", IsInMemory(settings.module), true);
+  Expect("the unload", module.Unload(), ResultCode::kSuccess);
+  Expect("in memory after the unload", IsInMemory(settings.module), false);
+
+  const ModuleCopy copy;
+  const standin::ModuleImage occupant(settings.module);  // takes the place where the module was
+  const Calls calls = running.CallsDuring(
+      [&] { Expect("the reload", module.Reload(copy.file), ResultCode::kSuccess); });
+  Expect("the calls of the reload", calls, WithSuites("acquire/"));
+  Expect("the same object", module.Globals() == object, true);
+  Expect("the same table", host.Suites().Find<MosaicSuite>() == table, true);
+  Expect("the function's address has changed", table->RunMosaicDialog != firstAddress, true);
+  Expect("about", module.About(), ResultCode::kSuccess);
+  Expect("about boxes", person.aboutBoxes.size(), 1u);
+  MosaicDialogState state{};
+  MosaicParameters record{};
+  Expect("a dialog that nobody presents", running.RunDialog(record, state), ResultCode::kCannot);
+}
+
+void ComesBackToBeShutDown() {
+  CheckedModule checked;
+  Expect("the start-up", checked.module.StartUp(), ResultCode::kSuccess);
+  Expect("the unload", checked.module.Unload(), ResultCode::kSuccess);
+  const Calls calls = checked.CallsDuring(
+      [&] { Expect("the shut-down", checked.module.ShutDown(), ResultCode::kSuccess); });
+  Calls expected = WithSuites("acquire/");
+  expected.push_back("QP Blocks Suite/FreeBlock");
+  for (const std::string& release : WithSuites("release/")) expected.push_back(release);
+  Expect("the calls", calls, expected);
+  checked.ExpectNothingLeft();
+}
+
+void ShutsDownElsewhereWithoutAReload() {
+  standin::RecordingUserInterface person;
+  standin::Host host(person);
+  PluginMessage message{};
+  message.pluginRef = host.AddPlugin("TesseraeUI");
+  message.basicSuite = host.BasicSuite();
+  {
+    const standin::ModuleImage first(settings.module);
+    Expect("the start-up", first.Entry()("QP Interface", "Startup", &message),
+           ResultCode::kSuccess);
+    Expect("the unload", first.Entry()("QP Access", "Unload", &message), ResultCode::kSuccess);
+  }
+  const ModuleCopy copy;
+  const standin::ModuleImage occupant(settings.module);  // takes the place where the module was
+  const standin::ModuleImage second(copy.file);
+  Expect("the shut-down", second.Entry()("QP Interface", "Shutdown", &message),
+         ResultCode::kSuccess);
+  Expect("what is kept for the plug-in", message.globals, nullptr);
+  host.RemovePlugin(message.pluginRef);
+  Expect("what is left", host.Leftovers(), std::vector<std::string>());
+}
+
+void WaitsWithoutSuitesAfterAFailure() {
+  RunningModule running;
+  auto& [person, host, module] = static_cast<HostedModule&>(running);
+  Expect("the unload", module.Unload(), ResultCode::kSuccess);
+  host.Operations().Refuse("acquire/VX Context Suite", kRefused);
+  const Calls calls = running.CallsDuring([&] { Expect("the reload", module.Reload(), kRefused); });
+  Expect("suites in use", host.Suites().Users("QP Access Suite"), 0u);
+  Expect("alerts", person.alerts.size(), 1u);
+  Expect("about", module.About(), ResultCode::kSuccess);
+  Expect("about boxes", person.aboutBoxes.size(), 0u);
+  Expect("the next reload", module.Reload(), ResultCode::kSuccess);
+  Expect("calls of SetPluginName", host.Operations().Calls("QP Plug-ins Suite/SetPluginName"), 1u);
+  Expect("calls of AddNotifier", host.Operations().Calls("VX Notifier Suite/AddNotifier"), 1u);
+}
+
+/// A suite that cannot be given back ends the walk; it and those after it stay in use.
+void StopsAtASuiteThatCannotGoBack() {
+  CheckedModule checked;
+  auto& [person, host, module] = static_cast<HostedModule&>(checked);
+  Expect("the start-up", module.StartUp(), ResultCode::kSuccess);
+  host.Operations().Refuse("release/QP Plug-ins Suite", kRefused);
+  Expect("the shut-down", module.ShutDown(), ResultCode::kSuccess);
+  size_t index = 0;
+  for (const char* suite : kSuitesOfModule)
+    Expect(suite, host.Suites().Users(suite), index++ == 0 ? 0u : 1u);
+}
+
+void EndsWithoutFreeingItsTable() {
+  CheckedModule checked;
+  auto& [person, host, module] = static_cast<HostedModule&>(checked);
+  Expect("the start-up", module.StartUp(), ResultCode::kSuccess);
+  const MosaicSuite* const table = host.Suites().Find<MosaicSuite>();
+  host.Operations().Refuse("QP Blocks Suite/FreeBlock", kRefused);
+  MosaicParameters record = SampleRecord();
+  MosaicDialogState state{};
+  MosaicParameters* params = &record;
+  Expect("the shut-down", module.ShutDown(), kRefused);
+  Expect("what is kept for the plug-in", module.Globals(), nullptr);
+  Expect("a dialog", table->RunMosaicDialog(&state, &params), ResultCode::kCannot);
+  Expect("alerts", person.alerts.size(), 1u);
+  Expect("users of a suite", host.Suites().Users("QP Access Suite"), 1u);
+
+  Expect("the next start-up", module.StartUp(), ResultCode::kSuccess);
+  Expect("the unload", module.Send("QP Access", "Unload"), ResultCode::kSuccess);
+  host.Suites().SetAbsent("QP Blocks Suite");
+  Expect("a shut-down without QP Blocks Suite", module.ShutDown(), ResultCode::kCannot);
+  Expect("what is kept for the plug-in", module.Globals(), nullptr);
+}
+
+}  // namespace
+
+Checks ReloadChecks() {
+  return {
+      {"reload/leaves-and-comes-back-elsewhere", LeavesAndComesBackElsewhere},
+      {"reload/waits-without-suites-after-failure", WaitsWithoutSuitesAfterAFailure},
+      {"shut-down/comes-back-for-it", ComesBackToBeShutDown},
+      {"shut-down/elsewhere-without-reload", ShutsDownElsewhereWithoutAReload},
+      {"shut-down/stops-at-suite-that-cannot-go-back", StopsAtASuiteThatCannotGoBack},
+      {"shut-down/ends-without-freeing-table", EndsWithoutFreeingItsTable},
+  };
+}
+
+}  // namespace check

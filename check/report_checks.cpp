@@ -1,0 +1,148 @@
+#include "check/check.h"
+#include "check/checked_module.h"
+#include "check/findings.h"
+
+namespace check {
+namespace {
+
+using standin::ListOwner;
+using standin::StringList;
+
+constexpr const char* kNothing = "no alert";
+constexpr const char* kDefault = "The operation failed (%s).";
+
+int32_t Code(const std::string& text) {
+  return text[0] << 24 | text[1] << 16 | text[2] << 8 | text[3];
+}
+
+/// A host that refuses start-ups with any code, so that the module reports it.
+struct ReportingModule : CheckedModule {
+  ReportingModule() {
+    SetOwnTexts(kDefault);
+    StringList hostTexts;
+    for (const int32_t code : {9, 10, 17, 899, 900}) hostTexts.Set(code, "Host's %s text");
+    host.Lists().Replace(ListOwner::kHost, 257, hostTexts);
+  }
+  ~ReportingModule() { ExpectNothingLeft(); }
+
+  void SetOwnTexts(const std::string& defaultText) {
+    StringList list;
+    int32_t index = 0;
+    for (const std::string entry : {"-43", "Gone is file %d.", "017", "Own text", "907", "Nine",
+                                    "ok", "Short", "PARM", defaultText.c_str()})
+      list.Set(++index, entry);
+    host.Lists().Replace(ListOwner::kPlugin, 16050, list);
+  }
+
+  void ExpectShown(int32_t code, const std::string& text) {
+    const Trying trying("code " + CodeText(ResultCode{code}));
+    person.alerts.clear();
+    host.Operations().Refuse("QP Plug-ins Suite/SetPluginName", ResultCode{code});
+    Expect("the answer", module.StartUp(), ResultCode{code});
+    Expect("the alert", person.alerts.empty() ? kNothing : person.alerts.back(), text);
+  }
+};
+
+void FindsTheTextOfACode() {
+  ReportingModule reporting;
+  const std::pair<int32_t, const char*> cases[] = {
+      {-43, "Gone is file %d."},
+      {907, "Nine"},
+      {17, "Own text"},
+      {'o' << 24 | 'k' << 16, "Short"},
+      {Code("PARM"), kDefault},
+      {Code("Gone"), "The operation failed (Gone)."},
+      {Code("!MEM"), "The operation failed (!MEM)."},
+      {9, "The operation failed (9)."},
+      {10, "Host's %s text"},
+      {899, "Host's %s text"},
+      {900, "The operation failed (900)."},
+      {INT32_MIN, "The operation failed (-21474836)."},
+      {16384, "The operation failed (16384)."},
+      {16385, "The operation failed ()."},  // four characters, of which the first ends the text
+      {362, "The operation failed (362)."},
+  };
+  for (const auto& [code, text] : cases) reporting.ExpectShown(code, text);
+}
+
+void SaysNothingOfSilentCodes() {
+  ReportingModule reporting;
+  for (const char* silent :
+       {"FMT?", "RFSE", "AFTR", "VALD", "MOOT", "TRSH", "CHEK", "CHIT", "TLTK", "pFls", "S!Fd",
+        "!Acq", "Bchn", "dsRP", "skpE", "DONE", "ASTR", "STOP"})
+    reporting.ExpectShown(Code(silent), kNothing);
+  reporting.ExpectShown(361, kNothing);
+}
+
+void FormatsOnlyWhatIsFitForIt() {
+  ReportingModule reporting;
+  const std::string text119 = "%s" + std::string(117, 'y');
+  const std::pair<std::string, std::string> cases[] = {
+      {text119, "12" + std::string(117, 'y')},
+      {text119 + 'y', text119 + 'y'},
+      {"100%% [%4s]", "100% [  12]"},
+      {"%n%s", "%n%s"},
+      {"%2147483600s", "%2147483600s"},
+      {"%s %s", "%s %s"},
+      {"100 %", "100 %"},
+      {"no code", "no code"},
+  };
+  for (const auto& [text, shown] : cases) {
+    reporting.SetOwnTexts(text);
+    reporting.ExpectShown(12, shown);
+  }
+}
+
+void EndsAListThatDoesNotEnd() {
+  ReportingModule reporting;
+  StringList endless;
+  for (int32_t index = 1; index < 40000; index += 2) {
+    endless.Set(index, "none");
+    endless.Set(index + 1, index < 32767 ? "Far too many (%s)." : "No index of 16 bits");
+  }
+  reporting.host.Lists().Replace(ListOwner::kPlugin, 16050, endless);
+  reporting.ExpectShown(12, "Far too many (12).");
+  const size_t calls = reporting.host.Operations().Calls("KDM Basic Suite/GetListString");
+  Expect("asks for at most 17000 texts", calls <= 17000, true);
+}
+
+void DoesWithoutTexts() {
+  ReportingModule reporting;
+  reporting.host.Lists().Replace(ListOwner::kPlugin, 16050, {});
+  reporting.ExpectShown(12, kNothing);
+  reporting.ExpectShown(17, "Host's %s text");
+  reporting.host.Operations().Refuse("VX Unicode String Suite/CreateFromText", ResultCode::kCannot);
+  reporting.ExpectShown(17, kNothing);
+}
+
+/// While the plug-in runs, a code that comes again at once is not shown again.
+void RepeatsNothingAtOnce() {
+  RunningModule running;
+  const auto fail = [&](int32_t code, size_t alerts, const char* what) {
+    running.host.Operations().Refuse("acquire/VX Context Suite", ResultCode{code});
+    Expect("the answer", running.module.Send("QP Access", "Reload"), ResultCode{code});
+    Expect(what, running.person.alerts.size(), alerts);
+  };
+  Expect("the unload", running.module.Send("QP Access", "Unload"), ResultCode::kSuccess);
+  fail(12, 1, "alerts after the first failure");
+  fail(12, 1, "alerts after the same");
+  fail(13, 2, "alerts after another");
+  fail(Code("STOP"), 2, "alerts after a silent one");
+  fail(13, 2, "alerts after the former, since what is silent does not come between");
+  fail(12, 3, "alerts after the first again");
+}
+
+}  // namespace
+
+Checks ReportChecks() {
+  return {
+      {"report/finds-text-of-code", FindsTheTextOfACode},
+      {"report/says-nothing-of-silent-codes", SaysNothingOfSilentCodes},
+      {"report/formats-only-what-is-fit", FormatsOnlyWhatIsFitForIt},
+      {"report/ends-endless-list", EndsAListThatDoesNotEnd},
+      {"report/does-without-texts", DoesWithoutTexts},
+      {"report/repeats-nothing-at-once", RepeatsNothingAtOnce},
+  };
+}
+
+}  // namespace check

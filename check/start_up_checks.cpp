@@ -1,0 +1,139 @@
+#include "check/check.h"
+#include "check/checked_module.h"
+#include "check/findings.h"
+#include "platform/qpbasic/ledger.h"
+
+namespace check {
+namespace {
+
+size_t Blocks() {
+  return qpbasic::Ledger::Get().Counts().blocks;
+}
+
+Calls Joined(Calls calls, const Calls& more) {
+  calls.insert(calls.end(), more.begin(), more.end());
+  return calls;
+}
+
+void IntroducesThePluginAndTakesItBack() {
+  CheckedModule checked;
+  auto& [person, host, module] = static_cast<HostedModule&>(checked);
+  const size_t blocks = Blocks();
+  const Calls begin =
+      checked.CallsDuring([&] { Expect("the start-up", module.StartUp(), ResultCode::kSuccess); });
+  Expect("the calls of the start-up", begin,
+         Joined(WithSuites("acquire/"),
+                {"QP Plug-ins Suite/SetPluginName", "VX Notifier Suite/AddNotifier",
+                 "QP Blocks Suite/AllocateBlock", "QP Suites Suite/AddSuite"}));
+  Expect("the plug-in's name", module.Ref()->name, "TesseraeUI");
+  Expect("blocks: the object, its set of suites and the published table", Blocks(), blocks + 3);
+  const auto& notifiers = host.Objects().notifiers.Objects();
+  Expect("notifiers", notifiers.size(), 1u);
+  if (!notifiers.empty()) {
+    Expect("the notifier's name", notifiers[0]->name, "TesseraeUI App Started Notifier");
+    Expect("the notifier's type", notifiers[0]->type, "VX Application Started Notifier");
+  }
+  const OpaqueSuite& published = *host.Suites().Suites().Objects().back();
+  Expect("the published suite", published.name, MosaicSuite::kName);
+  Expect("its version", published.version, 1001);
+  Expect("its internal version", published.internalVersion, 1);
+
+  const Calls end = checked.CallsDuring(
+      [&] { Expect("the shut-down", module.ShutDown(), ResultCode::kSuccess); });
+  Expect("the calls of the shut-down", end,
+         Joined({"QP Blocks Suite/FreeBlock"}, WithSuites("release/")));
+  Expect("what is kept for the plug-in", module.Globals(), nullptr);
+  Expect("alerts", person.alerts, std::vector<std::string>());
+  checked.ExpectNothingLeft();
+}
+
+/// The start-up ends with the suite that the host refuses, and gives back those before it.
+void LacksSuite(size_t index) {
+  CheckedModule checked;
+  auto& [person, host, module] = static_cast<HostedModule&>(checked);
+  host.Operations().Refuse(std::string("acquire/") + kSuitesOfModule[index], kRefused);
+  Calls calls = checked.CallsDuring([&] { Expect("the answer", module.StartUp(), kRefused); });
+  const Calls expected = Joined(WithSuites("acquire/", index + 1), WithSuites("release/", index));
+  calls.resize(std::min(calls.size(), expected.size()));  // what follows is the report's
+  Expect("the calls", calls, expected);
+  Expect("what is kept for the plug-in", module.Globals(), nullptr);
+  Expect("alerts", person.alerts.size(), 1u);
+  checked.ExpectNothingLeft();
+  Expect("the next start-up", module.StartUp(), ResultCode::kSuccess);
+}
+
+void HostWithoutTables() {
+  CheckedModule checked;
+  static int releases;
+  releases = 0;
+  QPBasicSuite withoutTables = {
+      [](const char*, int32_t, const void**) { return ResultCode::kSuccess; },
+      [](const char*, int32_t) { return ++releases, ResultCode::kSuccess; },
+  };
+  for (QPBasicSuite* basicSuite : {static_cast<QPBasicSuite*>(nullptr), &withoutTables}) {
+    PluginMessage message = checked.PlainMessage();
+    message.basicSuite = basicSuite;
+    Expect("the answer", checked.SendPlain("QP Interface", "Startup", message),
+           ResultCode::kCannot);
+    Expect("what is kept for the plug-in", message.globals, nullptr);
+  }
+  Expect("suites given back: the first, and the one for the report", releases, 2);
+  Expect("a start-up by a whole host", checked.module.StartUp(), ResultCode::kSuccess);
+  checked.module.ShutDown() == ResultCode::kSuccess ? void() : Fail("the shut-down fails");
+  checked.ExpectNothingLeft();
+}
+
+/// '!MSG' says that a message is not answered, but a start-up must not pass for one that succeeded.
+void RefusedAsNotHandled() {
+  CheckedModule checked;
+  checked.host.Operations().Refuse("QP Plug-ins Suite/SetPluginName", ResultCode::kNotHandled);
+  Expect("the answer", checked.module.StartUp(), ResultCode::kNotHandled);
+  Expect("alerts", checked.person.alerts.size(), 1u);
+  checked.ExpectNothingLeft();
+}
+
+/// A second start-up, with a record of its own, fails; the first plug-in goes on.
+void SecondFails(const char* refused) {
+  const Trying trying(refused);
+  CheckedModule checked;
+  auto& [person, host, module] = static_cast<HostedModule&>(checked);
+  Expect("the first start-up", module.StartUp(), ResultCode::kSuccess);
+  const MosaicSuite* const table = host.Suites().Find<MosaicSuite>();
+  const size_t blocks = Blocks();
+  PluginMessage second = checked.PlainMessage();
+  host.Operations().Refuse(refused, kRefused);
+  Expect("the second", checked.SendPlain("QP Interface", "Startup", second), kRefused);
+  Expect("what is kept for the second", second.globals, nullptr);
+  // The host may have kept the table of a suite that it refused, so that block is left to it.
+  const size_t kept = std::string("QP Suites Suite/AddSuite") == refused;
+  Expect("blocks", Blocks(), blocks + kept);
+
+  Expect("the answer to \"About\"", module.About(), ResultCode::kSuccess);
+  Expect("about boxes", person.aboutBoxes.size(), 1u);
+  Expect("the first one's table stays", host.Suites().Find<MosaicSuite>() == table, true);
+  MosaicParameters record = SampleRecord();
+  MosaicDialogState state{};
+  Expect("a dialog that nobody presents", checked.RunDialog(record, state), ResultCode::kCannot);
+  Expect("the shut-down", module.ShutDown(), ResultCode::kSuccess);
+  Expect("kinds of things left", host.Leftovers().size(), kept);
+}
+
+void GoesOnWhenASecondFails() {
+  for (const char* refused : {"QP Plug-ins Suite/SetPluginName", "VX Notifier Suite/AddNotifier",
+                              "QP Suites Suite/AddSuite"})
+    SecondFails(refused);
+}
+
+}  // namespace
+
+Checks StartUpChecks() {
+  Checks checks = {{"start-up/introduces-plug-in", IntroducesThePluginAndTakesItBack}};
+  for (size_t i = 0; i < std::size(kSuitesOfModule); ++i)
+    checks.push_back({"start-up/refused-suite-" + std::to_string(i + 1), [i] { LacksSuite(i); }});
+  checks.push_back({"start-up/host-without-tables", HostWithoutTables});
+  checks.push_back({"start-up/refused-as-not-handled", RefusedAsNotHandled});
+  checks.push_back({"start-up/goes-on-when-a-second-fails", GoesOnWhenASecondFails});
+  return checks;
+}
+
+}  // namespace check
