@@ -137,6 +137,7 @@ int main(int argc, char** argv) try {
   if (line.showHelp) {
     int onlyName = 1;
     const QCoreApplication application(onlyName, argv);
+    SpeakLanguage(line.language);
     Print(CommandLine::HelpText());
     return 0;
   }

@@ -7,6 +7,7 @@
 #include <cstdlib>
 #include <cstring>
 #include <filesystem>
+#include <span>
 #include <utility>
 #include <vector>
 
@@ -55,8 +56,7 @@ const char* EnglishText(const char* key) {
   return equalSign == nullptr ? key : equalSign + 1;
 }
 
-UTF16String WithReplacements(std::u16string_view text,
-                             std::initializer_list<ReplacementValue> values) {
+UTF16String WithReplacements(std::u16string_view text, std::span<const ReplacementValue> values) {
   UTF16String out;
   while (!text.empty()) {
     const std::size_t plain = std::min(text.find(u'%'), text.size());
@@ -65,7 +65,7 @@ UTF16String WithReplacements(std::u16string_view text,
     if (text.empty()) break;
     const std::size_t index = text.size() > 1 ? text[1] - std::size_t{u'1'} : values.size();
     const bool isPlace = index < values.size();
-    out.Append(isPlace ? values.begin()[index].Text().View() : text.substr(0, 1));
+    out.Append(isPlace ? values[index].Text().View() : text.substr(0, 1));
     text.remove_prefix(isPlace ? 2 : 1);
   }
   return out;
@@ -153,6 +153,14 @@ UTF16String Localizer::Localize(const char* key,
 char16_t Localizer::GetDecimalSign() const {
   const UTF16String sign = Localize(kDecimalSignKey);
   return sign.IsEmpty() ? u'.' : sign.View().front();
+}
+
+std::string Message(const char* key, std::initializer_list<std::string_view> values) {
+  std::vector<ReplacementValue> replacements;
+  for (const std::string_view value : values)
+    replacements.emplace_back(utility::UTF8ToUTF16(value));
+  const UTF16String text = WithReplacements(Localizer::Get().Localize(key).View(), replacements);
+  return std::string(utility::UTF16ToUTF8(text.View()).View());
 }
 
 }  // namespace nrvcore::config

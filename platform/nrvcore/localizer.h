@@ -69,4 +69,8 @@ class NRV_EXPORT Localizer {
   locale_t messagesLocale = nullptr;  // null until a language is set
 };
 
+/// A localised text with %1 to %4 replaced, all in UTF-8: what a message or an exception says.
+NRV_EXPORT std::string Message(const char* key,
+                               std::initializer_list<std::string_view> values = {});
+
 }  // namespace nrvcore::config

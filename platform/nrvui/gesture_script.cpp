@@ -5,9 +5,12 @@
 #include <charconv>
 #include <fstream>
 
+#include "platform/nrvcore/localizer.h"
 #include "platform/nrvcore/unicode.h"
 
 namespace nrvui::gestures {
+
+using nrvcore::config::Message;
 
 namespace {
 
@@ -94,7 +97,9 @@ GestureScript GestureScript::ReadFile(const std::filesystem::path& path) {
     stream.read(block.data(), block.size());
     text.append(block.data(), stream.gcount());
   }
-  if (!stream.eof()) throw ScriptError(path.string(), 0, "the gesture file can't be read");
+  if (!stream.eof())
+    throw ScriptError(path.string(), 0,
+                      Message("$$$/nrvui/Script/Unreadable=the gesture file can't be read"));
   return Parse(text, path.string());
 }
 
@@ -105,19 +110,22 @@ GestureScript GestureScript::Parse(std::string_view text, const std::string& nam
   for (std::size_t number = 1; !text.empty(); ++number) {
     std::string_view line = TakeUntil(text, "\n");
     if (!nrvcore::utility::IsValidUTF8(line)) {
-      throw ScriptError(name, number, "the line is not UTF-8 text");
+      throw ScriptError(name, number,
+                        Message("$$$/nrvui/Script/Encoding=the line is not UTF-8 text"));
     }
     line = Trimmed(TakeUntil(line, "#"));
     if (line.empty()) continue;
     const std::string_view word = TakeWord(line);
     const auto* verb = std::ranges::find(kVerbs, word, &NamedVerb::name);
     if (verb == kVerbs.end()) {
-      throw ScriptError(name, number, "there is no gesture \"" + std::string(word) + "\"");
+      throw ScriptError(name, number,
+                        Message("$$$/nrvui/Script/NoGesture=there is no gesture \"%1\"", {word}));
     }
     Step step{
         .line = number, .verb = verb->verb, .target = {}, .text = {}, .width = 0, .height = 0};
     if (!TakeArguments(line, step)) {
-      throw ScriptError(name, number, "it should read: " + std::string(verb->form));
+      throw ScriptError(name, number,
+                        Message("$$$/nrvui/Script/Form=it should read: %1", {verb->form}));
     }
     script.steps.push_back(std::move(step));
   }

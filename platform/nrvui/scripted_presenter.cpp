@@ -11,6 +11,7 @@
 
 namespace nrvui::gestures {
 
+using nrvcore::config::Message;
 using ui::UI_Node;
 
 namespace {
@@ -45,7 +46,9 @@ std::optional<ScriptError> ScriptRun::Play(const std::function<Outcome(const Ste
     }
   }
   if (dialog.GetResponse() != ui::kNoResponse) return {};
-  Report(script.Name() + ": the script ended with the dialog open; it was cancelled");
+  Report(script.Name() + ": " +
+         Message(
+             "$$$/nrvui/Script/StaysOpen=the script ended with the dialog open; it was cancelled"));
   dialog.DefaultCloseCancel();
   return {};
 }
@@ -53,7 +56,9 @@ std::optional<ScriptError> ScriptRun::Play(const std::function<Outcome(const Ste
 UI_Node& ScriptRun::Control(const Step& step) const {
   UI_Node* const node = FindControl(dialog, step.target);
   if (node != nullptr) return *node;
-  throw ScriptError(script.Name(), step.line, "the dialog has no control \"" + step.target + "\"");
+  throw ScriptError(
+      script.Name(), step.line,
+      Message("$$$/nrvui/Script/NoControl=the dialog has no control \"%1\"", {step.target}));
 }
 
 nrvcore::UTF16String ScriptRun::Typed(const Step& step, const UI_Node& field) {

@@ -8,6 +8,7 @@
 #include <QRadioButton>
 #include <QWindow>
 
+#include "platform/nrvcore/localizer.h"
 #include "platform/nrvui/ui_edits.h"
 #include "platform/qt/qt_text.h"
 
@@ -136,7 +137,9 @@ Outcome WindowPlayer::TakenOr(const Step& step, const std::function<Outcome()>& 
   Outcome outcome;
   run.Guard([&] { outcome = gesture(); });
   if (outcome.changed || run.IsOver() != wasOver)
-    throw ScriptError(script.Name(), step.line, "the window took no notice");
+    throw ScriptError(
+        script.Name(), step.line,
+        nrvcore::config::Message("$$$/nrvui/Script/NoNotice=the window took no notice"));
   return outcome;
 }
 

@@ -16,6 +16,8 @@
 
 namespace standin {
 
+using nrvcore::config::Message;
+
 namespace {
 
 bool IsNameCharacter(char c) {
@@ -34,18 +36,19 @@ bool Parse(std::string_view text, Number* number) {
 
 LayoutAttribute::LayoutAttribute(const char* name, const char* value, Refuse refusal)
     : name(name), value(value), refuse(std::move(refusal)) {
-  if (!nrvcore::utility::IsValidUTF8(value)) refuse(std::string(name) + " is not UTF-8");
+  if (!nrvcore::utility::IsValidUTF8(value))
+    refuse(Message("$$$/standin/Layout/Encoding=%1 is not UTF-8", {name}));
 }
 
-void LayoutAttribute::RefuseAs(const std::string& what) const {
-  refuse(std::string(name) + "=\"" + value + "\" is " + what);
+void LayoutAttribute::RefuseAs(const char* key, std::string_view limit) const {
+  refuse(Message(key, {name, value, limit}));
   std::abort();  // refuse throws
 }
 
 nrvcore::String LayoutAttribute::AsName() const {
   const std::string_view text = value;
   if (text.empty() || !std::all_of(text.begin(), text.end(), IsNameCharacter))
-    RefuseAs("no name of letters, digits and underscores");
+    RefuseAs("$$$/standin/Layout/NoName=%1=\"%2\" is no name of letters, digits and underscores");
   return nrvcore::String(text);
 }
 
@@ -53,20 +56,22 @@ nrvcore::UTF16String LayoutAttribute::AsCaption() const {
   const std::string_view key = value;
   const size_t equals = key.find('=');
   if (!key.starts_with("$$$/") || equals == std::string_view::npos || equals + 1 == key.size())
-    RefuseAs("no localisation key of the form $$$/path=text");
+    RefuseAs("$$$/standin/Layout/NoKey=%1=\"%2\" is no localisation key of the form $$$/path=text");
   return nrvcore::config::Localizer::Get().Localize(value);
 }
 
 double LayoutAttribute::AsNumber() const {
   double number = 0;
-  if (!Parse(value, &number) || !std::isfinite(number)) RefuseAs("no number");
+  if (!Parse(value, &number) || !std::isfinite(number))
+    RefuseAs("$$$/standin/Layout/NoNumber=%1=\"%2\" is no number");
   return number;
 }
 
 unsigned LayoutAttribute::AsCount(unsigned last) const {
   unsigned count = 0;
   if (!Parse(value, &count) || count < 1 || count > last)
-    RefuseAs("no whole number from 1 to " + std::to_string(last));
+    RefuseAs("$$$/standin/Layout/NoCount=%1=\"%2\" is no whole number from 1 to %3",
+             std::to_string(last));
   return count;
 }
 

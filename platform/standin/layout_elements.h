@@ -30,7 +30,8 @@ class LayoutAttribute {
   unsigned AsCount(unsigned last) const;
 
  private:
-  [[noreturn]] void RefuseAs(const std::string& what) const;
+  /// The key's %1 and %2 are the attribute and its value.
+  [[noreturn]] void RefuseAs(const char* key, std::string_view limit = {}) const;
 
   const char* name;
   const char* value;

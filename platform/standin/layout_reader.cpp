@@ -11,6 +11,7 @@
 #include <utility>
 #include <vector>
 
+#include "platform/nrvcore/localizer.h"
 #include "platform/standin/layout_elements.h"
 #include "platform/standin/live_token.h"
 #include "platform/standin/resources.h"
@@ -18,6 +19,7 @@
 namespace standin {
 namespace {
 
+using nrvcore::config::Message;
 using nrvui::ui::UI_Layout;
 using nrvui::ui::UI_Node;
 using nrvui::ui::UI_SubView;
@@ -67,7 +69,8 @@ void Reader::Refuse(size_t offset, const std::string& reason) const {
 }
 
 SheetTree Reader::Read() {
-  if (const size_t nul = original.find('\0'); nul != std::string::npos) Refuse(nul, "a NUL");
+  if (const size_t nul = original.find('\0'); nul != std::string::npos)
+    Refuse(nul, Message("$$$/standin/Layout/Nul=a NUL"));
   pugi::xml_document document;
   const pugi::xml_parse_result result = document.load_buffer_inplace(
       parsed.data(), parsed.size(), pugi::parse_default, pugi::encoding_utf8);
@@ -77,9 +80,11 @@ SheetTree Reader::Read() {
     return static_cast<size_t>(std::max<std::ptrdiff_t>(node.offset_debug(), 0));
   };
   if (std::string_view(root.name()) != SheetElement().name)
-    Refuse(offset(root), std::string("<") + root.name() + "> where <sheet> must stand");
+    Refuse(offset(root),
+           Message("$$$/standin/Layout/Root=<%1> where <sheet> must stand", {root.name()}));
   if (const pugi::xml_node second = root.next_sibling())
-    Refuse(offset(second), "something after the end of <sheet>");
+    Refuse(offset(second),
+           Message("$$$/standin/Layout/AfterEnd=something after the end of <sheet>"));
 
   SheetTree tree;
   tree.view = LiveNode<UI_SubView>::Make(token);
@@ -94,11 +99,15 @@ SheetTree Reader::Read() {
 
 void Reader::AddChildren(const pugi::xml_node& xml, UI_Node& parent, int depth) {
   for (const pugi::xml_node& child : xml.children()) {
-    if (child.type() != pugi::node_element) Refuse(child.value(), "text between the elements");
+    if (child.type() != pugi::node_element)
+      Refuse(child.value(), Message("$$$/standin/Layout/Text=text between the elements"));
     if (depth > kDeepestNesting)
-      Refuse(child.name(), "nested deeper than " + std::to_string(kDeepestNesting));
+      Refuse(child.name(), Message("$$$/standin/Layout/Deep=nested deeper than %1",
+                                   {std::to_string(kDeepestNesting)}));
     const LayoutElement* const element = FindLayoutElement(child.name());
-    if (!element) Refuse(child.name(), std::string("unknown element <") + child.name() + ">");
+    if (!element)
+      Refuse(child.name(),
+             Message("$$$/standin/Layout/Element=unknown element <%1>", {child.name()}));
     const boost::intrusive_ptr<UI_Node> node = MakeNode(child, *element);
     parent.ChildPushBack(node);
     AddChildren(child, *node, depth + 1);
@@ -108,7 +117,8 @@ void Reader::AddChildren(const pugi::xml_node& xml, UI_Node& parent, int depth) 
 boost::intrusive_ptr<UI_Node> Reader::MakeNode(const pugi::xml_node& xml,
                                                const LayoutElement& element) {
   if (!element.holdsOthers && xml.first_child())
-    Refuse(xml.name(), std::string("<") + xml.name() + "> cannot hold anything");
+    Refuse(xml.name(),
+           Message("$$$/standin/Layout/Content=<%1> cannot hold anything", {xml.name()}));
   boost::intrusive_ptr<UI_Node> node = element.make(token);
   ApplyAttributes(xml, element, *node);
   return node;
@@ -120,9 +130,12 @@ void Reader::ApplyAttributes(const pugi::xml_node& xml, const LayoutElement& ele
   for (const pugi::xml_attribute& attribute : xml.attributes()) {
     const char* const name = attribute.name();
     const AttributeRule* const rule = FindAttributeRule(element, name);
-    if (!rule) Refuse(name, std::string("<") + xml.name() + "> has no attribute " + name);
+    if (!rule)
+      Refuse(name,
+             Message("$$$/standin/Layout/Attribute=<%1> has no attribute %2", {xml.name(), name}));
     const auto place = static_cast<size_t>(rule - element.attributes.data());
-    if (given.test(place)) Refuse(name, std::string(name) + " is given twice");
+    if (given.test(place))
+      Refuse(name, Message("$$$/standin/Layout/Twice=%1 is given twice", {name}));
     given.set(place);
     rule->apply(
         node, {name, attribute.value(), [&](const std::string& reason) { Refuse(name, reason); }});
@@ -133,19 +146,22 @@ void Reader::ApplyAttributes(const pugi::xml_node& xml, const LayoutElement& ele
   for (size_t place = 0; place < element.attributes.size(); ++place) {
     const AttributeRule& rule = element.attributes[place];
     if (rule.presence == Presence::kRequired && !given.test(place))
-      Refuse(xml.name(), std::string("<") + xml.name() + "> needs the attribute " + rule.name);
+      Refuse(xml.name(), Message("$$$/standin/Layout/Missing=<%1> needs the attribute %2",
+                                 {xml.name(), rule.name}));
   }
 }
 
 void Reader::NoteId(const pugi::xml_attribute& attribute, UI_Node& node) {
   if (!nodes.emplace(attribute.value(), &node).second)
-    Refuse(attribute.name(), std::string("a second node with the ID ") + attribute.value());
+    Refuse(attribute.name(), Message("$$$/standin/Layout/SecondId=a second node with the ID %1",
+                                     {attribute.value()}));
 }
 
 boost::intrusive_ptr<UI_Node> Reader::Resolve(const Reference& reference) const {
   const auto found = nodes.find(reference.id);
   if (found == nodes.end())
-    Refuse(reference.position, "no node has the ID \"" + std::string(reference.id) + "\"");
+    Refuse(reference.position,
+           Message("$$$/standin/Layout/NoNode=no node has the ID \"%1\"", {reference.id}));
   return found->second;
 }
 
@@ -153,19 +169,18 @@ boost::intrusive_ptr<UI_Node> Reader::Resolve(const Reference& reference) const 
 
 SheetTree ParseLayout(std::string text, const std::filesystem::path& file, const LiveToken& token) {
   if (text.size() > kLargestFile)
-    throw ResourceError(file, 0,
-                        "the file is larger than " + std::to_string(kLargestFile) + " bytes");
+    throw ResourceError(file, 0, Message(kTooLarge, {std::to_string(kLargestFile)}));
   return Reader(std::move(text), file, token).Read();
 }
 
 SheetTree ReadLayout(const std::filesystem::path& file, const LiveToken& token) {
   std::error_code error;
   const uintmax_t size = std::filesystem::file_size(file, error);
-  if (error) throw ResourceError(file, 0, "there is no such file");
+  if (error) throw ResourceError(file, 0, Message("$$$/standin/File/Absent=there is no such file"));
   std::ifstream stream(file, std::ios::binary);
   std::string text(std::min<uintmax_t>(size, kLargestFile + 1), '\0');
   if (!stream.read(text.data(), static_cast<std::streamsize>(text.size())))
-    throw ResourceError(file, 0, "the file cannot be read");
+    throw ResourceError(file, 0, Message(kUnreadable));
   return ParseLayout(std::move(text), file, token);
 }
 

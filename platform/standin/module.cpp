@@ -8,9 +8,13 @@
 #include <cstring>
 #include <fstream>
 
+#include "platform/nrvcore/localizer.h"
 #include "platform/standin/host_codes.h"
 
 namespace standin {
+
+using nrvcore::config::Message;
+
 namespace {
 
 /// Whether all that the loader would map is in the file; it looks itself only when it is too late.
@@ -42,16 +46,22 @@ std::string LastLoadFailure() {
 ModuleImage::ModuleImage(const std::filesystem::path& file) {
   std::error_code error;
   if (!std::filesystem::is_regular_file(file, error))
-    throw LoadError("cannot load " + file.string() + ": there is no such file");
-  if (IsCutShort(file)) throw LoadError("cannot load " + file.string() + ": the file is cut short");
+    throw LoadError(Message("$$$/standin/Module/Absent=cannot load %1: there is no such file",
+                            {file.string()}));
+  if (IsCutShort(file))
+    throw LoadError(Message("$$$/standin/Module/CutShort=cannot load %1: the file is cut short",
+                            {file.string()}));
   // A bare name would be searched for elsewhere.
   handle = dlopen(std::filesystem::absolute(file).c_str(), RTLD_NOW | RTLD_LOCAL);
-  if (!handle) throw LoadError("cannot load " + file.string() + ": " + LastLoadFailure());
+  if (!handle)
+    throw LoadError(Message("$$$/standin/Module/Refused=cannot load %1: %2",
+                            {file.string(), LastLoadFailure()}));
   entry = reinterpret_cast<PluginEntryPoint>(dlsym(handle, kPluginEntryName));
   if (entry) return;
   dlclose(handle);
-  throw LoadError("cannot use " + file.string() + ": it is no plug-in, since it has no " +
-                  kPluginEntryName);
+  throw LoadError(
+      Message("$$$/standin/Module/NoPlugin=cannot use %1: it is no plug-in, since it has no %2",
+              {file.string(), kPluginEntryName}));
 }
 
 ModuleImage::~ModuleImage() {

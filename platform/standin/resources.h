@@ -16,6 +16,10 @@ class ResourceError : public std::runtime_error {
                            reason) {}
 };
 
+inline constexpr const char* kUnreadable = "$$$/standin/File/Unreadable=the file cannot be read";
+inline constexpr const char* kTooLarge =
+    "$$$/standin/File/TooLarge=the file is larger than %1 bytes";
+
 /// The folders in which a host looks for resources.
 struct ResourceFolders {
   std::filesystem::path host;    // the host's lists, in "host", and the "translations"

@@ -9,6 +9,8 @@
 
 namespace standin {
 
+using nrvcore::config::Message;
+
 namespace {
 
 constexpr int32_t kLastIndex = 32767;
@@ -28,21 +30,27 @@ StringList StringList::Read(std::istream& stream, const std::filesystem::path& f
     if (line.ends_with('\r')) line.pop_back();
     if (line.empty() || line.front() == '#') continue;
     if (line.size() > kLongestLine)
-      refuse("the line is longer than " + std::to_string(kLongestLine) + " bytes");
-    if (line.find('\0') != std::string::npos) refuse("the line contains a NUL");
-    if (!nrvcore::utility::IsValidUTF8(line)) refuse("the line is not UTF-8");
+      refuse(Message("$$$/standin/Lists/LongLine=the line is longer than %1 bytes",
+                     {std::to_string(kLongestLine)}));
+    if (line.find('\0') != std::string::npos)
+      refuse(Message("$$$/standin/Lists/Nul=the line contains a NUL"));
+    if (!nrvcore::utility::IsValidUTF8(line))
+      refuse(Message("$$$/standin/Lists/Encoding=the line is not UTF-8"));
     const size_t tab = line.find('\t');
-    if (tab == std::string::npos) refuse("no tab between index and text");
+    if (tab == std::string::npos)
+      refuse(Message("$$$/standin/Lists/NoTab=no tab between index and text"));
     int32_t index = 0;
     const auto [end, error] = std::from_chars(line.data(), line.data() + tab, index);
     if (error != std::errc() || end != line.data() + tab || index < 1 || index > kLastIndex)
-      refuse("\"" + line.substr(0, tab) + "\" is no index from 1 to " + std::to_string(kLastIndex));
+      refuse(Message("$$$/standin/Lists/NoIndex=\"%1\" is no index from 1 to %2",
+                     {line.substr(0, tab), std::to_string(kLastIndex)}));
     if (index <= previous)
-      refuse("index " + std::to_string(index) + " after index " + std::to_string(previous));
+      refuse(Message("$$$/standin/Lists/Order=index %1 after index %2",
+                     {std::to_string(index), std::to_string(previous)}));
     list.entries.emplace_hint(list.entries.end(), index, line.substr(tab + 1));
     previous = index;
   }
-  if (stream.bad()) throw ResourceError(file, lineNumber + 1, "the file cannot be read");
+  if (stream.bad()) throw ResourceError(file, lineNumber + 1, Message(kUnreadable));
   return list;
 }
 
@@ -59,12 +67,13 @@ StringList ReadFile(const std::filesystem::path& file) {
   std::error_code error;
   const auto status = std::filesystem::status(file, error);
   if (status.type() == std::filesystem::file_type::not_found) return {};
-  if (!is_regular_file(status)) throw ResourceError(file, 0, "is no file that can be read");
+  if (!is_regular_file(status))
+    throw ResourceError(file, 0, Message("$$$/standin/File/None=is no file that can be read"));
   if (std::filesystem::file_size(file, error) > kLargestFile)
-    throw ResourceError(file, 0,
-                        "the file is larger than " + std::to_string(kLargestFile) + " bytes");
+    throw ResourceError(file, 0, Message(kTooLarge, {std::to_string(kLargestFile)}));
   std::ifstream stream(file, std::ios::binary);
-  if (!stream) throw ResourceError(file, 0, "the file cannot be opened");
+  if (!stream)
+    throw ResourceError(file, 0, Message("$$$/standin/File/NotOpened=the file cannot be opened"));
   return StringList::Read(stream, file);
 }
 

@@ -1,6 +1,8 @@
 #include "studio/console/command_line.h"
 
 #include <QCommandLineParser>
+#include <QTextBoundaryFinder>
+#include <algorithm>
 
 #include "platform/qt/theme.h"
 #include "studio/base/studio_error.h"
@@ -10,47 +12,88 @@ namespace {
 struct Option {
   const char* name;
   const char* value;  // what the help calls it; null for none
-  const char* help;
+  const char* help;   // a key, as the value's name is
   bool CommandLine::*flag = nullptr;
   QString CommandLine::*text = nullptr;  // null too for the exports, of which there can be many
 };
 
+constexpr const char* kFile = "$$$/Studio/Help/File=FILE";
+constexpr const char* kCode = "$$$/Studio/Help/Code=CODE";
+constexpr const char* kTheme = "$$$/Studio/Help/Theme=THEME";
+
 constexpr Option kOptions[] = {
-    {"gestures", "FILE", "Plays these gestures on the dialog, as a person would.", nullptr,
+    {"gestures", kFile,
+     "$$$/Studio/Help/Gestures=Plays these gestures on the dialog, as a person would.", nullptr,
      &CommandLine::gestures},
-    {"export", "FILE",
-     "Writes the mosaic, by the name's ending: .svg, .png or .pdf; may be given more than once."},
-    {"record", "FILE", "Writes what the dialog gave back, as JSON.", nullptr, &CommandLine::record},
-    {"screenshot", "FILE", "Writes what the dialog looks like, as PNG.", nullptr,
-     &CommandLine::dialogScreenshot},
-    {"screenshot-window", "FILE", "Writes what the window looks like, as PNG.", nullptr,
+    {"export", kFile,
+     "$$$/Studio/Help/Export=Writes the mosaic, by the name's ending: .svg, .png or .pdf; may be "
+     "given more than once."},
+    {"record", kFile, "$$$/Studio/Help/Record=Writes what the dialog gave back, as JSON.", nullptr,
+     &CommandLine::record},
+    {"screenshot", kFile, "$$$/Studio/Help/Screenshot=Writes what the dialog looks like, as PNG.",
+     nullptr, &CommandLine::dialogScreenshot},
+    {"screenshot-window", kFile,
+     "$$$/Studio/Help/ScreenshotWindow=Writes what the window looks like, as PNG.", nullptr,
      &CommandLine::windowScreenshot},
-    {"size-unknown", nullptr, "Places the picture as if its file did not say how large it is.",
+    {"size-unknown", nullptr,
+     "$$$/Studio/Help/SizeUnknown=Places the picture as if its file did not say how large it is.",
      &CommandLine::isSizeUnknown},
-    {"state", "FILE", "Keeps the last choices here instead of in your settings.", nullptr,
+    {"state", kFile,
+     "$$$/Studio/Help/State=Keeps the last choices here instead of in your settings.", nullptr,
      &CommandLine::state},
-    {"language", "CODE", "Speaks this language, as in \"de\", instead of your own.", nullptr,
+    {"language", kCode,
+     "$$$/Studio/Help/Language=Speaks this language, as in \"de\", instead of your own.", nullptr,
      &CommandLine::language},
-    {"theme", "THEME", "Looks light, dark or like the system.", nullptr, &CommandLine::theme},
-    {"quiet", nullptr, "Prints nothing but errors.", &CommandLine::isQuiet},
-    {"help", nullptr, "Prints this.", &CommandLine::showHelp},
-    {"version", nullptr, "Prints the program's version.", &CommandLine::showVersion},
+    {"theme", kTheme, "$$$/Studio/Help/Look=Looks light, dark or like the system.", nullptr,
+     &CommandLine::theme},
+    {"quiet", nullptr, "$$$/Studio/Help/Quiet=Prints nothing but errors.", &CommandLine::isQuiet},
+    {"help", nullptr, "$$$/Studio/Help/Help=Prints this.", &CommandLine::showHelp},
+    {"version", nullptr, "$$$/Studio/Help/Version=Prints the program's version.",
+     &CommandLine::showVersion},
 };
 
-constexpr const char* kDescription =
-    R"(
-Opens its window, where there is a display. With one of the first three options
-it places the picture, asks for a mosaic in the dialog "Create Tesserae", builds
-it, and ends. With screenshots alone it makes these, and ends.
+constexpr const char* kDescription[] = {
+    "$$$/Studio/Help/Runs=Opens its window, where there is a display. With one of the first three "
+    "options it places the picture, asks for a mosaic in the dialog \"Create Tesserae\", builds "
+    "it, "
+    "and ends. With screenshots alone it makes these, and ends.",
+    "$$$/Studio/Help/Status=Exit status: 0 after OK, 1 when the dialog or the building was "
+    "cancelled "
+    "and nothing was written, 2 with a line on the error output when something is wrong.",
+};
 
-Exit status: 0 after OK, 1 when the dialog or the building was cancelled and
-nothing was written, 2 with a line on the error output when something is wrong.)";
+/// How many columns of a terminal it takes.
+qsizetype Columns(QStringView text) {
+  constexpr QChar kFirstWide(0x2E80);
+  return text.size() +
+         std::count_if(text.begin(), text.end(), [&](QChar unit) { return unit >= kFirstWide; });
+}
+
+/// Broken into lines as long as a terminal's.
+QString Paragraph(const QString& text) {
+  constexpr qsizetype kLongestLine = 80;
+  QTextBoundaryFinder finder(QTextBoundaryFinder::Line, text);
+  QString paragraph;
+  qsizetype lineStart = 0, last = 0;
+  for (qsizetype next = finder.toNextBoundary(); next >= 0; next = finder.toNextBoundary()) {
+    if (Columns(QStringView(text).mid(lineStart, next - lineStart)) > kLongestLine) {
+      paragraph += text.mid(lineStart, last - lineStart).trimmed() + '\n';
+      lineStart = last;
+    }
+    last = next;
+  }
+  return paragraph + text.mid(lineStart);
+}
 
 void Describe(QCommandLineParser& parser) {
   parser.setSingleDashWordOptionMode(QCommandLineParser::ParseAsLongOptions);
-  parser.setApplicationDescription(kDescription);
-  parser.addPositionalArgument("picture", "The picture that becomes a mosaic.", "[PICTURE]");
-  for (const Option& option : kOptions) parser.addOption({option.name, option.help, option.value});
+  parser.setApplicationDescription('\n' + Paragraph(Text(kDescription[0])) + "\n\n" +
+                                   Paragraph(Text(kDescription[1])));
+  parser.addPositionalArgument("picture",
+                               Text("$$$/Studio/Help/Picture=The picture that becomes a mosaic."),
+                               Text("$$$/Studio/Help/PictureName=[PICTURE]"));
+  for (const Option& option : kOptions)
+    parser.addOption({option.name, Text(option.help), Text(option.value)});
 }
 
 /// The values of an option that takes one.
