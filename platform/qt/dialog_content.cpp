@@ -1,6 +1,7 @@
 #include "platform/qt/dialog_content.h"
 
 #include <QButtonGroup>
+#include <QEvent>
 #include <QVBoxLayout>
 #include <algorithm>
 
@@ -21,6 +22,24 @@ template <class Node>
 Node* As(UI_Node& node) {
   return dynamic_cast<Node*>(&node);
 }
+
+/// Wants to be as large as what scrolls in it.
+class Scroller final : public QScrollArea {
+ public:
+  explicit Scroller(QWidget& parent) : QScrollArea(&parent) {
+    setFrameShape(QFrame::NoFrame);
+    setWidgetResizable(true);
+    setFocusPolicy(Qt::NoFocus);
+  }
+
+  QSize sizeHint() const override { return widget()->sizeHint(); }
+
+ protected:
+  bool event(QEvent* event) override {
+    if (event->type() == QEvent::LayoutRequest) updateGeometry();
+    return QScrollArea::event(event);
+  }
+};
 
 }  // namespace
 
@@ -133,6 +152,30 @@ void DialogContent::PlaceMessages() {
   column->addWidget(messages);
 }
 
+void DialogContent::LetScroll() {
+  if (scroller != nullptr) return;
+  QWidget* const focus = pane.window()->focusWidget();
+  auto& column = static_cast<QBoxLayout&>(*messages->parentWidget()->layout());
+  scroller = new Scroller(*messages->parentWidget());
+  auto* const scrolled = new QWidget(scroller);
+  auto* const box = new QVBoxLayout(scrolled);
+  box->setContentsMargins(0, 0, 0, 0);
+  box->setSpacing(column.spacing());
+  while (column.itemAt(0)->widget() != messages) {
+    const std::unique_ptr<QLayoutItem> item(column.takeAt(0));
+    item->widget() != nullptr ? box->addWidget(item->widget()) : box->addStretch(1);
+  }
+  scroller->setWidget(scrolled);
+  column.insertWidget(0, scroller, 1);
+  if (focus != nullptr) focus->setFocus();
+}
+
+void DialogContent::Reveal(QWidget& widget) const {
+  if (scroller != nullptr && scroller->isAncestorOf(&widget)) {
+    scroller->ensureWidgetVisible(&widget);
+  }
+}
+
 QWidget* DialogContent::WidgetOf(const UI_Node& node) const {
   const auto found = viewOfNode.find(&node);
   return found == viewOfNode.end() ? nullptr : found->second->Widget();
@@ -193,6 +236,9 @@ QSize DialogContent::Align() {
     panel->Equalize();
     // Until then a layout answers with the sizes that its children had before.
     if (panel->Widget() != nullptr) panel->Widget()->layout()->activate();
+    if (scroller == nullptr) continue;
+    scroller->widget()->layout()->activate();
+    scroller->updateGeometry();
   }
   return pane.layout()->totalSizeHint().expandedTo(pane.layout()->totalMinimumSize());
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QHash>
+#include <QScrollArea>
 #include <functional>
 #include <memory>
 #include <unordered_map>
@@ -35,6 +36,11 @@ class DialogContent final : private nrvui::ui::NodeObserver {
   void SetReadOut(const ReadOut& text) { messages->SetReadOut(text); }
   /// Says what the control is for that `widget` shows; anything else is passed over.
   void Explain(const QObject* widget);
+  /// Has what stands above the messages scroll, for a screen that has no room for all; messages and
+  /// buttons stay in sight.
+  void LetScroll();
+  /// Scrolls to a widget.
+  void Reveal(QWidget& widget) const;
   /// The first widget that a person can type or click in; null when there is none.
   QWidget* FirstFocus() const;
 
@@ -62,6 +68,7 @@ class DialogContent final : private nrvui::ui::NodeObserver {
   std::vector<std::unique_ptr<NodeView>> views;  // parents before their children
   std::unordered_map<const nrvui::ui::UI_Node*, NodeView*> viewOfNode;
   QHash<QString, QButtonGroup*> groups;
+  QScrollArea* scroller = nullptr;      // null until something scrolls
   const NodeView* explained = nullptr;  // what the messages say is about it
   bool isOutdated = false;
 };

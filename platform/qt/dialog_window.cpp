@@ -96,7 +96,7 @@ void DialogWindow::Build() {
   auto newPane = std::make_unique<QWidget>();
   content = std::make_unique<DialogContent>(run, *newPane, [this] { RebuildLater(); });
   delete std::exchange(pane, newPane.release());
-  scroller != nullptr ? scroller->setWidget(pane) : column.addWidget(pane);
+  column.addWidget(pane);
   if (isVisible()) pane->show();
   pane->installEventFilter(this);
   for (QWidget* widget : pane->findChildren<QWidget*>()) {
@@ -126,10 +126,6 @@ void DialogWindow::RebuildLater() {
       FitContent();
     });
   });
-}
-
-void DialogWindow::Reveal(QWidget& widget) {
-  if (scroller != nullptr) scroller->ensureWidgetVisible(&widget);
 }
 
 void DialogWindow::RunModal() {
@@ -202,9 +198,9 @@ void DialogWindow::NodeChanged(UI_Node&) {
 
 void DialogWindow::FitContent() {
   const QSize needed = content->Align();
+  if (Limited(needed) != needed) content->LetScroll();
   if (needed == natural) return;
   natural = needed;
-  if (scroller == nullptr && Limited(natural) != natural) MakeScroller();
 
   const PointT<float> size = ToPoint(natural);
   const PointT<float> formerMinimum = dialog.GetMinimumSize();
@@ -229,17 +225,6 @@ QSize DialogWindow::Limited(QSize size) const {
   if (size.height() > available.height()) size.rwidth() += scrollBar;
   if (size.width() > available.width()) size.rheight() += scrollBar;
   return size.boundedTo(available);
-}
-
-void DialogWindow::MakeScroller() {
-  QWidget* const focus = focusWidget();
-  scroller = new QScrollArea(this);
-  scroller->setFrameShape(QFrame::NoFrame);
-  scroller->setWidgetResizable(true);
-  scroller->setFocusPolicy(Qt::NoFocus);
-  column.addWidget(scroller);
-  scroller->setWidget(pane);
-  if (focus != nullptr) focus->setFocus();
 }
 
 QSize DialogWindow::SizeFor(PointT<float> contentSize) const {
@@ -294,6 +279,8 @@ bool DialogWindow::eventFilter(QObject* watched, QEvent* event) {
       // Some keys are the dialog's wherever the focus is, whatever a desktop makes of them.
       return HandleKey(static_cast<QKeyEvent&>(*event));
     case QEvent::FocusIn:
+      if (!run.IsOver()) content->Reveal(static_cast<QWidget&>(*watched));
+      [[fallthrough]];
     case QEvent::Enter:
       if (!run.IsOver()) content->Explain(watched);
       break;

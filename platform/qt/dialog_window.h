@@ -2,7 +2,6 @@
 
 #include <QDialog>
 #include <QEventLoop>
-#include <QScrollArea>
 #include <QVBoxLayout>
 #include <functional>
 #include <memory>
@@ -15,7 +14,7 @@ namespace qtui {
 
 /// The window of one modal run. Its size is the dialog's content size, both ways: what the fonts
 /// need goes to the dialog's layout node, what a person makes of the window to the dialog, and the
-/// window follows the dialog. On a screen that is too small it scrolls.
+/// window follows the dialog. On a screen that is too small its content scrolls.
 class DialogWindow final : public QDialog, private nrvui::ui::NodeObserver {
  public:
   DialogWindow(DialogRun& modalRun, QWidget* parent);
@@ -32,9 +31,6 @@ class DialogWindow final : public QDialog, private nrvui::ui::NodeObserver {
   void RunModal();
 
   const DialogContent& Content() const { return *content; }
-  /// Scrolls to a widget, where the screen is too small for all.
-  void Reveal(QWidget& widget);
-
   bool eventFilter(QObject* watched, QEvent* event) override;
 
  protected:
@@ -51,7 +47,6 @@ class DialogWindow final : public QDialog, private nrvui::ui::NodeObserver {
   void RebuildLater();
   void End();
   void FitContent();
-  void MakeScroller();
   void FollowDialog();
   void Place();
   void PlaceBeside();
@@ -63,7 +58,6 @@ class DialogWindow final : public QDialog, private nrvui::ui::NodeObserver {
   nrvui::ui::UI_Dialog& dialog;
   QVBoxLayout& column;
   QWidget* pane = nullptr;
-  QScrollArea* scroller = nullptr;  // null while the screen has room for all
   std::unique_ptr<DialogContent> content;
   QEventLoop* loop = nullptr;
   std::function<void()> whenPainted;

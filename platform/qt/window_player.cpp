@@ -157,7 +157,7 @@ void WindowPlayer::TypeKey(int key, Qt::KeyboardModifiers modifiers, const QStri
 }
 
 void WindowPlayer::ClickAt(QWidget& widget) {
-  window.Reveal(widget);
+  window.Content().Reveal(widget);
   const QPointF point = widget.mapTo(&window, Target(widget));
   const QPointF global = window.mapToGlobal(point);
   const auto send = [&](QEvent::Type type, Qt::MouseButton button, Qt::MouseButtons held) {

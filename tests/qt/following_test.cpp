@@ -90,6 +90,12 @@ TEST_F(Following, ScrollsWhatNoScreenIsWideEnoughFor) {
     const auto* scroller = open.window.findChild<QScrollArea*>();
     ASSERT_NE(scroller, nullptr);
     EXPECT_FALSE(scroller->verticalScrollBar()->isVisible());
+    for (const char* inSight : {"messages", "ok"}) {
+      const QWidget& widget = open.Get(inSight);
+      EXPECT_FALSE(scroller->isAncestorOf(&widget)) << inSight;
+      EXPECT_TRUE(
+          open.window.rect().contains({widget.mapTo(&open.window, QPoint()), widget.size()}));
+    }
   });
 }
 
