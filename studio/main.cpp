@@ -57,13 +57,22 @@ void PassOverAbsurdScales() {
   }
 }
 
-/// An empty code is the language of the user's environment.
+/// An empty code is the language of the user's environment. Windows are laid out as it is written,
+/// also when their words are English for want of a translation.
 void SpeakLanguage(const QString& code) {
   auto& localizer = nrvcore::config::Localizer::Get();
   localizer.SetLanguage(code.toStdString());
   if (const QString damaged = localizer.DamagedCatalogue().c_str(); !damaged.isEmpty())
     PrintError(Text("$$$/Studio/Line/DamagedTranslation=the translation %1 is damaged", damaged));
+  const bool isEnglish = qgetenv("LANGUAGE") == "C";  // where no catalogue was found
   if (!code.isEmpty()) QLocale::setDefault(QLocale(code));
+  if (!code.isEmpty() && isEnglish && QLocale().language() != QLocale::English) {
+    PrintError(
+        Text("$$$/Studio/Line/NoTranslation=there is no translation for \"%1\", so the texts "
+             "are English",
+             code));
+  }
+  QGuiApplication::setLayoutDirection(QLocale().textDirection());
 
   // What Qt's own boxes say, where its translations are installed.
   static QTranslator translator;

@@ -11,6 +11,7 @@
 #include <QtConcurrentRun>
 #include <exception>
 #include <functional>
+#include <memory>
 #include <utility>
 
 #include "studio/base/output.h"
@@ -56,21 +57,26 @@ class WorkDialog final : public QProgressDialog {
   QPushButton* const button;
 };
 
-/// `work` answers whether it is complete, and is asked to stop by the promise. So does this.
+enum class WhenCancelled { kWait, kLeave };
+
+/// `work` answers whether it is complete, and is asked to stop by the promise. So does this. Work
+/// that cannot be asked is left to itself when it is cancelled, so it must own all that it uses.
 bool DoInBackground(QWidget& window, const QString& label, int steps,
-                    const std::function<bool(QPromise<void>&)>& work) {
+                    std::function<bool(QPromise<void>&)> work,
+                    WhenCancelled whenCancelled = WhenCancelled::kWait) {
   QEventLoop loop;
-  bool isComplete = false;
+  const auto isComplete = std::make_shared<bool>(false);
   QFutureWatcher<void> watcher;
   QObject::connect(&watcher, &QFutureWatcherBase::finished, &loop, &QEventLoop::quit);
-  watcher.setFuture(QtConcurrent::run([&](QPromise<void>& promise) {
-    promise.setProgressRange(0, steps);
-    try {
-      isComplete = work(promise);
-    } catch (...) {
-      promise.setException(std::current_exception());  // as it is, which Qt would not keep
-    }
-  }));
+  watcher.setFuture(
+      QtConcurrent::run([isComplete, steps, work = std::move(work)](QPromise<void>& promise) {
+        promise.setProgressRange(0, steps);
+        try {
+          *isComplete = work(promise);
+        } catch (...) {
+          promise.setException(std::current_exception());  // as it is, which Qt would not keep
+        }
+      }));
   QTimer::singleShot(kQuietTime, &loop, &QEventLoop::quit);
   loop.exec(QEventLoop::ExcludeUserInputEvents);
   if (!watcher.isFinished()) {
@@ -78,13 +84,17 @@ bool DoInBackground(QWidget& window, const QString& label, int steps,
     QObject::connect(&watcher, &QFutureWatcherBase::progressValueChanged, &dialog,
                      &QProgressDialog::setValue);
     QObject::connect(&dialog, &WorkDialog::canceled, &watcher, &QFutureWatcherBase::cancel);
+    if (whenCancelled == WhenCancelled::kLeave) {
+      QObject::connect(&dialog, &WorkDialog::canceled, &loop, &QEventLoop::quit);
+    }
     dialog.setValue(watcher.progressValue());
     dialog.show();
     loop.exec();
-    if (!watcher.isFinished()) watcher.cancel();  // the program is ending
+    if (!watcher.isFinished()) watcher.cancel();  // also when the program is ending
+    if (!watcher.isFinished() && whenCancelled == WhenCancelled::kLeave) return false;
   }
   watcher.waitForFinished();  // throws what the work threw
-  return isComplete && !watcher.isCanceled();
+  return *isComplete && !watcher.isCanceled();
 }
 
 /// Passes on how many rows are done, and whether to go on.
@@ -98,14 +108,15 @@ GoOn ReportTo(QPromise<void>& promise) {
 }  // namespace
 
 std::optional<Picture> ReadPicture(QWidget& window, const QString& path) {
-  std::optional<Picture> picture;
+  const auto picture = std::make_shared<std::optional<Picture>>();
   const QString label = Text("$$$/Studio/Progress/Opening=Opening %1…", QFileInfo(path).fileName());
-  const bool isComplete = DoInBackground(window, label, 1, [&](QPromise<void>&) {
-    picture = Picture::Read(path);
-    picture->PixelsInSrgb();  // the canvas would make the window wait for them
+  const auto read = [picture, path](QPromise<void>&) {
+    *picture = Picture::Read(path);
+    (*picture)->PixelsInSrgb();  // the canvas would make the window wait for them
     return true;
-  });
-  return isComplete ? std::move(picture) : std::nullopt;
+  };
+  if (!DoInBackground(window, label, 1, read, WhenCancelled::kLeave)) return std::nullopt;
+  return std::move(*picture);
 }
 
 std::optional<Mosaic> BuildMosaic(QWidget& window, const Picture& picture,

@@ -159,7 +159,7 @@ bool StudioWindow::AskForPicture() {
 bool StudioWindow::OpenPicture(const QString& path) {
   return Do(Text("$$$/Studio/Error/Open=The picture cannot be opened."), [&] {
     std::optional<Picture> picture = ReadPicture(*this, path);
-    if (!picture) return false;
+    if (!picture) return TellOfCancel();
     document.Change(Text("$$$/Studio/Undo/Place=Place Picture"),
                     Place(QFileInfo(path).absoluteFilePath(), std::move(*picture),
                           actions.placeUnknown->isChecked()));
