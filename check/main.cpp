@@ -25,8 +25,8 @@ constexpr int kCannotRun = 2;
 constexpr int kMostHangs = 3;
 
 constexpr const char* kHelp =
-    R"(usage: tesserae-check MODULE [OPTION]...
-       tesserae-check --list
+    R"(Usage: tesserae-check MODULE [OPTION]...
+  or:  tesserae-check --list
 
 Plays a host to a built TesseraeUI module and checks what it does. Each check
 runs in a process of its own and says in a line whether it passed.

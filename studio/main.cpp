@@ -159,6 +159,7 @@ int main(int argc, char** argv) try {
   int onlyName = 1;  // the options are ours; Qt would take "-platform" for one of its own
   const QApplication application(onlyName, argv);
   QCoreApplication::setApplicationName("tesserae-studio");
+  QGuiApplication::setDesktopFileName("tesserae-studio");  // whose icon the window shows
   QCoreApplication::setApplicationVersion(TESSERAE_VERSION);
   return RunStudio(line);
 } catch (const std::exception& error) {
