@@ -33,7 +33,7 @@ void WriteSvg(const Picture& picture, int tilesDown, const QString& path) {
   QFile file(path);
   Open(file);
   MosaicJob job(picture, {bench::MosaicRequest(picture, kTilesAcross, tilesDown), {}});
-  job.Add(ExportKindOf(path).makeSink(file, job.Geometry(), job.Below()));
+  job.Add(ExportKindOf(path).makeSink(file, job.Geometry(), job.Below(), 0));
   if (!job.Run([](int) { return true; })) throw std::runtime_error("the mosaic is not whole");
 }
 

@@ -130,7 +130,7 @@ bool ConsoleRun::Build(const MosaicChoices& choices) {
   const MosaicGeometry& geometry = job.Geometry();
   for (size_t i = 0; i < exportDevices.size(); ++i) {
     const ExportKind& kind = ExportKindOf(line.exports[int(i)]);
-    job.Add(kind.makeSink(*exportDevices[i], geometry, job.Below()));
+    job.Add(kind.makeSink(*exportDevices[i], geometry, job.Below(), 0));
   }
   Mosaic mosaic;
   if (windowScreenshotDevice) job.Add(mosaic);

@@ -9,9 +9,9 @@
 namespace {
 
 constexpr ExportKind kKinds[] = {
-    {".svg", "$$$/Studio/Export/Svg=SVG drawing (*.svg)", MakeSvgSink},
-    {".pdf", "$$$/Studio/Export/Pdf=PDF document (*.pdf)", MakePdfSink},
-    {".png", "$$$/Studio/Export/Png=PNG picture (*.png)", MakePngSink},
+    {".svg", "$$$/Studio/Export/Svg=SVG drawing (*.svg)", MakeSvgSink, false},
+    {".pdf", "$$$/Studio/Export/Pdf=PDF document (*.pdf)", MakePdfSink, false},
+    {".png", "$$$/Studio/Export/Png=PNG picture (*.png)", MakePngSink, true},
 };
 
 }  // namespace

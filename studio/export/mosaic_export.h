@@ -15,10 +15,18 @@ struct ExportKind {
   const char* ending;  // with its dot
   const char* filter;  // for file dialogs
   /// What writes the mosaic to the device, which must outlive it; `below` lies under the tiles,
-  /// null for nothing. Throws StudioError.
+  /// null for nothing. `pixelsPerPoint` is for a picture, 0 for PngScale. Throws StudioError.
   std::unique_ptr<MosaicSink> (*makeSink)(QIODevice& device, const MosaicGeometry& geometry,
-                                          const QImage& below);
+                                          const QImage& below, double pixelsPerPoint);
+  bool hasPixels;
 };
+
+/// The pixels a point of a PNG picture that shows the tiles well: each has some, with sharp edges,
+/// where about 64 million of them do, and at least one. Throws StudioError when none can be that
+/// large.
+double PngScale(const MosaicGeometry& geometry);
+/// Pixels that a side of a PNG picture can have.
+inline constexpr int kMostPngSide = 32000;
 
 /// The first is proposed.
 std::span<const ExportKind> ExportKinds();

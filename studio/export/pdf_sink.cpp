@@ -167,6 +167,6 @@ void PdfSink::WriteContentPiece() {
 }  // namespace
 
 std::unique_ptr<MosaicSink> MakePdfSink(QIODevice& device, const MosaicGeometry& geometry,
-                                        const QImage& below) {
+                                        const QImage& below, double) {
   return std::make_unique<PdfSink>(device, geometry, below);
 }

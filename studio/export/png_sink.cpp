@@ -7,6 +7,7 @@
 
 #include "studio/base/output.h"
 #include "studio/base/studio_error.h"
+#include "studio/export/mosaic_export.h"
 #include "studio/export/picture_encoding.h"
 #include "studio/export/sinks.h"
 #include "studio/picture/light_scale.h"
@@ -17,7 +18,6 @@ constexpr double kLongSide = 1600;  // in pixels, where the tiles ask for no mor
 constexpr double kPixelsPerTile = 4;
 constexpr double kMostPixels = 64e6;  // unless there are more tiles
 constexpr double kMostPixelsEver = 256e6;
-constexpr double kMostPixelsPerSide = 32000;
 constexpr double kPointsPerMeter = 72 / 0.0254;
 
 /// Gives every tile a pixel. Throws StudioError when no picture can be that large.
@@ -26,25 +26,11 @@ double LeastScale(const MosaicGeometry& geometry) {
   const double least = std::max(1 / pitch.width(), 1 / pitch.height());
   const double width = std::ceil(geometry.size.width() * least);
   const double height = std::ceil(geometry.size.height() * least);
-  if (std::max(width, height) <= kMostPixelsPerSide && width * height <= kMostPixelsEver)
-    return least;
+  if (std::max(width, height) <= kMostPngSide && width * height <= kMostPixelsEver) return least;
   throw StudioError(
       "$$$/Studio/Export/TooManyPixels=a PNG with a pixel for each tile would have %1 by %2 "
       "pixels, which is too many; SVG and PDF can hold these tiles",
       QString::number(width, 'f', 0), QString::number(height, 'f', 0));
-}
-
-double ChooseScale(const MosaicGeometry& geometry) {
-  const QSizeF size = geometry.size;
-  const double longSide = std::max(size.width(), size.height());
-  const double pitch = geometry.tile.width() + geometry.spacing.width();
-  const double smallTile = std::min(geometry.tile.width(), geometry.tile.height());
-  const double wanted = std::max(kLongSide / longSide, kPixelsPerTile / smallTile);
-  // A whole number of pixels from tile to tile keeps their edges sharp.
-  const double sharp = std::ceil(wanted * pitch) / pitch;
-  const double chosen = std::min({sharp, std::sqrt(kMostPixels / (size.width() * size.height())),
-                                  kMostPixelsPerSide / longSide});
-  return std::max(chosen, LeastScale(geometry));
 }
 
 // Borders this close to a pixel's edge lie on it, in pixels.
@@ -175,8 +161,8 @@ void MosaicRaster::PaintRow(int y, const std::vector<Sample>& samples) {
 
 class PngSink final : public MosaicSink {
  public:
-  PngSink(QIODevice& device, const MosaicGeometry& geometry, const QImage& below)
-      : device(device), scale(ChooseScale(geometry)), raster(geometry, scale), below(below) {}
+  PngSink(QIODevice& device, const MosaicGeometry& geometry, const QImage& below, double scale)
+      : device(device), scale(scale), raster(geometry, scale), below(below) {}
 
   void AddRow(std::span<const QRgb> tiles) override { raster.AddRow(tiles); }
   void Finish() override;
@@ -208,7 +194,21 @@ void PngSink::Finish() {
 
 }  // namespace
 
+double PngScale(const MosaicGeometry& geometry) {
+  const QSizeF size = geometry.size;
+  const double longSide = std::max(size.width(), size.height());
+  const double pitch = geometry.tile.width() + geometry.spacing.width();
+  const double smallTile = std::min(geometry.tile.width(), geometry.tile.height());
+  const double wanted = std::max(kLongSide / longSide, kPixelsPerTile / smallTile);
+  // A whole number of pixels from tile to tile keeps their edges sharp.
+  const double sharp = std::ceil(wanted * pitch) / pitch;
+  const double chosen = std::min(
+      {sharp, std::sqrt(kMostPixels / (size.width() * size.height())), kMostPngSide / longSide});
+  return std::max(chosen, LeastScale(geometry));
+}
+
 std::unique_ptr<MosaicSink> MakePngSink(QIODevice& device, const MosaicGeometry& geometry,
-                                        const QImage& below) {
-  return std::make_unique<PngSink>(device, geometry, below);
+                                        const QImage& below, double pixelsPerPoint) {
+  const double scale = pixelsPerPoint > 0 ? pixelsPerPoint : PngScale(geometry);
+  return std::make_unique<PngSink>(device, geometry, below, scale);
 }

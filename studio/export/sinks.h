@@ -14,15 +14,14 @@ class QIODevice;
 /// An SVG drawing, a user unit a point: one `rect` per tile in one group, in row order. Transparent
 /// tiles are there too, with their opacity, so that the count always holds.
 std::unique_ptr<MosaicSink> MakeSvgSink(QIODevice& device, const MosaicGeometry& geometry,
-                                        const QImage& below);
+                                        const QImage& below, double);
 
 /// A PDF document of one page, exactly as large as the mosaic, a filled rectangle per tile. The
 /// page's content goes out in compressed pieces as it comes in, so that memory doesn't grow with
 /// the tiles.
 std::unique_ptr<MosaicSink> MakePdfSink(QIODevice& device, const MosaicGeometry& geometry,
-                                        const QImage& below);
+                                        const QImage& below, double);
 
-/// A PNG picture of the mosaic's size on the page. Its resolution gives every tile some pixels
-/// where that is possible with about 64 million of them.
+/// A PNG picture of the mosaic's size on the page, with so many pixels a point, PngScale for 0.
 std::unique_ptr<MosaicSink> MakePngSink(QIODevice& device, const MosaicGeometry& geometry,
-                                        const QImage& below);
+                                        const QImage& below, double pixelsPerPoint);

@@ -87,6 +87,6 @@ void SvgSink::Finish() {
 }  // namespace
 
 std::unique_ptr<MosaicSink> MakeSvgSink(QIODevice& device, const MosaicGeometry& geometry,
-                                        const QImage& below) {
+                                        const QImage& below, double) {
   return std::make_unique<SvgSink>(device, geometry, below);
 }

@@ -47,6 +47,12 @@ void ArtboardItem::paint(QPainter* painter, const QStyleOptionGraphicsItem* opti
   }
   painter->fillRect(page, Qt::white);
 
+  // Where white art ends on the white page; a line beside it, which covers none of it.
+  const double line = 1 / scale;
+  painter->setBrush(QColor(0, 0, 0, 40));
+  painter->drawRect(art.adjusted(-line, -line, line, line));
+  painter->fillRect(art, Qt::white);
+
   if (picture) PaintPicture(*painter, *picture, art);
   if (!tiles) return;
   painter->save();

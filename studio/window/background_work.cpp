@@ -131,19 +131,24 @@ std::optional<Mosaic> BuildMosaic(QWidget& window, const Picture& picture,
   return mosaic;
 }
 
-bool ExportMosaic(QWidget& window, const Artwork& artwork, const QString& path) {
-  const ExportKind& kind = ExportKindOf(path);
-  const Mosaic& mosaic = *artwork.mosaic;
+bool WriteMosaic(QWidget& window, const QString& label, const Mosaic& mosaic,
+                 const ExportKind& kind, double pixelsPerPoint, QIODevice& device) {
+  const int rows = mosaic.geometry.tilesDown;
+  return DoInBackground(window, label, rows, [&](QPromise<void>& promise) {
+    const auto sink = kind.makeSink(device, mosaic.geometry, mosaic.below, pixelsPerPoint);
+    return ::WriteMosaic(mosaic, *sink, ReportTo(promise));
+  });
+}
+
+bool ExportMosaic(QWidget& window, const Artwork& artwork, const QString& path,
+                  double pixelsPerPoint) {
   OutputSet outputs;
   outputs.Protect(artwork.path);
   QIODevice& device = outputs.Add(path);
   const QString label =
       Text("$$$/Studio/Progress/Exporting=Exporting %1…", QFileInfo(path).fileName());
-  const int rows = mosaic.geometry.tilesDown;
-  const bool isComplete = DoInBackground(window, label, rows, [&](QPromise<void>& promise) {
-    const auto sink = kind.makeSink(device, mosaic.geometry, mosaic.below);
-    return WriteMosaic(mosaic, *sink, ReportTo(promise));
-  });
+  const bool isComplete =
+      WriteMosaic(window, label, *artwork.mosaic, ExportKindOf(path), pixelsPerPoint, device);
   if (isComplete) outputs.Commit();
   return isComplete;
 }

@@ -5,7 +5,9 @@
 
 #include "studio/mosaic/artwork.h"
 
+class QIODevice;
 class QWidget;
+struct ExportKind;
 
 /// The studio's long work, each piece on a thread of its own. The window is redrawn meanwhile but
 /// takes no input; after half a second a dialog shows the progress and can cancel the work, as the
@@ -17,5 +19,10 @@ std::optional<Picture> ReadPicture(QWidget& window, const QString& path);
 std::optional<Mosaic> BuildMosaic(QWidget& window, const Picture& picture,
                                   const MosaicChoices& choices);
 
+/// `label` says what is done; `pixelsPerPoint` is as the kind's makeSink has it.
+bool WriteMosaic(QWidget& window, const QString& label, const Mosaic& mosaic,
+                 const ExportKind& kind, double pixelsPerPoint, QIODevice& device);
+
 /// Writes the artwork's mosaic; until all of it is written the path keeps what it had.
-bool ExportMosaic(QWidget& window, const Artwork& artwork, const QString& path);
+bool ExportMosaic(QWidget& window, const Artwork& artwork, const QString& path,
+                  double pixelsPerPoint);

@@ -193,8 +193,21 @@ void Canvas::TakeColors() {
   setBackgroundBrush(isDark ? QColor(0xFF262626) : QColor(0xFFD4D4D4));
 }
 
+void Canvas::SetInviting(bool inviting) {
+  isInviting = inviting;
+  viewport()->update();
+}
+
 /// The picture's name above the page and the size of what lies on it, at a size of their own.
 void Canvas::drawForeground(QPainter* painter, const QRectF&) {
+  if (isInviting) {
+    constexpr int kFrameWidth = 4;
+    painter->save();
+    painter->resetTransform();
+    painter->setPen(QPen(palette().highlight(), 2 * kFrameWidth));
+    painter->drawRect(viewport()->rect());
+    painter->restore();
+  }
   if (!item) return;
   const QRect page = mapFromScene(item->Page()).boundingRect();
   painter->save();

@@ -29,6 +29,9 @@ class Canvas final : public QGraphicsView {
   /// The whole page; it stays whole when the window's size changes, until the zoom is changed.
   void Fit();
 
+  /// A frame says that a picture may be dropped here.
+  void SetInviting(bool isInviting);
+
   void WhenZoomed(std::function<void()> hook) { zoomed = std::move(hook); }
 
  protected:
@@ -58,5 +61,6 @@ class Canvas final : public QGraphicsView {
   bool isSpaceHeld = false;
   bool isGrabbed = false;
   bool isFitted = true;
+  bool isInviting = false;
   std::function<void()> zoomed;
 };

@@ -1,7 +1,10 @@
 #pragma once
 
 #include <QString>
+#include <optional>
 
+struct ExportKind;
+struct MosaicGeometry;
 class QWidget;
 
 /// Each lets the person choose a file in a dialog over the window and answers its path, empty when
@@ -10,6 +13,12 @@ class QWidget;
 /// A picture to open, `folder` first.
 QString AskForPicture(QWidget& window, const QString& folder);
 
-/// Where to export a mosaic; `name`, without an ending, is proposed. The answer ends in what the
-/// person wrote or in that of the kind they chose, and they agreed if such a file is there already.
-QString AskForExport(QWidget& window, const QString& folder, const QString& name);
+/// Where to export a mosaic; `name`, without an ending, and a kind are proposed. The answer ends in
+/// what the person wrote or in that of the kind they chose, in place of a picture's ending, and
+/// they agreed if such a file is there already.
+QString AskForExport(QWidget& window, const QString& folder, const QString& name,
+                     const ExportKind& proposed);
+
+/// How many pixels a point a PNG picture of a mosaic has, chosen as its width or its resolution;
+/// nothing when the dialog was cancelled. Throws StudioError when its tiles are too many for one.
+std::optional<double> AskForPngScale(QWidget& window, const MosaicGeometry& geometry);

@@ -12,6 +12,7 @@ constexpr int kMostRecentPictures = 8;
 constexpr const char* kRecentPictures = "recentPictures";
 constexpr const char* kTheme = "theme";
 constexpr const char* kExportFolder = "exportFolder";
+constexpr const char* kExportEnding = "exportEnding";
 constexpr const char* kPreview = "previewWhileChoosing";
 constexpr const char* kGeometry = "geometry";
 
@@ -68,6 +69,14 @@ QString ExportFolder() {
 
 void SetExportFolder(const QString& path) {
   File().setValue(kExportFolder, path);
+}
+
+QString ExportEnding() {
+  return File().value(kExportEnding, ".svg").toString();
+}
+
+void SetExportEnding(const QString& ending) {
+  File().setValue(kExportEnding, ending);
 }
 
 QByteArray WindowGeometry() {

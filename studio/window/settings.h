@@ -24,6 +24,10 @@ void SetPreviewsWhileChoosing(bool previews);
 QString ExportFolder();
 void SetExportFolder(const QString& path);
 
+/// The kind of the last export by its ending, ".svg" before the first time.
+QString ExportEnding();
+void SetExportEnding(const QString& ending);
+
 QByteArray WindowGeometry();
 void SetWindowGeometry(const QByteArray& geometry);
 

@@ -1,18 +1,23 @@
 #include "studio/window/studio_window.h"
 
 #include <QApplication>
+#include <QClipboard>
 #include <QCloseEvent>
 #include <QDir>
+#include <QElapsedTimer>
 #include <QFileInfo>
 #include <QMimeData>
 #include <QScopeGuard>
 #include <QScopedValueRollback>
 #include <QScreen>
 #include <QStatusBar>
+#include <cmath>
 
 #include "studio/base/studio_error.h"
+#include "studio/export/mosaic_export.h"
 #include "studio/window/background_work.h"
 #include "studio/window/captions.h"
+#include "studio/window/clipboard.h"
 #include "studio/window/file_dialogs.h"
 #include "studio/window/settings.h"
 
@@ -22,18 +27,14 @@ constexpr QSize kFirstSize(1080, 760);
 constexpr QSize kFrameAllowance(16, 48);  // what a window manager puts around a window
 constexpr int kMessageTime = 6000;        // ms
 
+QString ExportFailure() {
+  return Text("$$$/Studio/Error/Export=The mosaic cannot be exported.");
+}
+
 /// Only a copy, since an application that offers a file deletes it after a move.
 void AcceptCopy(QDropEvent& event) {
   event.setDropAction(Qt::CopyAction);
   event.accept();
-}
-
-/// The first local file that is dragged; empty when there is none.
-QString DraggedFile(const QMimeData& data) {
-  for (const QUrl& url : data.urls()) {
-    if (url.isLocalFile()) return url.toLocalFile();
-  }
-  return {};
 }
 
 }  // namespace
@@ -74,6 +75,9 @@ void StudioWindow::Connect() {
   };
   on(actions.open, [this] { AskForPicture(); });
   on(actions.exportMosaic, [this] { AskForExport(); });
+  on(actions.exportAgain, [this] { ExportAgain(); });
+  on(actions.copy, [this] { Copy(); });
+  on(actions.paste, [this] { Paste(); });
   on(actions.quit, [this] { close(); });
   on(actions.undo, [this] { Step(&Document::Undo); });
   on(actions.redo, [this] { Step(&Document::Redo); });
@@ -160,14 +164,17 @@ bool StudioWindow::OpenPicture(const QString& path) {
   return Do(Text("$$$/Studio/Error/Open=The picture cannot be opened."), [&] {
     std::optional<Picture> picture = ReadPicture(*this, path);
     if (!picture) return TellOfCancel();
-    document.Change(Text("$$$/Studio/Undo/Place=Place Picture"),
-                    Place(QFileInfo(path).absoluteFilePath(), std::move(*picture),
-                          actions.placeUnknown->isChecked()));
-    ShowDocument();
+    PlacePicture(QFileInfo(path).absoluteFilePath(), std::move(*picture));
     settings::AddRecentPicture(path);
     FillRecentMenu();
     return true;
   });
+}
+
+void StudioWindow::PlacePicture(const QString& path, Picture picture) {
+  document.Change(Text("$$$/Studio/Undo/Place=Place Picture"),
+                  Place(path, std::move(picture), actions.placeUnknown->isChecked()));
+  ShowDocument();
 }
 
 bool StudioWindow::CreateTesserae() {
@@ -219,11 +226,13 @@ bool StudioWindow::Create(DialogEntries entries) {
     });
     std::optional<Mosaic> mosaic;
     MosaicChoices choices;
+    QElapsedTimer clock;
     while (!mosaic) {
       choices = asked;
       if (!Ask(choices)) return false;
       confirmed[{shown->path, shown->isSizeKnown}] = {choices, entries};
       actions.tesseraeAgain->setEnabled(true);
+      clock.start();
       try {
         mosaic = BuildMosaic(*this, shown->picture, choices);
         notice = Text("$$$/Studio/Line/Stopped=The building was stopped.");
@@ -231,10 +240,14 @@ bool StudioWindow::Create(DialogEntries entries) {
         notice = Sentence(ReasonText(error));
       }
     }
+    const double seconds = double(clock.elapsed()) / 1000;
     preview.reset();
     document.Change(Text("$$$/Studio/Undo/Create=Create Tesserae"),
                     WithMosaic(*shown, std::move(*mosaic)));
     ShowDocument();
+    Tell(Text("$$$/Studio/Status/Built=Built %1 tiles in %2 s.",
+              QString::number(qint64(choices.params.tilesAcross) * choices.params.tilesDown),
+              NumberForUser(std::round(seconds * 10) / 10)));
     KeepChoices(choices);
     return true;
   });
@@ -260,20 +273,65 @@ bool StudioWindow::AskForExport() {
   const QString former = settings::ExportFolder();
   const QString folder = QFileInfo(former).isDir() ? former : source.absolutePath();
   const QString name = Text("$$$/Studio/Export/FileName=%1 mosaic", source.completeBaseName());
+  const ExportKind* const lastKind = FindExportKind(settings::ExportEnding());
 
-  const QString path = ::AskForExport(*this, folder, name);
-  return !path.isEmpty() && Export(path);
+  const QString path =
+      ::AskForExport(*this, folder, name, lastKind ? *lastKind : ExportKinds().front());
+  if (path.isEmpty()) return false;
+  std::optional<double> pixelsPerPoint = 0;
+  const auto askForScale = [&] {
+    pixelsPerPoint = AskForPngScale(*this, Shown()->mosaic->geometry);
+    return pixelsPerPoint.has_value();
+  };
+  if (ExportKindOf(path).hasPixels && !Do(ExportFailure(), askForScale)) return false;
+  return Export({Shown()->path, path, *pixelsPerPoint});
 }
 
-bool StudioWindow::Export(const QString& path) {
+bool StudioWindow::ExportAgain() {
+  const bool isSame = Shown() && lastExport && lastExport->picture == Shown()->path;
+  return isSame ? Export(*lastExport) : AskForExport();
+}
+
+bool StudioWindow::Export(LastExport how) {
   if (!Shown() || !Shown()->mosaic) return false;
-  return Do(Text("$$$/Studio/Error/Export=The mosaic cannot be exported."), [&] {
-    if (!ExportMosaic(*this, *Shown(), path)) return TellOfCancel();
+  return Do(ExportFailure(), [&] {
+    if (!ExportMosaic(*this, *Shown(), how.path, how.pixelsPerPoint)) return TellOfCancel();
     document.NoteExport();
     setWindowModified(!document.Unexported().empty());
-    settings::SetExportFolder(QFileInfo(path).absolutePath());
-    Tell(Text("$$$/Studio/Status/Exported=Exported %1", QDir::toNativeSeparators(path)));
+    settings::SetExportFolder(QFileInfo(how.path).absolutePath());
+    settings::SetExportEnding(ExportKindOf(how.path).ending);
+    Tell(Text("$$$/Studio/Status/Exported=Exported %1", QDir::toNativeSeparators(how.path)));
+    lastExport = std::move(how);
     return true;
+  });
+}
+
+void StudioWindow::Copy() {
+  if (!Shown()) return;
+  Do(Text("$$$/Studio/Error/Copy=The mosaic cannot be copied."), [&] {
+    std::unique_ptr<QMimeData> data = MimeDataOf(*this, *Shown());
+    if (!data) return TellOfCancel();
+    QGuiApplication::clipboard()->setMimeData(data.release());  // which owns them from now on
+    Tell(Text("$$$/Studio/Status/Copied=Copied."));
+    return true;
+  });
+}
+
+void StudioWindow::Paste() {
+  const QMimeData* const data = QGuiApplication::clipboard()->mimeData();
+  const QString file = data ? FileIn(*data) : QString();
+  if (!file.isEmpty()) {
+    OpenPicture(file);
+    return;
+  }
+  Do(Text("$$$/Studio/Error/Open=The picture cannot be opened."), [&] {
+    std::optional<Picture> picture = data ? PictureIn(*data) : std::nullopt;
+    if (picture) {
+      PlacePicture(Text("$$$/Studio/Paste/Name=Pasted picture"), std::move(*picture));
+    } else {
+      Tell(Text("$$$/Studio/Status/NothingToPaste=There is no picture on the clipboard."));
+    }
+    return picture.has_value();
   });
 }
 
@@ -305,7 +363,9 @@ void StudioWindow::ShowDocument() {
     action->setEnabled(shown != nullptr);
   }
   actions.tesseraeAgain->setEnabled(ConfirmedForShown() != nullptr);
-  actions.exportMosaic->setEnabled(shown && shown->mosaic);
+  for (QAction* action : {actions.exportMosaic, actions.exportAgain})
+    action->setEnabled(shown && shown->mosaic);
+  actions.copy->setEnabled(shown != nullptr);
   const QString undo = document.UndoName();
   actions.undo->setEnabled(!undo.isEmpty());
   actions.undo->setText(undo.isEmpty() ? Text("$$$/Studio/Menu/Undo=&Undo")
@@ -350,18 +410,24 @@ void StudioWindow::closeEvent(QCloseEvent* event) {
 }
 
 void StudioWindow::dragEnterEvent(QDragEnterEvent* event) {
-  if (isBusy || DraggedFile(*event->mimeData()).isEmpty()) return;
+  if (isBusy || FileIn(*event->mimeData()).isEmpty()) return;
   AcceptCopy(*event);
-  startPage->SetInviting(true);
+  SetInviting(true);
 }
 
 void StudioWindow::dragLeaveEvent(QDragLeaveEvent*) {
-  startPage->SetInviting(false);
+  SetInviting(false);
+}
+
+/// Shows that what is dragged may be dropped here.
+void StudioWindow::SetInviting(bool isInviting) {
+  startPage->SetInviting(isInviting);
+  canvas->SetInviting(isInviting);
 }
 
 void StudioWindow::dropEvent(QDropEvent* event) {
-  startPage->SetInviting(false);
-  const QString path = DraggedFile(*event->mimeData());
+  SetInviting(false);
+  const QString path = FileIn(*event->mimeData());
   if (path.isEmpty()) return;
   AcceptCopy(*event);
   // Later, as the other application waits for the answer to the drop.

@@ -31,7 +31,8 @@ class StudioWindow final : public QMainWindow {
   bool CreateTesserae();
   /// The same, beginning with the entries that the person confirmed last for this picture.
   bool CreateTesseraeAgain();
-  bool Export(const QString& path);
+  /// As large as its tiles want it, when it is a picture.
+  bool Export(const QString& path) { return Export({{}, path, 0}); }
 
   /// Whether pictures are placed as if their files did not say how large they are.
   void SetSizeUnknown(bool isUnknown) {  // NOLINT: it changes the window
@@ -55,6 +56,12 @@ class StudioWindow final : public QMainWindow {
   void dropEvent(QDropEvent* event) override;
 
  private:
+  struct LastExport {
+    QString picture;  // whose mosaic it was
+    QString path;
+    double pixelsPerPoint;  // of a PNG, 0 for what its tiles want
+  };
+
   struct Confirmed {
     MosaicChoices choices;
     DialogEntries entries;
@@ -69,6 +76,11 @@ class StudioWindow final : public QMainWindow {
   void ShowAbout();
   bool AskForPicture();
   bool AskForExport();
+  bool ExportAgain();
+  bool Export(LastExport how);
+  void Copy();
+  void Paste();
+  void PlacePicture(const QString& path, Picture picture);
   const Confirmed* ConfirmedForShown() const;
   bool Create(DialogEntries entries);
   bool Ask(MosaicChoices& choices);
@@ -81,6 +93,7 @@ class StudioWindow final : public QMainWindow {
   void Step(void (Document::*step)());
   void GoTo(const ArtworkPtr& artwork);
   void ShowDocument();
+  void SetInviting(bool isInviting);
   void Tell(const QString& text);
   /// False, for what was cancelled was not done.
   bool TellOfCancel();
@@ -97,5 +110,6 @@ class StudioWindow final : public QMainWindow {
   QLabel* summary;
   /// What OK confirmed last for a picture, by its path and whether its size was known.
   std::map<std::pair<QString, bool>, Confirmed> confirmed;
+  std::optional<LastExport> lastExport;
   bool isBusy = false;
 };

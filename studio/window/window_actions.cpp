@@ -30,13 +30,18 @@ constexpr Row kRows[] = {
      "$$$/Studio/Tip/PlaceUnknown=Place pictures as if their files did not say how large they are",
      ""},
     {&WindowActions::exportMosaic, "export", "$$$/Studio/Menu/Export=&Export…",
-     "$$$/Studio/Tip/Export=Save the mosaic as SVG, PDF or PNG", "Ctrl+E; Ctrl+S",
-     Drawing::kExport},
+     "$$$/Studio/Tip/Export=Save the mosaic as SVG, PDF or PNG", "Ctrl+E", Drawing::kExport},
+    {&WindowActions::exportAgain, "exportAgain", "$$$/Studio/Menu/ExportAgain=Export A&gain",
+     "$$$/Studio/Tip/ExportAgain=Save the mosaic as the last time, without questions", "Ctrl+S"},
     {&WindowActions::quit, "quit", "$$$/Studio/Menu/Quit=&Quit", "", "Ctrl+Q"},
     {&WindowActions::undo, "undo", "$$$/Studio/Menu/Undo=&Undo", "$$$/Studio/Tip/Undo=Undo",
      "Ctrl+Z", Drawing::kUndo},
     {&WindowActions::redo, "redo", "$$$/Studio/Menu/Redo=&Redo", "$$$/Studio/Tip/Redo=Redo",
      "Ctrl+Shift+Z; Ctrl+Y", Drawing::kRedo},
+    {&WindowActions::copy, "copy", "$$$/Studio/Menu/Copy=&Copy",
+     "$$$/Studio/Tip/Copy=Put the mosaic on the clipboard, as SVG and as a picture", "Ctrl+C"},
+    {&WindowActions::paste, "paste", "$$$/Studio/Menu/Paste=&Paste",
+     "$$$/Studio/Tip/Paste=Place the picture that is on the clipboard", "Ctrl+V"},
     {&WindowActions::tesserae, "createTesserae", "$$$/Studio/Menu/CreateTesserae=&Create Tesserae…",
      "$$$/Studio/Tip/CreateTesserae=Turn the picture into a mosaic", "Ctrl+T", Drawing::kTesserae},
     {&WindowActions::tesseraeAgain, "createTesseraeAgain",
@@ -106,12 +111,14 @@ void FillMenus(QMainWindow& window, WindowActions& actions) {
   actions.recent->setObjectName("recent");
   file->addAction(actions.placeUnknown);
   file->addSeparator();
-  file->addAction(actions.exportMosaic);
+  file->addActions({actions.exportMosaic, actions.exportAgain});
   file->addSeparator();
   file->addAction(actions.quit);
 
   QMenu* const edit = bar.addMenu(Text("$$$/Studio/Menu/Edit=&Edit"));
   edit->addActions({actions.undo, actions.redo});
+  edit->addSeparator();
+  edit->addActions({actions.copy, actions.paste});
 
   QMenu* const object = bar.addMenu(Text("$$$/Studio/Menu/Object=&Object"));
   object->addActions({actions.tesserae, actions.tesseraeAgain});

@@ -12,9 +12,12 @@ struct WindowActions {
   QAction* open;
   QAction* placeUnknown;
   QAction* exportMosaic;
+  QAction* exportAgain;
   QAction* quit;
   QAction* undo;
   QAction* redo;
+  QAction* copy;
+  QAction* paste;
   QAction* tesserae;
   QAction* tesseraeAgain;
   QAction* zoomIn;

@@ -25,7 +25,7 @@ void Write(QIODevice& device, const QString& name, int spacing, const QImage& be
   params.newWidth = float(30 + 2 * spacing);
   params.newHeight = float(40 + spacing);
   const auto sink =
-      ExportKindOf(name).makeSink(device, MosaicGeometry::From({params, {}}, {}), below);
+      ExportKindOf(name).makeSink(device, MosaicGeometry::From({params, {}}, {}), below, 0);
   for (const auto& row : kTiles) sink->AddRow(row);
   sink->Finish();
 }
@@ -76,7 +76,7 @@ TEST(SvgExport, HasSharpEdgesWhereTilesTouch) {
     buffer.open(QIODevice::WriteOnly);
     const MosaicGeometry geometry{
         across, 2, {90, 90}, QSizeF(spacingAcross, spacingDown), {10, 10}};
-    ExportKindOf("a.svg").makeSink(buffer, geometry, {})->Finish();
+    ExportKindOf("a.svg").makeSink(buffer, geometry, {}, 0)->Finish();
     EXPECT_EQ(buffer.data().contains("crispEdges"), isSharp) << spacingAcross << spacingDown;
   }
 }

@@ -102,7 +102,7 @@ TEST(MosaicJob, StopsWhenToldAndGivesNoColourToWhatIsClear) {
     QBuffer file;
     file.open(QIODevice::WriteOnly);
     MosaicJob job(picture, {params, {}});
-    job.Add(ExportKindOf("a.svg").makeSink(file, job.Geometry(), job.Below()));
+    job.Add(ExportKindOf("a.svg").makeSink(file, job.Geometry(), job.Below(), 0));
     int asked = 0;
     EXPECT_FALSE(job.Run([&](int) { return ++asked < last; }));
     EXPECT_EQ(asked, last);

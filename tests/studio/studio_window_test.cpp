@@ -3,6 +3,8 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
+#include <QClipboard>
+#include <QDoubleSpinBox>
 #include <QDropEvent>
 #include <QFile>
 #include <QLineEdit>
@@ -19,6 +21,7 @@
 #include "platform/nrvcore/localizer.h"
 #include "platform/standin/host.h"
 #include "platform/standin/resources.h"
+#include "studio/export/mosaic_export.h"
 #include "studio/window/file_dialogs.h"
 #include "studio/window/settings.h"
 #include "tests/studio/studio_folder.h"
@@ -193,15 +196,42 @@ TEST_F(StudioWindowTest, APictureBecomesAMosaicThatCanBeUndoneAndExported) {
 
   EXPECT_TRUE(window->Export(Path("a.svg")));
   EXPECT_TRUE(QFile::exists(Path("a.svg")));
-  // A dot in the name makes no ending.
-  for (const char* typed : {"10.15", "10.15.svg"}) {
-    WhenOpen<QDialog>("export", [&](QDialog& dialog) {
+  // A dot in the name makes no ending, and a picture's ending no drawing.
+  const std::pair<const char*, const char*> kTyped[] = {
+      {"10.15", "10.15.svg"}, {"10.15.svg", "10.15.svg"}, {"it.jpg", "it.svg"}, {"a.pdf", "a.pdf"}};
+  for (const auto& [typed, path] : kTyped) {
+    WhenOpen<QDialog>("export", [typed = typed](QDialog& dialog) {
       EXPECT_EQ(dialog.findChild<QLineEdit*>()->text(), "at 10.15 mosaic.svg");
       dialog.findChild<QLineEdit*>()->setText(typed);
       dialog.accept();
     });
-    EXPECT_EQ(AskForExport(*window, folder.path(), "at 10.15 mosaic"), Path("10.15.svg"));
+    EXPECT_EQ(AskForExport(*window, folder.path(), "at 10.15 mosaic", ExportKindOf(".svg")),
+              Path(path));
   }
+  // A PNG's width is asked for once; the next time the same happens without a question.
+  WhenOpen<QDialog>("export", [&](QDialog& dialog) {
+    EXPECT_EQ(dialog.findChild<QLineEdit*>()->text(), "in mosaic.svg") << "the kind of last time";
+    dialog.findChild<QLineEdit*>()->setText("a.png");
+    dialog.accept();
+  });
+  WhenOpen<QDialog>("pngSize", [](QDialog& dialog) {
+    dialog.findChild<QDoubleSpinBox*>()->setValue(36);
+    EXPECT_EQ(dialog.findChild<QSpinBox*>()->value(), 30);
+    dialog.findChild<QSpinBox*>()->setValue(90);
+    dialog.accept();
+  });
+  Action("export").trigger();
+  EXPECT_EQ(QImage(Path("a.png")).size(), QSize(90, 60));
+  ASSERT_TRUE(QFile::remove(Path("a.png")));
+  Action("exportAgain").trigger();
+  EXPECT_EQ(QImage(Path("a.png")).size(), QSize(90, 60));
+  EXPECT_EQ(settings::ExportEnding(), ".png");
+
+  Action("copy").trigger();
+  EXPECT_EQ(QApplication::clipboard()->mimeData()->data("image/svg+xml").count("<rect "), 96);
+  Action("paste").trigger();
+  EXPECT_EQ(window->Shown()->path, "Pasted picture");
+  EXPECT_NEAR(window->Shown()->picture.Pixels().width(), 1608, 8) << "sharp tiles";
   Close();  // without a question, since all is exported
 
   // The next time begins with the same choices.
