@@ -19,6 +19,7 @@ namespace {
 using nrvui::controls::UI_Checkbox;
 using nrvui::controls::UI_UnitNumberEdit;
 using nrvui::ui::UI_Dialog;
+using nrvui::ui::UI_Node;
 
 /// A running module with a caller who asks for the dialog.
 struct Caller : RunningModule {
@@ -73,6 +74,27 @@ void OpensAsItsHostPlacesIt() {
            open.Node("cancelButton").UI_GetIndex() < open.Node("okButton").UI_GetIndex(), true);
   });
   Expect("modal contexts afterwards", vx::ui::ModalContext::Depth(), 0);
+}
+
+void FollowsTheSizesOfWindowAndLayout() {
+  Caller caller;
+  caller.LookAt([](const OpenDialog& open) {
+    const auto& root = open.dialog.GetRootView();
+    UI_Node& view = **root->ChildBegin();
+    UI_Node& layout = **view.ChildBegin();
+    const auto expectSize = [](const char* what, const nrvcore::geom::RectT<float>& rect,
+                               float width, float height) {
+      Expect(what, std::vector{rect.right, rect.bottom}, std::vector{width, height});
+    };
+    (void)nrvui::gestures::Resize(open.dialog, {600, 500});
+    expectSize("the root view", root->UI_GetLocalRectF(false), 600, 500);
+    expectSize("the layout", layout.UI_GetLocalRectF(false), 600, 500);
+    layout.UI_SetLocalRectF({0, 0, 700, 450});
+    expectSize("the sheet's view", view.UI_GetLocalRectF(false), 700, 450);
+    expectSize("the dialog", open.dialog.UI_GetLocalRectF(false), 700, 450);
+    Expect("the least width", open.dialog.GetMinimumSize().x, 700.0f);
+    Expect("the least height", open.dialog.GetMinimumSize().y, 450.0f);
+  });
 }
 
 void ShowsTheSourceAsLengths() {
@@ -197,11 +219,10 @@ void ComputesTheRatioThroughItsHost() {
 void UsesTheControlsThatTheLayoutThenHolds() {
   Caller caller;
   const ResultCode code = caller.Run([](const OpenDialog& open) {
-    auto& former = open.Get<UI_UnitNumberEdit>("VerticalCountTxt");
-    former.UI_SetNodeID("former");
+    const auto& former = open.Get<UI_UnitNumberEdit>("VerticalCountTxt");
     const boost::intrusive_ptr<UI_UnitNumberEdit> field(new UI_UnitNumberEdit);
     field->UI_SetNodeID("VerticalCountTxt");
-    former.UI_GetParentContainer()->ChildPushBack(field);
+    open.dialog.GetRootView()->ChildPushBack(field);  // nearer to the root, so it is found first
     open.Enter("HorizontalCountTxt", "12");
     open.Click("MosaicUseRatioButton");
     Expect("the new field", field->GetNumber(), 8);
@@ -269,6 +290,7 @@ void NeedsEachControlInItsClass() {
 Checks DialogChecks() {
   return {
       {"dialog/opens-as-host-places-it", OpensAsItsHostPlacesIt},
+      {"dialog/follows-sizes", FollowsTheSizesOfWindowAndLayout},
       {"dialog/shows-source-as-lengths", ShowsTheSourceAsLengths},
       {"dialog/knows-no-source-size", KnowsNoSourceSize},
       {"dialog/follows-setting-of-mnemonics", FollowsTheSettingOfMnemonics},

@@ -60,12 +60,19 @@ int Refuse(const std::string& reason) {
   return kCannotRun;
 }
 
+/// What is no plain text is written so that it can be seen.
 void PrintIndented(std::string_view text) {
-  while (!text.empty()) {
-    const std::string_view line = text.substr(0, text.find('\n'));
-    std::printf("    %.*s\n", static_cast<int>(line.size()), line.data());
-    text.remove_prefix(std::min(line.size() + 1, text.size()));
+  bool isAtStart = true;
+  for (const char c : text) {
+    if (isAtStart) std::fputs("    ", stdout);
+    isAtStart = c == '\n';
+    if (c == '\n' || (c >= ' ' && c <= '~')) {
+      std::putchar(c);
+    } else {
+      std::printf("\\x%02X", static_cast<unsigned char>(c));
+    }
   }
+  if (!isAtStart) std::putchar('\n');
 }
 
 int RunAll(const check::Checks& checks) {

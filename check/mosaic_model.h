@@ -95,6 +95,15 @@ class MosaicModel {
     return !hasSize && (control.ends_with("Radio") || control == "UsePercentChk" ||
                         control == "MosaicUseRatioButton");
   }
+  /// What the two labels of the source's size show when the dialog opens.
+  std::map<std::string, std::string> SourceTexts() const {
+    const auto text = [this](int32_t first, int32_t second) {
+      const auto extent = static_cast<int16_t>(int64_t{second} - first);
+      return hasSize ? std::to_string(extent) + " pt" : "N/A";
+    };
+    return {{"OrigWidthStatic", text(record.boundsLeft, record.boundsRight)},
+            {"OrigHeightStatic", text(record.boundsTop, record.boundsBottom)}};
+  }
   /// Of a radio button or a box.
   bool IsOn(const std::string& control) const {
     if (control == "UsePercentChk") return state.usePercent != 0;

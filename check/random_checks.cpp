@@ -11,6 +11,7 @@
 #include "check/findings.h"
 #include "check/known_messages.h"
 #include "check/mosaic_model.h"
+#include "check/open_dialog.h"
 #include "check/random.h"
 #include "check/temporary_folder.h"
 #include "platform/nrvcore/unicode.h"
@@ -27,6 +28,7 @@ namespace {
 
 using nrvui::controls::UI_Checkbox;
 using nrvui::controls::UI_RadioButton;
+using nrvui::controls::UI_StaticText;
 using nrvui::controls::UI_UnitNumberEdit;
 using nrvui::gestures::Key;
 using nrvui::gestures::Press;
@@ -105,6 +107,7 @@ class ModelledPerson final : public nrvui::ui::DialogPresenter {
     nrvui::ui::ForEachBelow<UI_Node>(
         dialog, [&](UI_Node& node) { nodes[std::string(node.UI_GetNodeID().View())] = &node; });
     ExpectControls();
+    ExpectSourceSize();
     for (size_t gestures = Below(random, 25); gestures > 0; --gestures) {
       Act(dialog);
       ExpectControls();
@@ -136,6 +139,11 @@ class ModelledPerson final : public nrvui::ui::DialogPresenter {
       (void)nrvui::gestures::Click(dialog, *nodes.at(control));
       model.Click(control);
     }
+  }
+
+  void ExpectSourceSize() {
+    for (const auto& [label, text] : model.SourceTexts())
+      Expect(label, Utf8(dynamic_cast<UI_StaticText&>(*nodes.at(label)).GetValue()), text);
   }
 
   void ExpectControls() {

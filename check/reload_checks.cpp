@@ -25,7 +25,9 @@ struct ModuleCopy : TemporaryFolder {
 
 void LeavesAndComesBackElsewhere() {
   RunningModule running;
-  auto& [person, host, module] = static_cast<HostedModule&>(running);
+  auto& person = running.person;
+  standin::Host& host = running.host;
+  standin::Module& module = running.module;
   const MosaicSuite* const table = host.Suites().Find<MosaicSuite>();
   const auto firstAddress = table->RunMosaicDialog;
   void* const object = module.Globals();
@@ -85,7 +87,9 @@ void ShutsDownElsewhereWithoutAReload() {
 
 void WaitsWithoutSuitesAfterAFailure() {
   RunningModule running;
-  auto& [person, host, module] = static_cast<HostedModule&>(running);
+  auto& person = running.person;
+  standin::Host& host = running.host;
+  standin::Module& module = running.module;
   Expect("the unload", module.Unload(), ResultCode::kSuccess);
   host.Operations().Refuse("acquire/VX Context Suite", kRefused);
   const Calls calls = running.CallsDuring([&] { Expect("the reload", module.Reload(), kRefused); });
@@ -101,7 +105,8 @@ void WaitsWithoutSuitesAfterAFailure() {
 /// A suite that cannot be given back ends the walk; it and those after it stay in use.
 void StopsAtASuiteThatCannotGoBack() {
   CheckedModule checked;
-  auto& [person, host, module] = static_cast<HostedModule&>(checked);
+  standin::Host& host = checked.host;
+  standin::Module& module = checked.module;
   Expect("the start-up", module.StartUp(), ResultCode::kSuccess);
   host.Operations().Refuse("release/QP Plug-ins Suite", kRefused);
   Expect("the shut-down", module.ShutDown(), ResultCode::kSuccess);
@@ -112,7 +117,9 @@ void StopsAtASuiteThatCannotGoBack() {
 
 void EndsWithoutFreeingItsTable() {
   CheckedModule checked;
-  auto& [person, host, module] = static_cast<HostedModule&>(checked);
+  auto& person = checked.person;
+  standin::Host& host = checked.host;
+  standin::Module& module = checked.module;
   Expect("the start-up", module.StartUp(), ResultCode::kSuccess);
   const MosaicSuite* const table = host.Suites().Find<MosaicSuite>();
   host.Operations().Refuse("QP Blocks Suite/FreeBlock", kRefused);

@@ -1,3 +1,6 @@
+#include <chrono>
+#include <thread>
+
 #include "check/check.h"
 #include "check/checked_module.h"
 #include "check/findings.h"
@@ -81,6 +84,7 @@ void FormatsOnlyWhatIsFitForIt() {
       {text119, "12" + std::string(117, 'y')},
       {text119 + 'y', text119 + 'y'},
       {"100%% [%4s]", "100% [  12]"},
+      {"%300s", std::string(255, ' ')},
       {"%n%s", "%n%s"},
       {"%2147483600s", "%2147483600s"},
       {"%s %s", "%s %s"},
@@ -132,6 +136,23 @@ void RepeatsNothingAtOnce() {
   fail(12, 3, "alerts after the first again");
 }
 
+/// The interval is counted in whole seconds.
+void RepeatsAfterFiveSeconds() {
+  using std::chrono::milliseconds;
+  RunningModule running;
+  Expect("the unload", running.module.Send("QP Access", "Unload"), ResultCode::kSuccess);
+  const auto begin = std::chrono::steady_clock::now();
+  for (const milliseconds wait : {milliseconds(0), milliseconds(3900), milliseconds(5050)}) {
+    std::this_thread::sleep_until(begin + wait);
+    running.host.Operations().Refuse("acquire/VX Context Suite", kRefused);
+    Expect("the answer", running.module.Send("QP Access", "Reload"), kRefused);
+    const bool isLate = std::chrono::steady_clock::now() > begin + milliseconds(5000);
+    // A machine with more to do may be late for the second.
+    if (wait.count() != 3900 || !isLate)
+      Expect("alerts", running.person.alerts.size(), isLate ? 2u : 1u);
+  }
+}
+
 }  // namespace
 
 Checks ReportChecks() {
@@ -142,6 +163,7 @@ Checks ReportChecks() {
       {"report/ends-endless-list", EndsAListThatDoesNotEnd},
       {"report/does-without-texts", DoesWithoutTexts},
       {"report/repeats-nothing-at-once", RepeatsNothingAtOnce},
+      {"report/repeats-after-five-seconds", RepeatsAfterFiveSeconds},
   };
 }
 

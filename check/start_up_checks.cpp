@@ -17,7 +17,9 @@ Calls Joined(Calls calls, const Calls& more) {
 
 void IntroducesThePluginAndTakesItBack() {
   CheckedModule checked;
-  auto& [person, host, module] = static_cast<HostedModule&>(checked);
+  auto& person = checked.person;
+  standin::Host& host = checked.host;
+  standin::Module& module = checked.module;
   const size_t blocks = Blocks();
   const Calls begin =
       checked.CallsDuring([&] { Expect("the start-up", module.StartUp(), ResultCode::kSuccess); });
@@ -27,6 +29,9 @@ void IntroducesThePluginAndTakesItBack() {
                  "QP Blocks Suite/AllocateBlock", "QP Suites Suite/AddSuite"}));
   Expect("the plug-in's name", module.Ref()->name, "TesseraeUI");
   Expect("blocks: the object, its set of suites and the published table", Blocks(), blocks + 3);
+  std::string forgotten;
+  for (const std::string& line : qpbasic::Ledger::Get().Forgotten()) forgotten += line;
+  Expect("the table has 8 bytes", forgotten.find("of 8 bytes") != forgotten.npos, true);
   const auto& notifiers = host.Objects().notifiers.Objects();
   Expect("notifiers", notifiers.size(), 1u);
   if (!notifiers.empty()) {
@@ -50,7 +55,9 @@ void IntroducesThePluginAndTakesItBack() {
 /// The start-up ends with the suite that the host refuses, and gives back those before it.
 void LacksSuite(size_t index) {
   CheckedModule checked;
-  auto& [person, host, module] = static_cast<HostedModule&>(checked);
+  auto& person = checked.person;
+  standin::Host& host = checked.host;
+  standin::Module& module = checked.module;
   host.Operations().Refuse(std::string("acquire/") + kSuitesOfModule[index], kRefused);
   Calls calls = checked.CallsDuring([&] { Expect("the answer", module.StartUp(), kRefused); });
   const Calls expected = Joined(WithSuites("acquire/", index + 1), WithSuites("release/", index));
@@ -96,7 +103,9 @@ void RefusedAsNotHandled() {
 void SecondFails(const char* refused) {
   const Trying trying(refused);
   CheckedModule checked;
-  auto& [person, host, module] = static_cast<HostedModule&>(checked);
+  auto& person = checked.person;
+  standin::Host& host = checked.host;
+  standin::Module& module = checked.module;
   Expect("the first start-up", module.StartUp(), ResultCode::kSuccess);
   const MosaicSuite* const table = host.Suites().Find<MosaicSuite>();
   const size_t blocks = Blocks();

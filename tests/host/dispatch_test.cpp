@@ -65,6 +65,15 @@ TEST_F(DispatchTest, AScriptMessageAndAPurgeAreAnsweredAndNotShown) {
   EXPECT_TRUE(person.alerts.empty());
 }
 
+TEST_F(DispatchTest, EveryFailureIsShownWhereRepeatsAreNotHeldBack) {
+  plan.menuGo = [] { return ResultCode::kParameter; };
+  Object()->suppressRepeatedErrors = false;
+  for (const size_t alerts : {1u, 2u}) {
+    EXPECT_EQ(module.Send("VX Menu", "VX Go"), ResultCode::kParameter);
+    EXPECT_EQ(person.alerts.size(), alerts);
+  }
+}
+
 TEST_F(DispatchTest, TheStartedNotifierIsToldApart) {
   handled.clear();
   EXPECT_EQ(module.Notify(kStartedNotifierType), ResultCode::kSuccess);

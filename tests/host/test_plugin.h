@@ -53,7 +53,6 @@ class TestPlugin : public Plugin {
   }
 
   using Plugin::accessHandle;
-  using Plugin::lastErrorTime;
   using Plugin::lockCount;
   using Plugin::suppressRepeatedErrors;
 
