@@ -170,7 +170,7 @@ void EndsWhenItsPresenterFails() {
   });
   const std::string given = Bytes(caller.record) + Bytes(caller.state);
   Expect("the answer", caller.RunDialog(caller.record, caller.state), ResultCode::kCannot);
-  Expect("untouched", Bytes(caller.record) + Bytes(caller.state) == given, true);
+  ExpectBytes("record and state", Bytes(caller.record) + Bytes(caller.state), given);
   Expect("modal contexts", vx::ui::ModalContext::Depth(), 0);
 }
 
@@ -245,7 +245,7 @@ void WritesToTheRecordWhereItThenIs() {
   const auto* const suite = caller.host.Suites().Find<MosaicSuite>();
   Expect("the answer", suite->RunMosaicDialog(&caller.state, &params), ResultCode::kSuccess);
   Expect("tiles across", moved.tilesAcross, 30);
-  Expect("the former record is untouched", Bytes(caller.record) == given, true);
+  ExpectBytes("the former record's bytes", Bytes(caller.record), given);
 }
 
 std::string Without(const std::string& attribute, std::string text) {

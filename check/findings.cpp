@@ -68,6 +68,13 @@ void ForgetTried() {
   room[0] = '\0';
 }
 
+void ExpectBytes(std::string_view what, const std::string& seen, const std::string& expected) {
+  const auto [at, other] = std::ranges::mismatch(seen, expected);
+  if (at == seen.end() && other == expected.end()) return;
+  Fail(std::string(what) + " differ from what they must be, first at byte " +
+       std::to_string(at - seen.begin()));
+}
+
 std::string CodeText(ResultCode code) {
   const auto number = static_cast<int32_t>(code);
   std::string text;

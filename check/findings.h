@@ -73,4 +73,7 @@ void Expect(std::string_view what, const Seen& seen, const Expected& expected) {
   Fail(std::string(what) + ": expected " + Text(expected) + ", seen " + Text(seen));
 }
 
+/// Of records as they are in memory; names the first byte that differs.
+void ExpectBytes(std::string_view what, const std::string& seen, const std::string& expected);
+
 }  // namespace check

@@ -190,8 +190,7 @@ void PlayDialogs(size_t part) {
     Expect("the answer", code, model.IsOk() ? ResultCode::kSuccess : ResultCode::kCancelled);
     const std::string expected =
         model.IsOk() ? Bytes(model.Record()) + Bytes(model.State()) : given;
-    Expect("record and state are what they must be", Bytes(record) + Bytes(state) == expected,
-           true);
+    ExpectBytes("record and state", Bytes(record) + Bytes(state), expected);
   });
 }
 
@@ -302,7 +301,7 @@ void DamageLayouts() {
     const std::string given = Bytes(record) + Bytes(state);
     const ResultCode code = running.RunDialog(record, state);
     if (code != ResultCode::kSuccess)
-      Expect("record and state are untouched", Bytes(record) + Bytes(state) == given, true);
+      ExpectBytes("record and state", Bytes(record) + Bytes(state), given);
     if (person.Error()) Expect("the answer", code, ResultCode::kCancelled);
     if (!isRead) Expect("the answer without a layout", code, ResultCode::kCannot);
     Expect("left of the sheet", running.host.Sheets().Leftovers(), std::vector<std::string>());

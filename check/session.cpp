@@ -126,7 +126,7 @@ void Session::Show(const DialogRun& run) {
     Expect("what passes through", record.reserved11, 0x5A);
     Expect("whether there is no size", state.noOriginalSize, run.sizeUnavailable);
   } else {
-    Expect("record and state are untouched", Bytes(record) + Bytes(state) == given, true);
+    ExpectBytes("record and state", Bytes(record) + Bytes(state), given);
   }
 }
 

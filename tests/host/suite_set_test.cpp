@@ -26,8 +26,10 @@ TEST_F(SuiteSetTest, SetsShareTheSuitesAndTheLastOneReleasesThem) {
     }
     EXPECT_EQ(suiteAcquireCount, 1);
     EXPECT_NE(Suite<KDMBasicSuite>(), nullptr);
+    EXPECT_NE(Suite<VXUserSuite>(), nullptr) << "an optional one";
   }
   EXPECT_EQ(Suite<KDMBasicSuite>(), nullptr);
+  EXPECT_EQ(Suite<VXUserSuite>(), nullptr);
 }
 
 TEST_F(SuiteSetTest, OptionalSuitesAreTriedAgainWithEveryMessage) {
