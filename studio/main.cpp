@@ -1,5 +1,6 @@
 #include <QApplication>
 #include <QDeadlineTimer>
+#include <QIcon>
 #include <QLibraryInfo>
 #include <QLocale>
 #include <QSocketNotifier>
@@ -159,7 +160,8 @@ int main(int argc, char** argv) try {
   int onlyName = 1;  // the options are ours; Qt would take "-platform" for one of its own
   const QApplication application(onlyName, argv);
   QCoreApplication::setApplicationName("tesserae-studio");
-  QGuiApplication::setDesktopFileName("tesserae-studio");  // whose icon the window shows
+  QGuiApplication::setDesktopFileName("tesserae-studio");  // whose icon Wayland shows
+  QGuiApplication::setWindowIcon(QIcon(":/tesserae-studio.svg"));
   QCoreApplication::setApplicationVersion(TESSERAE_VERSION);
   return RunStudio(line);
 } catch (const std::exception& error) {
