@@ -14,6 +14,7 @@ using nrvcore::config::Message;
 
 namespace {
 
+constexpr std::size_t kLargestFile = 1 << 24;
 constexpr std::string_view kBlanks = " \t\r";
 constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
 
@@ -96,6 +97,12 @@ GestureScript GestureScript::ReadFile(const std::filesystem::path& path) {
   while (stream) {
     stream.read(block.data(), block.size());
     text.append(block.data(), stream.gcount());
+    if (text.size() > kLargestFile) {
+      throw ScriptError(
+          path.string(), 0,
+          Message("$$$/nrvui/Script/TooLarge=the gesture file is larger than %1 bytes",
+                  {std::to_string(kLargestFile)}));
+    }
   }
   if (!stream.eof())
     throw ScriptError(path.string(), 0,

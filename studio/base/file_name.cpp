@@ -71,7 +71,7 @@ QString OnOneLine(const QString& text) {
   return line;
 }
 
-QByteArray ReadFile(const QString& name) {
+QByteArray ReadFile(const QString& name, qint64 mostBytes) {
   // A pipe without a writer would hold up the call that opens it.
   const int descriptor = open(SystemPath(name).c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC);
   if (descriptor < 0) throw StudioError(ReasonText(errno));
@@ -80,6 +80,8 @@ QByteArray ReadFile(const QString& name) {
   struct stat status {};
   if (fstat(descriptor, &status) == 0 && !S_ISREG(status.st_mode))
     throw StudioError("$$$/Studio/Write/NoFile=it is no ordinary file");
+  if (status.st_size > mostBytes)
+    throw StudioError("$$$/Studio/Reason/LargeFile=the file is too large");
   const QByteArray bytes = file.readAll();
   if (file.error() != QFileDevice::NoError) throw StudioError(ReasonText(file));
   return bytes;

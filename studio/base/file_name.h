@@ -15,6 +15,6 @@ std::filesystem::path SystemPath(const QString& name);
 /// \x1B, so that they can be seen.
 QString OnOneLine(const QString& text);
 
-/// All that an ordinary file holds. Throws StudioError with the reason alone when it is none, or
-/// cannot be read.
-QByteArray ReadFile(const QString& name);
+/// All that an ordinary file holds. Throws StudioError with the reason alone when it is none, has
+/// more than `mostBytes`, or cannot be read.
+QByteArray ReadFile(const QString& name, qint64 mostBytes);

@@ -5,6 +5,8 @@
 #include "studio/base/file_name.h"
 #include "studio/base/output.h"
 
+constexpr qint64 kLargestFile = 1 << 20;
+
 LastChoices::LastChoices(const QString& namedPath)
     : isNamed(!namedPath.isEmpty()),
       path(isNamed ? namedPath
@@ -23,7 +25,7 @@ std::optional<MosaicChoices> LastChoices::Load(
 std::optional<MosaicChoices> LastChoices::Read() const try {
   std::error_code error;
   if (!exists(SystemPath(path), error)) return std::nullopt;
-  return ChoicesFromJson(ReadFile(path));
+  return ChoicesFromJson(ReadFile(path, kLargestFile));
 } catch (const StudioError& error) {
   throw StudioError("$$$/Studio/Choices/Unreadable=the last choices in %1 cannot be read: %2", path,
                     QString(error.what()));

@@ -44,7 +44,7 @@ QByteArray ReadPictureFile(const QString& path) {
     throw StudioError("$$$/Studio/Picture/NoFile=%1 is not a file", path);
   QByteArray bytes;
   try {
-    bytes = ReadFile(path);
+    bytes = ReadFile(path, qint64(kMegabytesLimit) << 20);
   } catch (const StudioError& reason) {
     throw StudioError("$$$/Studio/Picture/Unreadable=the picture %1 cannot be read: %2", path,
                       QString(reason.what()));

@@ -84,6 +84,7 @@ TEST(Script, ErrorsOfHandlersPassThrough) {
 TEST(Script, IsReadFromAFileOfAnyLength) {
   const check::TemporaryFolder folder;
   EXPECT_THROW(GestureScript::ReadFile(folder.path), ScriptError) << "a folder";
+  EXPECT_THROW(GestureScript::ReadFile("/dev/zero"), ScriptError) << "without an end";
   folder.Write("long", std::string(10000, '\n').append("close\n"));
   EXPECT_EQ(GestureScript::ReadFile(folder.path / "long").Steps().at(0).line, 10001u);
 }

@@ -150,11 +150,12 @@ TEST(Output, IsAllInPlaceOrAsItWas) {
     outputs.Commit();
   };
   EXPECT_THROW(commit("taken"), StudioError);
-  EXPECT_EQ(ReadFile(name("old")), "as it was");
+  EXPECT_EQ(ReadFile(name("old"), 99), "as it was");
   EXPECT_FALSE(exists(folder.path / "new"));
+  EXPECT_THROW(ReadFile(name("old"), 8), StudioError) << "a byte more";
   commit(":no resource\n");
   for (const char* file : {"old", "new", ":no resource\n"})
-    EXPECT_EQ(ReadFile(name(file)), "written") << file;
+    EXPECT_EQ(ReadFile(name(file), 99), "written") << file;
   const std::filesystem::directory_iterator files(folder.path);
   EXPECT_EQ(std::distance(begin(files), end(files)), 4) << "nothing else is left";
 }
