@@ -104,6 +104,14 @@ void AboutShowsTwoTextsOrNone() {
   Expect("calls of the host", calls,
          Calls{"KDM Basic Suite/GetListString", "KDM Basic Suite/GetListString",
                "KDM Basic Suite/ShowAboutBox"});
+  // The texts are those of the message's plug-in, the box is this one's own.
+  PluginMessage ofHost = running.PlainMessage();
+  ofHost.pluginRef = running.host.HostModule();
+  ofHost.globals = running.module.Globals();
+  Expect("about, of another", running.SendPlain("QP Interface", "About", ofHost),
+         ResultCode::kSuccess);
+  Expect("about boxes", running.person.aboutBoxes.size(), 2u);
+  Expect("the first text", running.person.aboutBoxes.back().first, "");
   running.host.Lists().Replace(ListOwner::kPlugin, 16600, {});
   ExpectAbout(running, "", "");
 }
