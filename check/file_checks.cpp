@@ -51,7 +51,7 @@ class ModuleFile {
     Entry entry;
     if (offset > bytes.size() || bytes.size() - offset < sizeof entry)
       throw std::runtime_error("the file is cut short");
-    std::memcpy(&entry, &bytes[offset], sizeof entry);
+    std::memcpy(&entry, bytes.data() + offset, sizeof entry);
     return entry;
   }
 

@@ -119,16 +119,15 @@ void AboutShowsTwoTextsOrNone() {
 /// A host's basic suite in which one suite has another table.
 struct OtherBasicSuite {
   static ResultCode Acquire(const char* name, int32_t version, const void** table) {
-    const ResultCode code = host->BasicSuite()->Acquire(name, version, table);
+    const ResultCode code = standin::Host::Current().BasicSuite()->Acquire(name, version, table);
     if (std::string_view(name) == KDMBasicSuite::kName && !Failed(code)) *table = &lists;
     return code;
   }
   static ResultCode Release(const char* name, int32_t version) {
     ++releases;
-    return host->BasicSuite()->Release(name, version);
+    return standin::Host::Current().BasicSuite()->Release(name, version);
   }
 
-  inline static standin::Host* host = nullptr;
   inline static KDMBasicSuite lists{};
   inline static size_t releases = 0;
   QPBasicSuite suite = {&Acquire, &Release};
@@ -139,7 +138,6 @@ struct OtherBasicSuite {
 void GoThroughTheLatestBasicSuite() {
   CheckedModule checked;
   OtherBasicSuite other;
-  OtherBasicSuite::host = &checked.host;
   const void* table = nullptr;
   Expect("the host's suite",
          checked.host.BasicSuite()->Acquire(KDMBasicSuite::kName, KDMBasicSuite::kVersion, &table),
