@@ -32,9 +32,9 @@ const std::map<std::string_view, Element> kElements = {
     {"text-button", {"QPushButton", nullptr, "text"}},
 };
 
-/// Without translation a caption shows what follows the key.
-std::string Caption(const pugi::xml_node& source) {
-  const std::string key = source.attribute("caption").value();
+/// Without translation a text is what follows the key; empty when there is none.
+std::string Text(const pugi::xml_node& source, const char* attribute) {
+  const std::string key = source.attribute(attribute).value();
   return key.substr(key.find('=') + 1);
 }
 
@@ -72,7 +72,10 @@ void AddWidget(pugi::xml_node parent, const pugi::xml_node& source) {
   widget.append_attribute("class") = element.widgetClass;
   if (source.attribute("id")) widget.append_attribute("name") = source.attribute("id").value();
   if (element.textProperty) {
-    AddProperty(widget, element.textProperty, "string", Caption(source).c_str());
+    AddProperty(widget, element.textProperty, "string", Text(source, "caption").c_str());
+  }
+  if (const std::string help = Text(source, "help"); !help.empty()) {
+    AddProperty(widget, "toolTip", "string", help.c_str());
   }
   if (source.attribute("for")) {
     AddProperty(widget, "buddy", "cstring", source.attribute("for").value());

@@ -1,5 +1,7 @@
 #include "platform/nrvui/ui_controls.h"
 
+#include "platform/nrvcore/localizer.h"
+
 namespace nrvui::controls {
 
 UI_ControlView::UI_ControlView() = default;
@@ -37,18 +39,19 @@ const nrvcore::UTF16String& UI_ControlView::GetCaption() const {
   return caption;
 }
 
-void UI_ControlView::SetHelp(const nrvcore::UTF16String& sentence) {
-  help = sentence;
+void UI_ControlView::SetHelp(const nrvcore::String& key) {
+  help = key;
   UI_Changed();
 }
 
-void UI_ControlView::SetDisabledHelp(const nrvcore::UTF16String& sentence) {
-  disabledHelp = sentence;
+void UI_ControlView::SetDisabledHelp(const nrvcore::String& key) {
+  disabledHelp = key;
   UI_Changed();
 }
 
-const nrvcore::UTF16String& UI_ControlView::GetHelp() const {
-  return isDisabled && !disabledHelp.IsEmpty() ? disabledHelp : help;
+nrvcore::UTF16String UI_ControlView::GetHelp() const {
+  const nrvcore::String& key = isDisabled && !disabledHelp.IsEmpty() ? disabledHelp : help;
+  return nrvcore::config::Localizer::Get().Localize(key.View().data());
 }
 
 void UI_ControlView::ShowMnemonic(bool show) {

@@ -25,19 +25,19 @@ class NRV_EXPORT UI_ControlView : public ui::UI_SubView {
   /// In a caption '&' stands before the letter that is the control's mnemonic, "&&" for itself.
   void SetCaption(const nrvcore::UTF16String& newCaption);
   const nrvcore::UTF16String& GetCaption() const;
-  /// A sentence that says what the control is for, and one that says why it is disabled.
-  void SetHelp(const nrvcore::UTF16String& sentence);
-  void SetDisabledHelp(const nrvcore::UTF16String& sentence);
-  /// The one that fits its present state; may be empty.
-  const nrvcore::UTF16String& GetHelp() const;
+  /// Keys of a sentence that says what the control is for, and of one that says why it is disabled.
+  void SetHelp(const nrvcore::String& key);
+  void SetDisabledHelp(const nrvcore::String& key);
+  /// The sentence that fits its present state, in the user's language; may be empty.
+  nrvcore::UTF16String GetHelp() const;
   void ShowMnemonic(bool show);
   bool IsMnemonicShown() const;
 
  private:
   boost::shared_ptr<ChangeNotifyFunction> changed;
   nrvcore::UTF16String caption;
-  nrvcore::UTF16String help;
-  nrvcore::UTF16String disabledHelp;
+  nrvcore::String help;  // a key, as few dialogs live until somebody wants the text
+  nrvcore::String disabledHelp;
   bool isDisabled = false;
   bool mnemonicShown = false;
 };

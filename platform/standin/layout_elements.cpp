@@ -52,12 +52,16 @@ nrvcore::String LayoutAttribute::AsName() const {
   return nrvcore::String(text);
 }
 
-nrvcore::UTF16String LayoutAttribute::AsCaption() const {
+const char* LayoutAttribute::AsKey() const {
   const std::string_view key = value;
   const size_t equals = key.find('=');
   if (!key.starts_with("$$$/") || equals == std::string_view::npos || equals + 1 == key.size())
     RefuseAs("$$$/standin/Layout/NoKey=%1=\"%2\" is no localisation key of the form $$$/path=text");
-  return nrvcore::config::Localizer::Get().Localize(value);
+  return value;
+}
+
+nrvcore::UTF16String LayoutAttribute::AsCaption() const {
+  return nrvcore::config::Localizer::Get().Localize(AsKey());
 }
 
 double LayoutAttribute::AsNumber() const {
@@ -128,11 +132,11 @@ void SetCaption(UI_Node& node, const LayoutAttribute& value) {
 }
 
 void SetHelp(UI_Node& node, const LayoutAttribute& value) {
-  static_cast<UI_ControlView&>(node).SetHelp(value.AsCaption());
+  static_cast<UI_ControlView&>(node).SetHelp(value.AsKey());
 }
 
 void SetDisabledHelp(UI_Node& node, const LayoutAttribute& value) {
-  static_cast<UI_ControlView&>(node).SetDisabledHelp(value.AsCaption());
+  static_cast<UI_ControlView&>(node).SetDisabledHelp(value.AsKey());
 }
 
 void SetTitle(UI_Node& node, const LayoutAttribute& value) {

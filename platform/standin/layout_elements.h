@@ -23,7 +23,9 @@ class LayoutAttribute {
 
   /// A name of letters, digits and underscores.
   nrvcore::String AsName() const;
-  /// A localisation key, "$$$/" path "=" text, in the user's language.
+  /// A localisation key, "$$$/" path "=" text.
+  const char* AsKey() const;
+  /// The same in the user's language.
   nrvcore::UTF16String AsCaption() const;
   double AsNumber() const;
   /// A whole number from 1 to `last`.
