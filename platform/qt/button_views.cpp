@@ -3,6 +3,7 @@
 #include <QStyleOptionButton>
 
 #include "platform/qt/qt_text.h"
+#include "platform/qt/theme.h"
 
 namespace qtui {
 
@@ -13,7 +14,8 @@ using nrvui::controls::UI_RadioButton;
 
 namespace {
 
-constexpr int kDarkening = 130;  // percent: styles lighten what they fill, and the text is white
+constexpr int kOutlineShare = 120;  // of 255, how much of the text's colour is in an outline
+constexpr int kDarkening = 175;     // percent: styles lighten what they fill, and the text is white
 
 }  // namespace
 
@@ -47,11 +49,34 @@ void PushButton::initStyleOption(QStyleOptionButton* option) const {
   option->palette.setColor(QPalette::ButtonText, palette().color(QPalette::HighlightedText));
 }
 
+namespace {
+
+/// Fusion draws outlines as a darker shade of the window's colour, less than 3 to 1 apart from it.
+void StrengthenOutline(QStyleOptionButton& option) {
+  if (!option.state.testFlag(QStyle::State_Enabled)) return;
+  const QPalette& palette = option.palette;
+  const bool isDark =
+      palette.color(QPalette::Window).lightness() < palette.color(QPalette::WindowText).lightness();
+  option.palette.setColor(QPalette::Window, Faint(palette, isDark ? 255 : kOutlineShare));
+}
+
+}  // namespace
+
+void CheckBox::initStyleOption(QStyleOptionButton* option) const {
+  QCheckBox::initStyleOption(option);
+  StrengthenOutline(*option);
+}
+
+void RadioButton::initStyleOption(QStyleOptionButton* option) const {
+  QRadioButton::initStyleOption(option);
+  StrengthenOutline(*option);
+}
+
 PushButtonView::PushButtonView(DialogRun& modalRun, UI_Button& shown, QWidget& parent)
     : ButtonView(modalRun, shown, *new PushButton(parent)) {}
 
 CheckBoxView::CheckBoxView(DialogRun& modalRun, UI_Checkbox& shown, QWidget& parent)
-    : ButtonView(modalRun, shown, *new QCheckBox(&parent)),
+    : ButtonView(modalRun, shown, *new CheckBox(&parent)),
       checkbox(shown),
       widget(static_cast<QCheckBox&>(*Widget())) {}
 
@@ -62,7 +87,7 @@ void CheckBoxView::Follow() {
 
 RadioButtonView::RadioButtonView(DialogRun& modalRun, UI_RadioButton& shown,
                                  QButtonGroup& buttonGroup, QWidget& parent)
-    : ButtonView(modalRun, shown, *new QRadioButton(&parent)),
+    : ButtonView(modalRun, shown, *new RadioButton(&parent)),
       radio(shown),
       group(buttonGroup),
       widget(static_cast<QRadioButton&>(*Widget())) {

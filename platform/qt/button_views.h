@@ -36,6 +36,23 @@ class PushButton final : public QPushButton {
   void initStyleOption(QStyleOptionButton* option) const override;
 };
 
+/// Boxes and radio buttons whose outline can be told from their surroundings.
+class CheckBox final : public QCheckBox {
+ public:
+  using QCheckBox::QCheckBox;
+
+ protected:
+  void initStyleOption(QStyleOptionButton* option) const override;
+};
+
+class RadioButton final : public QRadioButton {
+ public:
+  using QRadioButton::QRadioButton;
+
+ protected:
+  void initStyleOption(QStyleOptionButton* option) const override;
+};
+
 class PushButtonView final : public ButtonView {
  public:
   PushButtonView(DialogRun& modalRun, nrvui::controls::UI_Button& shown, QWidget& parent);

@@ -155,16 +155,17 @@ NumberFieldView::~NumberFieldView() {
 
 void NumberFieldView::Follow() {
   FieldView::Follow();
-  QAbstractSpinBox::StepEnabled steps;
-  steps.setFlag(QAbstractSpinBox::StepUpEnabled, number.GetNumber() < number.GetUpperBound());
-  steps.setFlag(QAbstractSpinBox::StepDownEnabled, number.GetNumber() > number.GetLowerBound());
-  widget.SetStepEnabled(steps);
+  widget.SetNumber({number.GetNumber(), number.GetLowerBound(), number.GetUpperBound()});
 }
 
 void NumberFieldView::StepAsked(int count) {
   if (!Commit()) return;
   const double stepped = std::min(number.GetNumber() + count, number.GetUpperBound());
   Enter(number.Format(std::max(stepped, number.GetLowerBound())));
+}
+
+void NumberFieldView::NumberAsked(double value) {
+  Enter(number.Format(value));
 }
 
 const char* NumberFieldView::HintKey() const {

@@ -77,6 +77,7 @@ class NumberFieldView final : public FieldView {
   void Follow() override;
   /// By so many of the field's unit, as far as the bounds allow.
   void StepAsked(int count) override;
+  void NumberAsked(double value) override;
 
  protected:
   QString Range() const override;

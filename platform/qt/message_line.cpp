@@ -6,6 +6,8 @@
 #include <QtMath>
 #include <algorithm>
 
+#include "platform/nrvcore/localizer.h"
+#include "platform/qt/qt_text.h"
 #include "platform/qt/theme.h"
 
 namespace qtui {
@@ -21,6 +23,8 @@ constexpr int kIconGap = 8;
 
 MessageLine::MessageLine(QWidget& parent)
     : QWidget(&parent), icon(*new QLabel(this)), label(*new QLabel(this)) {
+  icon.setAccessibleName(
+      ToQString(nrvcore::config::Localizer::Get().Localize("$$$/nrvui/Message/Warning=Warning")));
   label.setTextFormat(Qt::PlainText);
   label.setWordWrap(true);
   Show();

@@ -1,10 +1,12 @@
 #include "platform/qt/number_field.h"
 
+#include <QAccessibleWidget>
 #include <QGuiApplication>
 #include <QKeyEvent>
 #include <QStyle>
 #include <QStyleOptionSpinBox>
 #include <QWheelEvent>
+#include <cmath>
 
 namespace qtui {
 
@@ -18,11 +20,54 @@ int StepSize(Qt::KeyboardModifiers modifiers) {
   return modifiers.testFlag(Qt::ShiftModifier) ? kManySteps : 1;
 }
 
+/// Tells assistive technology what only this kind of spin box knows of its number.
+class AccessibleNumber final : public QAccessibleWidget, public QAccessibleValueInterface {
+ public:
+  static QAccessibleInterface* Make(const QString&, QObject* object) {
+    auto* const field = dynamic_cast<NumberField*>(object);
+    return field != nullptr ? new AccessibleNumber(*field) : nullptr;
+  }
+
+  explicit AccessibleNumber(NumberField& shown)
+      : QAccessibleWidget(&shown, QAccessible::SpinBox), field(shown) {}
+
+  QAccessible::State state() const override {
+    QAccessible::State state = QAccessibleWidget::state();
+    state.editable = true;
+    return state;
+  }
+  int childCount() const override { return 0; }  // the text is a part of the field
+  QString text(QAccessible::Text kind) const override {
+    return kind == QAccessible::Value ? field.Text().text() : QAccessibleWidget::text(kind);
+  }
+  void* interface_cast(QAccessible::InterfaceType type) override {
+    if (type == QAccessible::ValueInterface) return static_cast<QAccessibleValueInterface*>(this);
+    if (type != QAccessible::TextInterface && type != QAccessible::EditableTextInterface)
+      return QAccessibleWidget::interface_cast(type);
+    return QAccessible::queryAccessibleInterface(&field.Text())->interface_cast(type);
+  }
+
+  QVariant currentValue() const override { return field.ShownNumber().value; }
+  void setCurrentValue(const QVariant& value) override {
+    if (field.Listener() != nullptr) field.Listener()->NumberAsked(value.toDouble());
+  }
+  QVariant minimumValue() const override { return Bound(field.ShownNumber().lower); }
+  QVariant maximumValue() const override { return Bound(field.ShownNumber().upper); }
+  QVariant minimumStepSize() const override { return 1.0; }
+
+ private:
+  static QVariant Bound(double bound) { return std::isfinite(bound) ? bound : QVariant(); }
+
+  NumberField& field;
+};
+
 }  // namespace
 
 NumberField::NumberField(QWidget& parent) : QAbstractSpinBox(&parent), text(*new TextField(*this)) {
-  // The name by which accessibility and styles know it as a part of this widget.
-  text.setObjectName(QStringLiteral("qt_spinbox_lineedit"));
+  [[maybe_unused]] static const bool isKnown = [] {
+    QAccessible::installFactory(AccessibleNumber::Make);
+    return true;
+  }();
   setLineEdit(&text);
   text.setLayoutDirection(Qt::LeftToRight);
   AlignText();
@@ -35,10 +80,21 @@ void NumberField::SetListener(FieldListener* fieldListener) {
   text.SetListener(fieldListener);
 }
 
-void NumberField::SetStepEnabled(StepEnabled possibleSteps) {
-  if (possibleSteps == steps) return;
-  steps = possibleSteps;
-  update();
+void NumberField::SetNumber(const Number& newNumber) {
+  const bool hasChanged = newNumber.value != number.value;
+  const StepEnabled former = stepEnabled();
+  number = newNumber;
+  if (stepEnabled() != former) update();
+  if (!hasChanged || !QAccessible::isActive()) return;
+  QAccessibleValueChangeEvent change(this, number.value);
+  QAccessible::updateAccessibility(&change);
+}
+
+QAbstractSpinBox::StepEnabled NumberField::stepEnabled() const {
+  StepEnabled steps;
+  steps.setFlag(StepUpEnabled, number.value < number.upper);
+  steps.setFlag(StepDownEnabled, number.value > number.lower);
+  return steps;
 }
 
 void NumberField::stepBy(int count) {

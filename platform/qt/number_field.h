@@ -10,14 +10,23 @@ namespace qtui {
 /// nor checks what is typed; its listener does.
 class NumberField final : public QAbstractSpinBox {
  public:
+  /// What the field holds, for steps and for assistive technology; bounds may be infinite.
+  struct Number {
+    double value = 0;
+    double lower = 0;
+    double upper = 0;
+  };
+
   explicit NumberField(QWidget& parent);
 
   /// It must outlive the field or be taken away (null).
   void SetListener(FieldListener* fieldListener);
   TextField& Text() const { return text; }
-  void SetStepEnabled(StepEnabled possibleSteps);
+  FieldListener* Listener() const { return listener; }
+  void SetNumber(const Number& newNumber);
+  const Number& ShownNumber() const { return number; }
 
-  StepEnabled stepEnabled() const override { return steps; }
+  StepEnabled stepEnabled() const override;
   void stepBy(int count) override;
   QSize sizeHint() const override;
   QSize minimumSizeHint() const override { return sizeHint(); }
@@ -35,7 +44,7 @@ class NumberField final : public QAbstractSpinBox {
 
   TextField& text;
   FieldListener* listener = nullptr;
-  StepEnabled steps = StepUpEnabled | StepDownEnabled;
+  Number number;
   int wheelRemainder = 0;
   mutable int textWidth = 0;  // of the widest usual text in the present font; 0 is not known
 };

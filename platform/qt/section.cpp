@@ -6,6 +6,8 @@
 #include <QStyle>
 #include <QStyleOptionGroupBox>
 
+#include "platform/qt/theme.h"
+
 namespace qtui {
 
 namespace {
@@ -13,14 +15,6 @@ namespace {
 constexpr int kCorner = 6;
 constexpr int kFrameShare = 40;  // of 255, how much of the text's colour is in the frame
 constexpr int kFillShare = 9;    // and inside it
-
-QColor Faint(const QPalette& palette, int share) {
-  const QColor back = palette.color(QPalette::Window);
-  const QColor text = palette.color(QPalette::WindowText);
-  const auto mixed = [share](int one, int other) { return one + (other - one) * share / 255; };
-  return {mixed(back.red(), text.red()), mixed(back.green(), text.green()),
-          mixed(back.blue(), text.blue())};
-}
 
 /// The four corners of a frame, side by side as in the frame.
 QPixmap Corners(const QPalette& palette, qreal ratio) {

@@ -11,6 +11,8 @@ class FieldListener {
   virtual void FieldLeft() = 0;
   /// Up or down by so many steps.
   virtual void StepAsked(int) {}
+  /// Assistive technology puts a number there.
+  virtual void NumberAsked(double) {}
 
  protected:
   ~FieldListener() = default;

@@ -26,7 +26,7 @@ constexpr Colors kLightColors = {
     .alternateBase = 0xFFF7F7F8,
     .button = 0xFFFAFAFB,
     .highlight = 0xFF2B6CD4,
-    .faint = 0xFF66666B,
+    .faint = 0xFF58585C,
     .disabled = 0xFFA5A5AB,
     .link = 0xFF1F5FC4,
     .toolTip = 0xFFFFFFE6,
@@ -37,8 +37,8 @@ constexpr Colors kDarkColors = {
     .base = 0xFF222225,
     .alternateBase = 0xFF29292C,
     .button = 0xFF4A4A50,
-    .highlight = 0xFF3F7FE0,
-    .faint = 0xFFA9A9B0,
+    .highlight = 0xFF2F6FD0,
+    .faint = 0xFFB8B8BE,
     .disabled = 0xFF77777E,
     .link = 0xFF7FB0FF,
     .toolTip = 0xFF4A4A50,
@@ -96,6 +96,14 @@ void ApplyTheme(Theme theme) {
   if (QApplication::style()->name() != style) QApplication::setStyle(style);
   if (isSystem) return QApplication::setPalette(QPalette());
   QApplication::setPalette(PaletteOf(theme == Theme::kDark ? kDarkColors : kLightColors));
+}
+
+QColor Faint(const QPalette& palette, int share) {
+  const QColor back = palette.color(QPalette::Window);
+  const QColor text = palette.color(QPalette::WindowText);
+  const auto mixed = [share](int one, int other) { return one + (other - one) * share / 255; };
+  return {mixed(back.red(), text.red()), mixed(back.green(), text.green()),
+          mixed(back.blue(), text.blue())};
 }
 
 QColor WarningColor(const QWidget& widget) {

@@ -19,6 +19,8 @@ std::optional<Theme> ThemeNamed(const QString& name);
 /// wants. Needs the QApplication.
 void ApplyTheme(Theme theme);
 
+/// The window's colour with a share, of 255, of the text's.
+QColor Faint(const QPalette& palette, int share);
 /// The colour in which something draws attention on the widget's background.
 QColor WarningColor(const QWidget& widget);
 /// As high as a line of the widget's text, at its screen's resolution.

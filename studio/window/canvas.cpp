@@ -10,6 +10,7 @@
 #include <cmath>
 #include <iterator>
 
+#include "studio/base/text.h"
 #include "studio/window/captions.h"
 
 namespace {
@@ -29,6 +30,9 @@ constexpr int kLabelGap = 8;
 
 Canvas::Canvas(QWidget* parent) : QGraphicsView(parent) {
   setObjectName("canvas");
+  for (QWidget* widget : {static_cast<QWidget*>(this), viewport()}) {
+    widget->setAccessibleName(Text("$$$/Studio/Canvas/Name=Artboard"));
+  }
   setScene(&board);
   setFrameShape(QFrame::NoFrame);
   setAcceptDrops(false);  // the window takes what is dropped
@@ -46,6 +50,7 @@ void Canvas::Show(const ArtworkPtr& artwork) {
   board.clear();
   item = nullptr;
   if (!artwork) return;
+  setAccessibleDescription(QFileInfo(shown->path).fileName() + ", " + SummaryText(*shown));
   item = new ArtboardItem(*artwork);
   board.addItem(item);
   // Room to move the page's edge to the middle.

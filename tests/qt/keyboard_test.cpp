@@ -34,6 +34,18 @@ TEST_F(Keyboard, GoesThroughTheControlsInTheirOrderAndNamesThem) {
     EXPECT_EQ(name(&open.Get("OrigWidthStatic")), "Width: 300 pt");
     EXPECT_EQ(open.Get("HorizontalCountTxt").accessibleDescription(),
               "How many tiles stand side by side. 1 to 8640");
+    QAccessibleInterface& across =
+        *QAccessible::queryAccessibleInterface(&open.Get("HorizontalCountTxt"));
+    QAccessibleValueInterface& value = *across.valueInterface();
+    EXPECT_TRUE(across.state().editable);
+    EXPECT_NE(across.textInterface(), nullptr);
+    EXPECT_NE(across.editableTextInterface(), nullptr);
+    EXPECT_EQ(across.text(QAccessible::Value), "30");
+    value.setCurrentValue(12.0);
+    EXPECT_EQ(open.Text("HorizontalCountTxt"), "12");
+    EXPECT_EQ(QVariantList({value.currentValue(), value.minimumValue(), value.maximumValue(),
+                            value.minimumStepSize()}),
+              QVariantList({12.0, 1.0, 8640.0, 1.0}));
   });
 }
 

@@ -3,6 +3,8 @@
 #include <QApplication>
 #include <QGroupBox>
 #include <QLabel>
+#include <QStyle>
+#include <cmath>
 
 #include "platform/nrvcore/localizer.h"
 #include "platform/qt/theme.h"
@@ -160,6 +162,55 @@ TEST_P(LookTest, ComesToAnOpenDialogAsToANewOne) {
     QTest::qWait(20);
     EXPECT_EQ(open.window.width(), added);
   });
+}
+
+/// From 1 to 21.
+double Contrast(QRgb one, QRgb other) {
+  const auto luminance = [](QRgb color) {
+    const auto light = [](int value) {
+      const double share = value / 255.0;
+      return share <= 0.04045 ? share / 12.92 : std::pow((share + 0.055) / 1.055, 2.4);
+    };
+    return 0.2126 * light(qRed(color)) + 0.7152 * light(qGreen(color)) +
+           0.0722 * light(qBlue(color)) + 0.05;
+  };
+  const double ratio = luminance(one) / luminance(other);
+  return std::max(ratio, 1 / ratio);
+}
+
+/// The most that a pixel of the rectangle stands out from the one in its corner.
+double ContrastIn(const QImage& picture) {
+  double most = 1;
+  for (int y = 0; y < picture.height(); ++y) {
+    for (int x = 0; x < picture.width(); ++x)
+      most = std::max(most, Contrast(picture.pixel(x, y), picture.pixel(0, 0)));
+  }
+  return most;
+}
+
+class Contrasts : public MosaicWindowTest {};
+
+TEST_F(Contrasts, AreEnoughToReadBothThemes) {
+  for (const auto theme : {qtui::Theme::kLight, qtui::Theme::kDark}) {
+    qtui::ApplyTheme(theme);
+    LookAt([](const OpenWindow& open) {
+      const QImage picture = open.window.grab().toImage();
+      for (QWidget* widget : VisibleControls(open.window)) {
+        QRect text = RectIn(open.window, *widget);
+        const int left = text.left();
+        if (const auto* box = qobject_cast<QAbstractButton*>(widget); box && box->isCheckable()) {
+          const int side = widget->style()->pixelMetric(QStyle::PM_IndicatorWidth);
+          const QRect mark(text.left() - 3, text.center().y() - 2, side / 2, 4);
+          EXPECT_GE(ContrastIn(picture.copy(mark)), 3) << widget->objectName().toStdString();
+          text.setLeft(text.left() + side + 2);
+        }
+        const bool isFramed = qobject_cast<QLabel*>(widget) == nullptr && text.left() == left;
+        if (isFramed) text.adjust(4, 4, -4, -4);
+        EXPECT_GE(ContrastIn(picture.copy(text)), 4.5) << widget->objectName().toStdString();
+      }
+    });
+  }
+  qtui::ApplyTheme(qtui::Theme::kSystem);
 }
 
 INSTANTIATE_TEST_SUITE_P(Look, LookTest, testing::ValuesIn(kLooks),

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <QAccessible>
 #include <QApplication>
 #include <QClipboard>
 #include <QDoubleSpinBox>
@@ -350,6 +351,37 @@ TEST_F(StudioWindowTest, EntriesComeBackAsTheyWere) {
   window->Presenter().WhenPainted(expectEntries);
   Action("createTesseraeAgain").trigger();
   EXPECT_EQ(seen, 2);
+}
+
+/// Names of all that assistive technology finds visible below an object and that can be used.
+QStringList UsableNames(QAccessibleInterface& object) {
+  QStringList names;
+  for (int i = 0; i < object.childCount(); ++i) {
+    QAccessibleInterface* const child = object.child(i);
+    if (!child || child->state().invisible) continue;
+    const auto role = child->role();
+    if (child->state().focusable || role == QAccessible::Button || role == QAccessible::Graphic)
+      names += child->text(QAccessible::Name);
+    names += UsableNames(*child);
+  }
+  return names;
+}
+
+TEST_F(StudioWindowTest, EverythingHasAPlainName) {
+  QFile::copy(Path("in.png"), Path("a & b.png"));
+  OpenPicture();
+  ASSERT_TRUE(window->OpenPicture(Path("a & b.png")));
+  QStringList names = UsableNames(*QAccessible::queryAccessibleInterface(&*window));
+  Close();
+  Open();
+  names += UsableNames(*QAccessible::queryAccessibleInterface(&*window));
+  EXPECT_FALSE(names.contains("")) << names.join('|').toStdString();
+  for (const char* name : {"Artboard", "Undo", "a & b.png"})
+    EXPECT_TRUE(names.contains(name)) << name;
+  auto& recent = *window->findChild<QWidget*>("startPage")->findChildren<QToolButton*>().at(0);
+  recent.setFocus();
+  QTest::keyClick(&recent, Qt::Key_Return);
+  EXPECT_TRUE(QTest::qWaitFor([&] { return window->Shown() != nullptr; }));
 }
 
 TEST_F(StudioWindowTest, AsksBeforeClosingForEveryMosaicThatIsNotExported) {
