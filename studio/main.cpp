@@ -50,10 +50,11 @@ void PassOverAbsurdScales() {
                  {"QT_FONT_DPI", 24, 1000}};
   for (const auto& [variable, least, most] : kScales) {
     const QByteArrayList values = qgetenv(variable).split(';');
-    const bool isSensible = std::all_of(values.begin(), values.end(), [&](const QByteArray& value) {
-      const double scale = value.mid(value.lastIndexOf('=') + 1).toDouble();
-      return scale >= least && scale <= most;
-    });
+    const bool isSensible = std::all_of(
+        values.begin(), values.end(), [least = least, most = most](const QByteArray& value) {
+          const double scale = value.mid(value.lastIndexOf('=') + 1).toDouble();
+          return scale >= least && scale <= most;
+        });
     if (!isSensible) qunsetenv(variable);
   }
 }

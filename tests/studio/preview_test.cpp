@@ -118,7 +118,7 @@ TEST(Preview, ShowsTheTilesThatAreBuiltWithin3Of255) {
     int row = 0;
     int worst = 0;
     MosaicBuilder builder(picture, across, down, isColor);
-    ASSERT_TRUE(builder.Run([&](std::span<const QRgb> tiles) {
+    ASSERT_TRUE(builder.Run([&, across = across](std::span<const QRgb> tiles) {
       for (int x = 0; x < across; ++x) {
         const QRgb shown = preview.tiles.pixel(x, row);
         for (const int off :
