@@ -21,6 +21,10 @@ if(TESSERAE_SANITIZE)
   target_compile_options(tesserae_settings INTERFACE
     -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
   target_link_options(tesserae_settings INTERFACE -fsanitize=address,undefined)
+  if(CMAKE_CXX_COMPILER_ID MATCHES "Clang")
+    # GCC says so itself.
+    target_compile_definitions(tesserae_settings INTERFACE __SANITIZE_ADDRESS__)
+  endif()
 endif()
 if(TESSERAE_FUZZ)
   target_compile_options(tesserae_settings INTERFACE -fsanitize=fuzzer-no-link)

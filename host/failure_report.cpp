@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <cstdlib>
 #include <cstring>
+#include <iterator>
 
 #include "host/bounded_string.h"
 #include "host/error.h"
@@ -147,8 +148,8 @@ void FindAndShow(PluginRef plugin, ResultCode code) {
 }  // namespace
 
 bool IsSilent(ResultCode code) {
-  return std::ranges::find(kSilentCodes, static_cast<int32_t>(code)) !=
-         std::ranges::end(kSilentCodes);
+  return std::find(std::begin(kSilentCodes), std::end(kSilentCodes), static_cast<int32_t>(code)) !=
+         std::end(kSilentCodes);
 }
 
 void ShowFailure(PluginRef plugin, ResultCode code) noexcept {

@@ -20,7 +20,7 @@ StringT<Char>::StringT(const Char* characters)
 template <class Char>
 StringT<Char>::StringT(std::basic_string_view<Char> characters) {
   if (characters.size() <= kShortText) {
-    std::ranges::copy(characters, content.text);
+    std::copy(characters.begin(), characters.end(), content.text);
     content.length = static_cast<uint8_t>(characters.size());
   } else {
     content.shared = new SharedText{std::basic_string<Char>(characters)};

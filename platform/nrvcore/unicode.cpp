@@ -57,7 +57,7 @@ void AppendConverted(std::basic_string_view<From> text, std::basic_string<To>& o
 
 UTF16String UTF8ToUTF16(std::string_view text) {
   const auto isBeyondAscii = [](char c) { return static_cast<unsigned char>(c) >= 0x80; };
-  const auto asciiEnd = std::ranges::find_if(text, isBeyondAscii);
+  const auto asciiEnd = std::find_if(text.begin(), text.end(), isBeyondAscii);
   std::u16string out;
   out.reserve(text.size());
   out.append(text.begin(), asciiEnd);

@@ -2,11 +2,11 @@
 
 #include <algorithm>
 #include <array>
-#include <charconv>
 #include <fstream>
 
 #include "platform/nrvcore/localizer.h"
 #include "platform/nrvcore/unicode.h"
+#include "platform/nrvui/read_number.h"
 
 namespace nrvui::gestures {
 
@@ -55,7 +55,7 @@ std::string_view TakeWord(std::string_view& text) {
 bool TakeNumber(std::string_view& text, float& number) {
   const std::string_view word = TakeWord(text);
   const char* const wordEnd = word.data() + word.size();
-  const auto [end, error] = std::from_chars(word.data(), wordEnd, number);
+  const auto [end, error] = controls::ReadNumber(word.data(), wordEnd, number);
   return error == std::errc() && end == wordEnd;
 }
 
@@ -123,7 +123,8 @@ GestureScript GestureScript::Parse(std::string_view text, const std::string& nam
     line = Trimmed(TakeUntil(line, "#"));
     if (line.empty()) continue;
     const std::string_view word = TakeWord(line);
-    const auto* verb = std::ranges::find(kVerbs, word, &NamedVerb::name);
+    const auto* verb = std::find_if(kVerbs.begin(), kVerbs.end(),
+                                    [word](const NamedVerb& named) { return named.name == word; });
     if (verb == kVerbs.end()) {
       throw ScriptError(name, number,
                         Message("$$$/nrvui/Script/NoGesture=there is no gesture \"%1\"", {word}));

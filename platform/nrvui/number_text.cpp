@@ -7,6 +7,7 @@
 #include <string>
 
 #include "platform/nrvcore/unicode.h"
+#include "platform/nrvui/read_number.h"
 
 namespace nrvui::controls {
 
@@ -96,7 +97,7 @@ bool SettleSigns(std::string& text, char16_t decimalSign) {
   const bool isGrouped = IsGrouped(digits, sign);
   if (isGrouped)
     text.erase(std::remove(text.begin(), text.begin() + end, sign), text.begin() + end);
-  std::ranges::replace(text, kDecimal, '.');
+  std::replace(text.begin(), text.end(), kDecimal, '.');
   return isGrouped || sign == '.' || digits.find(sign) == digits.npos;
 }
 
@@ -114,14 +115,15 @@ ParsedNumber ParseNumber(std::u16string_view text, NumberUnit fieldUnit, char16_
   if (rest.starts_with('+') && !rest.starts_with("+-")) rest.remove_prefix(1);
 
   double value = 0;
-  const auto [end, error] = std::from_chars(rest.data(), rest.data() + rest.size(), value);
+  const auto [end, error] = ReadNumber(rest.data(), rest.data() + rest.size(), value);
   if (error == std::errc::invalid_argument) return No(Refusal::kNotANumber);
   rest.remove_prefix(end - rest.data());
   const std::string_view name = Trimmed(rest, std::string_view(" "));
 
   double factor = 1.0;
   if (!name.empty()) {
-    const auto* unit = std::ranges::find(kUnits, name, &NamedUnit::name);
+    const auto* unit = std::find_if(kUnits.begin(), kUnits.end(),
+                                    [name](const NamedUnit& known) { return known.name == name; });
     if (unit == kUnits.end()) return No(Refusal::kNotANumber);
     if (unit->kind != fieldUnit) return No(Refusal::kOtherUnit);
     factor = unit->factor;
@@ -145,7 +147,7 @@ nrvcore::UTF16String FormatNumber(double value, NumberUnit unit, char16_t decima
   text += kSuffixes[static_cast<int>(unit)];
 
   std::u16string out(text.begin(), text.end());
-  std::ranges::replace(out, u'.', decimalSign);
+  std::replace(out.begin(), out.end(), u'.', decimalSign);
   return nrvcore::UTF16String(out);
 }
 

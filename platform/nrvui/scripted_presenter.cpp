@@ -64,7 +64,8 @@ UI_Node& ScriptRun::Control(const Step& step) const {
 nrvcore::UTF16String ScriptRun::Typed(const Step& step, const UI_Node& field) {
   std::u16string text(nrvcore::utility::UTF8ToUTF16(step.text).View());
   if (dynamic_cast<const controls::UI_NumberEdit*>(&field) != nullptr) {
-    std::ranges::replace(text, u'.', nrvcore::config::Localizer::Get().GetDecimalSign());
+    std::replace(text.begin(), text.end(), u'.',
+                 nrvcore::config::Localizer::Get().GetDecimalSign());
   }
   return nrvcore::UTF16String(text);
 }

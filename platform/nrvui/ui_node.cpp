@@ -67,7 +67,7 @@ UI_Container* UI_Node::UI_GetParentContainer() const {
 unsigned long UI_Node::UI_GetIndex() const {
   if (parent == nullptr) throw std::logic_error("a node without parent has no index");
   const auto& siblings = parent->children;
-  return std::ranges::find(siblings, this, &boost::intrusive_ptr<UI_Node>::get) - siblings.begin();
+  return std::find(siblings.begin(), siblings.end(), this) - siblings.begin();
 }
 
 nrvcore::geom::RectT<float> UI_Node::UI_GetLocalRectF(bool) const {

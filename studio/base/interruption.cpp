@@ -23,11 +23,26 @@ void Note(int) {
   errno = error;
 }
 
+/// A pipe that no other program inherits and nobody waits for; false when there is none to be had.
+bool MakePipe(int (&ends)[2]) {
+#ifdef __linux__
+  return pipe2(ends, O_CLOEXEC | O_NONBLOCK) == 0;
+#else
+  // Untested beyond its compilation, as the project has no such machine.
+  if (pipe(ends) != 0) return false;
+  for (const int end : ends) {
+    fcntl(end, F_SETFD, FD_CLOEXEC);
+    fcntl(end, F_SETFL, O_NONBLOCK);
+  }
+  return true;
+#endif
+}
+
 }  // namespace
 
 Interruption::Interruption() {
   requested = 0;
-  if (pipe2(waker, O_CLOEXEC | O_NONBLOCK) != 0) waker[0] = waker[1] = -1;
+  if (!MakePipe(waker)) waker[0] = waker[1] = -1;
   struct sigaction noting {};
   noting.sa_handler = Note;
   noting.sa_flags = SA_RESTART;
