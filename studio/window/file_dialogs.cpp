@@ -70,6 +70,7 @@ std::optional<double> AskForPngScale(QWidget& window, const MosaicGeometry& geom
   QDialog dialog(&window);
   dialog.setObjectName("pngSize");
   dialog.setWindowTitle(Text("$$$/Studio/Png/Title=PNG Picture"));
+  dialog.setMinimumWidth(dialog.fontMetrics().averageCharWidth() * 40);  // for the title
   auto* const form = new QFormLayout(&dialog);
   auto* const width = new QSpinBox;
   width->setRange(1, std::max(1, int(size.width() * most)));
