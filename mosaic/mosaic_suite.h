@@ -10,12 +10,14 @@
 /// success build the mosaic from what came back. Lengths are in points of 1/72 inch.
 
 /// The caller's record. The dialog works on a copy; all 80 bytes come back on OK and only on OK,
-/// so the bytes that the dialog does not write return as they went in. Of a flag any value but 0
-/// counts as 1; one that the person has not touched returns with the value that it had. Counts
-/// and sizes that a person enters are in the given ranges. Spacings are limited to the tile count
-/// less two, but at least 0, when the dialog opens and whenever the person changes a count; the
-/// ratio button changes a count without limiting its spacing. What the caller gave, or the ratio
-/// button derived, comes back as it is, between -32768 and 32767.
+/// so the bytes that the dialog does not write return as they went in; spacings and new size are
+/// not read. Of a flag any value but 0 counts as 1; one that the person has not touched returns
+/// with the value that it had. Counts and sizes that a person enters are in the given ranges.
+/// Spacings are limited to the tile count less two, but at least 0, when the dialog opens and
+/// whenever the person changes a count; the ratio button changes a count without limiting its
+/// spacing. What the caller gave, or the ratio button derived, comes back as it is, between -32768
+/// and 32767 (a new size in percent mode as a share, a hundredth of that). Of what a person enters
+/// for counts and spacings the whole part comes back.
 struct MosaicParameters {
   uint8_t reserved0[8];           // passes through
   uint8_t isColor;                // in, out: colour tiles, otherwise grey ones
@@ -30,7 +32,8 @@ struct MosaicParameters {
   int32_t reserved32;             // out: 0
   int32_t tilesAcrossCopy;        // out: the same as tilesAcross
   int32_t tilesDownCopy;          // out: the same as tilesDown
-  int32_t boundsLeft;             // in: bounds of the source picture, up to 32767 wide and high
+  int32_t boundsLeft;             // in: bounds of the source picture; beyond 32767 in width
+                                  // or height the size that the dialog shows wraps to 16 bits
   int32_t boundsTop;              // in
   int32_t boundsRight;            // in
   int32_t boundsBottom;           // in

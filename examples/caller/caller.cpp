@@ -38,6 +38,7 @@ ResultCode AskForMosaic(const QPBasicSuite& basic) {
 extern "C" __attribute__((visibility("default"))) ResultCode PluginMain(const char* caller,
                                                                         const char* selector,
                                                                         PluginMessage* message) {
-  const bool isMenu = std::strcmp(caller, "VX Menu") == 0 && std::strcmp(selector, "VX Go") == 0;
+  const bool isMenu = caller && selector && std::strcmp(caller, "VX Menu") == 0 &&
+                      std::strcmp(selector, "VX Go") == 0;
   return isMenu ? AskForMosaic(*message->basicSuite) : ResultCode::kSuccess;
 }

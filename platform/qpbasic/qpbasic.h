@@ -6,8 +6,8 @@
 #include "platform/suites/result_code.h"
 
 /// The host's blocks of memory, from its basic framework. The module binds to both by name when it
-/// is loaded, and takes all its memory through them, on the host's main thread. A host in C++ must
-/// not throw out of them.
+/// is loaded, and takes the memory of its own code through them, on the host's main thread. A host
+/// in C++ must not throw out of them.
 extern "C" {
 
 /// Takes `size` bytes (0 is allowed) and writes the block's address to `*block`, aligned for any

@@ -15,8 +15,8 @@
 /// writes nothing through its pointers. A host written in C++ may throw instead; the module guards
 /// every call. Strings are NUL-terminated ASCII, lent for the call: who wants to keep one copies
 /// it. A handle that an operation writes is the caller's until the operation that gives it back;
-/// what stands behind it is the host's. Names and versions have no address before C++17: hand them
-/// on by value.
+/// what stands behind it is the host's. Copy the constants kName and kVersion before you take their
+/// address, which they have only from C++17 on.
 
 class SheetFactory;
 class DrawingSupplierSource;
@@ -37,7 +37,8 @@ struct QPBasicSuite {
   /// equal or not.
   ResultCode (*Acquire)(const char* name, int32_t version, const void** suite);
   /// Counts one user less; this user must not use the table afterwards. Fails for a suite that is
-  /// not held; callers take it for released whatever it answers.
+  /// not held. The module takes it for released whatever it answers, but ends what it was doing, so
+  /// that suites that it would have released next stay held.
   ResultCode (*Release)(const char* name, int32_t version);
 };
 
@@ -49,7 +50,7 @@ struct QPAccessSuite {
   /// Writes a handle to `*access`; the plug-in's code stays in memory until it is released. The
   /// answer is not looked at.
   ResultCode (*AcquirePlugin)(PluginRef plugin, AccessHandle* access);
-  /// Gives the handle back. The answer is not looked at.
+  /// Gives the handle back; null where AcquirePlugin wrote none. The answer is not looked at.
   ResultCode (*ReleasePlugin)(AccessHandle access);
 };
 
@@ -68,9 +69,10 @@ struct VXNotifierSuite {
   static constexpr int32_t kVersion = 1003;
 
   /// Has the host send messages of caller "VX Notifier" when something of `type` happens, until the
-  /// plug-in is shut down. The host copies `name`, which is the notifier's own and shown in
-  /// diagnostics, and `type`. `notifier` receives a handle, which need not be given back, or is
-  /// null when none is wanted. A failure ends the plug-in's start-up with its code.
+  /// plug-in is shut down. The host copies `name`, up to 255 characters, which is the notifier's
+  /// own and shown in diagnostics, and `type`. `notifier` receives a handle, which need not be
+  /// given back, or is null when none is wanted. A failure ends the plug-in's start-up with its
+  /// code.
   ResultCode (*AddNotifier)(PluginRef plugin, const char* name, const char* type,
                             NotifierHandle* notifier);
 };
@@ -108,11 +110,13 @@ struct QPBlocksSuite {
   static constexpr const char* kName = "QP Blocks Suite";
   static constexpr int32_t kVersion = 2;
 
-  /// Takes `size` bytes; `debugName` says in the host's diagnostics what for. `*block` is null
+  /// Takes `size` bytes, at least 1 (this module asks for 8); `debugName`, never null, says in the
+  /// host's diagnostics what for. `*block` is null
   /// before the call, afterwards aligned for any type and the caller's until FreeBlock; where it
   /// stays null there was no memory, whatever the answer.
   ResultCode (*AllocateBlock)(size_t size, const char* debugName, void** block);
-  /// Gives the block back. The code of a failure becomes the answer of the plug-in's shut-down.
+  /// Gives the block, never null, back. The code of a failure becomes the answer of the plug-in's
+  /// shut-down.
   ResultCode (*FreeBlock)(void* block);
 };
 
@@ -127,7 +131,7 @@ struct QPSuitesSuite {
   /// its address from here to the plug-in's shut-down, through unloads and reloads; its entries
   /// change at a reload. The plug-in withdraws nothing: with the shut-down the host forgets the
   /// suite. `list` is null and means the host's own. `*suite` receives a handle, which need not be
-  /// given back. A failure ends the plug-in's start-up with its code.
+  /// given back. A failure ends the plug-in's start-up with its code, an exception with kParameter.
   ResultCode (*AddSuite)(void* list, PluginRef plugin, const char* name, int32_t apiVersion,
                          int32_t internalVersion, const void* functions, SuiteHandle* suite);
 };
@@ -180,7 +184,8 @@ struct GlossaHostInitSuite {
 };
 
 /// The way to the host's user-interface objects, C++ objects of its toolkit, which stay the host's.
-/// A host that has none refuses or leaves null; the module's dialog then answers kCannot.
+/// A host that has none refuses or leaves null. Without a factory the module's dialog answers
+/// kCannot; without a supplier source it does without.
 struct VXUserInterfaceMainSuite {
   static constexpr const char* kName = "VX User Interface Main Suite";
   static constexpr int32_t kVersion = 1001;

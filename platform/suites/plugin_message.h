@@ -19,21 +19,22 @@ struct PluginMessage {
   void* reserved0;           // not read
   PluginRef pluginRef;       // handed back to the host in every call that concerns the plug-in
   void* globals;             // the module's: null at first, then kept by the host between messages
-  QPBasicSuite* basicSuite;  // through which all others are acquired; the latest one is used
+  QPBasicSuite* basicSuite;  // through which all others are acquired; stays good until the next
+                             // message, since the dialog uses it too
 };
 
 /// What a message from the caller "VX Notifier" carries.
 struct NotifierMessage : PluginMessage {
   void* reserved32;          // not read
-  const char* notifierType;  // the type of the notifier that fired, NUL-terminated ASCII
+  const char* notifierType;  // the type of the notifier that fired, NUL-terminated ASCII; or null
 };
 
 /// The one function through which a host talks to a plug-in module, exported under
 /// kPluginEntryName. Sent on the host's main thread, one message at a time. `caller` and `selector`
 /// name the message, as NUL-terminated ASCII, and are compared byte for byte; either may be null,
-/// `message` may not. Answers 0 for success and for messages that nobody handles, otherwise a code,
-/// which the user has been shown unless it is silent or was shown just before. No exception leaves
-/// it.
+/// `message` may not. Answers 0 for success and for messages that nobody handles, otherwise a code.
+/// The user has been shown it where the host lends what an alert needs and has a text, unless it is
+/// silent or was shown just before. No exception leaves it.
 using PluginEntryPoint = ResultCode (*)(const char* caller, const char* selector,
                                         PluginMessage* message);
 constexpr const char* kPluginEntryName = "PluginMain";

@@ -42,19 +42,22 @@ class NRV_EXPORT VXUICairnSheet {
   virtual ~VXUICairnSheet();
 };
 
-/// A layout that the host has built.
+/// A layout that the host has built. An operation that throws makes the dialog answer kCannot.
 class SheetHolder {
  public:
   /// What goes into the dialog; null when there is nothing to show.
   virtual boost::intrusive_ptr<nrvui::ui::UI_Node> GetSheetView() = 0;
-  /// The node inside the view whose size is that of the content.
+  /// The node inside the view whose size is that of the content; null leaves the dialog's size
+  /// alone.
   virtual boost::intrusive_ptr<nrvui::ui::UI_Node> GetLayoutNode() = 0;
+  /// Null is allowed.
   virtual boost::shared_ptr<VXUICairnSheet> GetSheet() = 0;
+  /// Null is allowed; the dialog then begins where its presenter likes.
   virtual boost::intrusive_ptr<nrvui::ui::UI_Node> GetInitialFocus() = 0;
-  /// Tells the layout how much room its dialog has, in points.
+  /// Tells the layout how much room its dialog has, in whole points, 0 to 1,000,000.
   virtual void ResizeSheet(std::int32_t width, std::int32_t height) = 0;
   /// The holder calls it on the user-interface thread with each message of the sheet; null removes
-  /// it.
+  /// it. The dialog does not: it is the holder's to call it no more when the dialog has gone.
   virtual void SetMessageCallback(
       boost::shared_ptr<boost::function<void(const vx::UnicodeString&)>> callback) = 0;
 
@@ -74,7 +77,7 @@ class NRV_EXPORT SheetFactory {
   virtual void Unused3();
   virtual void Unused4();
   virtual void Unused5();
-  /// Told the root view of every dialog that has been set up.
+  /// Told the root view of every dialog that has been set up; it is the dialog's, and goes with it.
   virtual void RegisterDialogView(nrvui::ui::OS_View* rootView) = 0;
 
  protected:
