@@ -34,7 +34,9 @@ runs in a process of its own and says in a line whether it passed.
   --list       names the checks and runs none of them
   --only NAME  runs the check or the group of this name, or all whose name
                begins so; may be given more than once
-  --seed N     begins with this number whatever is random; otherwise 1
+  --seed N     the first number from which random input is made; otherwise 1.
+               A finding names its seed; with that one the first of the
+               numbered checks shows it again
   --long       tries every fault at every place and far more that is random;
                takes many minutes
   --verbose    says which operations of the host the module calls, in their

@@ -13,10 +13,6 @@ using standin::StringList;
 
 constexpr const char* kNone = nullptr;
 
-bool BeginsOrEnds(const KnownMessage& message) {
-  return std::string_view(message.selector) == "Unload";
-}
-
 /// All messages but those that begin or end something are answered with 0 and ask nothing.
 void ExpectSilence(CheckedModule& checked, bool isAboutToo) {
   std::vector<KnownMessage> messages = {
@@ -27,8 +23,8 @@ void ExpectSilence(CheckedModule& checked, bool isAboutToo) {
       {nullptr, "About", ""},        {"VX Script Message Caller", "anything", ""},
   };
   for (const KnownMessage& known : kKnownMessages) {
-    const bool isAbout = std::string_view(known.selector) == "About";
-    if (!BeginsOrEnds(known) && (isAboutToo || !isAbout)) messages.push_back(known);
+    const std::string_view selector = known.selector;
+    if (selector != "Unload" && (isAboutToo || selector != "About")) messages.push_back(known);
   }
   void* const kept = checked.module.Globals();
   for (const auto& [caller, selector, operation] : messages) {
