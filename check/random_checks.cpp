@@ -37,8 +37,8 @@ using nrvui::ui::UI_Node;
 
 /// Plays with `count` seeds, one after the other, until something is found.
 void ForEachSeed(size_t part, size_t count, const std::function<void(Random& random)>& play) {
-  const uint64_t first = settings.seed + part * count;
-  for (uint64_t seed = first; seed < first + count && !HasFailed(); ++seed) {
+  uint64_t seed = settings.seed + part * count;
+  for (size_t i = 0; i < count && !HasFailed(); ++i, ++seed) {
     const Trying trying("seed " + std::to_string(seed));
     Random random(seed);
     play(random);
