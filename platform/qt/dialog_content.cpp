@@ -17,6 +17,7 @@ using nrvui::ui::UI_Node;
 namespace {
 
 constexpr int kMargin = 20;
+constexpr int kScrollGap = 8;  // beside a scroll bar
 
 template <class Node>
 Node* As(UI_Node& node) {
@@ -159,7 +160,8 @@ void DialogContent::LetScroll() {
   scroller = new Scroller(*messages->parentWidget());
   auto* const scrolled = new QWidget(scroller);
   auto* const box = new QVBoxLayout(scrolled);
-  box->setContentsMargins(0, 0, 0, 0);
+  const bool isMirrored = pane.isRightToLeft();
+  box->setContentsMargins(isMirrored ? kScrollGap : 0, 0, isMirrored ? 0 : kScrollGap, 0);
   box->setSpacing(column.spacing());
   while (column.itemAt(0)->widget() != messages) {
     const std::unique_ptr<QLayoutItem> item(column.takeAt(0));

@@ -197,8 +197,11 @@ void DialogWindow::NodeChanged(UI_Node&) {
 }
 
 void DialogWindow::FitContent() {
-  const QSize needed = content->Align();
-  if (Limited(needed) != needed) content->LetScroll();
+  QSize needed = content->Align();
+  if (Limited(needed) != needed) {
+    content->LetScroll();
+    needed = content->Align();
+  }
   if (needed == natural) return;
   natural = needed;
 

@@ -1,6 +1,7 @@
 #include "studio/window/captions.h"
 
 #include <QFileInfo>
+#include <QGuiApplication>
 #include <cmath>
 
 #include "studio/base/text.h"
@@ -32,23 +33,30 @@ QString TileCountText(const Artwork& artwork) {
               QString::number(geometry.tilesDown));
 }
 
+/// Numbers and their units, which stand from left to right also in a window that is mirrored.
+QString InReadingOrder(const QString& measures) {
+  constexpr QChar kMark(0x200E);
+  return QGuiApplication::isRightToLeft() ? kMark + measures + kMark : measures;
+}
+
 }  // namespace
 
 QString SizeInPointsText(const Artwork& artwork) {
   if (!IsSizeKnown(artwork)) return Text("$$$/Studio/Size/Unknown=Size unknown");
-  return Text("$$$/Studio/Size/Points=%1 × %2 pt", ShortNumber(artwork.Size().width()),
-              ShortNumber(artwork.Size().height()));
+  return InReadingOrder(Text("$$$/Studio/Size/Points=%1 × %2 pt",
+                             ShortNumber(artwork.Size().width()),
+                             ShortNumber(artwork.Size().height())));
 }
 
 QString SummaryText(const Artwork& artwork) {
   QStringList parts{TileCountText(artwork), SizeInPointsText(artwork),
                     SizeInMillimetersText(artwork)};
   parts.removeAll({});
-  return parts.join("   ·   ");
+  return InReadingOrder(parts.join("   ·   "));
 }
 
 QString PercentText(double share) {
-  return Text("$$$/Studio/Size/Percent=%1 %", ShortNumber(share * 100));
+  return InReadingOrder(Text("$$$/Studio/Size/Percent=%1 %", ShortNumber(share * 100)));
 }
 
 QString FileCaption(const QString& path) {
