@@ -137,15 +137,3 @@ TEST_F(ModalRun, OutlivesItsWindow) {
     EXPECT_EQ(presenter.Error().has_value(), isByHandler);
   }
 }
-
-TEST_F(ModalRun, LeavesAPicture) {
-  qtui::QtPresenter presenter;
-  presenter.TakeScreenshots();
-  presenter.PlayScript(GestureScript::Parse("click percent\nclick ok", "script"));
-  QSize window;
-  presenter.WhenPainted([&](QWidget& shown) { window = shown.size() * shown.devicePixelRatio(); });
-  const nrvui::ui::InstalledPresenter installed(presenter);
-  test.dialog->RunModal();
-  EXPECT_EQ(presenter.Screenshot().size(), window);
-  EXPECT_EQ(test.dialog->GetResponse(), nrvui::ui::kOkResponse);
-}
