@@ -32,7 +32,7 @@ struct ReportingModule : CheckedModule {
     StringList list;
     int32_t index = 0;
     for (const std::string entry : {"-43", "Gone is file %d.", "017", "Own text", "907", "Nine",
-                                    "ok", "Short", "PARM", defaultText.c_str()})
+                                    "o1", "Short", "PARM", defaultText.c_str()})
       list.Set(++index, entry);
     host.Lists().Replace(ListOwner::kPlugin, 16050, list);
   }
@@ -52,7 +52,7 @@ void FindsTheTextOfACode() {
       {-43, "Gone is file %d."},
       {907, "Nine"},
       {17, "Own text"},
-      {'o' << 24 | 'k' << 16, "Short"},
+      {'o' << 24 | '1' << 16, "Short"},
       {Code("PARM"), kDefault},
       {Code("Gone"), "The operation failed (Gone)."},
       {Code("!MEM"), "The operation failed (!MEM)."},

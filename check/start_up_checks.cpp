@@ -1,3 +1,6 @@
+#include <exception>
+#include <new>
+
 #include "check/check.h"
 #include "check/checked_module.h"
 #include "check/findings.h"
@@ -86,7 +89,7 @@ void HostWithoutTables() {
   }
   Expect("suites given back: the first, and the one for the report", releases, 2);
   Expect("a start-up by a whole host", checked.module.StartUp(), ResultCode::kSuccess);
-  checked.module.ShutDown() == ResultCode::kSuccess ? void() : Fail("the shut-down fails");
+  Expect("the shut-down", checked.module.ShutDown(), ResultCode::kSuccess);
   checked.ExpectNothingLeft();
 }
 
@@ -96,6 +99,16 @@ void RefusedAsNotHandled() {
   checked.host.Operations().Refuse("QP Plug-ins Suite/SetPluginName", ResultCode::kNotHandled);
   Expect("the answer", checked.module.StartUp(), ResultCode::kNotHandled);
   Expect("alerts", checked.person.alerts.size(), 1u);
+  checked.ExpectNothingLeft();
+}
+
+/// Without a block for its table there is none to free.
+void FreesNoBlockThatItLacks() {
+  CheckedModule checked;
+  checked.host.Operations().Throw("QP Blocks Suite/AllocateBlock",
+                                  std::make_exception_ptr(std::bad_alloc()));
+  Expect("the answer", checked.module.StartUp(), ResultCode::kParameter);
+  Expect("blocks that go back", checked.host.Operations().Calls("QP Blocks Suite/FreeBlock"), 0u);
   checked.ExpectNothingLeft();
 }
 
@@ -141,6 +154,7 @@ Checks StartUpChecks() {
     checks.push_back({"start-up/refused-suite-" + std::to_string(i + 1), [i] { LacksSuite(i); }});
   checks.push_back({"start-up/host-without-tables", HostWithoutTables});
   checks.push_back({"start-up/refused-as-not-handled", RefusedAsNotHandled});
+  checks.push_back({"start-up/frees-no-block-that-it-lacks", FreesNoBlockThatItLacks});
   checks.push_back({"start-up/goes-on-when-a-second-fails", GoesOnWhenASecondFails});
   return checks;
 }
