@@ -58,7 +58,7 @@ const QImage& ImageLevels::For(double pixelWidth, double pixelHeight) {
 int ImageLevels::HalvesFor(double pixel, int length) {
   const int most = int(std::log2(std::max(1, length)));
   if (!(pixel > 0)) return most;
-  return std::clamp(int(std::floor(-std::log2(pixel))), 0, most);
+  return int(std::clamp(std::floor(-std::log2(pixel)), 0.0, double(most)));
 }
 
 TilePainter::TilePainter(std::shared_ptr<const Mosaic> shown)
