@@ -62,13 +62,11 @@ void PassOverAbsurdScales() {
 /// An empty code is the language of the user's environment. Windows are laid out as it is written,
 /// also when their words are English for want of a translation.
 void SpeakLanguage(const QString& code) {
-  auto& localizer = nrvcore::config::Localizer::Get();
-  localizer.SetLanguage(code.toStdString());
+  const auto& localizer = nrvcore::config::Localizer::Get();
   if (const QString damaged = localizer.DamagedCatalogue().c_str(); !damaged.isEmpty())
     PrintError(Text("$$$/Studio/Line/DamagedTranslation=the translation %1 is damaged", damaged));
-  const bool isEnglish = qgetenv("LANGUAGE") == "C";  // where no catalogue was found
   if (!code.isEmpty()) QLocale::setDefault(QLocale(code));
-  if (!code.isEmpty() && isEnglish && QLocale().language() != QLocale::English) {
+  if (!code.isEmpty() && !localizer.HasCatalogue() && QLocale().language() != QLocale::English) {
     PrintError(
         Text("$$$/Studio/Line/NoTranslation=there is no translation for \"%1\", so the texts "
              "are English",
@@ -135,8 +133,11 @@ int main(int argc, char** argv) try {
   // Until there is something to clean up, a request to stop ends the program at once, even while it
   // waits for a pipe or for a decoder. A signal that was ignored, as nohup does, stays so.
   for (const int request : {SIGINT, SIGTERM, SIGHUP}) {
-    if (std::signal(request, [](int) { std::_Exit(kStopped); }) == SIG_IGN)
-      std::signal(request, SIG_IGN);
+    struct sigaction action {};
+    sigaction(request, nullptr, &action);
+    if (action.sa_handler == SIG_IGN) continue;
+    action.sa_handler = [](int) { std::_Exit(kStopped); };
+    sigaction(request, &action, nullptr);
   }
   // A closed pipe and a file that grows too large are then failures like any other.
   std::signal(SIGPIPE, SIG_IGN);
@@ -145,6 +146,7 @@ int main(int argc, char** argv) try {
   localizer.SetCatalogues(standin::ResourceFolders::OfProgram().host / "translations");
   localizer.SetLanguage({});
   const CommandLine line = CommandLine::Parse(Arguments(argc, argv));
+  localizer.SetLanguage(line.language.toStdString());  // before there are other threads
   if (line.showHelp) {
     int onlyName = 1;
     const QCoreApplication application(onlyName, argv);

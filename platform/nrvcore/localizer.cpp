@@ -122,6 +122,7 @@ std::string Localizer::WithCatalogue(std::string_view languages) {
     }
     if (language == "en" || language == kUntranslated) break;  // the keys themselves
   }
+  hasCatalogue = !found.empty();
   found.emplace_back(kUntranslated);
   return boost::algorithm::join(found, ":");
 }

@@ -45,6 +45,8 @@ class NRV_EXPORT Localizer {
   /// `code` as in "de" or "pt_BR", or several parted by ":", the first that has a text counts;
   /// empty means what the user's environment asks for. A damaged catalogue is passed over.
   void SetLanguage(const std::string& code);
+  /// Whether the last SetLanguage found a catalogue; texts are English otherwise.
+  bool HasCatalogue() const { return hasCatalogue; }
   /// The first catalogue that the last SetLanguage passed over as damaged; empty for none.
   const std::string& DamagedCatalogue() const { return damagedCatalogue; }
 
@@ -66,6 +68,7 @@ class NRV_EXPORT Localizer {
   std::string userLanguage;
   std::string folder;
   std::string damagedCatalogue;
+  bool hasCatalogue = false;
   locale_t messagesLocale = nullptr;  // null until a language is set
 };
 

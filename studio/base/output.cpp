@@ -114,6 +114,7 @@ void OutputSet::Commit() {
     if (fsync(device.handle()) != 0 && errno != EINVAL)
       Refuse(device.objectName(), ReasonText(errno));
   }
+  placed.reserve(outputs.size());  // nothing may fail between two steps of one output
   try {
     for (const auto& output : outputs) TakePlace(*output);
   } catch (...) {

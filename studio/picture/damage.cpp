@@ -91,7 +91,7 @@ constexpr const char* kDamage[] = {"premature end", "Huffman", "instead of RST",
                                    "Invalid progressive"};
 
 thread_local DecoderMessages* current = nullptr;
-std::atomic<QtMessageHandler> previous = nullptr;  // takes the other threads' messages meanwhile
+std::atomic<QtMessageHandler> previous = nullptr;  // takes what nobody collects
 
 }  // namespace
 
@@ -109,13 +109,14 @@ bool HasAbsurdScans(const QByteArray& jpeg, QSize size) {
   return scans > kUsualScans && qint64(size.width()) * size.height() > kMostPixels / scans;
 }
 
+/// The handler stays for good, since another thread may be in it or collect messages of its own.
 DecoderMessages::DecoderMessages() {
   current = this;
-  previous = qInstallMessageHandler(Collect);
+  const QtMessageHandler former = qInstallMessageHandler(Collect);
+  if (former != Collect) previous = former;
 }
 
 DecoderMessages::~DecoderMessages() {
-  qInstallMessageHandler(previous);
   current = nullptr;
 }
 

@@ -14,7 +14,7 @@ bool IsCompleteFile(const QByteArray& format, const QByteArray& bytes);
 bool HasAbsurdScans(const QByteArray& jpeg, QSize size);
 
 /// While one of these lives, what Qt's image decoders report on this thread is collected here
-/// instead of shown. One at a time.
+/// instead of shown. One at a time on each thread.
 class DecoderMessages {
  public:
   DecoderMessages();

@@ -24,7 +24,8 @@ constexpr int kMegabytesLimit = 2048;
 constexpr int kBitsPerPixel = 32;  // of a picture, whatever its file has
 
 bool Fits(QSize size, int bitsPerPixel) {
-  return qint64(size.width()) * size.height() * bitsPerPixel / 8 <= qint64(kMegabytesLimit) << 20;
+  const qint64 mostPixels = (qint64(kMegabytesLimit) << 20) * 8 / bitsPerPixel;
+  return qint64(size.width()) * size.height() <= mostPixels;
 }
 
 /// Decoders tell whole numbers of dots per metre, some rounded and some cut off, so one that was a
@@ -74,9 +75,7 @@ QImage Decode(QImageReader& reader) {
   SetDotsPerMeter(image, kUnsaidDotsPerMeter, kUnsaidDotsPerMeter);
   const uchar* const bits = std::as_const(image).constBits();
   if (!reader.read(&image)) return {};
-  // A damaged file can state a resolution of 0 or below.
-  const bool isAbsurd = image.dotsPerMeterX() <= 0 || image.dotsPerMeterY() <= 0;
-  if (isAbsurd || std::as_const(image).constBits() != bits) {
+  if (std::as_const(image).constBits() != bits) {
     SetDotsPerMeter(image, kUnsaidDotsPerMeter, kUnsaidDotsPerMeter);
   }
   return image;
@@ -117,7 +116,7 @@ QImage InEightBits(QImage image) {
 
 }  // namespace
 
-Picture Picture::Read(const QString& path) {
+Picture Picture::Read(const QString& path, const std::function<bool()>& isStopped) {
   QByteArray bytes = ReadPictureFile(path);
   QBuffer buffer(&bytes);
   buffer.open(QIODevice::ReadOnly);
@@ -137,7 +136,7 @@ Picture Picture::Read(const QString& path) {
         path);
   }
   if (format == "jpeg" && HasAbsurdScans(bytes, reader.size())) RefuseUndecodable(path);
-  QImage image = IsSvg(format) ? DrawSvg(bytes, path) : Decode(reader);
+  QImage image = IsSvg(format) ? DrawSvg(bytes, path, isStopped) : Decode(reader);
   if (image.isNull() || !Fits(image.size(), kBitsPerPixel)) RefuseUndecodable(path);
   if (messages.TellOfDamage()) {
     throw StudioError("$$$/Studio/Picture/Damaged=the picture %1 is damaged", path);
@@ -147,6 +146,9 @@ Picture Picture::Read(const QString& path) {
 
 Picture::Picture(QImage image) : pixels(InEightBits(std::move(image))) {
   if (pixels.isNull()) throw StudioError(kNoMemory);
+  // A damaged file can state a resolution of 0 or below, and so can whoever filled the clipboard.
+  if (pixels.dotsPerMeterX() <= 0 || pixels.dotsPerMeterY() <= 0)
+    SetDotsPerMeter(pixels, kUnsaidDotsPerMeter, kUnsaidDotsPerMeter);
 }
 
 const QImage& Picture::PixelsInSrgb() const {

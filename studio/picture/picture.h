@@ -4,14 +4,17 @@
 #include <QImage>
 #include <QSizeF>
 #include <QString>
+#include <functional>
 
 /// A raster picture as it lies on the page: its pixels upright and in 8-bit RGB, the meaning of
 /// their values, and the size that it takes up.
 class Picture {
  public:
   /// Reads the first image of a file. Throws StudioError when the file is absent, is no picture
-  /// that can be read here, is damaged or too large, or ends before the picture does.
-  static Picture Read(const QString& path);
+  /// that can be read here, is damaged or too large, or ends before the picture does. A drawing is
+  /// given up soon after `isStopped` says so.
+  static Picture Read(
+      const QString& path, const std::function<bool()>& isStopped = [] { return false; });
 
   /// A picture of these pixels at the resolution that they carry. Throws StudioError when there is
   /// no memory for them, or was none when the image was made.

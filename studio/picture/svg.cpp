@@ -1,6 +1,7 @@
 #include "studio/picture/svg.h"
 
 #include <QCoreApplication>
+#include <QDeadlineTimer>
 #include <QProcess>
 
 #include "studio/base/studio_error.h"
@@ -8,6 +9,7 @@
 namespace {
 
 constexpr int kMostTime = 8000;  // ms
+constexpr int kAskEvery = 50;
 
 QImage Received(QProcess& process) {
   int32_t size[2];
@@ -27,7 +29,8 @@ bool IsSvg(const QByteArray& format) {
   return format == "svg" || format == "svgz";
 }
 
-QImage DrawSvg(const QByteArray& bytes, const QString& path) {
+QImage DrawSvg(const QByteArray& bytes, const QString& path,
+               const std::function<bool()>& isStopped) {
   QProcess process;
   process.setProcessChannelMode(QProcess::ForwardedErrorChannel);
   // Where it lies beside a program, in the build folder as where it is installed.
@@ -39,7 +42,9 @@ QImage DrawSvg(const QByteArray& bytes, const QString& path) {
   }
   process.write(bytes);
   process.closeWriteChannel();
-  if (!process.waitForFinished(kMostTime) || process.exitStatus() != QProcess::NormalExit) {
+  QDeadlineTimer deadline(kMostTime);
+  while (!process.waitForFinished(kAskEvery) && !deadline.hasExpired() && !isStopped()) continue;
+  if (process.state() != QProcess::NotRunning || process.exitStatus() != QProcess::NormalExit) {
     process.kill();
     process.waitForFinished();
     return {};

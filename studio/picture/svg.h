@@ -2,6 +2,7 @@
 
 #include <QByteArray>
 #include <QImage>
+#include <functional>
 
 /// Whether an image format, as Qt names it, is a drawing that the SVG reader must draw.
 bool IsSvg(const QByteArray& format);
@@ -10,8 +11,9 @@ bool IsSvg(const QByteArray& format);
 /// a drawing of a few lines can ask for any time and memory. That process gets 8 seconds and 2 GB.
 /// Null when the drawing is damaged, too large or needs more than that. Throws StudioError when the
 /// drawing shows a file other than itself, and when the process cannot be started; `path` is for
-/// these messages.
-QImage DrawSvg(const QByteArray& bytes, const QString& path);
+/// these messages. Asks `isStopped` now and then; null soon after it says so.
+QImage DrawSvg(const QByteArray& bytes, const QString& path,
+               const std::function<bool()>& isStopped);
 
 /// 72 dots per inch: a drawing's unit is a point.
 inline constexpr int kSvgDotsPerMeter = 2835;

@@ -2,6 +2,9 @@
 // standard output, as svg.h has it.
 
 #include <sys/resource.h>
+#ifdef __linux__
+#include <sys/prctl.h>
+#endif
 
 #include <QBuffer>
 #include <QFile>
@@ -12,6 +15,7 @@
 #include <boost/iostreams/device/array.hpp>
 #include <boost/iostreams/filter/gzip.hpp>
 #include <boost/iostreams/filtering_stream.hpp>
+#include <csignal>
 #include <cstdio>
 
 #include "studio/picture/svg.h"
@@ -23,10 +27,11 @@ constexpr rlim_t kMostMemory = rlim_t{2} << 30;
 constexpr qsizetype kLargestDrawing = 256 << 20;  // unpacked, in bytes
 constexpr qint64 kMostPixels = 1 << 28;
 
+/// A limit that is lower already stays.
 void Limit(int what, rlim_t amount) {
   rlimit limit{};
   getrlimit(what, &limit);
-  limit.rlim_cur = std::min(limit.rlim_max, amount);
+  limit.rlim_cur = std::min(limit.rlim_cur, amount);
   setrlimit(what, &limit);
 }
 
@@ -48,11 +53,12 @@ QByteArray Unpacked(const QByteArray& packed) {
 bool ShowsOtherFile(const QByteArray& drawing);
 
 /// An image is shown from the drawing itself when it stands there as "data:". What stands there may
-/// be a drawing again.
+/// be a drawing again. With a second comma it would be unclear where the data begin.
 bool IsOtherFile(QStringView reference) {
   if (reference.isEmpty() || reference.startsWith(u'#')) return false;
-  if (!reference.startsWith(u"data:")) return true;
   const qsizetype comma = reference.indexOf(u',');
+  const bool isData = reference.startsWith(u"data:") && reference.left(comma).endsWith(u";base64");
+  if (comma < 0 || !isData || reference.mid(comma + 1).contains(u',')) return true;
   const QByteArray content = QByteArray::fromBase64(reference.mid(comma + 1).toLatin1());
   QBuffer buffer;
   buffer.setData(content);
@@ -107,6 +113,9 @@ void PassOver(QtMsgType, const QMessageLogContext&, const QString&) {}
 
 int main(int argc, char** argv) try {
   qInstallMessageHandler(PassOver);
+#ifdef __linux__
+  prctl(PR_SET_PDEATHSIG, SIGKILL);  // nobody waits for a drawing whose program has ended
+#endif
   Limit(RLIMIT_CPU, kMostSeconds);
   Limit(RLIMIT_CORE, 0);
 #ifndef __SANITIZE_ADDRESS__  // reserves terabytes for itself

@@ -7,6 +7,7 @@
 #include <QProgressDialog>
 #include <QPushButton>
 #include <QShortcut>
+#include <QThreadPool>
 #include <QTimer>
 #include <QtConcurrentRun>
 #include <exception>
@@ -68,8 +69,12 @@ bool DoInBackground(QWidget& window, const QString& label, int steps,
   const auto isComplete = std::make_shared<bool>(false);
   QFutureWatcher<void> watcher;
   QObject::connect(&watcher, &QFutureWatcherBase::finished, &loop, &QEventLoop::quit);
+  // Nothing else waits for a thread of what was left to itself.
+  static QThreadPool left;
+  QThreadPool* const pool =
+      whenCancelled == WhenCancelled::kLeave ? &left : QThreadPool::globalInstance();
   watcher.setFuture(
-      QtConcurrent::run([isComplete, steps, work = std::move(work)](QPromise<void>& promise) {
+      QtConcurrent::run(pool, [isComplete, steps, work = std::move(work)](QPromise<void>& promise) {
         promise.setProgressRange(0, steps);
         try {
           *isComplete = work(promise);
@@ -110,8 +115,8 @@ GoOn ReportTo(QPromise<void>& promise) {
 std::optional<Picture> ReadPicture(QWidget& window, const QString& path) {
   const auto picture = std::make_shared<std::optional<Picture>>();
   const QString label = Text("$$$/Studio/Progress/Opening=Opening %1…", QFileInfo(path).fileName());
-  const auto read = [picture, path](QPromise<void>&) {
-    *picture = Picture::Read(path);
+  const auto read = [picture, path](QPromise<void>& promise) {
+    *picture = Picture::Read(path, [&] { return promise.isCanceled(); });
     (*picture)->PixelsInSrgb();  // the canvas would make the window wait for them
     return true;
   };

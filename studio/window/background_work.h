@@ -9,7 +9,7 @@ class QIODevice;
 class QWidget;
 struct ExportKind;
 
-/// The studio's long work, each piece on a thread of its own. The window is redrawn meanwhile but
+/// The studio's long work, on other threads than the window's. The window is redrawn meanwhile but
 /// takes no input; after half a second a dialog shows the progress and can cancel the work, as the
 /// end of the program does. Each answers nothing, or false, when it was cancelled, and throws
 /// StudioError when it fails.

@@ -5,7 +5,7 @@
 #include <algorithm>
 #include <cmath>
 
-#include "studio/base/text.h"
+#include "studio/base/studio_error.h"
 #include "studio/export/mosaic_export.h"
 #include "studio/window/background_work.h"
 
@@ -31,12 +31,17 @@ std::unique_ptr<QMimeData> MimeDataOf(QWidget& window, const Artwork& artwork) {
     return isComplete ? buffer.data() : QByteArray();
   };
   const MosaicGeometry& geometry = artwork.mosaic->geometry;
-  if (qint64(geometry.tilesAcross) * geometry.tilesDown <= kMostSvgTiles)
-    data->setData("image/svg+xml", write(".svg", 0));
+  if (qint64(geometry.tilesAcross) * geometry.tilesDown <= kMostSvgTiles) {
+    const QByteArray svg = write(".svg", 0);
+    if (svg.isEmpty()) return nullptr;
+    data->setData("image/svg+xml", svg);
+  }
   const double most = std::sqrt(kMostPixels / (geometry.size.width() * geometry.size.height()));
   const QByteArray png = write(".png", std::min(most, PngScale(geometry)));
   if (png.isEmpty()) return nullptr;
-  data->setImageData(QImage::fromData(png));
+  const QImage picture = QImage::fromData(png);
+  if (picture.isNull()) throw StudioError(kNoMemory);
+  data->setImageData(picture);
   return data;
 }
 

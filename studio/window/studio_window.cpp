@@ -327,7 +327,8 @@ void StudioWindow::Paste() {
   Do(Text("$$$/Studio/Error/Open=The picture cannot be opened."), [&] {
     std::optional<Picture> picture = data ? PictureIn(*data) : std::nullopt;
     if (picture) {
-      PlacePicture(Text("$$$/Studio/Paste/Name=Pasted picture"), std::move(*picture));
+      PlacePicture(Text("$$$/Studio/Paste/Name=Pasted picture %1", QString::number(++pasted)),
+                   std::move(*picture));
     } else {
       Tell(Text("$$$/Studio/Status/NothingToPaste=There is no picture on the clipboard."));
     }

@@ -111,5 +111,6 @@ class StudioWindow final : public QMainWindow {
   /// What OK confirmed last for a picture, by its path and whether its size was known.
   std::map<std::pair<QString, bool>, Confirmed> confirmed;
   std::optional<LastExport> lastExport;
+  int pasted = 0;  // how many pictures were; each has a name of its own
   bool isBusy = false;
 };

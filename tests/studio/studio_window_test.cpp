@@ -231,7 +231,7 @@ TEST_F(StudioWindowTest, APictureBecomesAMosaicThatCanBeUndoneAndExported) {
   Action("copy").trigger();
   EXPECT_EQ(QApplication::clipboard()->mimeData()->data("image/svg+xml").count("<rect "), 96);
   Action("paste").trigger();
-  EXPECT_EQ(window->Shown()->path, "Pasted picture");
+  EXPECT_EQ(window->Shown()->path, "Pasted picture 1");
   EXPECT_NEAR(window->Shown()->picture.Pixels().width(), 1608, 8) << "sharp tiles";
   Close();  // without a question, since all is exported
 
