@@ -15,7 +15,7 @@
 #include "studio/export/mosaic_export.h"
 #include "studio/export/picture_encoding.h"
 #include "studio/mosaic/mosaic_job.h"
-#include "studio/mosaic/preview.h"
+#include "studio/mosaic/outlook.h"
 
 namespace {
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QImage>
+#include <QSizeF>
 #include <QString>
 #include <memory>
 #include <span>
@@ -25,8 +26,9 @@ struct ExportKind {
 /// where about 64 million of them do, and at least one. Throws StudioError when none can be that
 /// large.
 double PngScale(const MosaicGeometry& geometry);
-/// Pixels that a side of a PNG picture can have.
-inline constexpr int kMostPngSide = 32000;
+/// The most that a PNG picture of this size in points can have: 32 000 pixels a side, 256 million
+/// together.
+double MostPngScale(QSizeF size);
 
 /// The first is proposed.
 std::span<const ExportKind> ExportKinds();

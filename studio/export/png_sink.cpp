@@ -16,8 +16,9 @@ namespace {
 
 constexpr double kLongSide = 1600;  // in pixels, where the tiles ask for no more
 constexpr double kPixelsPerTile = 4;
-constexpr double kMostPixels = 64e6;  // unless there are more tiles
+constexpr double kMostPixels = 64e6;  // where that gives each tile one
 constexpr double kMostPixelsEver = 256e6;
+constexpr double kMostSide = 32000;
 constexpr double kPointsPerMeter = 72 / 0.0254;
 
 /// Gives every tile a pixel. Throws StudioError when no picture can be that large.
@@ -26,7 +27,7 @@ double LeastScale(const MosaicGeometry& geometry) {
   const double least = std::max(1 / pitch.width(), 1 / pitch.height());
   const double width = std::ceil(geometry.size.width() * least);
   const double height = std::ceil(geometry.size.height() * least);
-  if (std::max(width, height) <= kMostPngSide && width * height <= kMostPixelsEver) return least;
+  if (std::max(width, height) <= kMostSide && width * height <= kMostPixelsEver) return least;
   throw StudioError(
       "$$$/Studio/Export/TooManyPixels=a PNG with a pixel for each tile would have %1 by %2 "
       "pixels, which is too many; SVG and PDF can hold these tiles",
@@ -203,12 +204,18 @@ double PngScale(const MosaicGeometry& geometry) {
   // A whole number of pixels from tile to tile keeps their edges sharp.
   const double sharp = std::ceil(wanted * pitch) / pitch;
   const double chosen = std::min(
-      {sharp, std::sqrt(kMostPixels / (size.width() * size.height())), kMostPngSide / longSide});
+      {sharp, std::sqrt(kMostPixels / (size.width() * size.height())), kMostSide / longSide});
   return std::max(chosen, LeastScale(geometry));
+}
+
+double MostPngScale(QSizeF size) {
+  return std::min(std::sqrt(kMostPixelsEver / (size.width() * size.height())),
+                  kMostSide / std::max(size.width(), size.height()));
 }
 
 std::unique_ptr<MosaicSink> MakePngSink(QIODevice& device, const MosaicGeometry& geometry,
                                         const QImage& below, double pixelsPerPoint) {
-  const double scale = pixelsPerPoint > 0 ? pixelsPerPoint : PngScale(geometry);
+  const double scale = pixelsPerPoint > 0 ? std::min(pixelsPerPoint, MostPngScale(geometry.size))
+                                          : PngScale(geometry);
   return std::make_unique<PngSink>(device, geometry, below, scale);
 }

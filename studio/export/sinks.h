@@ -22,6 +22,7 @@ std::unique_ptr<MosaicSink> MakeSvgSink(QIODevice& device, const MosaicGeometry&
 std::unique_ptr<MosaicSink> MakePdfSink(QIODevice& device, const MosaicGeometry& geometry,
                                         const QImage& below, double);
 
-/// A PNG picture of the mosaic's size on the page, with so many pixels a point, PngScale for 0.
+/// A PNG picture of the mosaic's size on the page, with so many pixels a point, at most
+/// MostPngScale; PngScale for 0.
 std::unique_ptr<MosaicSink> MakePngSink(QIODevice& device, const MosaicGeometry& geometry,
                                         const QImage& below, double pixelsPerPoint);

@@ -35,9 +35,3 @@ ArtworkPtr Place(const QString& path, Picture picture, bool isSizeUnknown);
 
 /// The same picture as this mosaic.
 ArtworkPtr WithMosaic(const Artwork& artwork, Mosaic mosaic);
-
-/// The record for the dialog over this picture. `former` are the choices made for it before, if
-/// any; otherwise flags and tiles across are the last ones, or else a hundred across, and the tiles
-/// are square.
-MosaicChoices ChoicesFor(const Artwork& artwork, const std::optional<MosaicChoices>& last,
-                         const std::optional<MosaicChoices>& former = {});

@@ -2,14 +2,6 @@
 
 #include "studio/mosaic/artwork.h"
 
-/// What choices lead to, in a sentence.
-struct Outlook {
-  QString text;
-  bool isMosaic;  // or else why there will be none
-};
-
-Outlook OutlookFor(const Picture& picture, const MosaicChoices& choices);
-
 /// A picture at no more pixels than a screen shows, each the mean of the light of its share. Of a
 /// photograph, the tiles that are at least four of its pixels wide and high are within 3 of 255 of
 /// those of the picture itself; a border of tiles that runs along a hard edge can show more.

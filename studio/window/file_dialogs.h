@@ -1,10 +1,8 @@
 #pragma once
 
 #include <QString>
-#include <optional>
 
 struct ExportKind;
-struct MosaicGeometry;
 class QWidget;
 
 /// Each lets the person choose a file in a dialog over the window and answers its path, empty when
@@ -18,7 +16,3 @@ QString AskForPicture(QWidget& window, const QString& folder);
 /// they agreed if such a file is there already.
 QString AskForExport(QWidget& window, const QString& folder, const QString& name,
                      const ExportKind& proposed);
-
-/// How many pixels a point a PNG picture of a mosaic has, chosen as its width or its resolution;
-/// nothing when the dialog was cancelled. Throws StudioError when its tiles are too many for one.
-std::optional<double> AskForPngScale(QWidget& window, const MosaicGeometry& geometry);

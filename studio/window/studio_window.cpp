@@ -15,10 +15,12 @@
 
 #include "studio/base/studio_error.h"
 #include "studio/export/mosaic_export.h"
+#include "studio/mosaic/outlook.h"
 #include "studio/window/background_work.h"
 #include "studio/window/captions.h"
 #include "studio/window/clipboard.h"
 #include "studio/window/file_dialogs.h"
+#include "studio/window/png_size_dialog.h"
 #include "studio/window/settings.h"
 
 namespace {

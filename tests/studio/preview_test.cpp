@@ -13,6 +13,7 @@
 #include "studio/caller/dialog_choices.h"
 #include "studio/caller/mosaic_caller.h"
 #include "studio/mosaic/mosaic_builder.h"
+#include "studio/mosaic/outlook.h"
 #include "tests/support/random_picture.h"
 
 namespace {
