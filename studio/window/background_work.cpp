@@ -61,7 +61,8 @@ class WorkDialog final : public QProgressDialog {
 enum class WhenCancelled { kWait, kLeave };
 
 /// `work` answers whether it is complete, and is asked to stop by the promise. So does this. Work
-/// that cannot be asked is left to itself when it is cancelled, so it must own all that it uses.
+/// that cannot be asked is left to itself when it is cancelled, so it must own all that it uses; of
+/// work with 0 `steps` nobody can say how far it is.
 bool DoInBackground(QWidget& window, const QString& label, int steps,
                     std::function<bool(QPromise<void>&)> work,
                     WhenCancelled whenCancelled = WhenCancelled::kWait) {
@@ -120,7 +121,7 @@ std::optional<Picture> ReadPicture(QWidget& window, const QString& path) {
     (*picture)->PixelsInSrgb();  // the canvas would make the window wait for them
     return true;
   };
-  if (!DoInBackground(window, label, 1, read, WhenCancelled::kLeave)) return std::nullopt;
+  if (!DoInBackground(window, label, 0, read, WhenCancelled::kLeave)) return std::nullopt;
   return std::move(*picture);
 }
 
