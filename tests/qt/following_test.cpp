@@ -93,6 +93,7 @@ TEST_F(Following, ScrollsWhatNoScreenIsWideEnoughFor) {
     for (const char* inSight : {"messages", "ok"}) {
       const QWidget& widget = open.Get(inSight);
       EXPECT_FALSE(scroller->isAncestorOf(&widget)) << inSight;
+      EXPECT_GT(widget.y(), scroller->y()) << inSight;
       EXPECT_TRUE(
           open.window.rect().contains({widget.mapTo(&open.window, QPoint()), widget.size()}));
     }

@@ -349,6 +349,12 @@ TEST_F(StudioWindowTest, EntriesComeBackAsTheyWere) {
   window->Presenter().WhenPainted(expectEntries);
   Action("createTesseraeAgain").trigger();
   EXPECT_EQ(seen, 2);
+  CreateTwice(
+      "click VerticalRadio\nenter VerticalCountTxt 8640\nclick MosaicUseRatioButton\n"
+      "enter NewHeightTxt 0\nkey Return",
+      [](const QWidget& dialog) {
+        EXPECT_TRUE(Message(dialog).contains("12960 is more than 8640")) << "no gesture puts it";
+      });
 }
 
 /// Names of all that assistive technology finds visible below an object and that can be used.
