@@ -8,8 +8,8 @@
 #include <QPainter>
 #include <QTemporaryDir>
 
+#include "check/random.h"
 #include "studio/base/studio_error.h"
-#include "tests/support/campaign.h"
 #include "tests/support/random_picture.h"
 
 namespace {
@@ -56,19 +56,22 @@ TEST(PictureFile, IsRefusedWhenAnyOfItIsMissing) {
 }
 
 TEST(PictureFile, IsRefusedOrReadWhateverItsDamage) {
-  const size_t seeds = campaign::Count(1000 / campaign::Step(1), 100000);
-  campaign::ForEachSeed(seeds, [](campaign::Random& random) {
-    constexpr const char* kFormats[] = {"png", "jpg", "bmp", "ppm"};
+  constexpr const char* kFormats[] = {"png", "jpg", "bmp", "ppm"};
+  for (unsigned seed = 0; seed < 700 && !HasFailure(); ++seed) {
+    SCOPED_TRACE(seed);
+    check::Random random(seed);
     const QImage image = RandomImage(21, 20, QImage::Format_RGB32, 1);
     const std::string whole = Encoded(image, check::Pick(random, kFormats)).toStdString();
     const bool isCut = check::Once(random, 2);
     const std::string damaged =
         isCut ? whole.substr(0, check::Below(random, whole.size())) : check::Damaged(random, whole);
-    const auto picture = campaign::ReadOrRefused<StudioError>(
-        [&] { return Read(QByteArray::fromStdString(damaged)); });
-    if (!picture) return;
-    EXPECT_FALSE(isCut || picture->Pixels().isNull() || picture->SizeInPoints().isEmpty());
-  });
+    try {
+      const Picture picture = Read(QByteArray::fromStdString(damaged));
+      EXPECT_FALSE(isCut || picture.Pixels().isNull() || picture.SizeInPoints().isEmpty());
+    } catch (const StudioError& refusal) {
+      EXPECT_STRNE(refusal.what(), "");
+    }
+  }
 }
 
 TEST(PictureFile, LiesOnThePageAsLargeAsItSays) {

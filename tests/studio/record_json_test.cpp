@@ -8,8 +8,8 @@
 #include <cmath>
 #include <numeric>
 
+#include "check/random.h"
 #include "studio/base/studio_error.h"
-#include "tests/support/campaign.h"
 
 namespace {
 
@@ -63,16 +63,20 @@ TEST(RecordJson, ReadsBackChoicesAndNothingElseAndRefusesDamage) {
   }
   EXPECT_THROW(ChoicesFromJson("[]"), StudioError);
 
-  campaign::ForEachSeed(campaign::Count(5000 / campaign::Step(1), 500000), [&](auto& random) {
+  for (unsigned seed = 0; seed < 4000 && !HasFailure(); ++seed) {
+    SCOPED_TRACE(seed);
+    check::Random random(seed);
     const auto damaged = QByteArray::fromStdString(check::Damaged(random, json.toStdString()));
-    const auto read =
-        campaign::ReadOrRefused<StudioError>([&] { return ChoicesFromJson(damaged); });
-    if (!read) return;
-    for (const int32_t count : {read->params.tilesAcross, read->params.tilesDown})
-      EXPECT_TRUE(count >= 1 && count <= 32767) << count;
-    EXPECT_TRUE(std::isfinite(read->state.aspectRatio));
-    EXPECT_EQ(check::Bytes(ChoicesFromJson(ChoicesToJson(*read))), check::Bytes(*read));
-  });
+    try {
+      const MosaicChoices read = ChoicesFromJson(damaged);
+      for (const int32_t count : {read.params.tilesAcross, read.params.tilesDown})
+        EXPECT_TRUE(count >= 1 && count <= 32767) << count;
+      EXPECT_TRUE(std::isfinite(read.state.aspectRatio));
+      EXPECT_EQ(check::Bytes(ChoicesFromJson(ChoicesToJson(read))), check::Bytes(read));
+    } catch (const StudioError& refusal) {
+      EXPECT_STRNE(refusal.what(), "");
+    }
+  }
 }
 
 }  // namespace
