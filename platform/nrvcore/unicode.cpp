@@ -2,6 +2,8 @@
 
 #include <algorithm>
 #include <boost/locale/utf.hpp>
+#include <cstdint>
+#include <cstring>
 #include <iterator>
 #include <string>
 
@@ -17,6 +19,18 @@ constexpr code_point kReplacement = 0xFFFD;
 
 bool IsMalformed(code_point decoded) {
   return decoded == boost::locale::utf::illegal || decoded == boost::locale::utf::incomplete;
+}
+
+/// How many bytes at the front are ASCII, which most texts are throughout; eight at a time.
+std::size_t AsciiLength(std::string_view text) {
+  constexpr uint64_t kBeyondAscii = 0x8080808080808080;
+  std::size_t length = 0;
+  for (uint64_t bytes; length + sizeof bytes <= text.size(); length += sizeof bytes) {
+    std::memcpy(&bytes, text.data() + length, sizeof bytes);
+    if (bytes & kBeyondAscii) break;
+  }
+  while (length < text.size() && static_cast<unsigned char>(text[length]) < 0x80) ++length;
+  return length;
 }
 
 /// How many bytes this one announces; 1 for a byte that starts no sequence.
@@ -56,12 +70,11 @@ void AppendConverted(std::basic_string_view<From> text, std::basic_string<To>& o
 }  // namespace
 
 UTF16String UTF8ToUTF16(std::string_view text) {
-  const auto isBeyondAscii = [](char c) { return static_cast<unsigned char>(c) >= 0x80; };
-  const auto asciiEnd = std::find_if(text.begin(), text.end(), isBeyondAscii);
+  const std::string_view ascii = text.substr(0, AsciiLength(text));
   std::u16string out;
   out.reserve(text.size());
-  out.append(text.begin(), asciiEnd);
-  AppendConverted<UTF16>(std::string_view(asciiEnd, text.end()), out);
+  out.append(ascii.begin(), ascii.end());
+  AppendConverted<UTF16>(text.substr(ascii.size()), out);
   return UTF16String(out);
 }
 
@@ -73,8 +86,10 @@ String UTF16ToUTF8(std::u16string_view text) {
 }
 
 bool IsValidUTF8(std::string_view text) {
+  text.remove_prefix(AsciiLength(text));
   while (!text.empty()) {
     if (IsMalformed(TakeCodePoint(text))) return false;
+    text.remove_prefix(AsciiLength(text));
   }
   return true;
 }

@@ -46,7 +46,7 @@ inline constexpr size_t kMostAttributes = 8;
 enum class Presence { kOptional, kRequired };
 
 struct AttributeRule {
-  const char* name;
+  std::string_view name;
   Presence presence;
   /// Gives the value to the element's node.
   void (*apply)(nrvui::ui::UI_Node& node, const LayoutAttribute& value);
@@ -54,7 +54,7 @@ struct AttributeRule {
 
 /// An element that may stand in a layout, and the node that it stands for.
 struct LayoutElement {
-  const char* name;
+  std::string_view name;
   bool holdsOthers;
   boost::intrusive_ptr<nrvui::ui::UI_Node> (*make)(const LiveToken& token);
   std::span<const AttributeRule> attributes;
