@@ -3,13 +3,15 @@
 #include <fcntl.h>
 #include <unistd.h>
 
+#include <atomic>
 #include <cerrno>
 #include <csignal>
 #include <iterator>
 
 namespace {
 
-volatile std::sig_atomic_t requested = 0;
+std::atomic<bool> requested = false;  // set in a signal handler, read on any thread
+static_assert(std::atomic<bool>::is_always_lock_free);
 int waker[2] = {-1, -1};
 
 constexpr int kSignals[] = {SIGINT, SIGTERM, SIGHUP};
@@ -17,7 +19,7 @@ struct sigaction former[std::size(kSignals)];
 
 void Note(int) {
   const int error = errno;
-  requested = 1;
+  requested = true;
   // The pipe is full only when the reader has been woken already.
   [[maybe_unused]] const auto written = write(waker[1], "", 1);
   errno = error;
@@ -41,7 +43,7 @@ bool MakePipe(int (&ends)[2]) {
 }  // namespace
 
 Interruption::Interruption() {
-  requested = 0;
+  requested = false;
   if (!MakePipe(waker)) waker[0] = waker[1] = -1;
   struct sigaction noting {};
   noting.sa_handler = Note;
@@ -59,7 +61,7 @@ Interruption::~Interruption() {
 }
 
 bool Interruption::IsRequested() const {
-  return requested != 0;
+  return requested;
 }
 
 int Interruption::Descriptor() const {

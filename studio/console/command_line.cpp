@@ -129,7 +129,11 @@ CommandLine CommandLine::Parse(const QStringList& arguments) {
       line.exports = values;
     }
   }
-  if (!isUnderstood) throw StudioError(parser.errorText());
+  if (!isUnderstood) {
+    QString reason = parser.errorText();  // Qt's, a sentence
+    if (reason.endsWith('.')) reason.chop(1);
+    throw StudioError(reason);
+  }
   const QStringList pictures = parser.positionalArguments();
   if (pictures.size() > 1)
     throw StudioError("$$$/Studio/Line/TwoPictures=more than one picture is given");
