@@ -26,7 +26,7 @@ QImage TilesOf(const Picture& picture, int across, int down, bool isColor) {
 
 Picture Reduced(const Picture& picture) {
   const QSize size = picture.Pixels().size();
-  const QSize smaller = size.boundedTo({Reduction::kMostPixels, Reduction::kMostPixels});
+  const QSize smaller = size.boundedTo(Reduction::kMostPixels);
   if (size == smaller) return picture;
   return Picture(TilesOf(picture, smaller.width(), smaller.height(), true));
 }

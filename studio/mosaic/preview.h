@@ -7,7 +7,7 @@
 /// those of the picture itself; a border of tiles that runs along a hard edge can show more.
 class Reduction {
  public:
-  static constexpr int kMostPixels = 2048;  // across and down
+  static constexpr QSize kMostPixels{2048, 1536};  // where the picture has more
 
   /// Throws StudioError when there is no memory.
   explicit Reduction(const Picture& picture);
