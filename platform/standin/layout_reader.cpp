@@ -2,9 +2,9 @@
 
 #include <algorithm>
 #include <bitset>
+#include <boost/container/flat_map.hpp>
 #include <fstream>
 #include <iterator>
-#include <map>
 #include <optional>
 #include <pugixml.hpp>
 #include <string_view>
@@ -56,7 +56,7 @@ class Reader {
   std::string parsed;
   const std::filesystem::path& file;
   const LiveToken& token;
-  std::map<std::string_view, UI_Node*> nodes;
+  boost::container::flat_map<std::string_view, UI_Node*> nodes;
   std::vector<Reference> buddies;
   std::optional<Reference> initialFocus;
 };
@@ -86,6 +86,8 @@ SheetTree Reader::Read() {
     Refuse(offset(second),
            Message("$$$/standin/Layout/AfterEnd=something after the end of <sheet>"));
 
+  constexpr size_t kUsualNodes = 64;
+  nodes.reserve(kUsualNodes);
   SheetTree tree;
   tree.view = LiveNode<UI_SubView>::Make(token);
   tree.layout = boost::static_pointer_cast<UI_Layout>(MakeNode(root, SheetElement()));
