@@ -78,6 +78,8 @@ TEST_F(HostTest, WhatIsNotGivenBackIsNamedAndNothingIsGivenBackTwice) {
   ContextHandle outer, inner;
   StringHandle string = nullptr;
   EXPECT_EQ(access->AcquirePlugin(host.HostModule(), &held), standin::kUnknownPlugin);
+  EXPECT_EQ(HeldSuite<VXNotifierSuite>(host)->AddNotifier(host.HostModule(), "n", "t", nullptr),
+            standin::kUnknownPlugin);
   EXPECT_EQ(strings->CreateFromText(&string, "text", 4, 3), standin::kUnknownEncoding);
   ASSERT_EQ(access->AcquirePlugin(plugin, &held), kDone);
   ASSERT_EQ(contexts->PushAppContext(plugin, &outer), kDone);
