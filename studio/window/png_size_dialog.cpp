@@ -1,5 +1,6 @@
 #include "studio/window/png_size_dialog.h"
 
+#include <QDialog>
 #include <QDialogButtonBox>
 #include <QDoubleSpinBox>
 #include <QFormLayout>
