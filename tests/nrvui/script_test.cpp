@@ -38,7 +38,7 @@ TEST(Script, PlaysEveryGesture) {
                  "enter count\t40\n"
                  "click percent\r\n"
                  "resize 120.5 90\n"
-                 "key Return",
+                 "key Return  # and a comment",
                  test),
             "ok count:1 name:1 percent:1 width:1");
   EXPECT_EQ(test.width->GetNumber(), 144);
