@@ -57,7 +57,7 @@ TEST(PictureFile, IsRefusedWhenAnyOfItIsMissing) {
 
 TEST(PictureFile, IsRefusedOrReadWhateverItsDamage) {
   constexpr const char* kFormats[] = {"png", "jpg", "bmp", "ppm"};
-  for (unsigned seed = 0; seed < 700 && !HasFailure(); ++seed) {
+  for (unsigned seed = 0; seed < 1000 && !HasFailure(); ++seed) {
     SCOPED_TRACE(seed);
     check::Random random(seed);
     const QImage image = RandomImage(21, 20, QImage::Format_RGB32, 1);

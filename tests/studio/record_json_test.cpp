@@ -63,7 +63,7 @@ TEST(RecordJson, ReadsBackChoicesAndNothingElseAndRefusesDamage) {
   }
   EXPECT_THROW(ChoicesFromJson("[]"), StudioError);
 
-  for (unsigned seed = 0; seed < 4000 && !HasFailure(); ++seed) {
+  for (unsigned seed = 0; seed < 5000 && !HasFailure(); ++seed) {
     SCOPED_TRACE(seed);
     check::Random random(seed);
     const auto damaged = QByteArray::fromStdString(check::Damaged(random, json.toStdString()));
