@@ -80,7 +80,7 @@ std::unique_ptr<NodeView> DialogContent::MakeControl(UI_Node& node, QWidget& par
     return std::make_unique<NumberFieldView>(run, *messages, *shown, *new NumberField(parent));
   }
   if (auto* shown = As<UI_TextEdit>(node)) {
-    return std::make_unique<TextFieldView>(run, *messages, *shown, *new TextField(parent));
+    return std::make_unique<FieldView>(run, *messages, *shown, *new TextField(parent));
   }
   if (auto* shown = As<UI_Checkbox>(node)) {
     return std::make_unique<CheckBoxView>(run, *shown, parent);

@@ -8,16 +8,24 @@
 
 namespace qtui {
 
+using nrvcore::UTF16String;
 using nrvcore::config::Localizer;
 using nrvcore::config::ReplacementValue;
 using nrvui::gestures::Outcome;
 
 namespace {
 
+constexpr const char* kLengthHint =
+    "$$$/nrvui/Field/LengthHint=%1: %2; mm, cm, in and px are understood too.";
+constexpr const char* kBetween = "$$$/nrvui/Field/Between=%1 to %2";
+constexpr const char* kAtLeast = "$$$/nrvui/Field/AtLeast=at least %1";
+constexpr const char* kAtMost = "$$$/nrvui/Field/AtMost=at most %1";
+constexpr const char* kOnly = "$$$/nrvui/Field/Only=only %1";
+constexpr const char* kOutside = "$$$/nrvui/Field/Outside=%1 can stand here, but not be entered.";
 constexpr const char* kProblem = "$$$/nrvui/Field/Problem=%1: %2";
 constexpr const char* kProblemAndRange = "$$$/nrvui/Field/ProblemAndRange=%1: %2 Allowed here: %3.";
 
-QString Localized(const char* key, const QString& one, const QString& two,
+QString Localized(const char* key, const QString& one, const QString& two = {},
                   const QString& three = {}) {
   return ToQString(Localizer::Get().Localize(
       key, {ReplacementValue(FromQString(one)), ReplacementValue(FromQString(two)),
@@ -76,7 +84,7 @@ bool FieldView::Commit() {
   return Enter(FromQString(edit.text()));
 }
 
-bool FieldView::Enter(const nrvcore::UTF16String& text) {
+bool FieldView::Enter(const UTF16String& text) {
   const Outcome outcome = run.Enter(field, text);
   if (run.IsOver()) return false;
   ShowValue();
@@ -121,28 +129,6 @@ void FieldView::ClearProblem() {
   edit.SetMarked(false);
 }
 
-TextFieldView::TextFieldView(DialogRun& modalRun, MessageLine& messageLine,
-                             nrvui::controls::UI_TextEdit& shown, TextField& newWidget)
-    : FieldView(modalRun, messageLine, shown, newWidget), widget(newWidget) {}
-
-TextFieldView::~TextFieldView() = default;
-
-using nrvcore::UTF16String;
-using nrvcore::config::Localizer;
-using nrvcore::config::ReplacementValue;
-
-namespace {
-
-constexpr const char* kLengthHint =
-    "$$$/nrvui/Field/LengthHint=%1: %2; mm, cm, in and px are understood too.";
-constexpr const char* kBetween = "$$$/nrvui/Field/Between=%1 to %2";
-constexpr const char* kAtLeast = "$$$/nrvui/Field/AtLeast=at least %1";
-constexpr const char* kAtMost = "$$$/nrvui/Field/AtMost=at most %1";
-constexpr const char* kOnly = "$$$/nrvui/Field/Only=only %1";
-constexpr const char* kOutside = "$$$/nrvui/Field/Outside=%1 can stand here, but not be entered.";
-
-}  // namespace
-
 NumberFieldView::NumberFieldView(DialogRun& modalRun, MessageLine& messageLine,
                                  nrvui::controls::UI_NumberEdit& shown, NumberField& newWidget)
     : FieldView(modalRun, messageLine, shown, newWidget.Text()), number(shown), widget(newWidget) {
@@ -178,22 +164,19 @@ QString NumberFieldView::Complaint() const {
   const double nearest =
       std::min(std::max(number.GetNumber(), number.GetLowerBound()), number.GetUpperBound());
   if (shown == number.Format(nearest)) return {};
-  return ToQString(Localizer::Get().Localize(kOutside, {ReplacementValue(shown)}));
+  return Localized(kOutside, ToQString(shown));
 }
 
 QString NumberFieldView::Range() const {
   const double lower = number.GetLowerBound();
   const double upper = number.GetUpperBound();
-  const auto text = [](const char* key, const UTF16String& one, const UTF16String& two) {
-    return ToQString(
-        Localizer::Get().Localize(key, {ReplacementValue(one), ReplacementValue(two)}));
-  };
-  if (std::isfinite(lower) && lower == upper) return text(kOnly, number.Format(lower), {});
+  const auto text = [this](double bound) { return ToQString(number.Format(bound)); };
+  if (std::isfinite(lower) && lower == upper) return Localized(kOnly, text(lower));
   if (std::isfinite(lower) && std::isfinite(upper)) {
-    return text(kBetween, number.Format(lower), number.Format(upper));
+    return Localized(kBetween, text(lower), text(upper));
   }
-  if (std::isfinite(lower)) return text(kAtLeast, number.Format(lower), {});
-  if (std::isfinite(upper)) return text(kAtMost, number.Format(upper), {});
+  if (std::isfinite(lower)) return Localized(kAtLeast, text(lower));
+  if (std::isfinite(upper)) return Localized(kAtMost, text(upper));
   return {};
 }
 

@@ -15,8 +15,11 @@ namespace qtui {
 /// said until the person edits the field again or it gets another value.
 class FieldView : public NodeView, public Editor, public FieldListener {
  public:
+  FieldView(DialogRun& modalRun, MessageLine& messageLine, nrvui::controls::UI_TextEdit& shown,
+            TextField& textField);
   ~FieldView() override;
 
+  QWidget* Widget() const override { return &edit; }
   void Follow() override;
   void SetName(const QString& spokenName) override;
   QString Description() const override;
@@ -28,9 +31,6 @@ class FieldView : public NodeView, public Editor, public FieldListener {
   void ShowProblem(const QString& text);
 
  protected:
-  FieldView(DialogRun& modalRun, MessageLine& messageLine, nrvui::controls::UI_TextEdit& shown,
-            TextField& textField);
-
   /// What may be entered, for the person; empty when anything may.
   virtual QString Range() const { return {}; }
   /// Localises to what the field takes: %1 is its name, %2 its range.
@@ -52,18 +52,6 @@ class FieldView : public NodeView, public Editor, public FieldListener {
   QString shownValue;
   QString wrong;  // what is wrong with the entry, without the range
   QString name;
-};
-
-class TextFieldView final : public FieldView {
- public:
-  TextFieldView(DialogRun& modalRun, MessageLine& messageLine, nrvui::controls::UI_TextEdit& shown,
-                TextField& newWidget);
-  ~TextFieldView() override;
-
-  QWidget* Widget() const override { return &widget; }
-
- private:
-  TextField& widget;
 };
 
 /// A number with its unit and bounds.
