@@ -7,7 +7,7 @@ using nrvui::ui::UI_Node;
 
 namespace {
 
-constexpr size_t kUsualNodes = 64;  // one allocation is enough for a dialog of up to as many
+constexpr size_t kUsualNodes = 64;  // a dialog of up to so many is searched with one allocation
 
 }  // namespace
 

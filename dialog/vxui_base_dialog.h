@@ -1,6 +1,5 @@
 #pragma once
 
-#include <boost/function.hpp>
 #include <boost/smart_ptr/intrusive_ptr.hpp>
 #include <boost/smart_ptr/shared_ptr.hpp>
 #include <cstdint>
@@ -50,7 +49,8 @@ class VXUIBaseDialog : public T, public VXUICairnSheetInterface {
   /// Runs the dialog inside the host's modal context and returns when it has closed.
   void RunModal() override;
 
-  /// The theme that the sheet factory is asked for.
+  /// The theme that the sheet factory is asked for. The constructor asks this class, so that an
+  /// override does not change the dialog's own theme.
   virtual nrvcore::UTF16String GetThemeName() const;
 
   /// The layout has a new size: the sheet and the window follow.

@@ -11,7 +11,7 @@ constexpr int32_t kCut = -2;
 /// Copies at most `count` characters of a C string into `size` bytes, always terminated.
 /// Answers 0 when the source, or `count` characters of it, fitted and kCut when the destination
 /// filled first. kBadArgument for a null destination, a null source or size 0; nothing is written
-/// to a destination of size 0, and only null with size 0 and count 0 is a success.
+/// to a destination of size 0. A null destination with size 0 and count 0 is a success.
 int32_t BoundedCopy(char* destination, size_t size, const char* source, size_t count);
 
 /// Formats like vsnprintf into `size` bytes, always terminated. Answers the length, or kCut when

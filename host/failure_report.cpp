@@ -7,7 +7,6 @@
 #include <iterator>
 
 #include "host/bounded_string.h"
-#include "host/error.h"
 #include "host/resource_text.h"
 #include "host/suites.h"
 #include "host/unicode_string.h"
@@ -17,7 +16,7 @@ namespace {
 // Pairs of a key and its text; the last text is also the default.
 constexpr int32_t kErrorTextList = 16050;
 
-// No list of the host goes further; one that seems to counts as ended here.
+// Where the reading of a list ends for a host that answers every index.
 constexpr int32_t kGreatestIndex = 32767;
 
 // The host's own texts, by error number.
@@ -82,9 +81,9 @@ void WriteCode(int32_t code, char (&text)[10]) {
   }
 }
 
-// A list is a file that anyone may have damaged: only a text that asks for nothing but one string,
-// in whatever width, may be used as a format.
-bool IsFormatForOneString(const char* text) {
+// A list is a file that anyone may have damaged: only a text that asks for at most one string, in
+// whatever width, may be used as a format.
+bool TakesAtMostOneString(const char* text) {
   int strings = 0;
   for (const char* c = std::strchr(text, '%'); c; c = std::strchr(c + 1, '%')) {
     const size_t width = std::strspn(c + 1, "-0123456789.");
@@ -132,7 +131,7 @@ void FindAndShow(PluginRef plugin, ResultCode code) {
   if (!text) return;
 
   char formatted[kListTextSize];
-  if (isDefault && std::strlen(text) < kFormattedTextLimit && IsFormatForOneString(text)) {
+  if (isDefault && std::strlen(text) < kFormattedTextLimit && TakesAtMostOneString(text)) {
     char codeText[10];
     WriteCode(number, codeText);
     FormatInto(formatted, text, codeText);

@@ -27,8 +27,8 @@ class Plugin {
   PluginRef Reference() const { return pluginRef; }
   bool HoldsSuites() const { return suites != nullptr; }
 
-  /// Gives back the suites that a start-up has acquired which then failed. They stay held for the
-  /// `earlierSets` that there were before it.
+  /// Gives back the suites of a start-up that failed. OnStartup has set the count of suite sets to
+  /// 1; this sets it to the `earlierSets` of other objects, for which the suites stay held.
   void AbandonStartup(uint16_t earlierSets);
 
   // The virtual operations stand in the order of their slots.
@@ -169,5 +169,5 @@ static_assert(sizeof(Plugin) == 320);
 Plugin* CreatePlugin(PluginRef pluginRef);
 
 /// Makes the virtual operations of an object that was kept across an unload those of this, newly
-/// loaded code again, without changing its members. Answers the object to go on with.
+/// loaded code again, without changing its members. Answers the object, at the same address.
 Plugin* RebindAfterReload(void* kept);

@@ -28,7 +28,7 @@ class AppContextScope {
   ContextHandle context = nullptr;
 };
 
-/// An absent name is none.
+/// A null name counts as an empty one.
 std::string_view AsName(const char* text) {
   return text ? text : "";
 }
@@ -69,7 +69,7 @@ struct Route {
   Handler handler;
 };
 
-constexpr std::string_view kAnySelector;  // told by its null data(), which no name has
+constexpr std::string_view kAnySelector;  // told by its data(), which is null for no other
 
 // A row for each message that a plug-in can answer, in the order in which callers are tested.
 constexpr Route kRoutes[] = {

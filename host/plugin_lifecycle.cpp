@@ -34,8 +34,6 @@ ResultCode Plugin::Introduce(PluginMessage* message) {
 }
 
 void Plugin::AbandonStartup(uint16_t earlierSets) {
-  // The start-up has set the count to 1, which forgets the sets that share the suites with this
-  // one.
   if (suites) suiteAcquireCount = earlierSets + 1;
   ReleaseSuites();
 }

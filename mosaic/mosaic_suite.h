@@ -11,21 +11,26 @@
 
 /// The caller's record. The dialog works on a copy; all 80 bytes come back on OK and only on OK,
 /// so the bytes that the dialog does not write return as they went in; spacings and new size are
-/// not read. Of a flag any value but 0 counts as 1; one that the person has not touched returns
-/// with the value that it had. Counts and sizes that a person enters are in the given ranges.
-/// Spacings are limited to the tile count less two, but at least 0, when the dialog opens and
+/// not read.
+///
+/// Flags: any value but 0 counts as 1; a flag that the person has not touched returns with the
+/// value that it had.
+/// Counts, spacings, new size: what a person enters is pulled into the range given below, and of a
+/// count or spacing the whole part comes back. A number that nobody entered comes back without a
+/// bound, between -32768 and 32767: a count or size that the caller gave, or that the ratio button
+/// derived.
+/// Spacings: at most the tile count less two, but at least 0, limited when the dialog opens and
 /// whenever the person changes a count; the ratio button changes a count without limiting its
-/// spacing. What the caller gave, or the ratio button derived, comes back as it is, between -32768
-/// and 32767 (a new size in percent mode as a share, a hundredth of that). Of what a person enters
-/// for counts and spacings the whole part comes back.
+/// spacing.
+/// New size: in points, or in percent mode a hundredth of the percentage.
 struct MosaicParameters {
   uint8_t reserved0[8];           // passes through
   uint8_t isColor;                // in, out: colour tiles, otherwise grey ones
   uint8_t deleteRaster;           // in, out: the raster goes when the mosaic stands
   uint8_t keepHorizontal;         // in, out: the ratio button derives the vertical values
   uint8_t reserved11;             // passes through
-  int32_t tilesAcross;            // in (its low 16 bits), out: 1 to 8640 as entered
-  int32_t tilesDown;              // in (its low 16 bits), out: 1 to 8640 as entered
+  int32_t tilesAcross;            // in (its low 16 bits), out: when entered 1 to 8640
+  int32_t tilesDown;              // in (its low 16 bits), out: when entered 1 to 8640
   int32_t tileSpacingHorizontal;  // out: whole points, at least 0
   int32_t tileSpacingVertical;    // out: whole points, at least 0
   int32_t reserved28;             // out: 0
@@ -39,10 +44,10 @@ struct MosaicParameters {
   int32_t boundsBottom;           // in
   int32_t reserved60;             // out: 0
   int32_t reserved64;             // out: 0
-  float newWidth;           // out: a length of 0 to 8640, or in percent mode a share of 0 to 1
-  float newHeight;          // out: the same rule
-  uint8_t sizeUnavailable;  // in: the source's size is not known, only percentages make sense
-  uint8_t reserved77[3];    // passes through
+  float newWidth;                 // out: when entered 0 to 8640 points, in percent mode 0 to 1
+  float newHeight;                // out: the same rule
+  uint8_t sizeUnavailable;        // in: the source's size is not known, only percentages make sense
+  uint8_t reserved77[3];          // passes through
 };
 
 static_assert(sizeof(MosaicParameters) == 80, "");
@@ -71,7 +76,8 @@ static_assert(offsetof(MosaicParameters, reserved77) == 77, "");
 
 /// The caller keeps this value from one showing of the dialog to the next; start with all zero.
 struct MosaicDialogState {
-  float aspectRatio;       // source width by source height; 1 when unknown or the height is 0
+  float aspectRatio;       // source width by the height's low 16 bits, which have a sign;
+                           // 1 when the size is unknown or that height is 0
   uint8_t noOriginalSize;  // the record's sizeUnavailable, as the dialog took it
   uint8_t usePercent;      // the new size was given in percent; the next dialog opens so
   uint8_t reserved6;       // comes back 0

@@ -25,5 +25,6 @@ class TesseraeUI : public Plugin {
 
 static_assert(sizeof(TesseraeUI) == sizeof(Plugin) + sizeof(void*));
 
-/// The plug-in while it is running; null before a start-up and after a shut-down or an unload.
+/// The plug-in from its start-up or reload, even if that fails to get the suites again, to its
+/// shut-down or unload; null otherwise.
 extern Plugin* currentPlugin;

@@ -32,13 +32,12 @@ constexpr uint32_t kLayout = 16301;
 
 constexpr double kGreatestPercentage = 100.0;
 constexpr double kGreatestLength = 8640.0;
-constexpr double kWhole = 100.0;
 constexpr double kLeastCount = 1.0;
 constexpr double kGreatestCount = 8640.0;
 
 // The greatest spacing in points is the tile count less this number. The two have different units;
 // callers depend on the result.
-constexpr float kTilesWithoutSpacing = 2.0f;
+constexpr float kCountLessGreatestSpacing = 2.0f;
 
 }  // namespace
 
@@ -113,9 +112,9 @@ void TesseraeUIDialog::UpdateRadioButtons() {
 void TesseraeUIDialog::ResetNewSize() {
   const auto width = SetUpSizeField("NewWidthTxt");
   const auto height = SetUpSizeField("NewHeightTxt");
-  const bool whole = state.usePercent || state.noOriginalSize;
-  width->SetNumber(whole ? kWhole : LowShort(SourceWidth()));
-  height->SetNumber(whole ? kWhole : SourceHeight());
+  const bool showsShare = state.usePercent || state.noOriginalSize;
+  width->SetNumber(showsShare ? kGreatestPercentage : LowShort(SourceWidth()));
+  height->SetNumber(showsShare ? kGreatestPercentage : SourceHeight());
   state.aspectRatio = SourceAspectRatio();
 }
 
@@ -175,7 +174,7 @@ void TesseraeUIDialog::ClampTileSpacing() {
 
 void TesseraeUIDialog::ClampSpacing(const char* countID, const char* spacingID) {
   // A count below 2 would give a negative bound.
-  const float greatest = std::max(0.0f, GetControlFloat(countID) - kTilesWithoutSpacing);
+  const float greatest = std::max(0.0f, GetControlFloat(countID) - kCountLessGreatestSpacing);
   const auto field = Control<UI_UnitNumberEdit>(spacingID);
   const float spacing = static_cast<float>(field->GetNumber());
   field->SetUpperBound(greatest);

@@ -33,7 +33,7 @@ class TesseraeUIDialog : public VXUIBaseDialog<nrvui::ui::UI_Dialog> {
  private:
   using ChangeHandler = void (TesseraeUIDialog::*)(nrvui::ui::UI_ControlChangedMessage*);
 
-  // Construction: the handlers, then the values of the controls.
+  // Handlers and first values of the controls; some are set again by the handlers.
   void InitializeControls();
   void ConnectControls();
   void UpdateRadioButtons();

@@ -21,8 +21,8 @@ struct Block {
   uint64_t serial = 0;
 };
 
-/// Tests replace the global operator and count its calls; what the book takes must not be among
-/// them, or another build of the C++ library would change the counts.
+/// Tests replace the global operator and count its calls; what the book takes for each block must
+/// not be among them, or another build of the C++ library would change the counts.
 template <typename T>
 struct MallocAllocator {
   using value_type = T;

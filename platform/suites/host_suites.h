@@ -15,8 +15,8 @@
 /// writes nothing through its pointers. A host written in C++ may throw instead; the module guards
 /// every call. Strings are NUL-terminated ASCII, lent for the call: who wants to keep one copies
 /// it. A handle that an operation writes is the caller's until the operation that gives it back;
-/// what stands behind it is the host's. Copy the constants kName and kVersion before you take their
-/// address, which they have only from C++17 on.
+/// what stands behind it is the host's. In C++14 the constants kName and kVersion have no
+/// address: pass them by value.
 
 class SheetFactory;
 class DrawingSupplierSource;
@@ -96,7 +96,8 @@ struct KDMBasicSuite {
 
   /// Copies entry `index`, from 1, of the string list `list` of a module into the caller's
   /// `buffer`: UTF-8, cut to `size` bytes (at least 1) and always terminated. Fails when there is
-  /// no such entry, which is how lists end; the buffer is then untouched.
+  /// no such entry, which is how lists end; the buffer is then untouched, and lists
+  /// end for the module after 32767 entries.
   ResultCode (*GetListString)(ModuleRef module, int32_t list, int32_t index, char* buffer,
                               size_t size);
   UnusedSlot unused1[19];
@@ -111,9 +112,9 @@ struct QPBlocksSuite {
   static constexpr int32_t kVersion = 2;
 
   /// Takes `size` bytes, at least 1 (this module asks for 8); `debugName`, never null, says in the
-  /// host's diagnostics what for. `*block` is null
-  /// before the call, afterwards aligned for any type and the caller's until FreeBlock; where it
-  /// stays null there was no memory, whatever the answer.
+  /// host's diagnostics what for. `*block` is null before the call, afterwards aligned for any type
+  /// and the caller's until FreeBlock; where it stays null there was no memory, whatever the
+  /// answer.
   ResultCode (*AllocateBlock)(size_t size, const char* debugName, void** block);
   /// Gives the block, never null, back. The code of a failure becomes the answer of the plug-in's
   /// shut-down.
@@ -168,9 +169,8 @@ struct VXUserSuite {
   static constexpr int32_t kVersion = 1011;
 
   UnusedSlot unused0[43];
-  /// Shows the host's error alert and returns when it is closed. The string goes by its address, as
-  /// a string value that owns its handle does in a call; it stays the caller's. The answer is not
-  /// looked at.
+  /// Shows the host's error alert and returns when it is closed. `text` is the address of the
+  /// string's handle; the string stays the caller's. The answer is not looked at.
   ResultCode (*ShowErrorAlert)(const StringHandle* text);
 };
 

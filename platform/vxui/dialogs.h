@@ -12,8 +12,9 @@ class NRV_EXPORT UI_PopupModalDialog : public nrvui::ui::UI_Dialog {
 
   /// A run asks this first, and is cancelled unless it agrees.
   virtual bool MayPopUp();
-  /// Told before and after a run, also when it throws.
+  /// Called before a run; what it throws ends it.
   virtual void OnPopUp();
+  /// Called after a run that OnPopUp let begin, also when the run throws.
   virtual void OnDismiss() noexcept;
 
  protected:

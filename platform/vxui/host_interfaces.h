@@ -47,8 +47,8 @@ class SheetHolder {
  public:
   /// What goes into the dialog; null when there is nothing to show.
   virtual boost::intrusive_ptr<nrvui::ui::UI_Node> GetSheetView() = 0;
-  /// The node inside the view whose size is that of the content; null leaves the dialog's size
-  /// alone.
+  /// The node inside the view whose size is that of the content; null leaves the dialog
+  /// at the size that the view has at first.
   virtual boost::intrusive_ptr<nrvui::ui::UI_Node> GetLayoutNode() = 0;
   /// Null is allowed.
   virtual boost::shared_ptr<VXUICairnSheet> GetSheet() = 0;
@@ -57,7 +57,8 @@ class SheetHolder {
   /// Tells the layout how much room its dialog has, in whole points, 0 to 1,000,000.
   virtual void ResizeSheet(std::int32_t width, std::int32_t height) = 0;
   /// The holder calls it on the user-interface thread with each message of the sheet; null removes
-  /// it. The dialog does not: it is the holder's to call it no more when the dialog has gone.
+  /// it. The dialog never removes it, so the holder must not call it after the dialog was
+  /// destroyed.
   virtual void SetMessageCallback(
       boost::shared_ptr<boost::function<void(const vx::UnicodeString&)>> callback) = 0;
 
