@@ -85,7 +85,7 @@ void VXUIBaseDialog<T>::SetUpLayout(const boost::intrusive_ptr<Node>& sheetView,
       boost::make_shared<boost::function<void(const vx::UnicodeString&)>>(
           boost::bind(&VXUIBaseDialog::OnSheetMessage, this, _1)));
   SetUpMnemonics(*sheetView);
-  SetSize(ContentSizeFor(sheetView->UI_GetLocalRectF(false)));
+  SetSize(ContentSizeFor(sheetView->UI_GetLocalRectF()));
   if (const auto layout = sheetHolder->GetLayoutNode()) {
     layout->UI_InstallSizeChangedNotifyFunction(boost::make_shared<boost::function<void()>>(
         boost::bind(&VXUIBaseDialog::OnSheetSizeChanged, this)));
@@ -99,7 +99,7 @@ template <class T>
 void VXUIBaseDialog<T>::SetUpMnemonics(Node& sheetView) {
   auto* view = dynamic_cast<nrvui::ui::UI_SubView*>(&sheetView);
   if (!view) return;
-  const auto& settings = nrvui::ui::UI_NodeManager::Get(false).GetCustomSettingsManager();
+  const auto& settings = nrvui::ui::UI_NodeManager::Get().GetCustomSettingsManager();
   view->UI_TurnMnemonicsOnOffForAllChildren(
       GetCustomSetting(settings, "windows.MnemonicsAlwaysOn", false));
 }
@@ -153,8 +153,8 @@ void VXUIBaseDialog<T>::OnSheetSizeChanged() {
   const auto layout = sheetHolder->GetLayoutNode();
   const auto sheetView = sheetHolder->GetSheetView();
   if (!layout || !sheetView) return;
-  const Rect layoutRect = layout->UI_GetLocalRectF(false);
-  const Rect dialogRect = this->UI_GetLocalRectF(false);
+  const Rect layoutRect = layout->UI_GetLocalRectF();
+  const Rect dialogRect = this->UI_GetLocalRectF();
   sheetView->UI_SetLocalRectF(layoutRect);
   const Size size = ContentSizeFor(layoutRect);
   if (size.x != dialogRect.right || size.y != dialogRect.bottom) SetSize(size);

@@ -19,7 +19,7 @@ UI_Dialog::UI_Dialog(const drawbot::SupplierInterface* drawingSupplier,
                  .flags = flags}),
       rootView(new OS_View) {
   ChildPushBack(rootView);
-  rootView->UI_SetLocalRectF(UI_GetLocalRectF(false));
+  rootView->UI_SetLocalRectF(UI_GetLocalRectF());
 }
 
 UI_Dialog::~UI_Dialog() = default;

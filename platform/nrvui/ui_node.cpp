@@ -78,7 +78,7 @@ void UI_Node::UI_SetLocalRectF(const nrvcore::geom::RectT<float>& rect) {
   const nrvcore::geom::PointT<float> newSize = SizeOf(rect);
   if (newSize == size) return;
   size = newSize;
-  UI_ContentRectChanged(UI_GetLocalRectF(false));
+  UI_ContentRectChanged(UI_GetLocalRectF());
   if (const auto notify = sizeChanged) (*notify)();
   UI_Changed();
 }

@@ -82,7 +82,7 @@ class NRV_EXPORT UI_Node : public UI_Container {
 
   /// The node's size as a rectangle from (0, 0). A node has no place in its
   /// parent, since only presenters place what they draw: both values of `inParent` answer the same.
-  nrvcore::geom::RectT<float> UI_GetLocalRectF(bool inParent) const;
+  nrvcore::geom::RectT<float> UI_GetLocalRectF(bool inParent = false) const;
   /// Takes the rectangle's width and height as the new size; what is not above 0 counts as 0,
   /// what is above a million points as that.
   /// A size that differs is told to UI_ContentRectChanged, then to the notify function.

@@ -28,7 +28,7 @@ class NRV_EXPORT CustomSettingsManager {
 class NRV_EXPORT UI_NodeManager {
  public:
   /// `create` asks for it to be made; it always is, so both values answer the same.
-  static UI_NodeManager& Get(bool create);
+  static UI_NodeManager& Get(bool create = false);
 
   UI_NodeManager(const UI_NodeManager&) = delete;
   UI_NodeManager& operator=(const UI_NodeManager&) = delete;

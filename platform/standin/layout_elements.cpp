@@ -114,12 +114,12 @@ constexpr unsigned kLongestSide = 32767;
 
 void SetWidth(UI_Node& node, const LayoutAttribute& value) {
   const auto width = static_cast<float>(value.AsCount(kLongestSide));
-  node.UI_SetLocalRectF({0, 0, width, node.UI_GetLocalRectF(false).bottom});
+  node.UI_SetLocalRectF({0, 0, width, node.UI_GetLocalRectF().bottom});
 }
 
 void SetHeight(UI_Node& node, const LayoutAttribute& value) {
   const auto height = static_cast<float>(value.AsCount(kLongestSide));
-  node.UI_SetLocalRectF({0, 0, node.UI_GetLocalRectF(false).right, height});
+  node.UI_SetLocalRectF({0, 0, node.UI_GetLocalRectF().right, height});
 }
 
 /// The reader looks the named node up when it has read them all.

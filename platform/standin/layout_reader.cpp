@@ -91,7 +91,7 @@ SheetTree Reader::Read() {
   SheetTree tree;
   tree.view = LiveNode<UI_SubView>::Make(token);
   tree.layout = boost::static_pointer_cast<UI_Layout>(MakeNode(root, SheetElement()));
-  tree.view->UI_SetLocalRectF(tree.layout->UI_GetLocalRectF(false));
+  tree.view->UI_SetLocalRectF(tree.layout->UI_GetLocalRectF());
   tree.view->ChildPushBack(tree.layout);
   AddChildren(root, *tree.layout, 1);
   for (const Reference& buddy : buddies) Resolve(buddy);

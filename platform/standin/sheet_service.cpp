@@ -18,7 +18,7 @@ bool IsRefused(const char* operation) {
 }
 
 nrvcore::geom::PointT<float> SizeOf(const nrvui::ui::UI_Node& node) {
-  const auto rect = node.UI_GetLocalRectF(false);
+  const auto rect = node.UI_GetLocalRectF();
   return {rect.right, rect.bottom};
 }
 

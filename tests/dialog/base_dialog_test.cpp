@@ -232,7 +232,7 @@ TYPED_TEST(BaseDialogTest, DoesWithoutWhatTheHostDoesNotGive) {
   EXPECT_EQ(empty->GetContentSize(), (Point{100, 100}));
   EXPECT_EQ(this->host.registered, empty->GetRootView().get());
   empty->UI_ContentRectChanged({0, 0, 50, 50});
-  EXPECT_EQ(empty->GetRootView()->UI_GetLocalRectF(false), (Rect{0, 0, 50, 50}));
+  EXPECT_EQ(empty->GetRootView()->UI_GetLocalRectF(), (Rect{0, 0, 50, 50}));
 
   const NodeRef plain = this->Lay("<space/>").view = NodeRef(new UI_Node);
   const auto withoutMnemonics = this->Make();
@@ -251,7 +251,7 @@ TYPED_TEST(BaseDialogTest, SheetAndWindowFollowEachOther) {
   holder.view->UI_SetLocalRectF({0, 0, 300, 200});
   const auto dialog = this->Make();
   layout->UI_SetLocalRectF({0, 0, 310, 220});
-  EXPECT_EQ(holder.view->UI_GetLocalRectF(false), (Rect{0, 0, 310, 220}));
+  EXPECT_EQ(holder.view->UI_GetLocalRectF(), (Rect{0, 0, 310, 220}));
   EXPECT_EQ(dialog->GetMinimumSize(), (Point{310, 220}));
   EXPECT_EQ(dialog->GetContentSize(), (Point{310, 220}));
 
@@ -263,7 +263,7 @@ TYPED_TEST(BaseDialogTest, SheetAndWindowFollowEachOther) {
 
   dialog->UI_ContentRectChanged({0, 0, 99.9f, 50.5f});
   EXPECT_EQ(holder.asked, std::make_pair(99, 50));
-  EXPECT_EQ(dialog->GetRootView()->UI_GetLocalRectF(false).right, 99.9f);
+  EXPECT_EQ(dialog->GetRootView()->UI_GetLocalRectF().right, 99.9f);
 }
 
 TYPED_TEST(BaseDialogTest, RunsInsideTheModalContext) {

@@ -158,7 +158,7 @@ TEST(Gestures, ResizeKeepsToTheMinimum) {
     EXPECT_EQ(Resize(*test.dialog, {100, wrong}).refusal, Refusal::kNotASize);
   }
   EXPECT_EQ(test.dialog->GetContentSize(), (nrvcore::geom::PointT<float>{90, 60}));
-  EXPECT_EQ(test.dialog->GetRootView()->UI_GetLocalRectF(false),
+  EXPECT_EQ(test.dialog->GetRootView()->UI_GetLocalRectF(),
             (nrvcore::geom::RectT<float>{0, 0, 90, 60}));
   test.dialog->SetMinimumSize({NAN, 1e30f});
   EXPECT_EQ(test.dialog->GetMinimumSize(), (nrvcore::geom::PointT<float>{0, 1e6f}));

@@ -84,7 +84,7 @@ TEST(Node, OnlyASizeThatDiffersIsTold) {
   node->UI_SetLocalRectF({5, 5, 35, 25});
   node->UI_SetLocalRectF({0, 0, 30, 20});
   EXPECT_EQ(told, 1);
-  EXPECT_EQ(node->UI_GetLocalRectF(false), (nrvcore::geom::RectT<float>{0, 0, 30, 20}));
+  EXPECT_EQ(node->UI_GetLocalRectF(), (nrvcore::geom::RectT<float>{0, 0, 30, 20}));
 }
 
 TEST(MessageFunctionAdapter, DeliversOnlyItsOwnClassOfMessage) {

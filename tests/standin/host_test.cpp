@@ -248,16 +248,16 @@ TEST_F(HostTest, ALayoutTakesTheRoomThatItGetsButNotLessThanItNeeds) {
   const auto holder = CreateSheet();
   const auto layout = holder->GetLayoutNode();
   const RectT<float> natural = {0, 0, 30, 20};
-  EXPECT_EQ(holder->GetSheetView()->UI_GetLocalRectF(false), natural);
+  EXPECT_EQ(holder->GetSheetView()->UI_GetLocalRectF(), natural);
   holder->ResizeSheet(4000, -5);
-  EXPECT_EQ(layout->UI_GetLocalRectF(false), (RectT<float>{0, 0, 4000, natural.bottom}));
+  EXPECT_EQ(layout->UI_GetLocalRectF(), (RectT<float>{0, 0, 4000, natural.bottom}));
   holder->ResizeSheet(1, 1);
-  EXPECT_EQ(layout->UI_GetLocalRectF(false), natural);
+  EXPECT_EQ(layout->UI_GetLocalRectF(), natural);
 
   const RectT<float> measured = {0, 0, 50, 300};
   layout->UI_SetLocalRectF(measured);
   holder->ResizeSheet(10, 10);
-  EXPECT_EQ(layout->UI_GetLocalRectF(false), measured) << "a presenter knows better";
+  EXPECT_EQ(layout->UI_GetLocalRectF(), measured) << "a presenter knows better";
 }
 
 }  // namespace
