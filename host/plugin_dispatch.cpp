@@ -1,4 +1,7 @@
+#include <algorithm>
+#include <boost/core/noncopyable.hpp>
 #include <exception>
+#include <iterator>
 #include <string_view>
 
 #include "host/error.h"
@@ -9,7 +12,7 @@ namespace {
 
 /// The host works on behalf of this plug-in for as long as the scope is open. Without the host's
 /// context suite the scope does nothing; what the host answers is not looked at.
-class AppContextScope {
+class AppContextScope : boost::noncopyable {
  public:
   explicit AppContextScope(PluginRef plugin) {
     if (const auto* contexts = Suite<VXContextSuite>()) {
@@ -21,8 +24,6 @@ class AppContextScope {
       (void)Guarded([&] { return contexts->PopAppContext(context); });
     }
   }
-  AppContextScope(const AppContextScope&) = delete;
-  AppContextScope& operator=(const AppContextScope&) = delete;
 
  private:
   ContextHandle context = nullptr;
@@ -134,18 +135,11 @@ constexpr Route kRoutes[] = {
     {"VX Script Message Caller", kAnySelector, PassScript},
 };
 
-/// The rows of a caller stand together, so that its name is compared once for all of them.
+/// The rows of a caller stand together.
 const Route* FindRoute(std::string_view caller, std::string_view selector) {
-  const char* comparedCaller = nullptr;
-  bool isCaller = false;
-  for (const Route& route : kRoutes) {
-    if (route.caller.data() != comparedCaller) {
-      comparedCaller = route.caller.data();
-      isCaller = route.caller == caller;
-    }
-    if (!isCaller) continue;
-    if (route.selector.data() == nullptr || route.selector == selector) return &route;
-  }
+  const Route* route = std::ranges::find(kRoutes, caller, &Route::caller);
+  for (; route != std::end(kRoutes) && route->caller == caller; ++route)
+    if (route->selector.data() == nullptr || route->selector == selector) return route;
   return nullptr;
 }
 

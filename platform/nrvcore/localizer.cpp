@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <boost/algorithm/string/join.hpp>
+#include <boost/core/noncopyable.hpp>
 #include <cstdlib>
 #include <cstring>
 #include <filesystem>
@@ -40,11 +41,9 @@ std::string LanguageOfEnvironment() {
   return FromEnvironment({"LANGUAGE", "LC_ALL", "LC_MESSAGES", "LANG"});
 }
 
-class LocaleInUse {
+class LocaleInUse : boost::noncopyable {
  public:
   explicit LocaleInUse(locale_t locale) : former(uselocale(locale)) {}
-  LocaleInUse(const LocaleInUse&) = delete;
-  LocaleInUse& operator=(const LocaleInUse&) = delete;
   ~LocaleInUse() { uselocale(former); }
 
  private:

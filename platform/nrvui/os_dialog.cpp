@@ -1,5 +1,6 @@
 #include "platform/nrvui/os_dialog.h"
 
+#include <boost/core/noncopyable.hpp>
 #include <stdexcept>
 
 #include "platform/nrvcore/error.h"
@@ -23,11 +24,9 @@ namespace {
 constexpr const char* kNoPresenter =
     "$$$/nrvui/Dialog/Error/NoPresenter=There is nobody to show the dialog to.";
 
-class WhileOpen {
+class WhileOpen : boost::noncopyable {
  public:
   explicit WhileOpen(bool& isDialogOpen) : isOpen(isDialogOpen) { isOpen = true; }
-  WhileOpen(const WhileOpen&) = delete;
-  WhileOpen& operator=(const WhileOpen&) = delete;
   ~WhileOpen() { isOpen = false; }
 
  private:
@@ -94,7 +93,7 @@ void OS_Dialog::SetContentSize(nrvcore::geom::PointT<float> contentSize) {
 }
 
 nrvcore::geom::PointT<float> OS_Dialog::GetContentSize() const {
-  const auto rect = UI_GetLocalRectF(false);
+  const auto rect = UI_GetLocalRectF();
   return {rect.right, rect.bottom};
 }
 

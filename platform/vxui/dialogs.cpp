@@ -1,14 +1,14 @@
 #include "platform/vxui/dialogs.h"
 
+#include <boost/core/noncopyable.hpp>
+
 namespace vx::ui {
 
 namespace {
 
-class PoppedUp {
+class PoppedUp : boost::noncopyable {
  public:
   explicit PoppedUp(UI_PopupModalDialog& popup) : dialog(popup) { dialog.OnPopUp(); }
-  PoppedUp(const PoppedUp&) = delete;
-  PoppedUp& operator=(const PoppedUp&) = delete;
   ~PoppedUp() { dialog.OnDismiss(); }
 
  private:
