@@ -12,6 +12,8 @@ using standin::ListOwner;
 using standin::StringList;
 
 constexpr const char* kNothing = "no alert";
+/// Code 17: no more than 31 characters of a key are read.
+constexpr const char* kLongKey = "00000000000000000000000000000179";
 constexpr const char* kDefault = "The operation failed (%s).";
 
 int32_t Code(const std::string& text) {
@@ -31,8 +33,8 @@ struct ReportingModule : CheckedModule {
   void SetOwnTexts(const std::string& defaultText) {
     StringList list;
     int32_t index = 0;
-    for (const std::string entry : {"-43", "Gone is file %d.", "017", "Own text", "907", "Nine",
-                                    "o1", "Short", "PARM", defaultText.c_str()})
+    for (const std::string entry : {"-43", "Gone is file %d.", kLongKey, "Own text", "907", "Nine",
+                                    "o1", "Short", "!MEM", defaultText.c_str()})
       list.Set(++index, entry);
     host.Lists().Replace(ListOwner::kPlugin, 16050, list);
   }
@@ -53,9 +55,9 @@ void FindsTheTextOfACode() {
       {907, "Nine"},
       {17, "Own text"},
       {'o' << 24 | '1' << 16, "Short"},
-      {Code("PARM"), kDefault},
+      {Code("!MEM"), kDefault},
       {Code("Gone"), "The operation failed (Gone)."},
-      {Code("!MEM"), "The operation failed (!MEM)."},
+      {Code("PARM"), "The operation failed (PARM)."},
       {9, "The operation failed (9)."},
       {10, "Host's %s text"},
       {899, "Host's %s text"},
@@ -84,10 +86,10 @@ void FormatsOnlyWhatIsFitForIt() {
       {text119, "12" + std::string(117, 'y')},
       {text119 + 'y', text119 + 'y'},
       {"100%% [%4s]", "100% [  12]"},
-      {"%300s", std::string(255, ' ')},
+      {"%1000s", std::string(255, ' ')},
       {"%n%s", "%n%s"},
-      {"%2147483600s", "%2147483600s"},
-      {"%s %s", "%s %s"},
+      {"%10000s", "%10000s"},
+      {"%s%s", "%s%s"},
       {"100 %", "100 %"},
       {"no code", "no code"},
   };

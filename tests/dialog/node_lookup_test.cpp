@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "check/toolkit_memory.h"
 #include "platform/nrvui/ui_views.h"
 
 namespace {
@@ -35,6 +36,19 @@ TEST(FindNodeByID, FirstMatchInBreadthFirstOrder) {
     EXPECT_FALSE(FindNodeByID(root, none)) << none;
   root->UI_SetNodeID("h\xC3\xA9");
   EXPECT_EQ(FindNodeByID(root, "h\xC3\xA9"), root);
+}
+
+TEST(FindNodeByID, TakesMemoryOnceForADialogOfUsualSize) {
+  for (const auto& [nodes, expected] : {std::pair(64, 1u), {65, 2u}}) {
+    const NodeRef root = Add(nullptr, "root");
+    for (int i = 1; i < nodes; ++i) Add(root, "child");
+    constexpr size_t kMany = 100;
+    toolkit_memory::untilRefusal = kMany;
+    toolkit_memory::isArmed = true;
+    EXPECT_FALSE(FindNodeByID(root, "nobody"));
+    toolkit_memory::isArmed = false;
+    EXPECT_EQ(kMany - toolkit_memory::untilRefusal, expected) << nodes << " nodes";
+  }
 }
 
 }  // namespace

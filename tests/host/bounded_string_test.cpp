@@ -51,7 +51,8 @@ TEST(BoundedFormat, AnswersWhatItCutsAndRefuses) {
   EXPECT_STREQ(buffer, "###");
   EXPECT_EQ(Format(buffer, 4, nullptr), kBadArgument);
   EXPECT_STREQ(buffer, "");
-  EXPECT_EQ(FormatInto(buffer, "%d", -2147483647), kCut);
+  EXPECT_EQ(FormatInto(buffer, "%s", ""), 0);
+  EXPECT_EQ(FormatInto(buffer, "%d", -214748364), kCut) << "by its terminator";
   EXPECT_STREQ(buffer, "-21474836");
   EXPECT_EQ(FormatInto(buffer, "%s", "ninechars"), 9);
   EXPECT_STREQ(buffer, "ninechars");
