@@ -59,11 +59,9 @@ constexpr int32_t kSilentCodes[] = {
 int32_t ValueOfKey(const char* key) {
   if (key[0] == '-' || (key[0] >= '0' && key[0] <= '9'))
     return static_cast<int32_t>(std::strtol(key, nullptr, 10));
-  uint32_t value = 0;
-  for (size_t i = 0; i < 4; ++i) {
-    value = value << 8 | (*key ? static_cast<unsigned char>(*key++) : 0);
-  }
-  return static_cast<int32_t>(value);
+  char code[5] = {};
+  BoundedCopy(code, sizeof(code), key, sizeof(code));
+  return FourCharCode(code);
 }
 
 bool LookupHostText(int32_t number, char (&text)[kListTextSize]) {
@@ -95,11 +93,10 @@ bool TakesAtMostOneString(const char* text) {
   return strings <= 1;
 }
 
-/// The plug-in's text for a code, read into `text`, or null when it has none. `*isDefault` tells
-/// whether it is the list's default text, which has one "%s" for the code.
+/// The plug-in's text for a code, read into `text`, or null when it has none. `*isDefault` becomes
+/// true when it is the list's default text, which has one "%s" for the code.
 const char* LookupErrorText(PluginRef plugin, ResultCode code, char (&text)[kListTextSize],
                             bool* isDefault) {
-  *isDefault = false;
   char key[32];
   int32_t index = 1;
   while (index < kGreatestIndex && ReadListEntry(plugin, kErrorTextList, index, key, sizeof(key))) {

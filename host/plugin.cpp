@@ -38,11 +38,8 @@ ResultCode Plugin::SetLocked(bool lock) {
       (void)Guarded([&] { return access->AcquirePlugin(pluginRef, &accessHandle); });
     return ResultCode::kSuccess;
   }
-  if (--lockCount == 0) {
+  if (lockCount > 0 && --lockCount == 0)
     (void)Guarded([&] { return access->ReleasePlugin(std::exchange(accessHandle, nullptr)); });
-  } else if (lockCount < 0) {
-    lockCount = 0;
-  }
   return ResultCode::kSuccess;
 }
 

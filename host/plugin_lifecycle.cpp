@@ -21,7 +21,7 @@ ResultCode Plugin::Introduce(PluginMessage* message) {
   ResultCode code = Suite<QPPluginsSuite>()->SetPluginName(message->pluginRef, name);
   if (Failed(code)) return code;
   if (addStartedNotifier) {
-    char notifierName[256];
+    char notifierName[sizeof(name)];
     FormatInto(notifierName, "%s App Started Notifier", name);
     code = Suite<VXNotifierSuite>()->AddNotifier(message->pluginRef, notifierName,
                                                  kStartedNotifierType, nullptr);

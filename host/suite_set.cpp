@@ -8,7 +8,7 @@ namespace {
 
 constexpr SuiteImport kFrameworkSuites[] = {
     ImportOf<QPAccessSuite>(),  ImportOf<QPPluginsSuite>(), ImportOf<VXNotifierSuite>(),
-    ImportOf<VXContextSuite>(), ImportOf<KDMBasicSuite>(),  {nullptr, 0, nullptr},
+    ImportOf<VXContextSuite>(), ImportOf<KDMBasicSuite>(),  SuiteImport{},
 };
 
 constexpr const SuiteImport* kLists[] = {kFrameworkSuites, kPluginSuites};
@@ -55,9 +55,9 @@ ResultCode SuiteSet::AcquireRequired() noexcept {
 void SuiteSet::CountLists() {
   const SuiteImport* end = EndOf(kPluginSuites);
   requiredCount = static_cast<uint16_t>(end - kPluginSuites);
-  if (end->version == kOptionalSuitesFollow) {
-    optionalCount = static_cast<uint16_t>(EndOf(end + 1) - (end + 1));
-  }
+  if (end->version != kOptionalSuitesFollow) return;
+  const SuiteImport* optional = end + 1;
+  optionalCount = static_cast<uint16_t>(EndOf(optional) - optional);
 }
 
 void SuiteSet::AcquireOptional() noexcept {

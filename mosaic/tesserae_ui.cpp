@@ -8,8 +8,11 @@
 #include "mosaic/run_mosaic_dialog.h"
 
 constinit const SuiteImport kPluginSuites[] = {
-    ImportOf<QPBlocksSuite>(),        ImportOf<QPSuitesSuite>(), ImportOf<VXRealMathSuite>(),
-    ImportOf<VXUnicodeStringSuite>(), {nullptr, 0, nullptr},
+    ImportOf<QPBlocksSuite>(),
+    ImportOf<QPSuitesSuite>(),
+    ImportOf<VXRealMathSuite>(),
+    ImportOf<VXUnicodeStringSuite>(),
+    SuiteImport{},
 };
 
 constinit Plugin* currentPlugin = nullptr;

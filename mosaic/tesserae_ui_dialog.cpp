@@ -191,12 +191,11 @@ void TesseraeUIDialog::OnUseRatioButton(UI_ControlChangedMessage*) {
   const ScopedSuite<VXRealMathSuite> math;
   if (!math) return;
   const bool keepHorizontal = parameters.keepHorizontal != 0;
-  int16_t fixedCount = 0;
-  GetControlShort(keepHorizontal ? "HorizontalCountTxt" : "VerticalCountTxt", fixedCount);
+  const int16_t fixedCount =
+      GetControlShort(keepHorizontal ? "HorizontalCountTxt" : "VerticalCountTxt");
   const float factor = keepHorizontal ? math->Divide(1.0f, state.aspectRatio) : state.aspectRatio;
   const float count = math->Multiply(fixedCount, factor);
-  int16_t fixedSize = 0;
-  GetControlShort(keepHorizontal ? "NewWidthTxt" : "NewHeightTxt", fixedSize);
+  const int16_t fixedSize = GetControlShort(keepHorizontal ? "NewWidthTxt" : "NewHeightTxt");
   const float size = math->Multiply(fixedSize, factor);
 
   // With a ratio of 0 its inverse is infinite, and a host that refuses answers with a NaN. Neither
@@ -251,8 +250,8 @@ void TesseraeUIDialog::SetControlNumber(const char* nodeID, int32_t value) {
   Control<UI_UnitNumberEdit>(nodeID)->SetNumber(static_cast<float>(value));
 }
 
-void TesseraeUIDialog::GetControlShort(const char* nodeID, int16_t& value) const {
-  value = LowShort(TruncateToInt(GetControlFloat(nodeID)));
+int16_t TesseraeUIDialog::GetControlShort(const char* nodeID) const {
+  return LowShort(TruncateToInt(GetControlFloat(nodeID)));
 }
 
 float TesseraeUIDialog::GetControlFloat(const char* nodeID) const {

@@ -69,7 +69,7 @@ class TesseraeUIDialog : public VXUIBaseDialog<nrvui::ui::UI_Dialog> {
     return control;
   }
   void SetControlNumber(const char* nodeID, int32_t value);
-  void GetControlShort(const char* nodeID, int16_t& value) const;
+  int16_t GetControlShort(const char* nodeID) const;
   float GetControlFloat(const char* nodeID) const;
   /// Binds nothing, and reports nothing, when the layout has no such control.
   void InstallChangeHandler(const char* nodeID, ChangeHandler handler);

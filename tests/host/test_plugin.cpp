@@ -17,10 +17,10 @@ constinit const SuiteImport kPluginSuites[] = {
     {"VX Suite For Nobody", 1, nullptr},
     ImportOf<VXUnicodeStringSuite>(),
     {nullptr, kOptionalSuitesFollow, nullptr},
-    {"VX Suite Of Tomorrow", 1, &missingOptional},
     ImportOf<VXUserSuite>(),
+    {"VX Suite Of Tomorrow", 1, &missingOptional},
     ImportOf<VXUserInterfaceMainSuite>(),
-    {nullptr, 0, nullptr},
+    {},
 };
 
 Plugin* CreatePlugin(PluginRef pluginRef) {
