@@ -160,16 +160,7 @@ void OutputSet::PutBack(Output& output) {
   }
 }
 
-void WriteAll(QIODevice& device, std::string_view bytes) {
-  if (device.write(bytes.data(), qint64(bytes.size())) == qint64(bytes.size())) return;
+void WriteAll(QIODevice& device, QByteArrayView bytes) {
+  if (device.write(bytes.data(), bytes.size()) == bytes.size()) return;
   Refuse(device.objectName(), ReasonText(device));
-}
-
-TextWriter::TextWriter(QIODevice& device) : device(device) {
-  buffer.reserve(2 * kPieceSize);
-}
-
-void TextWriter::Flush() {
-  WriteAll(device, buffer);
-  buffer.clear();
 }

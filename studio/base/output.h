@@ -5,8 +5,6 @@
 #include <QStringList>
 #include <filesystem>
 #include <memory>
-#include <string>
-#include <string_view>
 #include <vector>
 
 /// The files that one run writes. Each is written beside its place and takes it only on Commit, so
@@ -48,26 +46,4 @@ class OutputSet {
 
 /// Writes all of it. Throws the StudioError that says which file could not be written, by the
 /// device's object name, and why.
-void WriteAll(QIODevice& device, std::string_view bytes);
-
-/// Collects text for a file and writes it in large pieces. Throws StudioError when the device
-/// refuses. The device must outlive it and be written by no other meanwhile.
-class TextWriter {
- public:
-  explicit TextWriter(QIODevice& device);
-
-  TextWriter& operator<<(std::string_view text) {
-    buffer.append(text);
-    if (buffer.size() >= kPieceSize) Flush();
-    return *this;
-  }
-
-  /// Hands on what was collected; without a call the rest is lost.
-  void Flush();
-
- private:
-  static constexpr size_t kPieceSize = 1 << 16;
-
-  QIODevice& device;
-  std::string buffer;
-};
+void WriteAll(QIODevice& device, QByteArrayView bytes);

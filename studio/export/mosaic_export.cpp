@@ -4,7 +4,6 @@
 #include <iterator>
 
 #include "studio/base/studio_error.h"
-#include "studio/export/sinks.h"
 
 namespace {
 

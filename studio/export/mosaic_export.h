@@ -11,14 +11,28 @@
 
 class QIODevice;
 
+/// Makes what writes a mosaic to the device, which must outlive it; `below` lies under the tiles,
+/// as large as the mosaic, and is null for nothing. `pixelsPerPoint` is for a picture, 0 for
+/// PngScale. Throws StudioError.
+using SinkMaker = std::unique_ptr<MosaicSink>(QIODevice& device, const MosaicGeometry& geometry,
+                                              const QImage& below, double pixelsPerPoint);
+
+/// An SVG drawing, a user unit a point: one `rect` per tile in one group, in row order. Transparent
+/// tiles are there too, with their opacity, so that the count always holds.
+SinkMaker MakeSvgSink;
+/// A PDF document of one page, exactly as large as the mosaic, a filled rectangle per tile. The
+/// page's content goes out in compressed pieces as it comes in, so that memory doesn't grow with
+/// the tiles.
+SinkMaker MakePdfSink;
+/// A PNG picture of the mosaic's size on the page, with so many pixels a point, at most
+/// MostPngScale.
+SinkMaker MakePngSink;
+
 /// A kind of file that a mosaic can be written as.
 struct ExportKind {
   const char* ending;  // with its dot
   const char* filter;  // for file dialogs
-  /// What writes the mosaic to the device, which must outlive it; `below` lies under the tiles,
-  /// null for nothing. `pixelsPerPoint` is for a picture, 0 for PngScale. Throws StudioError.
-  std::unique_ptr<MosaicSink> (*makeSink)(QIODevice& device, const MosaicGeometry& geometry,
-                                          const QImage& below, double pixelsPerPoint);
+  SinkMaker* makeSink;
   bool hasPixels;
 };
 

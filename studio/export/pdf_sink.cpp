@@ -5,8 +5,8 @@
 
 #include "studio/base/output.h"
 #include "studio/base/text.h"
+#include "studio/export/mosaic_export.h"
 #include "studio/export/picture_encoding.h"
-#include "studio/export/sinks.h"
 
 namespace {
 

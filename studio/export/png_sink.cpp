@@ -2,14 +2,12 @@
 #include <algorithm>
 #include <cmath>
 #include <cstring>
-#include <utility>
 #include <vector>
 
 #include "studio/base/output.h"
 #include "studio/base/studio_error.h"
 #include "studio/export/mosaic_export.h"
 #include "studio/export/picture_encoding.h"
-#include "studio/export/sinks.h"
 #include "studio/picture/light_scale.h"
 
 namespace {
@@ -53,16 +51,13 @@ void ForEachPixel(double start, double end, int pixels, Use use) {
 /// Draws the mosaic in pixels. Pixels that a tile covers in part take their share of its light, so
 /// tiles that touch show no seam, and gaps narrower than a pixel keep their weight. What no tile
 /// covers stays transparent.
-class MosaicRaster {
+class PngSink final : public MosaicSink {
  public:
   /// Throws StudioError when there is no memory for the pixels. The scale is in pixels per point.
-  MosaicRaster(const MosaicGeometry& geometry, double scale);
+  PngSink(QIODevice& device, const MosaicGeometry& geometry, const QImage& below, double scale);
 
-  void AddRow(std::span<const QRgb> tiles);
-  void Finish();
-
-  /// The drawing, after Finish, and only once: Format_ARGB32, or Format_RGB32 when tiles cover all.
-  QImage TakeImage() { return std::move(image); }
+  void AddRow(std::span<const QRgb> tiles) override;
+  void Finish() override;
 
  private:
   /// Sums of light and of covered area, in shares of a pixel.
@@ -75,7 +70,9 @@ class MosaicRaster {
   void CloseRow();
   void PaintRow(int y, const std::vector<Sample>& samples);
 
+  QIODevice& device;
   const MosaicGeometry geometry;
+  const QImage below;
   const double scale;
   QImage image;
   std::vector<Sample> across;  // the present tiles along a line of full height
@@ -85,8 +82,11 @@ class MosaicRaster {
   int row = 0;
 };
 
-MosaicRaster::MosaicRaster(const MosaicGeometry& geometry, double scale)
-    : geometry(geometry),
+PngSink::PngSink(QIODevice& device, const MosaicGeometry& geometry, const QImage& below,
+                 double scale)
+    : device(device),
+      geometry(geometry),
+      below(below),
       scale(scale),
       image(PixelCount(geometry.size.width(), scale), PixelCount(geometry.size.height(), scale),
             QImage::Format_ARGB32) {
@@ -96,7 +96,7 @@ MosaicRaster::MosaicRaster(const MosaicGeometry& geometry, double scale)
   open.resize(across.size());
 }
 
-void MosaicRaster::AddRow(std::span<const QRgb> tiles) {
+void PngSink::AddRow(std::span<const QRgb> tiles) {
   SpreadAcross(tiles);
   const double top = geometry.Top(row++) * scale;
   int paintedRow = -1;
@@ -118,12 +118,7 @@ void MosaicRaster::AddRow(std::span<const QRgb> tiles) {
   });
 }
 
-void MosaicRaster::Finish() {
-  CloseRow();
-  if (isOpaque) image.reinterpretAsFormat(QImage::Format_RGB32);
-}
-
-void MosaicRaster::SpreadAcross(std::span<const QRgb> tiles) {
+void PngSink::SpreadAcross(std::span<const QRgb> tiles) {
   std::fill(across.begin(), across.end(), Sample());
   for (size_t column = 0; column < tiles.size(); ++column) {
     const QRgb tile = tiles[column];
@@ -142,14 +137,14 @@ void MosaicRaster::SpreadAcross(std::span<const QRgb> tiles) {
   }
 }
 
-void MosaicRaster::CloseRow() {
+void PngSink::CloseRow() {
   if (openRow < 0) return;
   PaintRow(openRow, open);
   std::fill(open.begin(), open.end(), Sample());
   openRow = -1;
 }
 
-void MosaicRaster::PaintRow(int y, const std::vector<Sample>& samples) {
+void PngSink::PaintRow(int y, const std::vector<Sample>& samples) {
   auto* line = reinterpret_cast<QRgb*>(image.scanLine(y));
   for (const Sample& sample : samples) {
     const int alpha = std::min(255, int(std::lround(sample.cover * 255)));
@@ -160,24 +155,9 @@ void MosaicRaster::PaintRow(int y, const std::vector<Sample>& samples) {
   }
 }
 
-class PngSink final : public MosaicSink {
- public:
-  PngSink(QIODevice& device, const MosaicGeometry& geometry, const QImage& below, double scale)
-      : device(device), scale(scale), raster(geometry, scale), below(below) {}
-
-  void AddRow(std::span<const QRgb> tiles) override { raster.AddRow(tiles); }
-  void Finish() override;
-
- private:
-  QIODevice& device;
-  const double scale;  // pixels per point
-  MosaicRaster raster;
-  const QImage below;
-};
-
 void PngSink::Finish() {
-  raster.Finish();
-  QImage image = raster.TakeImage();
+  CloseRow();
+  if (isOpaque) image.reinterpretAsFormat(QImage::Format_RGB32);
   if (!below.isNull()) {
     QPainter painter(&image);
     painter.setCompositionMode(QPainter::CompositionMode_DestinationOver);
@@ -189,8 +169,7 @@ void PngSink::Finish() {
 
   // Tiles are flat, so more effort gains next to nothing.
   constexpr int kQuickCompression = 80;
-  const QByteArray bytes = EncodePicture(image, "png", kQuickCompression);
-  WriteAll(device, {bytes.constData(), size_t(bytes.size())});
+  WriteAll(device, EncodePicture(image, "png", kQuickCompression));
 }
 
 }  // namespace

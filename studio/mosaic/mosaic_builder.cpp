@@ -81,9 +81,9 @@ MosaicBuilder::Tally MosaicBuilder::TallyOf(const QRgb* pixels, int count) const
   Tally tally;
   for (const QRgb* pixel = pixels; pixel != pixels + count; ++pixel) {
     const uint64_t alpha = kHasAlpha ? uint64_t(qAlpha(*pixel)) : 1;
-    tally.red += alpha * scale.Red()[size_t(qRed(*pixel))];
-    tally.green += alpha * scale.Green()[size_t(qGreen(*pixel))];
-    tally.blue += alpha * scale.Blue()[size_t(qBlue(*pixel))];
+    tally.red += alpha * scale.red[size_t(qRed(*pixel))];
+    tally.green += alpha * scale.green[size_t(qGreen(*pixel))];
+    tally.blue += alpha * scale.blue[size_t(qBlue(*pixel))];
     if (kHasAlpha) tally.alpha += alpha;
   }
   if (!kHasAlpha) tally.alpha = uint64_t(count);

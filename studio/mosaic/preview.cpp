@@ -1,11 +1,7 @@
 #include "studio/mosaic/preview.h"
 
 #include <algorithm>
-#include <cmath>
-#include <cstring>
 
-#include "studio/base/studio_error.h"
-#include "studio/mosaic/mosaic_builder.h"
 #include "studio/mosaic/mosaic_job.h"
 
 namespace {
@@ -13,15 +9,17 @@ namespace {
 constexpr int kMostTilesShown = 900;  // across and down
 
 QImage TilesOf(const Picture& picture, int across, int down, bool isColor) {
-  QImage tiles(across, down, QImage::Format_ARGB32);
-  if (tiles.isNull()) throw StudioError(kNoMemory);
-  int row = 0;
-  MosaicBuilder builder(picture, across, down, isColor);
-  (void)builder.Run([&](std::span<const QRgb> colors) {
-    std::memcpy(tiles.scanLine(row++), colors.data(), colors.size_bytes());
-    return true;
-  });
-  return tiles;
+  MosaicChoices choices;
+  MosaicParameters& params = choices.params;
+  params.isColor = isColor;
+  params.deleteRaster = 1;
+  params.newWidth = float(params.tilesAcross = across);
+  params.newHeight = float(params.tilesDown = down);
+  MosaicJob job(picture, choices);
+  Mosaic mosaic;
+  job.Add(mosaic);
+  (void)job.Run([](int) { return true; });
+  return mosaic.tiles;
 }
 
 Picture Reduced(const Picture& picture) {

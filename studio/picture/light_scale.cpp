@@ -8,6 +8,9 @@ namespace {
 
 constexpr int kCoarseSteps = 4096;
 
+// The table value of full light; sums of 2^40 such values fit in 64 bits.
+constexpr uint32_t kFull = 1u << 24;
+
 double LightOfFraction(double value) {
   return value <= 0.04045 ? value / 12.92 : std::pow((value + 0.055) / 1.055, 2.4);
 }
@@ -40,7 +43,7 @@ class ValueFinder {
 };
 
 uint32_t TableValue(double light) {
-  return uint32_t(std::lround(std::clamp(light, 0.0, 1.0) * LightScale::kFull));
+  return uint32_t(std::lround(std::clamp(light, 0.0, 1.0) * kFull));
 }
 
 }  // namespace

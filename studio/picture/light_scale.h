@@ -20,27 +20,14 @@ struct Light {
 /// Translates a picture's 8-bit values into light, where means may be taken, and means back into
 /// sRGB values. A picture in another colour space gets tables of its own; its primaries are changed
 /// once for each mean, which is the same as changing them for each pixel and a great deal cheaper.
-class LightScale {
- public:
-  /// The table value of full light; sums of 2^40 such values fit in 64 bits.
-  static constexpr uint32_t kFull = 1u << 24;
-
-  using Table = std::array<uint32_t, 256>;
-
+struct LightScale {
   /// An invalid colour space counts as sRGB.
-  explicit LightScale(const QColorSpace& space = QColorSpace());
+  explicit LightScale(const QColorSpace& space);
 
-  const Table& Red() const { return red; }
-  const Table& Green() const { return green; }
-  const Table& Blue() const { return blue; }
-
-  /// A mean of table values, 0 to kFull each, as light of the screen.
+  /// A mean of table values as light of the screen.
   Light OfScreen(double redMean, double greenMean, double blueMean) const;
 
- private:
-  Table red;
-  Table green;
-  Table blue;
+  std::array<uint32_t, 256> red, green, blue;
   std::optional<QColorTransform> toScreen;
 };
 
@@ -48,4 +35,4 @@ class LightScale {
 double LightOf(int value);
 
 /// The nearest sRGB values, each channel 0 to 255; light out of range is pulled to the bound.
-QRgb NearestColor(const Light& light, int alpha = 255);
+QRgb NearestColor(const Light& light, int alpha);
