@@ -10,6 +10,7 @@
 #include <cstdlib>
 
 #include "platform/nrvcore/localizer.h"
+#include "platform/qt/qt_presenter.h"
 #include "platform/qt/theme.h"
 #include "platform/standin/resources.h"
 #include "studio/base/file_name.h"
@@ -17,7 +18,6 @@
 #include "studio/base/studio_error.h"
 #include "studio/console/command_line.h"
 #include "studio/console/console_run.h"
-#include "studio/console/dialog_user.h"
 #include "studio/console/terminal.h"
 #include "studio/window/settings.h"
 #include "studio/window/studio_window.h"
@@ -84,7 +84,8 @@ int RunWindow(const CommandLine& line) {
   const Interruption interruption;
   const QSocketNotifier notifier(interruption.Descriptor(), QSocketNotifier::Read);
   QObject::connect(&notifier, &QSocketNotifier::activated, [] { QApplication::exit(kStopped); });
-  StudioWindow window(line.state);
+  qtui::QtPresenter presenter;
+  StudioWindow window(line.state, presenter);
   window.SetSizeUnknown(line.isSizeUnknown);
   window.show();
   if (!line.picture.isEmpty()) window.OpenPicture(line.picture);
@@ -96,7 +97,8 @@ int RunWindow(const CommandLine& line) {
 QImage WindowScreenshot(const ArtworkPtr& artwork) {
   constexpr QSize kSize(1080, 760);
   constexpr int kActivationTimeout = 2000;  // ms
-  StudioWindow window{QString()};
+  qtui::QtPresenter presenter;
+  StudioWindow window({}, presenter);
   window.resize(kSize);
   window.Show(artwork);
   window.show();

@@ -5,17 +5,20 @@
 
 #include "platform/nrvcore/localizer.h"
 
-inline nrvcore::config::ReplacementValue Replacement(const QString& text) {
-  const auto* units = reinterpret_cast<const char16_t*>(text.utf16());
-  return nrvcore::config::ReplacementValue(
-      nrvcore::UTF16String(std::u16string_view(units, size_t(text.size()))));
+inline QString FromToolkit(const nrvcore::UTF16String& text) {
+  return QString::fromUtf16(text.View().data(), qsizetype(text.View().size()));
+}
+
+inline nrvcore::UTF16String ToToolkit(const QString& text) {
+  return nrvcore::UTF16String(text.toStdU16String());
 }
 
 /// A key in the user's language, with `values` in the places of %1 to %4.
 template <typename... Values>
 QString Text(const char* key, const Values&... values) {
-  const auto text = nrvcore::config::Localizer::Get().Localize(key, {Replacement(values)...});
-  return QString::fromUtf16(text.View().data(), qsizetype(text.View().size()));
+  using nrvcore::config::ReplacementValue;
+  return FromToolkit(
+      nrvcore::config::Localizer::Get().Localize(key, {ReplacementValue(ToToolkit(values))...}));
 }
 
 /// A number for a file, with at most four decimals and no more digits than it needs. Halves of the

@@ -95,9 +95,7 @@ DialogEntries EntriesIn(const nrvui::ui::UI_Dialog& dialog) {
 QString EnterAgain(nrvui::ui::UI_Dialog& dialog, const DialogEntries& entries) {
   QStringList changes;
   const auto note = [&](const nrvui::gestures::Outcome& outcome) {
-    const auto text = Describe(outcome);
-    if (!text.IsEmpty())
-      changes += QString::fromUtf16(text.View().data(), qsizetype(text.View().size()));
+    if (const auto text = Describe(outcome); !text.IsEmpty()) changes += FromToolkit(text);
   };
   const DialogEntries first = EntriesIn(dialog);
   ForEachBelow<UI_ControlView>(dialog, [&](UI_ControlView& control) {
@@ -115,7 +113,7 @@ QString EnterAgain(nrvui::ui::UI_Dialog& dialog, const DialogEntries& entries) {
     if (wanted == entries.end() || field.GetNumber() == wanted->second) return;
     QString text = QString::number(wanted->second, 'g', QLocale::FloatingPointShortest);
     text.replace('.', sign);
-    note(nrvui::gestures::Enter(dialog, field, Replacement(text).Text()));
+    note(nrvui::gestures::Enter(dialog, field, ToToolkit(text)));
   });
   return changes.join(' ');
 }

@@ -37,6 +37,6 @@ void LastChoices::Save(const MosaicChoices& choices) {
   std::error_code error;
   create_directories(SystemPath(path).parent_path(), error);
   OutputSet output;
-  WriteAll(output.Add(path), ChoicesToJson(choices).toStdString());
+  WriteAll(output.Add(path), ToJson(choices, Fields::kChoices));
   output.Commit();
 }

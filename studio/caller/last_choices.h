@@ -13,12 +13,6 @@ class LastChoices {
   /// The place that the user named, or the one in the user's settings when there is none.
   explicit LastChoices(const QString& namedPath);
 
-  const QString& Path() const { return path; }
-
-  /// A named place must be readable now and writable later; failures at the default one are
-  /// warnings.
-  bool IsNamed() const { return isNamed; }
-
   /// What was saved last, or else what the file has; nothing when there is none yet. When it cannot
   /// be read, throws StudioError in a place that the user named; `warn` takes it otherwise.
   std::optional<MosaicChoices> Load(const std::function<void(const StudioError&)>& warn) const;

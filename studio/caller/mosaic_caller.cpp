@@ -26,7 +26,7 @@ MosaicCaller::MosaicCaller(standin::UserInterface& userInterface)
   EndCall(module->StartUp(), "$$$/Studio/Module/NotStarted=the module cannot be started: %1");
 }
 
-MosaicCaller::Answer MosaicCaller::Ask(MosaicParameters& params, MosaicDialogState& state) {
+bool MosaicCaller::Ask(MosaicParameters& params, MosaicDialogState& state) {
   BeginCall();
   const standin::HeldSuite<MosaicSuite> suite(host);
   if (!suite)
@@ -37,7 +37,7 @@ MosaicCaller::Answer MosaicCaller::Ask(MosaicParameters& params, MosaicDialogSta
   const bool isCancelled = code == ResultCode::kCancelled;
   EndCall(isCancelled ? ResultCode::kSuccess : code,
           "$$$/Studio/Module/NotShown=the dialog cannot be shown: %1");
-  return isCancelled ? Answer::kCancelled : Answer::kOk;
+  return !isCancelled;
 }
 
 QString MosaicCaller::ModuleName() const {

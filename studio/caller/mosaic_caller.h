@@ -13,15 +13,13 @@
 /// A caller of the module's dialog: brings up a host, loads the module into it, and asks.
 class MosaicCaller : private standin::UserInterface {
  public:
-  enum class Answer { kOk, kCancelled };
-
   /// Loads the module that belongs to this program and starts it. What the host shows goes to
   /// `userInterface`, which must outlive the caller; but what it alerts of during a call that fails
   /// is the reason in the StudioError that this and the operations below throw.
   explicit MosaicCaller(standin::UserInterface& userInterface);
 
-  /// Shows the dialog over both; they change on kOk only.
-  Answer Ask(MosaicParameters& params, MosaicDialogState& state);
+  /// Shows the dialog over both. Answers whether OK ended it; otherwise they stay as they were.
+  bool Ask(MosaicParameters& params, MosaicDialogState& state);
 
   /// The module's name for menus, as it gave it to the host.
   QString ModuleName() const;

@@ -1,4 +1,4 @@
-#include "studio/mosaic/outlook.h"
+#include "studio/caller/outlook.h"
 
 #include <cmath>
 
@@ -22,7 +22,7 @@ bool IsRatioOfPercentages(const MosaicChoices& choices) {
 
 }  // namespace
 
-Outlook OutlookFor(const Picture& picture, const MosaicChoices& choices) try {
+qtui::ReadOut OutlookFor(const Picture& picture, const MosaicChoices& choices) try {
   const MosaicGeometry geometry = MosaicJob(picture, choices).Geometry();
   QString text = Text("$$$/Studio/Dialog/Tiles=%1 tiles of %2 by %3 pt",
                       QString::number(qint64(geometry.tilesAcross) * geometry.tilesDown),
@@ -31,7 +31,7 @@ Outlook OutlookFor(const Picture& picture, const MosaicChoices& choices) try {
     text = Text("$$$/Studio/Dialog/RatioOfPercentages=%1. The ratio is applied to the percentages.",
                 text);
   }
-  return {text, true};
+  return {text, false};
 } catch (const StudioError& error) {
-  return {Sentence(error.what()), false};
+  return {Sentence(error.what()), true};
 }

@@ -1,14 +1,8 @@
 #pragma once
 
-#include <QString>
-
+#include "platform/qt/message_line.h"
 #include "studio/mosaic/mosaic_choices.h"
 #include "studio/picture/picture.h"
 
-/// What choices lead to, in a sentence.
-struct Outlook {
-  QString text;
-  bool isMosaic;  // or else why there will be none
-};
-
-Outlook OutlookFor(const Picture& picture, const MosaicChoices& choices);
+/// What choices lead to, in a sentence; a warning says why there will be no mosaic.
+qtui::ReadOut OutlookFor(const Picture& picture, const MosaicChoices& choices);

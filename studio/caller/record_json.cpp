@@ -71,16 +71,6 @@ std::string ValueText(const uint8_t (&bytes)[kSize]) {
   return text + "]";
 }
 
-QByteArray ToJson(const MosaicChoices& record, bool choicesOnly) {
-  std::string text;
-  ForEachField(record, [&](const char* name, const auto& value, Use use) {
-    if (choicesOnly && use == Use::kRecord) return;
-    text += text.empty() ? "{\n" : ",\n";
-    text += std::string("  \"") + name + "\": " + ValueText(value);
-  });
-  return QByteArray::fromStdString(text + "\n}\n");
-}
-
 /// Each answers whether it took the number, which must be one that the field can have.
 bool Take(double number, float& value, Use) {
   value = float(number);
@@ -101,12 +91,14 @@ bool Take(double number, uint8_t& byte, Use use) {
 
 }  // namespace
 
-QByteArray RecordToJson(const MosaicChoices& record) {
-  return ToJson(record, false);
-}
-
-QByteArray ChoicesToJson(const MosaicChoices& choices) {
-  return ToJson(choices, true);
+QByteArray ToJson(const MosaicChoices& record, Fields fields) {
+  std::string text;
+  ForEachField(record, [&](const char* name, const auto& value, Use use) {
+    if (fields == Fields::kChoices && use == Use::kRecord) return;
+    text += text.empty() ? "{\n" : ",\n";
+    text += std::string("  \"") + name + "\": " + ValueText(value);
+  });
+  return QByteArray::fromStdString(text + "\n}\n");
 }
 
 MosaicChoices ChoicesFromJson(const QByteArray& json) {

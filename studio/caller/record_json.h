@@ -4,11 +4,10 @@
 
 #include "studio/mosaic/mosaic_choices.h"
 
-/// Both as one JSON object, a field a line, by the names and in the order that they have in memory.
-QByteArray RecordToJson(const MosaicChoices& record);
+enum class Fields { kAll, kChoices };  // the latter is what the next run takes up
 
-/// Only what the next run takes up: counts, flags and the state.
-QByteArray ChoicesToJson(const MosaicChoices& choices);
+/// Both as one JSON object, a field a line, by the names and in the order that they have in memory.
+QByteArray ToJson(const MosaicChoices& record, Fields fields);
 
 /// The reverse. Fields that aren't choices stay 0, whatever the text says of them. Throws
 /// StudioError, with the reason alone, when a choice is missing or has a value that it can't have.

@@ -1,32 +1,68 @@
 #include "studio/console/console_run.h"
 
-#include <QCoreApplication>
+#include <QGuiApplication>
 #include <QSocketNotifier>
+#include <QWidget>
 #include <utility>
 
+#include "platform/nrvui/scripted_presenter.h"
+#include "platform/qt/qt_presenter.h"
 #include "platform/standin/user_interface.h"
 #include "studio/base/file_name.h"
 #include "studio/base/output.h"
 #include "studio/base/studio_error.h"
 #include "studio/caller/dialog_choices.h"
 #include "studio/caller/mosaic_caller.h"
-#include "studio/console/dialog_user.h"
+#include "studio/caller/outlook.h"
 #include "studio/console/terminal.h"
 #include "studio/export/mosaic_export.h"
 #include "studio/export/picture_encoding.h"
 #include "studio/mosaic/mosaic_job.h"
-#include "studio/mosaic/outlook.h"
 
 namespace {
 
 constexpr int kDone = 0;
 constexpr int kCancelled = 1;
 
-void SaveScreenshot(QIODevice& device, const QImage& screenshot) {
-  WriteAll(device, EncodePicture(screenshot, "png").toStdString());
+/// Answers the dialogs that open while this lives, as the command line has it: plays a gesture
+/// file, with a window or without, or shows a window to a person, or only for its screenshot.
+struct DialogUser {
+  using Gestures = std::optional<nrvui::gestures::GestureScript>;
+
+  /// `report` is called with what the person would be told. Throws StudioError when there are no
+  /// gestures, a person is needed and there is no display.
+  DialogUser(const CommandLine& line, const Gestures& gestures,
+             std::function<void(const std::string&)> report);
+
+  std::optional<nrvui::gestures::ScriptedPresenter> script;  // either this one
+  std::optional<qtui::QtPresenter> windows;                  // or this one is installed
+  std::optional<nrvui::ui::InstalledPresenter> installed;
+};
+
+DialogUser::DialogUser(const CommandLine& line, const Gestures& gestures,
+                       std::function<void(const std::string&)> report) {
+  if (!line.ShowsWindows()) {
+    installed.emplace(script.emplace(*gestures, std::move(report)));
+    return;
+  }
+  if (!gestures && !line.WantsScreenshotsOnly() && !HasDisplay()) {
+    throw StudioError(
+        "$$$/Studio/Line/NeedsGestures=without a display the dialog needs --gestures FILE");
+  }
+  installed.emplace(windows.emplace());
+  if (!line.dialogScreenshot.isEmpty()) windows->TakeScreenshots();
+  if (gestures) {
+    windows->PlayScript(*gestures, std::move(report));
+  } else if (line.WantsScreenshotsOnly()) {
+    windows->WhenPainted([](QWidget& window) { window.close(); });
+  }
 }
 
 }  // namespace
+
+bool HasDisplay() {
+  return QGuiApplication::platformName() != "offscreen";
+}
 
 ConsoleRun::ConsoleRun(CommandLine commandLine, WindowCamera windowCamera)
     : line(std::move(commandLine)),
@@ -39,21 +75,23 @@ int ConsoleRun::Run() {
   if (line.picture.isEmpty())
     throw StudioError("$$$/Studio/Line/WhichPicture=which picture? See --help");
   for (const QString& path : line.exports) ExportKindOf(path);
-  PlacePicture();
+  Picture picture = Picture::Read(line.picture);
+  outputs.Protect(line.picture);
+  artwork = Place(line.picture, std::move(picture), line.isSizeUnknown);
   if (line.WantsScreenshotsOnly()) return TakeScreenshots();
 
   if (!line.gestures.isEmpty())
     gestures = nrvui::gestures::GestureScript::ReadFile(SystemPath(line.gestures));
   OpenOutputs();
-  MosaicChoices choices = FirstChoices();
+  MosaicChoices choices;
   if (!Ask(choices)) {
     Tell(Text("$$$/Studio/Line/Cancelled=The dialog was cancelled."));
     return kCancelled;
   }
-  const QByteArray json = RecordToJson(choices);
+  const QByteArray json = ToJson(choices, Fields::kAll);
   Tell(json.trimmed());
-  if (recordDevice) WriteAll(*recordDevice, json.toStdString());
-  if (Build(choices)) SaveWindowScreenshot();
+  if (recordDevice) WriteAll(*recordDevice, json);
+  Build(choices);
   if (interruption->IsRequested()) {
     Tell(Text("$$$/Studio/Line/Stopped=The building was stopped."));
     return kCancelled;
@@ -67,10 +105,8 @@ int ConsoleRun::Run() {
 int ConsoleRun::TakeScreenshots() {
   interruption.emplace();
   OpenScreenshots();
-  if (dialogScreenshotDevice) {
-    MosaicChoices choices = FirstChoices();
-    Ask(choices);
-  }
+  MosaicChoices choices;
+  if (dialogScreenshotDevice) Ask(choices);
   SaveWindowScreenshot();
   if (interruption->IsRequested()) return kCancelled;
   outputs.Commit();
@@ -78,54 +114,50 @@ int ConsoleRun::TakeScreenshots() {
   return kDone;
 }
 
-void ConsoleRun::PlacePicture() {
-  Picture picture = Picture::Read(line.picture);
-  outputs.Protect(line.picture);
-  artwork = Place(line.picture, std::move(picture), line.isSizeUnknown);
-}
-
-MosaicChoices ConsoleRun::FirstChoices() const {
-  const auto warn = [this](const StudioError& error) { Warn(error.what()); };
-  return ChoicesFor(*artwork, lastChoices.Load(warn));
-}
-
 /// A place that cannot be written is found before the dialog opens.
 void ConsoleRun::OpenOutputs() {
   interruption.emplace();
   outputs.Protect(line.gestures);
   for (const QString& path : line.exports) exportDevices.push_back(&outputs.Add(path));
-  if (!line.record.isEmpty()) recordDevice = &outputs.Add(line.record);
-  if (lastChoices.IsNamed()) stateDevice = &outputs.Add(lastChoices.Path());
+  recordDevice = Open(line.record);
+  stateDevice = Open(line.state);
   OpenScreenshots();
 }
 
 void ConsoleRun::OpenScreenshots() {
-  if (!line.dialogScreenshot.isEmpty())
-    dialogScreenshotDevice = &outputs.Add(line.dialogScreenshot);
-  if (!line.windowScreenshot.isEmpty())
-    windowScreenshotDevice = &outputs.Add(line.windowScreenshot);
+  dialogScreenshotDevice = Open(line.dialogScreenshot);
+  windowScreenshotDevice = Open(line.windowScreenshot);
+}
+
+QIODevice* ConsoleRun::Open(const QString& name) {
+  return name.isEmpty() ? nullptr : &outputs.Add(name);
 }
 
 bool ConsoleRun::Ask(MosaicChoices& choices) {
+  const auto warn = [this](const StudioError& error) { Warn(error.what()); };
+  choices = ChoicesFor(*artwork, lastChoices.Load(warn));
   DialogUser user(line, gestures,
                   [this](const std::string& text) { Warn(QString::fromStdString(text)); });
-  user.WhenChanged([&](const nrvui::ui::UI_Dialog& dialog) {
-    const Outlook outlook = OutlookFor(artwork->picture, ChoicesOnOk(dialog, choices));
-    return qtui::ReadOut{outlook.text, !outlook.isMosaic};
-  });
+  if (user.windows) {
+    user.windows->WhenChanged([&](const nrvui::ui::UI_Dialog& dialog) {
+      return OutlookFor(artwork->picture, ChoicesOnOk(dialog, choices));
+    });
+  }
   const QSocketNotifier notifier(interruption->Descriptor(), QSocketNotifier::Read);
   QObject::connect(&notifier, &QSocketNotifier::activated, [] { QCoreApplication::exit(); });
   standin::RecordingUserInterface screen;
   MosaicCaller caller(screen);
-  const auto answer = caller.Ask(choices.params, choices.state);
+  const bool isOk = caller.Ask(choices.params, choices.state);
   caller.Close();
   if (interruption->IsRequested()) return false;
-  if (!user.Problem().isEmpty()) throw StudioError(user.Problem());
-  if (dialogScreenshotDevice) SaveScreenshot(*dialogScreenshotDevice, user.Screenshot());
-  return answer == MosaicCaller::Answer::kOk;
+  const auto& problem = user.windows ? user.windows->Error() : user.script->Error();
+  if (problem) throw StudioError(QString(problem->what()));
+  if (dialogScreenshotDevice)
+    WriteAll(*dialogScreenshotDevice, EncodePicture(user.windows->Screenshot(), "png"));
+  return isOk;
 }
 
-bool ConsoleRun::Build(const MosaicChoices& choices) {
+void ConsoleRun::Build(const MosaicChoices& choices) {
   MosaicJob job(artwork->picture, choices);
   const MosaicGeometry& geometry = job.Geometry();
   for (size_t i = 0; i < exportDevices.size(); ++i) {
@@ -139,22 +171,23 @@ bool ConsoleRun::Build(const MosaicChoices& choices) {
     progress.Show(rowsDone, geometry.tilesDown);
     return !interruption->IsRequested();
   });
-  if (!isComplete || interruption->IsRequested()) return false;
+  if (!isComplete || interruption->IsRequested()) return;
   Tell(Text("$$$/Studio/Line/Built=Built %1 tiles, %2 across and %3 down.",
             QString::number(qint64(geometry.tilesAcross) * geometry.tilesDown),
             QString::number(geometry.tilesAcross), QString::number(geometry.tilesDown)));
   if (windowScreenshotDevice) artwork = WithMosaic(*artwork, std::move(mosaic));
-  return true;
+  SaveWindowScreenshot();
 }
 
 void ConsoleRun::SaveWindowScreenshot() {
-  if (windowScreenshotDevice) SaveScreenshot(*windowScreenshotDevice, windowCamera(artwork));
+  if (windowScreenshotDevice)
+    WriteAll(*windowScreenshotDevice, EncodePicture(windowCamera(artwork), "png"));
 }
 
 /// Choices in a named place are one of the run's files; failing to keep those in the user's
 /// settings must not cost a finished mosaic.
 void ConsoleRun::KeepChoices(const MosaicChoices& choices) {
-  if (stateDevice) WriteAll(*stateDevice, ChoicesToJson(choices).toStdString());
+  if (stateDevice) WriteAll(*stateDevice, ToJson(choices, Fields::kChoices));
   outputs.Commit();
   if (stateDevice) return;
   try {

@@ -12,6 +12,9 @@
 #include "studio/console/command_line.h"
 #include "studio/mosaic/artwork.h"
 
+/// Whether windows can be seen.
+bool HasDisplay();
+
 /// One run of the program on the command line, from the picture to the files.
 class ConsoleRun {
  public:
@@ -27,13 +30,12 @@ class ConsoleRun {
 
  private:
   int TakeScreenshots();
-  void PlacePicture();
   void OpenOutputs();
   void OpenScreenshots();
-  MosaicChoices FirstChoices() const;
+  QIODevice* Open(const QString& name);
+  /// Answers whether OK ended the dialog, with these choices.
   bool Ask(MosaicChoices& choices);
-  /// False when the building was stopped.
-  bool Build(const MosaicChoices& choices);
+  void Build(const MosaicChoices& choices);
   void SaveWindowScreenshot();
   void KeepChoices(const MosaicChoices& choices);
 

@@ -13,6 +13,19 @@ QRectF Around(QSizeF size) {
   return {-size.width() / 2, -size.height() / 2, size.width(), size.height()};
 }
 
+/// Large pixels keep their edges, small ones are smoothed.
+void PaintPicture(QPainter& painter, ImageLevels& levels, const QRectF& target) {
+  const QTransform transform = painter.combinedTransform();
+  const QSize full = levels.Full().size();
+  const double pixelWidth = target.width() / full.width() * transform.m11();
+  const double pixelHeight = target.height() / full.height() * transform.m22();
+  constexpr double kLargePixel = 3;
+  const QImage& level = levels.For(pixelWidth, pixelHeight);
+  painter.setRenderHint(QPainter::SmoothPixmapTransform,
+                        std::max(pixelWidth, pixelHeight) < kLargePixel);
+  painter.drawImage(target, level);
+}
+
 }  // namespace
 
 ArtboardItem::ArtboardItem(const Artwork& artwork) : art(Around(artwork.Size())) {
@@ -59,17 +72,4 @@ void ArtboardItem::paint(QPainter* painter, const QStyleOptionGraphicsItem* opti
   painter->translate(art.topLeft());
   tiles->Paint(*painter, option->exposedRect.translated(-art.topLeft()));
   painter->restore();
-}
-
-/// Large pixels keep their edges, small ones are smoothed.
-void ArtboardItem::PaintPicture(QPainter& painter, ImageLevels& levels, const QRectF& target) {
-  const QTransform transform = painter.combinedTransform();
-  const QSize full = levels.Full().size();
-  const double pixelWidth = target.width() / full.width() * transform.m11();
-  const double pixelHeight = target.height() / full.height() * transform.m22();
-  constexpr double kLargePixel = 3;
-  const QImage& level = levels.For(pixelWidth, pixelHeight);
-  painter.setRenderHint(QPainter::SmoothPixmapTransform,
-                        std::max(pixelWidth, pixelHeight) < kLargePixel);
-  painter.drawImage(target, level);
 }

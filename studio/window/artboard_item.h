@@ -19,8 +19,6 @@ class ArtboardItem final : public QGraphicsItem {
   void paint(QPainter* painter, const QStyleOptionGraphicsItem* option, QWidget* widget) override;
 
  private:
-  static void PaintPicture(QPainter& painter, ImageLevels& levels, const QRectF& target);
-
   QRectF art;
   QRectF page;
   std::optional<ImageLevels> picture;  // what shows of it

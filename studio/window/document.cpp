@@ -8,17 +8,15 @@
 namespace {
 
 constexpr size_t kMostSteps = 30;
+constexpr qint64 kMostBytes = qint64(1) << 30;
 
 }  // namespace
-
-Document::Document(ArtworkPtr first, qint64 mostBytes)
-    : mostBytes(mostBytes), steps{{{}, std::move(first)}} {}
 
 void Document::Change(const QString& name, ArtworkPtr next) {
   steps.resize(current + 1);
   steps.push_back({name, std::move(next)});
   // The last step can be taken back, however large it is.
-  while (steps.size() > 2 && (steps.size() > kMostSteps + 1 || Bytes() > mostBytes)) {
+  while (steps.size() > 2 && (steps.size() > kMostSteps + 1 || Bytes() > kMostBytes)) {
     steps.erase(steps.begin());
   }
   current = steps.size() - 1;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QString>
+#include <utility>
 #include <vector>
 
 #include "studio/mosaic/artwork.h"
@@ -9,18 +10,15 @@
 /// were exported.
 class Document {
  public:
-  /// Beyond this many bytes, or 30 steps, the oldest steps are forgotten; so is a mosaic among them
-  /// that was not exported, as memory has an end.
-  static constexpr qint64 kMostBytes = qint64(1) << 30;
-
   /// Begins with an artwork; null is an empty page.
-  explicit Document(ArtworkPtr first = nullptr, qint64 mostBytes = kMostBytes);
+  explicit Document(ArtworkPtr first = nullptr) : steps{{{}, std::move(first)}} {}
 
   /// Null before the first picture.
   const ArtworkPtr& Shown() const { return steps[current].artwork; }
 
-  /// Shows another artwork, not null; what was undone before is forgotten. `name` is what menus
-  /// call the step.
+  /// Shows another artwork, not null; what was undone before is forgotten. Beyond a gigabyte, or 30
+  /// steps, so are the oldest steps, and a mosaic among them that was not exported, as memory has
+  /// an end. `name` is what menus call the step.
   void Change(const QString& name, ArtworkPtr next);
 
   /// Names of the steps that can be taken back and again; empty when there are none.
@@ -49,7 +47,6 @@ class Document {
 
   qint64 Bytes() const;
 
-  qint64 mostBytes;
   std::vector<Step> steps;  // never empty
   size_t current = 0;
 };

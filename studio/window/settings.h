@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QSettings>
 #include <QStringList>
 
 #include "platform/qt/theme.h"
@@ -7,28 +8,32 @@
 /// What the window remembers from one time to the next, in the user's settings.
 namespace settings {
 
+QSettings File();
+
+template <typename Value>
+struct Kept {
+  const char* key;
+  Value first = {};  // before the first time
+
+  Value Get() const { return File().value(key, first).template value<Value>(); }
+  void Set(const Value& value) const { File().setValue(key, value); }
+};
+
+/// Whether the canvas shows the mosaic that the dialog's choices would give.
+inline const Kept<bool> kPreviewsWhileChoosing{"previewWhileChoosing", true};
+/// Where the person exported to last.
+inline const Kept<QString> kExportFolder{"exportFolder"};
+/// The kind of the last export by its ending.
+inline const Kept<QString> kExportEnding{"exportEnding", ".svg"};
+inline const Kept<QByteArray> kWindowGeometry{"geometry"};
+
+qtui::Theme ChosenTheme();
+void ChooseTheme(qtui::Theme theme);
+
 /// Paths of pictures that were opened, the last one first; those that are not there now are left
 /// out.
 QStringList RecentPictures();
 void AddRecentPicture(const QString& path);
 void ClearRecentPictures();
-
-qtui::Theme ChosenTheme();
-void ChooseTheme(qtui::Theme theme);
-
-/// Whether the canvas shows the mosaic that the dialog's choices would give.
-bool PreviewsWhileChoosing();
-void SetPreviewsWhileChoosing(bool previews);
-
-/// Where the person exported to last; empty before the first time.
-QString ExportFolder();
-void SetExportFolder(const QString& path);
-
-/// The kind of the last export by its ending, ".svg" before the first time.
-QString ExportEnding();
-void SetExportEnding(const QString& ending);
-
-QByteArray WindowGeometry();
-void SetWindowGeometry(const QByteArray& geometry);
 
 }  // namespace settings

@@ -14,8 +14,8 @@
 #include <cmath>
 
 #include "studio/base/studio_error.h"
+#include "studio/caller/outlook.h"
 #include "studio/export/mosaic_export.h"
-#include "studio/mosaic/outlook.h"
 #include "studio/window/background_work.h"
 #include "studio/window/captions.h"
 #include "studio/window/clipboard.h"
@@ -41,8 +41,12 @@ void AcceptCopy(QDropEvent& event) {
 
 }  // namespace
 
-StudioWindow::StudioWindow(const QString& statePath)
-    : lastChoices(statePath), boxes(*this), actions(*this), pages(new QStackedWidget) {
+StudioWindow::StudioWindow(const QString& statePath, qtui::QtPresenter& presenter)
+    : lastChoices(statePath),
+      boxes(*this),
+      presenter(presenter),
+      actions(*this),
+      pages(new QStackedWidget) {
   setObjectName("studio");
   setAcceptDrops(true);
   startPage = new StartPage([this] { AskForPicture(); },
@@ -56,7 +60,7 @@ StudioWindow::StudioWindow(const QString& statePath)
   Connect();
   FillRecentMenu();
   ShowDocument();
-  if (!restoreGeometry(settings::WindowGeometry())) {
+  if (!restoreGeometry(settings::kWindowGeometry.Get())) {
     resize(kFirstSize.boundedTo(screen()->availableGeometry().size() - kFrameAllowance));
   }
   try {
@@ -83,8 +87,8 @@ void StudioWindow::Connect() {
   on(actions.quit, [this] { close(); });
   on(actions.undo, [this] { Step(&Document::Undo); });
   on(actions.redo, [this] { Step(&Document::Redo); });
-  on(actions.tesserae, [this] { CreateTesserae(); });
-  on(actions.tesseraeAgain, [this] { CreateTesseraeAgain(); });
+  on(actions.tesserae, [this] { Create({}); });
+  on(actions.tesseraeAgain, [this] { Create(ConfirmedForShown()->entries); });
   on(actions.zoomIn, [this] { canvas->ZoomIn(); });
   on(actions.zoomOut, [this] { canvas->ZoomOut(); });
   on(actions.actualSize, [this] { canvas->SetZoom(1); });
@@ -179,23 +183,14 @@ void StudioWindow::PlacePicture(const QString& path, Picture picture) {
   ShowDocument();
 }
 
-bool StudioWindow::CreateTesserae() {
-  return Shown() && Create({});
-}
-
-bool StudioWindow::CreateTesseraeAgain() {
-  const Confirmed* const former = ConfirmedForShown();
-  return former && Create(former->entries);
-}
-
 const StudioWindow::Confirmed* StudioWindow::ConfirmedForShown() const {
   if (!Shown()) return nullptr;
   const auto found = confirmed.find({Shown()->path, Shown()->isSizeKnown});
   return found == confirmed.end() ? nullptr : &found->second;
 }
 
-bool StudioWindow::Create(DialogEntries entries) {
-  return Do(Text("$$$/Studio/Error/Create=The mosaic cannot be made."), [&] {
+void StudioWindow::Create(DialogEntries entries) {
+  Do(Text("$$$/Studio/Error/Create=The mosaic cannot be made."), [&] {
     const ArtworkPtr shown = Shown();
     const auto last = lastChoices.Load([this](const StudioError&) {
       Tell(
@@ -223,8 +218,7 @@ bool StudioWindow::Create(DialogEntries entries) {
       const MosaicChoices present = ChoicesOnOk(dialog, asked);
       if (preview) preview->Follow(present);
       if (!notice.isEmpty() && entries == opened) return qtui::ReadOut{notice, true};
-      const Outlook outlook = OutlookFor(shown->picture, present);
-      return qtui::ReadOut{outlook.text, !outlook.isMosaic};
+      return OutlookFor(shown->picture, present);
     });
     std::optional<Mosaic> mosaic;
     MosaicChoices choices;
@@ -257,7 +251,7 @@ bool StudioWindow::Create(DialogEntries entries) {
 
 bool StudioWindow::Ask(MosaicChoices& choices) {
   const nrvui::ui::InstalledPresenter installed(presenter);
-  return Caller().Ask(choices.params, choices.state) == MosaicCaller::Answer::kOk;
+  return Caller().Ask(choices.params, choices.state);
 }
 
 /// Losing them must not cost a finished mosaic.
@@ -270,12 +264,11 @@ void StudioWindow::KeepChoices(const MosaicChoices& choices) {
 }
 
 bool StudioWindow::AskForExport() {
-  if (!Shown() || !Shown()->mosaic) return false;
   const QFileInfo source(Shown()->path);
-  const QString former = settings::ExportFolder();
+  const QString former = settings::kExportFolder.Get();
   const QString folder = QFileInfo(former).isDir() ? former : source.absolutePath();
   const QString name = Text("$$$/Studio/Export/FileName=%1 mosaic", source.completeBaseName());
-  const ExportKind* const lastKind = FindExportKind(settings::ExportEnding());
+  const ExportKind* const lastKind = FindExportKind(settings::kExportEnding.Get());
 
   const QString path =
       ::AskForExport(*this, folder, name, lastKind ? *lastKind : ExportKinds().front());
@@ -289,9 +282,9 @@ bool StudioWindow::AskForExport() {
   return Export({Shown()->path, path, *pixelsPerPoint});
 }
 
-bool StudioWindow::ExportAgain() {
-  const bool isSame = Shown() && lastExport && lastExport->picture == Shown()->path;
-  return isSame ? Export(*lastExport) : AskForExport();
+void StudioWindow::ExportAgain() {
+  const bool isSame = lastExport && lastExport->picture == Shown()->path;
+  isSame ? Export(*lastExport) : AskForExport();
 }
 
 bool StudioWindow::Export(LastExport how) {
@@ -300,8 +293,8 @@ bool StudioWindow::Export(LastExport how) {
     if (!ExportMosaic(*this, *Shown(), how.path, how.pixelsPerPoint)) return TellOfCancel();
     document.NoteExport();
     setWindowModified(!document.Unexported().empty());
-    settings::SetExportFolder(QFileInfo(how.path).absolutePath());
-    settings::SetExportEnding(ExportKindOf(how.path).ending);
+    settings::kExportFolder.Set(QFileInfo(how.path).absolutePath());
+    settings::kExportEnding.Set(ExportKindOf(how.path).ending);
     Tell(Text("$$$/Studio/Status/Exported=Exported %1", QDir::toNativeSeparators(how.path)));
     lastExport = std::move(how);
     return true;
@@ -309,7 +302,6 @@ bool StudioWindow::Export(LastExport how) {
 }
 
 void StudioWindow::Copy() {
-  if (!Shown()) return;
   Do(Text("$$$/Studio/Error/Copy=The mosaic cannot be copied."), [&] {
     std::unique_ptr<QMimeData> data = MimeDataOf(*this, *Shown());
     if (!data) return TellOfCancel();
@@ -408,7 +400,7 @@ void StudioWindow::closeEvent(QCloseEvent* event) {
     }
     return GoTo(shown);  // the next time asks for those again that would be discarded now
   }
-  settings::SetWindowGeometry(saveGeometry());
+  settings::kWindowGeometry.Set(saveGeometry());
   event->accept();
 }
 

@@ -23,16 +23,11 @@
 class StudioWindow final : public QMainWindow {
  public:
   /// The last choices are kept where the user said, or in the user's settings when that is empty.
-  explicit StudioWindow(const QString& statePath);
+  /// The dialog shows through the presenter, which must outlive the window.
+  StudioWindow(const QString& statePath, qtui::QtPresenter& presenter);
 
-  /// These do what the menu does, and tell the person when it cannot be done. They answer whether
-  /// it was done.
+  /// Tells the person when it cannot be done. Answers whether it was done.
   bool OpenPicture(const QString& path);
-  bool CreateTesserae();
-  /// The same, beginning with the entries that the person confirmed last for this picture.
-  bool CreateTesseraeAgain();
-  /// As large as its tiles want it, when it is a picture.
-  bool Export(const QString& path) { return Export({{}, path, 0}); }
 
   /// Whether pictures are placed as if their files did not say how large they are.
   void SetSizeUnknown(bool isUnknown) {  // NOLINT: it changes the window
@@ -42,9 +37,6 @@ class StudioWindow final : public QMainWindow {
   /// Shows it without a way back to what was there before.
   void Show(const ArtworkPtr& artwork);
   ArtworkPtr Shown() const { return document.Shown(); }
-
-  /// Where the dialog shows.
-  qtui::QtPresenter& Presenter() { return presenter; }
 
   /// Lets the module go. Throws StudioError when it kept something.
   void CloseModule();
@@ -76,13 +68,14 @@ class StudioWindow final : public QMainWindow {
   void ShowAbout();
   bool AskForPicture();
   bool AskForExport();
-  bool ExportAgain();
+  void ExportAgain();
   bool Export(LastExport how);
   void Copy();
   void Paste();
   void PlacePicture(const QString& path, Picture picture);
   const Confirmed* ConfirmedForShown() const;
-  bool Create(DialogEntries entries);
+  /// Begins with these entries.
+  void Create(DialogEntries entries);
   bool Ask(MosaicChoices& choices);
   void KeepChoices(const MosaicChoices& choices);
   /// Does what the studio can do only one at a time; tells what goes wrong. Answers whether it was
@@ -100,7 +93,7 @@ class StudioWindow final : public QMainWindow {
 
   LastChoices lastChoices;
   MessageBoxes boxes;
-  qtui::QtPresenter presenter;
+  qtui::QtPresenter& presenter;
   std::unique_ptr<MosaicCaller> caller;  // null until it could be made
   Document document;
   WindowActions actions;

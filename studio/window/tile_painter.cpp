@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 #include <cstring>
+#include <vector>
 
 namespace {
 
@@ -39,6 +40,71 @@ struct Side {
   double cover;
 };
 
+/// The tile that a line of pixels begins in, the weights of it and of the next, up to 256.
+struct Line {
+  int tile = 0;
+  int weight = 0;
+  int nextWeight = 0;
+
+  bool operator==(const Line&) const = default;
+};
+
+std::vector<Line> Divide(double start, double step, int pixels, const Side& side) {
+  const double pitch = side.tile + side.spacing;
+  std::vector<Line> lines(static_cast<size_t>(pixels));
+  for (int i = 0; i < pixels; ++i) {
+    const double from = start + i * step;
+    const auto weightOf = [&](int index) {
+      if (index < 0 || index >= side.tiles) return 0;
+      const double covered =
+          std::min(from + step, index * pitch + side.tile) - std::max(from, index * pitch);
+      return int(std::lround(std::clamp(covered / step, 0.0, 1.0) * 256));
+    };
+    const int first = int(std::floor(from / pitch));
+    Line& line = lines[size_t(i)];
+    line = {first, weightOf(first), weightOf(first + 1)};
+    if (line.weight == 0) line = {first + 1, line.nextWeight, 0};
+    if (line.weight == 0) line.tile = 0;
+    line.nextWeight = std::min(line.nextWeight, 256 - line.weight);
+  }
+  return lines;
+}
+
+void Fill(QImage& image, const QImage& tiles, const std::vector<Line>& columns,
+          const std::vector<Line>& rows) {
+  for (size_t y = 0; y < rows.size(); ++y) {
+    const Line& row = rows[y];
+    auto* line = reinterpret_cast<QRgb*>(image.scanLine(int(y)));
+    if (y > 0 && row == rows[y - 1]) {
+      std::memcpy(line, image.constScanLine(int(y) - 1), size_t(image.bytesPerLine()));
+      continue;
+    }
+    const auto* upper = reinterpret_cast<const QRgb*>(tiles.constScanLine(row.tile));
+    const auto* lower =
+        reinterpret_cast<const QRgb*>(tiles.constScanLine(row.tile + (row.nextWeight > 0 ? 1 : 0)));
+    for (const Line& column : columns) {
+      if (column.weight == 256 && row.weight == 256) {
+        *line++ = upper[column.tile];
+        continue;
+      }
+      Sums sums;
+      const int next = column.tile + (column.nextWeight > 0 ? 1 : 0);
+      sums.Add(upper[column.tile], uint32_t(column.weight * row.weight));
+      sums.Add(upper[next], uint32_t(column.nextWeight * row.weight));
+      sums.Add(lower[column.tile], uint32_t(column.weight * row.nextWeight));
+      sums.Add(lower[next], uint32_t(column.nextWeight * row.nextWeight));
+      *line++ = sums.Color();
+    }
+  }
+}
+
+/// How often the image must be halved for its pixels to be at least as large as the screen's.
+int HalvesFor(double pixel, int length) {
+  const int most = int(std::log2(std::max(1, length)));
+  if (!(pixel > 0)) return most;
+  return int(std::clamp(std::floor(-std::log2(pixel)), 0.0, double(most)));
+}
+
 }  // namespace
 
 const QImage& ImageLevels::For(double pixelWidth, double pixelHeight) {
@@ -52,13 +118,6 @@ const QImage& ImageLevels::For(double pixelWidth, double pixelHeight) {
     level = original.scaled(size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
   }
   return level.isNull() ? original : level;  // there may be no memory for another one
-}
-
-/// How often the image must be halved for its pixels to be at least as large as the screen's.
-int ImageLevels::HalvesFor(double pixel, int length) {
-  const int most = int(std::log2(std::max(1, length)));
-  if (!(pixel > 0)) return most;
-  return int(std::clamp(std::floor(-std::log2(pixel)), 0.0, double(most)));
 }
 
 TilePainter::TilePainter(std::shared_ptr<const Mosaic> shown)
@@ -89,10 +148,8 @@ void TilePainter::Paint(QPainter& painter, const QRectF& exposed) {
   QImage image(seen.size(), QImage::Format_ARGB32_Premultiplied);
   if (image.isNull()) return;
   Fill(image, tiles,
-       Divide((seen.left() - transform.dx()) / scaleX, 1 / scaleX, image.width(), across.tile,
-              across.spacing, across.tiles),
-       Divide((seen.top() - transform.dy()) / scaleY, 1 / scaleY, image.height(), down.tile,
-              down.spacing, down.tiles));
+       Divide((seen.left() - transform.dx()) / scaleX, 1 / scaleX, image.width(), across),
+       Divide((seen.top() - transform.dy()) / scaleY, 1 / scaleY, image.height(), down));
 
   const double ratio = painter.device()->devicePixelRatioF();
   image.setDevicePixelRatio(ratio);
@@ -101,54 +158,4 @@ void TilePainter::Paint(QPainter& painter, const QRectF& exposed) {
   painter.setOpacity(painter.opacity() * across.cover * down.cover);
   painter.drawImage(QPointF(seen.topLeft()) / ratio, image);
   painter.restore();
-}
-
-std::vector<TilePainter::Line> TilePainter::Divide(double start, double step, int pixels,
-                                                   double tile, double spacing, int tiles) {
-  const double pitch = tile + spacing;
-  std::vector<Line> lines(static_cast<size_t>(pixels));
-  for (int i = 0; i < pixels; ++i) {
-    const double from = start + i * step;
-    const auto weightOf = [&](int index) {
-      if (index < 0 || index >= tiles) return 0;
-      const double covered =
-          std::min(from + step, index * pitch + tile) - std::max(from, index * pitch);
-      return int(std::lround(std::clamp(covered / step, 0.0, 1.0) * 256));
-    };
-    const int first = int(std::floor(from / pitch));
-    Line& line = lines[size_t(i)];
-    line = {first, weightOf(first), weightOf(first + 1)};
-    if (line.weight == 0) line = {first + 1, line.nextWeight, 0};
-    if (line.weight == 0) line.tile = 0;
-    line.nextWeight = std::min(line.nextWeight, 256 - line.weight);
-  }
-  return lines;
-}
-
-void TilePainter::Fill(QImage& image, const QImage& tiles, const std::vector<Line>& columns,
-                       const std::vector<Line>& rows) {
-  for (size_t y = 0; y < rows.size(); ++y) {
-    const Line& row = rows[y];
-    auto* line = reinterpret_cast<QRgb*>(image.scanLine(int(y)));
-    if (y > 0 && row == rows[y - 1]) {
-      std::memcpy(line, image.constScanLine(int(y) - 1), size_t(image.bytesPerLine()));
-      continue;
-    }
-    const auto* upper = reinterpret_cast<const QRgb*>(tiles.constScanLine(row.tile));
-    const auto* lower =
-        reinterpret_cast<const QRgb*>(tiles.constScanLine(row.tile + (row.nextWeight > 0 ? 1 : 0)));
-    for (const Line& column : columns) {
-      if (column.weight == 256 && row.weight == 256) {
-        *line++ = upper[column.tile];
-        continue;
-      }
-      Sums sums;
-      const int next = column.tile + (column.nextWeight > 0 ? 1 : 0);
-      sums.Add(upper[column.tile], uint32_t(column.weight * row.weight));
-      sums.Add(upper[next], uint32_t(column.nextWeight * row.weight));
-      sums.Add(lower[column.tile], uint32_t(column.weight * row.nextWeight));
-      sums.Add(lower[next], uint32_t(column.nextWeight * row.nextWeight));
-      *line++ = sums.Color();
-    }
-  }
 }

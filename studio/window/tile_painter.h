@@ -5,7 +5,6 @@
 #include <map>
 #include <memory>
 #include <utility>
-#include <vector>
 
 #include "studio/mosaic/artwork.h"
 
@@ -22,8 +21,6 @@ class ImageLevels {
   const QImage& For(double pixelWidth, double pixelHeight);
 
  private:
-  static int HalvesFor(double pixel, int length);
-
   const QImage original;
   std::map<std::pair<int, int>, QImage> reduced;
 };
@@ -40,20 +37,6 @@ class TilePainter {
   void Paint(QPainter& painter, const QRectF& exposed);
 
  private:
-  /// The tile that a line of pixels begins in, the weights of it and of the next, up to 256.
-  struct Line {
-    int tile = 0;
-    int weight = 0;
-    int nextWeight = 0;
-
-    bool operator==(const Line&) const = default;
-  };
-
-  static std::vector<Line> Divide(double start, double step, int pixels, double tile,
-                                  double spacing, int tiles);
-  static void Fill(QImage& image, const QImage& tiles, const std::vector<Line>& columns,
-                   const std::vector<Line>& rows);
-
   const std::shared_ptr<const Mosaic> mosaic;
   ImageLevels levels;
 };

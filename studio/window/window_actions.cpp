@@ -173,8 +173,9 @@ WindowActions::WindowActions(QMainWindow& window) {
   for (const Row& row : kRows) MakeAction(window, *this, row);
   placeUnknown->setCheckable(true);
   preview->setCheckable(true);
-  preview->setChecked(settings::PreviewsWhileChoosing());
-  QObject::connect(preview, &QAction::toggled, settings::SetPreviewsWhileChoosing);
+  preview->setChecked(settings::kPreviewsWhileChoosing.Get());
+  QObject::connect(preview, &QAction::toggled,
+                   [](bool previews) { settings::kPreviewsWhileChoosing.Set(previews); });
   about->setMenuRole(QAction::AboutRole);
   quit->setMenuRole(QAction::QuitRole);
   FillMenus(window, *this);

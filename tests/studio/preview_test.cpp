@@ -12,8 +12,8 @@
 #include "platform/nrvui/ui_node.h"
 #include "studio/caller/dialog_choices.h"
 #include "studio/caller/mosaic_caller.h"
+#include "studio/caller/outlook.h"
 #include "studio/mosaic/mosaic_builder.h"
-#include "studio/mosaic/outlook.h"
 #include "tests/support/random_picture.h"
 
 namespace {
@@ -76,7 +76,7 @@ TEST(DialogChoices, AreThoseThatOkReturns) {
     const MosaicChoices before = asked;
     RandomPerson person(seed, before);
     const nrvui::ui::InstalledPresenter installed(person);
-    ASSERT_EQ(caller.Ask(asked.params, asked.state), MosaicCaller::Answer::kOk) << seed;
+    ASSERT_TRUE(caller.Ask(asked.params, asked.state)) << seed;
     ASSERT_EQ(std::memcmp(&asked.params, &person.expected.params, sizeof asked.params), 0) << seed;
     ASSERT_EQ(std::memcmp(&asked.state, &person.expected.state, sizeof asked.state), 0) << seed;
   }
@@ -138,8 +138,8 @@ TEST(Preview, ShowsTheTilesThatAreBuiltWithin3Of255) {
 
 TEST(Preview, SaysWhatChoicesLeadTo) {
   const Picture picture(RandomImage(60, 40, QImage::Format_RGB32, 1));
-  const Outlook good = OutlookFor(picture, Choices(100, 50, true));
-  EXPECT_TRUE(good.isMosaic);
+  const qtui::ReadOut good = OutlookFor(picture, Choices(100, 50, true));
+  EXPECT_FALSE(good.isWarning);
   EXPECT_EQ(good.text, "5000 tiles of 10 by 20 pt");
   MosaicChoices percentages = Choices(60, 40, true);
   percentages.state.aspectRatio = 1.5F;
@@ -152,8 +152,8 @@ TEST(Preview, SaysWhatChoicesLeadTo) {
             "2400 tiles of 1 by 0.67 pt. The ratio is applied to the percentages.");
   MosaicChoices crowded = Choices(100, 50, true);
   crowded.params.tileSpacingHorizontal = 98;
-  const Outlook bad = OutlookFor(picture, crowded);
-  EXPECT_FALSE(bad.isMosaic);
+  const qtui::ReadOut bad = OutlookFor(picture, crowded);
+  EXPECT_TRUE(bad.isWarning);
   EXPECT_TRUE(bad.text.startsWith("No room for tiles")) << bad.text.toStdString();
 }
 

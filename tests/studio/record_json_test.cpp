@@ -22,7 +22,7 @@ TEST(RecordJson, TellsEveryFieldOnALineOfItsOwn) {
   auto* bytes = reinterpret_cast<unsigned char*>(&record);
   std::iota(bytes, bytes + sizeof record, static_cast<unsigned char>(1));
   record.params.newWidth = 0.33f;
-  const QByteArray json = RecordToJson(record);
+  const QByteArray json = ToJson(record, Fields::kAll);
   const QJsonObject object = Parsed(json);
   EXPECT_EQ(object.size(), 28);
   EXPECT_EQ(json.count('\n'), 28 + 2);
@@ -42,7 +42,7 @@ TEST(RecordJson, ReadsBackChoicesAndNothingElseAndRefusesDamage) {
   QJsonObject expected = Parsed(json);
   expected.remove("later");
   expected.remove("newWidth");
-  EXPECT_EQ(Parsed(ChoicesToJson(ChoicesFromJson(json))), expected);
+  EXPECT_EQ(Parsed(ToJson(ChoicesFromJson(json), Fields::kChoices)), expected);
   EXPECT_EQ(ChoicesFromJson(json).params.newWidth, 0);
 
   const std::pair<const char*, const char*> kDamages[] = {{"{", ""},
@@ -72,7 +72,7 @@ TEST(RecordJson, ReadsBackChoicesAndNothingElseAndRefusesDamage) {
       for (const int32_t count : {read.params.tilesAcross, read.params.tilesDown})
         EXPECT_TRUE(count >= 1 && count <= 32767) << count;
       EXPECT_TRUE(std::isfinite(read.state.aspectRatio));
-      EXPECT_EQ(check::Bytes(ChoicesFromJson(ChoicesToJson(read))), check::Bytes(read));
+      EXPECT_EQ(check::Bytes(ChoicesFromJson(ToJson(read, Fields::kChoices))), check::Bytes(read));
     } catch (const StudioError& refusal) {
       EXPECT_STRNE(refusal.what(), "");
     }

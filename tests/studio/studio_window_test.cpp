@@ -92,7 +92,7 @@ class StudioWindowTest : public StudioFolder {
   }
 
   void Open() {
-    window.emplace(Path("state"));
+    window.emplace(Path("state"), presenter);
     window->show();
     ASSERT_TRUE(QTest::qWaitForWindowExposed(&*window));
   }
@@ -106,23 +106,41 @@ class StudioWindowTest : public StudioFolder {
     window.reset();
   }
   void Play(const char* gestures) {
-    window->Presenter().PlayScript(nrvui::gestures::GestureScript::Parse(gestures, "test"));
+    presenter.PlayScript(nrvui::gestures::GestureScript::Parse(gestures, "test"));
+  }
+  /// Answers whether there is a new mosaic.
+  bool Create() {
+    const ArtworkPtr before = window->Shown();
+    Action("createTesserae").trigger();
+    return window->Shown() != before;
   }
   bool Create(const char* gestures) {
     Play(gestures);
-    return window->CreateTesserae();
+    return Create();
+  }
+  /// The next time that the person is asked where to export to, they type this.
+  void Type(const QString& name) {
+    WhenOpen<QDialog>("export", [name](QDialog& dialog) {
+      dialog.findChild<QLineEdit*>()->setText(name);
+      dialog.accept();
+    });
+  }
+  void Export(const char* name) {
+    Type(name);
+    Action("export").trigger();
+    EXPECT_FALSE(window->isWindowModified());
   }
   /// The script plays in the first dialog; `person` has the one that comes again, then cancels.
   void CreateTwice(const char* gestures, const std::function<void(QWidget&)>& person) {
     int dialogs = 0;
-    window->Presenter().WhenPainted([&](QWidget& dialog) {
+    presenter.WhenPainted([&](QWidget& dialog) {
       if (++dialogs == 1) return;
       person(dialog);
       dialog.close();
     });
     EXPECT_FALSE(Create(gestures));
     EXPECT_EQ(dialogs, 2);
-    window->Presenter().WhenPainted({});
+    presenter.WhenPainted({});
   }
   static QString Message(const QWidget& dialog) {
     return dialog.findChild<QWidget*>("messages")->findChildren<QLabel*>().back()->text();
@@ -131,6 +149,7 @@ class StudioWindowTest : public StudioFolder {
   QString Summary() const { return window->findChild<QLabel*>("summary")->text(); }
   QImage Canvas() const { return window->findChild<::Canvas*>()->grab().toImage(); }
 
+  qtui::QtPresenter presenter;
   std::optional<StudioWindow> window;
   QObject hooks;
   QTimer watchdog;
@@ -147,31 +166,31 @@ TEST_F(StudioWindowTest, TheCanvasShowsWhatOkWouldBuildWhileTheDialogIsOpen) {
     said = Message(dialog);
     EXPECT_FALSE(window->findChild<::Canvas*>()->ArtOnScreen().isEmpty());
   };
-  window->Presenter().WhenPainted([&](QWidget& dialog) {
+  presenter.WhenPainted([&](QWidget& dialog) {
     QTimer::singleShot(0, &dialog, [&] {
       look(dialog);
       dialog.close();
     });
   });
-  EXPECT_FALSE(window->CreateTesserae());
+  EXPECT_FALSE(Create());
   EXPECT_NE(preview, picture);
   EXPECT_TRUE(said.startsWith("6700 tiles of 0.6 by 0.597 pt")) << said.toStdString();
   EXPECT_EQ(Canvas(), picture);  // cancelled
 
   Action("previewWhileChoosing").trigger();
-  EXPECT_FALSE(window->CreateTesserae());
+  EXPECT_FALSE(Create());
   EXPECT_EQ(preview, picture);
   Action("previewWhileChoosing").trigger();
 
-  window->Presenter().WhenPainted([&](QWidget& dialog) {
+  presenter.WhenPainted([&](QWidget& dialog) {
     QTimer::singleShot(0, &dialog, [&] {
       look(dialog);
       QTest::keyClick(&dialog, Qt::Key_Return);
     });
   });
-  EXPECT_TRUE(window->CreateTesserae());
+  EXPECT_TRUE(Create());
   EXPECT_EQ(preview, Canvas());
-  EXPECT_TRUE(window->Export(Path("out.svg")));
+  Export("out.svg");
 }
 
 TEST_F(StudioWindowTest, APictureBecomesAMosaicThatCanBeUndoneAndExported) {
@@ -195,7 +214,7 @@ TEST_F(StudioWindowTest, APictureBecomesAMosaicThatCanBeUndoneAndExported) {
   Action("redo").trigger();
   EXPECT_EQ(Canvas(), mosaic);
 
-  EXPECT_TRUE(window->Export(Path("a.svg")));
+  Export("a.svg");
   EXPECT_TRUE(QFile::exists(Path("a.svg")));
   // A dot in the name makes no ending, and a picture's ending no drawing.
   const std::pair<const char*, const char*> kTyped[] = {
@@ -226,7 +245,7 @@ TEST_F(StudioWindowTest, APictureBecomesAMosaicThatCanBeUndoneAndExported) {
   ASSERT_TRUE(QFile::remove(Path("a.png")));
   Action("exportAgain").trigger();
   EXPECT_EQ(QImage(Path("a.png")).size(), QSize(90, 60));
-  EXPECT_EQ(settings::ExportEnding(), ".png");
+  EXPECT_EQ(settings::kExportEnding.Get(), ".png");
 
   Action("copy").trigger();
   EXPECT_EQ(QApplication::clipboard()->mimeData()->data("image/svg+xml").count("<rect "), 96);
@@ -279,7 +298,7 @@ TEST_F(StudioWindowTest, APictureOfUnknownSizeLeadsToPercentages) {
   EXPECT_EQ(Summary(), "Size unknown");
   QString shownWidth;
   QWidget* owner = nullptr;
-  window->Presenter().WhenPainted([&](QWidget& dialog) {
+  presenter.WhenPainted([&](QWidget& dialog) {
     shownWidth = dialog.findChild<QLabel*>("OrigWidthStatic")->text();
     owner = dialog.parentWidget();
   });
@@ -290,7 +309,7 @@ TEST_F(StudioWindowTest, APictureOfUnknownSizeLeadsToPercentages) {
   EXPECT_EQ(owner, &*window);
   EXPECT_NEAR(window->Shown()->Size().width(), 30, 0.01);
   EXPECT_EQ(window->Shown()->mosaic->below.size(), QSize(60, 40)) << "the raster stays";
-  EXPECT_TRUE(window->Export(Path("a.svg")));
+  Export("a.svg");
 
   window->SetSizeUnknown(false);
   ASSERT_TRUE(window->OpenPicture(Path("in.png")));
@@ -345,8 +364,8 @@ TEST_F(StudioWindowTest, EntriesComeBackAsTheyWere) {
       "enter HorizontalCountTxt 12\nenter TileSpaceHorzTxt 2.5\nclick GrayRadio\n"
       "click DeleteRasterChk\nkey Return",
       expectEntries);
-  window->Presenter().PlayScript(nrvui::gestures::GestureScript::Parse("", "test"));
-  window->Presenter().WhenPainted(expectEntries);
+  presenter.PlayScript(nrvui::gestures::GestureScript::Parse("", "test"));
+  presenter.WhenPainted(expectEntries);
   Action("createTesseraeAgain").trigger();
   EXPECT_EQ(seen, 2);
   CreateTwice(
