@@ -13,10 +13,6 @@ const char* Error::what() const noexcept {
   return key.View().data();
 }
 
-const UTF16String& Error::Text() const noexcept {
-  return text;
-}
-
 void ThrowError(ErrorLevel, const char* key, unsigned, int, bool, const ReplacementValue& first,
                 const ReplacementValue& second, const ReplacementValue& third,
                 const ReplacementValue& fourth) {

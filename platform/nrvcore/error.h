@@ -20,7 +20,7 @@ class NRV_EXPORT Error : public std::exception {
   /// The localisation key.
   const char* what() const noexcept override;
   /// The localised text, with its replacements, as it was when the error was thrown.
-  const UTF16String& Text() const noexcept;
+  const UTF16String& Text() const noexcept { return text; }
 
  private:
   String key;

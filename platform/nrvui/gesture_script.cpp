@@ -140,12 +140,4 @@ GestureScript GestureScript::Parse(std::string_view text, const std::string& nam
   return script;
 }
 
-const std::string& GestureScript::Name() const {
-  return name;
-}
-
-const std::vector<Step>& GestureScript::Steps() const {
-  return steps;
-}
-
 }  // namespace nrvui::gestures

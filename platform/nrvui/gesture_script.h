@@ -39,8 +39,8 @@ class NRV_EXPORT GestureScript {
   static GestureScript ReadFile(const std::filesystem::path& path);
   static GestureScript Parse(std::string_view text, const std::string& name);
 
-  const std::string& Name() const;
-  const std::vector<Step>& Steps() const;
+  const std::string& Name() const { return name; }
+  const std::vector<Step>& Steps() const { return steps; }
 
  private:
   std::string name;

@@ -66,26 +66,14 @@ void OS_Dialog::Center() {
   SetPlacement(DialogPlacement::kCentered);
 }
 
-DialogPlacement OS_Dialog::GetPlacement() const {
-  return placement;
-}
-
 void OS_Dialog::SetPlacement(DialogPlacement newPlacement) {
   placement = newPlacement;
   UI_Changed();
 }
 
-nrvcore::geom::PointT<float> OS_Dialog::GetDialogPoint() const {
-  return dialogPoint;
-}
-
 void OS_Dialog::SetMinimumSize(nrvcore::geom::PointT<float> newMinimumSize) {
   minimumSize = {Bounded(newMinimumSize.x, 0), Bounded(newMinimumSize.y, 0)};
   UI_Changed();
-}
-
-nrvcore::geom::PointT<float> OS_Dialog::GetMinimumSize() const {
-  return minimumSize;
 }
 
 void OS_Dialog::SetContentSize(nrvcore::geom::PointT<float> contentSize) {
@@ -95,18 +83,6 @@ void OS_Dialog::SetContentSize(nrvcore::geom::PointT<float> contentSize) {
 nrvcore::geom::PointT<float> OS_Dialog::GetContentSize() const {
   const auto rect = UI_GetLocalRectF();
   return {rect.right, rect.bottom};
-}
-
-const nrvcore::UTF16String& OS_Dialog::GetTitle() const {
-  return title;
-}
-
-const DialogStyle& OS_Dialog::GetStyle() const {
-  return style;
-}
-
-const drawbot::SupplierInterface* OS_Dialog::GetDrawingSupplier() const {
-  return supplier;
 }
 
 }  // namespace nrvui::ui

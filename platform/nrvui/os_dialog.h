@@ -62,20 +62,20 @@ class NRV_EXPORT OS_Dialog : public UI_Node {
   virtual void RunModal();
 
   void Center();
-  DialogPlacement GetPlacement() const;
-  nrvcore::geom::PointT<float> GetDialogPoint() const;
+  DialogPlacement GetPlacement() const { return placement; }
+  nrvcore::geom::PointT<float> GetDialogPoint() const { return dialogPoint; }
 
   /// Bounds what a person can make of the content; the content itself stays as it is. Sides count
   /// as in UI_SetLocalRectF.
   void SetMinimumSize(nrvcore::geom::PointT<float> newMinimumSize);
-  nrvcore::geom::PointT<float> GetMinimumSize() const;
+  nrvcore::geom::PointT<float> GetMinimumSize() const { return minimumSize; }
   /// Becomes the local rectangle; UI_ContentRectChanged is called when it differs.
   void SetContentSize(nrvcore::geom::PointT<float> contentSize);
   nrvcore::geom::PointT<float> GetContentSize() const;
 
-  const nrvcore::UTF16String& GetTitle() const;
-  const DialogStyle& GetStyle() const;
-  const drawbot::SupplierInterface* GetDrawingSupplier() const;
+  const nrvcore::UTF16String& GetTitle() const { return title; }
+  const DialogStyle& GetStyle() const { return style; }
+  const drawbot::SupplierInterface* GetDrawingSupplier() const { return supplier; }
 
  protected:
   OS_Dialog(const drawbot::SupplierInterface* drawingSupplier,

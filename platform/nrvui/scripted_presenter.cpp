@@ -114,8 +114,4 @@ void ScriptedPresenter::Present(ui::UI_Dialog& dialog) {
   error = run.Play([&](const Step& step) { return Play(dialog, run, step); });
 }
 
-const std::optional<ScriptError>& ScriptedPresenter::Error() const {
-  return error;
-}
-
 }  // namespace nrvui::gestures

@@ -54,7 +54,7 @@ class NRV_EXPORT ScriptedPresenter final : public ui::DialogPresenter {
   void Present(ui::UI_Dialog& dialog) override;
 
   /// What stopped the last run, if anything did.
-  const std::optional<ScriptError>& Error() const;
+  const std::optional<ScriptError>& Error() const { return error; }
 
  private:
   GestureScript script;

@@ -4,7 +4,6 @@
 
 namespace nrvui::controls {
 
-UI_ControlView::UI_ControlView() = default;
 UI_ControlView::~UI_ControlView() = default;
 
 void UI_ControlView::NotifyWhenChanged(
@@ -26,17 +25,9 @@ void UI_ControlView::SetDisabled(bool disable) {
   UI_Changed();
 }
 
-bool UI_ControlView::IsDisabled() const {
-  return isDisabled;
-}
-
 void UI_ControlView::SetCaption(const nrvcore::UTF16String& newCaption) {
   caption = newCaption;
   UI_Changed();
-}
-
-const nrvcore::UTF16String& UI_ControlView::GetCaption() const {
-  return caption;
 }
 
 void UI_ControlView::SetHelp(const nrvcore::String& key) {
@@ -60,25 +51,14 @@ void UI_ControlView::ShowMnemonic(bool show) {
   UI_Changed();
 }
 
-bool UI_ControlView::IsMnemonicShown() const {
-  return mnemonicShown;
-}
-
-UI_Button::UI_Button() = default;
 UI_Button::~UI_Button() = default;
 
-UI_TextButton::UI_TextButton() = default;
 UI_TextButton::~UI_TextButton() = default;
 
-UI_StaticText::UI_StaticText() = default;
 UI_StaticText::~UI_StaticText() = default;
 
 void UI_StaticText::SetValue(const nrvcore::UTF16String& text) {
   SetCaption(text);
-}
-
-const nrvcore::UTF16String& UI_StaticText::GetValue() const {
-  return GetCaption();
 }
 
 void UI_StaticText::SetBuddy(const nrvcore::String& nodeID) {
@@ -86,11 +66,6 @@ void UI_StaticText::SetBuddy(const nrvcore::String& nodeID) {
   UI_Changed();
 }
 
-const nrvcore::String& UI_StaticText::GetBuddy() const {
-  return buddy;
-}
-
-UI_Checkbox::UI_Checkbox() = default;
 UI_Checkbox::~UI_Checkbox() = default;
 
 bool UI_Checkbox::IsChecked() const {
@@ -102,12 +77,7 @@ void UI_Checkbox::SetChecked(bool check) {
   UI_Changed();
 }
 
-UI_RadioButton::UI_RadioButton() = default;
 UI_RadioButton::~UI_RadioButton() = default;
-
-RadioValue UI_RadioButton::GetValue() const {
-  return value;
-}
 
 void UI_RadioButton::SetValue(RadioValue newValue) {
   value = newValue;
@@ -117,10 +87,6 @@ void UI_RadioButton::SetValue(RadioValue newValue) {
 void UI_RadioButton::SetGroup(const nrvcore::String& name) {
   group = name;
   UI_Changed();
-}
-
-const nrvcore::String& UI_RadioButton::GetGroup() const {
-  return group;
 }
 
 }  // namespace nrvui::controls

@@ -11,7 +11,6 @@ using ChangeNotifyFunction = boost::function<void(ui::MessageT<ui::UI_Node>*)>;
 /// gestures, which notify the control that was touched.
 class NRV_EXPORT UI_ControlView : public ui::UI_SubView {
  public:
-  UI_ControlView();
   ~UI_ControlView() override;
 
   /// At most one function, called after a person changed the control; null takes it away.
@@ -20,18 +19,18 @@ class NRV_EXPORT UI_ControlView : public ui::UI_SubView {
   void NotifyChangedByPerson();
 
   void SetDisabled(bool disable);
-  bool IsDisabled() const;
+  bool IsDisabled() const { return isDisabled; }
 
   /// In a caption '&' stands before the letter that is the control's mnemonic, "&&" for itself.
   void SetCaption(const nrvcore::UTF16String& newCaption);
-  const nrvcore::UTF16String& GetCaption() const;
+  const nrvcore::UTF16String& GetCaption() const { return caption; }
   /// Keys of a sentence that says what the control is for, and of one that says why it is disabled.
   void SetHelp(const nrvcore::String& key);
   void SetDisabledHelp(const nrvcore::String& key);
   /// The sentence that fits its present state, in the user's language; may be empty.
   nrvcore::UTF16String GetHelp() const;
   void ShowMnemonic(bool show);
-  bool IsMnemonicShown() const;
+  bool IsMnemonicShown() const { return mnemonicShown; }
 
  private:
   boost::shared_ptr<ChangeNotifyFunction> changed;
@@ -45,14 +44,12 @@ class NRV_EXPORT UI_ControlView : public ui::UI_SubView {
 /// A push button. It has no value: its function is called for each press.
 class NRV_EXPORT UI_Button : public UI_ControlView {
  public:
-  UI_Button();
   ~UI_Button() override;
 };
 
 /// A button that shows its caption and nothing else.
 class NRV_EXPORT UI_TextButton : public UI_Button {
  public:
-  UI_TextButton();
   ~UI_TextButton() override;
 };
 
@@ -60,16 +57,15 @@ class NRV_EXPORT UI_TextButton : public UI_Button {
 /// mnemonic, or a value, which is shown as it stands.
 class NRV_EXPORT UI_StaticText : public UI_ControlView {
  public:
-  UI_StaticText();
   ~UI_StaticText() override;
 
   /// The same text as the caption's.
   void SetValue(const nrvcore::UTF16String& text);
-  const nrvcore::UTF16String& GetValue() const;
+  const nrvcore::UTF16String& GetValue() const { return GetCaption(); }
 
   /// The node ID of the control that this labels; empty for none.
   void SetBuddy(const nrvcore::String& nodeID);
-  const nrvcore::String& GetBuddy() const;
+  const nrvcore::String& GetBuddy() const { return buddy; }
 
  private:
   nrvcore::String buddy;
@@ -78,7 +74,6 @@ class NRV_EXPORT UI_StaticText : public UI_ControlView {
 /// A caption with a mark that a click sets or takes away.
 class NRV_EXPORT UI_Checkbox : public UI_ControlView {
  public:
-  UI_Checkbox();
   ~UI_Checkbox() override;
 
   bool IsChecked() const;
@@ -94,14 +89,13 @@ enum RadioValue { kRadioOff = 0, kRadioOn = 1 };
 /// Setting a value from code leaves the others as they are.
 class NRV_EXPORT UI_RadioButton : public UI_ControlView {
  public:
-  UI_RadioButton();
   ~UI_RadioButton() override;
 
-  RadioValue GetValue() const;
+  RadioValue GetValue() const { return value; }
   void SetValue(RadioValue newValue);
 
   void SetGroup(const nrvcore::String& name);
-  const nrvcore::String& GetGroup() const;
+  const nrvcore::String& GetGroup() const { return group; }
 
  private:
   RadioValue value = kRadioOff;

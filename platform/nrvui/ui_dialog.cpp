@@ -71,18 +71,6 @@ void UI_Dialog::SetInitialFocus(const boost::intrusive_ptr<UI_Node>& node) {
   initialFocus = node;
 }
 
-const boost::intrusive_ptr<controls::UI_Button>& UI_Dialog::GetOkButton() const {
-  return okButton;
-}
-
-const boost::intrusive_ptr<controls::UI_Button>& UI_Dialog::GetCancelButton() const {
-  return cancelButton;
-}
-
-const boost::intrusive_ptr<UI_Node>& UI_Dialog::GetInitialFocus() const {
-  return initialFocus;
-}
-
 void UI_Dialog::Position() {
   SetPlacement(DialogPlacement::kPositioned);
 }

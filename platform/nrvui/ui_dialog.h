@@ -46,9 +46,9 @@ class NRV_EXPORT UI_Dialog : public OS_Dialog {
   void SetOkButton(const boost::intrusive_ptr<controls::UI_Button>& button);
   void SetCancelButton(const boost::intrusive_ptr<controls::UI_Button>& button);
   void SetInitialFocus(const boost::intrusive_ptr<UI_Node>& node);
-  const boost::intrusive_ptr<controls::UI_Button>& GetOkButton() const;
-  const boost::intrusive_ptr<controls::UI_Button>& GetCancelButton() const;
-  const boost::intrusive_ptr<UI_Node>& GetInitialFocus() const;
+  const boost::intrusive_ptr<controls::UI_Button>& GetOkButton() const { return okButton; }
+  const boost::intrusive_ptr<controls::UI_Button>& GetCancelButton() const { return cancelButton; }
+  const boost::intrusive_ptr<UI_Node>& GetInitialFocus() const { return initialFocus; }
 
   /// Leaves the place to the platform.
   void Position();

@@ -7,7 +7,6 @@
 
 namespace nrvui::controls {
 
-UI_TextEdit::UI_TextEdit() = default;
 UI_TextEdit::~UI_TextEdit() = default;
 
 nrvcore::UTF16String UI_TextEdit::GetValue() const {
@@ -38,7 +37,6 @@ ParsedNumber Parse(const nrvcore::UTF16String& text, NumberUnit unit) {
 
 }  // namespace
 
-UI_NumberEdit::UI_NumberEdit() = default;
 UI_NumberEdit::~UI_NumberEdit() = default;
 
 double UI_NumberEdit::GetNumber() const {
@@ -58,10 +56,6 @@ void UI_NumberEdit::SetLowerBound(double bound) {
 void UI_NumberEdit::SetUpperBound(double bound) {
   upperBound = bound;
   UI_Changed();
-}
-
-double UI_NumberEdit::GetLowerBound() const {
-  return lowerBound;
 }
 
 double UI_NumberEdit::GetUpperBound() const {
@@ -114,9 +108,6 @@ nrvcore::UTF16String UI_NumberEdit::Format(double value) const {
 }
 
 template <class Base>
-UI_UnitNumberBaseT<Base>::UI_UnitNumberBaseT() = default;
-
-template <class Base>
 UI_UnitNumberBaseT<Base>::~UI_UnitNumberBaseT() = default;
 
 template <class Base>
@@ -132,7 +123,6 @@ NumberUnit UI_UnitNumberBaseT<Base>::GetUnit() const {
 
 template class UI_UnitNumberBaseT<UI_NumberEdit>;
 
-UI_UnitNumberEdit::UI_UnitNumberEdit() = default;
 UI_UnitNumberEdit::~UI_UnitNumberEdit() = default;
 
 }  // namespace nrvui::controls

@@ -11,7 +11,6 @@ namespace nrvui::controls {
 /// A field in which a person edits a text.
 class NRV_EXPORT UI_TextEdit : public UI_ControlView {
  public:
-  UI_TextEdit();
   ~UI_TextEdit() override;
 
   /// The text that the field displays.
@@ -30,14 +29,13 @@ class NRV_EXPORT UI_TextEdit : public UI_ControlView {
 /// the lower one counts as the lower one.
 class NRV_EXPORT UI_NumberEdit : public UI_TextEdit {
  public:
-  UI_NumberEdit();
   ~UI_NumberEdit() override;
 
   virtual double GetNumber() const;
   virtual void SetNumber(double newNumber);
   virtual void SetLowerBound(double bound);
   virtual void SetUpperBound(double bound);
-  double GetLowerBound() const;
+  double GetLowerBound() const { return lowerBound; }
   /// The lower bound where that is greater.
   double GetUpperBound() const;
 
@@ -63,7 +61,6 @@ class NRV_EXPORT UI_UnitNumberBaseT : public Base {
  public:
   enum CustomNumberEditUnit { kPercentUnit = 0, kLengthUnit = 1 };
 
-  UI_UnitNumberBaseT();
   ~UI_UnitNumberBaseT() override;
 
   /// The number stays as it is: 100 % becomes 100 pt.
@@ -78,7 +75,6 @@ extern template class UI_UnitNumberBaseT<UI_NumberEdit>;
 
 class NRV_EXPORT UI_UnitNumberEdit : public UI_UnitNumberBaseT<UI_NumberEdit> {
  public:
-  UI_UnitNumberEdit();
   ~UI_UnitNumberEdit() override;
 };
 

@@ -10,7 +10,6 @@ MessageT<Node>::~MessageT() = default;
 
 template class MessageT<UI_Node>;
 
-UI_ControlChangedMessage::UI_ControlChangedMessage() = default;
 UI_ControlChangedMessage::~UI_ControlChangedMessage() = default;
 
 }  // namespace nrvui::ui

@@ -23,7 +23,6 @@ extern template class MessageT<UI_Node>;
 /// A person changed a control.
 class NRV_EXPORT UI_ControlChangedMessage : public MessageT<UI_Node> {
  public:
-  UI_ControlChangedMessage();
   ~UI_ControlChangedMessage() override;
 };
 

@@ -94,10 +94,6 @@ void UI_Node::UI_Show(bool show) {
   UI_Changed();
 }
 
-bool UI_Node::UI_IsShown() const {
-  return shown;
-}
-
 bool UI_Node::UI_IsVisible() const {
   for (const UI_Node* node = this; node != nullptr; node = node->parent) {
     if (!node->shown) return false;

@@ -91,7 +91,7 @@ class NRV_EXPORT UI_Node : public UI_Container {
       const boost::shared_ptr<boost::function<void()>>& notifyFunction);
 
   void UI_Show(bool show);
-  bool UI_IsShown() const;
+  bool UI_IsShown() const { return shown; }
   /// Shown, and so is everything above it.
   bool UI_IsVisible() const;
 

@@ -7,7 +7,6 @@
 
 namespace nrvui::ui {
 
-UI_SubView::UI_SubView() = default;
 UI_SubView::~UI_SubView() = default;
 
 void UI_SubView::UI_TurnMnemonicsOnOffForAllChildren(bool on) {
@@ -15,22 +14,15 @@ void UI_SubView::UI_TurnMnemonicsOnOffForAllChildren(bool on) {
       *this, [on](controls::UI_ControlView& control) { control.ShowMnemonic(on); });
 }
 
-OS_View::OS_View() = default;
 OS_View::~OS_View() = default;
 
-UI_Layout::UI_Layout() = default;
 UI_Layout::~UI_Layout() = default;
 
-UI_Panel::UI_Panel() = default;
 UI_Panel::~UI_Panel() = default;
 
 void UI_Panel::SetArrangement(PanelArrangement newArrangement) {
   arrangement = newArrangement;
   UI_Changed();
-}
-
-PanelArrangement UI_Panel::GetArrangement() const {
-  return arrangement;
 }
 
 void UI_Panel::SetColumnCount(unsigned count) {
@@ -39,17 +31,9 @@ void UI_Panel::SetColumnCount(unsigned count) {
   UI_Changed();
 }
 
-unsigned UI_Panel::GetColumnCount() const {
-  return columnCount;
-}
-
 void UI_Panel::SetTitle(const nrvcore::UTF16String& newTitle) {
   title = newTitle;
   UI_Changed();
-}
-
-const nrvcore::UTF16String& UI_Panel::GetTitle() const {
-  return title;
 }
 
 bool UI_Panel::IsSpace() const {

@@ -7,7 +7,6 @@ namespace nrvui::ui {
 /// A node that takes part in a window: every view and every control.
 class NRV_EXPORT UI_SubView : public UI_Node {
  public:
-  UI_SubView();
   ~UI_SubView() override;
 
   /// Shows or hides the mnemonic of every control below this view, at any depth.
@@ -17,7 +16,6 @@ class NRV_EXPORT UI_SubView : public UI_Node {
 /// A view with a window of its own: the root view of a dialog.
 class NRV_EXPORT OS_View : public UI_SubView {
  public:
-  OS_View();
   ~OS_View() override;
 };
 
@@ -26,7 +24,6 @@ class NRV_EXPORT OS_View : public UI_SubView {
 /// follows.
 class NRV_EXPORT UI_Layout : public UI_SubView {
  public:
-  UI_Layout();
   ~UI_Layout() override;
 };
 
@@ -38,20 +35,19 @@ class NRV_EXPORT UI_Panel : public UI_SubView {
  public:
   static constexpr unsigned kMostColumns = 16;
 
-  UI_Panel();
   ~UI_Panel() override;
 
   void SetArrangement(PanelArrangement newArrangement);
-  PanelArrangement GetArrangement() const;
+  PanelArrangement GetArrangement() const { return arrangement; }
 
   /// Children of a grid fill it row by row. Throws std::invalid_argument for 0 and for more than
   /// kMostColumns.
   void SetColumnCount(unsigned count);
-  unsigned GetColumnCount() const;
+  unsigned GetColumnCount() const { return columnCount; }
 
   /// A panel with a title is a group with a frame; empty means none.
   void SetTitle(const nrvcore::UTF16String& newTitle);
-  const nrvcore::UTF16String& GetTitle() const;
+  const nrvcore::UTF16String& GetTitle() const { return title; }
 
   /// Without title and content: it takes what room is left in a row or column, and leaves a place
   /// of a grid empty.
