@@ -34,7 +34,7 @@ void OpenDialog::Click(const std::string& nodeID) const {
 }
 
 std::string Utf8(const nrvcore::UTF16String& text) {
-  return std::string(nrvcore::utility::UTF16ToUTF8(text.View()).View());
+  return nrvcore::utility::UTF16ToUTF8(text.View());
 }
 
 }  // namespace check

@@ -160,7 +160,7 @@ std::string Message(const char* key, std::initializer_list<std::string_view> val
   for (const std::string_view value : values)
     replacements.emplace_back(utility::UTF8ToUTF16(value));
   const UTF16String text = WithReplacements(Localizer::Get().Localize(key).View(), replacements);
-  return std::string(utility::UTF16ToUTF8(text.View()).View());
+  return utility::UTF16ToUTF8(text.View());
 }
 
 }  // namespace nrvcore::config

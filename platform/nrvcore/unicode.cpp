@@ -78,11 +78,11 @@ UTF16String UTF8ToUTF16(std::string_view text) {
   return UTF16String(out);
 }
 
-String UTF16ToUTF8(std::u16string_view text) {
+std::string UTF16ToUTF8(std::u16string_view text) {
   std::string out;
   out.reserve(text.size());
   AppendConverted<UTF8>(text, out);
-  return String(out);
+  return out;
 }
 
 bool IsValidUTF8(std::string_view text) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <string>
 #include <string_view>
 
 #include "platform/nrvcore/string.h"
@@ -8,7 +9,7 @@ namespace nrvcore::utility {
 
 /// Neither direction fails: whatever is malformed becomes U+FFFD.
 NRV_EXPORT UTF16String UTF8ToUTF16(std::string_view text);
-NRV_EXPORT String UTF16ToUTF8(std::u16string_view text);
+NRV_EXPORT std::string UTF16ToUTF8(std::u16string_view text);
 
 NRV_EXPORT bool IsValidUTF8(std::string_view text);
 

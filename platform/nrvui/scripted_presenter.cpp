@@ -27,7 +27,7 @@ UI_Node* FindControl(const ui::UI_Dialog& dialog, std::string_view id) {
 }
 
 std::string Sentence(const Outcome& outcome) {
-  return std::string(nrvcore::utility::UTF16ToUTF8(Describe(outcome).View()).View());
+  return nrvcore::utility::UTF16ToUTF8(Describe(outcome).View());
 }
 
 }  // namespace
@@ -50,6 +50,24 @@ std::optional<ScriptError> ScriptRun::Play(const std::function<Outcome(const Ste
          Message(
              "$$$/nrvui/Script/StaysOpen=the script ended with the dialog open; it was cancelled"));
   dialog.DefaultCloseCancel();
+  return {};
+}
+
+Outcome ScriptRun::Perform(const Step& step) const {
+  switch (step.verb) {
+    case Verb::kEnter: {
+      UI_Node& field = Control(step);
+      return Enter(dialog, field, Typed(step, field));
+    }
+    case Verb::kClick:
+      return Click(dialog, Control(step));
+    case Verb::kKey:
+      return Press(dialog, step.target == "Return" ? Key::kReturn : Key::kEscape);
+    case Verb::kClose:
+      return Close(dialog);
+    case Verb::kResize:
+      return Resize(dialog, {step.width, step.height});
+  }
   return {};
 }
 
@@ -80,38 +98,14 @@ void ScriptRun::Report(const std::string& message) const {
   if (reportFunction) reportFunction(message);
 }
 
-namespace {
-
-Outcome Play(ui::UI_Dialog& dialog, const ScriptRun& run, const Step& step) {
-  switch (step.verb) {
-    case Verb::kEnter: {
-      UI_Node& field = run.Control(step);
-      return Enter(dialog, field, ScriptRun::Typed(step, field));
-    }
-    case Verb::kClick:
-      return Click(dialog, run.Control(step));
-    case Verb::kKey:
-      return Press(dialog, step.target == "Return" ? Key::kReturn : Key::kEscape);
-    case Verb::kClose:
-      return Close(dialog);
-    case Verb::kResize:
-      return Resize(dialog, {step.width, step.height});
-  }
-  return {};
-}
-
-}  // namespace
-
 ScriptedPresenter::ScriptedPresenter(GestureScript gestureScript,
                                      std::function<void(const std::string&)> report)
     : script(std::move(gestureScript)), reportFunction(std::move(report)) {}
 
-ScriptedPresenter::~ScriptedPresenter() = default;
-
 void ScriptedPresenter::Present(ui::UI_Dialog& dialog) {
   error.reset();
   const ScriptRun run(script, dialog, reportFunction);
-  error = run.Play([&](const Step& step) { return Play(dialog, run, step); });
+  error = run.Play([&](const Step& step) { return run.Perform(step); });
 }
 
 }  // namespace nrvui::gestures

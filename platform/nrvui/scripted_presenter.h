@@ -24,6 +24,9 @@ class NRV_EXPORT ScriptRun {
   /// cancels the dialog and is the answer.
   std::optional<ScriptError> Play(const std::function<Outcome(const Step&)>& play) const;
 
+  /// The gesture that the step means, without a window.
+  Outcome Perform(const Step& step) const;
+
   /// Throws ScriptError when the dialog has no such control.
   ui::UI_Node& Control(const Step& step) const;
 
@@ -49,7 +52,6 @@ class NRV_EXPORT ScriptedPresenter final : public ui::DialogPresenter {
   /// pulled, and a dialog that the script left open.
   explicit ScriptedPresenter(GestureScript gestureScript,
                              std::function<void(const std::string&)> report = {});
-  ~ScriptedPresenter();
 
   void Present(ui::UI_Dialog& dialog) override;
 

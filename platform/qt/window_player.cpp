@@ -67,54 +67,44 @@ std::optional<ScriptError> WindowPlayer::Play(const std::function<void()>& after
 Outcome WindowPlayer::Play(const Step& step) {
   switch (step.verb) {
     case Verb::kEnter:
-      return Enter(step);
+      Enter(step);
+      break;
     case Verb::kClick:
-      return Click(step);
+      if (QWidget* const widget = Reachable(scriptRun.Control(step))) ClickAt(*widget);
+      break;
     case Verb::kKey:
-      return Press(step);
+      TypeKey(step.target == "Return" ? Qt::Key_Return : Qt::Key_Escape);
+      break;
     case Verb::kClose:
-      return Close(step);
+      if (!run.IsOver()) window.close();
+      break;
     case Verb::kResize:
       return Resize(step);
   }
-  return {};
+  if (const auto taken = run.TakeOutcome()) return *taken;
+  // The events met nothing; the toolkit knows the reason.
+  const bool wasOver = run.IsOver();
+  Outcome outcome;
+  run.Guard([&] { outcome = scriptRun.Perform(step); });
+  if (outcome.changed || run.IsOver() != wasOver)
+    throw ScriptError(
+        script.Name(), step.line,
+        nrvcore::config::Message("$$$/nrvui/Script/NoNotice=the window took no notice"));
+  return outcome;
 }
 
-Outcome WindowPlayer::Enter(const Step& step) {
+void WindowPlayer::Enter(const Step& step) {
   UI_Node& node = scriptRun.Control(step);
   QWidget* const widget = Reachable(node);
-  if (dynamic_cast<nrvui::controls::UI_TextEdit*>(&node) != nullptr && widget != nullptr) {
-    ClickAt(*widget);
-    TypeKey(Qt::Key_A, Qt::ControlModifier);
-    if (step.text.empty()) TypeKey(Qt::Key_Delete);
-    for (const char32_t character : ToQString(scriptRun.Typed(step, node)).toUcs4()) {
-      TypeKey(0, Qt::NoModifier, QString::fromUcs4(&character, 1));
-    }
-    TypeKey(Qt::Key_Tab);
-    run.CommitEdit();  // where there is nothing else to go on to
+  if (dynamic_cast<nrvui::controls::UI_TextEdit*>(&node) == nullptr || widget == nullptr) return;
+  ClickAt(*widget);
+  TypeKey(Qt::Key_A, Qt::ControlModifier);
+  if (step.text.empty()) TypeKey(Qt::Key_Delete);
+  for (const char32_t character : ToQString(scriptRun.Typed(step, node)).toUcs4()) {
+    TypeKey(0, Qt::NoModifier, QString::fromUcs4(&character, 1));
   }
-  return TakenOr(step, [&] {
-    return nrvui::gestures::Enter(run.Dialog(), node, scriptRun.Typed(step, node));
-  });
-}
-
-Outcome WindowPlayer::Click(const Step& step) {
-  UI_Node& node = scriptRun.Control(step);
-  if (QWidget* const widget = Reachable(node)) ClickAt(*widget);
-  return TakenOr(step, [&] { return nrvui::gestures::Click(run.Dialog(), node); });
-}
-
-Outcome WindowPlayer::Press(const Step& step) {
-  const bool isReturn = step.target == "Return";
-  TypeKey(isReturn ? Qt::Key_Return : Qt::Key_Escape);
-  return TakenOr(step, [&] {
-    return nrvui::gestures::Press(run.Dialog(), isReturn ? Key::kReturn : Key::kEscape);
-  });
-}
-
-Outcome WindowPlayer::Close(const Step& step) {
-  if (!run.IsOver()) window.close();
-  return TakenOr(step, [&] { return nrvui::gestures::Close(run.Dialog()); });
+  TypeKey(Qt::Key_Tab);
+  run.CommitEdit();  // where there is nothing else to go on to
 }
 
 Outcome WindowPlayer::Resize(const Step& step) {
@@ -129,18 +119,6 @@ Outcome WindowPlayer::Resize(const Step& step) {
   // A window never becomes what its dialog refuses; the dialog says why.
   run.Resize(wanted);
   return run.TakeOutcome().value_or(Outcome());
-}
-
-Outcome WindowPlayer::TakenOr(const Step& step, const std::function<Outcome()>& gesture) {
-  if (const auto taken = run.TakeOutcome()) return *taken;
-  const bool wasOver = run.IsOver();
-  Outcome outcome;
-  run.Guard([&] { outcome = gesture(); });
-  if (outcome.changed || run.IsOver() != wasOver)
-    throw ScriptError(
-        script.Name(), step.line,
-        nrvcore::config::Message("$$$/nrvui/Script/NoNotice=the window took no notice"));
-  return outcome;
 }
 
 QWidget* WindowPlayer::Reachable(const UI_Node& node) const {

@@ -28,14 +28,8 @@ class WindowPlayer {
   using Outcome = nrvui::gestures::Outcome;
 
   Outcome Play(const Step& step);
-  Outcome Enter(const Step& step);
-  Outcome Click(const Step& step);
-  Outcome Press(const Step& step);
-  Outcome Close(const Step& step);
+  void Enter(const Step& step);
   Outcome Resize(const Step& step);
-  /// The outcome of what the window made of the events; when they met nothing, the toolkit's
-  /// reason.
-  Outcome TakenOr(const Step& step, const std::function<Outcome()>& gesture);
   /// The node's widget if a person could get at it, else null.
   QWidget* Reachable(const nrvui::ui::UI_Node& node) const;
   void TypeKey(int key, Qt::KeyboardModifiers modifiers = Qt::NoModifier, const QString& text = {});

@@ -25,9 +25,9 @@ TEST(Unicode, BothEncodingsSayTheSameAndReplaceOnlyWhatIsMalformed) {
     const bool isValid = utf16.find(u'\uFFFD') == utf16.npos;
     EXPECT_EQ(UTF8ToUTF16(utf8).View(), utf16);
     EXPECT_EQ(IsValidUTF8(utf8), isValid);
-    EXPECT_EQ(UTF16ToUTF8(utf16).View() == utf8, isValid);
+    EXPECT_EQ(UTF16ToUTF8(utf16) == utf8, isValid);
   }
   const std::u16string halves = {u'x', 0xDC00, 0xD800, u'y', 0xD800};
-  EXPECT_EQ(UTF16ToUTF8(halves).View(), "x\xEF\xBF\xBD\xEF\xBF\xBDy\xEF\xBF\xBD");
+  EXPECT_EQ(UTF16ToUTF8(halves), "x\xEF\xBF\xBD\xEF\xBF\xBDy\xEF\xBF\xBD");
   EXPECT_EQ(AsciiToUTF16("Dark \xE4").View(), u"Dark \uFFFD");
 }
