@@ -5,7 +5,6 @@
 
 #include "platform/qpbasic/ledger.h"
 #include "platform/standin/sheet_service.h"
-#include "platform/standin/suite_tables.h"
 #include "platform/vxui/modal_context.h"
 
 namespace standin {
@@ -29,7 +28,7 @@ Host::Host(UserInterface& screen, const ResourceFolders& resources)
       ledgerMark(qpbasic::Ledger::Get().Mark()) {
   if (currentHost) throw std::logic_error("a process has one host at a time");
   qpbasic::Ledger::Get().ForgetFaults();  // they were another host's
-  AddHostSuites(operations, suites);
+  AddSuites();
   currentHost = this;
 }
 
@@ -40,10 +39,6 @@ Host::~Host() {
 Host& Host::Current() {
   if (!currentHost) throw std::logic_error("there is no host");
   return *currentHost;
-}
-
-QPBasicSuite* Host::BasicSuite() {
-  return BasicSuiteTable();
 }
 
 PluginRef Host::AddPlugin(std::string fileName) {

@@ -35,6 +35,8 @@ class Host {
   /// Throws std::logic_error when there is none.
   static Host& Current();
 
+  /// The table through which plug-ins acquire all others. Its functions, and those of the others,
+  /// work on the current host.
   QPBasicSuite* BasicSuite();
 
   /// Makes a plug-in known; Module does this for what it loads.
@@ -69,6 +71,9 @@ class Host {
   std::vector<std::string> Leftovers() const;
 
  private:
+  /// Declares all operations and adds the host's own suites.
+  void AddSuites();
+
   UserInterface& userInterface;
   OperationBook operations;
   SuiteBook suites;

@@ -106,9 +106,24 @@ boost::intrusive_ptr<UI_Node> MakePanel(const LiveToken& token) {
   return panel;
 }
 
-void SetId(UI_Node& node, const LayoutAttribute& value) {
-  node.UI_SetNodeID(value.AsName());
+/// Sets what the attribute says on a node that is of the class `Node`.
+template <class Node, auto kSet, auto kRead>
+void Apply(UI_Node& node, const LayoutAttribute& value) {
+  (static_cast<Node&>(node).*kSet)((value.*kRead)());
 }
+
+constexpr auto SetId = Apply<UI_Node, &UI_Node::UI_SetNodeID, &LayoutAttribute::AsName>;
+constexpr auto SetCaption =
+    Apply<UI_ControlView, &UI_ControlView::SetCaption, &LayoutAttribute::AsCaption>;
+constexpr auto SetHelp = Apply<UI_ControlView, &UI_ControlView::SetHelp, &LayoutAttribute::AsKey>;
+constexpr auto SetDisabledHelp =
+    Apply<UI_ControlView, &UI_ControlView::SetDisabledHelp, &LayoutAttribute::AsKey>;
+constexpr auto SetTitle = Apply<UI_Panel, &UI_Panel::SetTitle, &LayoutAttribute::AsCaption>;
+constexpr auto SetBuddy = Apply<UI_StaticText, &UI_StaticText::SetBuddy, &LayoutAttribute::AsName>;
+constexpr auto SetRadioGroup =
+    Apply<UI_RadioButton, &UI_RadioButton::SetGroup, &LayoutAttribute::AsName>;
+constexpr auto SetNumber =
+    Apply<UI_UnitNumberEdit, &UI_UnitNumberEdit::SetNumber, &LayoutAttribute::AsNumber>;
 
 constexpr unsigned kLongestSide = 32767;
 
@@ -127,38 +142,10 @@ void CheckName(UI_Node&, const LayoutAttribute& value) {
   static_cast<void>(value.AsName());
 }
 
-void SetCaption(UI_Node& node, const LayoutAttribute& value) {
-  static_cast<UI_ControlView&>(node).SetCaption(value.AsCaption());
-}
-
-void SetHelp(UI_Node& node, const LayoutAttribute& value) {
-  static_cast<UI_ControlView&>(node).SetHelp(value.AsKey());
-}
-
-void SetDisabledHelp(UI_Node& node, const LayoutAttribute& value) {
-  static_cast<UI_ControlView&>(node).SetDisabledHelp(value.AsKey());
-}
-
-void SetTitle(UI_Node& node, const LayoutAttribute& value) {
-  static_cast<UI_Panel&>(node).SetTitle(value.AsCaption());
-}
-
 void SetColumns(UI_Node& node, const LayoutAttribute& value) {
   auto& panel = static_cast<UI_Panel&>(node);
   panel.SetArrangement(PanelArrangement::kGrid);
   panel.SetColumnCount(value.AsCount(UI_Panel::kMostColumns));
-}
-
-void SetBuddy(UI_Node& node, const LayoutAttribute& value) {
-  static_cast<UI_StaticText&>(node).SetBuddy(value.AsName());
-}
-
-void SetRadioGroup(UI_Node& node, const LayoutAttribute& value) {
-  static_cast<UI_RadioButton&>(node).SetGroup(value.AsName());
-}
-
-void SetNumber(UI_Node& node, const LayoutAttribute& value) {
-  static_cast<UI_UnitNumberEdit&>(node).SetNumber(value.AsNumber());
 }
 
 constexpr AttributeRule kSheetAttributes[] = {

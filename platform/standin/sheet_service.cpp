@@ -35,18 +35,49 @@ class PropertySheet final : public VXUICairnSheet {
 /// its nodes are still held.
 class LayoutSheetHolder final : public SheetHolder {
  public:
-  LayoutSheetHolder(SheetTree tree, boost::shared_ptr<PropertySheet> sheet, LiveToken token);
-  ~LayoutSheetHolder();
+  LayoutSheetHolder(SheetTree newTree, boost::shared_ptr<PropertySheet> newSheet,
+                    LiveToken newToken)
+      : tree(std::move(newTree)),
+        sheet(std::move(newSheet)),
+        token(std::move(newToken)),
+        natural(SizeOf(*tree.layout)),
+        given(natural) {}
 
-  boost::intrusive_ptr<nrvui::ui::UI_Node> GetSheetView() override;
-  boost::intrusive_ptr<nrvui::ui::UI_Node> GetLayoutNode() override;
-  boost::shared_ptr<VXUICairnSheet> GetSheet() override;
-  boost::intrusive_ptr<nrvui::ui::UI_Node> GetInitialFocus() override;
+  ~LayoutSheetHolder() {
+    tree.layout->UI_InstallSizeChangedNotifyFunction({});
+    nrvui::ui::ForEachBelow<nrvui::controls::UI_ControlView>(
+        *tree.layout, [](auto& control) { control.NotifyWhenChanged({}); });
+  }
+
+  boost::intrusive_ptr<nrvui::ui::UI_Node> GetSheetView() override {
+    return IsRefused("Sheet Holder/GetSheetView") ? nullptr : tree.view;
+  }
+  boost::intrusive_ptr<nrvui::ui::UI_Node> GetLayoutNode() override {
+    return IsRefused("Sheet Holder/GetLayoutNode") ? nullptr : tree.layout;
+  }
+  boost::shared_ptr<VXUICairnSheet> GetSheet() override {
+    return IsRefused("Sheet Holder/GetSheet") ? nullptr : sheet;
+  }
+  boost::intrusive_ptr<nrvui::ui::UI_Node> GetInitialFocus() override {
+    return IsRefused("Sheet Holder/GetInitialFocus") ? nullptr : tree.initialFocus;
+  }
+
   /// The layout takes the room, but not less than its content needs: the size that its file gives,
   /// or that a presenter has since given to its node.
-  void ResizeSheet(std::int32_t width, std::int32_t height) override;
+  void ResizeSheet(std::int32_t width, std::int32_t height) override {
+    if (IsRefused("Sheet Holder/ResizeSheet")) return;
+    const auto current = SizeOf(*tree.layout);
+    if (!(current == given)) natural = current;
+    given = {std::max(natural.x, static_cast<float>(width)),
+             std::max(natural.y, static_cast<float>(height))};
+    // The dialog follows the layout and comes back here; it ends when nothing changes any more.
+    tree.layout->UI_SetLocalRectF({0, 0, given.x, given.y});
+  }
+
   void SetMessageCallback(
-      boost::shared_ptr<boost::function<void(const vx::UnicodeString&)>> callback) override;
+      boost::shared_ptr<boost::function<void(const vx::UnicodeString&)>> callback) override {
+    if (!IsRefused("Sheet Holder/SetMessageCallback")) messageCallback = std::move(callback);
+  }
 
  private:
   SheetTree tree;
@@ -56,56 +87,6 @@ class LayoutSheetHolder final : public SheetHolder {
   nrvcore::geom::PointT<float> given;  // by the last ResizeSheet
   boost::shared_ptr<boost::function<void(const vx::UnicodeString&)>> messageCallback;
 };
-
-LayoutSheetHolder::LayoutSheetHolder(SheetTree newTree, boost::shared_ptr<PropertySheet> newSheet,
-                                     LiveToken newToken)
-    : tree(std::move(newTree)),
-      sheet(std::move(newSheet)),
-      token(std::move(newToken)),
-      natural(SizeOf(*tree.layout)),
-      given(natural) {}
-
-LayoutSheetHolder::~LayoutSheetHolder() {
-  tree.layout->UI_InstallSizeChangedNotifyFunction({});
-  nrvui::ui::ForEachBelow<nrvui::controls::UI_ControlView>(
-      *tree.layout, [](auto& control) { control.NotifyWhenChanged({}); });
-}
-
-boost::intrusive_ptr<nrvui::ui::UI_Node> LayoutSheetHolder::GetSheetView() {
-  if (IsRefused("Sheet Holder/GetSheetView")) return nullptr;
-  return tree.view;
-}
-
-boost::intrusive_ptr<nrvui::ui::UI_Node> LayoutSheetHolder::GetLayoutNode() {
-  if (IsRefused("Sheet Holder/GetLayoutNode")) return nullptr;
-  return tree.layout;
-}
-
-boost::shared_ptr<VXUICairnSheet> LayoutSheetHolder::GetSheet() {
-  if (IsRefused("Sheet Holder/GetSheet")) return nullptr;
-  return sheet;
-}
-
-boost::intrusive_ptr<nrvui::ui::UI_Node> LayoutSheetHolder::GetInitialFocus() {
-  if (IsRefused("Sheet Holder/GetInitialFocus")) return nullptr;
-  return tree.initialFocus;
-}
-
-void LayoutSheetHolder::ResizeSheet(std::int32_t width, std::int32_t height) {
-  if (IsRefused("Sheet Holder/ResizeSheet")) return;
-  const auto current = SizeOf(*tree.layout);
-  if (!(current == given)) natural = current;
-  given = {std::max(natural.x, static_cast<float>(width)),
-           std::max(natural.y, static_cast<float>(height))};
-  // The dialog follows the layout and comes back here; it ends when nothing changes any more.
-  tree.layout->UI_SetLocalRectF({0, 0, given.x, given.y});
-}
-
-void LayoutSheetHolder::SetMessageCallback(
-    boost::shared_ptr<boost::function<void(const vx::UnicodeString&)>> callback) {
-  if (IsRefused("Sheet Holder/SetMessageCallback")) return;
-  messageCallback = std::move(callback);
-}
 
 }  // namespace
 

@@ -19,9 +19,6 @@ class SheetService final : public SheetFactory, public DrawingSupplierSource {
  public:
   SheetService(Host& owner, std::filesystem::path layoutFolder);
 
-  SheetFactory* Factory() { return this; }
-  DrawingSupplierSource* SupplierSource() { return this; }
-
   /// Reads the file afresh each time. Null when it cannot be used; the reason goes to the host's
   /// resource problems.
   boost::shared_ptr<SheetHolder> CreateSheetHolder(OpaqueModule* pluginRef,

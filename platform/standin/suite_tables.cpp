@@ -1,5 +1,3 @@
-#include "platform/standin/suite_tables.h"
-
 #include <cstring>
 #include <limits>
 
@@ -192,7 +190,7 @@ ModuleRef GetHostModule() {
 ResultCode GetSheetFactory(SheetFactory** out) {
   return Perform("VX User Interface Main Suite/GetSheetFactory", [=](Host& host) {
     if (!out) return kBadArgument;
-    *out = host.Sheets().Factory();
+    *out = &host.Sheets();
     return kDone;
   });
 }
@@ -200,7 +198,7 @@ ResultCode GetSheetFactory(SheetFactory** out) {
 ResultCode GetDrawingSupplierSource(DrawingSupplierSource** out) {
   return Perform("VX User Interface Main Suite/GetDrawingSupplierSource", [=](Host& host) {
     if (!out) return kBadArgument;
-    *out = host.Sheets().SupplierSource();
+    *out = &host.Sheets();
     return kDone;
   });
 }
@@ -257,11 +255,11 @@ void AddTo(SuiteBook& suites, const Suite& table) {
 
 }  // namespace
 
-QPBasicSuite* BasicSuiteTable() {
+QPBasicSuite* Host::BasicSuite() {
   return &basicSuite;
 }
 
-void AddHostSuites(OperationBook& operations, SuiteBook& suites) {
+void Host::AddSuites() {
   for (const char* name : kOperations) operations.Declare(name);
   AddTo(suites, kAccess);
   AddTo(suites, kPlugins);

@@ -38,7 +38,7 @@ struct Greeting {
 class HostTest : public testing::Test {
  protected:
   boost::shared_ptr<SheetHolder> CreateSheet(std::uint32_t number) {
-    return host.Sheets().Factory()->CreateSheetHolder(plugin, number, u"Dark");
+    return host.Sheets().CreateSheetHolder(plugin, number, u"Dark");
   }
   boost::shared_ptr<SheetHolder> CreateSheet() {
     resources.Write("layouts/7.xml", R"(<sheet width="30" height="20"><number id="a"/></sheet>)");
