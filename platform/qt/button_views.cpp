@@ -1,5 +1,6 @@
 #include "platform/qt/button_views.h"
 
+#include <QPushButton>
 #include <QStyleOptionButton>
 
 #include "platform/qt/qt_text.h"
@@ -17,6 +18,47 @@ namespace {
 constexpr int kOutlineShare = 120;  // of 255, how much of the text's colour is in an outline
 constexpr int kDarkening = 175;     // percent: styles lighten what they fill, and the text is white
 
+/// A push button that stands out in the colour of selections while it is the default one.
+class PushButton final : public QPushButton {
+ public:
+  explicit PushButton(QWidget& parent) : QPushButton(&parent) {
+    // Return is the dialog's; and a click leaves the focus in the field, so that the person is
+    // still there when the entry has to be looked at first.
+    setAutoDefault(false);
+    setFocusPolicy(Qt::TabFocus);
+  }
+
+  QSize sizeHint() const override {
+    return QPushButton::sizeHint() + QSize(fontMetrics().averageCharWidth(), 0);
+  }
+  QSize minimumSizeHint() const override { return sizeHint(); }
+
+ protected:
+  void initStyleOption(QStyleOptionButton* option) const override {
+    QPushButton::initStyleOption(option);
+    if (!isDefault() || !isEnabled()) return;
+    option->palette.setColor(QPalette::Button,
+                             palette().color(QPalette::Highlight).darker(kDarkening));
+    option->palette.setColor(QPalette::ButtonText, palette().color(QPalette::HighlightedText));
+  }
+};
+
+/// A check box or radio button whose outline can be told from its surroundings: Fusion draws it as
+/// a darker shade of the window's colour, less than 3 to 1 apart from it.
+template <class Button>
+class Outlined final : public Button {
+ public:
+  using Button::Button;
+
+ protected:
+  void initStyleOption(QStyleOptionButton* option) const override {
+    Button::initStyleOption(option);
+    if (!option->state.testFlag(QStyle::State_Enabled)) return;
+    const int share = IsDark(option->palette) ? 255 : kOutlineShare;
+    option->palette.setColor(QPalette::Window, Faint(option->palette, share));
+  }
+};
+
 }  // namespace
 
 ButtonView::ButtonView(DialogRun& modalRun, UI_ControlView& shown, QAbstractButton& widget)
@@ -30,53 +72,11 @@ void ButtonView::SetCaption(const QString& caption) {
   button.setAccessibleName(SpokenName(ToQString(control.GetCaption())));
 }
 
-PushButton::PushButton(QWidget& parent) : QPushButton(&parent) {
-  // Return is the dialog's; and a click leaves the focus in the field, so that the person is still
-  // there when the entry has to be looked at first.
-  setAutoDefault(false);
-  setFocusPolicy(Qt::TabFocus);
-}
-
-QSize PushButton::sizeHint() const {
-  return QPushButton::sizeHint() + QSize(fontMetrics().averageCharWidth(), 0);
-}
-
-void PushButton::initStyleOption(QStyleOptionButton* option) const {
-  QPushButton::initStyleOption(option);
-  if (!isDefault() || !isEnabled()) return;
-  option->palette.setColor(QPalette::Button,
-                           palette().color(QPalette::Highlight).darker(kDarkening));
-  option->palette.setColor(QPalette::ButtonText, palette().color(QPalette::HighlightedText));
-}
-
-namespace {
-
-/// Fusion draws outlines as a darker shade of the window's colour, less than 3 to 1 apart from it.
-void StrengthenOutline(QStyleOptionButton& option) {
-  if (!option.state.testFlag(QStyle::State_Enabled)) return;
-  const QPalette& palette = option.palette;
-  const bool isDark =
-      palette.color(QPalette::Window).lightness() < palette.color(QPalette::WindowText).lightness();
-  option.palette.setColor(QPalette::Window, Faint(palette, isDark ? 255 : kOutlineShare));
-}
-
-}  // namespace
-
-void CheckBox::initStyleOption(QStyleOptionButton* option) const {
-  QCheckBox::initStyleOption(option);
-  StrengthenOutline(*option);
-}
-
-void RadioButton::initStyleOption(QStyleOptionButton* option) const {
-  QRadioButton::initStyleOption(option);
-  StrengthenOutline(*option);
-}
-
 PushButtonView::PushButtonView(DialogRun& modalRun, UI_Button& shown, QWidget& parent)
     : ButtonView(modalRun, shown, *new PushButton(parent)) {}
 
 CheckBoxView::CheckBoxView(DialogRun& modalRun, UI_Checkbox& shown, QWidget& parent)
-    : ButtonView(modalRun, shown, *new CheckBox(&parent)),
+    : ButtonView(modalRun, shown, *new Outlined<QCheckBox>(&parent)),
       checkbox(shown),
       widget(static_cast<QCheckBox&>(*Widget())) {}
 
@@ -87,7 +87,7 @@ void CheckBoxView::Follow() {
 
 RadioButtonView::RadioButtonView(DialogRun& modalRun, UI_RadioButton& shown,
                                  QButtonGroup& buttonGroup, QWidget& parent)
-    : ButtonView(modalRun, shown, *new RadioButton(&parent)),
+    : ButtonView(modalRun, shown, *new Outlined<QRadioButton>(&parent)),
       radio(shown),
       group(buttonGroup),
       widget(static_cast<QRadioButton&>(*Widget())) {

@@ -2,7 +2,6 @@
 
 #include <QButtonGroup>
 #include <QCheckBox>
-#include <QPushButton>
 #include <QRadioButton>
 
 #include "platform/nrvui/ui_controls.h"
@@ -22,35 +21,6 @@ class ButtonView : public CaptionedView {
 
  private:
   QAbstractButton& button;
-};
-
-/// A push button that stands out in the colour of selections while it is the default one.
-class PushButton final : public QPushButton {
- public:
-  explicit PushButton(QWidget& parent);
-
-  QSize sizeHint() const override;
-  QSize minimumSizeHint() const override { return sizeHint(); }
-
- protected:
-  void initStyleOption(QStyleOptionButton* option) const override;
-};
-
-/// Boxes and radio buttons whose outline can be told from their surroundings.
-class CheckBox final : public QCheckBox {
- public:
-  using QCheckBox::QCheckBox;
-
- protected:
-  void initStyleOption(QStyleOptionButton* option) const override;
-};
-
-class RadioButton final : public QRadioButton {
- public:
-  using QRadioButton::QRadioButton;
-
- protected:
-  void initStyleOption(QStyleOptionButton* option) const override;
 };
 
 class PushButtonView final : public ButtonView {

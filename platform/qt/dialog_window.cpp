@@ -155,11 +155,7 @@ void DialogWindow::Place() {
       const PointT<float> wanted = dialog.GetDialogPoint();
       const QPoint point = QPointF(wanted.x, wanted.y).toPoint();
       const QScreen* const there = QGuiApplication::screenAt(point);
-      const QRect room = (there != nullptr ? there : screen())->availableGeometry();
-      const QSize framed = size() + kFrameAllowance;
-      const QPoint last = room.bottomRight() - QPoint(framed.width(), framed.height());
-      return move(std::max(room.left(), std::min(point.x(), last.x())),
-                  std::max(room.top(), std::min(point.y(), last.y())));
+      return MoveWithin((there != nullptr ? there : screen())->availableGeometry(), point);
     }
     case DialogPlacement::kCentered:
       return move(screen()->availableGeometry().center() - rect().center());
@@ -169,21 +165,24 @@ void DialogWindow::Place() {
   }
 }
 
+void DialogWindow::MoveWithin(const QRect& room, QPoint wanted) {
+  const QSize framed = size() + kFrameAllowance;
+  const QPoint last = room.bottomRight() - QPoint(framed.width(), framed.height());
+  move(std::max(room.left(), std::min(wanted.x(), last.x())),
+       std::max(room.top(), std::min(wanted.y(), last.y())));
+}
+
 void DialogWindow::PlaceBeside() {
   const QRect room = screen()->availableGeometry();
   const QSize framed = size() + kFrameAllowance;
-  const QPoint last = room.bottomRight() - QPoint(framed.width(), framed.height());
-  const auto within = [](int wanted, int least, int most) {
-    return std::max(least, std::min(wanted, most));
-  };
-  const int right = beside.right() + 1;
-  const int left = beside.left() - framed.width();
-  const int middle = within(beside.center().y() - framed.height() / 2, room.top(), last.y());
-  if (right <= last.x()) return move(std::max(right, room.left()), middle);
-  if (left >= room.left()) return move(std::min(left, last.x()), middle);
+  const int middle = beside.center().y() - framed.height() / 2;
+  const QPoint right(beside.right() + 1, middle);
+  const QPoint left(beside.left() - framed.width(), middle);
+  if (right.x() <= room.right() - framed.width()) return MoveWithin(room, right);
+  if (left.x() >= room.left()) return MoveWithin(room, left);
   // There is room for a part of the rectangle only: on the side where more of it stays in sight.
   const bool isRightFreer = room.right() - beside.right() >= beside.left() - room.left();
-  move(isRightFreer ? std::max(room.left(), last.x()) : room.left(), middle);
+  MoveWithin(room, {isRightFreer ? room.right() : room.left(), middle});
 }
 
 void DialogWindow::SetReadOut(const ReadOut& text) {

@@ -49,6 +49,8 @@ class DialogWindow final : public QDialog, private nrvui::ui::NodeObserver {
   void FitContent();
   void FollowDialog();
   void Place();
+  /// Moves the window to a place, or as near to it as its frame stays in a room of the screen.
+  void MoveWithin(const QRect& room, QPoint wanted);
   void PlaceBeside();
   QSize Limited(QSize size) const;
   QSize SizeFor(nrvcore::geom::PointT<float> contentSize) const;

@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QPointer>
+#include <QScopeGuard>
 #include <stdexcept>
 #include <utility>
 
@@ -24,21 +25,6 @@ QWidget* CurrentWindow() {
   return window;
 }
 
-/// A window that goes at the end of the run, unless it went with its parent.
-class WindowScope {
- public:
-  explicit WindowScope(DialogRun& run) : window(new DialogWindow(run, CurrentWindow())) {}
-  WindowScope(const WindowScope&) = delete;
-  WindowScope& operator=(const WindowScope&) = delete;
-  ~WindowScope() { delete window.data(); }
-
-  DialogWindow& operator*() const { return *window; }
-  DialogWindow* operator->() const { return window.data(); }
-
- private:
-  QPointer<DialogWindow> window;
-};
-
 }  // namespace
 
 QtPresenter::QtPresenter() {
@@ -60,7 +46,8 @@ void QtPresenter::Present(nrvui::ui::UI_Dialog& dialog) {
   screenshot = {};
   if (opening) opening(dialog);
   DialogRun run(dialog);
-  const WindowScope window(run);
+  const QPointer<DialogWindow> window = new DialogWindow(run, CurrentWindow());
+  const auto close = qScopeGuard([&] { delete window.data(); });  // null if its parent has gone
   const auto photograph = [&] {
     if (takesScreenshots && !run.IsOver()) screenshot = window->grab().toImage();
   };

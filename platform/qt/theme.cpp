@@ -69,11 +69,6 @@ QPalette PaletteOf(const Colors& colors) {
   return palette;
 }
 
-bool IsDark(const QPalette& palette) {
-  return palette.color(QPalette::Window).lightness() <
-         palette.color(QPalette::WindowText).lightness();
-}
-
 }  // namespace
 
 const char* NameOf(Theme theme) {
@@ -96,6 +91,11 @@ void ApplyTheme(Theme theme) {
   if (QApplication::style()->name() != style) QApplication::setStyle(style);
   if (isSystem) return QApplication::setPalette(QPalette());
   QApplication::setPalette(PaletteOf(theme == Theme::kDark ? kDarkColors : kLightColors));
+}
+
+bool IsDark(const QPalette& palette) {
+  return palette.color(QPalette::Window).lightness() <
+         palette.color(QPalette::WindowText).lightness();
 }
 
 QColor Faint(const QPalette& palette, int share) {

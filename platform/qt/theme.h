@@ -19,6 +19,7 @@ std::optional<Theme> ThemeNamed(const QString& name);
 /// wants. Needs the QApplication.
 void ApplyTheme(Theme theme);
 
+bool IsDark(const QPalette& palette);
 /// The window's colour with a share, of 255, of the text's.
 QColor Faint(const QPalette& palette, int share);
 /// The colour in which something draws attention on the widget's background.
