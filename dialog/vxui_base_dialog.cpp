@@ -1,10 +1,11 @@
 #include "dialog/vxui_base_dialog.h"
 
 #include <algorithm>
+#include <boost/any.hpp>
 #include <boost/bind/bind.hpp>
 #include <boost/smart_ptr/make_shared.hpp>
+#include <string>
 
-#include "dialog/custom_setting.h"
 #include "host/suites.h"
 #include "platform/nrvcore/unicode.h"
 #include "platform/nrvui/ui_controls.h"
@@ -22,6 +23,15 @@ namespace {
 // Every dialog starts from this size; its layout then decides.
 constexpr nrvcore::geom::PointT<float> kInitialContentSize = {100.0f, 100.0f};
 constexpr uint32_t kDialogFlags = 1;
+
+/// A Boolean platform setting, or `defaultValue` when nobody has set it. Throws
+/// boost::bad_any_cast when the setting is not a Boolean.
+bool GetCustomSetting(const nrvui::ui::CustomSettingsManager& manager, const char* key,
+                      bool defaultValue) {
+  const auto& settings = manager.GetSettings();
+  const auto setting = settings.find(std::string(key));
+  return setting == settings.end() ? defaultValue : boost::any_cast<bool>(setting->second);
+}
 
 const nrvui::drawbot::SupplierInterface* GetDrawingSupplier() {
   DrawingSupplierSource* source = nullptr;

@@ -4,14 +4,23 @@
 #include <cstdint>
 
 #include "dialog/vxui_base_dialog.h"
-#include "mosaic/checked_cast.h"
 #include "mosaic/mosaic_suite.h"
+#include "platform/nrvcore/error.h"
 
 namespace nrvui::ui {
 class UI_ControlChangedMessage;
 }
 namespace nrvui::controls {
 class UI_UnitNumberEdit;
+}
+
+/// A control as class T. An empty handle stays empty; a control of another class raises the
+/// toolkit's invalid-type-conversion error.
+template <class T>
+boost::intrusive_ptr<T> CheckedCast(const boost::intrusive_ptr<nrvui::ui::UI_Node>& node) {
+  boost::intrusive_ptr<T> control = boost::dynamic_pointer_cast<T>(node);
+  if (node && !control) nrvcore::config::ThrowInvalidTypeConversion();
+  return control;
 }
 
 /// The dialog "Create Tesserae". It works on copies of the caller's record and state; its change
