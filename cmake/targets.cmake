@@ -38,8 +38,7 @@ function(tesserae_library name kind)
   set_target_properties(${name} PROPERTIES INSTALL_RPATH ${origin})
 endfunction()
 
-# tesserae_test(NAME SOURCES ... LINKS ...): one GoogleTest binary, run case by case from ctest as
-# one entry.
+# tesserae_test(NAME SOURCES ... LINKS ...): a GoogleTest binary, one entry of ctest.
 function(tesserae_test name)
   cmake_parse_arguments(ARG "" "" "SOURCES;LINKS" ${ARGN})
   add_executable(${name} ${ARG_SOURCES})

@@ -77,7 +77,7 @@ DialogWindow::DialogWindow(DialogRun& modalRun, QWidget* parent)
   run.Guard([this] {
     Build();
     FitContent();
-    // What the layouts asked for meanwhile is done.
+    // FitContent has done what the layouts asked for.
     QCoreApplication::removePostedEvents(pane, QEvent::LayoutRequest);
   });
 }

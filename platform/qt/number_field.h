@@ -46,7 +46,7 @@ class NumberField final : public QAbstractSpinBox {
   FieldListener* listener = nullptr;
   Number number;
   int wheelRemainder = 0;
-  mutable int textWidth = 0;  // of the widest usual text in the present font; 0 is not known
+  mutable int textWidth = 0;  // of the widest usual text in the present font; 0: not measured yet
 };
 
 }  // namespace qtui
