@@ -1,38 +1,14 @@
 #include "platform/standin/resources.h"
 
-#ifdef __APPLE__
-#include <mach-o/dyld.h>
-#endif
+#define BOOST_DLL_USE_STD_FS
+#include <boost/dll/runtime_symbol_info.hpp>
 
 namespace standin {
 
-namespace {
-
-#ifdef __APPLE__
-
-// Untested: the project has no such machine.
-std::filesystem::path ProgramFile() {
-  uint32_t size = 0;
-  _NSGetExecutablePath(nullptr, &size);
-  std::string file(size, '\0');
-  if (_NSGetExecutablePath(file.data(), &size) != 0) return {};
-  std::error_code error;
-  return std::filesystem::canonical(file.c_str(), error);
-}
-
-#else
-
-std::filesystem::path ProgramFile() {
-  std::error_code error;
-  return std::filesystem::read_symlink("/proc/self/exe", error);
-}
-
-#endif
-
-}  // namespace
-
 ResourceFolders ResourceFolders::OfProgram() {
-  const std::filesystem::path tree = ProgramFile().parent_path().parent_path();
+  std::error_code error;  // the location is then empty
+  const std::filesystem::path tree =
+      boost::dll::program_location(error).parent_path().parent_path();
   return {tree / "share/tesserae", tree / "lib/tesserae/plugins/TesseraeUI"};
 }
 
