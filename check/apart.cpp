@@ -24,7 +24,7 @@ using Clock = std::chrono::steady_clock;
 using std::chrono::milliseconds;
 
 constexpr std::chrono::seconds kTimeLimit{30};
-constexpr std::chrono::hours kLongTimeLimit{2};
+constexpr std::chrono::seconds kLongTimeLimit{7200};
 
 [[noreturn]] void ThrowSystemError() {
   throw std::system_error(errno, std::generic_category(), "no process can be started");
@@ -44,7 +44,7 @@ constexpr std::chrono::hours kLongTimeLimit{2};
   } catch (...) {
     Fail("an exception of an unknown type has come out");
   }
-  PrintFindings();
+  CountOtherFindings();
   std::exit(HasFailed() ? 1 : 0);
 }
 
@@ -74,7 +74,8 @@ Ending RunApart(const std::function<void()>& run) {
   close(ends[1]);
 
   Ending ending;
-  const auto limit = settings.isLong ? kLongTimeLimit : kTimeLimit;
+  const auto usual = settings.isLong ? kLongTimeLimit : kTimeLimit;
+  const auto limit = settings.limit.count() > 0 ? settings.limit : usual;
   ending.hung = !ReadUntil(Clock::now() + limit, ends[0], ending.output);
   close(ends[0]);
   if (ending.hung) kill(process, SIGKILL);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <chrono>
 #include <cstddef>
 #include <cstdint>
 #include <filesystem>
@@ -13,9 +14,10 @@ namespace check {
 /// Of the whole run; set before the first check.
 struct Settings {
   std::filesystem::path module;
-  uint64_t seed = 1;       // the first of every check that is random
-  bool isLong = false;     // every fault at every place, and far more that is random
-  bool isVerbose = false;  // says what is tried and seen, and which operations are called
+  uint64_t seed = 1;             // the first of every check that is random
+  std::chrono::seconds limit{};  // of each check; 0 stands for that of the form, short or long
+  bool isLong = false;           // every fault at every place, and far more that is random
+  bool isVerbose = false;        // says what is tried and seen, and which operations are called
 };
 inline Settings settings;
 

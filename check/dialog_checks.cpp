@@ -244,6 +244,7 @@ void WritesToTheRecordWhereItThenIs() {
   });
   const auto* const suite = caller.host.Suites().Find<MosaicSuite>();
   Expect("the answer", suite->RunMosaicDialog(&caller.state, &params), ResultCode::kSuccess);
+  Expect("the record's address stays", params == &moved, true);
   Expect("tiles across", moved.tilesAcross, 30);
   ExpectBytes("the former record's bytes", Bytes(caller.record), given);
 }

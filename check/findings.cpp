@@ -6,7 +6,6 @@
 #include <cstdio>
 #include <cstring>
 #include <new>
-#include <vector>
 
 #include "check/check.h"
 
@@ -16,12 +15,7 @@ namespace {
 constexpr size_t kMostFindings = 8;
 constexpr size_t kRoom = 1024;
 
-struct Findings {
-  std::vector<std::string> lines;
-  size_t count = 0;
-};
-
-Findings findings;
+size_t findings = 0;
 
 char ownRoom[kRoom];
 char* room = ownRoom;  // ends with 0
@@ -29,18 +23,17 @@ char* room = ownRoom;  // ends with 0
 }  // namespace
 
 void Fail(const std::string& what) {
-  if (++findings.count > kMostFindings) return;
-  const std::string_view tried = Tried();
-  findings.lines.push_back(tried.empty() ? what : std::string(tried) + ": " + what);
+  if (++findings > kMostFindings) return;
+  const std::string tried(Tried());
+  std::printf("%s%s%s\n", tried.c_str(), tried.empty() ? "" : ": ", what.c_str());
 }
 
 bool HasFailed() {
-  return findings.count > 0;
+  return findings > 0;
 }
 
-void PrintFindings() {
-  for (const std::string& line : findings.lines) std::printf("%s\n", line.c_str());
-  if (findings.count > kMostFindings) std::printf("and %zu more\n", findings.count - kMostFindings);
+void CountOtherFindings() {
+  if (findings > kMostFindings) std::printf("and %zu more\n", findings - kMostFindings);
 }
 
 Trying::Trying(std::string_view what) : outer(std::strlen(room)) {

@@ -14,11 +14,12 @@
 /// What a check finds. Each check has a process of its own, and so has what is found.
 namespace check {
 
-/// Notes something that is wrong; the check goes on.
+/// Writes what is wrong to the standard output, a line each, and lets the check go on. After some
+/// they are only counted.
 void Fail(const std::string& what);
 bool HasFailed();
-/// Writes what was found to the standard output, a line each; after some they are only counted.
-void PrintFindings();
+/// Says how many were only counted.
+void CountOtherFindings();
 
 /// What is being tried until the end of the scope. Findings name it, and so does the report of a
 /// crash.

@@ -39,6 +39,8 @@ runs in a process of its own and says in a line whether it passed.
                numbered checks shows it again
   --long       tries every fault at every place and far more that is random;
                takes many minutes
+  --limit N    ends a check that takes longer than N seconds; otherwise 30, or
+               two hours with --long
   --verbose    says which operations of the host the module calls, in their
                order, and what each check looks at
   --help       shows this text
@@ -48,18 +50,19 @@ nothing could be checked.
 )";
 
 constexpr option kOptions[] = {
-    {"list", no_argument, nullptr, 'l'},
-    {"only", required_argument, nullptr, 'o'},
-    {"seed", required_argument, nullptr, 's'},
-    {"long", no_argument, nullptr, 'g'},
-    {"verbose", no_argument, nullptr, 'v'},
-    {"help", no_argument, nullptr, 'h'},
-    {nullptr, 0, nullptr, 0},
+    {"list", no_argument, nullptr, 'l'},        {"only", required_argument, nullptr, 'o'},
+    {"seed", required_argument, nullptr, 's'},  {"long", no_argument, nullptr, 'g'},
+    {"limit", required_argument, nullptr, 't'}, {"verbose", no_argument, nullptr, 'v'},
+    {"help", no_argument, nullptr, 'h'},        {nullptr, 0, nullptr, 0},
 };
 
 int Refuse(const std::string& reason) {
   std::fprintf(stderr, "tesserae-check: %s\n", reason.c_str());
   return kCannotRun;
+}
+
+bool IsNumber(const char* text) {
+  return *text && std::strspn(text, "0123456789") == std::strlen(text);
 }
 
 /// What is no plain text is written so that it can be seen.
@@ -113,7 +116,6 @@ int Run(int count, char** arguments) {
   bool lists = false;
   std::vector<std::string> wanted;
   for (int given; (given = getopt_long(count, arguments, "", kOptions, nullptr)) != -1;) {
-    char* end = nullptr;
     switch (given) {
       case 'l':
         lists = true;
@@ -122,8 +124,13 @@ int Run(int count, char** arguments) {
         wanted.push_back(optarg);
         break;
       case 's':
-        settings.seed = std::strtoull(optarg, &end, 10);
-        if (*optarg < '0' || *optarg > '9' || *end) return Refuse("--seed needs a number");
+        if (!IsNumber(optarg)) return Refuse("--seed needs a number");
+        settings.seed = std::strtoull(optarg, nullptr, 10);
+        break;
+      case 't':
+        if (!IsNumber(optarg)) return Refuse("--limit needs a number");
+        settings.limit =
+            std::chrono::seconds(std::min(std::strtoul(optarg, nullptr, 10), 1000000ul));
         break;
       case 'g':
         settings.isLong = true;

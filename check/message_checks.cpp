@@ -81,6 +81,11 @@ void NotifiersOpenAContext() {
     }
   }
   Expect("alerts", running.person.alerts, std::vector<std::string>());
+  running.host.Operations().Refuse("VX Context Suite/PopAppContext", kRefused);
+  (void)running.module.Notify("VX Other");
+  auto& contexts = running.host.Objects().contexts;
+  Expect("contexts when none is closed", contexts.Objects().size(), 1u);
+  if (!contexts.Objects().empty()) contexts.Remove(contexts.Objects().back().get());
 }
 
 void ExpectAbout(RunningModule& running, const std::string& first, const std::string& second) {

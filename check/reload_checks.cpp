@@ -1,5 +1,10 @@
-#include <cstdlib>
+#include <cfenv>
+#include <clocale>
+#include <csignal>
+#include <cstring>
+#include <exception>
 #include <fstream>
+#include <new>
 #include <sstream>
 
 #include "check/check.h"
@@ -139,6 +144,40 @@ void EndsWithoutFreeingItsTable() {
   Expect("what is kept for the plug-in", module.Globals(), nullptr);
 }
 
+/// What a module could change in the process and leave so when it goes.
+std::vector<std::string> StateOfProcess() {
+  const auto text = [](const char* what, auto value) {
+    return what + (" " + std::to_string(reinterpret_cast<uintptr_t>(value)));
+  };
+  std::vector<std::string> state = {
+      std::string("locale ") + std::setlocale(LC_ALL, nullptr),
+      "folder " + std::filesystem::current_path().string(),
+      "rounding " + std::to_string(std::fegetround()),
+      text("terminate handler", std::get_terminate()),
+      text("new handler", std::get_new_handler()),
+  };
+  for (int number = 1; number < NSIG; ++number) {
+    struct sigaction action {};
+    if (sigaction(number, nullptr, &action) == 0 && action.sa_handler != SIG_DFL)
+      state.push_back(text(strsignal(number), action.sa_handler));
+  }
+  for (const auto& thread : std::filesystem::directory_iterator("/proc/self/task"))
+    state.push_back("thread " + thread.path().filename().string());
+  return state;
+}
+
+void LeavesTheProcessAsItWas() {
+  const std::vector<std::string> before = StateOfProcess();
+  {
+    RunningModule running;
+    Expect("about", running.module.About(), ResultCode::kSuccess);
+    MosaicParameters record = SampleRecord();
+    MosaicDialogState state{};
+    Expect("a dialog that nobody presents", running.RunDialog(record, state), ResultCode::kCannot);
+  }
+  Expect("the process", StateOfProcess(), before);
+}
+
 }  // namespace
 
 Checks ReloadChecks() {
@@ -149,6 +188,7 @@ Checks ReloadChecks() {
       {"shut-down/elsewhere-without-reload", ShutsDownElsewhereWithoutAReload},
       {"shut-down/stops-at-suite-that-cannot-go-back", StopsAtASuiteThatCannotGoBack},
       {"shut-down/ends-without-freeing-table", EndsWithoutFreeingItsTable},
+      {"shut-down/leaves-process-as-it-was", LeavesTheProcessAsItWas},
   };
 }
 
