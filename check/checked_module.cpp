@@ -30,6 +30,19 @@ Calls CheckedModule::CallsDuring(const std::function<void()>& act) {
   return during;
 }
 
+void CheckedModule::ExpectCalls(const char* what, const Calls& expected,
+                                const std::function<ResultCode()>& send) {
+  const Trying trying(what);
+  Expect("calls of the host", CallsDuring([&] { Expect("the answer", send(), kSuccess); }),
+         expected);
+}
+
+ResultCode CheckedModule::RunSampleDialog() {
+  MosaicParameters record = SampleRecord();
+  MosaicDialogState state{};
+  return RunDialog(record, state);
+}
+
 ResultCode CheckedModule::SendPlain(const char* caller, const char* selector,
                                     PluginMessage& message) {
   return standin::ModuleImage(settings.module).Entry()(caller, selector, &message);
@@ -43,16 +56,21 @@ PluginMessage CheckedModule::PlainMessage() {
 }
 
 void CheckedModule::ExpectNothingLeft() const {
-  Expect("what is left", host.Leftovers(), std::vector<std::string>());
+  Expect("what is left", host.Leftovers(), Calls());
 }
 
 RunningModule::RunningModule(const standin::ResourceFolders& resources) : CheckedModule(resources) {
-  Expect("the start-up", module.StartUp(), ResultCode::kSuccess);
+  Expect("the start-up", module.StartUp(), kSuccess);
 }
 
 RunningModule::~RunningModule() {
-  Expect("the shut-down", module.ShutDown(), ResultCode::kSuccess);
+  Expect("the shut-down", module.ShutDown(), kSuccess);
   ExpectNothingLeft();
+}
+
+Calls Joined(Calls calls, const Calls& more) {
+  calls.insert(calls.end(), more.begin(), more.end());
+  return calls;
 }
 
 Calls WithSuites(const std::string& verb, size_t count) {

@@ -9,6 +9,8 @@
 
 namespace check {
 
+using enum ResultCode;
+
 /// What a host answers that refuses.
 inline constexpr ResultCode kRefused{12};
 
@@ -24,6 +26,11 @@ class CheckedModule : public HostedModule {
   explicit CheckedModule(const standin::ResourceFolders& resources = Resources());
 
   Calls CallsDuring(const std::function<void()>& act);
+  /// Expects success of what is sent, and these calls meanwhile.
+  void ExpectCalls(const char* what, const Calls& expected,
+                   const std::function<ResultCode()>& send);
+  /// The dialog over a record of its own, for whoever is presented to.
+  ResultCode RunSampleDialog();
   /// A message with a record of the caller's own, sent to the module's code itself.
   ResultCode SendPlain(const char* caller, const char* selector, PluginMessage& message);
   /// A record for such a message, with nothing kept in it.
@@ -48,6 +55,14 @@ inline constexpr const char* kSuitesOfModule[] = {
     "VX Context Suite", "KDM Basic Suite",    "QP Blocks Suite",
     "QP Suites Suite",  "VX Real Math Suite", "VX Unicode String Suite",
 };
+
+Calls Joined(Calls calls, const Calls& more);
+
+inline const Calls kCallsForNotifier = {"VX Context Suite/PushAppContext",
+                                        "VX Context Suite/PopAppContext"};
+inline const Calls kCallsForAbout = {"KDM Basic Suite/GetListString",
+                                     "KDM Basic Suite/GetListString",
+                                     "KDM Basic Suite/ShowAboutBox"};
 
 /// "acquire/" or "release/" with each of the first suites of the module.
 Calls WithSuites(const std::string& verb, size_t count = std::size(kSuitesOfModule));

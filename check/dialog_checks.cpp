@@ -39,7 +39,7 @@ struct Caller : RunningModule {
     return RunDialog(record, state);
   }
   /// The same for a person who cancels in the end.
-  void LookAt(const Person& person) { Expect("the answer", Run(person), ResultCode::kCancelled); }
+  void LookAt(const Person& person) { Expect("the answer", Run(person), kCancelled); }
 
   MosaicParameters record = SampleRecord();
   MosaicDialogState state{};
@@ -123,7 +123,7 @@ void KnowsNoSourceSize() {
            "100 pt");
     open.Confirm();
   });
-  Expect("the answer", code, ResultCode::kSuccess);
+  Expect("the answer", code, kSuccess);
   Expect("colour, as nobody listens to its choice", caller.record.isColor, 1);
 }
 
@@ -139,7 +139,7 @@ void FollowsTheSettingOfMnemonics() {
   settings.SetSetting("windows.MnemonicsAlwaysOn", true);
   expectShown(true);
   settings.SetSetting("windows.MnemonicsAlwaysOn", 1);
-  Expect("with a number for it", caller.Run([](const OpenDialog&) {}), ResultCode::kCannot);
+  Expect("with a number for it", caller.Run([](const OpenDialog&) {}), kCannot);
   settings.SetSetting("windows.MnemonicsAlwaysOn", false);
   expectShown(false);
 }
@@ -156,7 +156,7 @@ void WritesItsResultIfItCannotBeDestroyed() {
     open.Enter("HorizontalCountTxt", "9");
     open.Confirm();
   });
-  Expect("the answer", code, ResultCode::kCannot);
+  Expect("the answer", code, kCannot);
   Expect("tiles across", caller.record.tilesAcross, 9);
   Expect("the ratio", caller.state.aspectRatio, 1.5f);
 }
@@ -169,7 +169,7 @@ void EndsWhenItsPresenterFails() {
     throw std::runtime_error("window lost");
   });
   const std::string given = Bytes(caller.record) + Bytes(caller.state);
-  Expect("the answer", caller.RunDialog(caller.record, caller.state), ResultCode::kCannot);
+  Expect("the answer", caller.RunDialog(caller.record, caller.state), kCannot);
   ExpectBytes("record and state", Bytes(caller.record) + Bytes(caller.state), given);
   Expect("modal contexts", vx::ui::ModalContext::Depth(), 0);
 }
@@ -180,13 +180,13 @@ void RefusesBadCalls() {
   MosaicParameters* params = &caller.record;
   MosaicParameters* none = nullptr;
   const FunctionPresenter presenter([](UI_Dialog&) { Fail("a dialog is shown"); });
-  Expect("without a state", run(nullptr, &params), ResultCode::kCannot);
-  Expect("without an address", run(&caller.state, nullptr), ResultCode::kCannot);
-  Expect("without a record", run(&caller.state, &none), ResultCode::kCannot);
-  Expect("the unload", caller.module.Send("QP Access", "Unload"), ResultCode::kSuccess);
-  Expect("after an unload", run(&caller.state, &params), ResultCode::kCannot);
-  Expect("the shut-down", caller.module.ShutDown(), ResultCode::kSuccess);
-  Expect("after a shut-down", run(&caller.state, &params), ResultCode::kCannot);
+  Expect("without a state", run(nullptr, &params), kCannot);
+  Expect("without an address", run(&caller.state, nullptr), kCannot);
+  Expect("without a record", run(&caller.state, &none), kCannot);
+  Expect("the unload", caller.module.Send("QP Access", "Unload"), kSuccess);
+  Expect("after an unload", run(&caller.state, &params), kCannot);
+  Expect("the shut-down", caller.module.ShutDown(), kSuccess);
+  Expect("after a shut-down", run(&caller.state, &params), kCannot);
 }
 
 void UseRatio(const OpenDialog& open) {
@@ -203,15 +203,15 @@ void ComputesTheRatioThroughItsHost() {
                                       {"VX Real Math Suite/Multiply", 2}}) {
     const Trying trying(std::string(refused) + ", call " + std::to_string(call));
     caller.record = SampleRecord();
-    caller.host.Operations().Refuse(refused, ResultCode::kCannot, call);
-    Expect("the answer", caller.Run(UseRatio), ResultCode::kSuccess);
+    caller.host.Operations().Refuse(refused, kCannot, call);
+    Expect("the answer", caller.Run(UseRatio), kSuccess);
     Expect("tiles down", caller.record.tilesDown, 20);
     Expect("the new height", caller.record.newHeight, 200.0f);
   }
-  Expect("the unload", caller.module.Send("QP Access", "Unload"), ResultCode::kSuccess);
+  Expect("the unload", caller.module.Send("QP Access", "Unload"), kSuccess);
   caller.host.Operations().Refuse("acquire/QP Access Suite", kRefused);
   Expect("the reload", caller.module.Send("QP Access", "Reload"), kRefused);
-  Expect("the answer, with the suite borrowed", caller.Run(UseRatio), ResultCode::kSuccess);
+  Expect("the answer, with the suite borrowed", caller.Run(UseRatio), kSuccess);
   Expect("tiles down", caller.record.tilesDown, 8);
   Expect("the new height", caller.record.newHeight, 8.0f);
 }
@@ -229,7 +229,7 @@ void UsesTheControlsThatTheLayoutThenHolds() {
     Expect("the former field", former.GetNumber(), 20);
     open.Confirm();
   });
-  Expect("the answer", code, ResultCode::kSuccess);
+  Expect("the answer", code, kSuccess);
   Expect("tiles down", caller.record.tilesDown, 8);
 }
 
@@ -243,7 +243,7 @@ void WritesToTheRecordWhereItThenIs() {
     dialog.OnReturnKey();
   });
   const auto* const suite = caller.host.Suites().Find<MosaicSuite>();
-  Expect("the answer", suite->RunMosaicDialog(&caller.state, &params), ResultCode::kSuccess);
+  Expect("the answer", suite->RunMosaicDialog(&caller.state, &params), kSuccess);
   Expect("the record's address stays", params == &moved, true);
   Expect("tiles across", moved.tilesAcross, 30);
   ExpectBytes("the former record's bytes", Bytes(caller.record), given);
@@ -276,13 +276,13 @@ void NeedsEachControlInItsClass() {
     caller.record = SampleRecord();
     Expect("the answer", caller.Run([](const OpenDialog& open) { open.Confirm(); }), expected);
   };
-  expectAnswer(layout, ResultCode::kSuccess);
+  expectAnswer(layout, kSuccess);
   for (const auto& [element, replacement] : cases) {
     const Trying trying(element);
     std::string text = layout;
     const size_t place = text.find(element);
     if (place == text.npos) return Fail("the host's layout has no such element");
-    expectAnswer(text.replace(place, element.size(), replacement), ResultCode::kCannot);
+    expectAnswer(text.replace(place, element.size(), replacement), kCannot);
   }
 }
 

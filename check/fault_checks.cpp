@@ -40,10 +40,10 @@ struct Fault {
 
 const Fault kFaults[] = {
     {"refused", kRefused, nullptr},
-    {"std::bad_alloc", ResultCode::kOutOfMemory, std::make_exception_ptr(std::bad_alloc())},
+    {"std::bad_alloc", kOutOfMemory, std::make_exception_ptr(std::bad_alloc())},
     {"vx::Error", kThrown, std::make_exception_ptr(vx::Error(kThrown))},
-    {"std::runtime_error", ResultCode::kCannot, std::make_exception_ptr(std::runtime_error("x"))},
-    {"int", ResultCode::kCannot, std::make_exception_ptr(7)},
+    {"std::runtime_error", kCannot, std::make_exception_ptr(std::runtime_error("x"))},
+    {"int", kCannot, std::make_exception_ptr(7)},
 };
 
 /// Runs with the fault in place, and then a life cycle without it. `expectLeft` judges what the
@@ -84,7 +84,7 @@ void DisturbCall(const Sequence& sequence, const std::string& operation, size_t 
   // What goes wrong with the suite's table or its registration has one code, but for a refusal.
   const bool adds = operation == "QP Suites Suite/AddSuite";
   if (operation == "QP Blocks Suite/AllocateBlock" || (adds && fault.exception))
-    session.allowed = {ResultCode::kParameter};
+    session.allowed = {kParameter};
   auto& operations = session.host.Operations();
   if (fault.exception) {
     operations.Throw(operation, fault.exception, call);
@@ -139,7 +139,7 @@ void RefuseOneByOne(size_t step,
     for (bool goesOn = true; goesOn && !HasFailed(); place += step) {
       const Trying trying(std::string(sequence.name) + ", allocation " + std::to_string(place));
       Session session;
-      session.allowed = {ResultCode::kOutOfMemory, ResultCode::kCannot, ResultCode::kParameter};
+      session.allowed = {kOutOfMemory, kCannot, kParameter};
       refuse(session, place);
       RunDisturbed(sequence, session, [&](const Lines& left) {
         goesOn = wasRefused();
@@ -187,8 +187,8 @@ Checks FaultChecks() {
     std::ranges::replace(name, ' ', '-');
     checks.push_back({name, [operation] { FailOnceAtEveryCall(operation); }});
   }
-  checks.push_back({"memory/blocks-are-refused", [] { RefuseBlocks(ResultCode::kOutOfMemory); }});
-  checks.push_back({"memory/blocks-do-not-come", [] { RefuseBlocks(ResultCode::kSuccess); }});
+  checks.push_back({"memory/blocks-are-refused", [] { RefuseBlocks(kOutOfMemory); }});
+  checks.push_back({"memory/blocks-do-not-come", [] { RefuseBlocks(kSuccess); }});
   checks.push_back({"memory/toolkit-has-none", RefuseMemoryOfTheToolkit});
   return checks;
 }

@@ -28,15 +28,14 @@ void ExpectSilence(CheckedModule& checked, bool isAboutToo) {
   }
   void* const kept = checked.module.Globals();
   for (const auto& [caller, selector, operation] : messages) {
-    const Trying trying(std::string(caller ? caller : "null") + " / " +
-                        (selector ? selector : "null"));
-    const Calls calls = checked.CallsDuring([&, caller = caller, selector = selector] {
-      Expect("the answer", checked.module.Send(caller, selector), ResultCode::kSuccess);
+    const std::string what =
+        std::string(caller ? caller : "null") + " / " + (selector ? selector : "null");
+    checked.ExpectCalls(what.c_str(), {}, [&, caller = caller, selector = selector] {
+      return checked.module.Send(caller, selector);
     });
-    Expect("calls of the host", calls, Calls());
   }
   Expect("the plug-in is kept", checked.module.Globals() == kept, true);
-  Expect("alerts", checked.person.alerts, std::vector<std::string>());
+  Expect("alerts", checked.person.alerts, Calls());
 }
 
 void AreAnsweredInSilence() {
@@ -48,39 +47,30 @@ void ReachNobodyWithoutAPlugin() {
   CheckedModule checked;
   ExpectSilence(checked, true);
   for (const char* selector : {"Unload", "Reload"})
-    Expect(selector, checked.module.Send("QP Access", selector), ResultCode::kSuccess);
-  Expect("the shut-down", checked.module.ShutDown(), ResultCode::kSuccess);
+    Expect(selector, checked.module.Send("QP Access", selector), kSuccess);
+  Expect("the shut-down", checked.module.ShutDown(), kSuccess);
   checked.ExpectNothingLeft();
 }
 
 /// Its suites are given back, although its code is still there.
 void ReachNobodyAfterAnUnload() {
   RunningModule running;
-  const Calls calls = running.CallsDuring([&] {
-    Expect("the unload", running.module.Send("QP Access", "Unload"), ResultCode::kSuccess);
-  });
-  Expect("calls of the host", calls, WithSuites("release/"));
+  running.ExpectCalls("the unload", WithSuites("release/"),
+                      [&] { return running.module.Send("QP Access", "Unload"); });
   ExpectSilence(running, true);
-  const Calls again = running.CallsDuring([&] {
-    Expect("the reload", running.module.Send("QP Access", "Reload"), ResultCode::kSuccess);
-  });
-  Expect("calls of the host", again, WithSuites("acquire/"));
-  Expect("about", running.module.About(), ResultCode::kSuccess);
+  running.ExpectCalls("the reload", WithSuites("acquire/"),
+                      [&] { return running.module.Send("QP Access", "Reload"); });
+  Expect("about", running.module.About(), kSuccess);
   Expect("about boxes", running.person.aboutBoxes.size(), 1u);
 }
 
 void NotifiersOpenAContext() {
   RunningModule running;
-  for (const char* type : {"VX Application Started Notifier", "VX Other", "", kNone}) {
-    for (const char* selector : {"VX Notify", "VX Other", kNone}) {
-      const Calls calls = running.CallsDuring([&] {
-        Expect("the answer", running.module.Notify(type, selector), ResultCode::kSuccess);
-      });
-      Expect("calls of the host", calls,
-             Calls{"VX Context Suite/PushAppContext", "VX Context Suite/PopAppContext"});
-    }
-  }
-  Expect("alerts", running.person.alerts, std::vector<std::string>());
+  for (const char* type : {"VX Application Started Notifier", "VX Other", "", kNone})
+    for (const char* selector : {"VX Notify", "VX Other", kNone})
+      running.ExpectCalls("a notifier", kCallsForNotifier,
+                          [&] { return running.module.Notify(type, selector); });
+  Expect("alerts", running.person.alerts, Calls());
   running.host.Operations().Refuse("VX Context Suite/PopAppContext", kRefused);
   (void)running.module.Notify("VX Other");
   auto& contexts = running.host.Objects().contexts;
@@ -89,7 +79,7 @@ void NotifiersOpenAContext() {
 }
 
 void ExpectAbout(RunningModule& running, const std::string& first, const std::string& second) {
-  Expect("about", running.module.About(), ResultCode::kSuccess);
+  running.ExpectCalls("about", kCallsForAbout, [&] { return running.module.About(); });
   Expect("the first text", running.person.aboutBoxes.back().first, first);
   Expect("the second text", running.person.aboutBoxes.back().second, second);
 }
@@ -100,17 +90,12 @@ void AboutShowsTwoTextsOrNone() {
   texts.Set(1, "Tiles");
   texts.Set(2, std::string(300, 'x'));
   running.host.Lists().Replace(ListOwner::kPlugin, 16600, texts);
-  const Calls calls =
-      running.CallsDuring([&] { ExpectAbout(running, "Tiles", std::string(255, 'x')); });
-  Expect("calls of the host", calls,
-         Calls{"KDM Basic Suite/GetListString", "KDM Basic Suite/GetListString",
-               "KDM Basic Suite/ShowAboutBox"});
+  ExpectAbout(running, "Tiles", std::string(255, 'x'));
   // The texts are those of the message's plug-in, the box is this one's own.
   PluginMessage ofHost = running.PlainMessage();
   ofHost.pluginRef = running.host.HostModule();
   ofHost.globals = running.module.Globals();
-  Expect("about, of another", running.SendPlain("QP Interface", "About", ofHost),
-         ResultCode::kSuccess);
+  Expect("about, of another", running.SendPlain("QP Interface", "About", ofHost), kSuccess);
   Expect("about boxes", running.person.aboutBoxes.size(), 2u);
   Expect("the first text", running.person.aboutBoxes.back().first, "");
   running.host.Lists().Replace(ListOwner::kPlugin, 16600, {});
@@ -142,17 +127,17 @@ void GoThroughTheLatestBasicSuite() {
   const void* table = nullptr;
   Expect("the host's suite",
          checked.host.BasicSuite()->Acquire(KDMBasicSuite::kName, KDMBasicSuite::kVersion, &table),
-         ResultCode::kSuccess);
+         kSuccess);
   OtherBasicSuite::lists = *static_cast<const KDMBasicSuite*>(table);
   (void)checked.host.BasicSuite()->Release(KDMBasicSuite::kName, KDMBasicSuite::kVersion);
   OtherBasicSuite::lists.GetListString = [](ModuleRef, int32_t, int32_t, char* buffer, size_t) {
     buffer[0] = '?';
-    return ResultCode::kCannot;
+    return kCannot;
   };
   PluginMessage message = checked.PlainMessage();
   message.basicSuite = &other.suite;
   for (const char* selector : {"Startup", "About", "Shutdown"})
-    Expect(selector, checked.SendPlain("QP Interface", selector, message), ResultCode::kSuccess);
+    Expect(selector, checked.SendPlain("QP Interface", selector, message), kSuccess);
   Expect("about boxes", checked.person.aboutBoxes.size(), 1u);
   for (const auto& [first, second] : checked.person.aboutBoxes)
     Expect("the texts of the box", first + second, "");
@@ -160,11 +145,10 @@ void GoThroughTheLatestBasicSuite() {
 
   checked.host.ForgetRegistrations(checked.module.Ref());
   message.basicSuite = checked.host.BasicSuite();
-  Expect("a start-up", checked.SendPlain("QP Interface", "Startup", message), ResultCode::kSuccess);
+  Expect("a start-up", checked.SendPlain("QP Interface", "Startup", message), kSuccess);
   OtherBasicSuite::releases = 0;
   message.basicSuite = &other.suite;
-  Expect("the shut-down", checked.SendPlain("QP Interface", "Shutdown", message),
-         ResultCode::kSuccess);
+  Expect("the shut-down", checked.SendPlain("QP Interface", "Shutdown", message), kSuccess);
   Expect("suites given back", OtherBasicSuite::releases, std::size(kSuitesOfModule));
   checked.ExpectNothingLeft();
 }

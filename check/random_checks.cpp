@@ -187,7 +187,7 @@ void PlayDialogs(size_t part) {
     const nrvui::ui::InstalledPresenter installed(person);
     const ResultCode code = running.RunDialog(record, state);
     // A dialog that was left open counts as cancelled.
-    Expect("the answer", code, model.IsOk() ? ResultCode::kSuccess : ResultCode::kCancelled);
+    Expect("the answer", code, model.IsOk() ? kSuccess : kCancelled);
     const std::string expected =
         model.IsOk() ? Bytes(model.Record()) + Bytes(model.State()) : given;
     ExpectBytes("record and state", Bytes(record) + Bytes(state), expected);
@@ -210,12 +210,12 @@ bool Live(Random& random, standin::Module& module) {
   const bool exists = module.Globals();
   if (!exists || Once(random, 4)) {  // a host starts a plug-in once
     Expect(exists ? "the shut-down" : "the start-up", exists ? module.ShutDown() : module.StartUp(),
-           ResultCode::kSuccess);
+           kSuccess);
     return !exists;
   }
   const bool unloads = Once(random, 2);
   const char* const selector = unloads ? "Unload" : "Reload";
-  Expect(selector, module.Send("QP Access", selector), ResultCode::kSuccess);
+  Expect(selector, module.Send("QP Access", selector), kSuccess);
   return !unloads;
 }
 
@@ -226,22 +226,15 @@ void SendAny(Random& random, RunningModule& running, bool holdsSuites) {
       Near(random, Once(random, 4) ? Pick(random, kKnownMessages).selector : known.selector);
   const std::string message = caller + " / " + selector;
   if (message == "QP Access / Unload") return;
-  const Trying trying(message);
   const bool notifies = caller == "VX Notifier";
 
-  const Calls calls = running.CallsDuring([&] {
-    const ResultCode code =
-        notifies ? running.module.Notify(Pick(random, kNotifierTypes), selector.c_str())
-                 : running.module.Send(caller.c_str(), selector.c_str());
-    Expect("the answer", code, ResultCode::kSuccess);
-  });
   Calls expected;
-  if (holdsSuites && notifies)
-    expected = {"VX Context Suite/PushAppContext", "VX Context Suite/PopAppContext"};
-  if (holdsSuites && message == "QP Interface / About")
-    expected = {"KDM Basic Suite/GetListString", "KDM Basic Suite/GetListString",
-                "KDM Basic Suite/ShowAboutBox"};
-  Expect("calls of the host", calls, expected);
+  if (holdsSuites && notifies) expected = kCallsForNotifier;
+  if (holdsSuites && message == "QP Interface / About") expected = kCallsForAbout;
+  running.ExpectCalls(message.c_str(), expected, [&] {
+    return notifies ? running.module.Notify(Pick(random, kNotifierTypes), selector.c_str())
+                    : running.module.Send(caller.c_str(), selector.c_str());
+  });
 }
 
 void SendMessages(size_t part) {
@@ -258,7 +251,7 @@ void SendMessages(size_t part) {
     // Each seed begins with a plug-in that runs, so that it can be played alone.
     while (!holdsSuites) holdsSuites = Live(random, running.module);
   });
-  Expect("alerts", running.person.alerts, std::vector<std::string>());
+  Expect("alerts", running.person.alerts, Calls());
 }
 
 // The host's resources with random damage: nothing comes of them, or a dialog that can be used and
@@ -302,11 +295,10 @@ void DamageLayouts() {
     MosaicDialogState state{};
     const std::string given = Bytes(record) + Bytes(state);
     const ResultCode code = running.RunDialog(record, state);
-    if (code != ResultCode::kSuccess)
-      ExpectBytes("record and state", Bytes(record) + Bytes(state), given);
-    if (person.Error()) Expect("the answer", code, ResultCode::kCancelled);
-    if (!isRead) Expect("the answer without a layout", code, ResultCode::kCannot);
-    Expect("left of the sheet", running.host.Sheets().Leftovers(), std::vector<std::string>());
+    if (code != kSuccess) ExpectBytes("record and state", Bytes(record) + Bytes(state), given);
+    if (person.Error()) Expect("the answer", code, kCancelled);
+    if (!isRead) Expect("the answer without a layout", code, kCannot);
+    Expect("left of the sheet", running.host.Sheets().Leftovers(), Calls());
   });
 }
 
@@ -343,14 +335,10 @@ struct Measure {
 
 Measure PlayBatch(RunningModule& running, size_t dialogs, size_t reloads) {
   const std::clock_t start = std::clock();
-  for (size_t i = 0; i < dialogs; ++i) {
-    MosaicParameters record = SampleRecord();
-    MosaicDialogState state{};
-    Expect("a dialog", running.RunDialog(record, state), ResultCode::kSuccess);
-  }
+  for (size_t i = 0; i < dialogs; ++i) Expect("a dialog", running.RunSampleDialog(), kSuccess);
   for (size_t i = 0; i < reloads; ++i) {
-    Expect("an unload", running.module.Unload(), ResultCode::kSuccess);
-    Expect("a reload", running.module.Reload(), ResultCode::kSuccess);
+    Expect("an unload", running.module.Unload(), kSuccess);
+    Expect("a reload", running.module.Reload(), kSuccess);
   }
   Measure measure{std::clock() - start};
   std::ifstream("/proc/self/statm") >> measure.residentPages >> measure.residentPages;

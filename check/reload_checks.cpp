@@ -30,42 +30,32 @@ struct ModuleCopy : TemporaryFolder {
 
 void LeavesAndComesBackElsewhere() {
   RunningModule running;
-  auto& person = running.person;
-  standin::Host& host = running.host;
   standin::Module& module = running.module;
-  const MosaicSuite* const table = host.Suites().Find<MosaicSuite>();
+  const MosaicSuite* const table = running.host.Suites().Find<MosaicSuite>();
   const auto firstAddress = table->RunMosaicDialog;
   void* const object = module.Globals();
   Expect("in memory", IsInMemory(settings.module), true);
-  Expect("the unload", module.Unload(), ResultCode::kSuccess);
+  Expect("the unload", module.Unload(), kSuccess);
   Expect("in memory after the unload", IsInMemory(settings.module), false);
 
   const ModuleCopy copy;
   const standin::ModuleImage occupant(settings.module);  // takes the place where the module was
-  const Calls calls = running.CallsDuring(
-      [&] { Expect("the reload", module.Reload(copy.file), ResultCode::kSuccess); });
-  Expect("the calls of the reload", calls, WithSuites("acquire/"));
+  running.ExpectCalls("the reload", WithSuites("acquire/"),
+                      [&] { return module.Reload(copy.file); });
   Expect("the same object", module.Globals() == object, true);
-  Expect("the same table", host.Suites().Find<MosaicSuite>() == table, true);
+  Expect("the same table", running.host.Suites().Find<MosaicSuite>() == table, true);
   Expect("the function's address has changed", table->RunMosaicDialog != firstAddress, true);
-  Expect("about", module.About(), ResultCode::kSuccess);
-  Expect("about boxes", person.aboutBoxes.size(), 1u);
-  MosaicDialogState state{};
-  MosaicParameters record{};
-  Expect("a dialog that nobody presents", running.RunDialog(record, state), ResultCode::kCannot);
+  Expect("about", module.About(), kSuccess);
+  Expect("about boxes", running.person.aboutBoxes.size(), 1u);
+  Expect("a dialog that nobody presents", running.RunSampleDialog(), kCannot);
 }
 
 void ComesBackToBeShutDown() {
-  CheckedModule checked;
-  Expect("the start-up", checked.module.StartUp(), ResultCode::kSuccess);
-  Expect("the unload", checked.module.Unload(), ResultCode::kSuccess);
-  const Calls calls = checked.CallsDuring(
-      [&] { Expect("the shut-down", checked.module.ShutDown(), ResultCode::kSuccess); });
-  Calls expected = WithSuites("acquire/");
-  expected.push_back("QP Blocks Suite/FreeBlock");
-  for (const std::string& release : WithSuites("release/")) expected.push_back(release);
-  Expect("the calls", calls, expected);
-  checked.ExpectNothingLeft();
+  RunningModule running;
+  Expect("the unload", running.module.Unload(), kSuccess);
+  const Calls end = Joined({"QP Blocks Suite/FreeBlock"}, WithSuites("release/"));
+  running.ExpectCalls("the shut-down", Joined(WithSuites("acquire/"), end),
+                      [&] { return running.module.ShutDown(); });
 }
 
 void ShutsDownElsewhereWithoutAReload() {
@@ -76,33 +66,30 @@ void ShutsDownElsewhereWithoutAReload() {
   message.basicSuite = host.BasicSuite();
   {
     const standin::ModuleImage first(settings.module);
-    Expect("the start-up", first.Entry()("QP Interface", "Startup", &message),
-           ResultCode::kSuccess);
-    Expect("the unload", first.Entry()("QP Access", "Unload", &message), ResultCode::kSuccess);
+    Expect("the start-up", first.Entry()("QP Interface", "Startup", &message), kSuccess);
+    Expect("the unload", first.Entry()("QP Access", "Unload", &message), kSuccess);
   }
   const ModuleCopy copy;
   const standin::ModuleImage occupant(settings.module);  // takes the place where the module was
   const standin::ModuleImage second(copy.file);
-  Expect("the shut-down", second.Entry()("QP Interface", "Shutdown", &message),
-         ResultCode::kSuccess);
+  Expect("the shut-down", second.Entry()("QP Interface", "Shutdown", &message), kSuccess);
   Expect("what is kept for the plug-in", message.globals, nullptr);
   host.RemovePlugin(message.pluginRef);
-  Expect("what is left", host.Leftovers(), std::vector<std::string>());
+  Expect("what is left", host.Leftovers(), Calls());
 }
 
 void WaitsWithoutSuitesAfterAFailure() {
   RunningModule running;
-  auto& person = running.person;
   standin::Host& host = running.host;
   standin::Module& module = running.module;
-  Expect("the unload", module.Unload(), ResultCode::kSuccess);
+  Expect("the unload", module.Unload(), kSuccess);
   host.Operations().Refuse("acquire/VX Context Suite", kRefused);
-  const Calls calls = running.CallsDuring([&] { Expect("the reload", module.Reload(), kRefused); });
+  Expect("the reload", module.Reload(), kRefused);
   Expect("suites in use", host.Suites().Users("QP Access Suite"), 0u);
-  Expect("alerts", person.alerts.size(), 1u);
-  Expect("about", module.About(), ResultCode::kSuccess);
-  Expect("about boxes", person.aboutBoxes.size(), 0u);
-  Expect("the next reload", module.Reload(), ResultCode::kSuccess);
+  Expect("alerts", running.person.alerts.size(), 1u);
+  Expect("about", module.About(), kSuccess);
+  Expect("about boxes", running.person.aboutBoxes.size(), 0u);
+  Expect("the next reload", module.Reload(), kSuccess);
   Expect("calls of SetPluginName", host.Operations().Calls("QP Plug-ins Suite/SetPluginName"), 1u);
   Expect("calls of AddNotifier", host.Operations().Calls("VX Notifier Suite/AddNotifier"), 1u);
 }
@@ -110,22 +97,19 @@ void WaitsWithoutSuitesAfterAFailure() {
 /// A suite that cannot be given back ends the walk; it and those after it stay in use.
 void StopsAtASuiteThatCannotGoBack() {
   CheckedModule checked;
-  standin::Host& host = checked.host;
-  standin::Module& module = checked.module;
-  Expect("the start-up", module.StartUp(), ResultCode::kSuccess);
-  host.Operations().Refuse("release/QP Plug-ins Suite", kRefused);
-  Expect("the shut-down", module.ShutDown(), ResultCode::kSuccess);
-  size_t index = 0;
+  Expect("the start-up", checked.module.StartUp(), kSuccess);
+  checked.host.Operations().Refuse("release/QP Plug-ins Suite", kRefused);
+  Expect("the shut-down", checked.module.ShutDown(), kSuccess);
+  size_t users = 0;  // of the first; one of each other
   for (const char* suite : kSuitesOfModule)
-    Expect(suite, host.Suites().Users(suite), index++ == 0 ? 0u : 1u);
+    Expect(suite, checked.host.Suites().Users(suite), std::exchange(users, 1));
 }
 
 void EndsWithoutFreeingItsTable() {
   CheckedModule checked;
-  auto& person = checked.person;
   standin::Host& host = checked.host;
   standin::Module& module = checked.module;
-  Expect("the start-up", module.StartUp(), ResultCode::kSuccess);
+  Expect("the start-up", module.StartUp(), kSuccess);
   const MosaicSuite* const table = host.Suites().Find<MosaicSuite>();
   host.Operations().Refuse("QP Blocks Suite/FreeBlock", kRefused);
   MosaicParameters record = SampleRecord();
@@ -133,14 +117,14 @@ void EndsWithoutFreeingItsTable() {
   MosaicParameters* params = &record;
   Expect("the shut-down", module.ShutDown(), kRefused);
   Expect("what is kept for the plug-in", module.Globals(), nullptr);
-  Expect("a dialog", table->RunMosaicDialog(&state, &params), ResultCode::kCannot);
-  Expect("alerts", person.alerts.size(), 1u);
+  Expect("a dialog", table->RunMosaicDialog(&state, &params), kCannot);
+  Expect("alerts", checked.person.alerts.size(), 1u);
   Expect("users of a suite", host.Suites().Users("QP Access Suite"), 1u);
 
-  Expect("the next start-up", module.StartUp(), ResultCode::kSuccess);
-  Expect("the unload", module.Send("QP Access", "Unload"), ResultCode::kSuccess);
+  Expect("the next start-up", module.StartUp(), kSuccess);
+  Expect("the unload", module.Send("QP Access", "Unload"), kSuccess);
   host.Suites().SetAbsent("QP Blocks Suite");
-  Expect("a shut-down without QP Blocks Suite", module.ShutDown(), ResultCode::kCannot);
+  Expect("a shut-down without QP Blocks Suite", module.ShutDown(), kCannot);
   Expect("what is kept for the plug-in", module.Globals(), nullptr);
 }
 
@@ -167,13 +151,11 @@ std::vector<std::string> StateOfProcess() {
 }
 
 void LeavesTheProcessAsItWas() {
-  const std::vector<std::string> before = StateOfProcess();
+  const auto before = StateOfProcess();
   {
     RunningModule running;
-    Expect("about", running.module.About(), ResultCode::kSuccess);
-    MosaicParameters record = SampleRecord();
-    MosaicDialogState state{};
-    Expect("a dialog that nobody presents", running.RunDialog(record, state), ResultCode::kCannot);
+    Expect("about", running.module.About(), kSuccess);
+    Expect("a dialog that nobody presents", running.RunSampleDialog(), kCannot);
   }
   Expect("the process", StateOfProcess(), before);
 }

@@ -120,7 +120,7 @@ void DoesWithoutTexts() {
   reporting.host.Lists().Replace(ListOwner::kPlugin, 16050, {});
   reporting.ExpectShown(12, kNothing);
   reporting.ExpectShown(17, "Host's %s text");
-  reporting.host.Operations().Refuse("VX Unicode String Suite/CreateFromText", ResultCode::kCannot);
+  reporting.host.Operations().Refuse("VX Unicode String Suite/CreateFromText", kCannot);
   reporting.ExpectShown(17, kNothing);
 }
 
@@ -132,7 +132,7 @@ void RepeatsNothingAtOnce() {
     Expect("the answer", running.module.Send("QP Access", "Reload"), ResultCode{code});
     Expect(what, running.person.alerts.size(), alerts);
   };
-  Expect("the unload", running.module.Send("QP Access", "Unload"), ResultCode::kSuccess);
+  Expect("the unload", running.module.Send("QP Access", "Unload"), kSuccess);
   fail(12, 1, "alerts after the first failure");
   fail(12, 1, "alerts after the same");
   fail(13, 2, "alerts after another");
@@ -145,7 +145,7 @@ void RepeatsNothingAtOnce() {
 void RepeatsAfterFiveSeconds() {
   using std::chrono::milliseconds;
   RunningModule running;
-  Expect("the unload", running.module.Send("QP Access", "Unload"), ResultCode::kSuccess);
+  Expect("the unload", running.module.Send("QP Access", "Unload"), kSuccess);
   const auto begin = std::chrono::steady_clock::now();
   for (const milliseconds wait : {milliseconds(0), milliseconds(3900), milliseconds(5050)}) {
     std::this_thread::sleep_until(begin + wait);

@@ -29,16 +29,16 @@ void Session::RunLifeCycle() {
   Show(
       {"enter HorizontalCountTxt 12\nclick MosaicUseRatioButton\nclick GrayRadio\n"
        "resize 600 500\nkey Return",
-       ResultCode::kSuccess});
+       kSuccess});
   Send("unload", &Module::Unload);
   Send("reload", kReload);
   Show(
       {"enter NewWidthTxt 1 in\nclick VerticalRadio\nclick MosaicUseRatioButton\n"
        "click DeleteRasterChk\nkey Escape",
-       ResultCode::kCancelled});
-  Show({"click UsePercentChk\nenter NewWidthTxt 50\nclick okButton", ResultCode::kSuccess});
-  Show({"enter VerticalCountTxt 7\nclose", ResultCode::kCancelled, true});
-  Show({"enter NewHeightTxt 25 %\nkey Return", ResultCode::kSuccess, true});
+       kCancelled});
+  Show({"click UsePercentChk\nenter NewWidthTxt 50\nclick okButton", kSuccess});
+  Show({"enter VerticalCountTxt 7\nclose", kCancelled, true});
+  Show({"enter NewHeightTxt 25 %\nkey Return", kSuccess, true});
   Send("shut down", &Module::ShutDown);
 }
 
@@ -59,13 +59,13 @@ void Session::RunFailures() {
   Send("start up", &Module::StartUp);
   Send("unload", &Module::Unload);
   host.Suites().SetAbsent(kNeededSuite);
-  Send("reload", kReload, module.Globals() ? standin::kSuiteNotFound : ResultCode::kSuccess);
+  Send("reload", kReload, module.Globals() ? standin::kSuiteNotFound : kSuccess);
   Send("message without suites", &Module::About);
-  Show({"click MosaicUseRatioButton\nkey Return", ResultCode::kSuccess});
+  Show({"click MosaicUseRatioButton\nkey Return", kSuccess});
   host.Suites().SetAbsent(kNeededSuite, false);
   Send("reload", kReload);
   host.Suites().SetAbsent("VX User Interface Main Suite");
-  Show({"key Return", ResultCode::kCannot});
+  Show({"key Return", kCannot});
   host.Suites().SetAbsent("VX User Interface Main Suite", false);
   Send("shut down", &Module::ShutDown);
   if (person.alerts.size() != alertsBefore + 4) asExpected = false;
@@ -85,7 +85,7 @@ ResultCode Session::Call(const std::function<ResultCode()>& call) try {
   onCall(false);
   // Only a host that cannot load the code has an excuse.
   if (module.IsLoaded()) Fail("an exception has left the module");
-  return ResultCode::kOutOfMemory;
+  return kOutOfMemory;
 }
 
 void Session::Send(const char* step, const Message& message, ResultCode expected) {
@@ -118,9 +118,9 @@ void Session::Show(const DialogRun& run) {
   if (code != run.expected) {
     asExpected = false;
     // A dialog whose gestures could not be played is cancelled.
-    Expect("the answer", code, presenter.Error() ? ResultCode::kCancelled : ResultCode::kCannot);
+    Expect("the answer", code, presenter.Error() ? kCancelled : kCannot);
   }
-  if (code == ResultCode::kSuccess) {
+  if (code == kSuccess) {
     Expect("the copy of the count", record.tilesAcrossCopy, record.tilesAcross);
     Expect("what OK clears", record.reserved28, 0);
     Expect("what passes through", record.reserved11, 0x5A);

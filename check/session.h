@@ -40,7 +40,7 @@ class Session : public CheckedModule {
   };
 
   using Message = std::function<ResultCode(standin::Module&)>;
-  void Send(const char* step, const Message& message, ResultCode expected = ResultCode::kSuccess);
+  void Send(const char* step, const Message& message, ResultCode expected = kSuccess);
   void Show(const DialogRun& run);
   ResultCode Call(const std::function<ResultCode()>& call);
 

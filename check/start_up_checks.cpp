@@ -13,28 +13,19 @@ size_t Blocks() {
   return qpbasic::Ledger::Get().Counts().blocks;
 }
 
-Calls Joined(Calls calls, const Calls& more) {
-  calls.insert(calls.end(), more.begin(), more.end());
-  return calls;
-}
-
 void IntroducesThePluginAndTakesItBack() {
   CheckedModule checked;
-  auto& person = checked.person;
   standin::Host& host = checked.host;
   standin::Module& module = checked.module;
   const size_t blocks = Blocks();
-  const Calls begin =
-      checked.CallsDuring([&] { Expect("the start-up", module.StartUp(), ResultCode::kSuccess); });
-  Expect("the calls of the start-up", begin,
-         Joined(WithSuites("acquire/"),
-                {"QP Plug-ins Suite/SetPluginName", "VX Notifier Suite/AddNotifier",
-                 "QP Blocks Suite/AllocateBlock", "QP Suites Suite/AddSuite"}));
+  const Calls introduction = {"QP Plug-ins Suite/SetPluginName", "VX Notifier Suite/AddNotifier",
+                              "QP Blocks Suite/AllocateBlock", "QP Suites Suite/AddSuite"};
+  checked.ExpectCalls("the start-up", Joined(WithSuites("acquire/"), introduction),
+                      [&] { return module.StartUp(); });
   Expect("the plug-in's name", module.Ref()->name, "TesseraeUI");
   Expect("blocks: the object, its set of suites and the published table", Blocks(), blocks + 3);
-  std::string forgotten;
-  for (const std::string& line : qpbasic::Ledger::Get().Forgotten()) forgotten += line;
-  Expect("the table has 8 bytes", forgotten.find("of 8 bytes") != forgotten.npos, true);
+  const std::string standing = Text(qpbasic::Ledger::Get().Forgotten());
+  Expect("the table has 8 bytes", standing.find("of 8 bytes") != standing.npos, true);
   const auto& notifiers = host.Objects().notifiers.Objects();
   Expect("notifiers", notifiers.size(), 1u);
   if (!notifiers.empty()) {
@@ -46,58 +37,53 @@ void IntroducesThePluginAndTakesItBack() {
   Expect("its version", published.version, 1001);
   Expect("its internal version", published.internalVersion, 1);
 
-  const Calls end = checked.CallsDuring(
-      [&] { Expect("the shut-down", module.ShutDown(), ResultCode::kSuccess); });
-  Expect("the calls of the shut-down", end,
-         Joined({"QP Blocks Suite/FreeBlock"}, WithSuites("release/")));
+  checked.ExpectCalls("the shut-down",
+                      Joined({"QP Blocks Suite/FreeBlock"}, WithSuites("release/")),
+                      [&] { return module.ShutDown(); });
   Expect("what is kept for the plug-in", module.Globals(), nullptr);
-  Expect("alerts", person.alerts, std::vector<std::string>());
+  Expect("alerts", checked.person.alerts, Calls());
   checked.ExpectNothingLeft();
 }
 
 /// The start-up ends with the suite that the host refuses, and gives back those before it.
 void LacksSuite(size_t index) {
   CheckedModule checked;
-  auto& person = checked.person;
-  standin::Host& host = checked.host;
   standin::Module& module = checked.module;
-  host.Operations().Refuse(std::string("acquire/") + kSuitesOfModule[index], kRefused);
+  checked.host.Operations().Refuse("acquire/" + std::string(kSuitesOfModule[index]), kRefused);
   Calls calls = checked.CallsDuring([&] { Expect("the answer", module.StartUp(), kRefused); });
   const Calls expected = Joined(WithSuites("acquire/", index + 1), WithSuites("release/", index));
   calls.resize(std::min(calls.size(), expected.size()));  // what follows is the report's
   Expect("the calls", calls, expected);
   Expect("what is kept for the plug-in", module.Globals(), nullptr);
-  Expect("alerts", person.alerts.size(), 1u);
+  Expect("alerts", checked.person.alerts.size(), 1u);
   checked.ExpectNothingLeft();
-  Expect("the next start-up", module.StartUp(), ResultCode::kSuccess);
+  Expect("the next start-up", module.StartUp(), kSuccess);
 }
 
 void HostWithoutTables() {
   CheckedModule checked;
-  static int releases;
-  releases = 0;
+  static size_t releases = 0;
   QPBasicSuite withoutTables = {
-      [](const char*, int32_t, const void**) { return ResultCode::kSuccess; },
-      [](const char*, int32_t) { return ++releases, ResultCode::kSuccess; },
+      [](const char*, int32_t, const void**) { return kSuccess; },
+      [](const char*, int32_t) { return ++releases, kSuccess; },
   };
   for (QPBasicSuite* basicSuite : {static_cast<QPBasicSuite*>(nullptr), &withoutTables}) {
     PluginMessage message = checked.PlainMessage();
     message.basicSuite = basicSuite;
-    Expect("the answer", checked.SendPlain("QP Interface", "Startup", message),
-           ResultCode::kCannot);
+    Expect("the answer", checked.SendPlain("QP Interface", "Startup", message), kCannot);
     Expect("what is kept for the plug-in", message.globals, nullptr);
   }
-  Expect("suites given back: the first, and the one for the report", releases, 2);
-  Expect("a start-up by a whole host", checked.module.StartUp(), ResultCode::kSuccess);
-  Expect("the shut-down", checked.module.ShutDown(), ResultCode::kSuccess);
+  Expect("suites given back: the first, and the one for the report", releases, 2u);
+  Expect("a start-up by a whole host", checked.module.StartUp(), kSuccess);
+  Expect("the shut-down", checked.module.ShutDown(), kSuccess);
   checked.ExpectNothingLeft();
 }
 
 /// '!MSG' says that a message is not answered, but a start-up must not pass for one that succeeded.
 void RefusedAsNotHandled() {
   CheckedModule checked;
-  checked.host.Operations().Refuse("QP Plug-ins Suite/SetPluginName", ResultCode::kNotHandled);
-  Expect("the answer", checked.module.StartUp(), ResultCode::kNotHandled);
+  checked.host.Operations().Refuse("QP Plug-ins Suite/SetPluginName", kNotHandled);
+  Expect("the answer", checked.module.StartUp(), kNotHandled);
   Expect("alerts", checked.person.alerts.size(), 1u);
   checked.ExpectNothingLeft();
 }
@@ -107,7 +93,7 @@ void FreesNoBlockThatItLacks() {
   CheckedModule checked;
   checked.host.Operations().Throw("QP Blocks Suite/AllocateBlock",
                                   std::make_exception_ptr(std::bad_alloc()));
-  Expect("the answer", checked.module.StartUp(), ResultCode::kParameter);
+  Expect("the answer", checked.module.StartUp(), kParameter);
   Expect("blocks that go back", checked.host.Operations().Calls("QP Blocks Suite/FreeBlock"), 0u);
   checked.ExpectNothingLeft();
 }
@@ -116,10 +102,9 @@ void FreesNoBlockThatItLacks() {
 void SecondFails(const char* refused) {
   const Trying trying(refused);
   CheckedModule checked;
-  auto& person = checked.person;
   standin::Host& host = checked.host;
   standin::Module& module = checked.module;
-  Expect("the first start-up", module.StartUp(), ResultCode::kSuccess);
+  Expect("the first start-up", module.StartUp(), kSuccess);
   const MosaicSuite* const table = host.Suites().Find<MosaicSuite>();
   const size_t blocks = Blocks();
   PluginMessage second = checked.PlainMessage();
@@ -130,13 +115,11 @@ void SecondFails(const char* refused) {
   const size_t kept = std::string("QP Suites Suite/AddSuite") == refused;
   Expect("blocks", Blocks(), blocks + kept);
 
-  Expect("the answer to \"About\"", module.About(), ResultCode::kSuccess);
-  Expect("about boxes", person.aboutBoxes.size(), 1u);
+  Expect("the answer to \"About\"", module.About(), kSuccess);
+  Expect("about boxes", checked.person.aboutBoxes.size(), 1u);
   Expect("the first one's table stays", host.Suites().Find<MosaicSuite>() == table, true);
-  MosaicParameters record = SampleRecord();
-  MosaicDialogState state{};
-  Expect("a dialog that nobody presents", checked.RunDialog(record, state), ResultCode::kCannot);
-  Expect("the shut-down", module.ShutDown(), ResultCode::kSuccess);
+  Expect("a dialog that nobody presents", checked.RunSampleDialog(), kCannot);
+  Expect("the shut-down", module.ShutDown(), kSuccess);
   Expect("kinds of things left", host.Leftovers().size(), kept);
 }
 
