@@ -6,7 +6,6 @@
 #include <filesystem>
 #include <functional>
 #include <string>
-#include <vector>
 
 /// tesserae-check plays a host to a module that somebody has built, and says what is wrong with it.
 namespace check {
@@ -21,29 +20,27 @@ struct Settings {
 };
 inline Settings settings;
 
-/// Something that a sound module does. Each check has a process of its own, in which nothing of
-/// the module has been loaded before.
-struct Check {
-  std::string name;  // its group, a slash, and what it is about
-  std::function<void()> run;
-};
-using Checks = std::vector<Check>;
+/// Adds something that a sound module does, under its group, a slash, and what it is about. Each
+/// check has a process of its own, in which nothing of the module has been loaded before.
+using Add = std::function<void(const std::string& name, const std::function<void()>& run)>;
 
-// The groups; each has a file of its own.
-Checks FileChecks();
-Checks StartUpChecks();
-Checks MessageChecks();
-Checks ReportChecks();
-Checks ReloadChecks();
-Checks DialogChecks();
-Checks FaultChecks();
-Checks RandomChecks();
-
-/// All of them, in the order in which they run.
-Checks AllChecks();
+// The groups, each in a file of its own, in the order in which they run.
+void AddFileChecks(const Add& add);
+void AddStartUpChecks(const Add& add);
+void AddMessageChecks(const Add& add);
+void AddReportChecks(const Add& add);
+void AddReloadChecks(const Add& add);
+void AddDialogChecks(const Add& add);
+void AddFaultChecks(const Add& add);
+void AddRandomChecks(const Add& add);
 
 /// For campaigns, from one case to the next that is played: 1 in the long form, `inShort` or, where
 /// a sanitizer slows everything down, twice as much in the short one.
-size_t Step(size_t inShort = 1);
+inline size_t Step(size_t inShort = 1) {
+#ifdef __SANITIZE_ADDRESS__
+  inShort *= 2;
+#endif
+  return settings.isLong ? 1 : inShort;
+}
 
 }  // namespace check

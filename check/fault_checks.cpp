@@ -1,12 +1,9 @@
 #include <algorithm>
 #include <exception>
-#include <map>
 #include <new>
 #include <stdexcept>
 #include <string_view>
 
-#include "check/check.h"
-#include "check/findings.h"
 #include "check/session.h"
 #include "check/toolkit_memory.h"
 #include "host/error.h"
@@ -22,7 +19,7 @@ using Lines = std::vector<std::string>;
 
 struct Sequence {
   const char* name;
-  Session::Sequence run;
+  void (Session::*run)();
 };
 
 constexpr Sequence kSequences[] = {
@@ -56,7 +53,7 @@ void RunDisturbed(const Sequence& sequence, Session& session,
   session.Restore();
   const Trying trying("a life cycle afterwards");
   session.RunLifeCycle();
-  Expect("goes as it does without faults", session.WentAsExpected(), true);
+  Expect("goes as it does without faults", session.WentAsExpected());
   for (const std::string& line : session.host.Leftovers())
     if (std::ranges::find(left, line) == left.end()) Fail("left: " + line);
 }
@@ -108,7 +105,7 @@ size_t CallsIn(const Sequence& sequence, const std::string& operation) {
   const Trying trying(sequence.name);
   Session session;
   (session.*sequence.run)();
-  Expect("goes as expected", session.WentAsExpected(), true);
+  Expect("goes as expected", session.WentAsExpected());
   session.ExpectNothingLeft();
   return session.host.Operations().Calls(operation);
 }
@@ -143,11 +140,11 @@ void RefuseOneByOne(size_t step,
       refuse(session, place);
       RunDisturbed(sequence, session, [&](const Lines& left) {
         goesOn = wasRefused();
-        if (!goesOn) Expect("goes as expected", session.WentAsExpected(), true);
+        if (!goesOn) Expect("goes as expected", session.WentAsExpected());
         Expect("what is left", left, Lines());
       });
     }
-    Expect("allocations enough to say something", place > std::max<size_t>(50, 10 * step), true);
+    Expect("allocations enough to say something", place > std::max<size_t>(50, 10 * step));
   }
 }
 
@@ -164,15 +161,6 @@ void RefuseBlocks(ResultCode code) {
   });
 }
 
-void RefuseMemoryOfTheToolkit() {
-  const auto refuse = [](Session& session, size_t countdown) {
-    toolkit_memory::untilRefusal = countdown;
-    session.onCall = [](bool isInside) { toolkit_memory::isArmed = isInside; };
-  };
-  RefuseOneByOne(Step(17), refuse,
-                 [] { return std::exchange(toolkit_memory::untilRefusal, 0) == 0; });
-}
-
 std::vector<std::string> OperationsOfTheHost() {
   standin::RecordingUserInterface person;
   return standin::Host(person).Operations().Names();
@@ -180,17 +168,22 @@ std::vector<std::string> OperationsOfTheHost() {
 
 }  // namespace
 
-Checks FaultChecks() {
-  Checks checks;
+void AddFaultChecks(const Add& add) {
   for (const std::string& operation : OperationsOfTheHost()) {
     std::string name = "faults/" + operation;
     std::ranges::replace(name, ' ', '-');
-    checks.push_back({name, [operation] { FailOnceAtEveryCall(operation); }});
+    add(name, [operation] { FailOnceAtEveryCall(operation); });
   }
-  checks.push_back({"memory/blocks-are-refused", [] { RefuseBlocks(kOutOfMemory); }});
-  checks.push_back({"memory/blocks-do-not-come", [] { RefuseBlocks(kSuccess); }});
-  checks.push_back({"memory/toolkit-has-none", RefuseMemoryOfTheToolkit});
-  return checks;
+  add("memory/blocks-are-refused", [] { RefuseBlocks(kOutOfMemory); });
+  add("memory/blocks-do-not-come", [] { RefuseBlocks(kSuccess); });
+  add("memory/toolkit-has-none", [] {
+    const auto refuse = [](Session& session, size_t countdown) {
+      toolkit_memory::untilRefusal = countdown;
+      session.onCall = [](bool isInside) { toolkit_memory::isArmed = isInside; };
+    };
+    RefuseOneByOne(Step(17), refuse,
+                   [] { return std::exchange(toolkit_memory::untilRefusal, 0) == 0; });
+  });
 }
 
 }  // namespace check

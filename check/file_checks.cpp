@@ -3,13 +3,12 @@
 
 #include <cstdlib>
 #include <cstring>
-#include <fstream>
-#include <iterator>
 #include <memory>
 #include <stdexcept>
 
 #include "check/check.h"
 #include "check/findings.h"
+#include "check/temporary_folder.h"
 
 // What the module's file says of it: what it exports, whose memory it takes, and whether anything
 // would keep it in the process.
@@ -29,8 +28,6 @@ class ModuleFile {
 
   /// Throws std::runtime_error for a file that is none or is cut short.
   ModuleFile() {
-    std::ifstream stream(settings.module, std::ios::binary);
-    bytes.assign(std::istreambuf_iterator<char>(stream), {});
     const auto header = At<Elf64_Ehdr>(0);
     if (std::memcmp(header.e_ident, ELFMAG, SELFMAG) != 0 || header.e_ident[EI_CLASS] != ELFCLASS64)
       throw std::runtime_error("the file is no 64-bit ELF file");
@@ -82,7 +79,7 @@ class ModuleFile {
     }
   }
 
-  std::string bytes;
+  const std::string bytes = ContentOf(settings.module);
 };
 
 std::string Readable(const std::string& name) {
@@ -101,61 +98,55 @@ void ExpectNone(const char* what, IsFault isFault) {
   Expect(what, found, std::vector<std::string>());
 }
 
-void ExportsItsEntryPointAlone() {
-  bool hasEntry = false;
-  // Among all others would be a symbol that is unique in the process, which keeps its image there.
-  ExpectNone("exported beside PluginMain", [&](const ModuleFile::Symbol& symbol) {
-    const bool isEntry = symbol.name == "PluginMain" && symbol.type == STT_FUNC;
-    if (symbol.isDefined && isEntry) hasEntry = true;
-    return symbol.isDefined && symbol.binding != STB_LOCAL && !isEntry;
-  });
-  Expect("PluginMain is exported", hasEntry, true);
-}
-
-void TakesMemoryFromTheHost() {
-  ExpectNone("taken from the C++ library", [](const ModuleFile::Symbol& symbol) {
-    const std::string_view name = symbol.name;
-    for (const char* of : {"_Znw", "_Zna", "_Zdl", "_Zda"})
-      if (!symbol.isDefined && name.starts_with(of)) return true;
-    return false;
-  });
-}
-
-void MakesItsOwnStrings() {
-  ExpectNone("strings that another image makes", [](const ModuleFile::Symbol& symbol) {
-    const std::string_view name = symbol.name;
-    const size_t type = name.find("St7__cxx1112basic_string");
-    return !symbol.isDefined && name.starts_with("_ZN") && name.find_first_not_of("KVO", 3) == type;
-  });
-}
-
-void CanLeaveTheProcess() {
-  ExpectNone("runs at the end of a thread", [](const ModuleFile::Symbol& symbol) {
-    return symbol.name.starts_with("__cxa_thread_atexit");
-  });
-  const ModuleFile file;
-  Expect("has data of threads", file.hasTls, false);
-  Expect("is marked to stay", file.staysForGood, false);
-}
-
-void RunsNothingWhenItIsLoaded() {
-  const ModuleFile file;
-  for (const ModuleFile::Symbol& symbol : file.symbols)
-    if (symbol.name.starts_with("__asan_")) return;  // a sanitizer has constructors of its own
-  // One entry is the compiler's own; every further one is an object with a constructor to run.
-  Expect("has constructors to run", file.constructors > 1, false);
-}
-
 }  // namespace
 
-Checks FileChecks() {
-  return {
-      {"file/exports-entry-point-alone", ExportsItsEntryPointAlone},
-      {"file/takes-memory-from-host", TakesMemoryFromTheHost},
-      {"file/makes-its-own-strings", MakesItsOwnStrings},
-      {"file/can-leave-process", CanLeaveTheProcess},
-      {"file/runs-nothing-when-loaded", RunsNothingWhenItIsLoaded},
-  };
+void AddFileChecks(const Add& add) {
+  add("file/exports-entry-point-alone", [] {
+    bool hasEntry = false;
+    // Among all others would be a symbol that is unique in the process, which keeps its image
+    // there.
+    ExpectNone("exported beside PluginMain", [&](const ModuleFile::Symbol& symbol) {
+      const bool isEntry = symbol.name == "PluginMain" && symbol.type == STT_FUNC;
+      if (symbol.isDefined && isEntry) hasEntry = true;
+      return symbol.isDefined && symbol.binding != STB_LOCAL && !isEntry;
+    });
+    Expect("PluginMain is exported", hasEntry);
+  });
+
+  add("file/takes-memory-from-host", [] {
+    ExpectNone("taken from the C++ library", [](const ModuleFile::Symbol& symbol) {
+      const std::string_view name = symbol.name;
+      for (const char* of : {"_Znw", "_Zna", "_Zdl", "_Zda"})
+        if (!symbol.isDefined && name.starts_with(of)) return true;
+      return false;
+    });
+  });
+
+  add("file/makes-its-own-strings", [] {
+    ExpectNone("strings that another image makes", [](const ModuleFile::Symbol& symbol) {
+      const std::string_view name = symbol.name;
+      const size_t type = name.find("St7__cxx1112basic_string");
+      return !symbol.isDefined && name.starts_with("_ZN") &&
+             name.find_first_not_of("KVO", 3) == type;
+    });
+  });
+
+  add("file/can-leave-process", [] {
+    ExpectNone("runs at the end of a thread", [](const ModuleFile::Symbol& symbol) {
+      return symbol.name.starts_with("__cxa_thread_atexit");
+    });
+    const ModuleFile file;
+    Expect("has data of threads", file.hasTls, false);
+    Expect("is marked to stay", file.staysForGood, false);
+  });
+
+  add("file/runs-nothing-when-loaded", [] {
+    const ModuleFile file;
+    for (const ModuleFile::Symbol& symbol : file.symbols)
+      if (symbol.name.starts_with("__asan_")) return;  // a sanitizer has constructors of its own
+    // One entry is the compiler's own; every further one is an object with a constructor to run.
+    Expect("has constructors to run", file.constructors > 1, false);
+  });
 }
 
 }  // namespace check

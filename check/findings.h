@@ -1,5 +1,6 @@
 #pragma once
 
+#include <concepts>
 #include <cstddef>
 #include <cstdio>
 #include <sstream>
@@ -72,6 +73,10 @@ void Expect(std::string_view what, const Seen& seen, const Expected& expected) {
     std::printf("%.*s: %s\n", static_cast<int>(what.size()), what.data(), Text(seen).c_str());
   if (seen == expected) return;
   Fail(std::string(what) + ": expected " + Text(expected) + ", seen " + Text(seen));
+}
+
+void Expect(std::string_view what, std::same_as<bool> auto isSo) {
+  Expect(what, isSo, true);
 }
 
 /// Of records as they are in memory; names the first byte that differs.

@@ -1,8 +1,6 @@
 #include <string_view>
 
-#include "check/check.h"
 #include "check/checked_module.h"
-#include "check/findings.h"
 #include "check/known_messages.h"
 
 namespace check {
@@ -30,76 +28,18 @@ void ExpectSilence(CheckedModule& checked, bool isAboutToo) {
   for (const auto& [caller, selector, operation] : messages) {
     const std::string what =
         std::string(caller ? caller : "null") + " / " + (selector ? selector : "null");
-    checked.ExpectCalls(what.c_str(), {}, [&, caller = caller, selector = selector] {
+    checked.ExpectCalls(what, {}, [&, caller = caller, selector = selector] {
       return checked.module.Send(caller, selector);
     });
   }
-  Expect("the plug-in is kept", checked.module.Globals() == kept, true);
+  Expect("the plug-in is kept", checked.module.Globals() == kept);
   Expect("alerts", checked.person.alerts, Calls());
-}
-
-void AreAnsweredInSilence() {
-  RunningModule running;
-  ExpectSilence(running, false);
-}
-
-void ReachNobodyWithoutAPlugin() {
-  CheckedModule checked;
-  ExpectSilence(checked, true);
-  for (const char* selector : {"Unload", "Reload"})
-    Expect(selector, checked.module.Send("QP Access", selector), kSuccess);
-  Expect("the shut-down", checked.module.ShutDown(), kSuccess);
-  checked.ExpectNothingLeft();
-}
-
-/// Its suites are given back, although its code is still there.
-void ReachNobodyAfterAnUnload() {
-  RunningModule running;
-  running.ExpectCalls("the unload", WithSuites("release/"),
-                      [&] { return running.module.Send("QP Access", "Unload"); });
-  ExpectSilence(running, true);
-  running.ExpectCalls("the reload", WithSuites("acquire/"),
-                      [&] { return running.module.Send("QP Access", "Reload"); });
-  Expect("about", running.module.About(), kSuccess);
-  Expect("about boxes", running.person.aboutBoxes.size(), 1u);
-}
-
-void NotifiersOpenAContext() {
-  RunningModule running;
-  for (const char* type : {"VX Application Started Notifier", "VX Other", "", kNone})
-    for (const char* selector : {"VX Notify", "VX Other", kNone})
-      running.ExpectCalls("a notifier", kCallsForNotifier,
-                          [&] { return running.module.Notify(type, selector); });
-  Expect("alerts", running.person.alerts, Calls());
-  running.host.Operations().Refuse("VX Context Suite/PopAppContext", kRefused);
-  (void)running.module.Notify("VX Other");
-  auto& contexts = running.host.Objects().contexts;
-  Expect("contexts when none is closed", contexts.Objects().size(), 1u);
-  if (!contexts.Objects().empty()) contexts.Remove(contexts.Objects().back().get());
 }
 
 void ExpectAbout(RunningModule& running, const std::string& first, const std::string& second) {
   running.ExpectCalls("about", kCallsForAbout, [&] { return running.module.About(); });
   Expect("the first text", running.person.aboutBoxes.back().first, first);
   Expect("the second text", running.person.aboutBoxes.back().second, second);
-}
-
-void AboutShowsTwoTextsOrNone() {
-  RunningModule running;
-  StringList texts;
-  texts.Set(1, "Tiles");
-  texts.Set(2, std::string(300, 'x'));
-  running.host.Lists().Replace(ListOwner::kPlugin, 16600, texts);
-  ExpectAbout(running, "Tiles", std::string(255, 'x'));
-  // The texts are those of the message's plug-in, the box is this one's own.
-  PluginMessage ofHost = running.PlainMessage();
-  ofHost.pluginRef = running.host.HostModule();
-  ofHost.globals = running.module.Globals();
-  Expect("about, of another", running.SendPlain("QP Interface", "About", ofHost), kSuccess);
-  Expect("about boxes", running.person.aboutBoxes.size(), 2u);
-  Expect("the first text", running.person.aboutBoxes.back().first, "");
-  running.host.Lists().Replace(ListOwner::kPlugin, 16600, {});
-  ExpectAbout(running, "", "");
 }
 
 /// A host's basic suite in which one suite has another table.
@@ -119,51 +59,101 @@ struct OtherBasicSuite {
   QPBasicSuite suite = {&Acquire, &Release};
 };
 
-/// What stands in the buffer when a text is refused is none, and the suites go back through the
-/// basic suite of the latest message.
-void GoThroughTheLatestBasicSuite() {
-  CheckedModule checked;
-  OtherBasicSuite other;
-  const void* table = nullptr;
-  Expect("the host's suite",
-         checked.host.BasicSuite()->Acquire(KDMBasicSuite::kName, KDMBasicSuite::kVersion, &table),
-         kSuccess);
-  OtherBasicSuite::lists = *static_cast<const KDMBasicSuite*>(table);
-  (void)checked.host.BasicSuite()->Release(KDMBasicSuite::kName, KDMBasicSuite::kVersion);
-  OtherBasicSuite::lists.GetListString = [](ModuleRef, int32_t, int32_t, char* buffer, size_t) {
-    buffer[0] = '?';
-    return kCannot;
-  };
-  PluginMessage message = checked.PlainMessage();
-  message.basicSuite = &other.suite;
-  for (const char* selector : {"Startup", "About", "Shutdown"})
-    Expect(selector, checked.SendPlain("QP Interface", selector, message), kSuccess);
-  Expect("about boxes", checked.person.aboutBoxes.size(), 1u);
-  for (const auto& [first, second] : checked.person.aboutBoxes)
-    Expect("the texts of the box", first + second, "");
-  Expect("suites given back", OtherBasicSuite::releases, std::size(kSuitesOfModule));
-
-  checked.host.ForgetRegistrations(checked.module.Ref());
-  message.basicSuite = checked.host.BasicSuite();
-  Expect("a start-up", checked.SendPlain("QP Interface", "Startup", message), kSuccess);
-  OtherBasicSuite::releases = 0;
-  message.basicSuite = &other.suite;
-  Expect("the shut-down", checked.SendPlain("QP Interface", "Shutdown", message), kSuccess);
-  Expect("suites given back", OtherBasicSuite::releases, std::size(kSuitesOfModule));
-  checked.ExpectNothingLeft();
-}
-
 }  // namespace
 
-Checks MessageChecks() {
-  return {
-      {"messages/are-answered-in-silence", AreAnsweredInSilence},
-      {"messages/reach-nobody-without-plug-in", ReachNobodyWithoutAPlugin},
-      {"messages/reach-nobody-after-unload", ReachNobodyAfterAnUnload},
-      {"messages/notifiers-open-context", NotifiersOpenAContext},
-      {"messages/about-shows-two-texts-or-none", AboutShowsTwoTextsOrNone},
-      {"messages/go-through-latest-basic-suite", GoThroughTheLatestBasicSuite},
-  };
+void AddMessageChecks(const Add& add) {
+  add("messages/are-answered-in-silence", [] {
+    RunningModule running;
+    ExpectSilence(running, false);
+  });
+
+  add("messages/reach-nobody-without-plug-in", [] {
+    CheckedModule checked;
+    ExpectSilence(checked, true);
+    for (const char* selector : {"Unload", "Reload"})
+      Expect(selector, checked.module.Send("QP Access", selector), kSuccess);
+    Expect("the shut-down", checked.module.ShutDown(), kSuccess);
+    checked.ExpectNothingLeft();
+  });
+
+  // Its suites are given back, although its code is still there.
+  add("messages/reach-nobody-after-unload", [] {
+    RunningModule running;
+    running.ExpectCalls("the unload", WithSuites("release/"),
+                        [&] { return running.module.Send("QP Access", "Unload"); });
+    ExpectSilence(running, true);
+    running.ExpectCalls("the reload", WithSuites("acquire/"),
+                        [&] { return running.module.Send("QP Access", "Reload"); });
+    Expect("about", running.module.About(), kSuccess);
+    Expect("about boxes", running.person.aboutBoxes.size(), 1u);
+  });
+
+  add("messages/notifiers-open-context", [] {
+    RunningModule running;
+    for (const char* type : {"VX Application Started Notifier", "VX Other", "", kNone})
+      for (const char* selector : {"VX Notify", "VX Other", kNone})
+        running.ExpectCalls("a notifier", kCallsForNotifier,
+                            [&] { return running.module.Notify(type, selector); });
+    Expect("alerts", running.person.alerts, Calls());
+    running.host.Operations().Refuse("VX Context Suite/PopAppContext", kRefused);
+    (void)running.module.Notify("VX Other");
+    auto& contexts = running.host.Objects().contexts;
+    Expect("contexts when none is closed", contexts.Objects().size(), 1u);
+    if (!contexts.Objects().empty()) contexts.Remove(contexts.Objects().back().get());
+  });
+
+  add("messages/about-shows-two-texts-or-none", [] {
+    RunningModule running;
+    StringList texts;
+    texts.Set(1, "Tiles");
+    texts.Set(2, std::string(300, 'x'));
+    running.host.Lists().Replace(ListOwner::kPlugin, 16600, texts);
+    ExpectAbout(running, "Tiles", std::string(255, 'x'));
+    // The texts are those of the message's plug-in, the box is this one's own.
+    PluginMessage ofHost = running.PlainMessage();
+    ofHost.pluginRef = running.host.HostModule();
+    ofHost.globals = running.module.Globals();
+    Expect("about, of another", running.SendPlain("QP Interface", "About", ofHost), kSuccess);
+    Expect("about boxes", running.person.aboutBoxes.size(), 2u);
+    Expect("the first text", running.person.aboutBoxes.back().first, "");
+    running.host.Lists().Replace(ListOwner::kPlugin, 16600, {});
+    ExpectAbout(running, "", "");
+  });
+
+  // What stands in the buffer when a text is refused is none, and the suites go back through the
+  // basic suite of the latest message.
+  add("messages/go-through-latest-basic-suite", [] {
+    CheckedModule checked;
+    OtherBasicSuite other;
+    const void* table = nullptr;
+    Expect(
+        "the host's suite",
+        checked.host.BasicSuite()->Acquire(KDMBasicSuite::kName, KDMBasicSuite::kVersion, &table),
+        kSuccess);
+    OtherBasicSuite::lists = *static_cast<const KDMBasicSuite*>(table);
+    (void)checked.host.BasicSuite()->Release(KDMBasicSuite::kName, KDMBasicSuite::kVersion);
+    OtherBasicSuite::lists.GetListString = [](ModuleRef, int32_t, int32_t, char* buffer, size_t) {
+      buffer[0] = '?';
+      return kCannot;
+    };
+    PluginMessage message = checked.PlainMessage();
+    message.basicSuite = &other.suite;
+    for (const char* selector : {"Startup", "About", "Shutdown"})
+      Expect(selector, checked.SendPlain("QP Interface", selector, message), kSuccess);
+    Expect("about boxes", checked.person.aboutBoxes.size(), 1u);
+    for (const auto& [first, second] : checked.person.aboutBoxes)
+      Expect("the texts of the box", first + second, "");
+    Expect("suites given back", OtherBasicSuite::releases, std::size(kSuitesOfModule));
+
+    checked.host.ForgetRegistrations(checked.module.Ref());
+    message.basicSuite = checked.host.BasicSuite();
+    Expect("a start-up", checked.SendPlain("QP Interface", "Startup", message), kSuccess);
+    OtherBasicSuite::releases = 0;
+    message.basicSuite = &other.suite;
+    Expect("the shut-down", checked.SendPlain("QP Interface", "Shutdown", message), kSuccess);
+    Expect("suites given back", OtherBasicSuite::releases, std::size(kSuitesOfModule));
+    checked.ExpectNothingLeft();
+  });
 }
 
 }  // namespace check

@@ -2,13 +2,10 @@
 #include <cstring>
 #include <ctime>
 #include <fstream>
-#include <memory>
 #include <optional>
 #include <sstream>
 
-#include "check/check.h"
 #include "check/checked_module.h"
-#include "check/findings.h"
 #include "check/known_messages.h"
 #include "check/mosaic_model.h"
 #include "check/open_dialog.h"
@@ -231,7 +228,7 @@ void SendAny(Random& random, RunningModule& running, bool holdsSuites) {
   Calls expected;
   if (holdsSuites && notifies) expected = kCallsForNotifier;
   if (holdsSuites && message == "QP Interface / About") expected = kCallsForAbout;
-  running.ExpectCalls(message.c_str(), expected, [&] {
+  running.ExpectCalls(message, expected, [&] {
     return notifies ? running.module.Notify(Pick(random, kNotifierTypes), selector.c_str())
                     : running.module.Send(caller.c_str(), selector.c_str());
   });
@@ -257,68 +254,12 @@ void SendMessages(size_t part) {
 // The host's resources with random damage: nothing comes of them, or a dialog that can be used and
 // alerts that can be read.
 
-std::string ContentOf(const std::filesystem::path& file) {
-  std::ostringstream content;
-  content << std::ifstream(file).rdbuf();
-  return content.str();
-}
-
 /// What `read` makes of it; nothing when it is refused.
 template <typename Error, typename Read>
 auto ReadOrRefused(Read read) -> std::optional<decltype(read())> try {
   return read();
 } catch (const Error&) {
   return std::nullopt;
-}
-
-void DamageLayouts() {
-  const char* const kLayout = "layouts/16301.xml";
-  const std::string original = ContentOf(Resources().plugin / kLayout);
-  const std::string gestures =
-      "enter HorizontalCountTxt 40\nenter NewWidthTxt 2.5 in\nclick UsePercentChk\n"
-      "click MosaicUseRatioButton\nresize 480 360\nclick GrayRadio\nkey Return";
-  const TemporaryFolder resources;
-  RunningModule running({resources.path, resources.path});
-  ForEachSeed(0, Count(1500, 150000), [&](Random& random) {
-    const std::string layout = Once(random, 2) ? original : Damaged(random, original);
-    const std::string played = Once(random, 2) ? gestures : Damaged(random, gestures);
-    const auto script = ReadOrRefused<nrvui::gestures::ScriptError>(
-        [&] { return nrvui::gestures::GestureScript::Parse(played, "gestures"); });
-    if (!script) return;
-    const bool isRead = ReadOrRefused<standin::ResourceError>([&] {
-                          return standin::ParseLayout(layout, kLayout, standin::MakeLiveToken());
-                        }).has_value();
-    resources.Write(kLayout, layout);
-    nrvui::gestures::ScriptedPresenter person(*script);
-    const nrvui::ui::InstalledPresenter installed(person);
-    MosaicParameters record{};
-    MosaicDialogState state{};
-    const std::string given = Bytes(record) + Bytes(state);
-    const ResultCode code = running.RunDialog(record, state);
-    if (code != kSuccess) ExpectBytes("record and state", Bytes(record) + Bytes(state), given);
-    if (person.Error()) Expect("the answer", code, kCancelled);
-    if (!isRead) Expect("the answer without a layout", code, kCannot);
-    Expect("left of the sheet", running.host.Sheets().Leftovers(), Calls());
-  });
-}
-
-void DamageTexts() {
-  const std::string original = ContentOf(Resources().plugin / "strings/16050.txt");
-  ForEachSeed(0, Count(1500, 150000), [&](Random& random) {
-    std::istringstream text(Damaged(random, original));
-    const auto list = ReadOrRefused<standin::ResourceError>(
-        [&] { return standin::StringList::Read(text, "16050.txt"); });
-    if (!list) return;
-    CheckedModule checked;
-    checked.host.Lists().Replace(standin::ListOwner::kPlugin, 16050, *list);
-    const auto code = ResultCode{static_cast<int32_t>(Below(random, 1000)) + 1};
-    checked.host.Operations().Refuse("QP Plug-ins Suite/SetPluginName", code);
-    Expect("the start-up", checked.module.StartUp(), code);
-    Expect("at most one alert", checked.person.alerts.size() <= 1, true);
-    for (const std::string& alert : checked.person.alerts)
-      if (alert.size() > 255 || !nrvcore::utility::IsValidUTF8(alert)) Fail("alert: " + alert);
-    checked.ExpectNothingLeft();
-  });
 }
 
 // A long life: memory, descriptors and speed stay as they are.
@@ -345,46 +286,91 @@ Measure PlayBatch(RunningModule& running, size_t dialogs, size_t reloads) {
   return measure;
 }
 
-void KeepsItsMemoryAndSpeed() {
-  nrvui::gestures::ScriptedPresenter person(nrvui::gestures::GestureScript::Parse(
-      "enter HorizontalCountTxt 12\nclick MosaicUseRatioButton\nkey Return", "long run"));
-  const nrvui::ui::InstalledPresenter installed(person);
-  RunningModule running;
-  const size_t dialogs = Count(2000, 100000) / kBatches;
-  const size_t reloads = settings.isLong ? 50 : 3;
-  std::vector<Measure> batches;
-  for (size_t i = 0; i < kBatches; ++i) batches.push_back(PlayBatch(running, dialogs, reloads));
-
-  const Measure& warm = batches[kBatches / 4];
-  const Measure& last = batches.back();
-  Expect("open descriptors", last.descriptors, warm.descriptors);
-  Expect("blocks", last.blocks, warm.blocks);
-#ifndef __SANITIZE_ADDRESS__  // which keeps freed memory back for a while
-  Expect("more memory than before, in pages",
-         std::max(0L, last.residentPages - warm.residentPages - 32), 0);
-#endif
-  const auto fastest = [](auto from, auto to) {
-    return std::min_element(from, to, [](auto& a, auto& b) { return a.ticks < b.ticks; })->ticks;
-  };
-  const auto middle = batches.begin() + kBatches / 2;
-  const bool isSlower = fastest(middle, batches.end()) > fastest(batches.begin(), middle) * 3 / 2;
-  Expect("becomes slower", isSlower, false);
-}
-
 }  // namespace
 
-Checks RandomChecks() {
-  Checks checks;
+void AddRandomChecks(const Add& add) {
   const auto addParts = [&](const std::string& name, size_t count, void (*run)(size_t part)) {
     for (size_t part = 0; part < count; ++part)
-      checks.push_back({name + std::to_string(part + 1), [run, part] { run(part); }});
+      add(name + std::to_string(part + 1), [run, part] { run(part); });
   };
   addParts("random/dialogs-", 8, PlayDialogs);
   addParts("random/messages-", 4, SendMessages);
-  checks.push_back({"random/damaged-layouts", DamageLayouts});
-  checks.push_back({"random/damaged-texts", DamageTexts});
-  checks.push_back({"life/keeps-memory-and-speed", KeepsItsMemoryAndSpeed});
-  return checks;
+
+  add("random/damaged-layouts", [] {
+    const char* const kLayout = "layouts/16301.xml";
+    const std::string original = ContentOf(Resources().plugin / kLayout);
+    const std::string gestures =
+        "enter HorizontalCountTxt 40\nenter NewWidthTxt 2.5 in\nclick UsePercentChk\n"
+        "click MosaicUseRatioButton\nresize 480 360\nclick GrayRadio\nkey Return";
+    const TemporaryFolder resources;
+    RunningModule running({resources.path, resources.path});
+    ForEachSeed(0, Count(1500, 150000), [&](Random& random) {
+      const std::string layout = Once(random, 2) ? original : Damaged(random, original);
+      const std::string played = Once(random, 2) ? gestures : Damaged(random, gestures);
+      const auto script = ReadOrRefused<nrvui::gestures::ScriptError>(
+          [&] { return nrvui::gestures::GestureScript::Parse(played, "gestures"); });
+      if (!script) return;
+      const bool isRead = ReadOrRefused<standin::ResourceError>([&] {
+                            return standin::ParseLayout(layout, kLayout, standin::MakeLiveToken());
+                          }).has_value();
+      resources.Write(kLayout, layout);
+      nrvui::gestures::ScriptedPresenter person(*script);
+      const nrvui::ui::InstalledPresenter installed(person);
+      MosaicParameters record{};
+      MosaicDialogState state{};
+      const std::string given = Bytes(record) + Bytes(state);
+      const ResultCode code = running.RunDialog(record, state);
+      if (code != kSuccess) ExpectBytes("record and state", Bytes(record) + Bytes(state), given);
+      if (person.Error()) Expect("the answer", code, kCancelled);
+      if (!isRead) Expect("the answer without a layout", code, kCannot);
+      Expect("left of the sheet", running.host.Sheets().Leftovers(), Calls());
+    });
+  });
+
+  add("random/damaged-texts", [] {
+    const std::string original = ContentOf(Resources().plugin / "strings/16050.txt");
+    ForEachSeed(0, Count(1500, 150000), [&](Random& random) {
+      std::istringstream text(Damaged(random, original));
+      const auto list = ReadOrRefused<standin::ResourceError>(
+          [&] { return standin::StringList::Read(text, "16050.txt"); });
+      if (!list) return;
+      CheckedModule checked;
+      checked.host.Lists().Replace(standin::ListOwner::kPlugin, 16050, *list);
+      const auto code = ResultCode{static_cast<int32_t>(Below(random, 1000)) + 1};
+      checked.host.Operations().Refuse("QP Plug-ins Suite/SetPluginName", code);
+      Expect("the start-up", checked.module.StartUp(), code);
+      Expect("at most one alert", checked.person.alerts.size() <= 1);
+      for (const std::string& alert : checked.person.alerts)
+        if (alert.size() > 255 || !nrvcore::utility::IsValidUTF8(alert)) Fail("alert: " + alert);
+      checked.ExpectNothingLeft();
+    });
+  });
+
+  add("life/keeps-memory-and-speed", [] {
+    nrvui::gestures::ScriptedPresenter person(nrvui::gestures::GestureScript::Parse(
+        "enter HorizontalCountTxt 12\nclick MosaicUseRatioButton\nkey Return", "long run"));
+    const nrvui::ui::InstalledPresenter installed(person);
+    RunningModule running;
+    const size_t dialogs = Count(2000, 100000) / kBatches;
+    const size_t reloads = settings.isLong ? 50 : 3;
+    std::vector<Measure> batches;
+    for (size_t i = 0; i < kBatches; ++i) batches.push_back(PlayBatch(running, dialogs, reloads));
+
+    const Measure& warm = batches[kBatches / 4];
+    const Measure& last = batches.back();
+    Expect("open descriptors", last.descriptors, warm.descriptors);
+    Expect("blocks", last.blocks, warm.blocks);
+#ifndef __SANITIZE_ADDRESS__  // which keeps freed memory back for a while
+    Expect("more memory than before, in pages",
+           std::max(0L, last.residentPages - warm.residentPages - 32), 0);
+#endif
+    const auto fastest = [](auto from, auto to) {
+      return std::min_element(from, to, [](auto& a, auto& b) { return a.ticks < b.ticks; })->ticks;
+    };
+    const auto middle = batches.begin() + kBatches / 2;
+    const bool isSlower = fastest(middle, batches.end()) > fastest(batches.begin(), middle) * 3 / 2;
+    Expect("becomes slower", isSlower, false);
+  });
 }
 
 }  // namespace check

@@ -3,13 +3,9 @@
 #include <csignal>
 #include <cstring>
 #include <exception>
-#include <fstream>
 #include <new>
-#include <sstream>
 
-#include "check/check.h"
 #include "check/checked_module.h"
-#include "check/findings.h"
 #include "check/temporary_folder.h"
 #include "platform/standin/host_codes.h"
 
@@ -17,9 +13,7 @@ namespace check {
 namespace {
 
 bool IsInMemory(const std::filesystem::path& file) {
-  std::stringstream maps;
-  maps << std::ifstream("/proc/self/maps").rdbuf();
-  return maps.str().find(std::filesystem::canonical(file).string()) != std::string::npos;
+  return ContentOf("/proc/self/maps").find(canonical(file).string()) != std::string::npos;
 }
 
 /// The module's file in another place, so that its code is another image at another address.
@@ -27,106 +21,6 @@ struct ModuleCopy : TemporaryFolder {
   ModuleCopy() { std::filesystem::copy_file(settings.module, file); }
   const std::filesystem::path file = path / settings.module.filename();
 };
-
-void LeavesAndComesBackElsewhere() {
-  RunningModule running;
-  standin::Module& module = running.module;
-  const MosaicSuite* const table = running.host.Suites().Find<MosaicSuite>();
-  const auto firstAddress = table->RunMosaicDialog;
-  void* const object = module.Globals();
-  Expect("in memory", IsInMemory(settings.module), true);
-  Expect("the unload", module.Unload(), kSuccess);
-  Expect("in memory after the unload", IsInMemory(settings.module), false);
-
-  const ModuleCopy copy;
-  const standin::ModuleImage occupant(settings.module);  // takes the place where the module was
-  running.ExpectCalls("the reload", WithSuites("acquire/"),
-                      [&] { return module.Reload(copy.file); });
-  Expect("the same object", module.Globals() == object, true);
-  Expect("the same table", running.host.Suites().Find<MosaicSuite>() == table, true);
-  Expect("the function's address has changed", table->RunMosaicDialog != firstAddress, true);
-  Expect("about", module.About(), kSuccess);
-  Expect("about boxes", running.person.aboutBoxes.size(), 1u);
-  Expect("a dialog that nobody presents", running.RunSampleDialog(), kCannot);
-}
-
-void ComesBackToBeShutDown() {
-  RunningModule running;
-  Expect("the unload", running.module.Unload(), kSuccess);
-  const Calls end = Joined({"QP Blocks Suite/FreeBlock"}, WithSuites("release/"));
-  running.ExpectCalls("the shut-down", Joined(WithSuites("acquire/"), end),
-                      [&] { return running.module.ShutDown(); });
-}
-
-void ShutsDownElsewhereWithoutAReload() {
-  standin::RecordingUserInterface person;
-  standin::Host host(person);
-  PluginMessage message{};
-  message.pluginRef = host.AddPlugin("TesseraeUI");
-  message.basicSuite = host.BasicSuite();
-  {
-    const standin::ModuleImage first(settings.module);
-    Expect("the start-up", first.Entry()("QP Interface", "Startup", &message), kSuccess);
-    Expect("the unload", first.Entry()("QP Access", "Unload", &message), kSuccess);
-  }
-  const ModuleCopy copy;
-  const standin::ModuleImage occupant(settings.module);  // takes the place where the module was
-  const standin::ModuleImage second(copy.file);
-  Expect("the shut-down", second.Entry()("QP Interface", "Shutdown", &message), kSuccess);
-  Expect("what is kept for the plug-in", message.globals, nullptr);
-  host.RemovePlugin(message.pluginRef);
-  Expect("what is left", host.Leftovers(), Calls());
-}
-
-void WaitsWithoutSuitesAfterAFailure() {
-  RunningModule running;
-  standin::Host& host = running.host;
-  standin::Module& module = running.module;
-  Expect("the unload", module.Unload(), kSuccess);
-  host.Operations().Refuse("acquire/VX Context Suite", kRefused);
-  Expect("the reload", module.Reload(), kRefused);
-  Expect("suites in use", host.Suites().Users("QP Access Suite"), 0u);
-  Expect("alerts", running.person.alerts.size(), 1u);
-  Expect("about", module.About(), kSuccess);
-  Expect("about boxes", running.person.aboutBoxes.size(), 0u);
-  Expect("the next reload", module.Reload(), kSuccess);
-  Expect("calls of SetPluginName", host.Operations().Calls("QP Plug-ins Suite/SetPluginName"), 1u);
-  Expect("calls of AddNotifier", host.Operations().Calls("VX Notifier Suite/AddNotifier"), 1u);
-}
-
-/// A suite that cannot be given back ends the walk; it and those after it stay in use.
-void StopsAtASuiteThatCannotGoBack() {
-  CheckedModule checked;
-  Expect("the start-up", checked.module.StartUp(), kSuccess);
-  checked.host.Operations().Refuse("release/QP Plug-ins Suite", kRefused);
-  Expect("the shut-down", checked.module.ShutDown(), kSuccess);
-  size_t users = 0;  // of the first; one of each other
-  for (const char* suite : kSuitesOfModule)
-    Expect(suite, checked.host.Suites().Users(suite), std::exchange(users, 1));
-}
-
-void EndsWithoutFreeingItsTable() {
-  CheckedModule checked;
-  standin::Host& host = checked.host;
-  standin::Module& module = checked.module;
-  Expect("the start-up", module.StartUp(), kSuccess);
-  const MosaicSuite* const table = host.Suites().Find<MosaicSuite>();
-  host.Operations().Refuse("QP Blocks Suite/FreeBlock", kRefused);
-  MosaicParameters record = SampleRecord();
-  MosaicDialogState state{};
-  MosaicParameters* params = &record;
-  Expect("the shut-down", module.ShutDown(), kRefused);
-  Expect("what is kept for the plug-in", module.Globals(), nullptr);
-  Expect("a dialog", table->RunMosaicDialog(&state, &params), kCannot);
-  Expect("alerts", checked.person.alerts.size(), 1u);
-  Expect("users of a suite", host.Suites().Users("QP Access Suite"), 1u);
-
-  Expect("the next start-up", module.StartUp(), kSuccess);
-  Expect("the unload", module.Send("QP Access", "Unload"), kSuccess);
-  host.Suites().SetAbsent("QP Blocks Suite");
-  Expect("a shut-down without QP Blocks Suite", module.ShutDown(), kCannot);
-  Expect("what is kept for the plug-in", module.Globals(), nullptr);
-}
 
 /// What a module could change in the process and leave so when it goes.
 std::vector<std::string> StateOfProcess() {
@@ -150,28 +44,119 @@ std::vector<std::string> StateOfProcess() {
   return state;
 }
 
-void LeavesTheProcessAsItWas() {
-  const auto before = StateOfProcess();
-  {
-    RunningModule running;
-    Expect("about", running.module.About(), kSuccess);
-    Expect("a dialog that nobody presents", running.RunSampleDialog(), kCannot);
-  }
-  Expect("the process", StateOfProcess(), before);
-}
-
 }  // namespace
 
-Checks ReloadChecks() {
-  return {
-      {"reload/leaves-and-comes-back-elsewhere", LeavesAndComesBackElsewhere},
-      {"reload/waits-without-suites-after-failure", WaitsWithoutSuitesAfterAFailure},
-      {"shut-down/comes-back-for-it", ComesBackToBeShutDown},
-      {"shut-down/elsewhere-without-reload", ShutsDownElsewhereWithoutAReload},
-      {"shut-down/stops-at-suite-that-cannot-go-back", StopsAtASuiteThatCannotGoBack},
-      {"shut-down/ends-without-freeing-table", EndsWithoutFreeingItsTable},
-      {"shut-down/leaves-process-as-it-was", LeavesTheProcessAsItWas},
-  };
+void AddReloadChecks(const Add& add) {
+  add("reload/leaves-and-comes-back-elsewhere", [] {
+    RunningModule running;
+    standin::Module& module = running.module;
+    const MosaicSuite* const table = running.host.Suites().Find<MosaicSuite>();
+    const auto firstAddress = table->RunMosaicDialog;
+    void* const object = module.Globals();
+    Expect("in memory", IsInMemory(settings.module));
+    Expect("the unload", module.Unload(), kSuccess);
+    Expect("in memory after the unload", IsInMemory(settings.module), false);
+
+    const ModuleCopy copy;
+    const standin::ModuleImage occupant(settings.module);  // takes the place where the module was
+    running.ExpectCalls("the reload", WithSuites("acquire/"),
+                        [&] { return module.Reload(copy.file); });
+    Expect("the same object", module.Globals() == object);
+    Expect("the same table", running.host.Suites().Find<MosaicSuite>() == table);
+    Expect("the function's address has changed", table->RunMosaicDialog != firstAddress);
+    Expect("about", module.About(), kSuccess);
+    Expect("about boxes", running.person.aboutBoxes.size(), 1u);
+    Expect("a dialog that nobody presents", running.RunSampleDialog(), kCannot);
+  });
+
+  add("reload/waits-without-suites-after-failure", [] {
+    RunningModule running;
+    standin::Host& host = running.host;
+    standin::Module& module = running.module;
+    Expect("the unload", module.Unload(), kSuccess);
+    host.Operations().Refuse("acquire/VX Context Suite", kRefused);
+    Expect("the reload", module.Reload(), kRefused);
+    Expect("suites in use", host.Suites().Users("QP Access Suite"), 0u);
+    Expect("alerts", running.person.alerts.size(), 1u);
+    Expect("about", module.About(), kSuccess);
+    Expect("about boxes", running.person.aboutBoxes.size(), 0u);
+    Expect("the next reload", module.Reload(), kSuccess);
+    Expect("calls of SetPluginName", host.Operations().Calls("QP Plug-ins Suite/SetPluginName"),
+           1u);
+    Expect("calls of AddNotifier", host.Operations().Calls("VX Notifier Suite/AddNotifier"), 1u);
+  });
+
+  add("shut-down/comes-back-for-it", [] {
+    RunningModule running;
+    Expect("the unload", running.module.Unload(), kSuccess);
+    const Calls end = Joined({"QP Blocks Suite/FreeBlock"}, WithSuites("release/"));
+    running.ExpectCalls("the shut-down", Joined(WithSuites("acquire/"), end),
+                        [&] { return running.module.ShutDown(); });
+  });
+
+  add("shut-down/elsewhere-without-reload", [] {
+    standin::RecordingUserInterface person;
+    standin::Host host(person);
+    PluginMessage message{};
+    message.pluginRef = host.AddPlugin("TesseraeUI");
+    message.basicSuite = host.BasicSuite();
+    {
+      const standin::ModuleImage first(settings.module);
+      Expect("the start-up", first.Entry()("QP Interface", "Startup", &message), kSuccess);
+      Expect("the unload", first.Entry()("QP Access", "Unload", &message), kSuccess);
+    }
+    const ModuleCopy copy;
+    const standin::ModuleImage occupant(settings.module);  // takes the place where the module was
+    const standin::ModuleImage second(copy.file);
+    Expect("the shut-down", second.Entry()("QP Interface", "Shutdown", &message), kSuccess);
+    Expect("what is kept for the plug-in", message.globals, nullptr);
+    host.RemovePlugin(message.pluginRef);
+    Expect("what is left", host.Leftovers(), Calls());
+  });
+
+  // A suite that cannot be given back ends the walk; it and those after it stay in use.
+  add("shut-down/stops-at-suite-that-cannot-go-back", [] {
+    CheckedModule checked;
+    Expect("the start-up", checked.module.StartUp(), kSuccess);
+    checked.host.Operations().Refuse("release/QP Plug-ins Suite", kRefused);
+    Expect("the shut-down", checked.module.ShutDown(), kSuccess);
+    size_t users = 0;  // of the first; one of each other
+    for (const char* suite : kSuitesOfModule)
+      Expect(suite, checked.host.Suites().Users(suite), std::exchange(users, 1));
+  });
+
+  add("shut-down/ends-without-freeing-table", [] {
+    CheckedModule checked;
+    standin::Host& host = checked.host;
+    standin::Module& module = checked.module;
+    Expect("the start-up", module.StartUp(), kSuccess);
+    const MosaicSuite* const table = host.Suites().Find<MosaicSuite>();
+    host.Operations().Refuse("QP Blocks Suite/FreeBlock", kRefused);
+    MosaicParameters record = SampleRecord();
+    MosaicDialogState state{};
+    MosaicParameters* params = &record;
+    Expect("the shut-down", module.ShutDown(), kRefused);
+    Expect("what is kept for the plug-in", module.Globals(), nullptr);
+    Expect("a dialog", table->RunMosaicDialog(&state, &params), kCannot);
+    Expect("alerts", checked.person.alerts.size(), 1u);
+    Expect("users of a suite", host.Suites().Users("QP Access Suite"), 1u);
+
+    Expect("the next start-up", module.StartUp(), kSuccess);
+    Expect("the unload", module.Send("QP Access", "Unload"), kSuccess);
+    host.Suites().SetAbsent("QP Blocks Suite");
+    Expect("a shut-down without QP Blocks Suite", module.ShutDown(), kCannot);
+    Expect("what is kept for the plug-in", module.Globals(), nullptr);
+  });
+
+  add("shut-down/leaves-process-as-it-was", [] {
+    const auto before = StateOfProcess();
+    {
+      RunningModule running;
+      Expect("about", running.module.About(), kSuccess);
+      Expect("a dialog that nobody presents", running.RunSampleDialog(), kCannot);
+    }
+    Expect("the process", StateOfProcess(), before);
+  });
 }
 
 }  // namespace check

@@ -1,9 +1,7 @@
 #include <chrono>
 #include <thread>
 
-#include "check/check.h"
 #include "check/checked_module.h"
-#include "check/findings.h"
 
 namespace check {
 namespace {
@@ -48,128 +46,118 @@ struct ReportingModule : CheckedModule {
   }
 };
 
-void FindsTheTextOfACode() {
-  ReportingModule reporting;
-  const std::pair<int32_t, const char*> cases[] = {
-      {-43, "Gone is file %d."},
-      {907, "Nine"},
-      {17, "Own text"},
-      {'o' << 24 | '1' << 16, "Short"},
-      {Code("!MEM"), kDefault},
-      {Code("Gone"), "The operation failed (Gone)."},
-      {Code("PARM"), "The operation failed (PARM)."},
-      {9, "The operation failed (9)."},
-      {10, "Host's %s text"},
-      {899, "Host's %s text"},
-      {900, "The operation failed (900)."},
-      {INT32_MIN, "The operation failed (-21474836)."},
-      {16384, "The operation failed (16384)."},
-      {16385, "The operation failed ()."},  // four characters, of which the first ends the text
-      {362, "The operation failed (362)."},
-  };
-  for (const auto& [code, text] : cases) reporting.ExpectShown(code, text);
-  const auto& operations = reporting.host.Operations();
-  Expect("strings given back", operations.Calls("VX Unicode String Suite/Dispose"),
-         operations.Calls("VX Unicode String Suite/CreateFromText"));
-}
-
-void SaysNothingOfSilentCodes() {
-  ReportingModule reporting;
-  for (const char* silent :
-       {"FMT?", "RFSE", "AFTR", "VALD", "MOOT", "TRSH", "CHEK", "CHIT", "TLTK", "pFls", "S!Fd",
-        "!Acq", "Bchn", "dsRP", "skpE", "DONE", "ASTR", "STOP"})
-    reporting.ExpectShown(Code(silent), kNothing);
-  reporting.ExpectShown(361, kNothing);
-}
-
-void FormatsOnlyWhatIsFitForIt() {
-  ReportingModule reporting;
-  const std::string text119 = "%s" + std::string(117, 'y');
-  const std::pair<std::string, std::string> cases[] = {
-      {text119, "12" + std::string(117, 'y')},
-      {text119 + 'y', text119 + 'y'},
-      {"100%% [%4s]", "100% [  12]"},
-      {"%1000s", std::string(255, ' ')},
-      {"%n%s", "%n%s"},
-      {"%10000s", "%10000s"},
-      {"%s%s", "%s%s"},
-      {"100 %", "100 %"},
-      {"no code", "no code"},
-  };
-  for (const auto& [text, shown] : cases) {
-    reporting.SetOwnTexts(text);
-    reporting.ExpectShown(12, shown);
-  }
-}
-
-void EndsAListThatDoesNotEnd() {
-  ReportingModule reporting;
-  StringList endless;
-  for (int32_t index = 1; index < 40000; index += 2) {
-    endless.Set(index, "none");
-    endless.Set(index + 1, index < 32767 ? "Far too many (%s)." : "No index of 16 bits");
-  }
-  reporting.host.Lists().Replace(ListOwner::kPlugin, 16050, endless);
-  reporting.ExpectShown(12, "Far too many (12).");
-  const size_t calls = reporting.host.Operations().Calls("KDM Basic Suite/GetListString");
-  Expect("asks for at most 17000 texts", calls <= 17000, true);
-}
-
-void DoesWithoutTexts() {
-  ReportingModule reporting;
-  reporting.host.Lists().Replace(ListOwner::kPlugin, 16050, {});
-  reporting.ExpectShown(12, kNothing);
-  reporting.ExpectShown(17, "Host's %s text");
-  reporting.host.Operations().Refuse("VX Unicode String Suite/CreateFromText", kCannot);
-  reporting.ExpectShown(17, kNothing);
-}
-
-/// While the plug-in runs, a code that comes again at once is not shown again.
-void RepeatsNothingAtOnce() {
-  RunningModule running;
-  const auto fail = [&](int32_t code, size_t alerts, const char* what) {
-    running.host.Operations().Refuse("acquire/VX Context Suite", ResultCode{code});
-    Expect("the answer", running.module.Send("QP Access", "Reload"), ResultCode{code});
-    Expect(what, running.person.alerts.size(), alerts);
-  };
-  Expect("the unload", running.module.Send("QP Access", "Unload"), kSuccess);
-  fail(12, 1, "alerts after the first failure");
-  fail(12, 1, "alerts after the same");
-  fail(13, 2, "alerts after another");
-  fail(Code("STOP"), 2, "alerts after a silent one");
-  fail(13, 2, "alerts after the former, since what is silent does not come between");
-  fail(12, 3, "alerts after the first again");
-}
-
-/// The interval is counted in whole seconds.
-void RepeatsAfterFiveSeconds() {
-  using std::chrono::milliseconds;
-  RunningModule running;
-  Expect("the unload", running.module.Send("QP Access", "Unload"), kSuccess);
-  const auto begin = std::chrono::steady_clock::now();
-  for (const milliseconds wait : {milliseconds(0), milliseconds(3900), milliseconds(5050)}) {
-    std::this_thread::sleep_until(begin + wait);
-    running.host.Operations().Refuse("acquire/VX Context Suite", kRefused);
-    Expect("the answer", running.module.Send("QP Access", "Reload"), kRefused);
-    const bool isLate = std::chrono::steady_clock::now() > begin + milliseconds(5000);
-    // A machine with more to do may be late for the second.
-    if (wait.count() != 3900 || !isLate)
-      Expect("alerts", running.person.alerts.size(), isLate ? 2u : 1u);
-  }
-}
-
 }  // namespace
 
-Checks ReportChecks() {
-  return {
-      {"report/finds-text-of-code", FindsTheTextOfACode},
-      {"report/says-nothing-of-silent-codes", SaysNothingOfSilentCodes},
-      {"report/formats-only-what-is-fit", FormatsOnlyWhatIsFitForIt},
-      {"report/ends-endless-list", EndsAListThatDoesNotEnd},
-      {"report/does-without-texts", DoesWithoutTexts},
-      {"report/repeats-nothing-at-once", RepeatsNothingAtOnce},
-      {"report/repeats-after-five-seconds", RepeatsAfterFiveSeconds},
-  };
+void AddReportChecks(const Add& add) {
+  add("report/finds-text-of-code", [] {
+    ReportingModule reporting;
+    const std::pair<int32_t, const char*> cases[] = {
+        {-43, "Gone is file %d."},
+        {907, "Nine"},
+        {17, "Own text"},
+        {'o' << 24 | '1' << 16, "Short"},
+        {Code("!MEM"), kDefault},
+        {Code("Gone"), "The operation failed (Gone)."},
+        {Code("PARM"), "The operation failed (PARM)."},
+        {9, "The operation failed (9)."},
+        {10, "Host's %s text"},
+        {899, "Host's %s text"},
+        {900, "The operation failed (900)."},
+        {INT32_MIN, "The operation failed (-21474836)."},
+        {16384, "The operation failed (16384)."},
+        {16385, "The operation failed ()."},  // four characters, of which the first ends the text
+        {362, "The operation failed (362)."},
+    };
+    for (const auto& [code, text] : cases) reporting.ExpectShown(code, text);
+    const auto& operations = reporting.host.Operations();
+    Expect("strings given back", operations.Calls("VX Unicode String Suite/Dispose"),
+           operations.Calls("VX Unicode String Suite/CreateFromText"));
+  });
+
+  add("report/says-nothing-of-silent-codes", [] {
+    ReportingModule reporting;
+    for (const char* silent :
+         {"FMT?", "RFSE", "AFTR", "VALD", "MOOT", "TRSH", "CHEK", "CHIT", "TLTK", "pFls", "S!Fd",
+          "!Acq", "Bchn", "dsRP", "skpE", "DONE", "ASTR", "STOP"})
+      reporting.ExpectShown(Code(silent), kNothing);
+    reporting.ExpectShown(361, kNothing);
+  });
+
+  add("report/formats-only-what-is-fit", [] {
+    ReportingModule reporting;
+    const std::string text119 = "%s" + std::string(117, 'y');
+    const std::pair<std::string, std::string> cases[] = {
+        {text119, "12" + std::string(117, 'y')},
+        {text119 + 'y', text119 + 'y'},
+        {"100%% [%4s]", "100% [  12]"},
+        {"%1000s", std::string(255, ' ')},
+        {"%n%s", "%n%s"},
+        {"%10000s", "%10000s"},
+        {"%s%s", "%s%s"},
+        {"100 %", "100 %"},
+        {"no code", "no code"},
+    };
+    for (const auto& [text, shown] : cases) {
+      reporting.SetOwnTexts(text);
+      reporting.ExpectShown(12, shown);
+    }
+  });
+
+  add("report/ends-endless-list", [] {
+    ReportingModule reporting;
+    StringList endless;
+    for (int32_t index = 1; index < 40000; index += 2) {
+      endless.Set(index, "none");
+      endless.Set(index + 1, index < 32767 ? "Far too many (%s)." : "No index of 16 bits");
+    }
+    reporting.host.Lists().Replace(ListOwner::kPlugin, 16050, endless);
+    reporting.ExpectShown(12, "Far too many (12).");
+    const size_t calls = reporting.host.Operations().Calls("KDM Basic Suite/GetListString");
+    Expect("asks for at most 17000 texts", calls <= 17000);
+  });
+
+  add("report/does-without-texts", [] {
+    ReportingModule reporting;
+    reporting.host.Lists().Replace(ListOwner::kPlugin, 16050, {});
+    reporting.ExpectShown(12, kNothing);
+    reporting.ExpectShown(17, "Host's %s text");
+    reporting.host.Operations().Refuse("VX Unicode String Suite/CreateFromText", kCannot);
+    reporting.ExpectShown(17, kNothing);
+  });
+
+  // While the plug-in runs, a code that comes again at once is not shown again.
+  add("report/repeats-nothing-at-once", [] {
+    RunningModule running;
+    const auto fail = [&](int32_t code, size_t alerts, const char* what) {
+      running.host.Operations().Refuse("acquire/VX Context Suite", ResultCode{code});
+      Expect("the answer", running.module.Send("QP Access", "Reload"), ResultCode{code});
+      Expect(what, running.person.alerts.size(), alerts);
+    };
+    Expect("the unload", running.module.Send("QP Access", "Unload"), kSuccess);
+    fail(12, 1, "alerts after the first failure");
+    fail(12, 1, "alerts after the same");
+    fail(13, 2, "alerts after another");
+    fail(Code("STOP"), 2, "alerts after a silent one");
+    fail(13, 2, "alerts after the former, since what is silent does not come between");
+    fail(12, 3, "alerts after the first again");
+  });
+
+  // The interval is counted in whole seconds.
+  add("report/repeats-after-five-seconds", [] {
+    using std::chrono::milliseconds;
+    RunningModule running;
+    Expect("the unload", running.module.Send("QP Access", "Unload"), kSuccess);
+    const auto begin = std::chrono::steady_clock::now();
+    for (const milliseconds wait : {milliseconds(0), milliseconds(3900), milliseconds(5050)}) {
+      std::this_thread::sleep_until(begin + wait);
+      running.host.Operations().Refuse("acquire/VX Context Suite", kRefused);
+      Expect("the answer", running.module.Send("QP Access", "Reload"), kRefused);
+      const bool isLate = std::chrono::steady_clock::now() > begin + milliseconds(5000);
+      // A machine with more to do may be late for the second.
+      if (wait.count() != 3900 || !isLate)
+        Expect("alerts", running.person.alerts.size(), isLate ? 2u : 1u);
+    }
+  });
 }
 
 }  // namespace check

@@ -1,9 +1,7 @@
 #include <exception>
 #include <new>
 
-#include "check/check.h"
 #include "check/checked_module.h"
-#include "check/findings.h"
 #include "platform/qpbasic/ledger.h"
 
 namespace check {
@@ -11,38 +9,6 @@ namespace {
 
 size_t Blocks() {
   return qpbasic::Ledger::Get().Counts().blocks;
-}
-
-void IntroducesThePluginAndTakesItBack() {
-  CheckedModule checked;
-  standin::Host& host = checked.host;
-  standin::Module& module = checked.module;
-  const size_t blocks = Blocks();
-  const Calls introduction = {"QP Plug-ins Suite/SetPluginName", "VX Notifier Suite/AddNotifier",
-                              "QP Blocks Suite/AllocateBlock", "QP Suites Suite/AddSuite"};
-  checked.ExpectCalls("the start-up", Joined(WithSuites("acquire/"), introduction),
-                      [&] { return module.StartUp(); });
-  Expect("the plug-in's name", module.Ref()->name, "TesseraeUI");
-  Expect("blocks: the object, its set of suites and the published table", Blocks(), blocks + 3);
-  const std::string standing = Text(qpbasic::Ledger::Get().Forgotten());
-  Expect("the table has 8 bytes", standing.find("of 8 bytes") != standing.npos, true);
-  const auto& notifiers = host.Objects().notifiers.Objects();
-  Expect("notifiers", notifiers.size(), 1u);
-  if (!notifiers.empty()) {
-    Expect("the notifier's name", notifiers[0]->name, "TesseraeUI App Started Notifier");
-    Expect("the notifier's type", notifiers[0]->type, "VX Application Started Notifier");
-  }
-  const OpaqueSuite& published = *host.Suites().Suites().Objects().back();
-  Expect("the published suite", published.name, MosaicSuite::kName);
-  Expect("its version", published.version, 1001);
-  Expect("its internal version", published.internalVersion, 1);
-
-  checked.ExpectCalls("the shut-down",
-                      Joined({"QP Blocks Suite/FreeBlock"}, WithSuites("release/")),
-                      [&] { return module.ShutDown(); });
-  Expect("what is kept for the plug-in", module.Globals(), nullptr);
-  Expect("alerts", checked.person.alerts, Calls());
-  checked.ExpectNothingLeft();
 }
 
 /// The start-up ends with the suite that the host refuses, and gives back those before it.
@@ -58,44 +24,6 @@ void LacksSuite(size_t index) {
   Expect("alerts", checked.person.alerts.size(), 1u);
   checked.ExpectNothingLeft();
   Expect("the next start-up", module.StartUp(), kSuccess);
-}
-
-void HostWithoutTables() {
-  CheckedModule checked;
-  static size_t releases = 0;
-  QPBasicSuite withoutTables = {
-      [](const char*, int32_t, const void**) { return kSuccess; },
-      [](const char*, int32_t) { return ++releases, kSuccess; },
-  };
-  for (QPBasicSuite* basicSuite : {static_cast<QPBasicSuite*>(nullptr), &withoutTables}) {
-    PluginMessage message = checked.PlainMessage();
-    message.basicSuite = basicSuite;
-    Expect("the answer", checked.SendPlain("QP Interface", "Startup", message), kCannot);
-    Expect("what is kept for the plug-in", message.globals, nullptr);
-  }
-  Expect("suites given back: the first, and the one for the report", releases, 2u);
-  Expect("a start-up by a whole host", checked.module.StartUp(), kSuccess);
-  Expect("the shut-down", checked.module.ShutDown(), kSuccess);
-  checked.ExpectNothingLeft();
-}
-
-/// '!MSG' says that a message is not answered, but a start-up must not pass for one that succeeded.
-void RefusedAsNotHandled() {
-  CheckedModule checked;
-  checked.host.Operations().Refuse("QP Plug-ins Suite/SetPluginName", kNotHandled);
-  Expect("the answer", checked.module.StartUp(), kNotHandled);
-  Expect("alerts", checked.person.alerts.size(), 1u);
-  checked.ExpectNothingLeft();
-}
-
-/// Without a block for its table there is none to free.
-void FreesNoBlockThatItLacks() {
-  CheckedModule checked;
-  checked.host.Operations().Throw("QP Blocks Suite/AllocateBlock",
-                                  std::make_exception_ptr(std::bad_alloc()));
-  Expect("the answer", checked.module.StartUp(), kParameter);
-  Expect("blocks that go back", checked.host.Operations().Calls("QP Blocks Suite/FreeBlock"), 0u);
-  checked.ExpectNothingLeft();
 }
 
 /// A second start-up, with a record of its own, fails; the first plug-in goes on.
@@ -117,29 +45,94 @@ void SecondFails(const char* refused) {
 
   Expect("the answer to \"About\"", module.About(), kSuccess);
   Expect("about boxes", checked.person.aboutBoxes.size(), 1u);
-  Expect("the first one's table stays", host.Suites().Find<MosaicSuite>() == table, true);
+  Expect("the first one's table stays", host.Suites().Find<MosaicSuite>() == table);
   Expect("a dialog that nobody presents", checked.RunSampleDialog(), kCannot);
   Expect("the shut-down", module.ShutDown(), kSuccess);
   Expect("kinds of things left", host.Leftovers().size(), kept);
 }
 
-void GoesOnWhenASecondFails() {
-  for (const char* refused : {"QP Plug-ins Suite/SetPluginName", "VX Notifier Suite/AddNotifier",
-                              "QP Suites Suite/AddSuite"})
-    SecondFails(refused);
-}
-
 }  // namespace
 
-Checks StartUpChecks() {
-  Checks checks = {{"start-up/introduces-plug-in", IntroducesThePluginAndTakesItBack}};
+void AddStartUpChecks(const Add& add) {
+  add("start-up/introduces-plug-in", [] {
+    CheckedModule checked;
+    standin::Host& host = checked.host;
+    standin::Module& module = checked.module;
+    const size_t blocks = Blocks();
+    const Calls introduction = {"QP Plug-ins Suite/SetPluginName", "VX Notifier Suite/AddNotifier",
+                                "QP Blocks Suite/AllocateBlock", "QP Suites Suite/AddSuite"};
+    checked.ExpectCalls("the start-up", Joined(WithSuites("acquire/"), introduction),
+                        [&] { return module.StartUp(); });
+    Expect("the plug-in's name", module.Ref()->name, "TesseraeUI");
+    Expect("blocks: the object, its set of suites and the published table", Blocks(), blocks + 3);
+    const std::string standing = Text(qpbasic::Ledger::Get().Forgotten());
+    Expect("the table has 8 bytes", standing.find("of 8 bytes") != standing.npos);
+    const auto& notifiers = host.Objects().notifiers.Objects();
+    Expect("notifiers", notifiers.size(), 1u);
+    if (!notifiers.empty()) {
+      Expect("the notifier's name", notifiers[0]->name, "TesseraeUI App Started Notifier");
+      Expect("the notifier's type", notifiers[0]->type, "VX Application Started Notifier");
+    }
+    const OpaqueSuite& published = *host.Suites().Suites().Objects().back();
+    Expect("the published suite", published.name, MosaicSuite::kName);
+    Expect("its version", published.version, 1001);
+    Expect("its internal version", published.internalVersion, 1);
+
+    checked.ExpectCalls("the shut-down",
+                        Joined({"QP Blocks Suite/FreeBlock"}, WithSuites("release/")),
+                        [&] { return module.ShutDown(); });
+    Expect("what is kept for the plug-in", module.Globals(), nullptr);
+    Expect("alerts", checked.person.alerts, Calls());
+    checked.ExpectNothingLeft();
+  });
+
   for (size_t i = 0; i < std::size(kSuitesOfModule); ++i)
-    checks.push_back({"start-up/refused-suite-" + std::to_string(i + 1), [i] { LacksSuite(i); }});
-  checks.push_back({"start-up/host-without-tables", HostWithoutTables});
-  checks.push_back({"start-up/refused-as-not-handled", RefusedAsNotHandled});
-  checks.push_back({"start-up/frees-no-block-that-it-lacks", FreesNoBlockThatItLacks});
-  checks.push_back({"start-up/goes-on-when-a-second-fails", GoesOnWhenASecondFails});
-  return checks;
+    add("start-up/refused-suite-" + std::to_string(i + 1), [i] { LacksSuite(i); });
+
+  add("start-up/host-without-tables", [] {
+    CheckedModule checked;
+    static size_t releases = 0;
+    QPBasicSuite withoutTables = {
+        [](const char*, int32_t, const void**) { return kSuccess; },
+        [](const char*, int32_t) { return ++releases, kSuccess; },
+    };
+    for (QPBasicSuite* basicSuite : {static_cast<QPBasicSuite*>(nullptr), &withoutTables}) {
+      PluginMessage message = checked.PlainMessage();
+      message.basicSuite = basicSuite;
+      Expect("the answer", checked.SendPlain("QP Interface", "Startup", message), kCannot);
+      Expect("what is kept for the plug-in", message.globals, nullptr);
+    }
+    Expect("suites given back: the first, and the one for the report", releases, 2u);
+    Expect("a start-up by a whole host", checked.module.StartUp(), kSuccess);
+    Expect("the shut-down", checked.module.ShutDown(), kSuccess);
+    checked.ExpectNothingLeft();
+  });
+
+  // '!MSG' says that a message is not answered, but a start-up must not pass for one that
+  // succeeded.
+  add("start-up/refused-as-not-handled", [] {
+    CheckedModule checked;
+    checked.host.Operations().Refuse("QP Plug-ins Suite/SetPluginName", kNotHandled);
+    Expect("the answer", checked.module.StartUp(), kNotHandled);
+    Expect("alerts", checked.person.alerts.size(), 1u);
+    checked.ExpectNothingLeft();
+  });
+
+  // Without a block for its table there is none to free.
+  add("start-up/frees-no-block-that-it-lacks", [] {
+    CheckedModule checked;
+    checked.host.Operations().Throw("QP Blocks Suite/AllocateBlock",
+                                    std::make_exception_ptr(std::bad_alloc()));
+    Expect("the answer", checked.module.StartUp(), kParameter);
+    Expect("blocks that go back", checked.host.Operations().Calls("QP Blocks Suite/FreeBlock"), 0u);
+    checked.ExpectNothingLeft();
+  });
+
+  add("start-up/goes-on-when-a-second-fails", [] {
+    for (const char* refused : {"QP Plug-ins Suite/SetPluginName", "VX Notifier Suite/AddNotifier",
+                                "QP Suites Suite/AddSuite"})
+      SecondFails(refused);
+  });
 }
 
 }  // namespace check

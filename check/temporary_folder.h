@@ -4,6 +4,7 @@
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
+#include <sstream>
 #include <string>
 #include <system_error>
 
@@ -35,5 +36,11 @@ class TemporaryFolder {
 
   std::filesystem::path path;
 };
+
+inline std::string ContentOf(const std::filesystem::path& file) {
+  std::ostringstream content;
+  content << std::ifstream(file, std::ios::binary).rdbuf();
+  return content.str();
+}
 
 }  // namespace check
