@@ -65,26 +65,26 @@ struct Lie {
 };
 
 /// Replaces an operation in its table by a function, whose first argument is the host's own.
-template <auto operation>
+template <auto kOperation>
 struct Slot;
-template <class Suite, class Result, class... Arguments, Result (*Suite::*operation)(Arguments...)>
-struct Slot<operation> {
+template <class Suite, class Result, class... Arguments, Result (*Suite::*kOperation)(Arguments...)>
+struct Slot<kOperation> {
   template <class Function>
   static const void* Replace(string_view suite, const void* table) {
     if (suite != Suite::kName || !table) return table;
     static Suite copy;
     static Result (*original)(Arguments...);
     copy = *static_cast<const Suite*>(table);
-    original = copy.*operation;
-    copy.*operation = [](Arguments... arguments) -> Result {
+    original = copy.*kOperation;
+    copy.*kOperation = [](Arguments... arguments) -> Result {
       return Function()(original, arguments...);
     };
     return &copy;
   }
 };
-template <auto operation, class Function>
+template <auto kOperation, class Function>
 constexpr Table In(Function) {
-  return &Slot<operation>::template Replace<Function>;
+  return &Slot<kOperation>::template Replace<Function>;
 }
 
 /// The suite's table, whose address is the last member of the plug-in's object.
