@@ -26,7 +26,6 @@ constexpr auto kSuccess = ResultCode::kSuccess;
 
 QPBasicSuite* host;
 decltype(MosaicSuite::RunMosaicDialog) soundDialog;
-bool hasBegun;
 
 struct Message {
   ResultCode Send() const;
@@ -147,10 +146,6 @@ constexpr Lie kLies[] = {
        StringHandle copy = *text;
        return (void)dispose(text), dispose(&copy);
      })},
-    {"silent-code-shown", In<&QPPluginsSuite::SetPluginName>([](auto set, auto... arguments) {
-       const ResultCode code = set(arguments...);
-       return code == ResultCode{361} ? ResultCode{362} : code;
-     })},
 
     {"function-kept-over-reload",
      [](Message message) {
@@ -161,7 +156,8 @@ constexpr Lie kLies[] = {
      }},
     {"object-lost-without-reload",
      [](Message message) {
-       hasBegun = hasBegun || message.Begins();
+       static bool hasBegun;
+       hasBegun |= message.Begins();
        if (message.Is("Shutdown") && !hasBegun) message.record.globals = nullptr;
        return message.Send();
      }},
@@ -202,11 +198,6 @@ constexpr Lie kLies[] = {
      [](Dialog dialog, ResultCode code) { return dialog.record = **dialog.params, code; }},
     {"address-of-record-changed",
      [](Dialog dialog, ResultCode code) { return *dialog.params = nullptr, code; }},
-    {"result-lost-with-window",
-     [](Dialog dialog, ResultCode code) {
-       if (Failed(code)) dialog.record = dialog.given;
-       return code;
-     }},
     {"arithmetic-of-its-own",
      In<&VXRealMathSuite::Multiply>([](auto, float a, float b) { return a * b; })},
 };
