@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <clocale>
+#include <cstdlib>
 #include <random>
 #include <sstream>
 
@@ -14,7 +15,9 @@ using nrvcore::config::ReplacementValue;
 TEST(Localizer, ShowsWhatFollowsTheFirstEqualSignOfAKeyWithoutTranslation) {
   Localizer& localizer = Localizer::Get();
   localizer.SetCatalogues(CATALOGUES);
-  localizer.SetLanguage("de");
+  localizer.SetLanguage("xx:de_AT.UTF-8@euro:de");
+  EXPECT_STREQ(std::getenv("LANGUAGE"), "de:C");
+  EXPECT_TRUE(localizer.HasCatalogue());
   EXPECT_EQ(localizer.Localize("$$$/nrvui/Gesture/Disabled=The control is disabled."),
             u"Das Steuerelement ist deaktiviert.");
   EXPECT_EQ(localizer.Localize("$$$/Test/Title=Tiles = 1"), u"Tiles = 1");
@@ -22,7 +25,10 @@ TEST(Localizer, ShowsWhatFollowsTheFirstEqualSignOfAKeyWithoutTranslation) {
   EXPECT_EQ(localizer.Localize("$$$/Test/Empty="), u"");
   EXPECT_EQ(localizer.Localize(""), u"") << "the catalogue's header is no text";
   EXPECT_EQ(localizer.Localize(nullptr), u"");
-  localizer.SetLanguage("en");
+  for (const char* english : {"en:de", "C:de", "./de"}) {
+    localizer.SetLanguage(english);
+    EXPECT_FALSE(localizer.HasCatalogue()) << english;
+  }
   EXPECT_STREQ(std::setlocale(LC_ALL, nullptr), "C") << "the process's locale is its own";
 }
 
@@ -56,4 +62,5 @@ TEST(Localizer, PutsValuesInTheirPlacesOnce) {
   const char* const key = "$$$/Test/Width=%1 is wide, %0 %2 is %3 %";
   EXPECT_EQ(localizer.Localize(key, {value, value, empty}), u"%2 is wide, %0 %2 is  %");
   EXPECT_EQ(localizer.Localize(key, {value}), u"%2 is wide, %0 %2 is %3 %");
+  EXPECT_EQ(localizer.Localize("$$$/Test/End=%1", {value}), u"%2");
 }

@@ -68,7 +68,7 @@ TEST(Enter, WhatStaysOrIsRefusedNotifiesNobody) {
 
 TEST(Click, TogglesAndSelectsWithinTheGroup) {
   TestDialog test;
-  Click(*test.dialog, *test.percent);
+  EXPECT_TRUE(Click(*test.dialog, *test.percent).changed);
   EXPECT_TRUE(test.percent->IsChecked());
   Click(*test.dialog, *test.percent);
   EXPECT_FALSE(test.percent->IsChecked());
@@ -154,12 +154,15 @@ TEST(Gestures, ResizeKeepsToTheMinimum) {
   EXPECT_FALSE(Resize(*test.dialog, {90, 70}).changed);
   const Outcome outcome = Resize(*test.dialog, {90.5, 10});
   EXPECT_EQ(Describe(outcome), u"90.5 × 10 is less than 90 × 60; 90 × 60 was put in its place.");
-  for (const float wrong : {-1.0f, 1e9f, NAN}) {
+  for (const float wrong : {-1.0f, 32768.0f, NAN}) {
     EXPECT_EQ(Resize(*test.dialog, {100, wrong}).refusal, Refusal::kNotASize);
   }
   EXPECT_EQ(test.dialog->GetContentSize(), (nrvcore::geom::PointT<float>{90, 60}));
   EXPECT_EQ(test.dialog->GetRootView()->UI_GetLocalRectF(),
             (nrvcore::geom::RectT<float>{0, 0, 90, 60}));
+  EXPECT_TRUE(Resize(*test.dialog, {0, 32767}).IsPulled());
   test.dialog->SetMinimumSize({NAN, 1e30f});
   EXPECT_EQ(test.dialog->GetMinimumSize(), (nrvcore::geom::PointT<float>{0, 1e6f}));
+  test.dialog->SetMinimumSize({5, -5});
+  EXPECT_EQ(test.dialog->GetMinimumSize(), (nrvcore::geom::PointT<float>{5, 0}));
 }

@@ -7,7 +7,9 @@
 #include "platform/nrvcore/error.h"
 #include "platform/nrvui/ui_message.h"
 #include "platform/nrvui/ui_node.h"
+#include "tests/nrvui/test_dialog.h"
 
+using namespace nrvui::controls;
 using namespace nrvui::ui;
 using NodePtr = boost::intrusive_ptr<UI_Node>;
 
@@ -85,6 +87,56 @@ TEST(Node, OnlyASizeThatDiffersIsTold) {
   node->UI_SetLocalRectF({0, 0, 30, 20});
   EXPECT_EQ(told, 1);
   EXPECT_EQ(node->UI_GetLocalRectF(), (nrvcore::geom::RectT<float>{0, 0, 30, 20}));
+  node->UI_SetLocalRectF({9, 9, 5, 5});
+  EXPECT_EQ(node->UI_GetLocalRectF(), (nrvcore::geom::RectT<float>{0, 0, 0, 0}));
+}
+
+TEST(Node, TellsItsObserverOfEachChangeThatOneCanSee) {
+  struct Counter final : NodeObserver {
+    void NodeChanged(UI_Node&) override { ++changes; }
+    int changes = 0;
+  } observer;
+  TestDialog test;
+  const boost::intrusive_ptr<UI_Panel> grid = new UI_Panel;
+  test.dialog->GetRootView()->ChildPushBack(grid);
+  ForEachBelow<UI_Node>(*test.dialog, [&](UI_Node& node) { node.UI_SetObserver(&observer); });
+  test.dialog->UI_SetObserver(&observer);
+  const std::function<void()> steps[] = {
+      [&] { test.ok->UI_Show(false); },
+      [&] {
+        test.ok->UI_SetLocalRectF({0, 0, 7, 7});
+      },
+      [&] { test.ok->SetHelp("$$$/a=b"); },
+      [&] { test.ok->SetDisabledHelp("$$$/a=b"); },
+      [&] { test.label->SetBuddy("ok"); },
+      [&] { test.gray->SetValue(kRadioOn); },
+      [&] { test.gray->SetGroup("a"); },
+      [&] { test.name->SetValue(u"two"); },
+      [&] { test.width->SetNumber(5); },
+      [&] { test.width->SetLowerBound(5); },
+      [&] { test.width->SetUpperBound(5); },
+      [&] { test.width->SetCustomUnit(test.width->kPercentUnit); },
+      [&] { grid->SetArrangement(PanelArrangement::kGrid); },
+      [&] { grid->SetColumnCount(1); },
+      [&] { grid->SetColumnCount(grid->kMostColumns); },
+      [&] { grid->SetTitle(u"Grid"); },
+      [&] { test.dialog->Center(); },
+      [&] {
+        test.dialog->SetMinimumSize({5, 5});
+      },
+      [&] { test.dialog->SetResponse(kOkResponse); },
+      [&] { test.panel->ChildSwapOrder(0, 1); },
+      [&] { test.panel->ChildPushBack(test.ok); }};
+  for (size_t i = 0; i < std::size(steps); ++i) {
+    const int before = observer.changes;
+    steps[i]();
+    EXPECT_EQ(observer.changes, before + 1) << i;
+  }
+  const int before = observer.changes;
+  grid->ChildPushBack(test.ok);
+  EXPECT_EQ(observer.changes, before + 2) << "both parents";
+  for (const unsigned wrong : {0u, grid->kMostColumns + 1})
+    EXPECT_THROW(grid->SetColumnCount(wrong), std::invalid_argument);
 }
 
 TEST(MessageFunctionAdapter, DeliversOnlyItsOwnClassOfMessage) {

@@ -26,10 +26,12 @@ TEST(NumberText, ReadsNumbersWithTheirUnitsAndSaysWhyItRefuses) {
       {u"25.4mm", kLength, u'.', 72},
       {u"\uFF0D\uFF10\uFF19\uFF0E\uFF15\u3000\uFF05", kPercent, u'.', -9.5},  // wide forms
       {u"2\uFF0C54\uFF43\uFF2D", kLength, u',', 72},
-      {u"12,345,678.9 pt", kLength, u'.', 12345678.9},
+      {u"123,456,789.5 pt", kLength, u'.', 123456789.5},
       {u"-1.000", kNone, u',', -1000},
       {u"1.234.567,5", kNone, u',', 1234567.5},
       {u"0.500", kNone, u',', 0.5},
+      {u".500", kNone, u',', 0.5},
+      {u"1.2345678", kNone, u',', 1.2345678},
       {u"12,5", kNone, u'.', 0, Refusal::kTwoReadings},
       {u"1,00,000", kNone, u'.', 0, Refusal::kTwoReadings},
       {u"1.2345.678", kNone, u',', 0, Refusal::kNotANumber},

@@ -3,6 +3,7 @@
 #include <stdexcept>
 
 #include "check/temporary_folder.h"
+#include "platform/nrvcore/error.h"
 #include "platform/nrvui/scripted_presenter.h"
 #include "tests/nrvui/test_dialog.h"
 
@@ -72,6 +73,17 @@ TEST(Script, SaysWhatWasPulledOrLeftOpenAndWhereItCannotBeReadOrPlayed) {
   }
 }
 
+TEST(Script, PlaysOnADialogWhoseStorageIsNotTheHeaps) {
+  PlainDialog dialog;
+  {
+    ScriptedPresenter presenter(GestureScript::Parse("close", "f"));
+    const InstalledPresenter installed(presenter);
+    dialog.RunModal();
+  }
+  EXPECT_EQ(dialog.GetResponse(), kCancelResponse);
+  EXPECT_THROW(dialog.RunModal(), nrvcore::config::Error) << "nobody presents it any more";
+}
+
 TEST(Script, ErrorsOfHandlersPassThrough) {
   TestDialog test;
   WhenChanged(*test.ratio, [&] { test.dialog->RunModal(); });
@@ -83,8 +95,15 @@ TEST(Script, ErrorsOfHandlersPassThrough) {
 
 TEST(Script, IsReadFromAFileOfAnyLength) {
   const check::TemporaryFolder folder;
-  EXPECT_THROW(GestureScript::ReadFile(folder.path), ScriptError) << "a folder";
-  EXPECT_THROW(GestureScript::ReadFile("/dev/zero"), ScriptError) << "without an end";
+  for (const auto& [file, reason] :
+       {std::pair(folder.path, ": the gesture file can't be read"),
+        {"/dev/zero", ": the gesture file is larger than 16777216 bytes"}})
+    try {
+      GestureScript::ReadFile(file);
+      ADD_FAILURE() << "no error: " << file;
+    } catch (const ScriptError& error) {
+      EXPECT_EQ(error.what(), file.string() + reason);
+    }
   folder.Write("long", std::string(10000, '\n').append("close\n"));
   EXPECT_EQ(GestureScript::ReadFile(folder.path / "long").Steps().at(0).line, 10001u);
 }

@@ -30,6 +30,7 @@ TEST_F(LedgerTest, NamesWhatIsForgottenForeignOrFreedTwice) {
   ASSERT_EQ(ledger.Allocate(40, "table", &block), ResultCode::kSuccess);
   ASSERT_EQ(QPBasicAllocateBlock(0, &empty), ResultCode::kSuccess);
   ASSERT_NE(empty, nullptr);
+  EXPECT_TRUE(ledger.Forgotten(ledger.Mark()).empty()) << "of later ones";
   EXPECT_EQ(ledger.Counts().blocks, before.blocks + 2);
   EXPECT_EQ(ledger.Counts().bytes, before.bytes + 40);
   EXPECT_EQ(QPBasicFreeBlock(empty), ResultCode::kSuccess);
@@ -51,6 +52,20 @@ TEST_F(LedgerTest, NamesWhatIsForgottenForeignOrFreedTwice) {
   EXPECT_NE(faults[2].find("of 40 bytes"), std::string::npos) << faults[2];
   EXPECT_EQ(ledger.Counts().blocks, before.blocks);
   EXPECT_EQ(ledger.Counts().bytes, before.bytes);
+}
+
+TEST_F(LedgerTest, RemembersTheLastThousandFreesAndDescribesAHundredFaults) {
+  std::vector<void*> blocks(1025);
+  for (void*& block : blocks) ASSERT_EQ(QPBasicAllocateBlock(8, &block), ResultCode::kSuccess);
+  for (void* block : blocks) ASSERT_EQ(QPBasicFreeBlock(block), ResultCode::kSuccess);
+  for (int i = 0; i < 101; ++i)
+    EXPECT_EQ(QPBasicFreeBlock(i < 2 ? blocks[i] : &ledger), qpbasic::kUnknownBlock);
+  EXPECT_TRUE(ledger.Faults()[0].starts_with("freed but foreign: "));
+  EXPECT_TRUE(ledger.Faults()[1].starts_with("freed twice: "));
+  EXPECT_EQ(ledger.Faults().size(), 100U);
+  EXPECT_EQ(ledger.Counts().faults, before.faults + 101);
+  ledger.ForgetFaults();
+  EXPECT_EQ(ledger.Counts().faults, 0U);
 }
 
 TEST_F(LedgerTest, RefusesTheAllocationThatIsAskedFor) {

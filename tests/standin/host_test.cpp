@@ -58,6 +58,8 @@ TEST_F(HostTest, SuitesAreHandedOutByNameAndVersionAndCounted) {
   EXPECT_EQ(basic->Acquire("VX Real Math Suit", 1002, &suite), standin::kSuiteNotFound);
   EXPECT_EQ(basic->Acquire(name, 1001, &suite), standin::kSuiteVersion);
   EXPECT_EQ(suite, &host) << "a failed acquisition writes nothing";
+  EXPECT_EQ(basic->Release("VX Real Math Suit", 1002), standin::kSuiteNotFound);
+  EXPECT_EQ(basic->Release(name, 1001), standin::kSuiteVersion);
   EXPECT_EQ(basic->Release(name, 1002), standin::kSuiteNotHeld);
   ASSERT_EQ(basic->Acquire(name, 1002, &suite), kDone);
   EXPECT_EQ(static_cast<const VXRealMathSuite*>(suite)->Divide(1, 3), 1.0F / 3.0F);
@@ -77,9 +79,7 @@ TEST_F(HostTest, WhatIsNotGivenBackIsNamedAndNothingIsGivenBackTwice) {
   AccessHandle held;
   ContextHandle outer, inner;
   StringHandle string = nullptr;
-  EXPECT_EQ(access->AcquirePlugin(host.HostModule(), &held), standin::kUnknownPlugin);
-  EXPECT_EQ(HeldSuite<VXNotifierSuite>(host)->AddNotifier(host.HostModule(), "n", "t", nullptr),
-            standin::kUnknownPlugin);
+  EXPECT_EQ(HeldSuite<QPPluginsSuite>(host)->SetPluginName(plugin, "Greeter"), kDone);
   EXPECT_EQ(strings->CreateFromText(&string, "text", 4, 3), standin::kUnknownEncoding);
   ASSERT_EQ(access->AcquirePlugin(plugin, &held), kDone);
   ASSERT_EQ(contexts->PushAppContext(plugin, &outer), kDone);
@@ -89,8 +89,8 @@ TEST_F(HostTest, WhatIsNotGivenBackIsNamedAndNothingIsGivenBackTwice) {
   EXPECT_EQ(screen.alerts, Lines{"hello"});
   const Lines left = host.Leftovers();
   ASSERT_EQ(left.size(), 8U);
-  EXPECT_EQ(left[4], "access to plugin.so is held");
-  EXPECT_EQ(left[6], "context of plugin.so is open");
+  EXPECT_EQ(left[4], "access to Greeter is held");
+  EXPECT_EQ(left[6], "context of Greeter is open");
   EXPECT_EQ(left[7], "string \"hello\" is not disposed of");
 
   EXPECT_EQ(access->ReleasePlugin(held), kDone);
@@ -102,6 +102,9 @@ TEST_F(HostTest, WhatIsNotGivenBackIsNamedAndNothingIsGivenBackTwice) {
   StringHandle copy = string;
   EXPECT_EQ(strings->Dispose(&string), kDone);
   EXPECT_EQ(string, nullptr);
+  EXPECT_EQ(strings->Dispose(&string), kDone) << "the empty string";
+  EXPECT_EQ(user->ShowErrorAlert(&string), kDone);
+  EXPECT_EQ(screen.alerts.back(), "");
   EXPECT_EQ(strings->Dispose(&copy), standin::kUnknownHandle);
   EXPECT_EQ(user->ShowErrorAlert(&copy), standin::kUnknownHandle);
   EXPECT_EQ(host.Leftovers().size(), 4U) << "the suites";
@@ -117,6 +120,51 @@ TEST_F(HostTest, WhatIsNotGivenBackIsNamedAndNothingIsGivenBackTwice) {
   EXPECT_EQ(access->AcquirePlugin(plugin, &held), standin::kUnknownPlugin);
 }
 
+TEST_F(HostTest, OperationsRefuseNullsAndModulesThatAreNoPlugins) {
+  const auto& access = *host.Suites().Find<QPAccessSuite>();
+  const auto& plugins = *host.Suites().Find<QPPluginsSuite>();
+  const auto& notifiers = *host.Suites().Find<VXNotifierSuite>();
+  const auto& contexts = *host.Suites().Find<VXContextSuite>();
+  const auto& basic = *host.Suites().Find<KDMBasicSuite>();
+  const auto& suites = *host.Suites().Find<QPSuitesSuite>();
+  const auto& strings = *host.Suites().Find<VXUnicodeStringSuite>();
+  const auto& interface = *host.Suites().Find<VXUserInterfaceMainSuite>();
+  const ModuleRef texts = host.HostModule();
+  const void* table;
+  AccessHandle held;
+  ContextHandle context;
+  SuiteHandle suite;
+  StringHandle string;
+  for (const ResultCode code : {host.BasicSuite()->Acquire(nullptr, 1, &table),
+                                host.BasicSuite()->Release(nullptr, 1),
+                                host.BasicSuite()->Acquire("VX User Suite", 1011, nullptr),
+                                access.AcquirePlugin(plugin, nullptr),
+                                plugins.SetPluginName(plugin, nullptr),
+                                notifiers.AddNotifier(plugin, nullptr, "t", nullptr),
+                                notifiers.AddNotifier(plugin, "n", nullptr, nullptr),
+                                contexts.PushAppContext(plugin, nullptr),
+                                basic.GetListString(plugin, 5, 1, nullptr, 8),
+                                basic.ShowAboutBox(plugin, nullptr, ""),
+                                basic.ShowAboutBox(plugin, "", nullptr),
+                                suites.AddSuite(&host, plugin, "s", 1, 1, &host, &suite),
+                                suites.AddSuite(nullptr, plugin, nullptr, 1, 1, &host, &suite),
+                                suites.AddSuite(nullptr, plugin, "s", 1, 1, nullptr, &suite),
+                                suites.AddSuite(nullptr, plugin, "s", 1, 1, &host, nullptr),
+                                strings.CreateFromText(nullptr, "", 0, 0),
+                                strings.CreateFromText(&string, nullptr, 0, 0),
+                                strings.Dispose(nullptr),
+                                host.Suites().Find<VXUserSuite>()->ShowErrorAlert(nullptr),
+                                interface.GetSheetFactory(nullptr),
+                                interface.GetDrawingSupplierSource(nullptr)})
+    EXPECT_EQ(code, standin::kBadArgument);
+  for (const ResultCode code :
+       {access.AcquirePlugin(texts, &held), plugins.SetPluginName(texts, "n"),
+        notifiers.AddNotifier(texts, "n", "t", nullptr), contexts.PushAppContext(texts, &context),
+        basic.ShowAboutBox(texts, "", ""),
+        suites.AddSuite(nullptr, texts, "s", 1, 1, &host, &suite)})
+    EXPECT_EQ(code, standin::kUnknownPlugin);
+}
+
 TEST_F(HostTest, AReleaseThatThrowsLeavesTheSuiteHeld) {
   host.Operations().Throw("release/VX User Suite", std::make_exception_ptr(std::bad_alloc()));
   EXPECT_TRUE(HeldSuite<VXUserSuite>(host));
@@ -130,7 +178,9 @@ TEST(HostsInTurn, TellOfTheirOwnFaultsOnly) {
     EXPECT_EQ(host.Leftovers(), Lines{});
     EXPECT_EQ(QPBasicFreeBlock(&screen), qpbasic::kUnknownBlock);
     EXPECT_EQ(host.Leftovers().size(), 1U);
+    EXPECT_THROW(standin::Host second(screen), std::logic_error);
   }
+  EXPECT_THROW(standin::Host::Current(), std::logic_error);
 }
 
 TEST_F(HostTest, PluginsPublishSuitesForOthers) {
@@ -148,12 +198,19 @@ TEST_F(HostTest, PluginsPublishSuitesForOthers) {
   host.SetAway(plugin, true);
   EXPECT_EQ(HeldSuite<Greeting>(host).Code(), standin::kNotLoaded);
   host.SetAway(plugin, false);
-  host.ForgetRegistrations(plugin);
+  const HeldSuite<VXNotifierSuite> notifiers(host);
+  NotifierHandle notifier = nullptr;
+  ASSERT_EQ(notifiers->AddNotifier(plugin, "mine", "t", &notifier), kDone);
+  ASSERT_EQ(notifiers->AddNotifier(host.AddPlugin("other.so"), "other", "t", nullptr), kDone);
+  EXPECT_EQ(notifier->name, "mine");
+  host.RemovePlugin(plugin);
   EXPECT_EQ(HeldSuite<Greeting>(host).Code(), standin::kSuiteNotFound);
+  ASSERT_EQ(host.Objects().notifiers.Objects().size(), 1U);
+  EXPECT_EQ(host.Objects().notifiers.Objects()[0]->name, "other");
 }
 
 TEST_F(HostTest, ListStringsComeFromTheOwnersFilesAndFitTheBuffer) {
-  resources.Write("strings/5.txt", "1\tplug-in\n2\tgr\xC3\xBC\xC3\x9F\n");
+  resources.Write("strings/5.txt", "1\tplug-in\n2\tgr\xC3\xBC\xC3\x9F\n4\t\xC3\xBC\n");
   resources.Write("host/5.txt", "1\thost\n");
   resources.Write("strings/6.txt", "1\tgood\nbad\n");
   std::filesystem::create_symlink("7.txt", resources.path / "strings/7.txt");
@@ -171,6 +228,8 @@ TEST_F(HostTest, ListStringsComeFromTheOwnersFilesAndFitTheBuffer) {
       {plugin, 6, 1, 8, standin::kDamagedList, "before"},
       {nullptr, 5, 1, 8, standin::kUnknownPlugin, "before"},
       {plugin, 5, 1, 0, standin::kBadArgument, "before"},
+      {plugin, 5, 1, 1, kDone, ""},
+      {plugin, 5, 4, 2, kDone, ""},
       {plugin, 5, 1, 8, kDone, "plug-in"},     // with its terminator it just fits
       {plugin, 5, 2, 6, kDone, "gr\xC3\xBC"},  // no half character remains
       {host.HostModule(), 5, 1, 8, kDone, "host"},
@@ -181,38 +240,53 @@ TEST_F(HostTest, ListStringsComeFromTheOwnersFilesAndFitTheBuffer) {
     EXPECT_EQ(lists->GetListString(owner, list, index, text, size), code);
     EXPECT_STREQ(text, expected);
   }
-  EXPECT_TRUE(host.ResourceProblems().back().ends_with("6.txt:2: no tab between index and text"));
+  const char* const reasons[] = {"7.txt: is no file that can be read",
+                                 "8.txt: the file is larger than 1048576 bytes",
+                                 "6.txt:2: no tab between index and text"};
+  for (size_t i = 0; i < std::size(reasons); ++i)
+    EXPECT_TRUE(host.ResourceProblems().at(i).ends_with(reasons[i])) << reasons[i];
 }
 
 TEST_F(HostTest, AModuleIsALibraryWithAnEntryPoint) {
   Dl_info library;
   ASSERT_NE(dladdr(reinterpret_cast<void*>(&QPBasicFreeBlock), &library), 0);
   resources.Write("text.so", "this is no library");
-  const std::filesystem::path whole = library.dli_fname, part = resources.path / "part.so";
-  copy_file(whole, part);
+  const auto whole = resources.path / "whole.so", part = resources.path / "part.so";
+  for (const auto& copy : {whole, part}) copy_file(library.dli_fname, copy);
   resize_file(part, 5000);  // a page of what is loaded; names for the debugger are not
   for (const auto& file : {resources.path / "missing.so", resources.path / "text.so", part, whole})
-    EXPECT_THROW(Module(host, file), standin::LoadError) << file;
-  try {
-    Module(host, part);
-  } catch (const standin::LoadError& error) {
-    EXPECT_TRUE(std::string_view(error.what()).ends_with("the file is cut short")) << error.what();
-  }
-  EXPECT_EQ(host.Objects().modules.Size(), 2U) << "the host's own and the fixture's";
+    try {
+      Module(host, file);
+      ADD_FAILURE() << "no error: " << file;
+    } catch (const standin::LoadError& error) {
+      const bool isCutShort = std::string_view(error.what()).ends_with("the file is cut short");
+      EXPECT_EQ(isCutShort, file == part) << error.what();
+    }
+  EXPECT_EQ(dlopen(whole.c_str(), RTLD_NOW | RTLD_NOLOAD), nullptr) << "it does not stay";
+  EXPECT_EQ(host.Objects().modules.Objects().size(), 2U) << "the host's own and the fixture's";
 }
 
 TEST_F(HostTest, AModuleStaysInMemoryWhileSomethingNeedsIt) {
+  static ResultCode answer;
+  answer = ResultCode::kCannot;
   Module module(
-      host, [](const char*, const char*, PluginMessage*) { return kDone; }, "linked");
+      host, [](const char*, const char*, PluginMessage*) { return answer; }, "linked");
+  EXPECT_EQ(module.Unload(), ResultCode::kCannot);
+  EXPECT_TRUE(module.IsLoaded());
+  answer = kDone;
+  const Greeting greeting;
+  host.Suites().Add(Greeting::kName, 5, &greeting, module.Ref());
   host.Objects().accesses.Add({module.Ref()});
   EXPECT_EQ(module.Unload(), standin::kPluginInUse);
   EXPECT_EQ(module.About(), kDone);
   host.Objects().accesses.RemoveIf([](const auto&) { return true; });
   EXPECT_EQ(module.Unload(), kDone);
   EXPECT_EQ(module.About(), standin::kNotLoaded);
+  EXPECT_FALSE(HeldSuite<Greeting>(host));
   EXPECT_EQ(module.Unload(), standin::kNotLoaded);
   EXPECT_EQ(module.Reload(), kDone);
   EXPECT_EQ(module.About(), kDone);
+  EXPECT_TRUE(HeldSuite<Greeting>(host));
 }
 
 TEST_F(HostTest, ASheetIsBuiltAfreshOrTheHostSaysWhyNot) {
@@ -221,6 +295,10 @@ TEST_F(HostTest, ASheetIsBuiltAfreshOrTheHostSaysWhyNot) {
   resources.Write("layouts/8.xml", "<sheet>\n<knob/></sheet>");
   EXPECT_EQ(CreateSheet(8), nullptr);
   EXPECT_TRUE(host.ResourceProblems().back().ends_with("8.xml:2: unknown element <knob>"));
+  resources.Write("layouts/9.xml", std::string(262145, ' '));
+  EXPECT_EQ(CreateSheet(9), nullptr);
+  EXPECT_TRUE(
+      host.ResourceProblems().back().ends_with("9.xml: the file is larger than 262144 bytes"));
   EXPECT_NE(CreateSheet()->GetSheetView(), CreateSheet()->GetSheetView());
   EXPECT_EQ(host.Sheets().CreateSheetHolder(host.HostModule(), 7, u""), nullptr);
 }

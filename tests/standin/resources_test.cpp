@@ -43,13 +43,13 @@ Node& As(const boost::intrusive_ptr<UI_Node>& node) {
 }
 
 constexpr const char* kSample = R"(<?xml version="1.0"?>
-<sheet height="50" focus="count">
+<sheet width="32767" height="1" focus="count">
   <!-- a comment -->
   <group id="box" caption="$$$/Test/Box=A Box" columns="2">
     <label caption="$$$/Test/Count=&amp;Count:" for="count"/>
     <number id="count" value="2.5" help="$$$/Test/For=For." help-disabled="$$$/Test/Off=Off."/>
     <space/>
-    <radio id="one" group="choice" caption="$$$/Test/One=One"/>
+    <radio id="one" group="_09AZaz" caption="$$$/Test/One=One"/>
   </group>
   <row><space/><button id="ok" caption="$$$/Test/OK=OK"/></row>
 </sheet>)";
@@ -57,6 +57,7 @@ constexpr const char* kSample = R"(<?xml version="1.0"?>
 TEST(Layout, BuildsNodesNestedAsTheElements) {
   const SheetTree tree = ParseLayout(kSample, "sample.xml", standin::MakeLiveToken());
   EXPECT_EQ(Children(*tree.view)[0], tree.layout);
+  EXPECT_EQ(tree.view->UI_GetLocalRectF(), (nrvcore::geom::RectT<float>{0, 0, 32767, 1}));
   const auto& group = As<UI_Panel>(Children(*tree.layout)[0]);
   EXPECT_EQ(group.GetTitle(), u"A Box");
   EXPECT_EQ(group.UI_GetNodeID(), "box");
@@ -70,20 +71,43 @@ TEST(Layout, BuildsNodesNestedAsTheElements) {
   As<UI_UnitNumberEdit>(Children(group)[1]).SetDisabled(true);
   EXPECT_EQ(As<UI_UnitNumberEdit>(Children(group)[1]).GetHelp(), u"Off.");
   EXPECT_EQ(tree.initialFocus, Children(group)[1]);
-  EXPECT_EQ(As<UI_RadioButton>(Children(group)[3]).GetGroup(), "choice");
+  EXPECT_EQ(As<UI_RadioButton>(Children(group)[3]).GetGroup(), "_09AZaz");
   const auto& row = As<UI_Panel>(Children(*tree.layout)[1]);
   EXPECT_EQ(row.GetArrangement(), PanelArrangement::kRow);
+  EXPECT_FALSE(row.IsSpace());
+  EXPECT_TRUE(As<UI_Panel>(Children(row)[0]).IsSpace());
+}
+
+std::string Nested(int depth) {
+  std::string text = "<sheet></sheet>";
+  while (depth-- > 0) text.insert(text.size() - 8, "</row>").insert(7, "<row>");
+  return text;
+}
+
+std::string WithBlanks(size_t size) {
+  return "<sheet>" + std::string(size - 15, ' ') + "</sheet>";
+}
+
+TEST(Layout, TakesWhatItsLimitsAllow) {
+  const auto refusal = [](const std::string& text) {
+    return Refusal([&] { ParseLayout(text, "L.xml", standin::MakeLiveToken()); });
+  };
+  EXPECT_EQ(refusal(Nested(32)), "none");
+  EXPECT_EQ(refusal(WithBlanks(262144)), "none");
+  for (const char* columns : {"1", "16"})
+    EXPECT_EQ(refusal(std::string("<sheet><grid columns='") + columns + "'/></sheet>"), "none");
+  for (const std::string leaf :
+       {"space", "label", "number", "checkbox", "radio", "button", "text-button"})
+    EXPECT_EQ(refusal("<sheet><" + leaf + "><row/></" + leaf + "></sheet>"),
+              "L.xml:1: <" + leaf + "> cannot hold anything");
 }
 
 TEST(Layout, RefusesWithFileLineAndReasonAndLeavesNoNode) {
-  std::string deep;
-  for (int i = 0; i < 40; ++i) deep.insert(0, "<row>").append("</row>");
   const std::pair<std::string, const char*> cases[] = {
       {"", "No document element found"},
       {"<dialog/>", "<dialog> where <sheet> must stand"},
       {"<sheet/>\n\n<sheet/>", "L.xml:3: something after the end of <sheet>"},
       {"<sheet>\n<slider id=\"a\"/></sheet>", "L.xml:2: unknown element <slider>"},
-      {"<sheet>\n<number id='a'><row/></number></sheet>", "L.xml:2: <number> cannot hold anything"},
       {"<sheet><space/>\n<row id='a'><row id='a'/></row></sheet>",
        "L.xml:2: a second node with the ID a"},
       {"<sheet><number id=\"a b\"/></sheet>", "no name of letters, digits and underscores"},
@@ -93,14 +117,15 @@ TEST(Layout, RefusesWithFileLineAndReasonAndLeavesNoNode) {
       {"<sheet><grid columns=\"0\"/></sheet>", "columns=\"0\" is no whole number from 1 to 16"},
       {"<sheet><button id='a' caption='$$$/T'/></sheet>", "no localisation key"},
       {"<sheet><button id='a' caption='T=OK'/></sheet>", "no localisation key"},
+      {"<sheet><button id='a' caption='$$$/T='/></sheet>", "no localisation key"},
       {"<sheet><button id=\"a\" caption=\"$$$/T=\xFF\"/></sheet>", "caption is not UTF-8"},
       {"<sheet>\n<label for=\"b\"/></sheet>", "L.xml:2: no node has the ID \"b\""},
       {"<sheet style='a'/>", "<sheet> has no attribute style"},
-      {"<sheet width='0'/>", "L.xml:1: width=\"0\" is no whole number from 1 to 32767"},
+      {"<sheet width='3x'/>", "L.xml:1: width=\"3x\" is no whole number from 1 to 32767"},
       {"<sheet focus='a' focus='a'><row id='a'/></sheet>", "focus is given twice"},
-      {"<sheet>" + deep + "</sheet>", "nested deeper than 32"},
+      {Nested(33), "nested deeper than 32"},
       {std::string("<sheet>\n\0</sheet>", 17), "L.xml:2: a NUL"},
-      {"<sheet>" + std::string(300000, ' ') + "</sheet>", "larger than 262144 bytes"},
+      {WithBlanks(262145), "L.xml: the file is larger than 262144 bytes"},
   };
   const standin::LiveToken token = standin::MakeLiveToken();
   for (const auto& [text, reason] : cases) {
@@ -116,16 +141,19 @@ StringList ReadList(const std::string& text) {
 }
 
 TEST(StringList, ReadsEntriesWithGapsAndRefusesDamageWithFileLineAndReason) {
-  const StringList list = ReadList("# about\n\n1\tfirst\r\n3\twith\ttab and # and %s\n12\t");
-  ASSERT_EQ(list.Entries().size(), 3U);
+  const StringList list = ReadList("# about\n\n1\tfirst\r\n3\twith\ttab and # and %s\n5\t" +
+                                   std::string(4094, 'a') + "\n32767\t");
+  ASSERT_EQ(list.Entries().size(), 4U);
   EXPECT_EQ(*list.Find(1), "first");
   EXPECT_EQ(list.Find(2), nullptr);
   EXPECT_EQ(*list.Find(3), "with\ttab and # and %s");
-  EXPECT_EQ(*list.Find(12), "");
+  EXPECT_EQ(*list.Find(32767), "");
 
   const std::pair<std::string, const char*> cases[] = {
       {"1\ta\n2 b\n", "list.txt:2: no tab between index and text"},
       {"1\ta\n\n1\tb\n", "list.txt:3: index 1 after index 1"},
+      {"0\ta\n", "list.txt:1: \"0\" is no index from 1 to 32767"},
+      {"32768\ta\n", "list.txt:1: \"32768\" is no index from 1 to 32767"},
       {"1x\ta\n", "list.txt:1: \"1x\" is no index from 1 to 32767"},
       {"99999999999\ta\n", "list.txt:1: \"99999999999\" is no index from 1 to 32767"},
       {"1\t\xC3(\n", "list.txt:1: the line is not UTF-8"},
@@ -134,6 +162,9 @@ TEST(StringList, ReadsEntriesWithGapsAndRefusesDamageWithFileLineAndReason) {
   };
   for (const auto& [text, reason] : cases)
     EXPECT_EQ(Refusal([&bad = text] { ReadList(bad); }), reason);
+  std::istream unreadable(nullptr);
+  EXPECT_EQ(Refusal([&] { StringList::Read(unreadable, "list.txt"); }),
+            "list.txt:1: the file cannot be read");
 }
 
 TEST(StringLists, HoldUsableTextsInEveryLanguage) {
