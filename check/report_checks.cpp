@@ -119,6 +119,9 @@ void AddReportChecks(const Add& add) {
   add("report/does-without-texts", [] {
     ReportingModule reporting;
     reporting.host.Lists().Replace(ListOwner::kPlugin, 16050, {});
+    reporting.ExpectShown(9, kNothing);
+    Expect("texts asked for", reporting.host.Operations().Calls("KDM Basic Suite/GetListString"),
+           1u);
     reporting.ExpectShown(12, kNothing);
     reporting.ExpectShown(17, "Host's %s text");
     reporting.host.Operations().Refuse("VX Unicode String Suite/CreateFromText", kCannot);

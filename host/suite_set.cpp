@@ -1,5 +1,7 @@
 #include "host/suite_set.h"
 
+#include <span>
+
 #include "host/error.h"
 
 constinit uint16_t suiteAcquireCount = 0;
@@ -55,15 +57,16 @@ ResultCode SuiteSet::AcquireRequired() noexcept {
 void SuiteSet::CountLists() {
   const SuiteImport* end = EndOf(kPluginSuites);
   requiredCount = static_cast<uint16_t>(end - kPluginSuites);
-  if (end->version != kOptionalSuitesFollow) return;
-  const SuiteImport* optional = end + 1;
-  optionalCount = static_cast<uint16_t>(EndOf(optional) - optional);
+  if (end->version == kOptionalSuitesFollow) {
+    const SuiteImport* optional = end + 1;
+    optionalCount = static_cast<uint16_t>(EndOf(optional) - optional);
+  }
 }
 
 void SuiteSet::AcquireOptional() noexcept {
-  const SuiteImport* optional = kPluginSuites + requiredCount + 1;
-  for (uint16_t i = 0; i < optionalCount && optional[i].destination; ++i) {
-    if (!*optional[i].destination && !Failed(TryToAcquire(optional[i]))) ++optionalAcquired;
+  for (const SuiteImport& import : std::span(kPluginSuites + requiredCount + 1, optionalCount)) {
+    if (!import.destination) return;
+    if (!*import.destination && !Failed(TryToAcquire(import))) ++optionalAcquired;
   }
 }
 

@@ -11,6 +11,7 @@ TEST_F(LifecycleTest, AStartUpThatFailsLeavesNothing) {
   EXPECT_EQ(module.StartUp(), ResultCode::kParameter);
   EXPECT_EQ(module.Globals(), nullptr);
   EXPECT_TRUE(host.Leftovers().empty());
+  EXPECT_TRUE(host.Objects().notifiers.Objects().empty());
   EXPECT_EQ(handled, std::vector<std::string>{});
   ReturnHostBlock(nullptr);
 
@@ -38,11 +39,24 @@ TEST_F(LifecycleTest, UnloadAndReloadCallTheirStepsAndKeepTheMembers) {
   EXPECT_EQ(module.Send("VX Menu", "VX Go"), ResultCode::kParameter);
 }
 
+TEST_F(LifecycleTest, AModuleThatGoesIsShutDownFirst) {
+  PluginRef plugin;
+  {
+    standin::Module going(host, &PluginMain, "Going");
+    plugin = going.Ref();
+    ASSERT_EQ(going.StartUp(), ResultCode::kSuccess);
+  }
+  EXPECT_TRUE(host.Leftovers().empty());
+  EXPECT_FALSE(host.Objects().IsPlugin(plugin));
+}
+
 TEST_F(LifecycleTest, LocksNest) {
   ASSERT_EQ(module.StartUp(), ResultCode::kSuccess);
-  for (const bool lock : {false, true, true, false}) (void)Object()->SetLocked(lock);
+  for (const bool lock : {false, true}) (void)Object()->SetLocked(lock);
+  EXPECT_EQ(host.Objects().accesses.Objects().size(), 1u);
+  for (const bool lock : {true, false}) (void)Object()->SetLocked(lock);
   EXPECT_EQ(Object()->lockCount, 1);
-  EXPECT_EQ(host.Objects().accesses.Size(), 1u);
+  EXPECT_EQ(host.Objects().accesses.Objects().size(), 1u);
   (void)Object()->SetLocked(false);
   EXPECT_EQ(Object()->accessHandle, nullptr);
   EXPECT_EQ(Operations().Calls("QP Access Suite/AcquirePlugin"), 1u);

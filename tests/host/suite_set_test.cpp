@@ -9,7 +9,8 @@ class SuiteSetTest : public FrameworkTest {
   SuiteSetTest() { basicSuite = host.BasicSuite(); }
   ~SuiteSetTest() override {
     suiteAcquireCount = 0;
-    heldSuite<VXNotifierSuite> = heldSuite<VXContextSuite> = heldSuite<KDMBasicSuite> = nullptr;
+    heldSuite<QPPluginsSuite> = heldSuite<VXNotifierSuite> = heldSuite<VXContextSuite> =
+        heldSuite<KDMBasicSuite> = nullptr;
     heldSuite<QPBlocksSuite> = heldSuite<VXUnicodeStringSuite> = nullptr;
     heldSuite<VXUserSuite> = heldSuite<VXUserInterfaceMainSuite> = nullptr;
   }
@@ -30,6 +31,15 @@ TEST_F(SuiteSetTest, SetsShareTheSuitesAndTheLastOneReleasesThem) {
   }
   EXPECT_EQ(Suite<KDMBasicSuite>(), nullptr);
   EXPECT_EQ(Suite<VXUserSuite>(), nullptr);
+}
+
+TEST_F(SuiteSetTest, WithoutABasicSuiteTheReleaseEndsAtTheFirst) {
+  {
+    const SuiteSet set;
+    basicSuite = nullptr;
+  }
+  EXPECT_EQ(Suite<QPAccessSuite>(), nullptr);
+  EXPECT_NE(Suite<QPPluginsSuite>(), nullptr);
 }
 
 TEST_F(SuiteSetTest, OptionalSuitesAreTriedAgainWithEveryMessage) {

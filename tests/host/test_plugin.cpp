@@ -20,6 +20,7 @@ constinit const SuiteImport kPluginSuites[] = {
     ImportOf<VXUserSuite>(),
     {"VX Suite Of Tomorrow", 1, &missingOptional},
     ImportOf<VXUserInterfaceMainSuite>(),
+    {"VX Suite For Nobody", 1, nullptr},
     {},
 };
 

@@ -3,27 +3,27 @@
 #include "check/function_presenter.h"
 #include "check/hosted_module.h"
 #include "host/plugin_main.h"
+#include "mosaic/tesserae_ui.h"
 #include "platform/vxui/modal_context.h"
 
-namespace {
-
-bool isApplicationBlocked = false;
-
-}  // namespace
+static bool isApplicationBlocked = false;
 
 // These take the place of the library's, which has no use for the argument.
 vx::ui::ModalContext::ModalContext(bool blocksApplication) {
   isApplicationBlocked = blocksApplication;
 }
-vx::ui::ModalContext::~ModalContext() {
-  isApplicationBlocked = false;
-}
+vx::ui::ModalContext::~ModalContext() = default;
 
-TEST(MosaicDialog, BlocksTheApplicationWhileItRuns) {
+class PluginTest : public testing::Test {
+ protected:
+  PluginTest() { EXPECT_EQ(module.StartUp(), ResultCode::kSuccess); }
+
   standin::RecordingUserInterface person;
-  standin::Host host(person);
-  standin::Module module(host, &PluginMain, "TesseraeUI");
-  ASSERT_EQ(module.StartUp(), ResultCode::kSuccess);
+  standin::Host host{person};
+  standin::Module module{host, &PluginMain, "TesseraeUI"};
+};
+
+TEST_F(PluginTest, ItsDialogBlocksTheApplication) {
   bool wasBlocked = false;
   const FunctionPresenter presenter(
       [&](nrvui::ui::UI_Dialog&) { wasBlocked = isApplicationBlocked; });
@@ -33,5 +33,10 @@ TEST(MosaicDialog, BlocksTheApplicationWhileItRuns) {
   EXPECT_EQ(host.Suites().Find<MosaicSuite>()->RunMosaicDialog(&state, &params),
             ResultCode::kCancelled);
   EXPECT_TRUE(wasBlocked);
-  EXPECT_FALSE(isApplicationBlocked);
+}
+
+TEST_F(PluginTest, IsFoundByNobodyAfterAShutDownThatFails) {
+  host.Operations().Refuse("QP Blocks Suite/FreeBlock", ResultCode::kParameter);
+  EXPECT_EQ(module.ShutDown(), ResultCode::kParameter);
+  EXPECT_EQ(currentPlugin, nullptr);
 }
