@@ -36,6 +36,11 @@ class NRV_EXPORT Error : public std::exception {
                                         const ReplacementValue& third,
                                         const ReplacementValue& fourth);
 
+/// The same for whoever has no use for the rest.
+[[noreturn]] inline void ThrowError(const char* key, const ReplacementValue& value = {}) {
+  ThrowError(ErrorLevel::kError, key, 0, 0, false, value, {}, {}, {});
+}
+
 inline constexpr const char* kInvalidTypeConversion =
     "$$$/nrvcore/utility/Error/InvalidTypeConversion=Invalid type conversion.";
 

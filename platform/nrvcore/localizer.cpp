@@ -83,16 +83,12 @@ const UTF16String& ReplacementValue::Text() const noexcept {
 }
 
 Localizer& Localizer::Get() {
-  static Localizer localizer;
-  return localizer;
+  static Localizer* const localizer = new Localizer;
+  return *localizer;
 }
 
 Localizer::Localizer() : userLanguage(LanguageOfEnvironment()) {
   bind_textdomain_codeset(kDomain, "UTF-8");
-}
-
-Localizer::~Localizer() {
-  if (messagesLocale != nullptr) freelocale(messagesLocale);
 }
 
 void Localizer::SetCatalogues(const std::string& cataloguesFolder) {
@@ -129,10 +125,7 @@ std::string Localizer::WithCatalogue(std::string_view languages) {
 void Localizer::SetLanguage(const std::string& code) {
   damagedCatalogue.clear();
   setenv("LANGUAGE", WithCatalogue(code.empty() ? userLanguage : code).c_str(), 1);
-  if (locale_t utf8 = newlocale(LC_MESSAGES_MASK, "C.UTF-8", nullptr)) {
-    std::swap(messagesLocale, utf8);
-    if (utf8 != nullptr) freelocale(utf8);
-  }
+  if (messagesLocale == nullptr) messagesLocale = newlocale(LC_MESSAGES_MASK, "C.UTF-8", nullptr);
   ++_nl_msg_cat_cntr;
 }
 

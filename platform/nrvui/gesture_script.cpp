@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cstdio>
 #include <fstream>
 
 #include "platform/nrvcore/localizer.h"
@@ -74,9 +75,9 @@ bool TakeArguments(std::string_view rest, Step& step) {
     case Verb::kClose:
       return rest.empty();
     case Verb::kResize:
-      return TakeNumber(rest, step.width) && TakeNumber(rest, step.height) && rest.empty();
+      break;
   }
-  return false;
+  return TakeNumber(rest, step.width) && TakeNumber(rest, step.height) && rest.empty();
 }
 
 }  // namespace
@@ -93,7 +94,7 @@ ScriptError::~ScriptError() = default;
 GestureScript GestureScript::ReadFile(const std::filesystem::path& path) {
   std::ifstream stream(path, std::ios::binary);
   std::string text;
-  std::array<char, 4096> block;
+  std::array<char, BUFSIZ> block;
   while (stream) {
     stream.read(block.data(), block.size());
     text.append(block.data(), stream.gcount());
@@ -129,8 +130,9 @@ GestureScript GestureScript::Parse(std::string_view text, const std::string& nam
       throw ScriptError(name, number,
                         Message("$$$/nrvui/Script/NoGesture=there is no gesture \"%1\"", {word}));
     }
-    Step step{
-        .line = number, .verb = verb->verb, .target = {}, .text = {}, .width = 0, .height = 0};
+    Step step;
+    step.line = number;
+    step.verb = verb->verb;
     if (!TakeArguments(line, step)) {
       throw ScriptError(name, number,
                         Message("$$$/nrvui/Script/Form=it should read: %1", {verb->form}));

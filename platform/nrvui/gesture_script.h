@@ -26,8 +26,8 @@ struct Step {
   Verb verb;
   std::string target;  // the control's node ID, or the key
   std::string text;    // what is entered, UTF-8
-  float width;         // of a resize
-  float height;
+  float width = 0;     // of a resize
+  float height = 0;
 };
 
 /// Gestures from a UTF-8 text, one a line, `#` starts a comment:

@@ -4,6 +4,7 @@
 #include <array>
 #include <charconv>
 #include <cmath>
+#include <limits>
 #include <string>
 
 #include "platform/nrvcore/unicode.h"
@@ -16,7 +17,8 @@ using gestures::Refusal;
 namespace {
 
 constexpr int kDecimals = 4;
-constexpr std::size_t kLongestFixedNumber = 1 + 309 + 1 + kDecimals;
+constexpr std::size_t kLongestFixedNumber =
+    std::string_view("-1.").size() + std::numeric_limits<double>::max_exponent10 + kDecimals;
 
 struct NamedUnit {
   std::string_view name;
@@ -68,7 +70,7 @@ std::string Plain(std::u16string_view text, char16_t decimalSign) {
     } else if (character >= u'A' && character <= u'Z') {
       plain += static_cast<char>(character - u'A' + u'a');
     } else {
-      plain += character < 0x7F ? static_cast<char>(character) : kForeign;
+      plain += static_cast<char>(std::min<char16_t>(character, kForeign));
     }
   }
   return plain;
@@ -114,7 +116,7 @@ ParsedNumber ParseNumber(std::u16string_view text, NumberUnit fieldUnit, char16_
   std::string_view rest = plain;
   if (rest.starts_with('+') && !rest.starts_with("+-")) rest.remove_prefix(1);
 
-  double value = 0;
+  double value = std::numeric_limits<double>::infinity();  // stays so for what is out of range
   const auto [end, error] = ReadNumber(rest.data(), rest.data() + rest.size(), value);
   if (error == std::errc::invalid_argument) return No(Refusal::kNotANumber);
   rest.remove_prefix(end - rest.data());
@@ -129,7 +131,7 @@ ParsedNumber ParseNumber(std::u16string_view text, NumberUnit fieldUnit, char16_
     factor = unit->factor;
   }
   if (std::isnan(value)) return No(Refusal::kNotANumber);
-  if (error != std::errc() || !std::isfinite(value * factor)) return No(Refusal::kOutOfRange);
+  if (!std::isfinite(value * factor)) return No(Refusal::kOutOfRange);
   return {value * factor, Refusal::kNone};
 }
 

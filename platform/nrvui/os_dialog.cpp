@@ -50,10 +50,7 @@ OS_Dialog::~OS_Dialog() = default;
 
 void OS_Dialog::RunModal() {
   DialogPresenter* const presenter = InstalledPresenter::Current();
-  if (presenter == nullptr) {
-    nrvcore::config::ThrowError(nrvcore::config::ErrorLevel::kError, kNoPresenter, 0, 0, false, {},
-                                {}, {}, {});
-  }
+  if (presenter == nullptr) nrvcore::config::ThrowError(kNoPresenter);
   if (isOpen) throw std::logic_error("the dialog is open already");
   // A handler may release all other references. A count of 0 means that the storage is not the
   // heap's, and a reference must not be taken and dropped.

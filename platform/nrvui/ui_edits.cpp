@@ -72,11 +72,9 @@ nrvcore::UTF16String UI_NumberEdit::GetValue() const {
 
 void UI_NumberEdit::SetValue(const nrvcore::UTF16String& newText) {
   const ParsedNumber parsed = Parse(newText, GetUnit());
-  if (parsed.refusal != Refusal::kNone) {
-    nrvcore::config::ThrowError(nrvcore::config::ErrorLevel::kError,
-                                gestures::TextFor(parsed.refusal), 0, 0, false,
-                                nrvcore::config::ReplacementValue(newText), {}, {}, {});
-  }
+  if (parsed.refusal != Refusal::kNone)
+    nrvcore::config::ThrowError(gestures::TextFor(parsed.refusal),
+                                nrvcore::config::ReplacementValue(newText));
   SetNumber(parsed.value);
 }
 
@@ -86,15 +84,12 @@ Outcome UI_NumberEdit::AcceptEntry(const nrvcore::UTF16String& entry) {
   if (parsed.refusal != Refusal::kNone) return gestures::Refused(parsed.refusal, entry);
 
   Outcome outcome;
-  const double upper = GetUpperBound();
-  const double accepted = parsed.value > upper        ? upper
-                          : parsed.value < lowerBound ? lowerBound
-                                                      : parsed.value;
+  const double accepted = std::clamp(parsed.value, lowerBound, GetUpperBound());
   if (accepted != parsed.value) {
     const nrvcore::UTF16String entered = Format(parsed.value);
     const nrvcore::UTF16String put = Format(accepted);
     const OutcomeKind kind =
-        parsed.value > upper ? OutcomeKind::kPulledDown : OutcomeKind::kPulledUp;
+        parsed.value > accepted ? OutcomeKind::kPulledDown : OutcomeKind::kPulledUp;
     // The bound as the person reads it may lie a little beyond it; that is no other number to them.
     if (entered != put) outcome = {.kind = kind, .entered = entered, .put = put};
   }

@@ -22,8 +22,8 @@ UI_Node::~UI_Node() noexcept(false) {
 }
 
 void UI_Node::DestroyUnlessGuarded() const {
-  if (beingDestroyed != 0 || keptOnLastRelease != 0) return;
-  beingDestroyed = 1;
+  if (beingDestroyed || keptOnLastRelease) return;
+  beingDestroyed = true;
   delete this;
 }
 
@@ -110,7 +110,7 @@ std::int32_t UI_Node::UI_GetReferenceCount() const {
 }
 
 void UI_Node::UI_KeepOnLastRelease(bool keep) {
-  keptOnLastRelease = keep ? 1 : 0;
+  keptOnLastRelease = keep;
 }
 
 void UI_Node::UI_Changed() {

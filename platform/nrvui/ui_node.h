@@ -116,8 +116,8 @@ class NRV_EXPORT UI_Node : public UI_Container {
 
   // First what a lookup reads, so that it touches fewer cache lines.
   mutable std::atomic<std::int32_t> referenceCount{0};
-  mutable std::uint8_t beingDestroyed = 0;
-  std::uint8_t keptOnLastRelease = 0;
+  mutable bool beingDestroyed = false;
+  bool keptOnLastRelease = false;
   bool shown = true;
   std::vector<boost::intrusive_ptr<UI_Node>> children;
   nrvcore::String nodeID;

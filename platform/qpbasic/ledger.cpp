@@ -15,10 +15,10 @@
 namespace qpbasic {
 
 struct Block {
-  void* address = nullptr;
-  size_t size = 0;
-  const char* debugName = nullptr;
-  uint64_t serial = 0;
+  void* address;
+  size_t size;
+  const char* debugName;
+  uint64_t serial;
 };
 
 /// Tests replace the global operator and count its calls; what the book takes for each block must

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <algorithm>
-#include <cstddef>
 #include <memory>
 #include <utility>
 #include <vector>
@@ -34,7 +33,6 @@ class HandleBook {
     std::erase_if(objects, [&](const auto& object) { return condition(*object); });
   }
 
-  size_t Size() const { return objects.size(); }
   /// In the order in which they were given out.
   const std::vector<std::unique_ptr<Object>>& Objects() const { return objects; }
 

@@ -65,14 +65,14 @@ nrvcore::UTF16String LayoutAttribute::AsCaption() const {
 }
 
 double LayoutAttribute::AsNumber() const {
-  double number = 0;
+  double number{};
   if (!Parse(value, &number) || !std::isfinite(number))
     RefuseAs("$$$/standin/Layout/NoNumber=%1=\"%2\" is no number");
   return number;
 }
 
 unsigned LayoutAttribute::AsCount(unsigned last) const {
-  unsigned count = 0;
+  unsigned count{};
   if (!Parse(value, &count) || count < 1 || count > last)
     RefuseAs("$$$/standin/Layout/NoCount=%1=\"%2\" is no whole number from 1 to %3",
              std::to_string(last));
@@ -202,10 +202,6 @@ constexpr LayoutElement kElements[] = {
     {"button", false, Make<UI_Button>, kButtonAttributes},
     {"text-button", false, Make<UI_TextButton>, kButtonAttributes},
 };
-
-static_assert(std::ranges::all_of(kElements, [](const LayoutElement& element) {
-  return element.attributes.size() <= kMostAttributes;
-}));
 
 template <typename Row>
 const Row* FindByName(std::span<const Row> rows, std::string_view name) {

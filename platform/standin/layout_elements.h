@@ -40,9 +40,6 @@ class LayoutAttribute {
   Refuse refuse;
 };
 
-/// That an element may have.
-inline constexpr size_t kMostAttributes = 8;
-
 enum class Presence { kOptional, kRequired };
 
 struct AttributeRule {

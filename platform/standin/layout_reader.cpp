@@ -1,7 +1,6 @@
 #include "platform/standin/layout_reader.h"
 
 #include <algorithm>
-#include <bitset>
 #include <boost/container/flat_map.hpp>
 #include <fstream>
 #include <iterator>
@@ -86,8 +85,6 @@ SheetTree Reader::Read() {
     Refuse(offset(second),
            Message("$$$/standin/Layout/AfterEnd=something after the end of <sheet>"));
 
-  constexpr size_t kUsualNodes = 64;
-  nodes.reserve(kUsualNodes);
   SheetTree tree;
   tree.view = LiveNode<UI_SubView>::Make(token);
   tree.layout = boost::static_pointer_cast<UI_Layout>(MakeNode(root, SheetElement()));
@@ -128,29 +125,24 @@ boost::intrusive_ptr<UI_Node> Reader::MakeNode(const pugi::xml_node& xml,
 
 void Reader::ApplyAttributes(const pugi::xml_node& xml, const LayoutElement& element,
                              UI_Node& node) {
-  std::bitset<kMostAttributes> given;  // by the place of their rules
   for (const pugi::xml_attribute& attribute : xml.attributes()) {
     const char* const name = attribute.name();
     const AttributeRule* const rule = FindAttributeRule(element, name);
     if (!rule)
       Refuse(name,
              Message("$$$/standin/Layout/Attribute=<%1> has no attribute %2", {xml.name(), name}));
-    const auto place = static_cast<size_t>(rule - element.attributes.data());
-    if (given.test(place))
+    if (xml.attribute(name) != attribute)
       Refuse(name, Message("$$$/standin/Layout/Twice=%1 is given twice", {name}));
-    given.set(place);
     rule->apply(
         node, {name, attribute.value(), [&](const std::string& reason) { Refuse(name, reason); }});
     if (std::string_view(name) == "id") NoteId(attribute, node);
     if (std::string_view(name) == "for") buddies.push_back({name, attribute.value()});
     if (std::string_view(name) == "focus") initialFocus = Reference{name, attribute.value()};
   }
-  for (size_t place = 0; place < element.attributes.size(); ++place) {
-    const AttributeRule& rule = element.attributes[place];
-    if (rule.presence == Presence::kRequired && !given.test(place))
+  for (const AttributeRule& rule : element.attributes)
+    if (rule.presence == Presence::kRequired && !xml.attribute(rule.name.data()))
       Refuse(xml.name(), Message("$$$/standin/Layout/Missing=<%1> needs the attribute %2",
                                  {xml.name(), rule.name}));
-  }
 }
 
 void Reader::NoteId(const pugi::xml_attribute& attribute, UI_Node& node) {

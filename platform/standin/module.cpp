@@ -5,8 +5,11 @@
 #include <link.h>
 #endif
 
+#include <algorithm>
 #include <cstring>
 #include <fstream>
+#include <span>
+#include <vector>
 
 #include "platform/nrvcore/localizer.h"
 #include "platform/standin/host_codes.h"
@@ -27,13 +30,15 @@ bool IsCutShort(const std::filesystem::path& file) {
   stream.read(reinterpret_cast<char*>(&header), sizeof header);
   if (!stream || std::memcmp(header.e_ident, ELFMAG, SELFMAG) != 0) return false;  // dlopen refuses
   stream.seekg(std::streamoff(header.e_phoff));
-  for (int i = 0; i < header.e_phnum; ++i) {
-    ElfW(Phdr) part{};
-    stream.read(reinterpret_cast<char*>(&part), sizeof part);
-    if (!stream || part.p_offset > size || part.p_filesz > size - part.p_offset) return true;
-  }
-#endif
+  std::vector<ElfW(Phdr)> parts(header.e_phnum);
+  stream.read(reinterpret_cast<char*>(parts.data()),
+              std::streamsize(std::span(parts).size_bytes()));
+  return !stream || std::ranges::any_of(parts, [size](const auto& part) {
+    return part.p_offset > size || part.p_filesz > size - part.p_offset;
+  });
+#else
   return false;
+#endif
 }
 
 std::string LastLoadFailure() {

@@ -74,9 +74,10 @@ class LayoutSheetHolder final : public SheetHolder {
     tree.layout->UI_SetLocalRectF({0, 0, given.x, given.y});
   }
 
+  /// Its sheets have no messages.
   void SetMessageCallback(
-      boost::shared_ptr<boost::function<void(const vx::UnicodeString&)>> callback) override {
-    if (!IsRefused("Sheet Holder/SetMessageCallback")) messageCallback = std::move(callback);
+      boost::shared_ptr<boost::function<void(const vx::UnicodeString&)>>) override {
+    static_cast<void>(IsRefused("Sheet Holder/SetMessageCallback"));
   }
 
  private:
@@ -85,7 +86,6 @@ class LayoutSheetHolder final : public SheetHolder {
   LiveToken token;
   nrvcore::geom::PointT<float> natural;
   nrvcore::geom::PointT<float> given;  // by the last ResizeSheet
-  boost::shared_ptr<boost::function<void(const vx::UnicodeString&)>> messageCallback;
 };
 
 }  // namespace

@@ -39,7 +39,7 @@ StringList StringList::Read(std::istream& stream, const std::filesystem::path& f
     const size_t tab = line.find('\t');
     if (tab == std::string::npos)
       refuse(Message("$$$/standin/Lists/NoTab=no tab between index and text"));
-    int32_t index = 0;
+    int32_t index{};
     const auto [end, error] = std::from_chars(line.data(), line.data() + tab, index);
     if (error != std::errc() || end != line.data() + tab || index < 1 || index > kLastIndex)
       refuse(Message("$$$/standin/Lists/NoIndex=\"%1\" is no index from 1 to %2",

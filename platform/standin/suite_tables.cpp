@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <cstring>
 #include <limits>
 
@@ -22,10 +23,10 @@ ResultCode Perform(const char* operation, Work work) {
 }
 
 /// The longest beginning of a UTF-8 text of at most `size` bytes that cuts no character in two.
-std::string_view Cut(std::string_view text, size_t size) {
-  if (text.size() <= size) return text;
+std::string_view Cut(const std::string& text, size_t size) {
+  size = std::min(size, text.size());
   while (size > 0 && (text[size] & 0xC0) == 0x80) --size;
-  return text.substr(0, size);
+  return {text.data(), size};
 }
 
 ResultCode Acquire(const char* name, int32_t version, const void** suite) {
