@@ -3,7 +3,6 @@
 #include <QBuffer>
 #include <QFile>
 
-#include "check/temporary_folder.h"
 #include "studio/base/output.h"
 #include "studio/base/studio_error.h"
 #include "studio/base/text.h"
@@ -137,27 +136,6 @@ TEST(PdfExport, IsOnePageWithATableThatFindsItsObjects) {
   EXPECT_TRUE(content.contains("1 0 0 -1 0 42 cm\n")) << "upright";
   EXPECT_TRUE(
       content.contains("/A128 gs 0 1 0 rg 0 22 10 20 re f\n/A255 gs 0 0 0 rg 12 22 10 20 re f"));
-}
-
-TEST(Output, IsAllInPlaceOrAsItWas) {
-  const check::TemporaryFolder folder;
-  folder.Write("old", "as it was");
-  const auto name = [&](const char* file) { return QString((folder.path / file).c_str()); };
-  const auto commit = [&](const char* last) {
-    OutputSet outputs;
-    for (const char* file : {"old", "new", last}) WriteAll(outputs.Add(name(file)), "written");
-    create_directory(folder.path / "taken");
-    outputs.Commit();
-  };
-  EXPECT_THROW(commit("taken"), StudioError);
-  EXPECT_EQ(ReadFile(name("old"), 99), "as it was");
-  EXPECT_FALSE(exists(folder.path / "new"));
-  EXPECT_THROW(ReadFile(name("old"), 8), StudioError) << "a byte more";
-  commit(":no resource\n");
-  for (const char* file : {"old", "new", ":no resource\n"})
-    EXPECT_EQ(ReadFile(name(file), 99), "written") << file;
-  const std::filesystem::directory_iterator files(folder.path);
-  EXPECT_EQ(std::distance(begin(files), end(files)), 4) << "nothing else is left";
 }
 
 TEST(Export, TellsWhenTheDiskIsFull) {

@@ -7,9 +7,11 @@
 #include <QImageWriter>
 #include <QPainter>
 #include <QTemporaryDir>
+#include <QtEndian>
 
 #include "check/random.h"
 #include "studio/base/studio_error.h"
+#include "studio/picture/damage.h"
 #include "tests/support/random_picture.h"
 
 namespace {
@@ -51,6 +53,15 @@ TEST(PictureFile, IsRefusedWhenAnyOfItIsMissing) {
   for (qsizetype size = 13; size < gif.size() - 1; ++size) {
     EXPECT_THROW(Read(gif.left(size) + ';'), StudioError) << "gif of " << size;
   }
+  // With colours of its own and of the file's, 4 and 8 of them, and a comment before the pixels.
+  QByteArray colors = gif;
+  colors[10] = char(0xF1);
+  colors.insert(13 + 6, QByteArray(6, ';'));
+  const qsizetype frame = colors.indexOf(',', 13 + 12);
+  colors[frame + 9] = char(0x82);
+  colors.insert(frame + 10, QByteArray(24, ';')).insert(frame, QByteArray("!\xFE\3a;b\1;\0", 9));
+  EXPECT_NO_THROW(Read(colors));
+  EXPECT_THROW(Read(colors.chopped(1)), StudioError);
   QByteArray torn = Encoded(image, "jpg");
   EXPECT_THROW(Read(torn.remove(torn.size() / 3, torn.size() / 3)), StudioError) << "end is there";
 }
@@ -88,6 +99,53 @@ TEST(PictureFile, LiesOnThePageAsLargeAsItSays) {
   // This format cannot say, so a dot is a point.
   const QImage unsaid = RandomImage(30, 15, QImage::Format_RGB32, 5);
   EXPECT_EQ(Read(Encoded(unsaid, "ppm")).SizeInPoints(), QSizeF(30, 15));
+  // What is no size is unsaid.
+  for (const QSize dots : {QSize(-1, 5000), QSize(5000, -1)}) {
+    QImage damaged = unsaid;
+    damaged.setDotsPerMeterX(dots.width());
+    damaged.setDotsPerMeterY(dots.height());
+    EXPECT_EQ(Picture(damaged).SizeInPoints(), QSizeF(30, 15));
+  }
+}
+
+TEST(PictureFile, MeansTheSameColoursInEveryDepth) {
+  const QImage image = RandomImage(31, 17, QImage::Format_ARGB32, 8);
+  constexpr QImage::Format kFormats[] = {QImage::Format_RGBA64,      QImage::Format_RGBX64,
+                                         QImage::Format_Indexed8,    QImage::Format_Grayscale8,
+                                         QImage::Format_Grayscale16, QImage::Format_Mono,
+                                         QImage::Format_RGB888};
+  for (const QImage::Format format : kFormats) {
+    const QImage stored = image.convertToFormat(format);
+    const Picture picture = Read(Encoded(stored, "png"));
+    EXPECT_EQ(picture.HasAlpha(),
+              format == QImage::Format_RGBA64 || format == QImage::Format_Indexed8)
+        << format;
+    const QImage expected = stored.convertToFormat(picture.Pixels().format());
+    EXPECT_EQ(picture.Pixels().convertToFormat(expected.format()), expected) << format;
+    const auto* const line = reinterpret_cast<const QRgb*>(picture.Pixels().constScanLine(16));
+    EXPECT_EQ(line[30], expected.pixel(30, 16)) << format;
+  }
+}
+
+TEST(PictureFile, IsRefusedWhenItTakesTooMuchMemoryOrTime) {
+  QImage large(24000, 24000, QImage::Format_Mono);  // 72 MB, but two gigabytes in colour
+  large.fill(0);
+  EXPECT_THROW(Read(Encoded(large, "png")), StudioError);
+
+  // A JPEG's scans each go over the whole picture. Only their markers count here.
+  const struct {
+    int scans, side;
+    bool isAbsurd;
+  } kCases[] = {{20, 60000, false},
+                {21, 4879, false},
+                {21, 4880, true},
+                {2000, 499, false},
+                {2000, 501, true}};
+  for (const auto& [scans, side, isAbsurd] : kCases) {
+    const QByteArray scan("\xFF\xDA\0\3_pixels\xFF\0\xFF\xD1", 15);
+    const QByteArray jpeg = "\xFF\xD8" + scan.repeated(scans) + "\xFF\xD9";
+    EXPECT_EQ(HasAbsurdScans(jpeg, {side, side}), isAbsurd) << scans << " of " << side;
+  }
 }
 
 TEST(PictureFile, StandsUprightWhateverTheCameraNoted) {
@@ -97,7 +155,6 @@ TEST(PictureFile, StandsUprightWhateverTheCameraNoted) {
   image.setDotsPerMeterX(2000);
   image.setDotsPerMeterY(1000);
   const QByteArray bytes = Encoded(image, "jpg");
-  const QByteArray png = Encoded(image, "png");
   // Where the bright corner comes to lie, by the camera's note from 1 to 8.
   const QPoint kBright[] = {{5, 5}, {35, 5}, {35, 15}, {5, 15}, {5, 5}, {15, 5}, {15, 35}, {5, 35}};
   for (int orientation = 1; orientation <= 8; ++orientation) {
@@ -109,22 +166,46 @@ TEST(PictureFile, StandsUprightWhateverTheCameraNoted) {
     note[note.indexOf('_')] = char(orientation);
     constexpr qsizetype kAfterJfifHeader = 20;
     const QImage turned = Read(QByteArray(bytes).insert(kAfterJfifHeader, note)).Pixels();
-    // A PNG chunk has the note without the marker, its length and the word before it.
-    QByteArray chunk = QByteArray(
-                           "\0\0\0\x1A"
-                           "eXIf",
-                           8) +
-                       note.mid(10) + QByteArray(4, '\0');
-    constexpr qsizetype kAfterPngHeader = 33;
-    EXPECT_EQ(Read(png.left(kAfterPngHeader) + chunk + png.mid(kAfterPngHeader))
-                  .Pixels()
-                  .pixel(kBright[orientation - 1]),
-              0xFFFFFFFF);
     const bool isOnItsSide = orientation >= 5;
     EXPECT_EQ(turned.size(), isOnItsSide ? QSize(20, 40) : QSize(40, 20));
     EXPECT_EQ(turned.dotsPerMeterX(), isOnItsSide ? 1000 : 2000);
     const QRect corner(kBright[orientation - 1] - QPoint(2, 2), QSize(5, 5));
     EXPECT_GT(qRed(turned.copy(corner).scaled(1, 1).pixel(0, 0)), 200);
+  }
+}
+
+TEST(PictureFile, StandsUprightByTheNoteInAChunk) {
+  QImage image(40, 20, QImage::Format_RGB32);
+  image.fill(Qt::black);
+  QPainter(&image).fillRect(0, 0, 20, 10, Qt::white);
+  const QByteArray png = Encoded(image, "png");
+  QByteArray webp = Encoded(image, "webp");
+  if (webp.size() % 2 != 0) webp += '\0';
+  const auto little = [](qsizetype size) { return char(size) + QByteArray(3, '\0'); };
+  const auto big = [](qsizetype size) { return QByteArray(3, '\0') + char(size); };
+  // Where the bright corner comes to lie; 0 and 9 mean nothing.
+  const QPoint kBright[] = {{5, 5}, {5, 5},  {35, 5},  {35, 15}, {5, 15},
+                            {5, 5}, {15, 5}, {15, 35}, {5, 35},  {5, 5}};
+  const QByteArray kNotes[] = {
+      QByteArray("MM\0*\0\0\0\x08\0\x01\x01\x12\0\x03\0\0\0\x01\0_\0\0\0\0\0\0", 26),
+      QByteArray("II*\0\x08\0\0\0\x01\0\x12\x01\x03\0\x01\0\0\0_\0\0\0\0\0\0\0", 26)};
+  for (QByteArray note : kNotes) {
+    const qsizetype place = note.indexOf('_');
+    for (int orientation = 0; orientation <= 9; ++orientation) {
+      note[place] = char(orientation);
+      // Behind one of an odd length, which WebP fills up.
+      QByteArray riff =
+          webp + "JUNK" + little(3) + QByteArray(4, 'x') + "EXIF" + little(note.size()) + note;
+      qToLittleEndian(quint32(riff.size() - 8), riff.data() + 4);
+      constexpr qsizetype kAfterPngHeader = 33;
+      const QByteArray marked = png.left(kAfterPngHeader) + big(note.size()) + "eXIf" + note +
+                                QByteArray(4, '\0') + png.mid(kAfterPngHeader);
+      for (const QByteArray& bytes : {riff, marked}) {
+        const QImage turned = Read(bytes).Pixels();
+        EXPECT_GT(turned.pixelColor(kBright[orientation]).lightness(), 200) << orientation;
+        EXPECT_EQ(turned.width() == 20, orientation >= 5 && orientation <= 8) << orientation;
+      }
+    }
   }
 }
 

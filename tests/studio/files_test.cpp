@@ -1,0 +1,160 @@
+// Names of files, files that are read whole, and files that appear together or not at all.
+
+#include <gtest/gtest.h>
+#include <sys/resource.h>
+#include <sys/stat.h>
+
+#include <csignal>
+#include <iterator>
+
+#include "check/temporary_folder.h"
+#include "studio/base/output.h"
+#include "studio/base/studio_error.h"
+
+namespace {
+
+namespace fs = std::filesystem;
+
+TEST(FileName, KeepsEveryByteAndShowsWhatIsStrange) {
+  const std::pair<const char*, const char*> kNames[] = {
+      {"plain", "plain"},
+      {"a\tb\nc\x01", "a\\tb\\nc\\x01"},
+      {"\x7F\xC2\x85", "\\x7F\\x85"},
+      {"\xE4\xFF.png", "\\xE4\\xFF.png"},
+      {"ä😀", "ä😀"},
+      {"😀\x80", "😀\\x80"},
+      {"\xF0\x9F\x98", "\\xF0\\x9F\\x98"},
+      {"\xED\xB2\x80", "\\xED\\xB2\\x80"},
+      {"a\u2028b\u2029", "a\\x2028b\\x2029"},
+  };
+  for (const auto& [bytes, shown] : kNames) {
+    EXPECT_STREQ(SystemPath(FileName(bytes)).c_str(), bytes) << shown;
+    EXPECT_EQ(OnOneLine(FileName(bytes)).toStdString(), shown);
+  }
+}
+
+TEST(Reason, IsASentenceWhenItStandsAlone) {
+  const std::pair<const char*, const char*> kReasons[] = {
+      {"", ""}, {"it is a folder", "It is a folder."}, {"Done.", "Done."}, {"終了。", "終了。"}};
+  for (const auto& [reason, sentence] : kReasons)
+    EXPECT_EQ(Sentence(reason).toStdString(), sentence);
+  EXPECT_EQ(ReasonText(std::bad_alloc()), "there is not enough memory for this");
+  EXPECT_EQ(ReasonText(EDQUOT), ReasonText(ENOSPC));
+  EXPECT_EQ(ReasonText(EXDEV), qt_error_string(EXDEV)) << "the system's own words";
+}
+
+class Output : public testing::Test {
+ protected:
+  Output() { folder.Write("old", "as it was"); }
+
+  QString Name(const char* file) const { return QString((folder.path / file).c_str()); }
+  std::string Text(const char* file) const { return ReadFile(Name(file), 99).toStdString(); }
+  long Files() const {
+    const fs::directory_iterator files(folder.path);
+    return std::distance(begin(files), end(files));
+  }
+  /// What refuses a file, without the folder's name.
+  std::string Refusal(OutputSet& outputs, const char* file) const {
+    try {
+      outputs.Add(Name(file));
+      return "";
+    } catch (const StudioError& error) {
+      return QString(error.what()).remove(Name("")).toStdString();
+    }
+  }
+
+  const check::TemporaryFolder folder;
+};
+
+TEST_F(Output, IsAllInPlaceOrAsItWas) {
+  const auto commit = [&](const char* last) {
+    OutputSet outputs;
+    for (const char* file : {"old", "new", last}) WriteAll(outputs.Add(Name(file)), "written");
+    create_directory(folder.path / "taken");
+    outputs.Commit();
+  };
+  EXPECT_THROW(commit("taken"), StudioError);
+  EXPECT_EQ(Text("old"), "as it was");
+  EXPECT_EQ(Files(), 2) << "the folder and what was there";
+  EXPECT_THROW(ReadFile(Name("old"), 8), StudioError) << "a byte more";
+  commit(":no resource\n");
+  for (const char* file : {"old", "new", ":no resource\n"}) EXPECT_EQ(Text(file), "written");
+  EXPECT_EQ(Files(), 4) << "nothing else is left";
+}
+
+TEST_F(Output, ThatIsGivenUpOrFindsNoRoomLeavesNothing) {
+  {
+    OutputSet outputs;
+    WriteAll(outputs.Add(Name("old")), "half of it");
+    WriteAll(outputs.Add(Name("new")), "half of it");
+    EXPECT_EQ(Files(), 3);
+  }
+  EXPECT_EQ(Files(), 1);
+
+  // What fits into the program's buffer fails only when it is written out, after the first file
+  // was.
+  std::signal(SIGXFSZ, SIG_IGN);
+  rlimit limit{};
+  getrlimit(RLIMIT_FSIZE, &limit);
+  {
+    OutputSet outputs;
+    WriteAll(outputs.Add(Name("old")), "new");
+    WriteAll(outputs.Add(Name("large")), std::string(1000, 'x'));
+    const rlimit low{100, limit.rlim_max};
+    setrlimit(RLIMIT_FSIZE, &low);
+    EXPECT_THROW(outputs.Commit(), StudioError);
+    setrlimit(RLIMIT_FSIZE, &limit);
+  }
+  std::signal(SIGXFSZ, SIG_DFL);
+  EXPECT_EQ(Files(), 1);
+  EXPECT_EQ(Text("old"), "as it was");
+}
+
+TEST_F(Output, GoesBehindLinksAndKeepsTheMode) {
+  fs::permissions(folder.path / "old", fs::perms(0640));
+  fs::create_symlink("old", folder.path / "link");
+  fs::create_symlink("link", folder.path / "second");
+  fs::create_symlink("later", folder.path / "dangling");
+  fs::create_symlink("circle", folder.path / "circle");
+  const mode_t mask = umask(027);
+  OutputSet outputs;
+  WriteAll(outputs.Add(Name("second")), "new");
+  WriteAll(outputs.Add(Name("dangling")), "new");
+  EXPECT_NE(Refusal(outputs, "circle"), "");
+  EXPECT_NE(Refusal(outputs, "old"), "") << "is written already";
+  outputs.Commit();
+  umask(mask);
+  for (const char* link : {"link", "second", "dangling"})
+    EXPECT_TRUE(is_symlink(folder.path / link)) << link;
+  for (const char* file : {"old", "later"}) {
+    EXPECT_EQ(Text(file), "new");
+    EXPECT_EQ(status(folder.path / file).permissions(), fs::perms(0640)) << file;
+  }
+  EXPECT_EQ(Files(), 6);
+}
+
+TEST_F(Output, SaysWhichPlaceItCannotTake) {
+  create_directory(folder.path / "folder");
+  fs::create_hard_link(folder.path / "old", folder.path / "picture");
+  ASSERT_EQ(mkfifo((folder.path / "pipe").c_str(), 0600), 0);
+  OutputSet outputs;
+  outputs.Protect(Name("picture"));
+  outputs.Protect(Name("later"));
+  const std::pair<const char*, const char*> kRefused[] = {
+      {"folder", "cannot write folder: it is a folder"},
+      {"pipe", "cannot write pipe: it is no ordinary file"},
+      {"none/../none/a", "cannot write none/../none/a: there is no folder none"},
+      {"old/a", "cannot write old/a: there is no folder old"},
+      {"old", "cannot write old: the file is already used for something else, such as the picture"},
+      {"folder/../later",
+       "cannot write folder/../later: the file is already used for something else, such as the "
+       "picture"},
+  };
+  for (const auto& [file, reason] : kRefused) EXPECT_EQ(Refusal(outputs, file), reason);
+  EXPECT_EQ(Refusal(outputs, std::string(255, 'x').c_str()), "") << "as long as names can be";
+  const std::string longer(256, 'x');
+  EXPECT_EQ(Refusal(outputs, longer.c_str()), "cannot write " + longer + ": the name is too long");
+  EXPECT_THROW(ReadFile(Name("pipe"), 9), StudioError) << "at once, though nobody writes into it";
+}
+
+}  // namespace
