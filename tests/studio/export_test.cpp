@@ -2,6 +2,8 @@
 
 #include <QBuffer>
 #include <QFile>
+#include <functional>
+#include <vector>
 
 #include "studio/base/output.h"
 #include "studio/base/studio_error.h"
@@ -34,6 +36,37 @@ QByteArray Export(const QString& name, int spacing, const QImage& below = {}) {
   buffer.open(QIODevice::WriteOnly);
   Write(buffer, name, spacing, below);
   return buffer.data();
+}
+
+/// A mosaic of so many tiles of one colour, each by its number.
+QByteArray Write(const char* ending, const MosaicGeometry& geometry, double pixelsPerPoint,
+                 const std::function<QRgb(int column, int row)>& tile, const QImage& below = {}) {
+  QBuffer buffer;
+  buffer.open(QIODevice::WriteOnly);
+  const auto sink = ExportKindOf(ending).makeSink(buffer, geometry, below, pixelsPerPoint);
+  for (int row = 0; row < geometry.tilesDown; ++row) {
+    std::vector<QRgb> tiles;
+    for (int column = 0; column < geometry.tilesAcross; ++column)
+      tiles.push_back(tile(column, row));
+    sink->AddRow(tiles);
+  }
+  sink->Finish();
+  return buffer.data();
+}
+
+/// Tiles of this size that touch.
+MosaicGeometry Touching(int across, int down, QSizeF tile) {
+  return {across, down, {across * tile.width(), down * tile.height()}, {0, 0}, tile};
+}
+
+/// What is compressed in a PDF document, one piece behind another.
+QByteArray Unpacked(const QByteArray& pdf) {
+  QByteArray content;
+  for (qsizetype at = 0; (at = pdf.indexOf("FlateDecode", at)) >= 0;) {
+    at = pdf.indexOf("stream\n", at) + 7;
+    content += qUncompress(QByteArray("\0\x10\0\0", 4) + pdf.mid(at));
+  }
+  return content;
 }
 
 QImage RedPicture() {
@@ -129,13 +162,105 @@ TEST(PdfExport, IsOnePageWithATableThatFindsItsObjects) {
   }
   EXPECT_EQ(objects, 5);
 
-  const qsizetype start = pdf.indexOf("stream\n", pdf.indexOf("FlateDecode")) + 7;
-  const QByteArray content = qUncompress(QByteArray("\0\0\x10\0", 4) + pdf.mid(start));
+  const QByteArray content = Unpacked(pdf);
   EXPECT_EQ(content.count(" re f"), 5) << "all but the clear tile";
   EXPECT_TRUE(content.contains("0.0706 0.2039 0.3373 rg 0 0 10 20 re f"));
   EXPECT_TRUE(content.contains("1 0 0 -1 0 42 cm\n")) << "upright";
   EXPECT_TRUE(
       content.contains("/A128 gs 0 1 0 rg 0 22 10 20 re f\n/A255 gs 0 0 0 rg 12 22 10 20 re f"));
+}
+
+TEST(PngExport, IsAsLargeAsItsTilesWant) {
+  const struct {
+    MosaicGeometry geometry;
+    QSize pixels;
+    const char* why;
+  } kCases[] = {
+      {Touching(4, 2, {10, 10}), {1600, 800}, "large enough to be looked at"},
+      {Touching(2, 4, {10, 10}), {800, 1600}, "on its side"},
+      {Touching(3, 1, {10, 10}), {1602, 534}, "a whole number of pixels a tile"},
+      {Touching(1000, 2, {1, 2}), {4000, 16}, "four pixels a tile at least"},
+      {Touching(1000, 2, {2, 1}), {8000, 8}, "in the shorter direction"},
+      {{2, 1, {50, 10}, {10, 0}, {20, 10}}, {1600, 320}, "from tile to tile with the gap"},
+      {Touching(4000, 4000, {1, 1}), {8000, 8000}, "64 million pixels"},
+      {Touching(9000, 9000, {1, 1}), {9000, 9000}, "unless there are more tiles"},
+      {Touching(9000, 2, {1, 1}), {32000, 7}, "32 000 pixels a side"},
+      {Touching(2, 9000, {1, 1}), {7, 32000}, "a side"},
+      {Touching(16000, 16000, {1, 1}), {16000, 16000}, "256 million pixels"},
+  };
+  for (const auto& [geometry, pixels, why] : kCases)
+    EXPECT_EQ((geometry.size * PngScale(geometry)).toSize(), pixels) << why;
+  for (const auto& [across, down] : {std::pair(32001, 1), {1, 32001}, {16001, 16000}})
+    EXPECT_THROW(PngScale(Touching(across, down, {3, 3})), StudioError) << across;
+  EXPECT_NO_THROW(PngScale(Touching(32000, 8000, {3, 3})));
+
+  const auto black = [](int, int) { return 0xFF000000; };
+  const QImage longest = QImage::fromData(Write(".png", Touching(1, 1, {40000, 1}), 9, black));
+  EXPECT_EQ(longest.size(), QSize(32000, 1)) << "the most that there can be";
+  EXPECT_DOUBLE_EQ(MostPngScale({100, 100}), 160);
+}
+
+TEST(PngExport, MixesTheLightOfTilesThatShareAPixel) {
+  const auto checkers = [](int column, int row) {
+    return (column + row) % 2 ? 0xFFFFFFFF : 0xFF000000;
+  };
+  // Half the light of white is this grey.
+  const struct {
+    double scale;
+    QSize size;
+    QPoint pixel;
+    QRgb color;
+  } kCases[] = {{2, {8, 8}, {2, 1}, 0xFFFFFFFF},   {0.5, {2, 2}, {0, 0}, 0xFFBCBCBC},
+                {0.5, {2, 2}, {1, 1}, 0xFFBCBCBC}, {0.25, {1, 1}, {0, 0}, 0xFFBCBCBC},
+                {1.5, {6, 6}, {1, 0}, 0xFFBCBCBC}, {1.5, {6, 6}, {2, 0}, 0xFFFFFFFF},
+                {1.5, {6, 6}, {0, 1}, 0xFFBCBCBC}, {1.5, {6, 6}, {5, 4}, 0xFFBCBCBC}};
+  for (const auto& [scale, size, pixel, color] : kCases) {
+    SCOPED_TRACE(testing::Message() << scale << " at " << pixel.x() << ", " << pixel.y());
+    const QImage image = QImage::fromData(Write(".png", Touching(4, 4, {1, 1}), scale, checkers));
+    ASSERT_EQ(image.size(), size);
+    EXPECT_FALSE(image.hasAlphaChannel());
+    EXPECT_EQ(image.pixel(pixel), color);
+  }
+  // A gap of half a pixel lets half of what is below through, or stays half clear.
+  const MosaicGeometry gaps{2, 2, {4.5, 4.5}, {0.5, 0.5}, {2, 2}};
+  const QImage clear = QImage::fromData(Write(".png", gaps, 1, checkers));
+  EXPECT_EQ(qAlpha(clear.pixel(2, 0)), 128);
+  EXPECT_EQ(qAlpha(clear.pixel(2, 2)), 64 + 0);
+}
+
+TEST(Export, OfManyTilesIsWhole) {
+  const auto tile = [](int column, int row) { return qRgb(row, column / 256, column % 256); };
+  const MosaicGeometry geometry = Touching(1000, 20, {1, 1});
+  const QByteArray svg = Write(".svg", geometry, 0, tile);
+  const QByteArray content = Unpacked(Write(".pdf", geometry, 0, tile));
+  EXPECT_EQ(svg.count("<rect "), 20000);
+  EXPECT_EQ(content.count(" re f\n"), 20000);
+  for (int row = 0; row < 20; ++row) {
+    const QByteArray number = QByteArray::number(row);
+    EXPECT_EQ(svg.count("\" y=\"" + number + "\" width"), 1000) << row;
+    EXPECT_EQ(content.count(" " + number + " 1 1 re f\n"), 1000) << row;
+  }
+  EXPECT_TRUE(svg.endsWith("fill=\"#1303e7\"/>\n</g>\n</svg>\n"));
+}
+
+TEST(Export, ShowsAClearPictureBelowTheTiles) {
+  QImage below(40, 20, QImage::Format_ARGB32);
+  below.fill(Qt::transparent);
+  const auto clear = [](int, int) { return kClear; };
+  const QByteArray svg = Write(".svg", Touching(2, 1, {20, 20}), 0, clear, below);
+  const qsizetype start = svg.indexOf("data:image/png;base64,") + 22;
+  ASSERT_GE(start, 22);
+  const QImage inSvg =
+      QImage::fromData(QByteArray::fromBase64(svg.mid(start, svg.indexOf('"', start) - start)));
+  EXPECT_EQ(inSvg.convertToFormat(QImage::Format_ARGB32), below);
+
+  const QByteArray pdf = Write(".pdf", Touching(2, 1, {20, 20}), 0, clear, below);
+  const QImage onPaper =
+      QImage::fromData(pdf.mid(pdf.indexOf("stream\n", pdf.indexOf("DCTDecode")) + 7));
+  EXPECT_EQ(onPaper.pixel(20, 10), 0xFFFFFFFF) << "what is clear is the paper's white";
+  EXPECT_TRUE(pdf.contains("/Width 40 /Height 20"));
+  EXPECT_EQ(QImage::fromData(Write(".png", Touching(2, 1, {20, 20}), 1, clear, below)).pixel(9, 9),
+            kClear);
 }
 
 TEST(Export, TellsWhenTheDiskIsFull) {

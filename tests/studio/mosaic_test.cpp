@@ -104,12 +104,95 @@ TEST(MosaicJob, StopsWhenToldAndGivesNoColourToWhatIsClear) {
     MosaicJob job(picture, {params, {}});
     job.Add(ExportKindOf("a.svg").makeSink(file, job.Geometry(), job.Below(), 0));
     int asked = 0;
-    EXPECT_FALSE(job.Run([&](int) { return ++asked < last; }));
+    EXPECT_FALSE(job.Run([&](int rowsDone) {
+      EXPECT_EQ(rowsDone, std::min(++asked, 10));
+      return asked < last;
+    }));
+    EXPECT_EQ(asked, last);
+
+    Mosaic mosaic;
+    MosaicJob building(picture, {params, {}});
+    building.Add(mosaic);
+    EXPECT_TRUE(building.Run([](int) { return true; }));
+    const auto sink = ExportKindOf("a.svg").makeSink(file, mosaic.geometry, {}, 0);
+    asked = 0;
+    EXPECT_FALSE(WriteMosaic(mosaic, *sink, [&](int rowsDone) {
+      EXPECT_EQ(rowsDone, std::min(++asked, 10));
+      return asked < last;
+    }));
     EXPECT_EQ(asked, last);
   }
   QImage clear(2, 2, QImage::Format_ARGB32);
   clear.fill(Qt::transparent);
   EXPECT_EQ(BuildAll(Picture(clear), {1, 1}), std::vector<QRgb>{0});
+}
+
+TEST(MosaicJob, KeepsThePictureWhereItShows) {
+  const struct {
+    bool isDeleted, isClear;
+    int spacing;
+    bool isBelow;
+  } kCases[] = {{false, false, 0, false},
+                {false, false, 1, true},
+                {false, true, 0, true},
+                {true, false, 1, false},
+                {true, true, 0, false}};
+  for (const auto& [isDeleted, isClear, spacing, isBelow] : kCases) {
+    const QImage image =
+        RandomImage(9, 9, isClear ? QImage::Format_ARGB32 : QImage::Format_RGB32, 7);
+    const Picture picture(image);
+    MosaicParameters params{};
+    params.tilesAcross = params.tilesDown = 3;
+    params.newWidth = params.newHeight = 30;
+    params.tileSpacingVertical = spacing;
+    params.deleteRaster = isDeleted;
+    const MosaicJob job(picture, {params, {}});
+    EXPECT_EQ(job.Below(), isBelow ? image : QImage()) << isDeleted << isClear << spacing;
+  }
+}
+
+TEST(Choices, MakeSquareTilesOfANewPicture) {
+  const auto placed = [](int width, int height, bool isSizeUnknown = false) {
+    QImage image(width, height, QImage::Format_RGB32);
+    image.fill(Qt::white);
+    image.setDotsPerMeterX(2835);
+    image.setDotsPerMeterY(2835);
+    return Place("a.png", Picture(image), isSizeUnknown);
+  };
+  MosaicChoices last;
+  last.params.tilesAcross = 30;
+  last.params.tilesDown = 7;
+  const struct {
+    QSize size;
+    bool hasLast;
+    int across, down;
+  } kCases[] = {{{60, 40}, false, 100, 67}, {{60, 40}, true, 30, 20},   {{1000, 3}, true, 30, 1},
+                {{1, 300}, true, 30, 8640}, {{2, 576}, true, 30, 8640}, {{10, 5}, true, 30, 15}};
+  for (const auto& [size, hasLast, across, down] : kCases) {
+    const auto artwork = placed(size.width(), size.height());
+    const auto choices = hasLast ? ChoicesFor(*artwork, last) : ChoicesFor(*artwork, {});
+    EXPECT_EQ(choices.params.tilesAcross, across) << size.width();
+    EXPECT_EQ(choices.params.tilesDown, down) << size.width();
+    EXPECT_EQ(choices.params.boundsRight, size.width());
+    EXPECT_EQ(choices.params.boundsBottom, size.height());
+  }
+  const MosaicChoices first = ChoicesFor(*placed(6, 4), {});
+  EXPECT_TRUE(first.params.isColor && first.params.deleteRaster && first.params.keepHorizontal);
+  MosaicChoices former = last;
+  former.params.tilesDown = 3;
+  EXPECT_EQ(ChoicesFor(*placed(6, 4), last, former).params.tilesDown, 3) << "as it was for it";
+
+  // The dialog computes with sizes of 16 bits.
+  const std::pair<ArtworkPtr, bool> kSizes[] = {{placed(32767, 1), true},
+                                                {placed(32768, 1), false},
+                                                {placed(1, 32768), false},
+                                                {placed(6, 4, true), false}};
+  for (const auto& [artwork, isKnown] : kSizes) {
+    const MosaicParameters params = ChoicesFor(*artwork, {}).params;
+    EXPECT_EQ(params.sizeUnavailable, !isKnown);
+    EXPECT_EQ(params.boundsRight > 0, isKnown);
+    EXPECT_EQ(params.boundsBottom > 0, isKnown);
+  }
 }
 
 MosaicGeometry Divide(int across, int spacing, float width, bool usePercent = false) {
@@ -132,13 +215,14 @@ TEST(MosaicGeometry, DividesTheNewSizeAmongTilesAndSpacing) {
   EXPECT_TRUE(lengths.HasGaps());
   EXPECT_EQ(Divide(10, 4, 0.5f, true).size, QSizeF(320, 480));
   EXPECT_FALSE(Divide(1, 4, 10).HasGaps());
+  EXPECT_EQ(Divide(1000, 0, 1).tile.width(), 0.001) << "the smallest";
 
   constexpr float kEndless = std::numeric_limits<float>::infinity();
   const struct {
     int across, spacing;
     float width;
   } kRefused[] = {{10, 12, 100},     {11, 10, 100}, {2, -1, 100}, {10, 0, 0},
-                  {10, 0, kEndless}, {0, 0, 100},   {-5, 0, 100}};
+                  {10, 0, kEndless}, {0, 0, 100},   {-5, 0, 100}, {1001, 0, 1}};
   for (const auto& [across, spacing, width] : kRefused)
     EXPECT_THROW(Divide(across, spacing, width), StudioError) << across << " " << spacing;
 }

@@ -9,6 +9,7 @@
 #include <QProcess>
 #include <QRegularExpression>
 #include <QTest>
+#include <csignal>
 
 #include "tests/studio/studio_folder.h"
 
@@ -107,6 +108,16 @@ TEST_F(Program, RemembersChoicesFromRunToRun) {
   EXPECT_EQ(Record()["tilesDown"].toInt(), 67) << "square tiles, a hundred across";
   EXPECT_EQ(damaged.status, 0);
   EXPECT_EQ(damaged.errors.count('\n'), 1) << damaged.errors.toStdString();
+
+  // So does a place that takes none.
+  QFile::remove(Path("config/tesserae-studio/choices.json"));
+  ASSERT_TRUE(QDir(Path("config/tesserae-studio")).mkdir("choices.json"));
+  const Result unkept = Run("in.png --gestures ok --export kept.svg");
+  EXPECT_EQ(unkept.status, 0);
+  EXPECT_TRUE(unkept.errors.contains("cannot be read: it is no ordinary file\n"));
+  EXPECT_TRUE(unkept.errors.contains("the choices are not kept")) << unkept.errors.toStdString();
+  EXPECT_EQ(Load("kept.svg").count("<rect "), 6700);
+  EXPECT_EQ(Run("in.png --quiet --gestures ok").errors, "");
 }
 
 TEST_F(Program, DrawsADrawingThatStandsAlone) {
@@ -120,6 +131,58 @@ TEST_F(Program, DrawsADrawingThatStandsAlone) {
   EXPECT_EQ(mosaic.count("<rect "), 2) << mosaic.toStdString();
   EXPECT_TRUE(mosaic.contains("x=\"6\" y=\"0\" width=\"6\" height=\"8\" fill=\"#ff0000\""));
   EXPECT_NE(Load("-platform"), "") << "no option of Qt's, a file's name";
+
+  ASSERT_EQ(QProcess::execute("gzip", {Path("in.svg")}), 0);
+  EXPECT_EQ(Run("in.svg.gz --gestures gestures --export packed.svg").status, 0);
+  EXPECT_EQ(Load("packed.svg"), mosaic);
+  Save("short.svgz", Load("in.svg.gz").chopped(20));
+  Save("used.svg", kSvgStart + "<image href='#a'/><image href=''/><use href='other.svg#a'/></svg>");
+  Save("wide.svg", "<svg xmlns='http://www.w3.org/2000/svg' width='20000' height='20000'/>");
+  Save("flat.svg", "<svg xmlns='http://www.w3.org/2000/svg' width='9' height='0'/>");
+  Save("commas.svg", kSvgStart + "<image href='data:image/png;base64,," + inside + "'/></svg>");
+  Save("plain.svg", kSvgStart + "<image href='data:image/png," + inside + "'/></svg>");
+  const std::pair<const char*, const char*> kDrawings[] = {
+      {"short.svgz", "short.svgz is damaged or too large"},
+      {"used.svg", ""},
+      {"wide.svg", "wide.svg is damaged or too large"},
+      {"flat.svg", "flat.svg is damaged or too large"},
+      {"commas.svg", "commas.svg shows another file"},
+      {"plain.svg", "plain.svg shows another file"}};
+  for (const auto& [name, error] : kDrawings) {
+    const Result result = Run(QString("%1 --screenshot-window shown.png").arg(name));
+    EXPECT_EQ(result.status, *error ? 2 : 0) << name;
+    EXPECT_TRUE(result.errors.contains(error)) << result.errors.toStdString();
+  }
+}
+
+TEST_F(Program, TakesScreenshotsOfWhatWouldOpen) {
+  EXPECT_EQ(Run("--screenshot-window empty.png").output, "Wrote empty.png\n");
+  EXPECT_EQ(QImage(Path("empty.png")).size(), QSize(1080, 760));
+  const Result both = Run("in.png --screenshot dialog.png --screenshot-window picture.png");
+  EXPECT_EQ(both.output, "Wrote dialog.png\nWrote picture.png\n");
+  EXPECT_EQ(both.status, 0) << "though nobody confirms the dialog";
+  EXPECT_EQ(Run("in.png --quiet --gestures ok --screenshot-window mosaic.png").output, "");
+  const QStringList shown{"empty.png", "dialog.png", "picture.png", "mosaic.png"};
+  for (const QString& one : shown) {
+    for (const QString& other : shown)
+      EXPECT_EQ(QImage(Path(one)) == QImage(Path(other)), one == other) << one.toStdString();
+  }
+  EXPECT_TRUE(Run("--screenshot dialog.png").errors.contains("which picture"));
+
+  // Scales that no screen has count as not set.
+  const struct {
+    const char* variable;
+    const char* value;
+    bool isHeeded;
+  } kScales[] = {{"QT_SCALE_FACTOR", "0", false},
+                 {"QT_SCREEN_SCALE_FACTORS", "2;a=9", false},
+                 {"QT_SCALE_FACTOR", "2", true}};
+  for (const auto& [variable, value, isHeeded] : kScales) {
+    qputenv(variable, value);
+    EXPECT_EQ(Run("--screenshot-window scaled.png").status, 0);
+    qunsetenv(variable);
+    EXPECT_EQ(QImage(Path("scaled.png")) != QImage(Path("empty.png")), isHeeded) << value;
+  }
 }
 
 TEST_F(Program, LeavesEverythingAsItWasAfterCancel) {
@@ -142,6 +205,16 @@ TEST_F(Program, MirrorsALanguageItHasNoWordsOf) {
 
 TEST_F(Program, TellsOfItself) {
   EXPECT_TRUE(Run("--help").output.contains("--size-unknown"));
+  for (const char* language : {"en", "de", "ja"}) {
+    const QString help = Run(QString("--help --language ") + language).output;
+    qsizetype longest = 0;
+    for (const QString& text : help.section("\n\n", 1, 2).split('\n')) {
+      const qsizetype wide = std::count_if(text.begin(), text.end(),
+                                           [](QChar unit) { return unit.unicode() > 0x2E80; });
+      longest = std::max(longest, text.size() + wide);
+    }
+    EXPECT_TRUE(longest > 76 && longest <= 80) << language << longest;
+  }
   EXPECT_TRUE(Run("none.png --version").output.startsWith("tesserae-studio "));
 }
 
@@ -229,6 +302,15 @@ TEST_F(Program, StopsCleanlyWhenInterruptedOrNotHeard) {
   Start(process, "in.png --gestures huge --export a.svg --record record");
   ASSERT_TRUE(process.waitForReadyRead(30000));
   process.terminate();
+  EXPECT_EQ(Ended(process).status, 1);
+  EXPECT_EQ(Files(), before);
+
+  // Whoever starts it with nohup means it to go on without a terminal.
+  Start(process, QString(TESSERAE_STUDIO) + " in.png --gestures huge --export a.svg", "nohup");
+  ASSERT_TRUE(process.waitForReadyRead(30000));
+  kill(pid_t(process.processId()), SIGHUP);
+  EXPECT_FALSE(process.waitForFinished(300));
+  kill(pid_t(process.processId()), SIGINT);
   EXPECT_EQ(Ended(process).status, 1);
   EXPECT_EQ(Files(), before);
 
