@@ -1,29 +1,36 @@
 #include "studio/window/studio_window.h"
 
 #include <gtest/gtest.h>
+#include <sys/resource.h>
 
 #include <QAccessible>
 #include <QApplication>
 #include <QClipboard>
 #include <QDoubleSpinBox>
 #include <QDropEvent>
+#include <QElapsedTimer>
 #include <QFile>
+#include <QFileDialog>
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QMimeData>
 #include <QProgressDialog>
 #include <QPushButton>
+#include <QStatusBar>
 #include <QTemporaryDir>
 #include <QTest>
 #include <QTimer>
 #include <QToolBar>
 #include <QToolButton>
+#include <csignal>
+#include <set>
 
 #include "platform/nrvcore/localizer.h"
 #include "platform/standin/host.h"
 #include "platform/standin/resources.h"
 #include "studio/export/mosaic_export.h"
 #include "studio/window/file_dialogs.h"
+#include "studio/window/line_icon.h"
 #include "studio/window/settings.h"
 #include "tests/studio/studio_folder.h"
 
@@ -262,6 +269,7 @@ TEST_F(StudioWindowTest, APictureBecomesAMosaicThatCanBeUndoneAndExported) {
   Action("undo").trigger();
   Action("undo").trigger();
   EXPECT_FALSE(window->Shown());
+  EXPECT_TRUE(window->findChild<::Canvas*>()->ArtOnScreen().isEmpty());
 }
 
 TEST_F(StudioWindowTest, TakesWhatIsDroppedAndSaysWhatItCannotTake) {
@@ -474,6 +482,141 @@ TEST_F(StudioWindowTest, ALongBuildCanBeCancelledAndEndsWithTheProgram) {
   }
 }
 
+TEST_F(StudioWindowTest, APictureThatTakesLongCanBeLeft) {
+  const QByteArray page = "<rect width='9000' height='9000' fill-opacity='.5'/>";
+  Save("slow.svg", "<svg xmlns='http://www.w3.org/2000/svg' width='9000' height='9000'>" +
+                       page.repeated(500) + "</svg>");
+  Save("quick.svg", "<svg xmlns='http://www.w3.org/2000/svg' width='90' height='60'/>");
+  OpenPicture();
+  const ArtworkPtr shown = window->Shown();
+  QElapsedTimer clock;
+  WhenOpen<QProgressDialog>("progress", [&](QProgressDialog& dialog) {
+    EXPECT_EQ(dialog.windowTitle(), "in.png — Tesserae Studio");
+    EXPECT_EQ(dialog.labelText(), "Opening slow.svg…");
+    clock.start();
+    QTest::keyClick(&dialog, Qt::Key_Escape);
+  });
+  EXPECT_FALSE(window->OpenPicture(Path("slow.svg")));
+  EXPECT_TRUE(clock.isValid() && clock.elapsed() < 3000) << clock.elapsed();
+  EXPECT_EQ(window->statusBar()->currentMessage(), "Cancelled. Nothing has changed.");
+  EXPECT_EQ(window->Shown(), shown);
+  qputenv("QT_QPA_PLATFORM", "none");  // the drawing needs no display
+  EXPECT_TRUE(window->OpenPicture(Path("quick.svg")));
+  qputenv("QT_QPA_PLATFORM", "offscreen");
+}
+
+TEST_F(StudioWindowTest, AnExportThatFailsLeavesTheEarlierFileAsItWas) {
+  OpenPicture();
+  ASSERT_TRUE(Create("enter HorizontalCountTxt 9\nkey Return"));
+  Export("a.svg");
+  const QByteArray earlier = Load("a.svg");
+  ASSERT_TRUE(
+      Create("enter HorizontalCountTxt 1\nenter VerticalCountTxt 8640\n"
+             "enter NewWidthTxt 3000\nkey Return"));
+  QString text;
+  const auto expectRefusal = [&](const char* action, const char* reason) {
+    Hear("error", text);
+    Action(action).trigger();
+    EXPECT_TRUE(text.contains("|The mosaic cannot be exported.|")) << text.toStdString();
+    EXPECT_TRUE(text.contains(reason)) << text.toStdString();
+    EXPECT_TRUE(window->isWindowModified());
+  };
+  Type("none/b.svg");
+  expectRefusal("export", "b.svg: there is no folder");
+  Type("b.png");
+  expectRefusal("export", "648000 by 8640 pixels, which is too many; SVG and PDF can hold");
+  EXPECT_EQ(settings::kExportFolder.Get(), folder.path()) << "of what was exported";
+
+  std::signal(SIGXFSZ, SIG_IGN);
+  rlimit limit{};
+  getrlimit(RLIMIT_FSIZE, &limit);
+  const rlimit low{10000, limit.rlim_max};
+  setrlimit(RLIMIT_FSIZE, &low);
+  expectRefusal("exportAgain", "a.svg: ");
+  setrlimit(RLIMIT_FSIZE, &limit);
+  EXPECT_EQ(Load("a.svg"), earlier);
+  Action("exportAgain").trigger();
+  EXPECT_EQ(Load("a.svg").count("<rect "), 8640);
+}
+
+TEST_F(StudioWindowTest, FileDialogsKnowTheKindsOfFiles) {
+  OpenPicture();
+  ASSERT_TRUE(Create("key Return"));
+  WhenOpen<QFileDialog>("QFileDialog", [&](QFileDialog& dialog) {
+    for (const char* ending : {"*.png", "*.jpg", "*.svg"})
+      EXPECT_TRUE(dialog.nameFilters().value(0).contains(ending)) << ending;
+    EXPECT_EQ(dialog.nameFilters().value(1), "All files (*)");
+    EXPECT_EQ(dialog.directory().path(), folder.path()) << "where the last picture was";
+    dialog.close();
+  });
+  Action("open").trigger();
+  // A name without an ending gets that of the kind that is chosen, unless such a file is there.
+  Save("taken.pdf", "earlier");
+  int asked = 0;
+  const std::function<void(QFileDialog&)> choose = [&](QFileDialog& dialog) {
+    EXPECT_EQ(dialog.nameFilters().size(), 3);
+    dialog.selectNameFilter(dialog.nameFilters()[1]);
+    auto& name = *dialog.findChild<QLineEdit*>();
+    if (++asked == 1) {
+      WhenOpen<QFileDialog>("export", choose);
+      name.setText("taken");
+    } else {
+      EXPECT_EQ(name.text(), "taken.pdf") << "may it be replaced?";
+      name.setText("free");
+    }
+    static_cast<QDialog&>(dialog).accept();
+  };
+  WhenOpen<QFileDialog>("export", choose);
+  Action("export").trigger();
+  EXPECT_EQ(asked, 2);
+  EXPECT_EQ(Load("taken.pdf"), "earlier");
+  EXPECT_TRUE(Load("free.pdf").startsWith("%PDF"));
+}
+
+TEST_F(StudioWindowTest, TheClipboardTakesWhatOthersCanTake) {
+  OpenPicture();
+  const auto clipboard = [] { return QApplication::clipboard()->mimeData(); };
+  Action("copy").trigger();
+  EXPECT_EQ(qvariant_cast<QImage>(clipboard()->imageData()), window->Shown()->picture.Pixels());
+  ASSERT_TRUE(Create("enter HorizontalCountTxt 500\nenter VerticalCountTxt 501\nkey Return"));
+  Action("copy").trigger();
+  EXPECT_FALSE(clipboard()->hasFormat("image/svg+xml")) << "more than 250 000 tiles";
+  EXPECT_GE(qvariant_cast<QImage>(clipboard()->imageData()).width(), 4 * 500);
+  EXPECT_EQ(window->statusBar()->currentMessage(), "Copied.");
+
+  auto* const files = new QMimeData;
+  files->setUrls({QUrl("https://localhost/b.png"), QUrl::fromLocalFile(Path("in.png"))});
+  QApplication::clipboard()->setMimeData(files);
+  Action("paste").trigger();
+  EXPECT_FALSE(window->Shown()->mosaic);
+  EXPECT_EQ(window->Shown()->path, Path("in.png"));
+  QApplication::clipboard()->setText("in.png");
+  Action("paste").trigger();
+  EXPECT_EQ(window->statusBar()->currentMessage(), "There is no picture on the clipboard.");
+  Action("undo").trigger();
+  Export("a.svg");
+}
+
+TEST(LineIcon, IsADrawingOfItsOwnWithinItsSquare) {
+  std::set<QByteArray> drawings;
+  for (int i = 0; i <= int(Drawing::kPicture); ++i) {
+    const QImage icon = LineIcon(Drawing(i)).pixmap(QSize(60, 40)).toImage();
+    const QRect square(10, 0, 40, 40);
+    int outside = 0, inside = 0;
+    for (int y = 0; y < 40; ++y) {
+      for (int x = 0; x < 60; ++x) {
+        if (qAlpha(icon.pixel(x, y)) == 0) continue;
+        square.adjusted(1, 1, -1, -1).contains(x, y) ? ++inside : ++outside;
+      }
+    }
+    EXPECT_GT(inside, 100) << i;
+    EXPECT_EQ(outside, 0) << i;
+    drawings.insert(
+        QByteArray(reinterpret_cast<const char*>(icon.constBits()), icon.sizeInBytes()));
+  }
+  EXPECT_EQ(drawings.size(), 9U);
+}
+
 TEST_F(StudioWindowTest, ZoomsAtThePointerAndMovesUnderTheHand) {
   OpenPicture();
   auto& canvas = *window->findChild<::Canvas*>();
@@ -507,6 +650,14 @@ TEST_F(StudioWindowTest, ZoomsAtThePointerAndMovesUnderTheHand) {
   QTest::mouseRelease(canvas.viewport(), Qt::LeftButton, {}, target);
   QTest::keyRelease(&canvas, Qt::Key_Space);
   EXPECT_LT(QLineF(canvas.mapToScene(target), held).length() * canvas.Zoom(), 2);
+  // The middle button holds it too, until the last button is let go.
+  QTest::mousePress(canvas.viewport(), Qt::MiddleButton, {}, target);
+  QTest::mousePress(canvas.viewport(), Qt::RightButton, {}, target);
+  QTest::mouseRelease(canvas.viewport(), Qt::RightButton, {}, target);
+  QTest::mouseMove(canvas.viewport(), pointer);
+  QTest::mouseRelease(canvas.viewport(), Qt::MiddleButton, {}, pointer);
+  QTest::mouseMove(canvas.viewport(), target);
+  EXPECT_LT(QLineF(canvas.mapToScene(pointer), held).length() * canvas.Zoom(), 4);
   turnWheel(99);
   EXPECT_EQ(canvas.Zoom(), 64);
 }
