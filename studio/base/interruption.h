@@ -1,14 +1,14 @@
 #pragma once
 
+#include <boost/core/noncopyable.hpp>
+
 /// While one of these lives, SIGINT, SIGTERM and SIGHUP set a mark instead of ending the program,
 /// so that it can remove what is half done. A signal that was ignored before stays so. One at a
 /// time.
-class Interruption {
+class Interruption : boost::noncopyable {
  public:
   Interruption();
   ~Interruption();
-  Interruption(const Interruption&) = delete;
-  Interruption& operator=(const Interruption&) = delete;
 
   bool IsRequested() const;
 

@@ -11,9 +11,6 @@
 /// a run that fails or is stopped leaves everything as it was. Names are as FileName makes them.
 class OutputSet {
  public:
-  OutputSet() = default;
-  OutputSet(const OutputSet&) = delete;
-  OutputSet& operator=(const OutputSet&) = delete;
   ~OutputSet();
 
   /// Opens a file for writing right away, so that a place that cannot be written is known before

@@ -2,6 +2,7 @@
 
 #include <QElapsedTimer>
 #include <QString>
+#include <boost/core/noncopyable.hpp>
 
 /// Writes a text to the standard output at once. Throws StudioError when it cannot be written.
 void Print(const QString& text);
@@ -12,12 +13,10 @@ void PrintError(const QString& text);
 
 /// Shows on the error output how far a long piece of work is. Stays silent in the first half second
 /// and when the error output is no terminal; the line is gone at the end.
-class ProgressLine {
+class ProgressLine : boost::noncopyable {
  public:
   explicit ProgressLine(bool isWanted);
   ~ProgressLine();
-  ProgressLine(const ProgressLine&) = delete;
-  ProgressLine& operator=(const ProgressLine&) = delete;
 
   void Show(int done, int all);
 

@@ -83,7 +83,7 @@ PdfSink::PdfSink(QIODevice& device, const MosaicGeometry& geometry, const QImage
                 "/Type /XObject /Subtype /Image /ColorSpace /DeviceRGB /BitsPerComponent 8 "
                 "/Filter /DCTDecode /Width " +
                     std::to_string(below.width()) + " /Height " + std::to_string(below.height()),
-                EncodeAsJpeg(OnPaper(below)));
+                EncodePicture(OnPaper(below), "jpeg", kJpegQuality));
     content += "q " + width + " 0 0 " + height + " 0 0 cm /Picture Do Q\n";
   }
   // The page's y axis points upwards.

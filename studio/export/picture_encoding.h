@@ -9,7 +9,4 @@
 QByteArray EncodePicture(const QImage& picture, const char* format, int quality = -1);
 
 /// For a drawing that holds the picture itself.
-inline QByteArray EncodeAsJpeg(const QImage& picture) {
-  constexpr int kQuality = 92;
-  return EncodePicture(picture, "jpeg", kQuality);
-}
+constexpr int kJpegQuality = 92;

@@ -147,7 +147,7 @@ void PngSink::CloseRow() {
 void PngSink::PaintRow(int y, const std::vector<Sample>& samples) {
   auto* line = reinterpret_cast<QRgb*>(image.scanLine(y));
   for (const Sample& sample : samples) {
-    const int alpha = std::min(255, int(std::lround(sample.cover * 255)));
+    const int alpha = int(std::lround(sample.cover * 255));
     const Light light{sample.light.red / sample.cover, sample.light.green / sample.cover,
                       sample.light.blue / sample.cover};
     *line++ = alpha == 0 ? 0 : NearestColor(light, alpha);

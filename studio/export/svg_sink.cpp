@@ -49,7 +49,8 @@ SvgSink::SvgSink(QIODevice& device, const MosaicGeometry& geometry, const QImage
           height + "\">\n";
   if (!below.isNull()) {
     const bool isClear = below.hasAlphaChannel();
-    const QByteArray bytes = isClear ? EncodePicture(below, "png") : EncodeAsJpeg(below);
+    const QByteArray bytes =
+        isClear ? EncodePicture(below, "png") : EncodePicture(below, "jpeg", kJpegQuality);
     text += "<image width=\"" + width + "\" height=\"" + height +
             "\" preserveAspectRatio=\"none\" href=\"data:image/" + (isClear ? "png" : "jpeg") +
             ";base64," + bytes.toBase64().toStdString() + "\"/>\n";

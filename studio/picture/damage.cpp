@@ -37,10 +37,6 @@ JpegStructure WalkJpeg(const QByteArray& bytes) {
   return found;
 }
 
-bool IsCompleteJpeg(const QByteArray& bytes) {
-  return WalkJpeg(bytes).isComplete;
-}
-
 /// Walks from chunk to chunk; each has a length, a type, its content and a checksum.
 bool IsCompletePng(const QByteArray& bytes) {
   constexpr qint64 kSignature = 8;
@@ -81,7 +77,7 @@ bool IsCompleteGif(const QByteArray& bytes) {
 constexpr struct {
   const char* format;
   bool (*isComplete)(const QByteArray&);
-} kChecks[] = {{"jpeg", IsCompleteJpeg},
+} kChecks[] = {{"jpeg", [](const QByteArray& bytes) { return WalkJpeg(bytes).isComplete; }},
                {"png", IsCompletePng},
                {"bmp", IsCompleteBmp},
                {"gif", IsCompleteGif}};

@@ -3,6 +3,7 @@
 #include <QByteArray>
 #include <QSize>
 #include <QStringList>
+#include <boost/core/noncopyable.hpp>
 
 /// Whether a picture file is there to its end. Some decoders fill up what is missing without a
 /// word, so for their formats ("jpeg", "png", "bmp", "gif") the file's own structure is asked; the
@@ -15,12 +16,10 @@ bool HasAbsurdScans(const QByteArray& jpeg, QSize size);
 
 /// While one of these lives, what Qt's image decoders report on this thread is collected here
 /// instead of shown. One at a time on each thread.
-class DecoderMessages {
+class DecoderMessages : boost::noncopyable {
  public:
   DecoderMessages();
   ~DecoderMessages();
-  DecoderMessages(const DecoderMessages&) = delete;
-  DecoderMessages& operator=(const DecoderMessages&) = delete;
 
   /// Whether a decoder reported damage that costs part of the picture. Reports of stray bytes or
   /// odd profiles, which leave the picture whole, don't count.

@@ -23,7 +23,7 @@ class ValueFinder {
     for (int value = 0; value < 255; ++value) borders[value] = LightOfFraction((value + 0.5) / 255);
     borders[255] = HUGE_VAL;
     int value = 0;
-    for (int step = 0; step <= kCoarseSteps; ++step) {
+    for (int step = 0; step < kCoarseSteps; ++step) {
       while (borders[value] <= double(step) / kCoarseSteps) ++value;
       coarse[step] = uint8_t(value);
     }
@@ -39,7 +39,7 @@ class ValueFinder {
 
  private:
   std::array<double, 256> borders;
-  std::array<uint8_t, kCoarseSteps + 1> coarse;
+  std::array<uint8_t, kCoarseSteps> coarse;
 };
 
 uint32_t TableValue(double light) {

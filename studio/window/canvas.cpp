@@ -28,7 +28,7 @@ constexpr int kLabelGap = 8;
 
 }  // namespace
 
-Canvas::Canvas(QWidget* parent) : QGraphicsView(parent) {
+Canvas::Canvas() {
   setObjectName("canvas");
   for (QWidget* widget : {static_cast<QWidget*>(this), viewport()}) {
     widget->setAccessibleName(Text("$$$/Studio/Canvas/Name=Artboard"));

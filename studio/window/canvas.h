@@ -11,7 +11,7 @@
 /// the wheel, with the space bar or the middle button held.
 class Canvas final : public QGraphicsView {
  public:
-  explicit Canvas(QWidget* parent = nullptr);
+  Canvas();
 
   /// Null shows an empty board. A picture that is new is shown whole; its mosaic takes its place
   /// without moving anything.

@@ -19,20 +19,6 @@ bool IsSizeKnown(const Artwork& artwork) {
   return artwork.mosaic || artwork.isSizeKnown;
 }
 
-QString SizeInMillimetersText(const Artwork& artwork) {
-  if (!IsSizeKnown(artwork)) return {};
-  const QSizeF size = artwork.Size() * kMillimetersPerPoint;
-  return Text("$$$/Studio/Size/Millimeters=%1 × %2 mm", ShortNumber(size.width()),
-              ShortNumber(size.height()));
-}
-
-QString TileCountText(const Artwork& artwork) {
-  if (!artwork.mosaic) return {};
-  const MosaicGeometry& geometry = artwork.mosaic->geometry;
-  return Text("$$$/Studio/Size/Tiles=%1 × %2 tiles", QString::number(geometry.tilesAcross),
-              QString::number(geometry.tilesDown));
-}
-
 /// Numbers and their units, which stand from left to right also in a window that is mirrored.
 QString InReadingOrder(const QString& measures) {
   constexpr QChar kMark(0x200E);
@@ -49,9 +35,17 @@ QString SizeInPointsText(const Artwork& artwork) {
 }
 
 QString SummaryText(const Artwork& artwork) {
-  QStringList parts{TileCountText(artwork), SizeInPointsText(artwork),
-                    SizeInMillimetersText(artwork)};
-  parts.removeAll({});
+  QStringList parts{SizeInPointsText(artwork)};
+  if (artwork.mosaic) {
+    const MosaicGeometry& geometry = artwork.mosaic->geometry;
+    parts.prepend(Text("$$$/Studio/Size/Tiles=%1 × %2 tiles", QString::number(geometry.tilesAcross),
+                       QString::number(geometry.tilesDown)));
+  }
+  if (IsSizeKnown(artwork)) {
+    const QSizeF size = artwork.Size() * kMillimetersPerPoint;
+    parts += Text("$$$/Studio/Size/Millimeters=%1 × %2 mm", ShortNumber(size.width()),
+                  ShortNumber(size.height()));
+  }
   return InReadingOrder(parts.join("   ·   "));
 }
 

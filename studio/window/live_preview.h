@@ -15,8 +15,6 @@ class LivePreview {
   /// The canvas must outlive it. The reduction of the picture is made on another thread; the first
   /// preview waits for it.
   LivePreview(Canvas& canvas, ArtworkPtr artwork, const MosaicChoices& asked);
-  LivePreview(const LivePreview&) = delete;
-  LivePreview& operator=(const LivePreview&) = delete;
   ~LivePreview();
 
   /// Draws later, from the event loop.

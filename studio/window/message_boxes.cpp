@@ -14,10 +14,6 @@ namespace {
 constexpr int kAboutIconSide = 56;
 constexpr int kColumns = 56;  // that boxes are wide at least, in characters
 
-QString OkText() {
-  return Text("$$$/Studio/Box/OK=OK");
-}
-
 /// Shows the box. Names of files can look like markup and are none; boxes as narrow as a short text
 /// allows cut their titles off.
 void Run(QMessageBox& box) {
@@ -28,35 +24,37 @@ void Run(QMessageBox& box) {
   box.exec();
 }
 
+void RunWithOk(QMessageBox& box, const char* name, const QString& text, const QString& more) {
+  box.setObjectName(name);
+  box.setText(text);
+  box.setInformativeText(more);
+  box.addButton(Text("$$$/Studio/Box/OK=OK"), QMessageBox::AcceptRole);
+  Run(box);
+}
+
+void Warn(QWidget* window, const char* name, const QString& text, const QString& more = {}) {
+  QMessageBox box(window);
+  box.setIcon(QMessageBox::Warning);
+  box.setWindowTitle(Text("$$$/Studio/Box/AlertTitle=Tesserae Studio"));
+  RunWithOk(box, name, text, more);
+}
+
 }  // namespace
 
 void MessageBoxes::ShowAlert(const std::string& text) {
-  QMessageBox box(QMessageBox::Warning, Text("$$$/Studio/Box/AlertTitle=Tesserae Studio"),
-                  QString::fromStdString(text), QMessageBox::NoButton, window);
-  box.setObjectName("alert");
-  box.addButton(OkText(), QMessageBox::AcceptRole);
-  Run(box);
+  Warn(window, "alert", QString::fromStdString(text));
 }
 
 void MessageBoxes::ShowAbout(const std::string& firstText, const std::string& secondText) {
   QMessageBox box(window);
-  box.setObjectName("about");
   box.setWindowTitle(Text("$$$/Studio/Box/AboutTitle=About %1", QString::fromStdString(firstText)));
   box.setIconPixmap(LineIcon(Drawing::kTesserae)
                         .pixmap({kAboutIconSide, kAboutIconSide}, window->devicePixelRatioF()));
-  box.setText(QString::fromStdString(firstText));
-  box.setInformativeText(QString::fromStdString(secondText));
-  box.addButton(OkText(), QMessageBox::AcceptRole);
-  Run(box);
+  RunWithOk(box, "about", QString::fromStdString(firstText), QString::fromStdString(secondText));
 }
 
 void MessageBoxes::ShowError(const QString& text, const std::exception& error) const {
-  QMessageBox box(QMessageBox::Warning, Text("$$$/Studio/Box/AlertTitle=Tesserae Studio"), text,
-                  QMessageBox::NoButton, window);
-  box.setObjectName("error");
-  box.setInformativeText(Sentence(ReasonText(error)));
-  box.addButton(OkText(), QMessageBox::AcceptRole);
-  Run(box);
+  Warn(window, "error", text, Sentence(ReasonText(error)));
 }
 
 MessageBoxes::Answer MessageBoxes::AskBeforeClosing(const QString& picture) const {

@@ -225,7 +225,8 @@ void StudioWindow::Create(DialogEntries entries) {
     QElapsedTimer clock;
     while (!mosaic) {
       choices = asked;
-      if (!Ask(choices)) return false;
+      const nrvui::ui::InstalledPresenter installed(presenter);
+      if (!Caller().Ask(choices.params, choices.state)) return false;
       confirmed[{shown->path, shown->isSizeKnown}] = {choices, entries};
       actions.tesseraeAgain->setEnabled(true);
       clock.start();
@@ -244,23 +245,13 @@ void StudioWindow::Create(DialogEntries entries) {
     Tell(Text("$$$/Studio/Status/Built=Built %1 tiles in %2 s.",
               QString::number(qint64(choices.params.tilesAcross) * choices.params.tilesDown),
               NumberForUser(std::round(seconds * 10) / 10)));
-    KeepChoices(choices);
+    try {
+      lastChoices.Save(choices);
+    } catch (const StudioError&) {  // no reason to lose a finished mosaic
+      Tell(Text("$$$/Studio/Status/ChoicesNotKept=Your choices cannot be kept for the next time."));
+    }
     return true;
   });
-}
-
-bool StudioWindow::Ask(MosaicChoices& choices) {
-  const nrvui::ui::InstalledPresenter installed(presenter);
-  return Caller().Ask(choices.params, choices.state);
-}
-
-/// Losing them must not cost a finished mosaic.
-void StudioWindow::KeepChoices(const MosaicChoices& choices) {
-  try {
-    lastChoices.Save(choices);
-  } catch (const StudioError&) {
-    Tell(Text("$$$/Studio/Status/ChoicesNotKept=Your choices cannot be kept for the next time."));
-  }
 }
 
 bool StudioWindow::AskForExport() {

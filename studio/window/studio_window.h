@@ -76,8 +76,6 @@ class StudioWindow final : public QMainWindow {
   const Confirmed* ConfirmedForShown() const;
   /// Begins with these entries.
   void Create(DialogEntries entries);
-  bool Ask(MosaicChoices& choices);
-  void KeepChoices(const MosaicChoices& choices);
   /// Does what the studio can do only one at a time; tells what goes wrong. Answers whether it was
   /// done.
   bool Do(const QString& failure, const std::function<bool()>& work);
