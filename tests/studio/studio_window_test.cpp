@@ -4,6 +4,7 @@
 #include <sys/resource.h>
 
 #include <QAccessible>
+#include <QActionGroup>
 #include <QApplication>
 #include <QClipboard>
 #include <QDoubleSpinBox>
@@ -14,6 +15,8 @@
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QMimeData>
+#include <QNativeGestureEvent>
+#include <QPointingDevice>
 #include <QProgressDialog>
 #include <QPushButton>
 #include <QStatusBar>
@@ -152,6 +155,14 @@ class StudioWindowTest : public StudioFolder {
   static QString Message(const QWidget& dialog) {
     return dialog.findChild<QWidget*>("messages")->findChildren<QLabel*>().back()->text();
   }
+  /// Names of the actions that can be used now.
+  QString Usable() const {
+    QStringList names;
+    for (const QAction* action : window->findChildren<QAction*>())
+      if (action->isEnabled()) names += action->objectName();
+    names.removeAll({});
+    return names.join(' ');
+  }
   QAction& Action(const char* name) const { return *window->findChild<QAction*>(name); }
   QString Summary() const { return window->findChild<QLabel*>("summary")->text(); }
   QImage Canvas() const { return window->findChild<::Canvas*>()->grab().toImage(); }
@@ -203,7 +214,9 @@ TEST_F(StudioWindowTest, TheCanvasShowsWhatOkWouldBuildWhileTheDialogIsOpen) {
 TEST_F(StudioWindowTest, APictureBecomesAMosaicThatCanBeUndoneAndExported) {
   OpenPicture();
   EXPECT_EQ(Summary(), "60 × 40 pt   ·   21.2 × 14.1 mm");
-  EXPECT_FALSE(Action("export").isEnabled());
+  EXPECT_EQ(Usable(),
+            "open placeUnknown quit undo copy paste createTesserae zoomIn zoomOut "
+            "actualSize fit previewWhileChoosing about zoom");
   const QImage before = Canvas();
 
   Play("enter HorizontalCountTxt 12\nenter VerticalCountTxt 8\nkey Return");
@@ -211,6 +224,10 @@ TEST_F(StudioWindowTest, APictureBecomesAMosaicThatCanBeUndoneAndExported) {
   ASSERT_TRUE(window->Shown()->mosaic);
   EXPECT_EQ(window->Shown()->mosaic->tiles.size(), QSize(12, 8));
   EXPECT_TRUE(Summary().startsWith("12 × 8 tiles")) << Summary().toStdString();
+  EXPECT_EQ(Usable(),
+            "open placeUnknown export exportAgain quit undo copy paste createTesserae "
+            "createTesseraeAgain zoomIn zoomOut actualSize fit previewWhileChoosing "
+            "about zoom");
   EXPECT_TRUE(window->isWindowModified());
   const QImage mosaic = Canvas();
   EXPECT_NE(mosaic, before);
@@ -218,6 +235,8 @@ TEST_F(StudioWindowTest, APictureBecomesAMosaicThatCanBeUndoneAndExported) {
   Action("undo").trigger();
   EXPECT_FALSE(window->Shown()->mosaic);
   EXPECT_EQ(Canvas(), before);
+  EXPECT_EQ(Action("undo").text() + Action("redo").text(),
+            "&Undo Place Picture&Redo Create Tesserae");
   Action("redo").trigger();
   EXPECT_EQ(Canvas(), mosaic);
 
@@ -242,9 +261,17 @@ TEST_F(StudioWindowTest, APictureBecomesAMosaicThatCanBeUndoneAndExported) {
     dialog.accept();
   });
   WhenOpen<QDialog>("pngSize", [](QDialog& dialog) {
-    dialog.findChild<QDoubleSpinBox*>()->setValue(36);
-    EXPECT_EQ(dialog.findChild<QSpinBox*>()->value(), 30);
-    dialog.findChild<QSpinBox*>()->setValue(90);
+    auto& width = *dialog.findChild<QSpinBox*>();
+    auto& resolution = *dialog.findChild<QDoubleSpinBox*>();
+    EXPECT_EQ(width.text(), "1608 px");
+    EXPECT_EQ(width.minimum(), 1);
+    EXPECT_EQ(width.maximum(), 19595) << "of 256 million";
+    EXPECT_NEAR(resolution.maximum(), 19595 * 72 / 60, 2);
+    resolution.setValue(36);
+    EXPECT_EQ(width.value(), 30);
+    width.setValue(90);
+    EXPECT_EQ(resolution.text(), "108.00 dpi");
+    EXPECT_EQ(dialog.findChildren<QLabel*>().back()->text(), "90 × 60 pixels");
     dialog.accept();
   });
   Action("export").trigger();
@@ -278,15 +305,28 @@ TEST_F(StudioWindowTest, TakesWhatIsDroppedAndSaysWhatItCannotTake) {
   const auto drop = [&](const QString& name) {
     QMimeData data;
     data.setUrls({QUrl::fromLocalFile(Path(name))});
-    QDragEnterEvent enter({9, 9}, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
-    QApplication::sendEvent(&*window, &enter);
-    EXPECT_TRUE(enter.isAccepted());
+    const QImage before = window->grab().toImage();
+    for (const bool leaves : {true, false}) {
+      QDragEnterEvent enter({9, 9}, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+      QApplication::sendEvent(&*window, &enter);
+      EXPECT_TRUE(enter.isAccepted());
+      EXPECT_NE(window->grab().toImage(), before) << "a frame says so";
+      QDragLeaveEvent leave;
+      if (leaves) QApplication::sendEvent(&*window, &leave);
+    }
     QDropEvent event({9, 9}, Qt::CopyAction | Qt::MoveAction, &data, Qt::LeftButton,
                      Qt::ShiftModifier);
     QApplication::sendEvent(&*window, &event);
     EXPECT_EQ(event.dropAction(), Qt::CopyAction) << "the file stays where it is";
     QTest::qWait(1);
   };
+  const QImage uninvited = window->grab().toImage();
+  QMimeData words;
+  words.setText("in.png");
+  QDragEnterEvent enterWords({9, 9}, Qt::CopyAction, &words, Qt::LeftButton, Qt::NoModifier);
+  QApplication::sendEvent(&*window, &enterWords);
+  EXPECT_FALSE(enterWords.isAccepted());
+  EXPECT_EQ(window->grab().toImage(), uninvited);
   drop("in.png");
   ASSERT_TRUE(QTest::qWaitFor([&] { return window->Shown() != nullptr; }));
   const ArtworkPtr placed = window->Shown();
@@ -633,9 +673,9 @@ TEST_F(StudioWindowTest, ZoomsAtThePointerAndMovesUnderTheHand) {
   const QPoint pointer = page.center() + QPoint(60, 40);
   const QPointF under = canvas.mapToScene(pointer);
   const double fitted = canvas.Zoom();
-  const auto turnWheel = [&](int steps) {
+  const auto turnWheel = [&](int steps, Qt::KeyboardModifier modifier = Qt::ControlModifier) {
     QWheelEvent wheel(pointer, canvas.viewport()->mapToGlobal(pointer), {}, {0, 120 * steps},
-                      Qt::NoButton, Qt::ControlModifier, Qt::NoScrollPhase, false);
+                      Qt::NoButton, modifier, Qt::NoScrollPhase, false);
     QApplication::sendEvent(canvas.viewport(), &wheel);
   };
   for (int i = 0; i < 4; ++i) turnWheel(1);
@@ -658,8 +698,18 @@ TEST_F(StudioWindowTest, ZoomsAtThePointerAndMovesUnderTheHand) {
   QTest::mouseRelease(canvas.viewport(), Qt::MiddleButton, {}, pointer);
   QTest::mouseMove(canvas.viewport(), target);
   EXPECT_LT(QLineF(canvas.mapToScene(pointer), held).length() * canvas.Zoom(), 4);
+  const double zoom = canvas.Zoom();
+  const QPointF before = canvas.mapToScene(pointer);
+  turnWheel(-1, Qt::NoModifier);
+  EXPECT_GT(canvas.mapToScene(pointer).y(), before.y()) << "the wheel alone moves";
+  EXPECT_EQ(canvas.Zoom(), zoom);
+  QNativeGestureEvent pinch(Qt::ZoomNativeGesture, QPointingDevice::primaryPointingDevice(), 2,
+                            pointer, pointer, pointer, 0.5, {});
+  QApplication::sendEvent(canvas.viewport(), &pinch);
+  EXPECT_DOUBLE_EQ(canvas.Zoom(), 1.5 * zoom);
   turnWheel(99);
   EXPECT_EQ(canvas.Zoom(), 64);
+  EXPECT_EQ(Action("zoom").iconText(), "6400 %");
 }
 
 TEST_F(StudioWindowTest, NothingIsClippedInAnyLanguageOrTheme) {
@@ -668,7 +718,13 @@ TEST_F(StudioWindowTest, NothingIsClippedInAnyLanguageOrTheme) {
         std::pair("ja", qtui::Theme::kLight)}) {
     Speak(language);
     OpenPicture();
-    qtui::ApplyTheme(theme);
+    EXPECT_TRUE(*language == 'e' || window->size() == QSize(900, 600)) << "as it was closed";
+    // Like the system, light, dark: the choice is kept.
+    const QList<QAction*> themes = window->findChild<QActionGroup*>()->actions();
+    EXPECT_TRUE(themes[int(settings::ChosenTheme())]->isChecked());
+    themes[int(theme)]->trigger();
+    EXPECT_EQ(settings::ChosenTheme(), theme);
+    EXPECT_TRUE(themes[int(theme)]->isChecked());
     window->resize(900, 600);
     QTest::qWait(20);
     QWidgetList shown{window->findChild<QLabel*>("summary")};
