@@ -310,7 +310,7 @@ TEST_F(Program, StopsCleanlyWhenInterruptedOrNotHeard) {
   ASSERT_TRUE(process.waitForReadyRead(30000));
   kill(pid_t(process.processId()), SIGHUP);
   EXPECT_FALSE(process.waitForFinished(300));
-  kill(pid_t(process.processId()), SIGINT);
+  process.terminate();
   EXPECT_EQ(Ended(process).status, 1);
   EXPECT_EQ(Files(), before);
 
