@@ -152,46 +152,27 @@ TEST(MosaicJob, KeepsThePictureWhereItShows) {
 }
 
 TEST(Choices, MakeSquareTilesOfANewPicture) {
-  const auto placed = [](int width, int height, bool isSizeUnknown = false) {
-    QImage image(width, height, QImage::Format_RGB32);
-    image.fill(Qt::white);
-    image.setDotsPerMeterX(2835);
-    image.setDotsPerMeterY(2835);
-    return Place("a.png", Picture(image), isSizeUnknown);
-  };
   MosaicChoices last;
   last.params.tilesAcross = 30;
-  last.params.tilesDown = 7;
   const struct {
     QSize size;
-    bool hasLast;
+    std::optional<MosaicChoices> last;
     int across, down;
-  } kCases[] = {{{60, 40}, false, 100, 67}, {{60, 40}, true, 30, 20},   {{1000, 3}, true, 30, 1},
-                {{1, 300}, true, 30, 8640}, {{2, 576}, true, 30, 8640}, {{10, 5}, true, 30, 15}};
-  for (const auto& [size, hasLast, across, down] : kCases) {
-    const auto artwork = placed(size.width(), size.height());
-    const auto choices = hasLast ? ChoicesFor(*artwork, last) : ChoicesFor(*artwork, {});
-    EXPECT_EQ(choices.params.tilesAcross, across) << size.width();
-    EXPECT_EQ(choices.params.tilesDown, down) << size.width();
-    EXPECT_EQ(choices.params.boundsRight, size.width());
-    EXPECT_EQ(choices.params.boundsBottom, size.height());
-  }
-  const MosaicChoices first = ChoicesFor(*placed(6, 4), {});
-  EXPECT_TRUE(first.params.isColor && first.params.deleteRaster && first.params.keepHorizontal);
-  MosaicChoices former = last;
-  former.params.tilesDown = 3;
-  EXPECT_EQ(ChoicesFor(*placed(6, 4), last, former).params.tilesDown, 3) << "as it was for it";
-
-  // The dialog computes with sizes of 16 bits.
-  const std::pair<ArtworkPtr, bool> kSizes[] = {{placed(32767, 1), true},
-                                                {placed(32768, 1), false},
-                                                {placed(1, 32768), false},
-                                                {placed(6, 4, true), false}};
-  for (const auto& [artwork, isKnown] : kSizes) {
-    const MosaicParameters params = ChoicesFor(*artwork, {}).params;
-    EXPECT_EQ(params.sizeUnavailable, !isKnown);
-    EXPECT_EQ(params.boundsRight > 0, isKnown);
-    EXPECT_EQ(params.boundsBottom > 0, isKnown);
+    bool isSizeKnown;
+  } kCases[] = {{{60, 40}, {}, 100, 67, true},      {{60, 40}, last, 30, 20, true},
+                {{1000, 3}, last, 30, 1, true},     {{1, 300}, last, 30, 8640, true},
+                {{32767, 9}, last, 30, 1, true},    {{32768, 9}, last, 30, 1, false},
+                {{9, 32768}, last, 30, 8640, false}};
+  for (const auto& [size, last, across, down, isSizeKnown] : kCases) {
+    QImage image(size, QImage::Format_RGB32);
+    image.setDotsPerMeterX(2835);
+    image.setDotsPerMeterY(2835);
+    const auto params = ChoicesFor(*Place("a.png", Picture(image), false), last).params;
+    EXPECT_EQ(params.tilesAcross, across) << size.width();
+    EXPECT_EQ(params.tilesDown, down) << size.width();
+    EXPECT_EQ(params.boundsRight, isSizeKnown ? size.width() : 0);
+    EXPECT_EQ(params.boundsBottom, isSizeKnown ? size.height() : 0);
+    EXPECT_EQ(params.sizeUnavailable, !isSizeKnown) << size.width();
   }
 }
 

@@ -154,57 +154,43 @@ TEST(PictureFile, StandsUprightWhateverTheCameraNoted) {
   QPainter(&image).fillRect(0, 0, 20, 10, Qt::white);
   image.setDotsPerMeterX(2000);
   image.setDotsPerMeterY(1000);
-  const QByteArray bytes = Encoded(image, "jpg");
-  // Where the bright corner comes to lie, by the camera's note from 1 to 8.
-  const QPoint kBright[] = {{5, 5}, {35, 5}, {35, 15}, {5, 15}, {5, 5}, {15, 5}, {15, 35}, {5, 35}};
-  for (int orientation = 1; orientation <= 8; ++orientation) {
-    SCOPED_TRACE(orientation);
-    QByteArray note(
-        "\xFF\xE1\x00\x22"
-        "Exif\0\0MM\0*\0\0\0\x08\0\x01\x01\x12\0\x03\0\0\0\x01\0_\0\0\0\0\0\0",
-        36);
-    note[note.indexOf('_')] = char(orientation);
-    constexpr qsizetype kAfterJfifHeader = 20;
-    const QImage turned = Read(QByteArray(bytes).insert(kAfterJfifHeader, note)).Pixels();
-    const bool isOnItsSide = orientation >= 5;
-    EXPECT_EQ(turned.size(), isOnItsSide ? QSize(20, 40) : QSize(40, 20));
-    EXPECT_EQ(turned.dotsPerMeterX(), isOnItsSide ? 1000 : 2000);
-    const QRect corner(kBright[orientation - 1] - QPoint(2, 2), QSize(5, 5));
-    EXPECT_GT(qRed(turned.copy(corner).scaled(1, 1).pixel(0, 0)), 200);
-  }
-}
-
-TEST(PictureFile, StandsUprightByTheNoteInAChunk) {
-  QImage image(40, 20, QImage::Format_RGB32);
-  image.fill(Qt::black);
-  QPainter(&image).fillRect(0, 0, 20, 10, Qt::white);
+  const QByteArray jpeg = Encoded(image, "jpg");
   const QByteArray png = Encoded(image, "png");
   QByteArray webp = Encoded(image, "webp");
   if (webp.size() % 2 != 0) webp += '\0';
-  const auto little = [](qsizetype size) { return char(size) + QByteArray(3, '\0'); };
-  const auto big = [](qsizetype size) { return QByteArray(3, '\0') + char(size); };
-  // Where the bright corner comes to lie; 0 and 9 mean nothing.
+  const auto number = [](char value) { return value + QByteArray(3, '\0'); };
+  // Where the bright corner comes to lie, by the camera's note; 0 and 9 mean nothing.
   const QPoint kBright[] = {{5, 5}, {5, 5},  {35, 5},  {35, 15}, {5, 15},
                             {5, 5}, {15, 5}, {15, 35}, {5, 35},  {5, 5}};
   const QByteArray kNotes[] = {
       QByteArray("MM\0*\0\0\0\x08\0\x01\x01\x12\0\x03\0\0\0\x01\0_\0\0\0\0\0\0", 26),
       QByteArray("II*\0\x08\0\0\0\x01\0\x12\x01\x03\0\x01\0\0\0_\0\0\0\0\0\0\0", 26)};
-  for (QByteArray note : kNotes) {
-    const qsizetype place = note.indexOf('_');
-    for (int orientation = 0; orientation <= 9; ++orientation) {
-      note[place] = char(orientation);
-      // Behind one of an odd length, which WebP fills up.
-      QByteArray riff =
-          webp + "JUNK" + little(3) + QByteArray(4, 'x') + "EXIF" + little(note.size()) + note;
-      qToLittleEndian(quint32(riff.size() - 8), riff.data() + 4);
-      constexpr qsizetype kAfterPngHeader = 33;
-      const QByteArray marked = png.left(kAfterPngHeader) + big(note.size()) + "eXIf" + note +
-                                QByteArray(4, '\0') + png.mid(kAfterPngHeader);
-      for (const QByteArray& bytes : {riff, marked}) {
-        const QImage turned = Read(bytes).Pixels();
-        EXPECT_GT(turned.pixelColor(kBright[orientation]).lightness(), 200) << orientation;
-        EXPECT_EQ(turned.width() == 20, orientation >= 5 && orientation <= 8) << orientation;
+  for (int i = 0; i < 20; ++i) {
+    const int orientation = i % 10;
+    QByteArray note = kNotes[i / 10];
+    note[note.indexOf('_')] = char(orientation);
+    // Behind the headers; in WebP behind a chunk of an odd length, which is filled up.
+    const QByteArray inJpeg = QByteArray(jpeg).insert(20, QByteArray("\xFF\xE1\x00\x22"
+                                                                     "Exif\0\0",
+                                                                     10) +
+                                                              note);
+    const QByteArray inPng = QByteArray(png).insert(33, QByteArray("\0\0\0\x1A"
+                                                                   "eXIf",
+                                                                   8) +
+                                                            note + number(0));
+    QByteArray inWebp =
+        webp + "JUNK" + number(3) + number('x') + "EXIF" + number(char(note.size())) + note;
+    qToLittleEndian(quint32(inWebp.size() - 8), inWebp.data() + 4);
+    const bool isOnItsSide = orientation >= 5 && orientation <= 8;
+    for (const QByteArray& bytes : {inJpeg, inPng, inWebp}) {
+      SCOPED_TRACE(testing::Message() << orientation << " in " << bytes.left(4).toStdString());
+      const QImage turned = Read(bytes).Pixels();
+      EXPECT_EQ(turned.size(), isOnItsSide ? QSize(20, 40) : QSize(40, 20));
+      if (bytes != inWebp) {
+        EXPECT_EQ(turned.dotsPerMeterX(), isOnItsSide ? 1000 : 2000);
       }
+      const QRect corner(kBright[orientation] - QPoint(2, 2), QSize(5, 5));
+      EXPECT_GT(qRed(turned.copy(corner).scaled(1, 1).pixel(0, 0)), 200);
     }
   }
 }
