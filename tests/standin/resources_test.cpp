@@ -74,8 +74,6 @@ TEST(Layout, BuildsNodesNestedAsTheElements) {
   EXPECT_EQ(As<UI_RadioButton>(Children(group)[3]).GetGroup(), "_09AZaz");
   const auto& row = As<UI_Panel>(Children(*tree.layout)[1]);
   EXPECT_EQ(row.GetArrangement(), PanelArrangement::kRow);
-  EXPECT_FALSE(row.IsSpace());
-  EXPECT_TRUE(As<UI_Panel>(Children(row)[0]).IsSpace());
 }
 
 std::string Nested(int depth) {
