@@ -62,7 +62,7 @@ UTF16String WithReplacements(std::u16string_view text, std::span<const Replaceme
     out.Append(text.substr(0, plain));
     text.remove_prefix(plain);
     if (text.empty()) break;
-    const std::size_t index = text.size() > 1 ? text[1] - std::size_t{u'1'} : values.size();
+    const std::size_t index = text.substr(0, 2).back() - std::size_t{u'1'};
     const bool isPlace = index < values.size();
     out.Append(isPlace ? values[index].Text().View() : text.substr(0, 1));
     text.remove_prefix(isPlace ? 2 : 1);
