@@ -48,6 +48,7 @@ TEST_F(LifecycleTest, AModuleThatGoesIsShutDownFirst) {
   }
   EXPECT_TRUE(host.Leftovers().empty());
   EXPECT_FALSE(host.Objects().IsPlugin(plugin));
+  EXPECT_EQ(runningPlugin, nullptr);
 }
 
 TEST_F(LifecycleTest, LocksNest) {

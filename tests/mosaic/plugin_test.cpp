@@ -37,6 +37,6 @@ TEST_F(PluginTest, ItsDialogBlocksTheApplication) {
 
 TEST_F(PluginTest, IsFoundByNobodyAfterAShutDownThatFails) {
   host.Operations().Refuse("QP Blocks Suite/FreeBlock", ResultCode::kParameter);
-  EXPECT_EQ(module.ShutDown(), ResultCode::kParameter);
+  EXPECT_EQ(static_cast<Plugin*>(module.Globals())->OnShutdown(nullptr), ResultCode::kParameter);
   EXPECT_EQ(currentPlugin, nullptr);
 }

@@ -32,6 +32,31 @@ TEST(Localizer, ShowsWhatFollowsTheFirstEqualSignOfAKeyWithoutTranslation) {
   EXPECT_STREQ(std::setlocale(LC_ALL, nullptr), "C") << "the process's locale is its own";
 }
 
+TEST(LocalizerDeathTest, FollowsTheEnvironmentUnlessTheLocaleIsThePlainOne) {
+  GTEST_FLAG_SET(death_test_style, "threadsafe");  // each case has a process and its one localizer
+  const struct {
+    const char *language, *all, *messages, *lang;
+    bool isGerman;
+  } cases[] = {
+      {"de", "", "", "en_US", true},      {"", "de_AT", "en_US", "en_US", true},
+      {"", "", "de_AT", "en_US", true},   {"", "", "", "de_AT", true},
+      {"de", "C", "de", "de", false},     {"de", "POSIX", "de", "de", false},
+      {"en", "de_AT", "de", "de", false}, {"de", "", "", "", false},
+  };
+  for (const auto& [language, all, messages, lang, isGerman] : cases) {
+    setenv("LANGUAGE", language, true);
+    setenv("LC_ALL", all, true);
+    setenv("LC_MESSAGES", messages, true);
+    setenv("LANG", lang, true);
+    const auto exitWithAnswer = [] {
+      Localizer::Get().SetCatalogues(CATALOGUES);
+      Localizer::Get().SetLanguage("");
+      std::_Exit(Localizer::Get().HasCatalogue());
+    };
+    EXPECT_EXIT(exitWithAnswer(), testing::ExitedWithCode(isGerman), "") << language << all << lang;
+  }
+}
+
 TEST(Localizer, PassesOverADamagedCatalogue) {
   constexpr const char* kKey = "$$$/nrvui/Gesture/Disabled=The control is disabled.";
   const auto place = std::filesystem::path("de") / "LC_MESSAGES" / "tesserae.mo";

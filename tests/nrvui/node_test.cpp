@@ -119,6 +119,10 @@ TEST(Node, TellsItsObserverOfHelpAndArrangementAndPlaceToo) {
     EXPECT_EQ(observer.changes, before + 1) << i;
   }
   const int before = observer.changes;
+  test.ok->SetDisabled(false);
+  test.ok->ShowMnemonic(false);
+  test.ok->UI_Show(true);
+  EXPECT_EQ(observer.changes, before) << "it was so before";
   grid->ChildPushBack(test.ok);
   EXPECT_EQ(observer.changes, before + 2) << "both parents";
   for (const unsigned wrong : {0u, grid->kMostColumns + 1})

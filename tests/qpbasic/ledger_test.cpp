@@ -30,6 +30,7 @@ TEST_F(LedgerTest, NamesWhatIsForgottenForeignOrFreedTwice) {
   ASSERT_EQ(ledger.Allocate(40, "table", &block), ResultCode::kSuccess);
   ASSERT_EQ(QPBasicAllocateBlock(0, &empty), ResultCode::kSuccess);
   ASSERT_NE(empty, nullptr);
+  EXPECT_EQ(QPBasicAllocateBlock(8, nullptr), ResultCode::kParameter);
   EXPECT_TRUE(ledger.Forgotten(ledger.Mark()).empty()) << "of later ones";
   EXPECT_EQ(ledger.Counts().blocks, before.blocks + 2);
   EXPECT_EQ(ledger.Counts().bytes, before.bytes + 40);
