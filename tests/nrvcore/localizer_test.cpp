@@ -4,6 +4,7 @@
 
 #include <clocale>
 #include <cstdlib>
+#include <cstring>
 #include <random>
 #include <sstream>
 
@@ -18,8 +19,8 @@ TEST(Localizer, ShowsWhatFollowsTheFirstEqualSignOfAKeyWithoutTranslation) {
   localizer.SetLanguage("xx:de_AT.UTF-8@euro:de");
   EXPECT_STREQ(std::getenv("LANGUAGE"), "de:C");
   EXPECT_TRUE(localizer.HasCatalogue());
-  EXPECT_EQ(localizer.Localize("$$$/nrvui/Gesture/Disabled=The control is disabled."),
-            u"Das Steuerelement ist deaktiviert.");
+  EXPECT_EQ(localizer.Localize("$$$/Studio/Error/Open=The picture cannot be opened."),
+            u"Das Bild kann nicht geöffnet werden.");
   EXPECT_EQ(localizer.Localize("$$$/Test/Title=Tiles = 1"), u"Tiles = 1");
   EXPECT_EQ(localizer.Localize("$$$/Test/NoText"), u"$$$/Test/NoText");
   EXPECT_EQ(localizer.Localize("$$$/Test/Empty="), u"");
@@ -81,11 +82,50 @@ TEST(Localizer, PassesOverADamagedCatalogue) {
   }
 }
 
+TEST(Localizer, UsesACatalogueThatIsWholeAndInUtf8Alone) {
+  const auto place = std::filesystem::path("de") / "LC_MESSAGES" / "tesserae.mo";
+  std::ostringstream whole;
+  whole << std::ifstream(CATALOGUES / place, std::ios::binary).rdbuf();
+  const std::string sound = whole.str();
+  const auto at = [&](size_t offset) {
+    uint32_t value;
+    std::memcpy(&value, sound.data() + offset, sizeof value);
+    return value;
+  };
+  const uint32_t size = sound.size();
+  const struct {
+    size_t offset;
+    uint32_t value;
+  } damages[] = {
+      {0, at(0) + 1},                    // the magic number
+      {4, 1},                            // the revision
+      {8, 0},                            // the number of texts
+      {12, size + 1},                    // the table of keys
+      {16, size - 4},                    // the table of texts
+      {20, 1},                           // the size of the table of hashes
+      {at(12), 1},                       // the length of the empty key
+      {at(16), at(at(16)) - 1},          // the length of the description
+      {at(12) + 12, size},               // the place of a key
+      {sound.find("charset=UTF-8"), 0},  // the encoding
+  };
+  Localizer& localizer = Localizer::Get();
+  for (const auto& [offset, value] : damages) {
+    const check::TemporaryFolder folder;
+    std::string bytes = sound;
+    std::memcpy(bytes.data() + offset, &value, sizeof value);
+    folder.Write(place, bytes);
+    localizer.SetCatalogues(folder.path);
+    localizer.SetLanguage("de");
+    EXPECT_EQ(localizer.DamagedCatalogue(), folder.path / place) << offset;
+  }
+}
+
 TEST(Localizer, PutsValuesInTheirPlacesOnce) {
   const ReplacementValue value(u"%2"), empty;
   const Localizer& localizer = Localizer::Get();
-  const char* const key = "$$$/Test/Width=%1 is wide, %0 %2 is %3 %";
-  EXPECT_EQ(localizer.Localize(key, {value, value, empty}), u"%2 is wide, %0 %2 is  %");
-  EXPECT_EQ(localizer.Localize(key, {value}), u"%2 is wide, %0 %2 is %3 %");
+  const char* const key = "$$$/Test/Width=%1 is wide, %0 %2 is %3 % so";
+  EXPECT_EQ(localizer.Localize(key, {value, value, empty}), u"%2 is wide, %0 %2 is  % so");
+  EXPECT_EQ(localizer.Localize(key, {value}), u"%2 is wide, %0 %2 is %3 % so");
   EXPECT_EQ(localizer.Localize("$$$/Test/End=%1", {value}), u"%2");
+  EXPECT_EQ(localizer.Localize("$$$/Test/End=%", {value}), u"%");
 }

@@ -214,7 +214,8 @@ TEST_F(HostTest, ListStringsComeFromTheOwnersFilesAndFitTheBuffer) {
   resources.Write("host/5.txt", "1\thost\n");
   resources.Write("strings/6.txt", "1\tgood\nbad\n");
   std::filesystem::create_symlink("7.txt", resources.path / "strings/7.txt");
-  resources.Write("strings/8.txt", std::string(2 << 20, '#'));
+  resources.Write("strings/8.txt", std::string((1 << 20) + 1, '\n'));
+  resources.Write("strings/9.txt", std::string(1 << 20, '\n'));
   const struct {
     ModuleRef owner;
     int32_t list, index;
@@ -223,6 +224,7 @@ TEST_F(HostTest, ListStringsComeFromTheOwnersFilesAndFitTheBuffer) {
     const char* text;
   } cases[] = {
       {plugin, 5, 3, 8, standin::kNoListEntry, "before"},
+      {plugin, 9, 1, 8, standin::kNoListEntry, "before"},  // just not too large
       {plugin, 7, 1, 8, standin::kDamagedList, "before"},  // a link to itself
       {plugin, 8, 1, 8, standin::kDamagedList, "before"},  // too large, whatever is in it
       {plugin, 6, 1, 8, standin::kDamagedList, "before"},
