@@ -97,8 +97,8 @@ class StudioWindowTest : public StudioFolder {
     });
   }
 
-  void Open() {
-    window.emplace(Path("state"), presenter);
+  void Open(const char* state = "state") {
+    window.emplace(Path(state), presenter);
     window->show();
     ASSERT_TRUE(QTest::qWaitForWindowExposed(&*window));
   }
@@ -339,6 +339,7 @@ TEST_F(StudioWindowTest, APictureOfUnknownSizeLeadsToPercentages) {
   window->SetSizeUnknown(true);
   ASSERT_TRUE(window->OpenPicture(Path("in.png")));
   EXPECT_EQ(Summary(), "Size unknown");
+  const QImage unknown = Canvas();
   QString shownWidth;
   QWidget* owner = nullptr;
   presenter.WhenPainted([&](QWidget& dialog) {
@@ -356,6 +357,7 @@ TEST_F(StudioWindowTest, APictureOfUnknownSizeLeadsToPercentages) {
 
   window->SetSizeUnknown(false);
   ASSERT_TRUE(window->OpenPicture(Path("in.png")));
+  EXPECT_NE(Canvas(), unknown) << "its size stands above it";
   EXPECT_FALSE(Create("key Escape"));
   EXPECT_EQ(shownWidth, "60 pt");
 }
@@ -387,6 +389,15 @@ TEST_F(StudioWindowTest, SaysWhyThereIsNoMosaicInThePersonsLanguage) {
   Action("about").trigger();
   EXPECT_TRUE(text.contains("|Über das Modul ")) << text.toStdString();
   EXPECT_TRUE(text.contains("Etwas Unerwartetes ist schiefgegangen")) << text.toStdString();
+
+  Close();
+  Speak("en");
+  Open("in.png/state");
+  ASSERT_TRUE(window->OpenPicture(Path("in.png")));
+  EXPECT_TRUE(Create("key Return")) << "though its choices find no place";
+  EXPECT_EQ(window->statusBar()->currentMessage(),
+            "Your choices cannot be kept for the next time.");
+  Export("a.svg");
 }
 
 TEST_F(StudioWindowTest, EntriesComeBackAsTheyWere) {
@@ -654,11 +665,18 @@ TEST_F(StudioWindowTest, ZoomsAtThePointerAndMovesUnderTheHand) {
 
   const QPointF held = canvas.mapToScene(pointer);
   const QPoint target = pointer - QPoint(70, 50);
+  const auto expectHand = [&](Qt::CursorShape shape) {
+    EXPECT_EQ(canvas.viewport()->cursor().shape(), shape);
+  };
   QTest::keyPress(&canvas, Qt::Key_Space);
+  expectHand(Qt::OpenHandCursor);
   QTest::mousePress(canvas.viewport(), Qt::LeftButton, {}, pointer);
+  expectHand(Qt::ClosedHandCursor);
   QTest::mouseMove(canvas.viewport(), target);
   QTest::mouseRelease(canvas.viewport(), Qt::LeftButton, {}, target);
+  expectHand(Qt::OpenHandCursor);
   QTest::keyRelease(&canvas, Qt::Key_Space);
+  expectHand(Qt::ArrowCursor);
   EXPECT_LT(QLineF(canvas.mapToScene(target), held).length() * canvas.Zoom(), 2);
   // The middle button holds it too, until the last button is let go.
   QTest::mousePress(canvas.viewport(), Qt::MiddleButton, {}, target);
