@@ -46,7 +46,8 @@ StudioWindow::StudioWindow(const QString& statePath, qtui::QtPresenter& presente
       boxes(*this),
       presenter(presenter),
       actions(*this),
-      pages(new QStackedWidget) {
+      pages(new QStackedWidget),
+      summary(new QLabel) {
   setObjectName("studio");
   setAcceptDrops(true);
   startPage = new StartPage([this] { AskForPicture(); },
@@ -55,7 +56,10 @@ StudioWindow::StudioWindow(const QString& statePath, qtui::QtPresenter& presente
   pages->addWidget(startPage);
   pages->addWidget(canvas);
   setCentralWidget(pages);
-  MakeStatusBar();
+  summary->setObjectName("summary");
+  statusBar()->addPermanentWidget(summary);
+  statusBar()->setSizeGripEnabled(false);
+  statusBar()->setContentsMargins(6, 0, 6, 0);
   MakeZoomMenu();
   Connect();
   FillRecentMenu();
@@ -96,14 +100,6 @@ void StudioWindow::Connect() {
   on(actions.about, [this] { ShowAbout(); });
   connect(actions.recent, &QMenu::aboutToShow, this, [this] { FillRecentMenu(); });
   canvas->WhenZoomed([this] { actions.zoom->setIconText(PercentText(canvas->Zoom())); });
-}
-
-void StudioWindow::MakeStatusBar() {
-  summary = new QLabel;
-  summary->setObjectName("summary");
-  statusBar()->addPermanentWidget(summary);
-  statusBar()->setSizeGripEnabled(false);
-  statusBar()->setContentsMargins(6, 0, 6, 0);
 }
 
 void StudioWindow::MakeZoomMenu() {

@@ -62,7 +62,6 @@ class StudioWindow final : public QMainWindow {
   void Connect();
   void MakeZoomMenu();
   void FillRecentMenu();
-  void MakeStatusBar();
 
   MosaicCaller& Caller();
   void ShowAbout();
@@ -98,7 +97,7 @@ class StudioWindow final : public QMainWindow {
   QStackedWidget* const pages;
   StartPage* startPage;
   Canvas* canvas;
-  QLabel* summary;
+  QLabel* const summary;
   /// What OK confirmed last for a picture, by its path and whether its size was known.
   std::map<std::pair<QString, bool>, Confirmed> confirmed;
   std::optional<LastExport> lastExport;

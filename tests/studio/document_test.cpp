@@ -47,21 +47,21 @@ TEST(Document, KnowsWhichMosaicWouldBeLost) {
 }
 
 TEST(Document, ForgetsItsOldestStepsWhenTheyGetHeavy) {
-  const auto stepsBack = [](int changes, QSize tiles) {
+  const auto stepsBack = [](int height, int bytesPerLine) {
     Document document(Placed());
-    for (int i = 0; i < changes; ++i) {
-      // Nobody looks at the tiles, so the system finds no memory for them either.
-      const QImage image(tiles, QImage::Format_ARGB32);
+    for (int i = 0; i < 40; ++i) {
+      static constexpr uchar kNothing[4] = {};  // nobody looks at the tiles
+      const QImage image(kNothing, 1, height, bytesPerLine, QImage::Format_ARGB32);
       document.Change("create", WithMosaic(*document.Shown(), {{}, image, {}}));
     }
     int steps = 0;
     for (; !document.UndoName().isEmpty(); ++steps) document.Undo();
     return steps;
   };
-  EXPECT_EQ(stepsBack(6, {8192, 8192}), 2) << "a picture that they share, and three of 256 MB";
-  EXPECT_EQ(stepsBack(6, {8192, 8191}), 3) << "four that leave room for the picture";
-  EXPECT_EQ(stepsBack(3, {16384, 16385}), 1) << "the last step can always be taken back";
-  EXPECT_EQ(stepsBack(40, {1, 1}), 30);
+  EXPECT_EQ(stepsBack(1 << 14, 1 << 14), 2) << "a picture that they share, and three of 256 MB";
+  EXPECT_EQ(stepsBack((1 << 14) - 1, 1 << 14), 3) << "four that leave room for the picture";
+  EXPECT_EQ(stepsBack(1 << 16, 1 << 15), 1) << "the last step can always be taken back";
+  EXPECT_EQ(stepsBack(1, 4), 30);
 }
 
 }  // namespace

@@ -150,6 +150,7 @@ TEST(PdfExport, IsOnePageWithATableThatFindsItsObjects) {
   const QByteArray pdf = Export("a.pdf", 2, RedPicture());
   EXPECT_TRUE(pdf.contains("/MediaBox [0 0 34 42]"));
   EXPECT_TRUE(pdf.contains("/Filter /DCTDecode"));
+  EXPECT_FALSE(Export("a.pdf", 2).contains("/Picture")) << "where none shows";
 
   const qsizetype table =
       pdf.mid(pdf.lastIndexOf("startxref") + 10).split('\n').front().toLongLong();
@@ -245,7 +246,13 @@ TEST(Export, TellsWhenTheDiskIsFull) {
   for (const char* name : {"a.svg", "a.png", "a.pdf"}) {
     QFile full("/dev/full");
     ASSERT_TRUE(full.open(QIODevice::WriteOnly | QIODevice::Unbuffered));
-    EXPECT_THROW(Write(full, name, 2, RedPicture()), StudioError) << name;
+    full.setObjectName("full");
+    try {
+      Write(full, name, 2, RedPicture());
+      ADD_FAILURE() << name;
+    } catch (const StudioError& error) {
+      EXPECT_STREQ(error.what(), "cannot write full: the disk is full") << name;
+    }
   }
 }
 

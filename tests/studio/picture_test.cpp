@@ -142,7 +142,7 @@ TEST(PictureFile, IsRefusedWhenItTakesTooMuchMemoryOrTime) {
                 {2000, 499, false},
                 {2000, 501, true}};
   for (const auto& [scans, side, isAbsurd] : kCases) {
-    const QByteArray scan("\xFF\xDA\0\3_pixels\xFF\0\xFF\xD1", 15);
+    const QByteArray scan("\xFF\xDA\0\3_pixels\xFF\0\xFF\xD0_\xFF\xD7", 18);
     const QByteArray jpeg = "\xFF\xD8" + scan.repeated(scans) + "\xFF\xD9";
     EXPECT_EQ(HasAbsurdScans(jpeg, {side, side}), isAbsurd) << scans << " of " << side;
   }

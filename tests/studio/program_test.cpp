@@ -72,7 +72,7 @@ TEST_F(Program, BuildsWhatTheDialogAskedFor) {
   EXPECT_EQ(svg.count(QRegularExpression("\"#(..)\\1\\1\"")), 96) << "grey";
   EXPECT_FALSE(svg.contains("<image")) << "the raster is deleted";
   EXPECT_TRUE(Load("a.pdf").startsWith("%PDF"));
-  EXPECT_FALSE(QImage(Path("a.png")).isNull());
+  EXPECT_GE(QImage(Path("a.png")).width(), 1600);
   EXPECT_EQ(Record()["tilesDown"].toInt(), 8);
   EXPECT_EQ(Record()["tileSpacingHorizontal"].toInt(), 1);
   EXPECT_EQ(Record()["newWidth"].toDouble(), 60);
@@ -167,6 +167,8 @@ TEST_F(Program, TakesScreenshotsOfWhatWouldOpen) {
     for (const QString& other : shown)
       EXPECT_EQ(QImage(Path(one)) == QImage(Path(other)), one == other) << one.toStdString();
   }
+  const QImage mosaic(Path("mosaic.png"));
+  EXPECT_NE(mosaic.pixel(mosaic.rect().center()), 0xFFFFFFFF) << "tiles on the page";
   EXPECT_TRUE(Run("--screenshot dialog.png").errors.contains("which picture"));
 
   // A scale that no screen has counts as not set.
@@ -198,6 +200,9 @@ TEST_F(Program, MirrorsALanguageItHasNoWordsOf) {
 
 TEST_F(Program, TellsOfItself) {
   EXPECT_TRUE(Run("--help").output.contains("--size-unknown"));
+  // Lines of 80 columns, of which each of these characters takes two.
+  EXPECT_TRUE(Run("--help").output.contains(" first three options\nit places the picture,"));
+  EXPECT_TRUE(Run("--help --language ja").output.contains("のいずれかを指定\nすると、画像を"));
 }
 
 TEST_F(Program, SaysInOneLineWhatIsWrong) {
@@ -213,6 +218,7 @@ TEST_F(Program, SaysInOneLineWhatIsWrong) {
   Save("styled.svg", "<?xml-stylesheet type='text/css' href='pipe'?>" + kSvgStart + "</svg>");
   Save("flat", "enter NewHeightTxt 0\nkey Return\n");
   Save("badstate", "{}");
+  Save("largestate", QByteArray(1 << 20, ' ') + "{}");
   QDir(folder.path()).mkdir("folder");
   ASSERT_TRUE(QFile::link(Path("in.png"), Path("link.png")));
   ASSERT_EQ(link(qPrintable(Path("in.png")), qPrintable(Path("IN.PNG"))), 0);
@@ -253,6 +259,7 @@ TEST_F(Program, SaysInOneLineWhatIsWrong) {
       {"-- --help", "no picture --help"},
       {"in.png --gestures ok --export a.svg --record folder", "folder"},
       {"in.png --gestures ok --export a.svg --state badstate", "badstate cannot be read"},
+      {"in.png --gestures ok --state largestate", "cannot be read: the file is too large"},
       {"in.png --gestures flat --export a.svg", "above 0"},
   };
   const QStringList before = Files();

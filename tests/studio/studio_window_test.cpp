@@ -260,6 +260,7 @@ TEST_F(StudioWindowTest, APictureBecomesAMosaicThatCanBeUndoneAndExported) {
     auto& width = *dialog.findChild<QSpinBox*>();
     auto& resolution = *dialog.findChild<QDoubleSpinBox*>();
     EXPECT_EQ(width.text(), "1608 px");
+    EXPECT_TRUE(width.findChild<QLineEdit*>()->hasSelectedText()) << "to be typed over";
     EXPECT_EQ(width.maximum(), 19595) << "of 256 million";
     EXPECT_NEAR(resolution.maximum(), 19595 * 72 / 60, 2);
     resolution.setValue(36);
@@ -597,6 +598,7 @@ TEST_F(StudioWindowTest, FileDialogsKnowTheKindsOfFiles) {
   int asked = 0;
   const std::function<void(QFileDialog&)> choose = [&](QFileDialog& dialog) {
     EXPECT_EQ(dialog.nameFilters().size(), 3);
+    EXPECT_EQ(dialog.acceptMode(), QFileDialog::AcceptSave);
     dialog.selectNameFilter(dialog.nameFilters()[1]);
     auto& name = *dialog.findChild<QLineEdit*>();
     if (++asked == 1) {
