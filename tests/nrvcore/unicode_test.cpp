@@ -13,8 +13,9 @@ TEST(Unicode, BothEncodingsSayTheSameAndReplaceOnlyWhatIsMalformed) {
       {"\x7F\xC2\x80\xDF\xBF", u"\u007F\u0080\u07FF"},
       {"\xE0\xA0\x80\xED\x9F\xBF\xEE\x80\x80\xEF\xBF\xBF", u"\u0800\uD7FF\uE000\uFFFF"},
       {"\xF0\x90\x80\x80\xF4\x8F\xBF\xBF", u"\U00010000\U0010FFFF"},
-      {"a\x80z", u"a\uFFFDz"},                       // a continuation without start
-      {"a\xC3", u"a\uFFFD"},                         // cut at the end
+      {"a\x80z", u"a\uFFFDz"},  // a continuation without start
+      {"a\xC3", u"a\uFFFD"},    // cut at the end
+      {"\xC3z", u"\uFFFDz"},
       {"\xE2\x82z", u"\uFFFDz"},                     // cut in the middle
       {"\xC0\xAF!", u"\uFFFD!"},                     // longer than need be
       {"\xED\xA0\x80!", u"\uFFFD!"},                 // half of a pair

@@ -252,7 +252,7 @@ TEST_F(HostTest, ListStringsComeFromTheOwnersFilesAndFitTheBuffer) {
 TEST_F(HostTest, AModuleIsALibraryWithAnEntryPoint) {
   Dl_info library;
   ASSERT_NE(dladdr(reinterpret_cast<void*>(&QPBasicFreeBlock), &library), 0);
-  resources.Write("text.so", "this is no library");
+  resources.Write("text.so", std::string(100, 'x'));
   const auto whole = resources.path / "whole.so", part = resources.path / "part.so";
   for (const auto& copy : {whole, part}) copy_file(library.dli_fname, copy);
   resize_file(part, 5000);  // a page of what is loaded; names for the debugger are not
