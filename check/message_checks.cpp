@@ -7,7 +7,6 @@ namespace check {
 namespace {
 
 using standin::ListOwner;
-using standin::StringList;
 
 constexpr const char* kNone = nullptr;
 
@@ -104,10 +103,8 @@ void AddMessageChecks(const Add& add) {
 
   add("messages/about-shows-two-texts-or-none", [] {
     RunningModule running;
-    StringList texts;
-    texts.Set(1, "Tiles");
-    texts.Set(2, std::string(300, 'x'));
-    running.host.Lists().Replace(ListOwner::kPlugin, 16600, texts);
+    running.host.Lists().Replace(ListOwner::kPlugin, 16600,
+                                 {{1, "Tiles"}, {2, std::string(300, 'x')}});
     ExpectAbout(running, "Tiles", std::string(255, 'x'));
     // The texts are those of the message's plug-in, the box is this one's own.
     PluginMessage ofHost = running.PlainMessage();

@@ -332,7 +332,7 @@ void AddRandomChecks(const Add& add) {
     ForEachSeed(0, Count(1500, 150000), [&](Random& random) {
       std::istringstream text(Damaged(random, original));
       const auto list = ReadOrRefused<standin::ResourceError>(
-          [&] { return standin::StringList::Read(text, "16050.txt"); });
+          [&] { return standin::ReadStringList(text, "16050.txt"); });
       if (!list) return;
       CheckedModule checked;
       checked.host.Lists().Replace(standin::ListOwner::kPlugin, 16050, *list);

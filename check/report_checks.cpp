@@ -23,7 +23,7 @@ struct ReportingModule : CheckedModule {
   ReportingModule() {
     SetOwnTexts(kDefault);
     StringList hostTexts;
-    for (const int32_t code : {9, 10, 17, 899, 900}) hostTexts.Set(code, "Host's %s text");
+    for (const int32_t code : {9, 10, 17, 899, 900}) hostTexts[code] = "Host's %s text";
     host.Lists().Replace(ListOwner::kHost, 257, hostTexts);
   }
   ~ReportingModule() { ExpectNothingLeft(); }
@@ -33,7 +33,7 @@ struct ReportingModule : CheckedModule {
     int32_t index = 0;
     for (const std::string entry : {"-43", "Gone is file %d.", kLongKey, "Own text", "907", "Nine",
                                     "o1", "Short", "!MEM", defaultText.c_str()})
-      list.Set(++index, entry);
+      list[++index] = entry;
     host.Lists().Replace(ListOwner::kPlugin, 16050, list);
   }
 
@@ -107,8 +107,8 @@ void AddReportChecks(const Add& add) {
     ReportingModule reporting;
     StringList endless;
     for (int32_t index = 1; index < 40000; index += 2) {
-      endless.Set(index, "none");
-      endless.Set(index + 1, index < 32767 ? "Far too many (%s)." : "No index of 16 bits");
+      endless[index] = "none";
+      endless[index + 1] = index < 32767 ? "Far too many (%s)." : "No index of 16 bits";
     }
     reporting.host.Lists().Replace(ListOwner::kPlugin, 16050, endless);
     reporting.ExpectShown(12, "Far too many (12).");

@@ -46,10 +46,7 @@ class Session : public CheckedModule {
     const size_t alertsBefore = person.alerts.size();
     host.Suites().SetAbsent(kNeededSuite);
     Send("start up", &Module::StartUp, standin::kSuiteNotFound);
-    standin::StringList ownTexts;
-    ownTexts.Set(1, "none");
-    ownTexts.Set(2, "Reason: %s.");
-    host.Lists().Replace(standin::ListOwner::kPlugin, 16050, ownTexts);
+    host.Lists().Replace(standin::ListOwner::kPlugin, 16050, {{1, "none"}, {2, "Reason: %s."}});
     Send("start up", &Module::StartUp, standin::kSuiteNotFound);
     host.Lists().Replace(standin::ListOwner::kHost, 257, {});
     Send("start up", &Module::StartUp, standin::kSuiteNotFound);

@@ -18,7 +18,7 @@ constexpr size_t kLongestLine = 4096;
 
 }  // namespace
 
-StringList StringList::Read(std::istream& stream, const std::filesystem::path& file) {
+StringList ReadStringList(std::istream& stream, const std::filesystem::path& file) {
   StringList list;
   int32_t previous = 0;
   size_t lineNumber = 0;
@@ -47,16 +47,11 @@ StringList StringList::Read(std::istream& stream, const std::filesystem::path& f
     if (index <= previous)
       refuse(Message("$$$/standin/Lists/Order=index %1 after index %2",
                      {std::to_string(index), std::to_string(previous)}));
-    list.entries.emplace_hint(list.entries.end(), index, line.substr(tab + 1));
+    list.emplace_hint(list.end(), index, line.substr(tab + 1));
     previous = index;
   }
   if (stream.bad()) throw ResourceError(file, lineNumber + 1, Message(kUnreadable));
   return list;
-}
-
-const std::string* StringList::Find(int32_t index) const {
-  const auto found = entries.find(index);
-  return found == entries.end() ? nullptr : &found->second;
 }
 
 namespace {
@@ -74,7 +69,7 @@ StringList ReadFile(const std::filesystem::path& file) {
   std::ifstream stream(file, std::ios::binary);
   if (!stream)
     throw ResourceError(file, 0, Message("$$$/standin/File/NotOpened=the file cannot be opened"));
-  return StringList::Read(stream, file);
+  return ReadStringList(stream, file);
 }
 
 /// The catalogue that is in use says which texts go with it.
@@ -91,11 +86,12 @@ const std::string* StringLists::Find(ListOwner owner, int32_t number, int32_t in
         owner == ListOwner::kHost ? resources.host / "host" : resources.plugin / "strings";
     const std::string file = std::to_string(number) + ".txt";
     StringList list = ReadFile(folder / file);
-    const StringList translated = ReadFile(folder / Language() / file);
-    for (const auto& [place, text] : translated.Entries()) list.Set(place, text);
-    found = lists.emplace(std::pair{owner, number}, std::move(list)).first;
+    StringList translated = ReadFile(folder / Language() / file);
+    translated.merge(list);
+    found = lists.emplace(std::pair{owner, number}, std::move(translated)).first;
   }
-  return found->second.Find(index);
+  const auto entry = found->second.find(index);
+  return entry == found->second.end() ? nullptr : &entry->second;
 }
 
 void StringLists::Replace(ListOwner owner, int32_t number, StringList list) {

@@ -135,17 +135,17 @@ TEST(Layout, RefusesWithFileLineAndReasonAndLeavesNoNode) {
 
 StringList ReadList(const std::string& text) {
   std::istringstream stream(text);
-  return StringList::Read(stream, "list.txt");
+  return standin::ReadStringList(stream, "list.txt");
 }
 
 TEST(StringList, ReadsEntriesWithGapsAndRefusesDamageWithFileLineAndReason) {
   const StringList list = ReadList("# about\n\n1\tfirst\r\n3\twith\ttab and # and %s\n5\t" +
                                    std::string(4094, 'a') + "\n32767\t");
-  ASSERT_EQ(list.Entries().size(), 4U);
-  EXPECT_EQ(*list.Find(1), "first");
-  EXPECT_EQ(list.Find(2), nullptr);
-  EXPECT_EQ(*list.Find(3), "with\ttab and # and %s");
-  EXPECT_EQ(*list.Find(32767), "");
+  ASSERT_EQ(list.size(), 4U);
+  EXPECT_EQ(list.at(1), "first");
+  EXPECT_FALSE(list.contains(2));
+  EXPECT_EQ(list.at(3), "with\ttab and # and %s");
+  EXPECT_EQ(list.at(32767), "");
 
   const std::pair<std::string, const char*> cases[] = {
       {"1\ta\n2 b\n", "list.txt:2: no tab between index and text"},
@@ -161,7 +161,7 @@ TEST(StringList, ReadsEntriesWithGapsAndRefusesDamageWithFileLineAndReason) {
   for (const auto& [text, reason] : cases)
     EXPECT_EQ(Refusal([&bad = text] { ReadList(bad); }), reason);
   std::istream unreadable(nullptr);
-  EXPECT_EQ(Refusal([&] { StringList::Read(unreadable, "list.txt"); }),
+  EXPECT_EQ(Refusal([&] { standin::ReadStringList(unreadable, "list.txt"); }),
             "list.txt:1: the file cannot be read");
 }
 
@@ -169,7 +169,7 @@ TEST(StringLists, HoldUsableTextsInEveryLanguage) {
   const auto resources = standin::ResourceFolders::OfProgram();
   const auto read = [](const std::filesystem::path& file) {
     std::ifstream stream(file);
-    return StringList::Read(stream, file).Entries();
+    return standin::ReadStringList(stream, file);
   };
   // Codes, each with a text behind it; behind a gap nothing would be found.
   const auto failures = read(resources.plugin / "strings/16050.txt");
