@@ -2,6 +2,7 @@
 
 #include <QButtonGroup>
 #include <QEvent>
+#include <QPushButton>
 #include <QVBoxLayout>
 #include <algorithm>
 
