@@ -7,7 +7,7 @@
 namespace toolkit_memory {
 
 inline bool isArmed = false;
-/// The allocation after so many less one, while armed, throws std::bad_alloc; 0 when none will.
+/// While armed, the n-th allocation from now throws std::bad_alloc; 0: none does.
 inline size_t untilRefusal = 0;
 
 }  // namespace toolkit_memory

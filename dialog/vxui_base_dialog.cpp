@@ -6,7 +6,7 @@
 #include <boost/smart_ptr/make_shared.hpp>
 #include <string>
 
-#include "host/suites.h"
+#include "host/suite_access.h"
 #include "platform/nrvcore/unicode.h"
 #include "platform/nrvui/ui_controls.h"
 #include "platform/nrvui/ui_node_manager.h"

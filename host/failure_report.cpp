@@ -8,7 +8,7 @@
 
 #include "host/bounded_string.h"
 #include "host/resource_text.h"
-#include "host/suites.h"
+#include "host/suite_access.h"
 #include "host/unicode_string.h"
 
 namespace {

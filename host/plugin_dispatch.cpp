@@ -6,7 +6,7 @@
 
 #include "host/error.h"
 #include "host/plugin.h"
-#include "host/suites.h"
+#include "host/suite_access.h"
 
 namespace {
 

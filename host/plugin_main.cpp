@@ -5,7 +5,7 @@
 #include "host/error.h"
 #include "host/failure_report.h"
 #include "host/plugin.h"
-#include "host/suites.h"
+#include "host/suite_access.h"
 
 namespace {
 

@@ -1,6 +1,6 @@
 #include "host/resource_text.h"
 
-#include "host/suites.h"
+#include "host/suite_access.h"
 
 bool ReadListEntry(ModuleRef module, int32_t list, int32_t index, char* buffer, size_t size) {
   buffer[0] = '\0';

@@ -2,12 +2,13 @@
 
 #include <cstdint>
 
-#include "host/suites.h"
+#include "host/suite_access.h"
 
 /// An end entry with this version is followed by optional suites, up to the next end entry.
 constexpr int32_t kOptionalSuitesFollow = FourCharCode("OPTS");
 
-/// The suites that the plug-in adds to the framework's own; each plug-in defines its own list.
+/// The suites that the plug-in adds to the framework's own; defined in the plug-in's file, as
+/// mosaic/tesserae_ui.cpp is.
 extern const SuiteImport kPluginSuites[];
 
 /// The number of sets that share the acquired suites; a start-up or reload sets it to 1.

@@ -3,7 +3,7 @@
 #include <cstring>
 
 #include "host/error.h"
-#include "host/suites.h"
+#include "host/suite_access.h"
 
 namespace vx {
 

@@ -6,7 +6,7 @@
 #include <boost/smart_ptr/make_shared.hpp>
 #include <cmath>
 
-#include "host/suites.h"
+#include "host/suite_access.h"
 #include "mosaic/short_arithmetic.h"
 #include "platform/nrvcore/localizer.h"
 #include "platform/nrvui/ui_controls.h"

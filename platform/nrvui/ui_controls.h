@@ -85,8 +85,8 @@ class NRV_EXPORT UI_Checkbox : public UI_ControlView {
 
 enum RadioValue { kRadioOff = 0, kRadioOn = 1 };
 
-/// One of the buttons of its dialog that share a group name, of which a person selects one.
-/// Setting a value from code leaves the others as they are.
+/// One of the buttons of its dialog that share a group name. The gesture of a click selects it and
+/// no other of its group (gesture.h); setting a value from code leaves the others as they are.
 class NRV_EXPORT UI_RadioButton : public UI_ControlView {
  public:
   ~UI_RadioButton() override;

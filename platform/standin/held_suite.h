@@ -13,7 +13,7 @@ class HeldSuite {
   ~HeldSuite() {
     try {
       if (functions) static_cast<void>(host.Suites().Release(Suite::kName, Suite::kVersion));
-    } catch (...) {  // that the suite stays held, the host's leftovers tell
+    } catch (...) {  // Leftovers names a suite that stays held
     }
   }
 

@@ -14,8 +14,8 @@ namespace {
 
 constexpr double kLongSide = 1600;  // in pixels, where the tiles ask for no more
 constexpr double kPixelsPerTile = 4;
-constexpr double kMostPixels = 64e6;  // where that gives each tile one
-constexpr double kMostPixelsEver = 256e6;
+constexpr double kMostPixels = 64e6;       // unless the tiles need more
+constexpr double kMostPixelsEver = 256e6;  // beyond it there is no picture
 constexpr double kMostSide = 32000;
 constexpr double kPointsPerMeter = 72 / 0.0254;
 

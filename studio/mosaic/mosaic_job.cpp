@@ -5,7 +5,7 @@
 #include <utility>
 
 #include "studio/base/studio_error.h"
-#include "studio/mosaic/mosaic_builder.h"
+#include "studio/mosaic/tile_colors.h"
 
 namespace {
 
@@ -58,7 +58,7 @@ void MosaicJob::Add(Mosaic& mosaic) {
 }
 
 bool MosaicJob::Run(const GoOn& goOn) {
-  MosaicBuilder builder(picture, geometry.tilesAcross, geometry.tilesDown, isColor);
+  TileColors builder(picture, geometry.tilesAcross, geometry.tilesDown, isColor);
   int rowsDone = 0;
   const bool isComplete = builder.Run([&](std::span<const QRgb> tiles) {
     for (const auto& sink : sinks) sink->AddRow(tiles);

@@ -60,9 +60,9 @@ class WorkDialog final : public QProgressDialog {
 
 enum class WhenCancelled { kWait, kLeave };
 
-/// `work` answers whether it is complete, and is asked to stop by the promise. So does this. Work
-/// that cannot be asked is left to itself when it is cancelled, so it must own all that it uses; of
-/// work with 0 `steps` nobody can say how far it is.
+/// Answers what `work` answers: whether it is complete. A person who cancels asks it to stop, by
+/// the promise. With kWait this waits for its end; with kLeave, for work that cannot be asked, it
+/// does not, so that the work must own all that it uses. With 0 `steps` no progress is shown.
 bool DoInBackground(QWidget& window, const QString& label, int steps,
                     std::function<bool(QPromise<void>&)> work,
                     WhenCancelled whenCancelled = WhenCancelled::kWait) {

@@ -185,69 +185,74 @@ const StudioWindow::Confirmed* StudioWindow::ConfirmedForShown() const {
   return found == confirmed.end() ? nullptr : &found->second;
 }
 
-void StudioWindow::Create(DialogEntries entries) {
+void StudioWindow::Create(const DialogEntries& entries) {
   Do(Text("$$$/Studio/Error/Create=The mosaic cannot be made."), [&] {
-    const ArtworkPtr shown = Shown();
     const auto last = lastChoices.Load([this](const StudioError&) {
       Tell(
           Text("$$$/Studio/Status/ChoicesUnreadable=Your last choices cannot be read. The dialog "
                "starts afresh."));
     });
+    const ArtworkPtr shown = Shown();
     const Confirmed* const former = ConfirmedForShown();
-    const MosaicChoices asked =
-        former ? ChoicesFor(*shown, last, former->choices) : ChoicesFor(*shown, last);
-    std::optional<LivePreview> preview;
-    if (actions.preview->isChecked()) preview.emplace(*canvas, shown, asked);
-    const auto forget = qScopeGuard([this] {
-      presenter.BeforeShown({});
-      presenter.WhenChanged({});
-    });
-    QString notice;  // said until the person changes something
-    std::optional<DialogEntries> opened;
-    presenter.BeforeShown([&](nrvui::ui::UI_Dialog& dialog) {
-      notice = QStringList{notice, EnterAgain(dialog, entries)}.join(' ').trimmed();
-      opened = EntriesIn(dialog);
-    });
-    presenter.OpenBeside(canvas->ArtOnScreen());
-    presenter.WhenChanged([&](const nrvui::ui::UI_Dialog& dialog) {
-      entries = EntriesIn(dialog);
-      const MosaicChoices present = ChoicesOnOk(dialog, asked);
-      if (preview) preview->Follow(present);
-      if (!notice.isEmpty() && entries == opened) return qtui::ReadOut{notice, true};
-      return OutlookFor(shown->picture, present);
-    });
-    std::optional<Mosaic> mosaic;
-    MosaicChoices choices;
-    QElapsedTimer clock;
-    while (!mosaic) {
-      choices = asked;
-      const nrvui::ui::InstalledPresenter installed(presenter);
-      if (!Caller().Ask(choices.params, choices.state)) return false;
-      confirmed[{shown->path, shown->isSizeKnown}] = {choices, entries};
-      actions.tesseraeAgain->setEnabled(true);
-      clock.start();
-      try {
-        mosaic = BuildMosaic(*this, shown->picture, choices);
-        notice = Text("$$$/Studio/Line/Stopped=The building was stopped.");
-      } catch (const std::exception& error) {
-        notice = Sentence(ReasonText(error));
-      }
-    }
-    const double seconds = double(clock.elapsed()) / 1000;
-    preview.reset();
+    std::optional<Built> built = AskUntilBuilt(
+        former ? ChoicesFor(*shown, last, former->choices) : ChoicesFor(*shown, last), entries);
+    if (!built) return false;
     document.Change(Text("$$$/Studio/Undo/Create=Create Tesserae"),
-                    WithMosaic(*shown, std::move(*mosaic)));
+                    WithMosaic(*shown, std::move(built->mosaic)));
     ShowDocument();
+    const MosaicParameters& params = built->choices.params;
     Tell(Text("$$$/Studio/Status/Built=Built %1 tiles in %2 s.",
-              QString::number(qint64(choices.params.tilesAcross) * choices.params.tilesDown),
-              NumberForUser(std::round(seconds * 10) / 10)));
+              QString::number(qint64(params.tilesAcross) * params.tilesDown),
+              NumberForUser(std::round(built->seconds * 10) / 10)));
     try {
-      lastChoices.Save(choices);
+      lastChoices.Save(built->choices);
     } catch (const StudioError&) {  // no reason to lose a finished mosaic
       Tell(Text("$$$/Studio/Status/ChoicesNotKept=Your choices cannot be kept for the next time."));
     }
     return true;
   });
+}
+
+std::optional<StudioWindow::Built> StudioWindow::AskUntilBuilt(const MosaicChoices& asked,
+                                                               DialogEntries entries) {
+  const ArtworkPtr shown = Shown();
+  std::optional<LivePreview> preview;
+  if (actions.preview->isChecked()) preview.emplace(*canvas, shown, asked);
+  const auto forget = qScopeGuard([this] {
+    presenter.BeforeShown({});
+    presenter.WhenChanged({});
+  });
+  QString notice;  // said until the person changes something
+  std::optional<DialogEntries> opened;
+  presenter.BeforeShown([&](nrvui::ui::UI_Dialog& dialog) {
+    notice = QStringList{notice, EnterAgain(dialog, entries)}.join(' ').trimmed();
+    opened = EntriesIn(dialog);
+  });
+  presenter.OpenBeside(canvas->ArtOnScreen());
+  presenter.WhenChanged([&](const nrvui::ui::UI_Dialog& dialog) {
+    entries = EntriesIn(dialog);
+    const MosaicChoices present = ChoicesOnOk(dialog, asked);
+    if (preview) preview->Follow(present);
+    if (!notice.isEmpty() && entries == opened) return qtui::ReadOut{notice, true};
+    return OutlookFor(shown->picture, present);
+  });
+  const nrvui::ui::InstalledPresenter installed(presenter);
+  while (true) {
+    MosaicChoices choices = asked;
+    if (!Caller().Ask(choices.params, choices.state)) return std::nullopt;
+    confirmed[{shown->path, shown->isSizeKnown}] = {choices, entries};
+    actions.tesseraeAgain->setEnabled(true);
+    QElapsedTimer clock;
+    clock.start();
+    try {
+      if (auto mosaic = BuildMosaic(*this, shown->picture, choices)) {
+        return Built{choices, std::move(*mosaic), double(clock.elapsed()) / 1000};
+      }
+      notice = Text("$$$/Studio/Line/Stopped=The building was stopped.");
+    } catch (const std::exception& error) {
+      notice = Sentence(ReasonText(error));
+    }
+  }
 }
 
 bool StudioWindow::AskForExport() {

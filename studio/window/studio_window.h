@@ -59,6 +59,12 @@ class StudioWindow final : public QMainWindow {
     DialogEntries entries;
   };
 
+  struct Built {
+    MosaicChoices choices;
+    Mosaic mosaic;
+    double seconds;
+  };
+
   void Connect();
   void MakeZoomMenu();
   void FillRecentMenu();
@@ -74,7 +80,10 @@ class StudioWindow final : public QMainWindow {
   void PlacePicture(const QString& path, Picture picture);
   const Confirmed* ConfirmedForShown() const;
   /// Begins with these entries.
-  void Create(DialogEntries entries);
+  void Create(const DialogEntries& entries);
+  /// Shows the dialog, again after a building that was stopped or failed, until a mosaic was built
+  /// or the person cancelled; nothing in the latter case.
+  std::optional<Built> AskUntilBuilt(const MosaicChoices& asked, DialogEntries entries);
   /// Does what the studio can do only one at a time; tells what goes wrong. Answers whether it was
   /// done.
   bool Do(const QString& failure, const std::function<bool()>& work);

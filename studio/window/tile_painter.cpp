@@ -25,8 +25,8 @@ struct Sums {
   QRgb Color() const { return qRgba(red >> 16, green >> 16, blue >> 16, alpha >> 16); }
 };
 
-/// How the tiles that are drawn lie in one direction. Fewer than there are stand close together,
-/// and let through what the gaps would.
+/// How the tiles that are drawn lie in one direction. Where fewer are drawn than the mosaic has,
+/// they have no gaps, and `cover`, the share of the length that its tiles take, thins them.
 struct Side {
   Side(int drawn, int all, double tileSize, double gap, double size)
       : tiles(drawn),

@@ -6,7 +6,7 @@
 
 #include "check/function_presenter.h"
 #include "dialog/vxui_base_dialog.h"
-#include "host/suites.h"
+#include "host/suite_access.h"
 #include "host/unicode_string.h"
 #include "platform/nrvui/ui_controls.h"
 #include "platform/nrvui/ui_node.h"

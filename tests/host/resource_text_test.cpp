@@ -5,7 +5,7 @@
 #include <cstring>
 #include <utility>
 
-#include "host/suites.h"
+#include "host/suite_access.h"
 
 namespace {
 

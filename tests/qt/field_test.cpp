@@ -1,7 +1,7 @@
 #include "platform/nrvui/ui_edits.h"
 #include "platform/qt/number_field.h"
 #include "tests/nrvui/test_dialog.h"
-#include "tests/qt/window_test.h"
+#include "tests/qt/test_window.h"
 
 /// Fields of the real dialog: what a person sees while they type.
 class Field : public MosaicWindowTest {};

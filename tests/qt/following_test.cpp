@@ -3,7 +3,7 @@
 
 #include "platform/nrvui/ui_views.h"
 #include "tests/nrvui/test_dialog.h"
-#include "tests/qt/window_test.h"
+#include "tests/qt/test_window.h"
 
 using namespace nrvui::controls;
 using namespace nrvui::ui;

@@ -4,7 +4,7 @@
 #include <QLabel>
 
 #include "platform/nrvui/ui_node_manager.h"
-#include "tests/qt/window_test.h"
+#include "tests/qt/test_window.h"
 
 /// What people need who have no mouse, or do not see the window.
 class Keyboard : public MosaicWindowTest {};

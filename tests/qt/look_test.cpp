@@ -6,7 +6,7 @@
 
 #include "platform/nrvcore/localizer.h"
 #include "platform/qt/theme.h"
-#include "tests/qt/window_test.h"
+#include "tests/qt/test_window.h"
 
 struct Look {
   const char* name;

@@ -6,7 +6,7 @@
 
 #include "platform/nrvui/gesture_script.h"
 #include "tests/nrvui/test_dialog.h"
-#include "tests/qt/window_test.h"
+#include "tests/qt/test_window.h"
 
 using nrvui::gestures::GestureScript;
 

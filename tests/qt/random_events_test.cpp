@@ -1,7 +1,7 @@
 #include <QApplication>
 #include <random>
 
-#include "tests/qt/window_test.h"
+#include "tests/qt/test_window.h"
 
 namespace {
 

@@ -2,7 +2,7 @@
 #include <tuple>
 
 #include "platform/nrvui/scripted_presenter.h"
-#include "tests/qt/window_test.h"
+#include "tests/qt/test_window.h"
 
 using nrvui::gestures::GestureScript;
 using nrvui::gestures::ScriptedPresenter;

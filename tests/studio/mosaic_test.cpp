@@ -7,16 +7,16 @@
 
 #include "studio/base/studio_error.h"
 #include "studio/export/mosaic_export.h"
-#include "studio/mosaic/mosaic_builder.h"
 #include "studio/mosaic/mosaic_geometry.h"
 #include "studio/mosaic/mosaic_job.h"
+#include "studio/mosaic/tile_colors.h"
 #include "tests/support/random_picture.h"
 
 namespace {
 
 std::vector<QRgb> BuildAll(const Picture& picture, QSize tiles, bool isColor = true) {
   std::vector<QRgb> all;
-  MosaicBuilder builder(picture, tiles.width(), tiles.height(), isColor);
+  TileColors builder(picture, tiles.width(), tiles.height(), isColor);
   EXPECT_TRUE(builder.Run([&](std::span<const QRgb> row) {
     all.insert(all.end(), row.begin(), row.end());
     return true;
@@ -54,7 +54,7 @@ int Difference(QRgb a, QRgb b) {
                    std::abs(qBlue(a) - qBlue(b)), std::abs(qAlpha(a) - qAlpha(b))});
 }
 
-TEST(MosaicBuilder, FindsTheExactMeanOfEveryShare) {
+TEST(TileColors, FindsTheExactMeanOfEveryShare) {
   const std::pair<QSize, QSize> kCases[] = {
       // of the picture and of the tiles
       {{1, 1}, {1, 1}},   {{1, 1}, {5, 3}},     {{7, 5}, {7, 5}},
@@ -81,7 +81,7 @@ TEST(MosaicBuilder, FindsTheExactMeanOfEveryShare) {
   }
 }
 
-TEST(MosaicBuilder, HeedsThePicturesColourSpace) {
+TEST(TileColors, HeedsThePicturesColourSpace) {
   for (const auto name : {QColorSpace::DisplayP3, QColorSpace::ProPhotoRgb, QColorSpace::SRgb}) {
     QImage image(8, 8, QImage::Format_RGB32);
     image.fill(qRgb(90, 140, 170));

@@ -13,7 +13,7 @@
 #include "studio/caller/dialog_choices.h"
 #include "studio/caller/mosaic_caller.h"
 #include "studio/caller/outlook.h"
-#include "studio/mosaic/mosaic_builder.h"
+#include "studio/mosaic/tile_colors.h"
 #include "tests/support/random_picture.h"
 
 namespace {
@@ -118,7 +118,7 @@ TEST(Preview, ShowsTheTilesThatAreBuiltWithin3Of255) {
     ASSERT_EQ(preview.tiles.size(), QSize(across, down));
     int row = 0;
     int worst = 0;
-    MosaicBuilder builder(picture, across, down, isColor);
+    TileColors builder(picture, across, down, isColor);
     ASSERT_TRUE(builder.Run([&, across = across](std::span<const QRgb> tiles) {
       for (int x = 0; x < across; ++x) {
         const QRgb shown = preview.tiles.pixel(x, row);

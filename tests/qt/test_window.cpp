@@ -1,4 +1,4 @@
-#include "tests/qt/window_test.h"
+#include "tests/qt/test_window.h"
 
 #include <QApplication>
 

@@ -1,16 +1,16 @@
-#include "studio/mosaic/mosaic_builder.h"
+#include "studio/mosaic/tile_colors.h"
 
 #include <algorithm>
 #include <cmath>
 
-void MosaicBuilder::Tally::Add(const Tally& other, uint64_t weight) {
+void TileColors::Tally::Add(const Tally& other, uint64_t weight) {
   red += weight * other.red;
   green += weight * other.green;
   blue += weight * other.blue;
   alpha += weight * other.alpha;
 }
 
-MosaicBuilder::MosaicBuilder(const Picture& picture, int tilesAcross, int tilesDown, bool isColor)
+TileColors::TileColors(const Picture& picture, int tilesAcross, int tilesDown, bool isColor)
     : picture(picture),
       tilesDown(tilesDown),
       isColor(isColor),
@@ -22,7 +22,7 @@ MosaicBuilder::MosaicBuilder(const Picture& picture, int tilesAcross, int tilesD
   }
 }
 
-bool MosaicBuilder::Run(const RowTaker& takeRow) {
+bool TileColors::Run(const RowTaker& takeRow) {
   std::vector<Tally> tallies(columns.size());
   std::vector<QRgb> tiles(columns.size());
   for (int row = 0; row < tilesDown; ++row) {
@@ -45,7 +45,7 @@ bool MosaicBuilder::Run(const RowTaker& takeRow) {
 }
 
 /// Measured in pixels divided by the number of tiles, every border is a whole number.
-MosaicBuilder::Share MosaicBuilder::ShareOf(int tile, int tiles, int pixels) {
+TileColors::Share TileColors::ShareOf(int tile, int tiles, int pixels) {
   const int64_t start = int64_t(tile) * pixels;
   const int64_t end = start + pixels;
   const int64_t first = start / tiles;
@@ -56,7 +56,7 @@ MosaicBuilder::Share MosaicBuilder::ShareOf(int tile, int tiles, int pixels) {
 
 /// A row of pixels under a border belongs to two rows of tiles, one under small tiles to many; it
 /// is summed once.
-void MosaicBuilder::SumRow(int y) {
+void TileColors::SumRow(int y) {
   if (y == summedRow) return;
   summedRow = y;
   const auto* line = reinterpret_cast<const QRgb*>(picture.Pixels().constScanLine(y));
@@ -64,7 +64,7 @@ void MosaicBuilder::SumRow(int y) {
 }
 
 template <bool kHasAlpha>
-void MosaicBuilder::SumLine(const QRgb* line) {
+void TileColors::SumLine(const QRgb* line) {
   const auto fullWeight = uint32_t(columns.size());
   for (size_t column = 0; column < columns.size(); ++column) {
     const Share& share = columns[column];
@@ -77,7 +77,7 @@ void MosaicBuilder::SumLine(const QRgb* line) {
 }
 
 template <bool kHasAlpha>
-MosaicBuilder::Tally MosaicBuilder::TallyOf(const QRgb* pixels, int count) const {
+TileColors::Tally TileColors::TallyOf(const QRgb* pixels, int count) const {
   Tally tally;
   for (const QRgb* pixel = pixels; pixel != pixels + count; ++pixel) {
     const uint64_t alpha = kHasAlpha ? uint64_t(qAlpha(*pixel)) : 1;
@@ -90,7 +90,7 @@ MosaicBuilder::Tally MosaicBuilder::TallyOf(const QRgb* pixels, int count) const
   return tally;
 }
 
-QRgb MosaicBuilder::MeanOf(const Tally& tally) const {
+QRgb TileColors::MeanOf(const Tally& tally) const {
   if (tally.alpha == 0) return 0;
   const auto weight = double(tally.alpha);
   const Light light = scale.OfScreen(double(tally.red) / weight, double(tally.green) / weight,

@@ -13,14 +13,14 @@
 /// a border runs through a pixel, the pixel counts for both sides by area, exactly; a tile may be
 /// smaller than a pixel. Means are taken in linear light. Transparent pixels count by their
 /// opacity, and a tile over part transparent pixels is part transparent itself.
-class MosaicBuilder {
+class TileColors {
  public:
   /// Takes the colours of one row of tiles, from left to right, not premultiplied; answers whether
   /// to go on. A tile over nothing but transparent pixels is 0.
   using RowTaker = std::function<bool(std::span<const QRgb> tiles)>;
 
   /// Both counts at least 1. The picture must outlive the builder.
-  MosaicBuilder(const Picture& picture, int tilesAcross, int tilesDown, bool isColor);
+  TileColors(const Picture& picture, int tilesAcross, int tilesDown, bool isColor);
 
   /// Hands out the rows from top to bottom. Memory doesn't grow with their number. Answers whether
   /// all rows were taken.

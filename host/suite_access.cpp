@@ -1,4 +1,4 @@
-#include "host/suites.h"
+#include "host/suite_access.h"
 
 #include "host/error.h"
 
