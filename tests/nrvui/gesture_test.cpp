@@ -142,6 +142,8 @@ TEST(Gestures, KeysAndCloseBoxAnswerToTheButtons) {
     EXPECT_FALSE(Close(*test.dialog).IsRefused());
     EXPECT_EQ(test.dialog->GetResponse(), kCancelResponse);
     EXPECT_EQ(Press(*test.dialog, Key::kReturn).refusal, Refusal::kDialogClosed);
+    EXPECT_EQ(Close(*test.dialog).refusal, Refusal::kDialogClosed);
+    EXPECT_EQ(Resize(*test.dialog, {900, 900}).refusal, Refusal::kDialogClosed);
   }
   const boost::intrusive_ptr<PlainDialog> boxless = new PlainDialog(false);
   EXPECT_EQ(Close(*boxless).refusal, Refusal::kNoCloseBox);

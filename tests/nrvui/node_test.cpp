@@ -92,6 +92,16 @@ TEST(Node, OnlyASizeThatDiffersIsTold) {
 }
 
 // Beside what the window's tests see.
+TEST(Node, IsToldWhenItIsDisabledOrEnabled) {
+  struct Told : UI_Checkbox {
+    void UI_DisabledStateChanged(bool disabled) override { told += disabled ? 'd' : 'e'; }
+    std::string told;
+  };
+  const boost::intrusive_ptr<Told> node = new Told;
+  for (const bool disable : {false, true, true, false}) node->SetDisabled(disable);
+  EXPECT_EQ(node->told, "de");
+}
+
 TEST(Node, TellsItsObserverOfHelpAndArrangementAndPlaceToo) {
   struct Counter final : NodeObserver {
     void NodeChanged(UI_Node&) override { ++changes; }

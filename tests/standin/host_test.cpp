@@ -263,6 +263,7 @@ TEST_F(HostTest, AModuleIsALibraryWithAnEntryPoint) {
     } catch (const standin::LoadError& error) {
       const bool isCutShort = std::string_view(error.what()).ends_with("the file is cut short");
       EXPECT_EQ(isCutShort, file == part) << error.what();
+      EXPECT_EQ(std::string_view(error.what()).find("unknown"), std::string_view::npos);
     }
   EXPECT_EQ(dlopen(whole.c_str(), RTLD_NOW | RTLD_NOLOAD), nullptr) << "it does not stay";
   EXPECT_EQ(host.Objects().modules.Objects().size(), 2U) << "the host's own and the fixture's";
