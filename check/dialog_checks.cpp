@@ -100,11 +100,11 @@ void AddDialogChecks(const Add& add) {
         Expect(what, std::vector{rect.right, rect.bottom}, std::vector{width, height});
       };
       (void)nrvui::gestures::Resize(open.dialog, {600, 500});
-      expectSize("the root view", root->UI_GetLocalRectF(false), 600, 500);
-      expectSize("the layout", layout.UI_GetLocalRectF(false), 600, 500);
+      expectSize("the root view", root->UI_GetLocalRectF(), 600, 500);
+      expectSize("the layout", layout.UI_GetLocalRectF(), 600, 500);
       layout.UI_SetLocalRectF({0, 0, 700, 450});
-      expectSize("the sheet's view", view.UI_GetLocalRectF(false), 700, 450);
-      expectSize("the dialog", open.dialog.UI_GetLocalRectF(false), 700, 450);
+      expectSize("the sheet's view", view.UI_GetLocalRectF(), 700, 450);
+      expectSize("the dialog", open.dialog.UI_GetLocalRectF(), 700, 450);
       Expect("the least size", Pair(open.dialog.GetMinimumSize()), std::vector{700.0f, 450.0f});
     });
   });
@@ -141,7 +141,7 @@ void AddDialogChecks(const Add& add) {
 
   add("dialog/follows-setting-of-mnemonics", [] {
     Caller caller;
-    auto& settings = nrvui::ui::UI_NodeManager::Get(false).GetCustomSettingsManager();
+    auto& settings = nrvui::ui::UI_NodeManager::Get().GetCustomSettingsManager();
     const auto expectShown = [&](bool expected) {
       caller.LookAt([expected](const OpenDialog& open) {
         Expect("mnemonics", open.Get("UsePercentChk").IsMnemonicShown(), expected);

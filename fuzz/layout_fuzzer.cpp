@@ -11,7 +11,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
   try {
     const standin::SheetTree tree =
         standin::ParseLayout({reinterpret_cast<const char*>(data), size}, "layout.xml", token);
-    Require(tree.view->UI_GetLocalRectF(false) == tree.layout->UI_GetLocalRectF(false));
+    Require(tree.view->UI_GetLocalRectF() == tree.layout->UI_GetLocalRectF());
   } catch (const standin::ResourceError& error) {
     Require(std::strlen(error.what()) > std::strlen("layout.xml: "));
   }

@@ -14,7 +14,6 @@
 
 namespace qtui {
 
-using nrvui::gestures::Key;
 using nrvui::gestures::Outcome;
 using nrvui::gestures::ScriptError;
 using nrvui::gestures::Verb;

@@ -112,17 +112,17 @@ void Apply(UI_Node& node, const LayoutAttribute& value) {
   (static_cast<Node&>(node).*kSet)((value.*kRead)());
 }
 
-constexpr auto SetId = Apply<UI_Node, &UI_Node::UI_SetNodeID, &LayoutAttribute::AsName>;
-constexpr auto SetCaption =
+constexpr auto kSetId = Apply<UI_Node, &UI_Node::UI_SetNodeID, &LayoutAttribute::AsName>;
+constexpr auto kSetCaption =
     Apply<UI_ControlView, &UI_ControlView::SetCaption, &LayoutAttribute::AsCaption>;
-constexpr auto SetHelp = Apply<UI_ControlView, &UI_ControlView::SetHelp, &LayoutAttribute::AsKey>;
-constexpr auto SetDisabledHelp =
+constexpr auto kSetHelp = Apply<UI_ControlView, &UI_ControlView::SetHelp, &LayoutAttribute::AsKey>;
+constexpr auto kSetDisabledHelp =
     Apply<UI_ControlView, &UI_ControlView::SetDisabledHelp, &LayoutAttribute::AsKey>;
-constexpr auto SetTitle = Apply<UI_Panel, &UI_Panel::SetTitle, &LayoutAttribute::AsCaption>;
-constexpr auto SetBuddy = Apply<UI_StaticText, &UI_StaticText::SetBuddy, &LayoutAttribute::AsName>;
-constexpr auto SetRadioGroup =
+constexpr auto kSetTitle = Apply<UI_Panel, &UI_Panel::SetTitle, &LayoutAttribute::AsCaption>;
+constexpr auto kSetBuddy = Apply<UI_StaticText, &UI_StaticText::SetBuddy, &LayoutAttribute::AsName>;
+constexpr auto kSetRadioGroup =
     Apply<UI_RadioButton, &UI_RadioButton::SetGroup, &LayoutAttribute::AsName>;
-constexpr auto SetNumber =
+constexpr auto kSetNumber =
     Apply<UI_UnitNumberEdit, &UI_UnitNumberEdit::SetNumber, &LayoutAttribute::AsNumber>;
 
 constexpr unsigned kLongestSide = 32767;
@@ -153,39 +153,39 @@ constexpr AttributeRule kSheetAttributes[] = {
     {"width", kOptional, SetWidth},
     {"height", kOptional, SetHeight},
 };
-constexpr AttributeRule kPanelAttributes[] = {{"id", kOptional, SetId}};
+constexpr AttributeRule kPanelAttributes[] = {{"id", kOptional, kSetId}};
 constexpr AttributeRule kGridAttributes[] = {
-    {"id", kOptional, SetId},
+    {"id", kOptional, kSetId},
     {"columns", kRequired, SetColumns},
 };
 constexpr AttributeRule kGroupAttributes[] = {
-    {"id", kOptional, SetId},
-    {"caption", kRequired, SetTitle},
+    {"id", kOptional, kSetId},
+    {"caption", kRequired, kSetTitle},
     {"columns", kOptional, SetColumns},  // without them its content stands in one column
 };
 constexpr AttributeRule kLabelAttributes[] = {
-    {"id", kOptional, SetId},
-    {"caption", kOptional, SetCaption},
-    {"for", kOptional, SetBuddy},
+    {"id", kOptional, kSetId},
+    {"caption", kOptional, kSetCaption},
+    {"for", kOptional, kSetBuddy},
 };
 constexpr AttributeRule kNumberAttributes[] = {
-    {"id", kRequired, SetId},
-    {"help", kOptional, SetHelp},
-    {"help-disabled", kOptional, SetDisabledHelp},
-    {"value", kOptional, SetNumber},
+    {"id", kRequired, kSetId},
+    {"help", kOptional, kSetHelp},
+    {"help-disabled", kOptional, kSetDisabledHelp},
+    {"value", kOptional, kSetNumber},
 };
 constexpr AttributeRule kButtonAttributes[] = {
-    {"id", kRequired, SetId},
-    {"help", kOptional, SetHelp},
-    {"help-disabled", kOptional, SetDisabledHelp},
-    {"caption", kRequired, SetCaption},
+    {"id", kRequired, kSetId},
+    {"help", kOptional, kSetHelp},
+    {"help-disabled", kOptional, kSetDisabledHelp},
+    {"caption", kRequired, kSetCaption},
 };
 constexpr AttributeRule kRadioAttributes[] = {
-    {"id", kRequired, SetId},
-    {"help", kOptional, SetHelp},
-    {"help-disabled", kOptional, SetDisabledHelp},
-    {"caption", kRequired, SetCaption},
-    {"group", kRequired, SetRadioGroup},
+    {"id", kRequired, kSetId},
+    {"help", kOptional, kSetHelp},
+    {"help-disabled", kOptional, kSetDisabledHelp},
+    {"caption", kRequired, kSetCaption},
+    {"group", kRequired, kSetRadioGroup},
 };
 
 constexpr LayoutElement kSheet = {"sheet", true, Make<UI_Layout>, kSheetAttributes};

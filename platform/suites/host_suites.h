@@ -96,8 +96,8 @@ struct KDMBasicSuite {
 
   /// Copies entry `index`, from 1, of the string list `list` of a module into the caller's
   /// `buffer`: UTF-8, cut to `size` bytes (at least 1) and always terminated. Fails when there is
-  /// no such entry, which is how lists end; the buffer is then untouched, and lists
-  /// end for the module after 32767 entries.
+  /// no such entry, which is how lists end; the buffer is then untouched. Of an endless list the
+  /// module reads the entries up to 32766.
   ResultCode (*GetListString)(ModuleRef module, int32_t list, int32_t index, char* buffer,
                               size_t size);
   UnusedSlot unused1[19];

@@ -91,7 +91,7 @@ int ConsoleRun::Run() {
   const QByteArray json = ToJson(choices, Fields::kAll);
   Tell(json.trimmed());
   if (recordDevice) WriteAll(*recordDevice, json);
-  Build(choices);
+  if (Build(choices)) SaveWindowScreenshot();
   if (interruption->IsRequested()) {
     Tell(Text("$$$/Studio/Line/Stopped=The building was stopped."));
     return kCancelled;
@@ -157,7 +157,7 @@ bool ConsoleRun::Ask(MosaicChoices& choices) {
   return isOk;
 }
 
-void ConsoleRun::Build(const MosaicChoices& choices) {
+bool ConsoleRun::Build(const MosaicChoices& choices) {
   MosaicJob job(artwork->picture, choices);
   const MosaicGeometry& geometry = job.Geometry();
   for (size_t i = 0; i < exportDevices.size(); ++i) {
@@ -171,12 +171,12 @@ void ConsoleRun::Build(const MosaicChoices& choices) {
     progress.Show(rowsDone, geometry.tilesDown);
     return !interruption->IsRequested();
   });
-  if (!isComplete || interruption->IsRequested()) return;
+  if (!isComplete || interruption->IsRequested()) return false;
   Tell(Text("$$$/Studio/Line/Built=Built %1 tiles, %2 across and %3 down.",
             QString::number(qint64(geometry.tilesAcross) * geometry.tilesDown),
             QString::number(geometry.tilesAcross), QString::number(geometry.tilesDown)));
   if (windowScreenshotDevice) artwork = WithMosaic(*artwork, std::move(mosaic));
-  SaveWindowScreenshot();
+  return true;
 }
 
 void ConsoleRun::SaveWindowScreenshot() {

@@ -35,7 +35,7 @@ class ConsoleRun {
   QIODevice* Open(const QString& name);
   /// Answers whether OK ended the dialog, with these choices.
   bool Ask(MosaicChoices& choices);
-  void Build(const MosaicChoices& choices);
+  bool Build(const MosaicChoices& choices);
   void SaveWindowScreenshot();
   void KeepChoices(const MosaicChoices& choices);
 

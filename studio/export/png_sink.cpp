@@ -2,6 +2,7 @@
 #include <algorithm>
 #include <cmath>
 #include <cstring>
+#include <utility>
 #include <vector>
 
 #include "studio/base/output.h"
@@ -169,7 +170,7 @@ void PngSink::Finish() {
 
   // Tiles are flat, so more effort gains next to nothing.
   constexpr int kQuickCompression = 80;
-  WriteAll(device, EncodePicture(image, "png", kQuickCompression));
+  WriteAll(device, EncodePicture(std::exchange(image, {}), "png", kQuickCompression));
 }
 
 }  // namespace

@@ -12,7 +12,9 @@ static bool isApplicationBlocked = false;
 vx::ui::ModalContext::ModalContext(bool blocksApplication) {
   isApplicationBlocked = blocksApplication;
 }
-vx::ui::ModalContext::~ModalContext() = default;
+vx::ui::ModalContext::~ModalContext() {
+  isApplicationBlocked = false;
+}
 
 class PluginTest : public testing::Test {
  protected:

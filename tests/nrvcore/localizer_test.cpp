@@ -6,7 +6,6 @@
 #include <cstdlib>
 #include <cstring>
 #include <random>
-#include <sstream>
 
 #include "check/temporary_folder.h"
 
@@ -66,13 +65,12 @@ TEST(LocalizerDeathTest, FollowsTheEnvironmentUnlessTheLocaleIsThePlainOne) {
 
 TEST(Localizer, PassesOverADamagedCatalogue) {
   const auto place = std::filesystem::path("de") / "LC_MESSAGES" / "tesserae.mo";
-  std::ostringstream whole;
-  whole << std::ifstream(CATALOGUES / place, std::ios::binary).rdbuf();
+  const std::string whole = check::ContentOf(CATALOGUES / place);
   Localizer& localizer = Localizer::Get();
   std::mt19937 random(1);
   for (int i = 0; i < 100; ++i) {
     const check::TemporaryFolder folder;  // gettext keeps what it has read from a path
-    std::string bytes = whole.str();
+    std::string bytes = whole;
     // The header, the tables of places and of hashes, and the description; or the end.
     for (int j = 0; j < 3; ++j) bytes[random() % (i % 2 ? 40 : bytes.size() / 4)] = char(random());
     if (i % 3 == 0) bytes.resize(random() % bytes.size());
@@ -89,9 +87,7 @@ TEST(Localizer, PassesOverADamagedCatalogue) {
 
 TEST(Localizer, UsesACatalogueThatIsWholeAndInUtf8Alone) {
   const auto place = std::filesystem::path("de") / "LC_MESSAGES" / "tesserae.mo";
-  std::ostringstream whole;
-  whole << std::ifstream(CATALOGUES / place, std::ios::binary).rdbuf();
-  const std::string sound = whole.str();
+  const std::string sound = check::ContentOf(CATALOGUES / place);
   const auto at = [&](size_t offset) {
     uint32_t value;
     std::memcpy(&value, sound.data() + offset, sizeof value);

@@ -258,7 +258,7 @@ TEST_F(HostTest, AModuleIsALibraryWithAnEntryPoint) {
   resize_file(part, 5000);  // a page of what is loaded; names for the debugger are not
   for (const auto& file : {resources.path / "missing.so", resources.path / "text.so", part, whole})
     try {
-      Module(host, file);
+      const Module module(host, file);
       ADD_FAILURE() << "no error: " << file;
     } catch (const standin::LoadError& error) {
       const bool isCutShort = std::string_view(error.what()).ends_with("the file is cut short");

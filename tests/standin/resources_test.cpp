@@ -94,10 +94,12 @@ TEST(Layout, TakesWhatItsLimitsAllow) {
   EXPECT_EQ(refusal(WithBlanks(262144)), "none");
   for (const char* columns : {"1", "16"})
     EXPECT_EQ(refusal(std::string("<sheet><grid columns='") + columns + "'/></sheet>"), "none");
-  for (const std::string leaf :
+  const auto holding = [](const std::string& leaf) {
+    return "<sheet><" + leaf + "><row/></" + leaf + "></sheet>";
+  };
+  for (const char* leaf :
        {"space", "label", "number", "checkbox", "radio", "button", "text-button"})
-    EXPECT_EQ(refusal("<sheet><" + leaf + "><row/></" + leaf + "></sheet>"),
-              "L.xml:1: <" + leaf + "> cannot hold anything");
+    EXPECT_EQ(refusal(holding(leaf)), std::string("L.xml:1: <") + leaf + "> cannot hold anything");
 }
 
 TEST(Layout, RefusesWithFileLineAndReasonAndLeavesNoNode) {

@@ -64,6 +64,7 @@ QByteArray Unpacked(const QByteArray& pdf) {
   QByteArray content;
   for (qsizetype at = 0; (at = pdf.indexOf("FlateDecode", at)) >= 0;) {
     at = pdf.indexOf("stream\n", at) + 7;
+    if (at < 7) break;
     content += qUncompress(QByteArray("\0\x10\0\0", 4) + pdf.mid(at));
   }
   return content;

@@ -17,6 +17,7 @@
 #include <QMimeData>
 #include <QProgressDialog>
 #include <QPushButton>
+#include <QSettings>
 #include <QStatusBar>
 #include <QTemporaryDir>
 #include <QTest>
@@ -262,7 +263,7 @@ TEST_F(StudioWindowTest, APictureBecomesAMosaicThatCanBeUndoneAndExported) {
     EXPECT_EQ(width.text(), "1608 px");
     EXPECT_TRUE(width.findChild<QLineEdit*>()->hasSelectedText()) << "to be typed over";
     EXPECT_EQ(width.maximum(), 19595) << "of 256 million";
-    EXPECT_NEAR(resolution.maximum(), 19595 * 72 / 60, 2);
+    EXPECT_NEAR(resolution.maximum(), 19595 * 72 / 60.0, 2);
     resolution.setValue(36);
     EXPECT_EQ(width.value(), 30);
     width.setValue(90);
@@ -571,13 +572,14 @@ TEST_F(StudioWindowTest, AnExportThatFailsLeavesTheEarlierFileAsItWas) {
   Type("b.png");
   expectRefusal("export", "648000 by 8640 pixels, which is too many; SVG and PDF can hold");
 
-  std::signal(SIGXFSZ, SIG_IGN);
+  auto* const former = std::signal(SIGXFSZ, SIG_IGN);
   rlimit limit{};
   getrlimit(RLIMIT_FSIZE, &limit);
   const rlimit low{10000, limit.rlim_max};
   setrlimit(RLIMIT_FSIZE, &low);
   expectRefusal("exportAgain", "a.svg: ");
   setrlimit(RLIMIT_FSIZE, &limit);
+  std::signal(SIGXFSZ, former);
   EXPECT_EQ(Load("a.svg"), earlier);
   Action("exportAgain").trigger();
   EXPECT_EQ(Load("a.svg").count("<rect "), 8640);
@@ -808,6 +810,10 @@ int main(int argc, char** argv) {
   testing::InitGoogleTest(&argc, argv);
   const QApplication application(argc, argv);
   QCoreApplication::setApplicationName("tesserae-studio");
+  // Qt keeps what its file dialogs note where settings were at first, in no test's folder.
+  const QTemporaryDir settings;
+  qputenv("XDG_CONFIG_HOME", settings.path().toUtf8());
+  const QSettings ofQt(QSettings::UserScope, "QtProject");
   nrvcore::config::Localizer::Get().SetCatalogues(standin::ResourceFolders::OfProgram().host /
                                                   "translations");
   qtui::ApplyTheme(qtui::Theme::kLight);
