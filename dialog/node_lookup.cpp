@@ -7,19 +7,25 @@ using nrvui::ui::UI_Node;
 
 namespace {
 
-constexpr size_t kUsualNodes = 64;  // a dialog of up to so many is searched with one allocation
+constexpr size_t kUsualNodes = 64;  // a search among so many that hold others allocates once
 
 }  // namespace
 
 boost::intrusive_ptr<UI_Node> FindNodeByID(const boost::intrusive_ptr<UI_Node>& root,
                                            const nrvcore::String& nodeID) {
-  std::vector<boost::intrusive_ptr<UI_Node>> queue;  // entries before `front` are null
+  // Nodes whose children come next; entries before `front` are null. A node is compared when its
+  // parent's turn comes, which is the same order, so that no reference is counted for one without
+  // children.
+  std::vector<boost::intrusive_ptr<UI_Node>> queue;
   queue.reserve(kUsualNodes);
+  if (root->UI_GetNodeID() == nodeID) return root;
   queue.push_back(root);
   for (size_t front = 0; front < queue.size(); ++front) {
-    boost::intrusive_ptr<UI_Node> node = std::move(queue[front]);
-    if (node->UI_GetNodeID() == nodeID) return node;
-    queue.insert(queue.end(), node->ChildBegin(), node->ChildEnd());
+    const boost::intrusive_ptr<UI_Node> parent = std::move(queue[front]);
+    for (const auto& node : nrvui::ui::Children(*parent)) {
+      if (node->UI_GetNodeID() == nodeID) return node;
+      if (!nrvui::ui::Children(*node).empty()) queue.push_back(node);
+    }
   }
   return nullptr;
 }

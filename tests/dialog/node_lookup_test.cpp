@@ -39,15 +39,15 @@ TEST(FindNodeByID, FirstMatchInBreadthFirstOrder) {
 }
 
 TEST(FindNodeByID, TakesMemoryOnceForADialogOfUsualSize) {
-  for (const auto& [nodes, expected] : {std::pair(64, 1u), {65, 2u}}) {
+  for (const auto& [parents, expected] : {std::pair(64, 1u), {65, 2u}}) {
     const NodeRef root = Add(nullptr, "root");
-    for (int i = 1; i < nodes; ++i) Add(root, "child");
+    for (int i = 1; i < parents; ++i) Add(Add(root, "child"), "grandchild");
     constexpr size_t kMany = 100;
     toolkit_memory::untilRefusal = kMany;
     toolkit_memory::isArmed = true;
     EXPECT_FALSE(FindNodeByID(root, "nobody"));
     toolkit_memory::isArmed = false;
-    EXPECT_EQ(kMany - toolkit_memory::untilRefusal, expected) << nodes << " nodes";
+    EXPECT_EQ(kMany - toolkit_memory::untilRefusal, expected) << parents;
   }
 }
 
