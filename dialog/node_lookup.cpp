@@ -1,5 +1,6 @@
 #include "dialog/node_lookup.h"
 
+#include <span>
 #include <utility>
 #include <vector>
 
@@ -22,9 +23,9 @@ boost::intrusive_ptr<UI_Node> FindNodeByID(const boost::intrusive_ptr<UI_Node>& 
   queue.push_back(root);
   for (size_t front = 0; front < queue.size(); ++front) {
     const boost::intrusive_ptr<UI_Node> parent = std::move(queue[front]);
-    for (const auto& node : nrvui::ui::Children(*parent)) {
+    for (const auto& node : std::span(parent->ChildBegin(), parent->ChildEnd())) {
       if (node->UI_GetNodeID() == nodeID) return node;
-      if (!nrvui::ui::Children(*node).empty()) queue.push_back(node);
+      if (node->ChildBegin() != node->ChildEnd()) queue.push_back(node);
     }
   }
   return nullptr;
