@@ -137,7 +137,9 @@ constexpr Route kRoutes[] = {
 
 /// The rows of a caller stand together.
 const Route* FindRoute(std::string_view caller, std::string_view selector) {
-  const Route* route = std::ranges::find(kRoutes, caller, &Route::caller);
+  const Route* route =
+      std::find_if(std::begin(kRoutes), std::end(kRoutes),
+                   [caller](const Route& candidate) { return candidate.caller == caller; });
   for (; route != std::end(kRoutes) && route->caller == caller; ++route)
     if (route->selector.data() == nullptr || route->selector == selector) return route;
   return nullptr;
