@@ -83,12 +83,16 @@ const UTF16String& ReplacementValue::Text() const noexcept {
 }
 
 Localizer& Localizer::Get() {
-  static Localizer* const localizer = new Localizer;
-  return *localizer;
+  static Localizer localizer;
+  return localizer;
 }
 
 Localizer::Localizer() : userLanguage(LanguageOfEnvironment()) {
   bind_textdomain_codeset(kDomain, "UTF-8");
+}
+
+Localizer::~Localizer() {
+  if (messagesLocale != nullptr) freelocale(messagesLocale);
 }
 
 void Localizer::SetCatalogues(const std::string& cataloguesFolder) {

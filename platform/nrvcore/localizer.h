@@ -34,7 +34,7 @@ class NRV_EXPORT ReplacementValue {
 /// texts may then be asked for on any.
 class NRV_EXPORT Localizer {
  public:
-  /// The one localizer; it is never destroyed, since texts may be asked for until the process ends.
+  /// The one localizer; it goes with the library, which a host may load and unload with the module.
   static Localizer& Get();
 
   Localizer(const Localizer&) = delete;
@@ -61,7 +61,7 @@ class NRV_EXPORT Localizer {
 
  private:
   Localizer();
-  ~Localizer() = delete;
+  ~Localizer();
 
   /// The folders of sound catalogues for `languages`, as gettext wants them in LANGUAGE.
   std::string WithCatalogue(std::string_view languages);
