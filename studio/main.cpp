@@ -3,6 +3,7 @@
 #include <QIcon>
 #include <QLibraryInfo>
 #include <QLocale>
+#include <QScopeGuard>
 #include <QSocketNotifier>
 #include <QTranslator>
 #include <algorithm>
@@ -27,11 +28,13 @@ namespace {
 constexpr int kStopped = 1;
 constexpr int kSomethingWrong = 2;
 
-/// Lets Qt look for a display that is there, and do without otherwise. What the user's environment
-/// says about platforms counts first. Takes effect before the QApplication.
+constexpr const char* kPlatform = "QT_QPA_PLATFORM";
+
+/// Lets Qt use the display that the environment names, and none when it cannot be reached. A
+/// platform that the user chose takes precedence, except in runs without windows, which need no
+/// display. Takes effect before the QApplication.
 void ChoosePlatform(bool showsWindows) {
-  constexpr const char* kPlatform = "QT_QPA_PLATFORM";
-  if (qEnvironmentVariableIsSet(kPlatform)) return;
+  if (showsWindows && qEnvironmentVariableIsSet(kPlatform)) return;
   QByteArray platforms;
   if (showsWindows && !qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY")) platforms += "wayland;";
   if (showsWindows && !qEnvironmentVariableIsEmpty("DISPLAY")) platforms += "xcb;";
@@ -90,6 +93,7 @@ int RunWindow(const CommandLine& line) {
   window.show();
   if (!line.picture.isEmpty()) window.OpenPicture(line.picture);
   const int status = interruption.IsRequested() ? kStopped : QApplication::exec();
+  ExitOnSignals(status);
   window.CloseModule();
   return status;
 }
@@ -116,11 +120,31 @@ int RunStudio(const CommandLine& line) {
   SpeakLanguage(line.language);
   qtui::ApplyTheme(qtui::ThemeNamed(line.theme).value_or(settings::ChosenTheme()));
   if (line.WantsWindow() && HasDisplay()) return RunWindow(line);
+  if (line.WantsWindow() && line.picture.isEmpty())
+    throw StudioError("$$$/Studio/Line/NoDisplay=no display is available; see --help");
   return ConsoleRun(line, WindowScreenshot).Run();
 }
 
-/// What the libraries report is written for developers and stays off the user's terminal.
-void PassOver(QtMsgType, const QMessageLogContext&, const QString&) {}
+/// Qt's messages are for developers and stay off the user's terminal. After a fatal one, such as
+/// that a platform is not available, Qt aborts; this ends the program with one line instead.
+void HandleQtMessage(QtMsgType type, const QMessageLogContext&, const QString& message) {
+  if (type != QtFatalMsg) return;
+  const bool isStarting = QGuiApplication::platformName().isEmpty();
+  PrintError(isStarting
+                 ? Text("$$$/Studio/Line/NoPlatform=no display is available on the platform %1",
+                        qEnvironmentVariable(kPlatform))
+                 : message.section('\n', 0, 0));
+  std::_Exit(kSomethingWrong);
+}
+
+bool hasReturned = false;  // from main
+
+/// Qt calls exit when its display goes away.
+void ReportExitOfLibrary() {
+  if (hasReturned) return;
+  PrintError(Text("$$$/Studio/Line/DisplayLost=the connection to the display was lost"));
+  std::_Exit(kSomethingWrong);
+}
 
 QStringList Arguments(int argc, char** argv) {
   QStringList arguments;
@@ -131,20 +155,15 @@ QStringList Arguments(int argc, char** argv) {
 }  // namespace
 
 int main(int argc, char** argv) try {
-  qInstallMessageHandler(PassOver);
-  // Until there is something to clean up, a request to stop ends the program at once, even while it
-  // waits for a pipe or for a decoder. A signal that was ignored, as nohup does, stays so.
-  for (const int request : {SIGINT, SIGTERM, SIGHUP}) {
-    struct sigaction action {};
-    sigaction(request, nullptr, &action);
-    if (action.sa_handler == SIG_IGN) continue;
-    action.sa_handler = [](int) { std::_Exit(kStopped); };
-    sigaction(request, &action, nullptr);
-  }
-  // A closed pipe and a file that grows too large are then failures like any other.
+  SilenceLibraries();
+  qInstallMessageHandler(HandleQtMessage);
+  ExitOnSignals(kStopped);
+  // Writing to a closed pipe, or more than RLIMIT_FSIZE, then fails with an errno.
   std::signal(SIGPIPE, SIG_IGN);
   std::signal(SIGXFSZ, SIG_IGN);
   auto& localizer = nrvcore::config::Localizer::Get();
+  std::atexit(ReportExitOfLibrary);
+  const auto returning = qScopeGuard([] { hasReturned = true; });
   localizer.SetCatalogues(standin::ResourceFolders::OfProgram().host / "translations");
   localizer.SetLanguage({});
   const CommandLine line = CommandLine::Parse(Arguments(argc, argv));

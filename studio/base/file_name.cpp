@@ -83,6 +83,6 @@ QByteArray ReadFile(const QString& name, qint64 mostBytes) {
   if (status.st_size > mostBytes)
     throw StudioError("$$$/Studio/Reason/LargeFile=the file is too large");
   const QByteArray bytes = file.readAll();
-  if (file.error() != QFileDevice::NoError) throw StudioError(ReasonText(file));
+  if (file.error() != QFileDevice::NoError) throw StudioError(ReasonText(errno));
   return bytes;
 }

@@ -6,53 +6,50 @@
 #include <atomic>
 #include <cerrno>
 #include <csignal>
+#include <cstdlib>
 #include <iterator>
 
 namespace {
 
 std::atomic<bool> requested = false;  // set in a signal handler, read on any thread
-static_assert(std::atomic<bool>::is_always_lock_free);
+std::atomic<int> exitStatus = 0;      // read in a signal handler
+static_assert(std::atomic<bool>::is_always_lock_free && std::atomic<int>::is_always_lock_free);
 int waker[2] = {-1, -1};
 
 constexpr int kSignals[] = {SIGINT, SIGTERM, SIGHUP};
 struct sigaction former[std::size(kSignals)];
 
-void Note(int) {
+void SetRequested(int) {
   const int error = errno;
   requested = true;
-  // The pipe is full only when the reader has been woken already.
+  // A full pipe has woken its reader already.
   [[maybe_unused]] const auto written = write(waker[1], "", 1);
   errno = error;
 }
 
-/// A pipe that no other program inherits and nobody waits for; false when there is none to be had.
-bool MakePipe(int (&ends)[2]) {
-#ifdef __linux__
-  return pipe2(ends, O_CLOEXEC | O_NONBLOCK) == 0;
-#else
-  // Untested beyond its compilation, as the project has no such machine.
-  if (pipe(ends) != 0) return false;
-  for (const int end : ends) {
-    fcntl(end, F_SETFD, FD_CLOEXEC);
-    fcntl(end, F_SETFL, O_NONBLOCK);
+void Install(void (*handler)(int)) {
+  struct sigaction action {};
+  action.sa_handler = handler;
+  action.sa_flags = SA_RESTART;
+  for (const int number : kSignals) {
+    struct sigaction present {};
+    sigaction(number, nullptr, &present);
+    if (present.sa_handler != SIG_IGN) sigaction(number, &action, nullptr);
   }
-  return true;
-#endif
 }
 
 }  // namespace
 
+void ExitOnSignals(int status) {
+  exitStatus = status;
+  Install([](int) { std::_Exit(exitStatus); });
+}
+
 Interruption::Interruption() {
   requested = false;
-  if (!MakePipe(waker)) waker[0] = waker[1] = -1;
-  struct sigaction noting {};
-  noting.sa_handler = Note;
-  noting.sa_flags = SA_RESTART;
-  for (size_t i = 0; i < std::size(kSignals); ++i) {
-    sigaction(kSignals[i], nullptr, &former[i]);
-    // A signal that was ignored at the start, as nohup does with SIGHUP, stays ignored.
-    if (former[i].sa_handler != SIG_IGN) sigaction(kSignals[i], &noting, nullptr);
-  }
+  if (pipe2(waker, O_CLOEXEC | O_NONBLOCK) != 0) waker[0] = waker[1] = -1;
+  for (size_t i = 0; i < std::size(kSignals); ++i) sigaction(kSignals[i], nullptr, &former[i]);
+  Install(SetRequested);
 }
 
 Interruption::~Interruption() {

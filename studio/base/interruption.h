@@ -2,9 +2,12 @@
 
 #include <boost/core/noncopyable.hpp>
 
-/// While one of these lives, SIGINT, SIGTERM and SIGHUP set a mark instead of ending the program,
-/// so that it can remove what is half done. A signal that was ignored before stays so. One at a
-/// time.
+/// From now on SIGINT, SIGTERM and SIGHUP end the program at once with this exit status. A signal
+/// that is ignored, as nohup does with SIGHUP, stays ignored.
+void ExitOnSignals(int status);
+
+/// While an Interruption lives, these signals set a flag instead of ending the program, so that it
+/// can remove unfinished files. An ignored signal stays ignored. At most one lives at a time.
 class Interruption : boost::noncopyable {
  public:
   Interruption();
@@ -12,6 +15,6 @@ class Interruption : boost::noncopyable {
 
   bool IsRequested() const;
 
-  /// Becomes readable on a request, for use in an event loop; -1 when no pipe could be made.
+  /// Becomes readable on a request, for use in an event loop; -1 when creating the pipe failed.
   int Descriptor() const;
 };

@@ -54,6 +54,15 @@ QString Identity(const fs::path& place) {
                     "the picture"));
 }
 
+/// In a sticky folder only a file's owner, the folder's owner and root may rename or remove a file,
+/// even one that everybody may write.
+bool IsSomebodyElsesInStickyFolder(const fs::path& place, const struct stat& file) {
+  struct stat folder {};
+  if (stat(FolderOf(place).c_str(), &folder) != 0 || !(folder.st_mode & S_ISVTX)) return false;
+  const uid_t user = geteuid();
+  return user != 0 && user != file.st_uid && user != folder.st_uid;
+}
+
 /// A name that nothing has, short, since the place's own may be as long as names can be.
 fs::path FreeName(const fs::path& folder) {
   const auto number = QRandomGenerator::system()->generate64();
@@ -84,6 +93,7 @@ QIODevice& OutputSet::Add(const QString& name) {
     if (!S_ISREG(status.st_mode))
       Refuse(name, Text("$$$/Studio/Write/NoFile=it is no ordinary file"));
     if (access(place.c_str(), W_OK) != 0) Refuse(name, ReasonText(errno));
+    if (IsSomebodyElsesInStickyFolder(place, status)) Refuse(name, ReasonText(EPERM));
   }
   std::error_code unknown;
   if (!is_directory(FolderOf(place), unknown)) {
@@ -100,7 +110,9 @@ QIODevice& OutputSet::Add(const QString& name) {
   if (descriptor < 0) Refuse(name, ReasonText(errno));
   if (isThere) fchmod(descriptor, status.st_mode & 07777);
   output->device.setObjectName(name);
-  output->device.open(descriptor, QIODevice::WriteOnly, QFileDevice::AutoCloseHandle);
+  // Without a buffer errno says why a write fails, as Qt's error text does not always.
+  output->device.open(descriptor, QIODevice::WriteOnly | QIODevice::Unbuffered,
+                      QFileDevice::AutoCloseHandle);
   taken << identity;
   outputs.push_back(std::move(output));
   return outputs.back()->device;
@@ -109,8 +121,6 @@ QIODevice& OutputSet::Add(const QString& name) {
 void OutputSet::Commit() {
   for (const auto& output : outputs) {
     QFile& device = output->device;
-    const bool isWritten = device.flush();
-    if (!isWritten) Refuse(device.objectName(), ReasonText(device));
     if (fsync(device.handle()) != 0 && errno != EINVAL)
       Refuse(device.objectName(), ReasonText(errno));
   }
@@ -137,6 +147,9 @@ void OutputSet::TakePlace(Output& output) {
     }
     if (!S_ISREG(status.st_mode))
       Refuse(output.device.objectName(), Text("$$$/Studio/Write/NoFile=it is no ordinary file"));
+    // The second name below could not be removed again.
+    if (IsSomebodyElsesInStickyFolder(output.place, status))
+      Refuse(output.device.objectName(), ReasonText(EPERM));
     output.former = FreeName(FolderOf(output.place));
     // Not every disk can give a file a second name.
     if (link(output.place.c_str(), output.former.c_str()) != 0 &&
@@ -162,5 +175,5 @@ void OutputSet::PutBack(Output& output) {
 
 void WriteAll(QIODevice& device, QByteArrayView bytes) {
   if (device.write(bytes.data(), bytes.size()) == bytes.size()) return;
-  Refuse(device.objectName(), ReasonText(device));
+  Refuse(device.objectName(), ReasonText(errno));
 }

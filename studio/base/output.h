@@ -41,6 +41,6 @@ class OutputSet {
   QStringList taken;
 };
 
-/// Writes all of it. Throws the StudioError that says which file could not be written, by the
-/// device's object name, and why.
+/// Writes all of it to a device of an OutputSet, or one that cannot fail. Throws StudioError with
+/// the device's object name, which is the file's, and the reason.
 void WriteAll(QIODevice& device, QByteArrayView bytes);

@@ -1,6 +1,5 @@
 #include "studio/base/studio_error.h"
 
-#include <QBuffer>
 #include <cerrno>
 #include <new>
 
@@ -17,6 +16,7 @@ constexpr struct {
     {EROFS, "$$$/Studio/Reason/ReadOnly=the disk is write-protected"},
     {EIO, "$$$/Studio/Reason/Disk=the disk cannot be read or written"},
     {ENAMETOOLONG, "$$$/Studio/Reason/LongName=the name is too long"},
+    {EFBIG, "$$$/Studio/Reason/LargeFile=the file is too large"},
     {ENOENT, "$$$/Studio/Reason/Gone=there is no such file or folder"},
 };
 
@@ -25,17 +25,6 @@ constexpr struct {
 QString ReasonText(const std::exception& error) {
   if (dynamic_cast<const std::bad_alloc*>(&error)) return Text(kNoMemory);
   return FileName(error.what());
-}
-
-/// A device keeps the system's reason only as a text. After a write that stored a part of the data
-/// it has Qt's text for an unknown error, and the cause is a full disk.
-QString ReasonText(const QIODevice& device) {
-  const QString unknown = QBuffer().errorString();
-  if (device.errorString() == unknown) return ReasonText(ENOSPC);
-  for (const auto& [code, key] : kReasons) {
-    if (device.errorString() == qt_error_string(code)) return Text(key);
-  }
-  return device.errorString();
 }
 
 QString ReasonText(int systemError) {

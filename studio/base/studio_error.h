@@ -1,6 +1,6 @@
 #pragma once
 
-#include <QIODevice>
+#include <QString>
 #include <stdexcept>
 
 #include "studio/base/file_name.h"
@@ -23,9 +23,8 @@ class StudioError : public std::runtime_error {
 inline constexpr const char* kNoMemory =
     "$$$/Studio/Reason/Memory=there is not enough memory for this";
 
-/// What went wrong, in the user's language as far as the cause has a name there.
+/// What went wrong, in the user's language; the system's text for an errno without one of ours.
 QString ReasonText(const std::exception& error);
-QString ReasonText(const QIODevice& device);
 QString ReasonText(int systemError);
 
 /// A reason, which is made to stand behind a colon, as a sentence of its own.

@@ -97,6 +97,7 @@ int ConsoleRun::Run() {
     return kCancelled;
   }
   KeepChoices(choices);
+  ExitOnSignals(kDone);
   TellOfFiles();
   return kDone;
 }
@@ -110,6 +111,7 @@ int ConsoleRun::TakeScreenshots() {
   SaveWindowScreenshot();
   if (interruption->IsRequested()) return kCancelled;
   outputs.Commit();
+  ExitOnSignals(kDone);
   TellOfFiles();
   return kDone;
 }

@@ -25,7 +25,8 @@ class ConsoleRun {
 
   /// The program's exit status: 0 after OK, 1 when it was cancelled. Throws StudioError, or another
   /// std::exception, when something is wrong. Unless it answers 0, no file has changed, except when
-  /// the disk fails between the moments in which several files take their places.
+  /// the disk fails between the moments in which several files take their places. Once they have
+  /// taken them, a signal ends the program with status 0.
   int Run();
 
  private:

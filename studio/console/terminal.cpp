@@ -1,5 +1,6 @@
 #include "studio/console/terminal.h"
 
+#include <fcntl.h>
 #include <unistd.h>
 
 #include <cerrno>
@@ -13,7 +14,21 @@ namespace {
 constexpr qint64 kQuietTime = 500;
 constexpr qint64 kInterval = 100;
 
+std::FILE* errorOutput = stderr;
+
 }  // namespace
+
+void SilenceLibraries() {
+#ifndef __SANITIZE_ADDRESS__
+  const int own = fcntl(STDERR_FILENO, F_DUPFD_CLOEXEC, STDERR_FILENO + 1);
+  std::FILE* const output = fdopen(own, "w");
+  const int nowhere = open("/dev/null", O_WRONLY | O_CLOEXEC);
+  if (!output || dup2(nowhere, STDERR_FILENO) < 0) return;
+  std::setvbuf(output, nullptr, _IONBF, 0);
+  errorOutput = output;
+  close(nowhere);
+#endif
+}
 
 void Print(const QString& text) {
   if (std::fputs(qPrintable(text), stdout) >= 0 && std::fflush(stdout) == 0) return;
@@ -22,16 +37,16 @@ void Print(const QString& text) {
 }
 
 void PrintError(const QString& text) {
-  std::fprintf(stderr, "tesserae-studio: %s\n", qPrintable(OnOneLine(text)));
+  std::fprintf(errorOutput, "tesserae-studio: %s\n", qPrintable(OnOneLine(text)));
 }
 
 ProgressLine::ProgressLine(bool isWanted)
-    : isTerminal(isWanted && isatty(STDERR_FILENO)), nextTime(kQuietTime) {
+    : isTerminal(isWanted && isatty(fileno(errorOutput))), nextTime(kQuietTime) {
   sinceStart.start();
 }
 
 ProgressLine::~ProgressLine() {
-  if (isShown) std::fputs("\r\033[K", stderr);
+  if (isShown) std::fputs("\r\033[K", errorOutput);
 }
 
 void ProgressLine::Show(int done, int all) {
@@ -40,6 +55,5 @@ void ProgressLine::Show(int done, int all) {
   isShown = true;
   const QString text = Text("$$$/Studio/Line/Building=Building the mosaic: %1 %  (Ctrl+C stops)",
                             QString::number(int(100.0 * done / all)));
-  std::fprintf(stderr, "\r%s", qPrintable(text));
-  std::fflush(stderr);
+  std::fprintf(errorOutput, "\r%s", qPrintable(text));
 }

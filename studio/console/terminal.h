@@ -4,6 +4,10 @@
 #include <QString>
 #include <boost/core/noncopyable.hpp>
 
+/// Keeps the error output for this program's own lines: what libraries and child processes write
+/// there from now on is dropped. With a sanitizer it is shown, because reports go there too.
+void SilenceLibraries();
+
 /// Writes a text to the standard output at once. Throws StudioError when it cannot be written.
 void Print(const QString& text);
 

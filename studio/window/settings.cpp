@@ -9,8 +9,7 @@ namespace {
 
 constexpr int kMostRecentPictures = 8;
 
-/// Some may be on a disk that is away for the moment.
-const Kept<QStringList> kKnownPictures{"recentPictures"};
+const Kept<QStringList> kRecentPictures{"recentPictures"};
 const Kept<QString> kTheme{"theme"};
 
 }  // namespace
@@ -30,21 +29,19 @@ void ChooseTheme(qtui::Theme theme) {
 }
 
 QStringList RecentPictures() {
-  QStringList paths = kKnownPictures.Get();
-  paths.removeIf([](const QString& path) { return !QFileInfo(path).isFile(); });
-  return paths;
+  return kRecentPictures.Get();
 }
 
 void AddRecentPicture(const QString& path) {
   const QString absolute = QFileInfo(path).absoluteFilePath();
-  QStringList paths = kKnownPictures.Get();
+  QStringList paths = kRecentPictures.Get();
   paths.removeAll(absolute);
   paths.prepend(absolute);
-  kKnownPictures.Set(paths.mid(0, kMostRecentPictures));
+  kRecentPictures.Set(paths.mid(0, kMostRecentPictures));
 }
 
 void ClearRecentPictures() {
-  File().remove(kKnownPictures.key);
+  File().remove(kRecentPictures.key);
 }
 
 }  // namespace settings

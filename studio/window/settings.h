@@ -30,8 +30,8 @@ inline const Kept<QByteArray> kWindowGeometry{"geometry"};
 qtui::Theme ChosenTheme();
 void ChooseTheme(qtui::Theme theme);
 
-/// Paths of pictures that were opened, the last one first; those that are not there now are left
-/// out.
+/// Paths of the pictures that were opened last, the latest first. Not every one need exist now:
+/// asking for a file on a network disk that cannot be reached blocks for minutes.
 QStringList RecentPictures();
 void AddRecentPicture(const QString& path);
 void ClearRecentPictures();

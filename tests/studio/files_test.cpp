@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
 #include <csignal>
 #include <iterator>
@@ -72,23 +73,51 @@ TEST_F(Output, ThatIsGivenUpOrFindsNoRoomLeavesNothing) {
   }
   EXPECT_EQ(Files(), 1);
 
-  // What fits into the program's buffer fails only when it is written out, after the first file
-  // was.
   std::signal(SIGXFSZ, SIG_IGN);
   rlimit limit{};
   getrlimit(RLIMIT_FSIZE, &limit);
   {
     OutputSet outputs;
     WriteAll(outputs.Add(Name("old")), "new");
-    WriteAll(outputs.Add(Name("large")), std::string(1000, 'x'));
+    QIODevice& large = outputs.Add(Name("large"));
     const rlimit low{100, limit.rlim_max};
     setrlimit(RLIMIT_FSIZE, &low);
-    EXPECT_THROW(outputs.Commit(), StudioError);
+    std::string reason;
+    try {
+      WriteAll(large, std::string(1000, 'x'));  // a tenth of it finds room
+    } catch (const StudioError& error) {
+      reason = error.what();
+    }
     setrlimit(RLIMIT_FSIZE, &limit);
+    EXPECT_TRUE(reason.ends_with("large: the file is too large")) << reason;
   }
   std::signal(SIGXFSZ, SIG_DFL);
   EXPECT_EQ(Files(), 1);
   EXPECT_EQ(Text("old"), "as it was");
+}
+
+TEST_F(Output, LeavesNothingBesideSomebodyElsesFileInAStickyFolder) {
+  if (geteuid() != 0) GTEST_SKIP() << "only root can become somebody else";
+  constexpr uid_t kSomebodyElse = 65534;
+  const auto openToAll = [&](const char* file) {
+    fs::permissions(folder.path / file, fs::perms(0666));
+  };
+  fs::permissions(folder.path, fs::perms(01777));
+  openToAll("old");
+  {
+    ASSERT_EQ(seteuid(kSomebodyElse), 0);
+    OutputSet outputs;
+    EXPECT_THROW(outputs.Add(Name("old")), StudioError);
+    WriteAll(outputs.Add(Name("later")), "new");
+    ASSERT_EQ(seteuid(0), 0);
+    folder.Write("later", "root's");
+    openToAll("later");
+    ASSERT_EQ(seteuid(kSomebodyElse), 0);
+    EXPECT_THROW(outputs.Commit(), StudioError);
+  }
+  ASSERT_EQ(seteuid(0), 0);
+  EXPECT_EQ(Text("old") + Text("later"), "as it wasroot's");
+  EXPECT_EQ(Files(), 2);
 }
 
 TEST_F(Output, GoesBehindLinksAndKeepsTheMode) {

@@ -752,20 +752,12 @@ QImage Painted(QSize tiles, QSizeF tile, QSizeF spacing, double scale, double ra
   return image;
 }
 
-TEST(Settings, KnowRecentPicturesEvenWhileTheirDiskIsAway) {
+TEST(Settings, RememberTheLastPicturesWithoutLookingForThem) {
   const QTemporaryDir folder;
   qputenv("XDG_CONFIG_HOME", folder.path().toUtf8());
-  const auto path = [&](const QString& name) { return folder.filePath(name); };
-  for (const char* name : {"1", "2", "3", "4", "5", "6", "7", "8", "9", "5"}) {
-    QFile(path(name)).open(QIODevice::WriteOnly);
-    settings::AddRecentPicture(path(name));
-  }
-  ASSERT_TRUE(QFile::rename(path("9"), path("away")));
-  EXPECT_EQ(settings::RecentPictures(), QStringList({path("5"), path("8"), path("7"), path("6"),
-                                                     path("4"), path("3"), path("2")}));
-  settings::AddRecentPicture(path("4"));
-  ASSERT_TRUE(QFile::rename(path("away"), path("9")));
-  EXPECT_EQ(settings::RecentPictures().mid(0, 3), QStringList({path("4"), path("5"), path("9")}));
+  for (const char* name : {"1", "2", "3", "4", "5", "6", "7", "8", "9", "5"})
+    settings::AddRecentPicture(QString("/away/") + name);
+  EXPECT_EQ(settings::RecentPictures().join(' ').remove("/away/"), "5 9 8 7 6 4 3 2");
   settings::ClearRecentPictures();
   EXPECT_EQ(settings::RecentPictures(), QStringList());
 }
