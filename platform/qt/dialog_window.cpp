@@ -59,14 +59,14 @@ PointT<float> Larger(PointT<float> one, PointT<float> other) {
 
 }  // namespace
 
-DialogWindow::DialogWindow(DialogRun& modalRun, QWidget* parent)
+DialogWindow::DialogWindow(DialogRun& modalRun, QWidget* parent, Qt::WindowModality modality)
     : QDialog(parent, FlagsFor(modalRun.Dialog().GetStyle())),
       run(modalRun),
       dialog(modalRun.Dialog()),
       column(*new QVBoxLayout(this)) {
   setObjectName(ToQString(dialog.UI_GetNodeID()));
   setWindowTitle(ToQString(dialog.GetTitle()));
-  setWindowModality(Qt::ApplicationModal);
+  setWindowModality(modality);
   setAttribute(Qt::WA_QuitOnClose, false);  // a dialog is no reason for the application to go on
 
   column.setContentsMargins(0, 0, 0, 0);
@@ -160,6 +160,11 @@ void DialogWindow::Place() {
     case DialogPlacement::kCentered:
       return move(screen()->availableGeometry().center() - rect().center());
     case DialogPlacement::kPositioned:
+      if (wantedPosition) {
+        const QScreen* const there = QGuiApplication::screenAt(*wantedPosition);
+        return MoveWithin((there != nullptr ? there : screen())->availableGeometry(),
+                          *wantedPosition);
+      }
       if (!beside.isEmpty()) return PlaceBeside();
       return;  // Qt centres a dialog over its parent window, or on the screen
   }
@@ -183,6 +188,11 @@ void DialogWindow::PlaceBeside() {
   // There is room for a part of the rectangle only: on the side where more of it stays in sight.
   const bool isRightFreer = room.right() - beside.right() >= beside.left() - room.left();
   MoveWithin(room, {isRightFreer ? room.right() : room.left(), middle});
+}
+
+bool DialogWindow::WasMoved() const {
+  constexpr int kNoticeable = 8;  // window managers adjust a place by the frame's width
+  return placedAt && (pos() - *placedAt).manhattanLength() > kNoticeable;
 }
 
 void DialogWindow::SetReadOut(const ReadOut& text) {
@@ -240,7 +250,10 @@ void DialogWindow::FollowDialog() {
   if (wanted == size()) return;
   const QPoint middle = geometry().center();
   resize(wanted);
-  if (isVisible() && dialog.GetStyle().keepsCentre) move(pos() + middle - geometry().center());
+  if (!isVisible() || !dialog.GetStyle().keepsCentre) return;
+  const QPoint way = middle - geometry().center();
+  move(pos() + way);
+  if (placedAt) *placedAt += way;
 }
 
 void DialogWindow::resizeEvent(QResizeEvent* event) {
@@ -293,6 +306,7 @@ bool DialogWindow::eventFilter(QObject* watched, QEvent* event) {
       if (isPane && !run.IsOver()) run.Guard([this] { FitContent(); });
       break;
     case QEvent::Paint:
+      if (isPane && !placedAt) placedAt = pos();
       if (isPane && whenPainted) QTimer::singleShot(0, this, std::exchange(whenPainted, {}));
       break;
     default:

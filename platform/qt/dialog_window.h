@@ -5,6 +5,7 @@
 #include <QVBoxLayout>
 #include <functional>
 #include <memory>
+#include <optional>
 
 #include "platform/nrvui/ui_node.h"
 #include "platform/qt/dialog_content.h"
@@ -17,7 +18,8 @@ namespace qtui {
 /// window follows the dialog. On a screen that is too small its content scrolls.
 class DialogWindow final : public QDialog, private nrvui::ui::NodeObserver {
  public:
-  DialogWindow(DialogRun& modalRun, QWidget* parent);
+  /// Qt::NonModal leaves input to other windows; they then block what must not be used meanwhile.
+  DialogWindow(DialogRun& modalRun, QWidget* parent, Qt::WindowModality modality);
   ~DialogWindow() override;
 
   /// Called once, from the event loop, after the window was painted for the first time.
@@ -27,6 +29,10 @@ class DialogWindow final : public QDialog, private nrvui::ui::NodeObserver {
   /// A rectangle of the screen that the dialog opens beside, where there is room, if the toolkit
   /// places it; an empty one means nothing.
   void OpenBeside(const QRect& rect) { beside = rect; }
+  /// The place of the frame, which counts before the rectangle.
+  void OpenAt(const std::optional<QPoint>& position) { wantedPosition = position; }
+  /// Whether the user has moved the window since it opened.
+  bool WasMoved() const;
   /// Shows the window until the run is over.
   void RunModal();
 
@@ -66,6 +72,8 @@ class DialogWindow final : public QDialog, private nrvui::ui::NodeObserver {
   QSize natural;
   ReadOut readOut;
   QRect beside;
+  std::optional<QPoint> wantedPosition;
+  std::optional<QPoint> placedAt;  // by this class and the window manager; nothing before painting
   bool isFollowing = false;
 };
 

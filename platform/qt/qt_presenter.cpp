@@ -46,7 +46,9 @@ void QtPresenter::Present(nrvui::ui::UI_Dialog& dialog) {
   screenshot = {};
   if (opening) opening(dialog);
   DialogRun run(dialog);
-  const QPointer<DialogWindow> window = new DialogWindow(run, CurrentWindow());
+  const QPointer<DialogWindow> window =
+      sharingWindow != nullptr ? new DialogWindow(run, sharingWindow, Qt::NonModal)
+                               : new DialogWindow(run, CurrentWindow(), Qt::ApplicationModal);
   const auto close = qScopeGuard([&] { delete window.data(); });  // null if its parent has gone
   const auto photograph = [&] {
     if (takesScreenshots && !run.IsOver()) screenshot = window->grab().toImage();
@@ -64,7 +66,12 @@ void QtPresenter::Present(nrvui::ui::UI_Dialog& dialog) {
     run.Guard(tell);
   }
   window->OpenBeside(beside);
+  window->OpenAt(position);
   window->RunModal();
+  if (!window.isNull()) {
+    lastPosition = window->pos();
+    wasMoved = window->WasMoved();
+  }
   run.RethrowFailure();
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QImage>
+#include <QPoint>
 #include <QRect>
 #include <functional>
 #include <optional>
@@ -14,8 +15,8 @@ class QWidget;
 
 namespace qtui {
 
-/// Shows dialogs as windows, application-modal, over the active window if there is one. The
-/// QApplication must be there. What a handler throws closes the window and leaves Present.
+/// Shows dialogs as windows, by default application-modal over the active window if there is one.
+/// The QApplication must exist. An exception of a handler closes the window and leaves Present.
 class QtPresenter final : public nrvui::ui::DialogPresenter {
  public:
   /// Throws std::logic_error without a QApplication.
@@ -52,6 +53,17 @@ class QtPresenter final : public nrvui::ui::DialogPresenter {
   /// A rectangle of the screen that dialogs open beside, where there is room, if the toolkit places
   /// them; an empty one means nothing.
   void OpenBeside(const QRect& rect) { beside = rect; }
+  /// A place for the frames of these dialogs, which counts before the rectangle.
+  void OpenAt(const std::optional<QPoint>& framePosition) { position = framePosition; }
+  /// Where the frame of the last dialog was when it closed.
+  QPoint LastPosition() const { return lastPosition; }
+  /// Whether the user had moved that dialog.
+  bool WasMoved() const { return wasMoved; }
+
+  /// Dialogs belong to this window and block no input: the window itself disables what must not be
+  /// used while one is open. The window must outlive the presenter's use. Null restores the
+  /// default.
+  void ShareInputWith(QWidget* window) { sharingWindow = window; }
 
  private:
   std::optional<nrvui::gestures::GestureScript> script;
@@ -63,6 +75,10 @@ class QtPresenter final : public nrvui::ui::DialogPresenter {
   std::function<void(QWidget&)> paintedHook;
   ChangedHook changedHook;
   QRect beside;
+  std::optional<QPoint> position;
+  QPoint lastPosition;
+  bool wasMoved = false;
+  QWidget* sharingWindow = nullptr;
 };
 
 }  // namespace qtui

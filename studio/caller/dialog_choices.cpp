@@ -92,6 +92,12 @@ DialogEntries EntriesIn(const nrvui::ui::UI_Dialog& dialog) {
   return entries;
 }
 
+void FocusFirst(nrvui::ui::UI_Dialog& dialog, const std::string& id) {
+  nrvui::ui::ForEachBelow<UI_Node>(dialog, [&](UI_Node& node) {
+    if (node.UI_GetNodeID().View() == id) dialog.SetInitialFocus(&node);
+  });
+}
+
 QString EnterAgain(nrvui::ui::UI_Dialog& dialog, const DialogEntries& entries) {
   QStringList changes;
   const auto note = [&](const nrvui::gestures::Outcome& outcome) {

@@ -18,6 +18,9 @@ using DialogEntries = std::map<std::string, double>;
 
 DialogEntries EntriesIn(const nrvui::ui::UI_Dialog& dialog);
 
+/// Gives the control of this ID the focus when the dialog opens.
+void FocusFirst(nrvui::ui::UI_Dialog& dialog, const std::string& id);
+
 /// Does to a dialog that was just opened what a person would who wants these entries: clicks first,
 /// since they change what fields hold, then types the numbers that differ. Answers, in sentences,
 /// what did not become as it was; empty when all did.

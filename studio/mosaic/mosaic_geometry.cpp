@@ -2,7 +2,6 @@
 
 #include <cmath>
 
-#include "studio/base/studio_error.h"
 #include "studio/base/text.h"
 
 namespace {
@@ -10,19 +9,28 @@ namespace {
 // In points; the four decimals of numbers in SVG and PDF files cannot tell smaller tiles apart.
 constexpr double kSmallestTile = 0.001;
 
-/// The errors about one direction of the mosaic.
+/// The dialog's fields for one direction of the mosaic, and the errors about it.
 struct Refusals {
+  const char* countField;
+  const char* sizeField;
+  const char* spacingField;
   const char* noTile;
   const char* noSize;
   const char* noRoom;
 };
 
 constexpr Refusals kAcross{
+    "HorizontalCountTxt",
+    "NewWidthTxt",
+    "TileSpaceHorzTxt",
     "$$$/Studio/Mosaic/NoColumn=a mosaic needs at least one tile across",
     "$$$/Studio/Mosaic/NoWidth=the new width leaves no mosaic: it must be above 0",
     "$$$/Studio/Mosaic/NoRoomAcross=no room for tiles: %1 tiles across with a spacing of %2 pt "
     "don't fit in a width of %3 pt"};
 constexpr Refusals kDown{
+    "VerticalCountTxt",
+    "NewHeightTxt",
+    "TileSpaceVertTxt",
     "$$$/Studio/Mosaic/NoRow=a mosaic needs at least one tile down",
     "$$$/Studio/Mosaic/NoHeight=the new height leaves no mosaic: it must be above 0",
     "$$$/Studio/Mosaic/NoRoomDown=no room for tiles: %1 tiles down with a spacing of %2 pt "
@@ -35,12 +43,12 @@ struct Side {
   double size;
 
   double TileSize() const {
-    if (tiles < 1) throw StudioError(refusals.noTile);
-    if (!std::isfinite(size) || size <= 0) throw StudioError(refusals.noSize);
+    if (tiles < 1) throw ChoiceError(refusals.countField, refusals.noTile);
+    if (!std::isfinite(size) || size <= 0) throw ChoiceError(refusals.sizeField, refusals.noSize);
     const double tile = (size - double(tiles - 1) * spacing) / tiles;
     if (spacing >= 0 && tile >= kSmallestTile) return tile;
-    throw StudioError(refusals.noRoom, NumberForUser(tiles), NumberForUser(spacing),
-                      NumberForUser(size));
+    throw ChoiceError(spacing == 0 ? refusals.sizeField : refusals.spacingField, refusals.noRoom,
+                      NumberForUser(tiles), NumberForUser(spacing), NumberForUser(size));
   }
 };
 

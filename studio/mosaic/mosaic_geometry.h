@@ -2,7 +2,23 @@
 
 #include <QSizeF>
 
+#include "studio/base/studio_error.h"
 #include "studio/mosaic/mosaic_choices.h"
+
+/// Choices that lead to no mosaic.
+class ChoiceError : public StudioError {
+ public:
+  /// `controlId` is the ID of the dialog's field to change, a literal; the rest is as
+  /// StudioError's.
+  template <typename... Values>
+  ChoiceError(const char* controlId, const char* key, const Values&... values)
+      : StudioError(key, values...), field(controlId) {}
+
+  const char* Field() const { return field; }
+
+ private:
+  const char* field;
+};
 
 /// Where the tiles lie, in points from the mosaic's top left corner, y downwards.
 struct MosaicGeometry {
@@ -13,7 +29,7 @@ struct MosaicGeometry {
   QSizeF tile;     // of one tile, above 0
 
   /// From what the dialog gave back; shares count from `sourceSize`, the picture's. Throws
-  /// StudioError when there is no tile, no size, or no room for tiles between the spacing.
+  /// ChoiceError when there is no tile, no size, or no room for tiles between the spacing.
   static MosaicGeometry From(const MosaicChoices& choices, QSizeF sourceSize);
 
   double Left(int column) const { return column * (tile.width() + spacing.width()); }

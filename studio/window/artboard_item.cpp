@@ -28,7 +28,8 @@ void PaintPicture(QPainter& painter, ImageLevels& levels, const QRectF& target) 
 
 }  // namespace
 
-ArtboardItem::ArtboardItem(const Artwork& artwork) : art(Around(artwork.Size())) {
+ArtboardItem::ArtboardItem(const Artwork& artwork)
+    : art(Around(artwork.Size())), picture(artwork.picture.PixelsInSrgb()) {
   setFlag(ItemUsesExtendedStyleOption);  // to be told what is exposed
 
   // The page stays when the picture becomes a mosaic, unless that grows beyond it.
@@ -36,13 +37,14 @@ ArtboardItem::ArtboardItem(const Artwork& artwork) : art(Around(artwork.Size()))
   const QSizeF size = placed.expandedTo(artwork.Size());
   const double margin = kMargin * std::max(size.width(), size.height());
   page = Around(size).adjusted(-margin, -margin, margin, margin);
-
-  if (!artwork.mosaic) {
-    picture.emplace(artwork.picture.PixelsInSrgb());
-    return;
-  }
-  if (!artwork.mosaic->below.isNull()) picture.emplace(artwork.mosaic->below);
+  if (!artwork.mosaic) return;
+  if (!artwork.mosaic->below.isNull()) below.emplace(artwork.mosaic->below);
   tiles.emplace(artwork.mosaic);
+}
+
+void ArtboardItem::SetComparing(bool comparing) {
+  isComparing = comparing;
+  update();
 }
 
 QRectF ArtboardItem::boundingRect() const {
@@ -66,8 +68,8 @@ void ArtboardItem::paint(QPainter* painter, const QStyleOptionGraphicsItem* opti
   painter->drawRect(art.adjusted(-line, -line, line, line));
   painter->fillRect(art, Qt::white);
 
-  if (picture) PaintPicture(*painter, *picture, art);
-  if (!tiles) return;
+  if (isComparing || !tiles) return PaintPicture(*painter, picture, art);
+  if (below) PaintPicture(*painter, *below, art);
   painter->save();
   painter->translate(art.topLeft());
   tiles->Paint(*painter, option->exposedRect.translated(-art.topLeft()));

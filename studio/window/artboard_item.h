@@ -15,12 +15,17 @@ class ArtboardItem final : public QGraphicsItem {
   QRectF Page() const { return page; }
   QRectF Art() const { return art; }
 
+  /// While true, the whole picture is painted in place of the mosaic.
+  void SetComparing(bool comparing);
+
   QRectF boundingRect() const override;
   void paint(QPainter* painter, const QStyleOptionGraphicsItem* option, QWidget* widget) override;
 
  private:
   QRectF art;
   QRectF page;
-  std::optional<ImageLevels> picture;  // what shows of it
+  std::optional<ImageLevels> below;  // what shows of the picture under or without tiles
+  ImageLevels picture;
   std::optional<TilePainter> tiles;
+  bool isComparing = false;
 };

@@ -49,15 +49,25 @@ void Canvas::Show(const ArtworkPtr& artwork) {
   shown = artwork;
   board.clear();
   item = nullptr;
-  if (!artwork) return;
+  if (artwork) ShowItem(isOther);
+  if (whenShown) whenShown(artwork);
+}
+
+void Canvas::ShowItem(bool isOther) {
   setAccessibleDescription(QFileInfo(shown->path).fileName() + ", " + SummaryText(*shown));
-  item = new ArtboardItem(*artwork);
+  item = new ArtboardItem(*shown);
+  item->SetComparing(isComparing);
   board.addItem(item);
   // Room to move the page's edge to the middle.
   const QRectF page = item->Page();
   board.setSceneRect(
       page.adjusted(-page.width() / 2, -page.height() / 2, page.width() / 2, page.height() / 2));
   if (isOther || isFitted) Fit();
+}
+
+void Canvas::SetComparing(bool comparing) {
+  isComparing = comparing;
+  if (item) item->SetComparing(isComparing);
 }
 
 /// A page that is shown whole needs no scroll bars, whatever room there is around it.

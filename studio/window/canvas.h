@@ -32,7 +32,12 @@ class Canvas final : public QGraphicsView {
   /// A frame says that a picture may be dropped here.
   void SetInviting(bool isInviting);
 
+  /// While true, the picture covers the place of its mosaic.
+  void SetComparing(bool isComparing);
+
   void WhenZoomed(std::function<void()> hook) { zoomed = std::move(hook); }
+  /// `hook` is called after each Show with what is shown.
+  void WhenShown(std::function<void(const ArtworkPtr&)> hook) { whenShown = std::move(hook); }
 
  protected:
   void wheelEvent(QWheelEvent* event) override;
@@ -48,6 +53,7 @@ class Canvas final : public QGraphicsView {
   void drawForeground(QPainter* painter, const QRectF& rect) override;
 
  private:
+  void ShowItem(bool isOther);
   void SetFitted(bool fitted);
   void Scale(double zoom);
   void ZoomAt(QPointF position, double factor);
@@ -62,5 +68,7 @@ class Canvas final : public QGraphicsView {
   bool isGrabbed = false;
   bool isFitted = true;
   bool isInviting = false;
+  bool isComparing = false;
   std::function<void()> zoomed;
+  std::function<void(const ArtworkPtr&)> whenShown;
 };

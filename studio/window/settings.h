@@ -25,6 +25,8 @@ inline const Kept<bool> kPreviewsWhileChoosing{"previewWhileChoosing", true};
 inline const Kept<QString> kExportFolder{"exportFolder"};
 /// The kind of the last export by its ending.
 inline const Kept<QString> kExportEnding{"exportEnding", ".svg"};
+/// Where the user moved the dialog "Create Tesserae": a QPoint, invalid before that.
+inline const Kept<QVariant> kDialogPosition{"dialogPosition"};
 inline const Kept<QByteArray> kWindowGeometry{"geometry"};
 
 qtui::Theme ChosenTheme();

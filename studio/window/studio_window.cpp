@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QClipboard>
 #include <QCloseEvent>
+#include <QDialog>
 #include <QDir>
 #include <QElapsedTimer>
 #include <QFileInfo>
@@ -11,6 +12,8 @@
 #include <QScopedValueRollback>
 #include <QScreen>
 #include <QStatusBar>
+#include <QToolBar>
+#include <algorithm>
 #include <cmath>
 
 #include "studio/base/studio_error.h"
@@ -28,6 +31,7 @@ namespace {
 constexpr QSize kFirstSize(1080, 760);
 constexpr QSize kFrameAllowance(16, 48);  // what a window manager puts around a window
 constexpr int kMessageTime = 6000;        // ms
+constexpr Qt::Key kCompareKey = Qt::Key_F8;
 
 QString ExportFailure() {
   return Text("$$$/Studio/Error/Export=The mosaic cannot be exported.");
@@ -99,6 +103,13 @@ void StudioWindow::Connect() {
   on(actions.fit, [this] { canvas->Fit(); });
   on(actions.about, [this] { ShowAbout(); });
   connect(actions.recent, &QMenu::aboutToShow, this, [this] { FillRecentMenu(); });
+  auto& compare = *findChild<QToolBar*>()->widgetForAction(actions.compare);
+  comparison.emplace(static_cast<QAbstractButton&>(compare), kCompareKey,
+                     [this](bool isHeld) { canvas->SetComparing(isHeld); });
+  canvas->WhenShown([this](const ArtworkPtr& shown) {
+    summary->setText(shown ? SummaryText(*shown) : QString());
+    actions.compare->setEnabled(shown && shown->mosaic);
+  });
   canvas->WhenZoomed([this] { actions.zoom->setIconText(PercentText(canvas->Zoom())); });
 }
 
@@ -223,12 +234,13 @@ std::optional<StudioWindow::Built> StudioWindow::AskUntilBuilt(const MosaicChoic
     presenter.WhenChanged({});
   });
   QString notice;  // said until the person changes something
+  const char* fieldAtFault = nullptr;
   std::optional<DialogEntries> opened;
   presenter.BeforeShown([&](nrvui::ui::UI_Dialog& dialog) {
     notice = QStringList{notice, EnterAgain(dialog, entries)}.join(' ').trimmed();
     opened = EntriesIn(dialog);
+    if (fieldAtFault) FocusFirst(dialog, fieldAtFault);
   });
-  presenter.OpenBeside(canvas->ArtOnScreen());
   presenter.WhenChanged([&](const nrvui::ui::UI_Dialog& dialog) {
     entries = EntriesIn(dialog);
     const MosaicChoices present = ChoicesOnOk(dialog, asked);
@@ -236,10 +248,9 @@ std::optional<StudioWindow::Built> StudioWindow::AskUntilBuilt(const MosaicChoic
     if (!notice.isEmpty() && entries == opened) return qtui::ReadOut{notice, true};
     return OutlookFor(shown->picture, present);
   });
-  const nrvui::ui::InstalledPresenter installed(presenter);
-  while (true) {
+  for (std::optional<QPoint> reopensAt;; reopensAt = presenter.LastPosition()) {
     MosaicChoices choices = asked;
-    if (!Caller().Ask(choices.params, choices.state)) return std::nullopt;
+    if (!Ask(choices, reopensAt)) return std::nullopt;
     confirmed[{shown->path, shown->isSizeKnown}] = {choices, entries};
     actions.tesseraeAgain->setEnabled(true);
     QElapsedTimer clock;
@@ -249,10 +260,28 @@ std::optional<StudioWindow::Built> StudioWindow::AskUntilBuilt(const MosaicChoic
         return Built{choices, std::move(*mosaic), double(clock.elapsed()) / 1000};
       }
       notice = Text("$$$/Studio/Line/Stopped=The building was stopped.");
+    } catch (const ChoiceError& error) {
+      notice = Sentence(error.what());
+      fieldAtFault = error.Field();
     } catch (const std::exception& error) {
       notice = Sentence(ReasonText(error));
     }
   }
+}
+
+bool StudioWindow::Ask(MosaicChoices& choices, const std::optional<QPoint>& reopensAt) {
+  const QVariant moved = settings::kDialogPosition.Get();
+  presenter.OpenBeside(canvas->ArtOnScreen());
+  presenter.OpenAt(reopensAt || !moved.isValid() ? reopensAt : moved.toPoint());
+  presenter.ShareInputWith(this);
+  actions.blocked->setEnabled(false);
+  const auto unblock = qScopeGuard([this] {
+    actions.blocked->setEnabled(true);
+    presenter.ShareInputWith(nullptr);
+    if (presenter.WasMoved()) settings::kDialogPosition.Set(presenter.LastPosition());
+  });
+  const nrvui::ui::InstalledPresenter installed(presenter);
+  return Caller().Ask(choices.params, choices.state);
 }
 
 bool StudioWindow::AskForExport() {
@@ -362,7 +391,6 @@ void StudioWindow::ShowDocument() {
   actions.redo->setText(redo.isEmpty() ? Text("$$$/Studio/Menu/Redo=&Redo")
                                        : Text("$$$/Studio/Menu/RedoWhat=&Redo %1", redo));
 
-  summary->setText(shown ? SummaryText(*shown) : QString());
   actions.zoom->setIconText(PercentText(canvas->Zoom()));
   setWindowTitle(shown ? Text("$$$/Studio/TitleWithPicture=%1 — Tesserae Studio",
                               QFileInfo(shown->path).fileName() + "[*]")
@@ -394,6 +422,15 @@ void StudioWindow::closeEvent(QCloseEvent* event) {
   }
   settings::kWindowGeometry.Set(saveGeometry());
   event->accept();
+}
+
+/// Return and Escape on the artboard lead back to the dialog that is open.
+void StudioWindow::keyPressEvent(QKeyEvent* event) {
+  QMainWindow::keyPressEvent(event);
+  const int keys[] = {Qt::Key_Return, Qt::Key_Enter, Qt::Key_Escape};
+  if (std::ranges::find(keys, event->key()) == std::end(keys)) return;
+  for (QDialog* dialog : findChildren<QDialog*>(Qt::FindDirectChildrenOnly))
+    if (dialog->isVisible()) dialog->activateWindow();
 }
 
 void StudioWindow::dragEnterEvent(QDragEnterEvent* event) {

@@ -14,6 +14,7 @@
 #include "studio/mosaic/artwork.h"
 #include "studio/window/canvas.h"
 #include "studio/window/document.h"
+#include "studio/window/hold_to_compare.h"
 #include "studio/window/live_preview.h"
 #include "studio/window/message_boxes.h"
 #include "studio/window/start_page.h"
@@ -43,6 +44,7 @@ class StudioWindow final : public QMainWindow {
 
  protected:
   void closeEvent(QCloseEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
   void dragEnterEvent(QDragEnterEvent* event) override;
   void dragLeaveEvent(QDragLeaveEvent* event) override;
   void dropEvent(QDropEvent* event) override;
@@ -84,6 +86,9 @@ class StudioWindow final : public QMainWindow {
   /// Shows the dialog, again after a building that was stopped or failed, until a mosaic was built
   /// or the person cancelled; nothing in the latter case.
   std::optional<Built> AskUntilBuilt(const MosaicChoices& asked, DialogEntries entries);
+  /// Shows the dialog beside the artwork, or where the user moved it; `reopensAt` counts before
+  /// both. Returns whether OK closed it.
+  bool Ask(MosaicChoices& choices, const std::optional<QPoint>& reopensAt);
   /// Does what the studio can do only one at a time; tells what goes wrong. Answers whether it was
   /// done.
   bool Do(const QString& failure, const std::function<bool()>& work);
@@ -106,6 +111,7 @@ class StudioWindow final : public QMainWindow {
   QStackedWidget* const pages;
   StartPage* startPage;
   Canvas* canvas;
+  std::optional<HoldToCompare> comparison;
   QLabel* const summary;
   /// What OK confirmed last for a picture, by its path and whether its size was known.
   std::map<std::pair<QString, bool>, Confirmed> confirmed;

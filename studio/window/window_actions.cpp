@@ -20,6 +20,7 @@ struct Row {
   const char* tip;
   const char* shortcuts;  // separated by "; "
   std::optional<Drawing> drawing = std::nullopt;
+  bool onlyLooks = false;  // also while the dialog "Create Tesserae" is open
 };
 
 constexpr Row kRows[] = {
@@ -48,17 +49,21 @@ constexpr Row kRows[] = {
      "$$$/Studio/Menu/CreateAgain=Create Tesserae A&gain…",
      "$$$/Studio/Tip/CreateAgain=Begin with what you chose last for this picture", "Ctrl+Shift+T"},
     {&WindowActions::zoomIn, "zoomIn", "$$$/Studio/Menu/ZoomIn=Zoom &In",
-     "$$$/Studio/Tip/ZoomIn=Zoom in", "Ctrl++; Ctrl+=", Drawing::kZoomIn},
+     "$$$/Studio/Tip/ZoomIn=Zoom in", "Ctrl++; Ctrl+=", Drawing::kZoomIn, true},
     {&WindowActions::zoomOut, "zoomOut", "$$$/Studio/Menu/ZoomOut=Zoom &Out",
-     "$$$/Studio/Tip/ZoomOut=Zoom out", "Ctrl+-", Drawing::kZoomOut},
+     "$$$/Studio/Tip/ZoomOut=Zoom out", "Ctrl+-", Drawing::kZoomOut, true},
     {&WindowActions::actualSize, "actualSize", "$$$/Studio/Menu/ActualSize=&Actual Size", "",
-     "Ctrl+1"},
+     "Ctrl+1", std::nullopt, true},
     {&WindowActions::fit, "fit", "$$$/Studio/Menu/Fit=&Fit in Window",
-     "$$$/Studio/Tip/Fit=Fit in the window", "Ctrl+0", Drawing::kFit},
+     "$$$/Studio/Tip/Fit=Fit in the window", "Ctrl+0", Drawing::kFit, true},
     {&WindowActions::preview, "previewWhileChoosing",
      "$$$/Studio/Menu/Preview=&Preview While Choosing", "", ""},
     {&WindowActions::about, "about", "$$$/Studio/Menu/About=&About", "", ""},
-    {&WindowActions::zoom, "zoom", "$$$/Studio/Menu/Zoom=&Zoom", "$$$/Studio/Tip/Zoom=Zoom", ""},
+    {&WindowActions::zoom, "zoom", "$$$/Studio/Menu/Zoom=&Zoom", "$$$/Studio/Tip/Zoom=Zoom", "",
+     std::nullopt, true},
+    {&WindowActions::compare, "compare", "$$$/Studio/Menu/Compare=Co&mpare",
+     "$$$/Studio/Tip/Compare=Hold to see the picture without the mosaic", "F8", Drawing::kPicture,
+     true},
 };
 
 /// "Zoom in (Ctrl++)"
@@ -81,12 +86,15 @@ void MakeAction(QMainWindow& window, WindowActions& actions, const Row& row) {
   if (*row.tip) action->setToolTip(ToolTip(row, *action));
   if (row.drawing) action->setIcon(LineIcon(*row.drawing));
   action->setIconVisibleInMenu(false);
+  // Zooming works in the dialog's window too.
+  row.onlyLooks ? action->setShortcutContext(Qt::ApplicationShortcut) : actions.Block(action);
   actions.*row.action = action;
 }
 
 /// Each theme is kept when it is chosen.
 void FillThemeMenu(QMenu& menu) {
   auto* const group = new QActionGroup(&menu);
+  group->setObjectName("themes");
   const std::pair<qtui::Theme, const char*> themes[] = {
       {qtui::Theme::kSystem, "$$$/Studio/Menu/ThemeSystem=Like the &System"},
       {qtui::Theme::kLight, "$$$/Studio/Menu/ThemeLight=&Light"},
@@ -128,10 +136,12 @@ void FillMenus(QMainWindow& window, WindowActions& actions) {
   view->addSeparator();
   view->addAction(actions.preview);
   view->addSeparator();
-  FillThemeMenu(*view->addMenu(Text("$$$/Studio/Menu/Theme=&Theme")));
+  QMenu* const themes = view->addMenu(Text("$$$/Studio/Menu/Theme=&Theme"));
+  FillThemeMenu(*themes);
 
   QMenu* const help = bar.addMenu(Text("$$$/Studio/Menu/Help=&Help"));
   help->addAction(actions.about);
+  for (const QMenu* menu : {actions.recent, themes}) actions.Block(menu->menuAction());
 }
 
 /// The buttons that a newcomer looks for say what they do.
@@ -155,7 +165,7 @@ void FillToolBar(QMainWindow& window, WindowActions& actions) {
   auto* const gap = new QWidget;
   gap->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Preferred);
   bar->addWidget(gap);
-  bar->addActions({actions.zoomOut, actions.zoom, actions.zoomIn, actions.fit});
+  bar->addActions({actions.compare, actions.zoomOut, actions.zoom, actions.zoomIn, actions.fit});
   bar->addSeparator();
   bar->addAction(actions.exportMosaic);
   for (QAction* action : {actions.open, actions.tesserae, actions.exportMosaic}) {
@@ -169,7 +179,8 @@ void FillToolBar(QMainWindow& window, WindowActions& actions) {
 
 }  // namespace
 
-WindowActions::WindowActions(QMainWindow& window) {
+WindowActions::WindowActions(QMainWindow& window) : blocked(new QActionGroup(&window)) {
+  blocked->setExclusionPolicy(QActionGroup::ExclusionPolicy::None);
   for (const Row& row : kRows) MakeAction(window, *this, row);
   placeUnknown->setCheckable(true);
   preview->setCheckable(true);

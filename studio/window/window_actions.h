@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QAction>
+#include <QActionGroup>
 #include <QMainWindow>
 #include <QMenu>
 
@@ -8,6 +9,12 @@
 /// belong to the window.
 struct WindowActions {
   explicit WindowActions(QMainWindow& window);
+
+  /// Disables and enables the action together with all that a dialog "Create Tesserae" blocks.
+  void Block(QAction* action) { blocked->addAction(action); }
+
+  /// All actions but those that only change the view. Disabling the group keeps the state of each.
+  QActionGroup* const blocked;
 
   QAction* open;
   QAction* placeUnknown;
@@ -26,6 +33,7 @@ struct WindowActions {
   QAction* fit;
   QAction* preview;
   QAction* about;
+  QAction* compare;  // on the toolbar; its button and its key are held
   QMenu* recent;
   QAction* zoom;  // on the toolbar; its text is the present zoom
 };

@@ -208,6 +208,74 @@ TEST_F(StudioWindowTest, TheCanvasShowsWhatOkWouldBuildWhileTheDialogIsOpen) {
   Export("out.svg");
 }
 
+TEST_F(StudioWindowTest, OnlyTheViewCanBeChangedWhileTheDialogIsOpen) {
+  OpenPicture();
+  const QImage picture = Canvas();
+  auto& compare = *qobject_cast<QAbstractButton*>(
+      window->findChild<QToolBar*>()->widgetForAction(&Action("compare")));
+  EXPECT_FALSE(compare.isEnabled()) << "there is no mosaic yet";
+  presenter.WhenPainted([&](QWidget& dialog) {
+    QTimer::singleShot(0, &dialog, [&] {
+      QTest::qWait(300);
+      EXPECT_EQ(Usable(), "zoomIn zoomOut actualSize fit zoom compare");
+      EXPECT_FALSE(window->close());
+      const QImage preview = Canvas();
+      QTest::keyPress(&dialog, Qt::Key_F8);
+      EXPECT_EQ(Canvas(), picture);
+      QTest::mousePress(&compare, Qt::LeftButton);
+      QTest::keyRelease(&dialog, Qt::Key_F8);
+      EXPECT_EQ(Canvas(), picture) << "the button is still held";
+      QTest::mouseRelease(&compare, Qt::LeftButton);
+      EXPECT_EQ(Canvas(), preview);
+
+      auto& canvas = *window->findChild<::Canvas*>();
+      const double fitted = canvas.Zoom();
+      QTest::keyClick(&dialog, Qt::Key_Plus, Qt::ControlModifier);
+      EXPECT_GT(canvas.Zoom(), fitted) << "from the dialog";
+      Action("fit").trigger();
+
+      auto& width = *dialog.findChild<QWidget*>("NewWidthTxt")->findChild<QLineEdit*>();
+      width.setFocus();
+      width.selectAll();
+      QTest::keyClicks(&width, "30\t");
+      QTest::qWait(50);
+      EXPECT_TRUE(Summary().contains("30 × 40 pt")) << Summary().toStdString();
+      dialog.close();
+    });
+  });
+  EXPECT_FALSE(Create());
+  EXPECT_TRUE(Action("open").isEnabled());
+  EXPECT_TRUE(Summary().startsWith("60 × 40 pt")) << Summary().toStdString();
+}
+
+TEST_F(StudioWindowTest, TheDialogOpensWhereItWasMovedAndAtTheFieldAtFault) {
+  OpenPicture();
+  QPoint expected;
+  QString focused;
+  int dialogs = 0;
+  const auto person = [&](QWidget& dialog) {
+    const QPoint position = dialog.pos();
+    EXPECT_TRUE(++dialogs == 1 || position == expected) << dialogs;
+    if (dialog.focusWidget()) focused = dialog.focusWidget()->objectName();
+    if (dialogs == 1) {
+      expected = position + QPoint(-40, -30);
+      dialog.move(expected);
+    }
+  };
+  presenter.WhenPainted([&](QWidget& dialog) {
+    person(dialog);
+    if (dialogs == 2) dialog.close();
+  });
+  EXPECT_FALSE(Create("enter NewHeightTxt 0\nkey Return"));
+  EXPECT_EQ(dialogs, 2);
+  EXPECT_EQ(focused, "NewHeightTxt");
+  Close();
+  OpenPicture();
+  EXPECT_FALSE(Create("key Escape"));
+  EXPECT_EQ(dialogs, 3);
+  presenter.WhenPainted({});
+}
+
 TEST_F(StudioWindowTest, APictureBecomesAMosaicThatCanBeUndoneAndExported) {
   OpenPicture();
   EXPECT_EQ(Summary(), "60 × 40 pt   ·   21.2 × 14.1 mm");
@@ -224,7 +292,7 @@ TEST_F(StudioWindowTest, APictureBecomesAMosaicThatCanBeUndoneAndExported) {
   EXPECT_EQ(Usable(),
             "open placeUnknown export exportAgain quit undo copy paste createTesserae "
             "createTesseraeAgain zoomIn zoomOut actualSize fit previewWhileChoosing "
-            "about zoom");
+            "about zoom compare");
   EXPECT_TRUE(window->isWindowModified());
   const QImage mosaic = Canvas();
   EXPECT_NE(mosaic, before);
@@ -708,7 +776,7 @@ TEST_F(StudioWindowTest, NothingIsClippedInAnyLanguageOrTheme) {
     OpenPicture();
     EXPECT_TRUE(*language == 'e' || window->size() == QSize(900, 600)) << "as it was closed";
     // Like the system, light, dark: the choice is kept.
-    const QList<QAction*> themes = window->findChild<QActionGroup*>()->actions();
+    const QList<QAction*> themes = window->findChild<QActionGroup*>("themes")->actions();
     EXPECT_TRUE(themes[int(settings::ChosenTheme())]->isChecked());
     themes[int(theme)]->trigger();
     EXPECT_EQ(settings::ChosenTheme(), theme);
