@@ -1,9 +1,11 @@
 #include "studio/window/background_work.h"
 
+#include <QEvent>
 #include <QEventLoop>
 #include <QFileInfo>
 #include <QFutureWatcher>
 #include <QLabel>
+#include <QPointer>
 #include <QProgressDialog>
 #include <QPushButton>
 #include <QShortcut>
@@ -24,7 +26,8 @@ namespace {
 
 constexpr int kQuietTime = 500;  // ms
 
-/// Says how far the work is. Stays until the work has stopped, however it is cancelled.
+/// Shows the progress. Emits canceled on Cancel, Escape, and when either window is closed; stays
+/// open until the work has stopped.
 class WorkDialog final : public QProgressDialog {
  public:
   WorkDialog(QWidget& window, const QString& text, int steps)
@@ -33,7 +36,7 @@ class WorkDialog final : public QProgressDialog {
         button(new QPushButton(Text("$$$/Studio/Progress/Cancel=Cancel"))) {
     setObjectName("progress");
     setWindowTitle(window.windowTitle().remove("[*]"));
-    setWindowModality(Qt::ApplicationModal);
+    window.installEventFilter(this);
     setAutoReset(false);
     setMinimumDuration(0);
     setMinimumWidth(fontMetrics().averageCharWidth() * 52);
@@ -53,9 +56,32 @@ class WorkDialog final : public QProgressDialog {
 
   void reject() override { emit canceled(); }
 
+ protected:
+  bool eventFilter(QObject*, QEvent* event) override {
+    if (event->type() == QEvent::Close) emit canceled();
+    return false;
+  }
+
  private:
   QLabel* const label;
   QPushButton* const button;
+};
+
+/// Blocks a window's input, but not its closing, which a modal dialog would block too.
+class DisabledWindow {
+ public:
+  explicit DisabledWindow(QWidget& disabled) : window(disabled), focus(disabled.focusWidget()) {
+    window.setEnabled(false);
+  }
+  ~DisabledWindow() {
+    window.setEnabled(true);
+    if (focus) focus->setFocus();
+  }
+  Q_DISABLE_COPY(DisabledWindow)
+
+ private:
+  QWidget& window;
+  const QPointer<QWidget> focus;
 };
 
 enum class WhenCancelled { kWait, kLeave };
@@ -86,6 +112,7 @@ bool DoInBackground(QWidget& window, const QString& label, int steps,
   QTimer::singleShot(kQuietTime, &loop, &QEventLoop::quit);
   loop.exec(QEventLoop::ExcludeUserInputEvents);
   if (!watcher.isFinished()) {
+    const DisabledWindow disabled(window);  // before the dialog, which would be disabled with it
     WorkDialog dialog(window, label, steps);
     QObject::connect(&watcher, &QFutureWatcherBase::progressValueChanged, &dialog,
                      &QProgressDialog::setValue);

@@ -10,9 +10,9 @@ class QWidget;
 struct ExportKind;
 
 /// The studio's long work, on other threads than the window's. The window is redrawn meanwhile but
-/// takes no input; after half a second a dialog shows the progress and can cancel the work, as the
-/// end of the program does. Each answers nothing, or false, when it was cancelled, and throws
-/// StudioError when it fails.
+/// takes no input; after half a second the window is disabled and a dialog shows the progress. The
+/// dialog, closing the window and the end of the program cancel the work. Each answers nothing, or
+/// false, when it was cancelled, and throws StudioError when it fails.
 
 std::optional<Picture> ReadPicture(QWidget& window, const QString& path);
 

@@ -12,6 +12,7 @@
 #include <QScopedValueRollback>
 #include <QScreen>
 #include <QStatusBar>
+#include <QTimer>
 #include <QToolBar>
 #include <algorithm>
 #include <cmath>
@@ -158,6 +159,9 @@ void StudioWindow::ShowAbout() {
 bool StudioWindow::Do(const QString& failure, const std::function<bool()>& work) {
   if (isBusy) return false;
   const QScopedValueRollback busy(isBusy, true);
+  const auto closeNow = qScopeGuard([this] {
+    if (std::exchange(closesAfterWork, false)) QTimer::singleShot(0, this, &QWidget::close);
+  });
   try {
     return work();
   } catch (const std::exception& error) {
@@ -259,6 +263,7 @@ std::optional<StudioWindow::Built> StudioWindow::AskUntilBuilt(const MosaicChoic
       if (auto mosaic = BuildMosaic(*this, shown->picture, choices)) {
         return Built{choices, std::move(*mosaic), double(clock.elapsed()) / 1000};
       }
+      if (closesAfterWork) return std::nullopt;
       notice = Text("$$$/Studio/Line/Stopped=The building was stopped.");
     } catch (const ChoiceError& error) {
       notice = Sentence(error.what());
@@ -409,6 +414,8 @@ void StudioWindow::Tell(const QString& text) {
 
 void StudioWindow::closeEvent(QCloseEvent* event) {
   event->ignore();
+  const bool isWorking = !isEnabled();
+  if (isBusy) closesAfterWork = isWorking;
   if (isBusy) return;
   const ArtworkPtr shown = Shown();
   for (const ArtworkPtr& mosaic : document.Unexported()) {

@@ -118,4 +118,5 @@ class StudioWindow final : public QMainWindow {
   std::optional<LastExport> lastExport;
   int pasted = 0;  // how many pictures were; each has a name of its own
   bool isBusy = false;
+  bool closesAfterWork = false;  // closed during background work, which is stopping
 };

@@ -564,34 +564,37 @@ TEST_F(StudioWindowTest, AsksBeforeClosingForEveryMosaicThatIsNotExported) {
   EXPECT_EQ(Load("in mosaic.svg").count("<rect "), 6700);
 }
 
-TEST_F(StudioWindowTest, ALongBuildCanBeCancelledAndEndsWithTheProgram) {
-  for (const bool programEnds : {false, true}) {
+TEST_F(StudioWindowTest, ALongBuildEndsByEscapeWithItsWindowAndWithTheProgram) {
+  constexpr const char* kHuge =
+      "enter HorizontalCountTxt 8640\nenter VerticalCountTxt 8640\nkey Return";
+  enum class End { kEscape, kWindow, kProgram };
+  for (const End end : {End::kEscape, End::kWindow, End::kProgram}) {
     OpenPicture();
-    constexpr const char* kHuge =
-        "enter HorizontalCountTxt 8640\nenter VerticalCountTxt 8640\nkey Return";
-    Play(kHuge);
     bool wasSeen = false;
     WhenOpen<QProgressDialog>("progress", [&](QProgressDialog& dialog) {
       wasSeen = true;
-      EXPECT_FALSE(window->close());
-      if (programEnds) return QApplication::exit();
       auto& cancel = *dialog.findChild<QPushButton*>();
-      EXPECT_TRUE(cancel.isVisible());
-      QTest::keyClick(&dialog, Qt::Key_Escape);
-      EXPECT_FALSE(cancel.isVisible());
+      EXPECT_TRUE(cancel.isVisible() && cancel.isEnabled());
+      EXPECT_FALSE(window->isEnabled());
+      if (end == End::kProgram) return QApplication::exit();
+      if (end == End::kEscape) QTest::keyClick(&dialog, Qt::Key_Escape);
+      EXPECT_FALSE(end == End::kWindow && window->close()) << "not before the work has stopped";
       dialog.close();
       EXPECT_TRUE(dialog.isVisible() && !cancel.isVisible()) << "until the work has stopped";
       EXPECT_EQ(dialog.labelText(), "Stopping…");
     });
-    if (programEnds) {
-      QTimer::singleShot(0, &*window, [&] { Action("createTesserae").trigger(); });
-      QApplication::exec();
-    } else {
+    if (end == End::kEscape) {
       CreateTwice(kHuge, [](const QWidget& dialog) {
         EXPECT_EQ(Message(dialog), "The building was stopped.");
       });
+    } else {
+      Play(kHuge);
+      QTimer::singleShot(0, &*window, [&] { Action("createTesserae").trigger(); });
+      QApplication::exec();  // ends with the last window
+      EXPECT_EQ(window->isVisible(), end == End::kProgram);
     }
     EXPECT_TRUE(wasSeen);
+    EXPECT_TRUE(window->isEnabled());
     EXPECT_FALSE(window->Shown()->mosaic);
     EXPECT_FALSE(QFile::exists(Path("state")));
     Close();
