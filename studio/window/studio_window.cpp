@@ -356,20 +356,29 @@ void StudioWindow::Paste() {
   });
 }
 
-void StudioWindow::Step(void (Document::*step)()) {
-  if (isBusy) return;
-  (document.*step)();
-  ShowDocument();
+std::optional<Picture> StudioWindow::ReadAgain(const QString& path) {
+  return ReadPicture(*this, path);
 }
 
-void StudioWindow::GoTo(const ArtworkPtr& artwork) {
-  if (artwork == Shown()) return;
-  document.GoTo(artwork);
-  ShowDocument();
+bool StudioWindow::Step(bool (Document::*step)()) {
+  return Do(Text("$$$/Studio/Error/Step=This step cannot be shown."), [&] {
+    if (!(document.*step)()) return TellOfCancel();
+    ShowDocument();
+    return true;
+  });
+}
+
+bool StudioWindow::GoTo(size_t step) {
+  if (step == document.CurrentStep()) return true;
+  return Do(Text("$$$/Studio/Error/Step=This step cannot be shown."), [&] {
+    if (!document.GoTo(step)) return TellOfCancel();
+    ShowDocument();
+    return true;
+  });
 }
 
 void StudioWindow::Show(const ArtworkPtr& artwork) {
-  document = Document(artwork);
+  document = Document([this](const QString& path) { return ReadAgain(path); }, artwork);
   ShowDocument();
 }
 
@@ -417,15 +426,13 @@ void StudioWindow::closeEvent(QCloseEvent* event) {
   const bool isWorking = !isEnabled();
   if (isBusy) closesAfterWork = isWorking;
   if (isBusy) return;
-  const ArtworkPtr shown = Shown();
-  for (const ArtworkPtr& mosaic : document.Unexported()) {
-    const auto answer = boxes.AskBeforeClosing(QFileInfo(mosaic->path).fileName());
+  const size_t shown = document.CurrentStep();
+  for (const size_t step : document.Unexported()) {
+    const auto answer = boxes.AskBeforeClosing(QFileInfo(document.ArtworkOf(step).path).fileName());
     if (answer == MessageBoxes::Answer::kDiscard) continue;
-    if (answer == MessageBoxes::Answer::kExport) {
-      GoTo(mosaic);
-      if (AskForExport()) continue;
-    }
-    return GoTo(shown);  // the next time asks for those again that would be discarded now
+    if (answer == MessageBoxes::Answer::kExport && GoTo(step) && AskForExport()) continue;
+    GoTo(shown);  // the next time asks for those again that would be discarded now
+    return;
   }
   settings::kWindowGeometry.Set(saveGeometry());
   event->accept();

@@ -79,6 +79,7 @@ class StudioWindow final : public QMainWindow {
   bool Export(LastExport how);
   void Copy();
   void Paste();
+  std::optional<Picture> ReadAgain(const QString& path);
   void PlacePicture(const QString& path, Picture picture);
   const Confirmed* ConfirmedForShown() const;
   /// Begins with these entries.
@@ -94,8 +95,9 @@ class StudioWindow final : public QMainWindow {
   bool Do(const QString& failure, const std::function<bool()>& work);
 
   /// Goes from one artwork to another.
-  void Step(void (Document::*step)());
-  void GoTo(const ArtworkPtr& artwork);
+  /// Each returns whether the document did.
+  bool Step(bool (Document::*step)());
+  bool GoTo(size_t step);
   void ShowDocument();
   void SetInviting(bool isInviting);
   void Tell(const QString& text);
@@ -106,7 +108,7 @@ class StudioWindow final : public QMainWindow {
   MessageBoxes boxes;
   qtui::QtPresenter& presenter;
   std::unique_ptr<MosaicCaller> caller;  // null until it could be made
-  Document document;
+  Document document{[this](const QString& path) { return ReadAgain(path); }};
   WindowActions actions;
   QStackedWidget* const pages;
   StartPage* startPage;
