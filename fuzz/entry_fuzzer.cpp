@@ -6,17 +6,17 @@
 #include <string>
 #include <string_view>
 
-#include "fuzz/require.h"
+#include "fuzz/fuzzer.h"
 #include "host/plugin_main.h"
 #include "mosaic/mosaic_suite.h"
 #include "platform/nrvui/scripted_presenter.h"
 #include "platform/standin/module.h"
 
-// A whole session of the host with the plug-in, a line each:
+// The input is a session of the host with the plug-in, one step per line:
 //
-//     CALLER|SELECTOR|NOTIFIER TYPE     a message
-//     >GESTURE                          what a person will do in the dialogs that follow
-//     !HEX DIGITS                       a dialog over these bytes of record and state
+//     CALLER|SELECTOR|NOTIFIER TYPE     send a message
+//     >GESTURE                          append a gesture to the script of all later dialogs
+//     !HEX DIGITS                       run a dialog on these bytes of record and state
 
 namespace {
 
@@ -60,11 +60,11 @@ class Session {
   ResultCode Answer(const std::string& caller, const std::string& selector,
                     const std::string& notifierType) {
     if (caller == "VX Notifier") return module.Notify(notifierType.c_str(), selector.c_str());
-    // A host keeps its own book of what begins and ends, and starts a plug-in once.
-    const bool lives = caller == "QP Interface";
-    if (lives && selector == "Startup")
+    // A host starts a plug-in once and shuts it down once; the stand-in tracks which is due.
+    const bool isLifecycle = caller == "QP Interface";
+    if (isLifecycle && selector == "Startup")
       return module.Globals() ? ResultCode::kSuccess : module.StartUp();
-    if (lives && selector == "Shutdown") return module.ShutDown();
+    if (isLifecycle && selector == "Shutdown") return module.ShutDown();
     return module.Send(caller.c_str(), selector.c_str());
   }
 

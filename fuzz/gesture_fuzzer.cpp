@@ -1,13 +1,14 @@
 #include <string_view>
 
-#include "fuzz/require.h"
+#include "fuzz/fuzzer.h"
 #include "platform/nrvui/gesture_script.h"
 
 using nrvui::gestures::GestureScript;
 using nrvui::gestures::ScriptError;
 using nrvui::gestures::Step;
 
-/// A gesture file: refused with line and reason, or steps in the order of their lines.
+/// The input is a gesture file. Parsing throws an error with line and reason, or returns the steps
+/// in the order of their lines.
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
   try {
     const auto script = GestureScript::Parse({reinterpret_cast<const char*>(data), size}, "file");

@@ -1,11 +1,12 @@
 #include <cstring>
 #include <string>
 
-#include "fuzz/require.h"
+#include "fuzz/fuzzer.h"
 #include "platform/standin/layout_reader.h"
 #include "platform/standin/resources.h"
 
-/// A layout file: refused with a reason, or nodes of the size that it gives. None remains.
+/// The input is a layout file. Parsing throws an error with a reason, or makes nodes of the size
+/// that the file states; no node is leaked.
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
   const standin::LiveToken token = standin::MakeLiveToken();
   try {

@@ -1,7 +1,7 @@
 #include <cmath>
 #include <string_view>
 
-#include "fuzz/require.h"
+#include "fuzz/fuzzer.h"
 #include "platform/nrvcore/unicode.h"
 #include "platform/nrvui/number_text.h"
 
@@ -10,8 +10,9 @@ using nrvui::controls::NumberUnit;
 using nrvui::controls::ParseNumber;
 using nrvui::gestures::Refusal;
 
-/// What a person types into a number field, after a character that chooses the field's unit and the
-/// language's decimal sign: refused, or a number that is still the same once it was displayed.
+/// The first byte selects a number field's unit and decimal sign; the rest is the text entered by
+/// the user. Parsing rejects it, or returns a finite number that survives formatting and parsing
+/// again.
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
   if (size == 0) return 0;
   const auto unit = static_cast<NumberUnit>(data[0] % 3);

@@ -21,8 +21,8 @@ struct Block {
   uint64_t serial;
 };
 
-/// Tests replace the global operator and count its calls; what the book takes for each block must
-/// not be among them, or another build of the C++ library would change the counts.
+/// Takes memory from malloc: tests count the calls of the global operator new, and the ledger's own
+/// allocations, whose number depends on the C++ library, must not change the count.
 template <typename T>
 struct MallocAllocator {
   using value_type = T;
@@ -32,6 +32,7 @@ struct MallocAllocator {
   explicit(false) MallocAllocator(const MallocAllocator<Other>&) {}
 
   T* allocate(size_t count) {
+    // T is also a pointer, for the table of buckets. NOLINTNEXTLINE(bugprone-sizeof-expression)
     if (void* const memory = std::malloc(count * sizeof(T))) return static_cast<T*>(memory);
     throw std::bad_alloc();
   }

@@ -82,7 +82,7 @@ QByteArray ReadFile(const QString& name, qint64 mostBytes) {
     throw StudioError("$$$/Studio/Write/NoFile=it is no ordinary file");
   if (status.st_size > mostBytes)
     throw StudioError("$$$/Studio/Reason/LargeFile=the file is too large");
-  const QByteArray bytes = file.readAll();
+  QByteArray bytes = file.readAll();
   if (file.error() != QFileDevice::NoError) throw StudioError(ReasonText(errno));
   return bytes;
 }

@@ -98,7 +98,7 @@ void Describe(QCommandLineParser& parser) {
 
 /// The values of an option that takes one.
 QStringList ValuesOf(const QCommandLineParser& parser, const Option& option) {
-  const QStringList values = parser.values(option.name);
+  QStringList values = parser.values(option.name);
   if (parser.isSet(option.name) && (values.isEmpty() || values.contains(QString()))) {
     throw StudioError("$$$/Studio/Line/NeedsValue=%1 needs a value; see --help",
                       QString("--") + option.name);

@@ -11,7 +11,7 @@ namespace {
 
 template <bool kWrites, ResultCode kAnswer>
 ResultCode GetListString(ModuleRef, int32_t, int32_t, char* buffer, size_t) {
-  if (kWrites) std::strcpy(buffer, "x");
+  if (kWrites) std::memcpy(buffer, "x", sizeof "x");
   return kAnswer;
 }
 
