@@ -97,7 +97,7 @@ void DisturbCall(const Sequence& sequence, const std::string& operation, size_t 
       if (!isOwed) Fail("left: " + line);
     }
   });
-  Expect("calls that failed", operations.Disturbed(), 1u);
+  Expect("calls that failed", operations.InjectedFaults(), 1u);
 }
 
 /// How often the operation is called in the sequence when nothing fails.

@@ -142,7 +142,7 @@ void AddMessageChecks(const Add& add) {
       Expect("the texts of the box", first + second, "");
     Expect("suites given back", OtherBasicSuite::releases, std::size(kSuitesOfModule));
 
-    checked.host.ForgetRegistrations(checked.module.Ref());
+    checked.host.RemoveRegistrations(checked.module.Ref());
     message.basicSuite = checked.host.BasicSuite();
     Expect("a start-up", checked.SendPlain("QP Interface", "Startup", message), kSuccess);
     OtherBasicSuite::releases = 0;

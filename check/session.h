@@ -72,7 +72,7 @@ class Session : public CheckedModule {
   bool WentAsExpected() const { return asExpected; }
   /// Ends all disturbances; what went wrong before is forgotten.
   void Restore() {
-    host.Operations().DisturbNothing();
+    host.Operations().ClearFaults();
     asExpected = true;
   }
 

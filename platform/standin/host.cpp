@@ -14,7 +14,7 @@ Host* currentHost = nullptr;
 
 std::string NameOf(PluginRef plugin) {
   const std::string& name = plugin->name.empty() ? plugin->fileName : plugin->name;
-  return plugin->isGone ? name + " (gone)" : name;
+  return plugin->isRemoved ? name + " (removed)" : name;
 }
 
 }  // namespace
@@ -27,7 +27,7 @@ Host::Host(UserInterface& screen, const ResourceFolders& resources)
       hostModule(objects.modules.Add({.fileName = "host", .name = "host", .isHost = true})),
       ledgerMark(qpbasic::Ledger::Get().Mark()) {
   if (currentHost) throw std::logic_error("a process has one host at a time");
-  qpbasic::Ledger::Get().ForgetFaults();  // they were another host's
+  qpbasic::Ledger::Get().ForgetFaults();  // of an earlier host
   AddSuites();
   currentHost = this;
 }
@@ -45,20 +45,20 @@ PluginRef Host::AddPlugin(std::string fileName) {
   return objects.modules.Add({.fileName = std::move(fileName)});
 }
 
-void Host::ForgetRegistrations(PluginRef plugin) {
+void Host::RemoveRegistrations(PluginRef plugin) {
   plugin->name.clear();
-  suites.Withdraw(plugin);
+  suites.RemoveSuitesOf(plugin);
   objects.notifiers.RemoveIf(
       [plugin](const OpaqueNotifier& notifier) { return notifier.plugin == plugin; });
 }
 
 void Host::RemovePlugin(PluginRef plugin) {
-  ForgetRegistrations(plugin);
-  plugin->isGone = true;
+  RemoveRegistrations(plugin);
+  plugin->isRemoved = true;
 }
 
-void Host::SetAway(PluginRef plugin, bool isAway) {
-  plugin->isAway = isAway;
+void Host::SetUnloaded(PluginRef plugin, bool isUnloaded) {
+  plugin->isUnloaded = isUnloaded;
 }
 
 bool Host::IsInUse(PluginRef plugin) const {

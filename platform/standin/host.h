@@ -8,10 +8,10 @@
 #include <vector>
 
 #include "platform/standin/host_objects.h"
-#include "platform/standin/operation_book.h"
+#include "platform/standin/operation_registry.h"
 #include "platform/standin/resources.h"
 #include "platform/standin/string_lists.h"
-#include "platform/standin/suite_book.h"
+#include "platform/standin/suite_registry.h"
 #include "platform/standin/user_interface.h"
 #include "platform/suites/host_suites.h"
 
@@ -19,12 +19,13 @@ namespace standin {
 
 class SheetService;
 
-/// The host application as a plug-in sees it: its suites and what stands behind them. The suites'
-/// functions find their host through Current, so a process has one host at a time. What the host
-/// shows goes to `screen`, which must outlive it. Main thread only.
+/// The host application as a plug-in sees it: the suites, and the objects that they work on. The
+/// suites' functions find the host through Current, so a process has one host at a time. Main
+/// thread only.
 class Host {
  public:
-  /// Throws std::logic_error when there is a host already.
+  /// Alerts and about boxes go to `screen`, which must outlive the host. Throws std::logic_error
+  /// when there is a host already.
   explicit Host(UserInterface& screen,
                 const ResourceFolders& resources = ResourceFolders::OfProgram());
   ~Host();
@@ -35,48 +36,49 @@ class Host {
   /// Throws std::logic_error when there is none.
   static Host& Current();
 
-  /// The table through which plug-ins acquire all others. Its functions, and those of the others,
-  /// work on the current host.
+  /// The table through which plug-ins acquire all others. The functions of all tables work on the
+  /// current host.
   QPBasicSuite* BasicSuite();
 
-  /// Makes a plug-in known; Module does this for what it loads.
+  /// Adds a plug-in; Module calls this.
   PluginRef AddPlugin(std::string fileName);
-  /// Withdraws what the plug-in told the host about itself: its name, notifiers and suites.
-  void ForgetRegistrations(PluginRef plugin);
-  /// Withdraws its registrations and its reference. What it still holds stays in Leftovers.
+  /// Removes what the plug-in has registered: its name, notifiers and suites.
+  void RemoveRegistrations(PluginRef plugin);
+  /// Removes its registrations and invalidates its reference. What it still holds stays in
+  /// Leftovers.
   void RemovePlugin(PluginRef plugin);
-  /// Says whether the plug-in's code is in memory; its suites are handed out only then.
-  void SetAway(PluginRef plugin, bool isAway);
-  /// Whether access handles or users of its suites keep the plug-in in memory.
+  /// While a plug-in's code is unloaded, its suites cannot be acquired.
+  void SetUnloaded(PluginRef plugin, bool isUnloaded);
+  /// Whether the plug-in must stay in memory: somebody holds an access handle or one of its suites.
   bool IsInUse(PluginRef plugin) const;
-  /// The owner of the host's own texts.
+  /// The module that owns the host's string lists.
   ModuleRef HostModule() const { return hostModule; }
 
-  /// Where tests say what to refuse, and see what was called.
-  OperationBook& Operations() { return operations; }
-  SuiteBook& Suites() { return suites; }
+  /// For tests: counts calls and injects faults.
+  OperationRegistry& Operations() { return operations; }
+  SuiteRegistry& Suites() { return suites; }
   HostObjects& Objects() { return objects; }
   StringLists& Lists() { return lists; }
   SheetService& Sheets() { return *sheets; }
   UserInterface& Interface() { return userInterface; }
 
-  /// What was wrong with resources since they were last forgotten, each reason once and in the
-  /// order of their discovery.
+  /// What was wrong with resources since the last ForgetResourceProblems, each reason once, in the
+  /// order of discovery.
   const std::vector<std::string>& ResourceProblems() const { return resourceProblems; }
   void NoteResourceProblem(const std::string& reason);
   void ForgetResourceProblems() { resourceProblems.clear(); }
 
-  /// What plug-ins took and have not given back, and the ledger's faults, a line each; empty when
-  /// all is clean. Blocks and faults count from this host's beginning.
+  /// A line for each thing that plug-ins have acquired and not released, and for each fault of the
+  /// ledger. Blocks and faults count from this host's construction.
   std::vector<std::string> Leftovers() const;
 
  private:
-  /// Declares all operations and adds the host's own suites.
+  /// Declares all operations and registers the host's own suites.
   void AddSuites();
 
   UserInterface& userInterface;
-  OperationBook operations;
-  SuiteBook suites;
+  OperationRegistry operations;
+  SuiteRegistry suites;
   HostObjects objects;
   StringLists lists;
   std::vector<std::string> resourceProblems;

@@ -3,18 +3,18 @@
 #include <cstdint>
 #include <string>
 
-#include "platform/standin/handle_book.h"
+#include "platform/standin/handle_registry.h"
 #include "platform/suites/host_suites.h"
 
-/// What stands behind the handles of the host's suites.
+// The types behind the handles of the host's suites.
 
 /// A plug-in, or the host's own module of texts.
 struct OpaqueModule {
   std::string fileName;
-  std::string name{};   // under which the plug-in asked to be shown; empty until it does
-  bool isHost = false;  // the host's own module, which can be asked for texts only
-  bool isAway = false;  // unloaded: its code is not in memory, its suites cannot be called
-  bool isGone = false;  // removed; it is kept, so that no other one gets its reference
+  std::string name{};       // set by SetPluginName; empty before
+  bool isHost = false;      // the host's own module, which has string lists but no code
+  bool isUnloaded = false;  // its code is not in memory, so its suites cannot be called
+  bool isRemoved = false;   // kept, so that its reference is not reused
 };
 
 struct OpaqueAccess {
@@ -38,13 +38,13 @@ struct OpaqueString {
 namespace standin {
 
 struct HostObjects {
-  HandleBook<OpaqueModule> modules;
-  HandleBook<OpaqueAccess> accesses;
-  HandleBook<OpaqueContext> contexts;
-  HandleBook<OpaqueNotifier> notifiers;
-  HandleBook<OpaqueString> strings;
+  HandleRegistry<OpaqueModule> modules;
+  HandleRegistry<OpaqueAccess> accesses;
+  HandleRegistry<OpaqueContext> contexts;
+  HandleRegistry<OpaqueNotifier> notifiers;
+  HandleRegistry<OpaqueString> strings;
 
-  bool IsModule(ModuleRef module) const { return modules.Holds(module) && !module->isGone; }
+  bool IsModule(ModuleRef module) const { return modules.Holds(module) && !module->isRemoved; }
   bool IsPlugin(PluginRef plugin) const { return IsModule(plugin) && !plugin->isHost; }
 };
 

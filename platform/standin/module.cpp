@@ -97,14 +97,14 @@ void Module::Load(const std::filesystem::path& from) {
 
 ResultCode Module::StartUp() {
   const ResultCode code = Send("QP Interface", "Startup");
-  if (!globals) host.ForgetRegistrations(plugin);
+  if (!globals) host.RemoveRegistrations(plugin);
   return code;
 }
 
 ResultCode Module::ShutDown() {
   if (!IsLoaded()) static_cast<void>(Reload());
   const ResultCode code = Send("QP Interface", "Shutdown");
-  if (!globals) host.ForgetRegistrations(plugin);
+  if (!globals) host.RemoveRegistrations(plugin);
   return code;
 }
 
@@ -113,7 +113,7 @@ ResultCode Module::Unload() {
   if (host.IsInUse(plugin)) return kPluginInUse;
   const ResultCode code = Send("QP Access", "Unload");
   if (Failed(code)) return code;
-  host.SetAway(plugin, true);
+  host.SetUnloaded(plugin, true);
   entry = nullptr;
   image.reset();
   return code;
@@ -125,7 +125,7 @@ ResultCode Module::Reload() {
 
 ResultCode Module::Reload(const std::filesystem::path& otherFile) {
   if (!IsLoaded()) Load(otherFile);
-  host.SetAway(plugin, false);
+  host.SetUnloaded(plugin, false);
   return Send("QP Access", "Reload");
 }
 

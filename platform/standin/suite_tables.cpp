@@ -250,7 +250,7 @@ constexpr const char* kOperations[] = {
 };
 
 template <typename Suite>
-void AddTo(SuiteBook& suites, const Suite& table) {
+void AddTo(SuiteRegistry& suites, const Suite& table) {
   suites.Add(Suite::kName, Suite::kVersion, &table);
 }
 

@@ -75,7 +75,7 @@ class FrameworkTest : public testing::Test {
     EXPECT_EQ(host.Leftovers(), std::vector<std::string>{});
   }
 
-  standin::OperationBook& Operations() { return host.Operations(); }
+  standin::OperationRegistry& Operations() { return host.Operations(); }
   TestPlugin* Object() { return static_cast<TestPlugin*>(module.Globals()); }
 
   standin::RecordingUserInterface person;

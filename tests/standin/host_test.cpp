@@ -116,7 +116,7 @@ TEST_F(HostTest, WhatIsNotGivenBackIsNamedAndNothingIsGivenBackTwice) {
   }
   host.RemovePlugin(plugin);
   EXPECT_FALSE(host.IsInUse(host.AddPlugin("other.so"))) << "in the place of the one that is gone";
-  EXPECT_EQ(host.Leftovers().back(), "access to plugin.so (gone) is held");
+  EXPECT_EQ(host.Leftovers().back(), "access to plugin.so (removed) is held");
   EXPECT_EQ(access->AcquirePlugin(plugin, &held), standin::kUnknownPlugin);
 }
 
@@ -195,9 +195,9 @@ TEST_F(HostTest, PluginsPublishSuitesForOthers) {
     EXPECT_EQ(held.operator->(), &greeting);
     EXPECT_TRUE(host.IsInUse(plugin));
   }
-  host.SetAway(plugin, true);
+  host.SetUnloaded(plugin, true);
   EXPECT_EQ(HeldSuite<Greeting>(host).Code(), standin::kNotLoaded);
-  host.SetAway(plugin, false);
+  host.SetUnloaded(plugin, false);
   const HeldSuite<VXNotifierSuite> notifiers(host);
   NotifierHandle notifier = nullptr;
   ASSERT_EQ(notifiers->AddNotifier(plugin, "mine", "t", &notifier), kDone);

@@ -7,11 +7,10 @@
 
 namespace standin {
 
-/// Owns the objects that stand behind handles; a handle is its object's address. A handle that
-/// was never given, or was given back, is recognised as such and not followed, until its address is
-/// given out again.
+/// Owns the objects behind handles; a handle is its object's address. Handles are compared, not
+/// dereferenced, so an unknown or released one is recognised until its address is reused.
 template <typename Object>
-class HandleBook {
+class HandleRegistry {
  public:
   Object* Add(Object object) {
     objects.push_back(std::make_unique<Object>(std::move(object)));
@@ -33,7 +32,7 @@ class HandleBook {
     std::erase_if(objects, [&](const auto& object) { return condition(*object); });
   }
 
-  /// In the order in which they were given out.
+  /// In the order of Add.
   const std::vector<std::unique_ptr<Object>>& Objects() const { return objects; }
 
  private:

@@ -1,4 +1,4 @@
-#include "platform/standin/suite_book.h"
+#include "platform/standin/suite_registry.h"
 
 #include <algorithm>
 #include <stdexcept>
@@ -8,8 +8,8 @@
 
 namespace standin {
 
-SuiteHandle SuiteBook::Add(std::string_view name, int32_t version, const void* functions,
-                           PluginRef plugin, int32_t internalVersion) {
+SuiteHandle SuiteRegistry::Add(std::string_view name, int32_t version, const void* functions,
+                               PluginRef plugin, int32_t internalVersion) {
   if (FindSuite(name, version)) return nullptr;
   OpaqueSuite suite;
   suite.name = name;
@@ -22,35 +22,35 @@ SuiteHandle SuiteBook::Add(std::string_view name, int32_t version, const void* f
   return suites.Add(std::move(suite));
 }
 
-void SuiteBook::Withdraw(PluginRef plugin) {
+void SuiteRegistry::RemoveSuitesOf(PluginRef plugin) {
   suites.RemoveIf([plugin](const OpaqueSuite& suite) { return suite.plugin == plugin; });
 }
 
-OpaqueSuite* SuiteBook::FindSuite(std::string_view name, int32_t version) const {
+OpaqueSuite* SuiteRegistry::FindSuite(std::string_view name, int32_t version) const {
   for (const auto& suite : suites.Objects())
     if (suite->version == version && suite->name == name) return suite.get();
   return nullptr;
 }
 
-bool SuiteBook::HasOtherVersion(std::string_view name, int32_t version) const {
+bool SuiteRegistry::HasOtherVersion(std::string_view name, int32_t version) const {
   return std::any_of(suites.Objects().begin(), suites.Objects().end(), [&](const auto& suite) {
     return suite->name == name && suite->version != version;
   });
 }
 
-ResultCode SuiteBook::Acquire(const char* name, int32_t version, const void** functions) {
+ResultCode SuiteRegistry::Acquire(const char* name, int32_t version, const void** functions) {
   if (!name || !functions) return kBadArgument;
   OpaqueSuite* const suite = FindSuite(name, version);
   if (!suite) return HasOtherVersion(name, version) ? kSuiteVersion : kSuiteNotFound;
   if (const ResultCode code = operations.CheckIn(*suite->acquire); Failed(code)) return code;
   if (suite->isAbsent) return kSuiteNotFound;
-  if (suite->plugin && suite->plugin->isAway) return kNotLoaded;
+  if (suite->plugin && suite->plugin->isUnloaded) return kNotLoaded;
   ++suite->users;
   *functions = suite->functions;
   return ResultCode::kSuccess;
 }
 
-ResultCode SuiteBook::Release(const char* name, int32_t version) {
+ResultCode SuiteRegistry::Release(const char* name, int32_t version) {
   if (!name) return kBadArgument;
   OpaqueSuite* const suite = FindSuite(name, version);
   if (!suite) return HasOtherVersion(name, version) ? kSuiteVersion : kSuiteNotFound;
@@ -60,12 +60,12 @@ ResultCode SuiteBook::Release(const char* name, int32_t version) {
   return ResultCode::kSuccess;
 }
 
-const void* SuiteBook::Find(std::string_view name, int32_t version) const {
+const void* SuiteRegistry::Find(std::string_view name, int32_t version) const {
   const OpaqueSuite* const suite = FindSuite(name, version);
   return suite ? suite->functions : nullptr;
 }
 
-void SuiteBook::SetAbsent(std::string_view name, bool isAbsent) {
+void SuiteRegistry::SetAbsent(std::string_view name, bool isAbsent) {
   bool isKnown = false;
   for (const auto& suite : suites.Objects()) {
     if (suite->name != name) continue;
@@ -75,14 +75,14 @@ void SuiteBook::SetAbsent(std::string_view name, bool isAbsent) {
   if (!isKnown) throw std::invalid_argument("the host has no suite \"" + std::string(name) + "\"");
 }
 
-size_t SuiteBook::Users(std::string_view name) const {
+size_t SuiteRegistry::Users(std::string_view name) const {
   size_t users = 0;
   for (const auto& suite : suites.Objects())
     if (suite->name == name) users += suite->users;
   return users;
 }
 
-bool SuiteBook::IsInUse(PluginRef plugin) const {
+bool SuiteRegistry::IsInUse(PluginRef plugin) const {
   return std::any_of(suites.Objects().begin(), suites.Objects().end(), [plugin](const auto& suite) {
     return suite->plugin == plugin && suite->users != 0;
   });

@@ -1,0 +1,61 @@
+#include "platform/standin/operation_registry.h"
+
+#include <stdexcept>
+
+namespace standin {
+
+OperationRegistry::Operation& OperationRegistry::Declare(const std::string& name) {
+  Operation& operation = operations[name];
+  operation.name = name;
+  return operation;
+}
+
+std::vector<std::string> OperationRegistry::Names() const {
+  std::vector<std::string> names;
+  for (const auto& [name, operation] : operations) names.push_back(name);
+  return names;
+}
+
+const OperationRegistry::Operation& OperationRegistry::Find(std::string_view name) const {
+  const auto found = operations.find(name);
+  if (found == operations.end())
+    throw std::invalid_argument("the host has no operation \"" + std::string(name) + "\"");
+  return found->second;
+}
+
+OperationRegistry::Operation& OperationRegistry::Find(std::string_view name) {
+  return const_cast<Operation&>(std::as_const(*this).Find(name));
+}
+
+void OperationRegistry::Refuse(std::string_view name, ResultCode code, size_t callsFromNow) {
+  Find(name).fault = InjectedFault{callsFromNow, code, nullptr};
+}
+
+void OperationRegistry::Throw(std::string_view name, std::exception_ptr exception,
+                              size_t callsFromNow) {
+  Find(name).fault = InjectedFault{callsFromNow, ResultCode::kSuccess, std::move(exception)};
+}
+
+void OperationRegistry::ClearFaults() {
+  for (auto& [name, operation] : operations) operation.fault.reset();
+}
+
+size_t OperationRegistry::Calls(std::string_view name) const {
+  return Find(name).calls;
+}
+
+ResultCode OperationRegistry::CheckIn(Operation& operation) {
+  ++operation.calls;
+  if (listener) listener(operation.name);
+  if (!operation.fault) return ResultCode::kSuccess;
+  if (operation.fault->callsFromNow > 1) {
+    --operation.fault->callsFromNow;
+    return ResultCode::kSuccess;
+  }
+  ++injectedFaults;
+  const InjectedFault fault = *std::exchange(operation.fault, {});
+  if (fault.exception) std::rethrow_exception(fault.exception);
+  return fault.code;
+}
+
+}  // namespace standin
