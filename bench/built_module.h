@@ -7,36 +7,36 @@
 
 namespace bench {
 
-/// Seconds of the processor that this thread has had; others that want it don't count.
+/// The calling thread's processor time in seconds; other load on the machine does not change it.
 inline double ThreadTime() {
   timespec now{};
   clock_gettime(CLOCK_THREAD_CPUTIME_ID, &now);
   return double(now.tv_sec) + double(now.tv_nsec) * 1e-9;
 }
 
-/// The module as it is built, started until the end of the scope.
+/// The built module in a stand-in host, started by the constructor and shut down by the destructor.
 class BuiltModule : HostedModule {
  public:
   BuiltModule();
 
-  /// The module's own entry point, without the host around it.
+  /// The module's entry point, without the stand-in host.
   PluginEntryPoint Entry() const { return image.Entry(); }
   PluginMessage Message();
 
-  /// The whole dialog over a source of 300 by 200 points, shown by the presenter; answers the
-  /// ThreadTime at which it was called for.
+  /// Runs the dialog on a source of 300 by 200 points with the given presenter. Returns the
+  /// ThreadTime at the call.
   double RunDialog(nrvui::ui::DialogPresenter& presenter);
 
  private:
   standin::ModuleImage image;
 };
 
-/// Notes when a dialog is ready for the first gesture, and cancels it.
+/// Records when a dialog is ready for the first gesture, and cancels it.
 class ImpatientPerson final : public nrvui::ui::DialogPresenter {
  public:
   void Present(nrvui::ui::UI_Dialog& dialog) override;
 
-  /// In ThreadTime.
+  /// As a ThreadTime.
   double ReadyAt() const { return readyAt; }
 
  private:

@@ -5,7 +5,7 @@
 
 namespace {
 
-/// A whole life of the dialog, until it is gone again.
+/// Measures one dialog from its creation to its destruction.
 void RunWholeDialog(benchmark::State& state) {
   constexpr int kWarmUp = 10;
   bench::BuiltModule module;
@@ -21,7 +21,8 @@ void RunWholeDialog(benchmark::State& state) {
   state.counters["blocks"] = double(after.totalBlocks - before.totalBlocks) / runs;
   state.counters["bytes"] = double(after.totalBytes - before.totalBytes) / runs;
   state.counters["growth"] = double(after.bytes - before.bytes);
-  // The allocator's own caches count as held, so a few hundred bytes in all mean nothing.
+  // The allocator's caches count as allocated, so a growth of a few hundred bytes in total is no
+  // leak.
   state.counters["process growth"] = (double(heldAfter) - double(heldBefore)) / runs;
 }
 

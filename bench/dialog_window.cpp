@@ -18,7 +18,7 @@
 
 namespace {
 
-/// The dialog as somebody would write it who needs no more than this one window.
+/// The same form written by hand in Qt, without the toolkit's nodes.
 class HandMadeForm : public QDialog {
  public:
   explicit HandMadeForm(std::function<void()> hook) : whenPainted(std::move(hook)) {

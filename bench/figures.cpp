@@ -53,7 +53,7 @@ std::string GoalText(const Line& line) {
          (line.peer ? ThreeDigits(*line.limit) + " times" : Text(*line.limit, line.unit));
 }
 
-/// The word by which a person asks for a figure.
+/// The word that selects a figure on the command line.
 std::string FirstWord(const std::string& figure) {
   return figure.substr(0, figure.find('/'));
 }
@@ -72,7 +72,7 @@ void FigureReporter::ReportRuns(const std::vector<Run>& runs) {
     const bool isMedian = run.run_type == Run::RT_Aggregate && run.aggregate_name == "median";
     const bool isOnly = run.run_type == Run::RT_Iteration && run.repetitions <= 1;
     if (run.error_occurred || (!isMedian && !isOnly)) continue;
-    // Options that the library appends to the name are none of a reader's business.
+    // The name without the options that the library appends.
     const std::string& name = run.run_name.function_name;
     const std::string full = run.run_name.args.empty() ? name : name + "/" + run.run_name.args;
     const bool isProcessorTime = run.run_name.time_type.empty();
@@ -85,11 +85,11 @@ void FigureReporter::ReportRuns(const std::vector<Run>& runs) {
 bool FigureReporter::PrintTable(std::ostream& output) const {
   output << "| what | figure | against | its figure | ratio | goal | | alone |\n"
          << "|---|---:|---|---:|---:|---|---|---|\n";
-  bool isWhole = true;
+  bool isMet = true;
   for (const auto& [place, lines] : Tables()) {
-    for (const Line& line : lines) isWhole &= PrintLine(output, line);
+    for (const Line& line : lines) isMet &= PrintLine(output, line);
   }
-  return isWhole;
+  return isMet;
 }
 
 bool FigureReporter::PrintLine(std::ostream& output, const Line& line) const {
@@ -103,13 +103,14 @@ bool FigureReporter::PrintLine(std::ostream& output, const Line& line) const {
   }
   const double value = found->second;
   const double held = line.peer ? value / peer->second : value;
-  const char* verdict = !line.limit ? "" : held <= *line.limit ? "met" : "**missed**";
+  const bool isMissed = line.limit && held > *line.limit;
+  const char* verdict = !line.limit ? "" : isMissed ? "**missed**" : "met";
   output << "| " << line.what << " | " << Text(value, line.unit) << " | "
          << (line.against ? line.against : "") << " | "
          << (line.peer ? Text(peer->second, line.unit) : "") << " | "
          << (line.peer ? ThreeDigits(held) : "") << " | " << GoalText(line) << " | " << verdict
          << " | `scripts/bench " << word << "` |\n";
-  return true;
+  return !isMissed;
 }
 
 }  // namespace bench

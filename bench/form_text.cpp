@@ -32,7 +32,7 @@ const std::map<std::string_view, Element> kElements = {
     {"text-button", {"QPushButton", nullptr, "text"}},
 };
 
-/// Without translation a text is what follows the key; empty when there is none.
+/// The English text of a key; empty if the attribute is missing.
 std::string Text(const pugi::xml_node& source, const char* attribute) {
   const std::string key = source.attribute(attribute).value();
   return key.substr(key.find('=') + 1);

@@ -4,7 +4,7 @@
 
 namespace bench {
 
-/// The dialog's layout as a form of Qt's designer, with the same controls in the same places.
+/// The dialog's layout as a Qt Designer form with the same controls in the same places.
 QByteArray MosaicFormText();
 
 }  // namespace bench

@@ -9,7 +9,7 @@
 
 #include "bench/figures.h"
 
-/// tesserae-bench TABLE [flags of Google Benchmark]: measures, and writes the table to that file.
+/// tesserae-bench TABLE [flags of Google Benchmark]: measures and writes the table to TABLE.
 int main(int argc, char** argv) try {
   const QApplication application(argc, argv);
   Magick::InitializeMagick(argv[0]);
@@ -21,8 +21,8 @@ int main(int argc, char** argv) try {
   bench::FigureReporter reporter;
   if (benchmark::RunSpecifiedBenchmarks(&reporter) == 0) return 1;
   std::ofstream table(argv[1]);
-  const bool isWhole = reporter.PrintTable(table);
-  return table.flush() && isWhole ? 0 : 1;
+  const bool isMet = reporter.PrintTable(table);
+  return table.flush() && isMet ? 0 : 1;
 } catch (const std::exception& error) {
   std::fprintf(stderr, "tesserae-bench: %s\n", error.what());
   return 1;

@@ -15,7 +15,7 @@ struct MessageName {
 constexpr MessageName kUnanswered = {"VX Live Effect", "VX Live Effect Unheard Of"};
 constexpr MessageName kLastRow = {"VX Script Message Caller", "Any Script"};
 
-/// All rows, with the one at the end whose selector may be any.
+/// All rows; the last one matches any selector.
 const KnownMessage* FindInTurn(MessageName name) {
   static constexpr KnownMessage kLast = {"VX Script Message Caller", nullptr, "OnScriptMessage"};
   const auto isNamed = [name](const KnownMessage& row) {

@@ -14,7 +14,7 @@
 
 namespace {
 
-/// What the loader has to do for an image, from its file.
+/// The loader's work for an image, read from its file.
 struct ImageFacts {
   uint64_t mappedBytes = 0;
   uint64_t relocations = 0;
@@ -45,7 +45,7 @@ ImageFacts ReadFacts() {
   return facts;
 }
 
-/// The libraries that the module shares with its host are there already, as in a host.
+/// The libraries that the module shares with its host are already loaded, as in a host.
 void Load(benchmark::State& state) {
   std::unique_ptr<standin::ModuleImage> image;
   for (auto _ : state) {

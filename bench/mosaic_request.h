@@ -5,7 +5,7 @@
 
 namespace bench {
 
-/// What the dialog gives back for a picture of which only the mosaic is to remain.
+/// The dialog's result for a mosaic that replaces its picture.
 inline MosaicParameters MosaicRequest(const Picture& picture, int tilesAcross, int tilesDown) {
   MosaicParameters params{};
   params.isColor = 1;

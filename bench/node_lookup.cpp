@@ -18,7 +18,7 @@ using NodeRef = boost::intrusive_ptr<nrvui::ui::UI_Node>;
 
 constexpr int kChildren = 8;
 
-/// As long as the IDs of a dialog's controls are.
+/// An ID about as long as those of the dialog's controls.
 std::string NodeID(int number) {
   static constexpr const char* kNames[] = {"okButton", "NewWidthTxt", "ColorRadio",
                                            "HorizontalCountTxt", "MosaicUseRatioButton"};
@@ -35,7 +35,7 @@ std::vector<NodeRef> MakeNodes(int count) {
   return nodes;
 }
 
-/// A walk over plain nodes and no more.
+/// A breadth-first walk over plain nodes.
 struct BareWalk {
   static constexpr bool kCopiesIDs = false;
 
@@ -43,7 +43,8 @@ struct BareWalk {
   void GiveReferenceBack() {}
 };
 
-/// What the lookup promises: a counted reference for each node in its queue, a copy of each ID.
+/// The same walk with the lookup's costs: a counted reference for each queued node, a copy of each
+/// ID.
 struct SameWalk {
   static constexpr bool kCopiesIDs = true;
 

@@ -13,9 +13,9 @@ namespace {
 constexpr int kWidth = 6000;
 constexpr int kHeight = 4000;
 constexpr int kQuality = 90;
-constexpr int kNoise = 15;  // values from the lowest to the highest
+constexpr int kNoise = 15;  // range of values
 
-/// Fast, and the same on every machine.
+/// A fast pseudo-random generator with the same sequence on every machine.
 class Noise {
  public:
   int Next() {

@@ -5,10 +5,10 @@
 
 namespace bench {
 
-/// Pixels with the gradients and the noise of a photograph, always the same ones.
+/// Pixels with the gradients and the noise of a photograph; each call returns the same.
 QImage MakePhotograph(int width, int height);
 
-/// 24 megapixels, made once: as a camera would write them, and decoded.
+/// 24 megapixels, created once: encoded as by a camera, and decoded.
 struct Photograph {
   Photograph();
 

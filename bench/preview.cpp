@@ -9,7 +9,7 @@ namespace {
 
 constexpr QSize kCanvas(1000, 700);
 
-/// From a change of the dialog's choices to the painted canvas.
+/// Measures from a change of the dialog's choices to the painted canvas.
 void Follow(benchmark::State& state) {
   const ArtworkPtr artwork = Place("a.jpg", Picture(bench::BigPhotograph().pixels), false);
   const Reduction reduction(artwork->picture);

@@ -10,7 +10,7 @@ namespace bench {
 
 namespace {
 
-/// A line of the process's status, in bytes.
+/// A value of /proc/self/status, in bytes.
 size_t Status(const std::string& name) {
   std::ifstream status("/proc/self/status");
   for (std::string word; status >> word;) {

@@ -15,7 +15,7 @@ namespace {
 constexpr int kTilesAcross = 1000;
 constexpr qint64 kPiece = 1 << 16;
 
-/// A place on the disk that holds the program.
+/// A temporary folder on the disk that holds the program.
 class Scratch {
  public:
   QString Path() const { return folder.filePath("mosaic.svg"); }
