@@ -1,4 +1,4 @@
-# Completes the options that the program itself lists, and what stands behind them.
+# Completes the options that the program's --help lists, and their values.
 _tesserae_studio() {
   local word=${COMP_WORDS[COMP_CWORD]} before=${COMP_WORDS[COMP_CWORD - 1]}
   case $before in
