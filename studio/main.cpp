@@ -19,6 +19,7 @@
 #include "studio/base/studio_error.h"
 #include "studio/console/command_line.h"
 #include "studio/console/console_run.h"
+#include "studio/console/inkscape_run.h"
 #include "studio/console/terminal.h"
 #include "studio/window/settings.h"
 #include "studio/window/studio_window.h"
@@ -119,6 +120,7 @@ QImage WindowScreenshot(const ArtworkPtr& artwork) {
 int RunStudio(const CommandLine& line) {
   SpeakLanguage(line.language);
   qtui::ApplyTheme(qtui::ThemeNamed(line.theme).value_or(settings::ChosenTheme()));
+  if (line.isFromInkscape) return RunForInkscape(line, WindowScreenshot);
   if (line.WantsWindow() && HasDisplay()) return RunWindow(line);
   if (line.WantsWindow() && line.picture.isEmpty())
     throw StudioError("$$$/Studio/Line/NoDisplay=no display is available; see --help");

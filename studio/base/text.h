@@ -21,9 +21,13 @@ QString Text(const char* key, const Values&... values) {
       nrvcore::config::Localizer::Get().Localize(key, {ReplacementValue(ToToolkit(values))...}));
 }
 
-/// A number for a file, with at most four decimals and no more digits than it needs. Halves of the
-/// last decimal are rounded away from 0; the toolkit's number fields round them to an even digit.
-std::string NumberText(double value);
+inline constexpr int kMostDecimals = 12;
+
+/// A number for a file, with at most `decimals` decimals, 0 to kMostDecimals, and no more digits
+/// than it needs. Halves of the last decimal are rounded away from 0; the toolkit's number fields
+/// round them to an even digit. Values from 1e18 divided by ten to the power of `decimals` on are
+/// not defined.
+std::string NumberText(double value, int decimals = 4);
 
 /// The same with the decimal sign of the user's language.
 QString NumberForUser(double value);

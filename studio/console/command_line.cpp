@@ -14,11 +14,13 @@ struct Option {
   const char* value;  // what the help calls it; null for none
   const char* help;   // a key, as the value's name is
   bool CommandLine::*flag = nullptr;
-  QString CommandLine::*text = nullptr;  // null too for the exports, of which there can be many
+  QString CommandLine::*text = nullptr;
+  QStringList CommandLine::*list = nullptr;  // of values, for an option that can be repeated
 };
 
 constexpr const char* kFile = "$$$/Studio/Help/File=FILE";
 constexpr const char* kCode = "$$$/Studio/Help/Code=CODE";
+constexpr const char* kId = "$$$/Studio/Help/Id=ID";
 constexpr const char* kTheme = "$$$/Studio/Help/Theme=THEME";
 
 constexpr Option kOptions[] = {
@@ -27,7 +29,12 @@ constexpr Option kOptions[] = {
      &CommandLine::gestures},
     {"export", kFile,
      "$$$/Studio/Help/Export=Writes the mosaic, by the name's ending: .svg, .png or .pdf; may be "
-     "given more than once."},
+     "given more than once.",
+     nullptr, nullptr, &CommandLine::exports},
+    {"image", kId,
+     "$$$/Studio/Help/Image=Makes the mosaic of the image with this ID in an SVG drawing, and "
+     "exports the drawing with it; may be given more than once.",
+     nullptr, nullptr, &CommandLine::images},
     {"record", kFile, "$$$/Studio/Help/Record=Writes what the dialog gave back, as JSON.", nullptr,
      &CommandLine::record},
     {"screenshot", kFile, "$$$/Studio/Help/Screenshot=Writes what the dialog looks like, as PNG.",
@@ -109,9 +116,23 @@ QStringList ValuesOf(const QCommandLineParser& parser, const Option& option) {
   return values;
 }
 
+/// Inkscape adds options of its own, which differ between its versions and are passed over.
+CommandLine FromInkscape(const QStringList& arguments) {
+  CommandLine line;
+  line.isFromInkscape = true;
+  for (const QString& argument : arguments.mid(1)) {
+    const QString value = argument.section('=', 1);
+    if (argument.startsWith("--id=")) line.selected << value;
+    if (argument.startsWith("--gestures=")) line.gestures = value;
+    if (!argument.startsWith("--")) line.picture = argument;
+  }
+  return line;
+}
+
 }  // namespace
 
 CommandLine CommandLine::Parse(const QStringList& arguments) {
+  if (arguments.contains("--inkscape=true")) return FromInkscape(arguments);
   QCommandLineParser parser;
   Describe(parser);
   const bool isUnderstood = parser.parse(arguments);
@@ -126,7 +147,7 @@ CommandLine CommandLine::Parse(const QStringList& arguments) {
     } else if (const QStringList values = ValuesOf(parser, option); option.text) {
       line.*option.text = values.value(0);
     } else {
-      line.exports = values;
+      line.*option.list = values;
     }
   }
   if (!isUnderstood) {
@@ -143,6 +164,10 @@ CommandLine CommandLine::Parse(const QStringList& arguments) {
   if (!line.theme.isEmpty() && !qtui::ThemeNamed(line.theme)) {
     throw StudioError("$$$/Studio/Line/Theme=--theme is light, dark or system, not %1", line.theme);
   }
+  if (!line.images.isEmpty() && line.picture.isEmpty())
+    throw StudioError("$$$/Studio/Line/WhichDrawing=which drawing? See --help");
+  if (line.images.removeDuplicates() > 0)
+    throw StudioError("$$$/Studio/Line/ImageTwice=--image is given twice for the same image");
   return line;
 }
 
@@ -152,6 +177,10 @@ bool CommandLine::WantsWindow() const {
 
 bool CommandLine::WantsScreenshotsOnly() const {
   return gestures.isEmpty() && exports.isEmpty() && record.isEmpty() && !Screenshots().isEmpty();
+}
+
+bool CommandLine::IsForPerson() const {
+  return gestures.isEmpty() && !WantsScreenshotsOnly();
 }
 
 bool CommandLine::ShowsWindows() const {

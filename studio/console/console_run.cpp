@@ -3,6 +3,7 @@
 #include <QGuiApplication>
 #include <QSocketNotifier>
 #include <QWidget>
+#include <algorithm>
 #include <utility>
 
 #include "platform/nrvui/scripted_presenter.h"
@@ -18,6 +19,7 @@
 #include "studio/export/mosaic_export.h"
 #include "studio/export/picture_encoding.h"
 #include "studio/mosaic/mosaic_job.h"
+#include "studio/window/picture_window.h"
 
 namespace {
 
@@ -74,32 +76,66 @@ int ConsoleRun::Run() {
   if (line.WantsScreenshotsOnly() && isEmptyWindow) return TakeScreenshots();
   if (line.picture.isEmpty())
     throw StudioError("$$$/Studio/Line/WhichPicture=which picture? See --help");
-  for (const QString& path : line.exports) ExportKindOf(path);
-  Picture picture = Picture::Read(line.picture);
-  outputs.Protect(line.picture);
-  artwork = Place(line.picture, std::move(picture), line.isSizeUnknown);
+  for (const QString& path : line.exports) CheckExport(path);
+  Open();
   if (line.WantsScreenshotsOnly()) return TakeScreenshots();
 
   if (!line.gestures.isEmpty())
     gestures = nrvui::gestures::GestureScript::ReadFile(SystemPath(line.gestures));
   OpenOutputs();
-  MosaicChoices choices;
-  if (!Ask(choices)) {
-    Tell(Text("$$$/Studio/Line/Cancelled=The dialog was cancelled."));
-    return kCancelled;
+  QByteArrayList records;
+  for (const ArtworkPtr& next : artworks) {
+    artwork = next;
+    MosaicChoices choices;
+    if (!Ask(choices)) {
+      Tell(Text("$$$/Studio/Line/Cancelled=The dialog was cancelled."));
+      return kCancelled;
+    }
+    last = choices;
+    records << ToJson(choices, Fields::kAll);
+    Tell(records.last().trimmed());
+    if (!Build(choices)) break;
   }
-  const QByteArray json = ToJson(choices, Fields::kAll);
-  Tell(json.trimmed());
-  if (recordDevice) WriteAll(*recordDevice, json);
-  if (Build(choices)) SaveWindowScreenshot();
-  if (interruption->IsRequested()) {
+  if (interruption->IsRequested() || !ExportDrawing()) {
     Tell(Text("$$$/Studio/Line/Stopped=The building was stopped."));
     return kCancelled;
   }
-  KeepChoices(choices);
+  if (recordDevice) {
+    const bool isOne = records.size() == 1;
+    WriteAll(*recordDevice, isOne ? records.front() : "[\n" + records.join(",\n") + "]\n");
+  }
+  SaveScreenshots();
+  KeepChoices();
   ExitOnSignals(kDone);
   TellOfFiles();
   return kDone;
+}
+
+void ConsoleRun::CheckExport(const QString& path) const {
+  ExportKindOf(path);
+  if (!line.images.isEmpty() && &ExportKindOf(path) != FindExportKind(".svg")) {
+    throw StudioError(
+        "$$$/Studio/Line/DrawingEnding=cannot export the drawing to %1: the name must end in .svg",
+        path);
+  }
+}
+
+/// Reads the picture, or the images of the drawing.
+void ConsoleRun::Open() {
+  outputs.Protect(line.picture);
+  if (line.images.isEmpty()) {
+    artworks = {Place(line.picture, Picture::Read(line.picture), line.isSizeUnknown)};
+  } else {
+    drawing = std::make_shared<const Drawing>(Drawing::Read(line.picture));
+  }
+  std::vector<const ImageElement*> images;
+  for (const QString& id : line.images) images.push_back(&drawing->Image(id));
+  for (const ImageElement* image : images) {
+    placed.push_back(PlacedImage::Read(drawing, *image, line.isSizeUnknown));
+    artworks.push_back(placed.back().artwork);
+    outputs.Protect(artworks.back()->path);
+  }
+  artwork = artworks.front();
 }
 
 /// Shows dialog and window only for as long as the screenshots take.
@@ -108,7 +144,7 @@ int ConsoleRun::TakeScreenshots() {
   OpenScreenshots();
   MosaicChoices choices;
   if (dialogScreenshotDevice) Ask(choices);
-  SaveWindowScreenshot();
+  SaveScreenshots();
   if (interruption->IsRequested()) return kCancelled;
   outputs.Commit();
   ExitOnSignals(kDone);
@@ -121,28 +157,32 @@ void ConsoleRun::OpenOutputs() {
   interruption.emplace();
   outputs.Protect(line.gestures);
   for (const QString& path : line.exports) exportDevices.push_back(&outputs.Add(path));
-  recordDevice = Open(line.record);
-  stateDevice = Open(line.state);
+  recordDevice = OpenOutput(line.record);
+  stateDevice = OpenOutput(line.state);
   OpenScreenshots();
 }
 
 void ConsoleRun::OpenScreenshots() {
-  dialogScreenshotDevice = Open(line.dialogScreenshot);
-  windowScreenshotDevice = Open(line.windowScreenshot);
+  dialogScreenshotDevice = OpenOutput(line.dialogScreenshot);
+  windowScreenshotDevice = OpenOutput(line.windowScreenshot);
 }
 
-QIODevice* ConsoleRun::Open(const QString& name) {
+QIODevice* ConsoleRun::OpenOutput(const QString& name) {
   return name.isEmpty() ? nullptr : &outputs.Add(name);
 }
 
 bool ConsoleRun::Ask(MosaicChoices& choices) {
   const auto warn = [this](const StudioError& error) { Warn(error.what()); };
-  choices = ChoicesFor(*artwork, lastChoices.Load(warn));
+  choices = ChoicesFor(*artwork, last ? last : lastChoices.Load(warn));
   DialogUser user(line, gestures,
                   [this](const std::string& text) { Warn(QString::fromStdString(text)); });
+  std::optional<PictureWindow> window;
   if (user.windows) {
+    if (drawing && line.IsForPerson()) window.emplace(artwork, choices, *user.windows);
     user.windows->WhenChanged([&](const nrvui::ui::UI_Dialog& dialog) {
-      return OutlookFor(artwork->picture, ChoicesOnOk(dialog, choices));
+      const MosaicChoices present = ChoicesOnOk(dialog, choices);
+      if (window) window->Follow(present);
+      return OutlookFor(artwork->picture, present);
     });
   }
   const QSocketNotifier notifier(interruption->Descriptor(), QSocketNotifier::Read);
@@ -154,20 +194,19 @@ bool ConsoleRun::Ask(MosaicChoices& choices) {
   if (interruption->IsRequested()) return false;
   const auto& problem = user.windows ? user.windows->Error() : user.script->Error();
   if (problem) throw StudioError(QString(problem->what()));
-  if (dialogScreenshotDevice)
-    WriteAll(*dialogScreenshotDevice, EncodePicture(user.windows->Screenshot(), "png"));
+  if (dialogScreenshotDevice) dialogScreenshot = user.windows->Screenshot();
   return isOk;
 }
 
 bool ConsoleRun::Build(const MosaicChoices& choices) {
   MosaicJob job(artwork->picture, choices);
   const MosaicGeometry& geometry = job.Geometry();
-  for (size_t i = 0; i < exportDevices.size(); ++i) {
+  for (size_t i = 0; !drawing && i < exportDevices.size(); ++i) {
     const ExportKind& kind = ExportKindOf(line.exports[int(i)]);
     job.Add(kind.makeSink(*exportDevices[i], geometry, job.Below(), 0));
   }
   Mosaic mosaic;
-  if (windowScreenshotDevice) job.Add(mosaic);
+  if (drawing || windowScreenshotDevice) job.Add(mosaic);
   ProgressLine progress(!line.isQuiet);
   const bool isComplete = job.Run([&](int rowsDone) {
     progress.Show(rowsDone, geometry.tilesDown);
@@ -177,23 +216,39 @@ bool ConsoleRun::Build(const MosaicChoices& choices) {
   Tell(Text("$$$/Studio/Line/Built=Built %1 tiles, %2 across and %3 down.",
             QString::number(qint64(geometry.tilesAcross) * geometry.tilesDown),
             QString::number(geometry.tilesAcross), QString::number(geometry.tilesDown)));
-  if (windowScreenshotDevice) artwork = WithMosaic(*artwork, std::move(mosaic));
+  if (!drawing && !windowScreenshotDevice) return true;
+  artwork = WithMosaic(*artwork, std::move(mosaic));
+  if (drawing) {
+    const auto& [from, image, placement, before] = placed[mosaics.size()];
+    mosaics.push_back({image, placement, artwork->mosaic, choices.params.deleteRaster != 0});
+  }
   return true;
 }
 
-void ConsoleRun::SaveWindowScreenshot() {
+/// Answers whether nobody stopped it.
+bool ConsoleRun::ExportDrawing() {
+  const auto goOn = [this](int) { return !interruption->IsRequested(); };
+  if (!drawing) return true;
+  return std::all_of(exportDevices.begin(), exportDevices.end(), [&](QIODevice* device) {
+    return WriteDrawing(*drawing, mosaics, *device, goOn);
+  });
+}
+
+void ConsoleRun::SaveScreenshots() {
+  if (dialogScreenshotDevice)
+    WriteAll(*dialogScreenshotDevice, EncodePicture(dialogScreenshot, "png"));
   if (windowScreenshotDevice)
     WriteAll(*windowScreenshotDevice, EncodePicture(windowCamera(artwork), "png"));
 }
 
 /// Choices in a named place are one of the run's files; failing to keep those in the user's
 /// settings must not cost a finished mosaic.
-void ConsoleRun::KeepChoices(const MosaicChoices& choices) {
-  if (stateDevice) WriteAll(*stateDevice, ToJson(choices, Fields::kChoices));
+void ConsoleRun::KeepChoices() {
+  if (stateDevice) WriteAll(*stateDevice, ToJson(*last, Fields::kChoices));
   outputs.Commit();
   if (stateDevice) return;
   try {
-    lastChoices.Save(choices);
+    lastChoices.Save(*last);
   } catch (const StudioError& error) {
     Warn(
         Text("$$$/Studio/Line/ChoicesNotKept=the choices are not kept: %1", QString(error.what())));

@@ -10,6 +10,8 @@
 #include "studio/base/output.h"
 #include "studio/caller/last_choices.h"
 #include "studio/console/command_line.h"
+#include "studio/drawing/drawing_export.h"
+#include "studio/drawing/placed_image.h"
 #include "studio/mosaic/artwork.h"
 
 /// Whether windows can be seen.
@@ -31,14 +33,17 @@ class ConsoleRun {
 
  private:
   int TakeScreenshots();
+  void CheckExport(const QString& path) const;
+  void Open();
   void OpenOutputs();
   void OpenScreenshots();
-  QIODevice* Open(const QString& name);
+  QIODevice* OpenOutput(const QString& name);
   /// Answers whether OK ended the dialog, with these choices.
   bool Ask(MosaicChoices& choices);
   bool Build(const MosaicChoices& choices);
-  void SaveWindowScreenshot();
-  void KeepChoices(const MosaicChoices& choices);
+  bool ExportDrawing();
+  void SaveScreenshots();
+  void KeepChoices();
 
   void Tell(const QString& text) const;
   void TellOfFiles() const;
@@ -49,7 +54,13 @@ class ConsoleRun {
   LastChoices lastChoices;
   std::optional<nrvui::gestures::GestureScript> gestures;  // nothing when a person answers
   std::optional<const Interruption> interruption;          // from the first open output on
-  ArtworkPtr artwork;                                      // null before the picture is placed
+  std::shared_ptr<const Drawing> drawing;                  // null for a picture
+  std::vector<PlacedImage> placed;                         // in the drawing
+  std::vector<ArtworkPtr> artworks;                        // the picture, or those of `placed`
+  ArtworkPtr artwork;                 // the present one; null before a picture is placed
+  std::vector<PlacedMosaic> mosaics;  // of `placed`, as far as they are built
+  std::optional<MosaicChoices> last;  // of the present run
+  QImage dialogScreenshot;            // of the last dialog
   OutputSet outputs;
   std::vector<QIODevice*> exportDevices;        // in the order of the command line's exports
   QIODevice* recordDevice = nullptr;            // null when not asked for

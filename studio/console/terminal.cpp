@@ -31,13 +31,22 @@ void SilenceLibraries() {
 }
 
 void Print(const QString& text) {
-  if (std::fputs(qPrintable(text), stdout) >= 0 && std::fflush(stdout) == 0) return;
+  PrintBytes(text.toUtf8());
+}
+
+void PrintBytes(const QByteArray& bytes) {
+  const auto size = size_t(bytes.size());
+  if (std::fwrite(bytes.constData(), 1, size, stdout) == size && std::fflush(stdout) == 0) return;
   throw StudioError("$$$/Studio/Line/NoOutput=cannot write to the standard output: %1",
                     ReasonText(errno));
 }
 
 void PrintError(const QString& text) {
   std::fprintf(errorOutput, "tesserae-studio: %s\n", qPrintable(OnOneLine(text)));
+}
+
+void PrintSentence(const QString& text) {
+  std::fprintf(errorOutput, "%s\n", qPrintable(OnOneLine(text)));
 }
 
 ProgressLine::ProgressLine(bool isWanted)

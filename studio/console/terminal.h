@@ -10,10 +10,14 @@ void SilenceLibraries();
 
 /// Writes a text to the standard output at once. Throws StudioError when it cannot be written.
 void Print(const QString& text);
+void PrintBytes(const QByteArray& bytes);
 
 /// Writes the program's name and what is wrong to the error output, as one line whatever the names
 /// in it hold.
 void PrintError(const QString& text);
+
+/// Writes a sentence for another program to show to the error output, as one line.
+void PrintSentence(const QString& text);
 
 /// Shows on the error output how far a long piece of work is. Stays silent in the first half second
 /// and when the error output is no terminal; the line is gone at the end.

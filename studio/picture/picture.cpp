@@ -162,6 +162,7 @@ const QImage& Picture::PixelsInSrgb() const {
 }
 
 QSizeF Picture::SizeInPoints() const {
+  if (!setSize.isEmpty()) return setSize;
   return {pixels.width() * 72 / DotsPerInch(pixels.dotsPerMeterX()),
           pixels.height() * 72 / DotsPerInch(pixels.dotsPerMeterY())};
 }

@@ -31,10 +31,13 @@ class Picture {
   /// The colour space of the values; invalid when the file doesn't say, which means sRGB.
   QColorSpace ColorSpace() const { return pixels.colorSpace(); }
 
-  /// The size on the page in points of 1/72 inch.
+  /// The size on the page in points of 1/72 inch: what the resolution gives, or what was set.
   QSizeF SizeInPoints() const;
+  /// Sets the size on the page, in points; both lengths are above 0.
+  void SetSizeInPoints(QSizeF size) { setSize = size; }
 
  private:
   QImage pixels;
+  QSizeF setSize;               // empty where the resolution counts
   mutable QImage pixelsInSrgb;  // shares `pixels` where these are in sRGB already
 };

@@ -5,6 +5,7 @@
 #include <QDeadlineTimer>
 #include <QDir>
 #include <QFile>
+#include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QProcess>
@@ -156,6 +157,50 @@ TEST_F(Program, DrawsADrawingThatStandsAlone) {
   }
 }
 
+TEST_F(Program, MakesMosaicsOfImagesInADrawing) {
+  const QByteArray first = "<image id='a' href='in.png' transform='scale(2)'/>";
+  const QByteArray second = "<image id='b' width='24' height='16' href='data:image/png;base64," +
+                            Load("in.png").toBase64() + "'/>";
+  const QByteArray rect = "<rect id='r' width='9' height='9'/>";
+  Save("in.svg", kSvgStart + first + rect + second + "</svg>");
+  Save("three", "enter HorizontalCountTxt 3\nenter VerticalCountTxt 2\nkey Return\n");
+  const Result result =
+      Run("in.svg --image b --image a --gestures three --export a.svg --record record --state s");
+  EXPECT_EQ(result.status, 0) << result.errors.toStdString();
+  const QByteArray drawn = Load("a.svg");
+  EXPECT_EQ(drawn.count("<rect x="), 12);
+  EXPECT_TRUE(drawn.startsWith(kSvgStart + "<g id=\"a-mosaic\" transform=\"scale(2)\""));
+  EXPECT_TRUE(drawn.contains("</g>" + rect + "<g id=\"b-mosaic\"")) << "the images are gone";
+  EXPECT_TRUE(drawn.endsWith("</g></svg>"));
+  EXPECT_TRUE(drawn.contains("<rect x=\"16\" y=\"8\" width=\"8\" height=\"8\" fill"));
+  const QJsonArray records = QJsonDocument::fromJson(Load("record")).array();
+  EXPECT_EQ(records.size(), 2);
+  EXPECT_EQ(records[0]["boundsRight"].toInt(), 18) << "the first that was named";
+  EXPECT_EQ(records[1]["boundsRight"].toInt(), 90);
+  Save("keep", "enter NewWidthTxt 3\nclick DeleteRasterChk\nkey Return\n");
+  EXPECT_EQ(Run("in.svg --image a --gestures keep --export b.svg --state s").status, 0);
+  EXPECT_TRUE(Load("b.svg").startsWith(kSvgStart + first + "<g id=\"a-mosaic\""));
+  EXPECT_TRUE(Load("b.svg").contains("<rect x=\"0.66667\"")) << "3 pt are 2 units; a third";
+
+  // As Inkscape calls it.
+  const Result called = Run("--id=r --id=b --inkscape=true --odd --gestures=three in.svg");
+  QByteArray expected = drawn;
+  expected.replace(kSvgStart.size(), drawn.indexOf(rect) - kSvgStart.size(), first);
+  EXPECT_EQ(called.output, expected) << "a stays, as it is not selected";
+  EXPECT_EQ(called.status, 0);
+  EXPECT_EQ(called.errors, "");
+  const Result cancelled = Run("--id=a --inkscape=true --gestures=cancel in.svg");
+  EXPECT_EQ(cancelled.output + cancelled.errors, "");
+  EXPECT_EQ(cancelled.status, 0);
+  const std::pair<const char*, const char*> kRefusals[] = {
+      {"", "Select a picture first.\n"}, {"--id=r", "The selection has no picture;"}};
+  for (const auto& [selection, message] : kRefusals) {
+    const Result refused = Run(QString("%1 --inkscape=true in.svg").arg(selection));
+    EXPECT_EQ(refused.output, "");
+    EXPECT_TRUE(refused.errors.startsWith(message)) << refused.errors.toStdString();
+  }
+}
+
 TEST_F(Program, TakesScreenshotsOfWhatWouldOpen) {
   EXPECT_EQ(Run("--screenshot-window empty.png").output, "Wrote empty.png\n");
   EXPECT_EQ(QImage(Path("empty.png")).size(), QSize(1080, 760));
@@ -256,6 +301,11 @@ TEST_F(Program, SaysInOneLineWhatIsWrong) {
       {"in.png --gestures ok --export IN.PNG", "for something else"},
       {"in.png --gestures ok --record pipe", "no ordinary file"},
       {"in.png --gestures ok --export a.svg --export folder/link.svg", "for something else"},
+      {"in.png --image a --gestures ok --export a.svg", "in.png cannot be read: line 1"},
+      {"linked.svg --image a --gestures ok --export a.svg", "no element a in linked.svg"},
+      {"linked.svg --image a --gestures ok --export a.png", "the name must end in .svg"},
+      {"linked.svg --image a --image a", "given twice"},
+      {"--image a --gestures ok", "which drawing"},
       {"in.png --theme=pink", "not pink"},
       {"in.png --theme=", "--theme needs a value"},
       {"-- --help", "no picture --help"},
