@@ -9,10 +9,11 @@ namespace nrvcore::config {
 
 enum class ErrorLevel : int { kNotice = 0, kError = 1 };
 
-/// What ThrowError throws.
+/// What ThrowError throws: its arguments, with the localised text in place of the values.
 class NRV_EXPORT Error : public std::exception {
  public:
-  Error(const char* errorKey, const UTF16String& errorText);
+  Error(ErrorLevel errorLevel, const char* errorKey, unsigned errorNumber, int errorCode,
+        bool errorFlag, const UTF16String& errorText);
   Error(const Error& other);
   ~Error() override;
   Error& operator=(const Error&) = delete;
@@ -21,30 +22,39 @@ class NRV_EXPORT Error : public std::exception {
   const char* what() const noexcept override;
   /// The localised text, with its replacements, as it was when the error was thrown.
   const UTF16String& Text() const noexcept { return text; }
+  ErrorLevel Level() const noexcept { return level; }
+  unsigned Number() const noexcept { return number; }
+  int Code() const noexcept { return code; }
+  bool Flag() const noexcept { return flag; }
 
  private:
+  ErrorLevel level;
   String key;
+  unsigned number;
+  int code;
+  bool flag;
   UTF16String text;
 };
 
-/// Throws an Error; the values take the places of %1 to %4 in the localised key. The level, the
-/// two numbers and the flag are part of the interface but not of the Error: no handler tells errors
-/// apart by them.
+/// Throws an Error; the values take the places of %1 to %4 in the localised key. Level, number,
+/// code and flag are the thrower's; the toolkit only passes them on.
 [[noreturn]] NRV_EXPORT void ThrowError(ErrorLevel level, const char* key, unsigned number,
                                         int code, bool flag, const ReplacementValue& first,
                                         const ReplacementValue& second,
                                         const ReplacementValue& third,
                                         const ReplacementValue& fourth);
 
-/// The same for whoever has no use for the rest.
+/// Throws an Error of level kError without number, code and flag.
 [[noreturn]] inline void ThrowError(const char* key, const ReplacementValue& value = {}) {
   ThrowError(ErrorLevel::kError, key, 0, 0, false, value, {}, {}, {});
 }
 
-inline constexpr const char* kInvalidTypeConversion =
-    "$$$/nrvcore/utility/Error/InvalidTypeConversion=Invalid type conversion.";
-
-/// What every checked conversion throws when the object is of another class.
-[[noreturn]] NRV_EXPORT void ThrowInvalidTypeConversion();
+/// What a checked conversion throws for an object of another class. Inline, so that each image
+/// throws it through ThrowError, the one operation that a host's toolkit has for this.
+[[noreturn]] inline void ThrowInvalidTypeConversion() {
+  ThrowError(ErrorLevel::kError,
+             "$$$/nrvcore/utility/Error/InvalidTypeConversion=Invalid type conversion.", 105, 21,
+             true, ReplacementValue(), ReplacementValue(), ReplacementValue(), ReplacementValue());
+}
 
 }  // namespace nrvcore::config

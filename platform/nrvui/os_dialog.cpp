@@ -4,6 +4,8 @@
 #include <stdexcept>
 
 #include "platform/nrvcore/error.h"
+#include "platform/nrvui/dialog_presenter.h"
+#include "platform/nrvui/ui_dialog.h"
 
 namespace nrvui {
 
@@ -56,7 +58,10 @@ void OS_Dialog::RunModal() {
   // heap's, and a reference must not be taken and dropped.
   const boost::intrusive_ptr<OS_Dialog> kept = UI_GetReferenceCount() > 0 ? this : nullptr;
   const WhileOpen whileOpen(isOpen);
-  Run(*presenter);
+  auto& dialog = static_cast<UI_Dialog&>(*this);
+  dialog.SetResponse(kNoResponse);
+  presenter->Present(dialog);
+  if (dialog.GetResponse() == kNoResponse) dialog.SetResponse(kCancelResponse);
 }
 
 void OS_Dialog::Center() {

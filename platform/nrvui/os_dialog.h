@@ -3,7 +3,6 @@
 #include <cstdint>
 
 #include "platform/nrvcore/export.h"
-#include "platform/nrvui/dialog_presenter.h"
 #include "platform/nrvui/ui_node.h"
 
 class NSWindow;
@@ -51,8 +50,10 @@ enum class DialogPlacement {
   kPositioned,  // where the platform places dialogs: over its parent window if it has one
 };
 
-/// A node that is a platform window. Its local rectangle is its content; sizes and places are in
-/// points, a place counts from the top left of the screen.
+class UI_Dialog;
+
+/// A node that is a platform window; every one is a UI_Dialog. Its local rectangle is its content.
+/// Sizes and places are in points, places count from the top left of the screen.
 class NRV_EXPORT OS_Dialog : public UI_Node {
  public:
   ~OS_Dialog() override;
@@ -77,17 +78,16 @@ class NRV_EXPORT OS_Dialog : public UI_Node {
   const DialogStyle& GetStyle() const { return style; }
   const drawbot::SupplierInterface* GetDrawingSupplier() const { return supplier; }
 
- protected:
+ private:
+  friend class UI_Dialog;
+
   OS_Dialog(const drawbot::SupplierInterface* drawingSupplier,
             const nrvcore::UTF16String& windowTitle, nrvcore::geom::PointT<float> point,
             nrvcore::geom::PointT<float> contentSize, NSWindow* platformWindow,
             const DialogStyle& windowStyle);
 
-  virtual void Run(DialogPresenter& presenter) = 0;
-
   void SetPlacement(DialogPlacement newPlacement);
 
- private:
   const drawbot::SupplierInterface* supplier;
   nrvcore::UTF16String title;
   nrvcore::geom::PointT<float> dialogPoint;

@@ -51,14 +51,6 @@ void UI_Dialog::DefaultCloseCancel() {
   SetResponse(kCancelResponse);
 }
 
-DialogResponse UI_Dialog::GetResponse() const {
-  return response;
-}
-
-const boost::intrusive_ptr<OS_View>& UI_Dialog::GetRootView() const {
-  return rootView;
-}
-
 void UI_Dialog::SetOkButton(const boost::intrusive_ptr<controls::UI_Button>& button) {
   okButton = button;
 }
@@ -77,12 +69,6 @@ void UI_Dialog::Position() {
 
 void UI_Dialog::UI_ContentRectChanged(const nrvcore::geom::RectT<float>& rect) {
   rootView->UI_SetLocalRectF(rect);
-}
-
-void UI_Dialog::Run(DialogPresenter& presenter) {
-  SetResponse(kNoResponse);
-  presenter.Present(*this);
-  if (response == kNoResponse) SetResponse(kCancelResponse);
 }
 
 }  // namespace nrvui::ui

@@ -38,10 +38,10 @@ class NRV_EXPORT UI_Dialog : public OS_Dialog {
   virtual void DefaultCloseOk();
   virtual void DefaultCloseCancel();
 
-  DialogResponse GetResponse() const;
+  DialogResponse GetResponse() const { return response; }
 
   /// The only child; it follows the dialog's size and lasts as long as the dialog.
-  const boost::intrusive_ptr<OS_View>& GetRootView() const;
+  const boost::intrusive_ptr<OS_View>& GetRootView() const { return rootView; }
 
   void SetOkButton(const boost::intrusive_ptr<controls::UI_Button>& button);
   void SetCancelButton(const boost::intrusive_ptr<controls::UI_Button>& button);
@@ -54,9 +54,6 @@ class NRV_EXPORT UI_Dialog : public OS_Dialog {
   void Position();
 
   void UI_ContentRectChanged(const nrvcore::geom::RectT<float>& rect) override;
-
- protected:
-  void Run(DialogPresenter& presenter) override;
 
  private:
   boost::intrusive_ptr<OS_View> rootView;

@@ -21,12 +21,6 @@ UI_Node::~UI_Node() noexcept(false) {
   if (observer != nullptr) observer->NodeDestroyed(*this);
 }
 
-void UI_Node::DestroyUnlessGuarded() const {
-  if (beingDestroyed || keptOnLastRelease) return;
-  beingDestroyed = true;
-  delete this;
-}
-
 void UI_Node::ChildPushBack(const boost::intrusive_ptr<UI_Node>& child) {
   if (child == nullptr) throw std::invalid_argument("a child is null");
   if (child->IsAtOrAbove(*this)) throw std::invalid_argument("a node would contain itself");

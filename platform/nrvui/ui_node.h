@@ -112,7 +112,6 @@ class NRV_EXPORT UI_Node : public UI_Container {
   friend void intrusive_ptr_release(const UI_Node* node);
 
   bool IsAtOrAbove(const UI_Node& other) const;
-  void DestroyUnlessGuarded() const;
 
   // First what a lookup reads, so that it touches fewer cache lines.
   mutable std::atomic<std::int32_t> referenceCount{0};
@@ -134,8 +133,10 @@ inline void intrusive_ptr_add_ref(const UI_Node* node) noexcept {
 /// The release that brings the count to zero destroys the node, unless a guard is set. It lets
 /// through what a destruction throws, which boost::intrusive_ptr's destructor cannot do.
 inline void intrusive_ptr_release(const UI_Node* node) {
-  if (node->referenceCount.fetch_sub(1, std::memory_order_acq_rel) == 1)
-    node->DestroyUnlessGuarded();
+  if (node->referenceCount.fetch_sub(1, std::memory_order_acq_rel) != 1) return;
+  if (node->beingDestroyed || node->keptOnLastRelease) return;
+  node->beingDestroyed = true;
+  delete node;
 }
 
 /// Calls `visit` with every node of a class below `top`, parents before their children.

@@ -17,7 +17,7 @@ class NRV_EXPORT CustomSettingsManager {
   CustomSettingsManager& operator=(const CustomSettingsManager&) = delete;
   ~CustomSettingsManager();
 
-  const std::map<std::string, boost::any>& GetSettings() const;
+  const std::map<std::string, boost::any>& GetSettings() const { return settings; }
   void SetSetting(const std::string& key, const boost::any& value);
 
  private:

@@ -19,10 +19,12 @@ class PoppedUp : boost::noncopyable {
 
 UI_PopupModalDialog::~UI_PopupModalDialog() = default;
 
-void UI_PopupModalDialog::Run(nrvui::ui::DialogPresenter& presenter) {
+void UI_PopupModalDialog::RunModal() {
   if (!MayPopUp()) return SetResponse(nrvui::ui::kCancelResponse);
+  // OnDismiss comes after the toolkit's run, at whose end it releases its own reference.
+  const boost::intrusive_ptr<UI_Dialog> kept = UI_GetReferenceCount() > 0 ? this : nullptr;
   const PoppedUp poppedUp(*this);
-  UI_Dialog::Run(presenter);
+  UI_Dialog::RunModal();
 }
 
 bool UI_PopupModalDialog::MayPopUp() {

@@ -10,15 +10,14 @@ class NRV_EXPORT UI_PopupModalDialog : public nrvui::ui::UI_Dialog {
   using UI_Dialog::UI_Dialog;
   ~UI_PopupModalDialog() override;
 
+  void RunModal() override;
+
   /// A run asks this first, and is cancelled unless it agrees.
   virtual bool MayPopUp();
   /// Called before a run; what it throws ends it.
   virtual void OnPopUp();
   /// Called after a run that OnPopUp let begin, also when the run throws.
   virtual void OnDismiss() noexcept;
-
- protected:
-  void Run(nrvui::ui::DialogPresenter& presenter) override;
 };
 
 /// A dialog that floats above the host's documents.

@@ -155,6 +155,10 @@ TEST(MessageFunctionAdapter, DeliversOnlyItsOwnClassOfMessage) {
     } catch (const nrvcore::config::Error& error) {
       EXPECT_STREQ(error.what(),
                    "$$$/nrvcore/utility/Error/InvalidTypeConversion=Invalid type conversion.");
+      EXPECT_EQ(error.Level(), nrvcore::config::ErrorLevel::kError);
+      EXPECT_EQ(error.Number(), 105u);
+      EXPECT_EQ(error.Code(), 21);
+      EXPECT_TRUE(error.Flag());
     }
   }
 }

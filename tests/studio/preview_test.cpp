@@ -8,6 +8,7 @@
 #include <random>
 
 #include "platform/nrvcore/unicode.h"
+#include "platform/nrvui/dialog_presenter.h"
 #include "platform/nrvui/gesture.h"
 #include "platform/nrvui/ui_node.h"
 #include "studio/caller/dialog_choices.h"
