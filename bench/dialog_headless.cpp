@@ -43,7 +43,7 @@ constexpr bench::Line kLines[] = {
      .figure = "Dialog/first-gesture",
      .against = "`QUiLoader` making a form of the same controls",
      .peer = "Dialog/form-loader",
-     .limit = 0.085},
+     .limit = 0.12},
 };
 const bench::Table kTable(2, kLines);
 

@@ -6,9 +6,9 @@
 #include "platform/nrvui/ui_node.h"
 
 /// The first node in breadth-first order, `root` included, whose ID is exactly `nodeID`; null when
-/// there is none. `root` must not be null, and the tree must not change meanwhile. Every node whose
-/// children are still to visit is held by a reference of its own, every ID is read as the toolkit
-/// gives it, a copy, and nothing is kept from one call to the next. Throws std::bad_alloc, with
-/// every reference given back, when there is no memory for the queue.
+/// there is none. `root` must not be null, and the tree must not change meanwhile. Each node in
+/// the queue is held by a reference of its own, and each ID is read as the toolkit gives it, a
+/// copy. Nothing is kept from one call to the next. Throws std::bad_alloc, with every reference
+/// released, when there is no memory for the queue.
 boost::intrusive_ptr<nrvui::ui::UI_Node> FindNodeByID(
     const boost::intrusive_ptr<nrvui::ui::UI_Node>& root, const nrvcore::String& nodeID);

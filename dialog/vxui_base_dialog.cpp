@@ -161,10 +161,11 @@ template <class T>
 void VXUIBaseDialog<T>::OnSheetSizeChanged() {
   if (!sheetHolder) return;
   const auto layout = sheetHolder->GetLayoutNode();
-  const auto sheetView = sheetHolder->GetSheetView();
-  if (!layout || !sheetView) return;
+  if (!layout) return;
   const Rect layoutRect = layout->UI_GetLocalRectF();
   const Rect dialogRect = this->UI_GetLocalRectF();
+  const auto sheetView = sheetHolder->GetSheetView();
+  if (!sheetView) return;
   sheetView->UI_SetLocalRectF(layoutRect);
   const Size size = ContentSizeFor(layoutRect);
   if (size.x != dialogRect.right || size.y != dialogRect.bottom) SetSize(size);

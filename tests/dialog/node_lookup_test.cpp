@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <new>
+
 #include "check/toolkit_memory.h"
 #include "platform/nrvui/ui_views.h"
 
@@ -38,17 +40,28 @@ TEST(FindNodeByID, FirstMatchInBreadthFirstOrder) {
   EXPECT_EQ(FindNodeByID(root, "h\xC3\xA9"), root);
 }
 
-TEST(FindNodeByID, TakesMemoryOnceForADialogOfUsualSize) {
-  for (const auto& [parents, expected] : {std::pair(64, 1u), {65, 2u}}) {
-    const NodeRef root = Add(nullptr, "root");
-    for (int i = 1; i < parents; ++i) Add(Add(root, "child"), "grandchild");
-    constexpr size_t kMany = 100;
-    toolkit_memory::untilRefusal = kMany;
+TEST(FindNodeByID, QueuesEveryNodeAndReleasesItsReferenceHoweverItEnds) {
+  constexpr size_t kLeaves = 1000;
+  const NodeRef root = Add(nullptr, "root");
+  for (size_t i = 0; i < kLeaves; ++i) Add(root, i + 1 < kLeaves ? "leaf" : "last");
+  const NodeRef last = root->ChildEnd()[-1];
+  size_t refusals = 0;
+  for (bool found = false; !found; refusals += !found) {
+    toolkit_memory::untilRefusal = refusals + 1;
     toolkit_memory::isArmed = true;
-    EXPECT_FALSE(FindNodeByID(root, "nobody"));
+    try {
+      const NodeRef node = FindNodeByID(root, "last");
+      toolkit_memory::isArmed = false;
+      found = node == last;
+      EXPECT_EQ(last->UI_GetReferenceCount(), 3);
+    } catch (const std::bad_alloc&) {
+    }
     toolkit_memory::isArmed = false;
-    EXPECT_EQ(kMany - toolkit_memory::untilRefusal, expected) << parents;
+    for (const NodeRef& node : nrvui::ui::Children(*root))
+      ASSERT_EQ(node->UI_GetReferenceCount(), node == last ? 2 : 1) << refusals;
+    ASSERT_EQ(root->UI_GetReferenceCount(), 1) << refusals;
   }
+  EXPECT_GT(refusals, kLeaves / 100) << "leaves have entries, too";
 }
 
 }  // namespace
