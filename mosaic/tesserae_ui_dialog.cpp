@@ -57,7 +57,7 @@ void TesseraeUIDialog::InitializeControls() {
   if (parameters.sizeUnavailable) state.usePercent = parameters.sizeUnavailable;
   state.reserved6 = 0;
 
-  ConnectControls();
+  (void)ConnectControls();
   UpdateRadioButtons();
   Control<UI_Checkbox>("DeleteRasterChk")->SetChecked(parameters.deleteRaster != 0);
 
@@ -76,7 +76,7 @@ void TesseraeUIDialog::InitializeControls() {
   ClampTileSpacing();
 }
 
-void TesseraeUIDialog::ConnectControls() {
+int32_t TesseraeUIDialog::ConnectControls() {
   const bool noSize = state.noOriginalSize != 0;
   InstallChangeHandler("MosaicUseRatioButton", &TesseraeUIDialog::OnUseRatioButton);
   Control<UI_TextButton>("MosaicUseRatioButton")->SetDisabled(noSize);
@@ -96,6 +96,7 @@ void TesseraeUIDialog::ConnectControls() {
   InstallChangeHandler("DeleteRasterChk", &TesseraeUIDialog::OnDeleteRasterChanged);
   InstallChangeHandler("HorizontalCountTxt", &TesseraeUIDialog::OnTileCountChanged);
   InstallChangeHandler("VerticalCountTxt", &TesseraeUIDialog::OnTileCountChanged);
+  return 0;
 }
 
 void TesseraeUIDialog::UpdateRadioButtons() {
@@ -190,19 +191,23 @@ void TesseraeUIDialog::OnUseRatioButton(UI_ControlChangedMessage*) {
   // After a reload that failed, the dialog can be asked for although the module holds no suites.
   const ScopedSuite<VXRealMathSuite> math;
   if (!math) return;
-  const bool keepHorizontal = parameters.keepHorizontal != 0;
-  const int16_t fixedCount =
-      GetControlShort(keepHorizontal ? "HorizontalCountTxt" : "VerticalCountTxt");
-  const float factor = keepHorizontal ? math->Divide(1.0f, state.aspectRatio) : state.aspectRatio;
-  const float count = math->Multiply(fixedCount, factor);
-  const int16_t fixedSize = GetControlShort(keepHorizontal ? "NewWidthTxt" : "NewHeightTxt");
-  const float size = math->Multiply(fixedSize, factor);
-
-  // With a ratio of 0 its inverse is infinite, and a host that refuses answers with a NaN. Neither
-  // field changes then, so both results are computed before the first field is set.
-  if (!std::isfinite(factor) || std::isnan(count) || std::isnan(size)) return;
-  SetControlNumber(keepHorizontal ? "VerticalCountTxt" : "HorizontalCountTxt", RoundToShort(count));
-  SetControlNumber(keepHorizontal ? "NewHeightTxt" : "NewWidthTxt", RoundToShort(size));
+  // A host that refuses the arithmetic answers NaN; the field then keeps its value.
+  const auto setDerived = [this](const char* nodeID, float derived) {
+    if (!std::isnan(derived)) SetControlNumber(nodeID, RoundToShort(derived));
+  };
+  int16_t fixed;
+  if (!parameters.keepHorizontal) {
+    GetControlShort("VerticalCountTxt", fixed);
+    setDerived("HorizontalCountTxt", math->Multiply(fixed, state.aspectRatio));
+    GetControlShort("NewHeightTxt", fixed);
+    setDerived("NewWidthTxt", math->Multiply(fixed, state.aspectRatio));
+  } else if (state.aspectRatio != 0.0f) {  // a ratio of 0 has no inverse; both fields stay
+    GetControlShort("HorizontalCountTxt", fixed);
+    const float inverse = math->Divide(1.0f, state.aspectRatio);
+    setDerived("VerticalCountTxt", math->Multiply(fixed, inverse));
+    GetControlShort("NewWidthTxt", fixed);
+    setDerived("NewHeightTxt", math->Multiply(fixed, inverse));
+  }
 }
 
 void TesseraeUIDialog::OnTileCountChanged(UI_ControlChangedMessage*) {
@@ -250,8 +255,8 @@ void TesseraeUIDialog::SetControlNumber(const char* nodeID, int32_t value) {
   Control<UI_UnitNumberEdit>(nodeID)->SetNumber(static_cast<float>(value));
 }
 
-int16_t TesseraeUIDialog::GetControlShort(const char* nodeID) const {
-  return LowShort(TruncateToInt(GetControlFloat(nodeID)));
+void TesseraeUIDialog::GetControlShort(const char* nodeID, int16_t& value) const {
+  value = LowShort(TruncateToInt(GetControlFloat(nodeID)));
 }
 
 float TesseraeUIDialog::GetControlFloat(const char* nodeID) const {

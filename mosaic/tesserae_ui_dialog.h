@@ -44,7 +44,8 @@ class TesseraeUIDialog : public VXUIBaseDialog<nrvui::ui::UI_Dialog> {
 
   // Handlers and first values of the controls; some are set again by the handlers.
   void InitializeControls();
-  void ConnectControls();
+  /// Always 0.
+  int32_t ConnectControls();
   void UpdateRadioButtons();
   void ResetNewSize();
   boost::intrusive_ptr<nrvui::controls::UI_UnitNumberEdit> SetUpSizeField(const char* nodeID);
@@ -78,7 +79,7 @@ class TesseraeUIDialog : public VXUIBaseDialog<nrvui::ui::UI_Dialog> {
     return control;
   }
   void SetControlNumber(const char* nodeID, int32_t value);
-  int16_t GetControlShort(const char* nodeID) const;
+  void GetControlShort(const char* nodeID, int16_t& value) const;
   float GetControlFloat(const char* nodeID) const;
   /// Binds nothing, and reports nothing, when the layout has no such control.
   void InstallChangeHandler(const char* nodeID, ChangeHandler handler);

@@ -32,8 +32,8 @@ class TestHolder final : public SheetHolder {
   }
   ~TestHolder() { usersOfSheetAtEnd = sheet.use_count(); }
 
-  NodeRef GetSheetView() override { return view; }
-  NodeRef GetLayoutNode() override { return tree.layout; }
+  NodeRef GetSheetView() override { return calls += "view ", view; }
+  NodeRef GetLayoutNode() override { return calls += "layout ", tree.layout; }
   boost::shared_ptr<VXUICairnSheet> GetSheet() override { return sheet; }
   NodeRef GetInitialFocus() override { return focus; }
   void ResizeSheet(int32_t width, int32_t height) override { asked = {width, height}; }
@@ -48,6 +48,7 @@ class TestHolder final : public SheetHolder {
   boost::shared_ptr<VXUICairnSheet> sheet{new VXUICairnSheet};
   boost::shared_ptr<boost::function<void(const vx::UnicodeString&)>> callback;
   std::pair<int32_t, int32_t> asked{-1, -1};
+  std::string calls;
   inline static long usersOfSheetAtEnd = 0;
 };
 
@@ -250,7 +251,9 @@ TYPED_TEST(BaseDialogTest, SheetAndWindowFollowEachOther) {
   const NodeRef layout = holder.tree.layout;
   holder.view->UI_SetLocalRectF({0, 0, 300, 200});
   const auto dialog = this->Make();
+  holder.calls.clear();
   layout->UI_SetLocalRectF({0, 0, 310, 220});
+  EXPECT_EQ(holder.calls, "layout view ");
   EXPECT_EQ(holder.view->UI_GetLocalRectF(), (Rect{0, 0, 310, 220}));
   EXPECT_EQ(dialog->GetMinimumSize(), (Point{310, 220}));
   EXPECT_EQ(dialog->GetContentSize(), (Point{310, 220}));
