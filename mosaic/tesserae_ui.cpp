@@ -47,9 +47,10 @@ ResultCode TesseraeUI::OnStartup(PluginMessage* message) {
 }
 
 ResultCode TesseraeUI::AddTesseraeSuite() {
+  void* block = nullptr;
   try {
-    (void)Suite<QPBlocksSuite>()->AllocateBlock(sizeof(MosaicSuite), kName,
-                                                reinterpret_cast<void**>(&suiteFunctions));
+    (void)Suite<QPBlocksSuite>()->AllocateBlock(sizeof(MosaicSuite), kName, &block);
+    suiteFunctions = static_cast<MosaicSuite*>(block);
     if (!suiteFunctions) return ResultCode::kParameter;
     suiteFunctions->RunMosaicDialog = &RunMosaicDialog;
     SuiteHandle suite = nullptr;
@@ -57,6 +58,7 @@ ResultCode TesseraeUI::AddTesseraeSuite() {
                                             MosaicSuite::kVersion, kInternalVersion, suiteFunctions,
                                             &suite);
   } catch (...) {
+    suiteFunctions = static_cast<MosaicSuite*>(block);
     (void)FreeSuiteFunctions();
     return ResultCode::kParameter;
   }
