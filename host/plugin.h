@@ -25,7 +25,9 @@ class Plugin {
   static void operator delete(void* plugin) noexcept;
 
   PluginRef Reference() const { return pluginRef; }
-  bool HoldsSuites() const { return suites != nullptr; }
+  /// False while unloaded: before the first start-up, after an unload and after a reload that
+  /// failed, and once the shut-down or unload of another object has released the suites.
+  bool HoldsSuites() const { return suites && suites->HoldsSuites(); }
 
   /// Gives back the suites of a start-up that failed. OnStartup has set the count of suite sets to
   /// 1; this sets it to the `earlierSets` of other objects, for which the suites stay held.
@@ -146,7 +148,7 @@ class Plugin {
 
   PluginRef pluginRef;
   char name[256] = {};
-  SuiteSet* suites = nullptr;  // owned; null until a start-up or reload has acquired the suites
+  SuiteSet* suites = nullptr;  // owned; null unless a start-up or reload has acquired the suites
   int32_t lockCount = 0;
   AccessHandle accessHandle = nullptr;
   ResultCode lastError = ResultCode::kSuccess;  // the last code that was shown, at lastErrorTime

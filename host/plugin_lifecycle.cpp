@@ -59,6 +59,7 @@ ResultCode Plugin::OnReload(PluginMessage*) {
 }
 
 ResultCode Plugin::AcquireSuites() {
+  if (!HoldsSuites()) ReleaseSuites();
   if (!suites) suites = new (std::nothrow) SuiteSet;
   if (!suites) return ResultCode::kOutOfMemory;
   // Also after a failure: destroying the only set then gives back what it did acquire.

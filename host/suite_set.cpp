@@ -70,8 +70,17 @@ void SuiteSet::AcquireOptional() noexcept {
   }
 }
 
+bool SuiteSet::HoldsSuites() const {
+  for (const SuiteImport* list : kLists) {
+    for (const SuiteImport* import = list; import->name; ++import)
+      if (import->destination && !*import->destination) return false;
+  }
+  return true;
+}
+
 ResultCode SuiteSet::Release() noexcept {
-  if (--suiteAcquireCount != 0) return ResultCode::kSuccess;
+  // The count is 0 already when another set has released the suites; what it left is released here.
+  if (suiteAcquireCount != 0 && --suiteAcquireCount != 0) return ResultCode::kSuccess;
   for (const SuiteImport* list : kLists) {
     for (const SuiteImport* import = list; import->name; ++import) {
       const ResultCode code = ReleaseIfHeld(*import);
@@ -83,11 +92,9 @@ ResultCode SuiteSet::Release() noexcept {
 
 ResultCode SuiteSet::ReleaseOptional() noexcept {
   const SuiteImport* import = kPluginSuites + requiredCount + 1;
-  for (; optionalAcquired != 0 && import->name; ++import) {
-    if (!import->destination || !*import->destination) continue;
-    const ResultCode code = ReleaseSuite(*import);
+  for (; optionalAcquired != 0 && import->name; ++import, --optionalAcquired) {
+    const ResultCode code = ReleaseIfHeld(*import);
     if (Failed(code)) return code;
-    --optionalAcquired;
   }
   return ResultCode::kSuccess;
 }

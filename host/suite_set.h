@@ -30,6 +30,10 @@ class SuiteSet {
   /// kSuccess, or the code of the acquisition that failed.
   ResultCode Error() const { return error; }
 
+  /// Whether every required suite is held. A set loses its suites when another one that shares
+  /// them is destroyed and `suiteAcquireCount` becomes 0.
+  bool HoldsSuites() const;
+
   /// Tries again to acquire the optional suites that are still missing.
   void AcquireOptional() noexcept;
 

@@ -39,6 +39,27 @@ TEST_F(LifecycleTest, UnloadAndReloadCallTheirStepsAndKeepTheMembers) {
   EXPECT_EQ(module.Send("VX Menu", "VX Go"), ResultCode::kParameter);
 }
 
+TEST_F(LifecycleTest, AnObjectWhoseSuitesAnotherReleasedCountsAsUnloaded) {
+  for (const bool reloads : {true, false}) {
+    ASSERT_EQ(module.StartUp(), ResultCode::kSuccess);
+    {
+      standin::Module second(host, &PluginMain, "Second");
+      ASSERT_EQ(second.StartUp(), ResultCode::kSuccess);
+    }
+    const size_t shown = person.aboutBoxes.size();
+    EXPECT_EQ(module.About(), ResultCode::kSuccess);
+    EXPECT_EQ(person.aboutBoxes.size(), shown);
+    if (reloads) {
+      EXPECT_EQ(module.Send("QP Access", "Reload"), ResultCode::kSuccess);
+      EXPECT_EQ(module.About(), ResultCode::kSuccess);
+      EXPECT_EQ(person.aboutBoxes.size(), shown + 1);
+    }
+    EXPECT_EQ(module.ShutDown(), ResultCode::kSuccess);
+    EXPECT_EQ(suiteAcquireCount, 0);
+    EXPECT_EQ(host.Leftovers(), std::vector<std::string>{});
+  }
+}
+
 TEST_F(LifecycleTest, AModuleThatGoesIsShutDownFirst) {
   PluginRef plugin;
   {

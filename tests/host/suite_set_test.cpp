@@ -42,6 +42,12 @@ TEST_F(SuiteSetTest, WithoutABasicSuiteTheReleaseEndsAtTheFirst) {
   EXPECT_NE(Suite<QPPluginsSuite>(), nullptr);
 }
 
+TEST_F(SuiteSetTest, AMissingOptionalSuiteCountsInTheRelease) {
+  host.Suites().SetAbsent("VX User Suite");
+  { const SuiteSet set; }
+  EXPECT_EQ(host.Suites().Users("VX User Interface Main Suite"), 1u);
+}
+
 TEST_F(SuiteSetTest, OptionalSuitesAreTriedAgainWithEveryMessage) {
   host.Suites().SetAbsent("VX User Suite");
   ASSERT_EQ(module.StartUp(), ResultCode::kSuccess);

@@ -18,8 +18,8 @@ constinit const SuiteImport kPluginSuites[] = {
     ImportOf<VXUnicodeStringSuite>(),
     {nullptr, kOptionalSuitesFollow, nullptr},
     ImportOf<VXUserSuite>(),
-    {"VX Suite Of Tomorrow", 1, &missingOptional},
     ImportOf<VXUserInterfaceMainSuite>(),
+    {"VX Suite Of Tomorrow", 1, &missingOptional},
     {"VX Suite For Nobody", 1, nullptr},
     {},
 };
