@@ -25,6 +25,7 @@ namespace {
 constexpr const char* kDomain = "tesserae";
 constexpr const char* kDecimalSignKey = "$$$/nrvcore/Locale/DecimalSign=.";
 constexpr const char* kUntranslated = "C";
+constexpr const char* kVariable = "LANGUAGE";  // where gettext looks for the user's languages
 
 std::string FromEnvironment(std::initializer_list<const char*> names) {
   for (const char* name : names) {
@@ -38,7 +39,7 @@ std::string FromEnvironment(std::initializer_list<const char*> names) {
 std::string LanguageOfEnvironment() {
   const std::string locale = FromEnvironment({"LC_ALL", "LC_MESSAGES", "LANG"});
   if (locale.empty() || locale == "C" || locale == "POSIX") return kUntranslated;
-  return FromEnvironment({"LANGUAGE", "LC_ALL", "LC_MESSAGES", "LANG"});
+  return FromEnvironment({kVariable, "LC_ALL", "LC_MESSAGES", "LANG"});
 }
 
 class LocaleInUse : boost::noncopyable {
@@ -88,11 +89,19 @@ Localizer& Localizer::Get() {
 }
 
 Localizer::Localizer() : userLanguage(LanguageOfEnvironment()) {
+  if (const char* value = std::getenv(kVariable)) formerVariable = value;
   bind_textdomain_codeset(kDomain, "UTF-8");
 }
 
 Localizer::~Localizer() {
-  if (messagesLocale != nullptr) freelocale(messagesLocale);
+  if (messagesLocale == nullptr) return;
+  freelocale(messagesLocale);
+  // The environment outlives the library; the next localizer must find the user's languages.
+  if (formerVariable) {
+    setenv(kVariable, formerVariable->c_str(), 1);
+  } else {
+    unsetenv(kVariable);
+  }
 }
 
 void Localizer::SetCatalogues(const std::string& cataloguesFolder) {
@@ -128,7 +137,7 @@ std::string Localizer::WithCatalogue(std::string_view languages) {
 
 void Localizer::SetLanguage(const std::string& code) {
   damagedCatalogue.clear();
-  setenv("LANGUAGE", WithCatalogue(code.empty() ? userLanguage : code).c_str(), 1);
+  setenv(kVariable, WithCatalogue(code.empty() ? userLanguage : code).c_str(), 1);
   if (messagesLocale == nullptr) messagesLocale = newlocale(LC_MESSAGES_MASK, "C.UTF-8", nullptr);
   ++_nl_msg_cat_cntr;
 }

@@ -3,6 +3,7 @@
 #include <locale.h>
 
 #include <initializer_list>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -29,12 +30,12 @@ class NRV_EXPORT ReplacementValue {
 /// gettext catalogues of the domain "tesserae" (FOLDER/LANGUAGE/LC_MESSAGES/tesserae.mo) whose
 /// messages are the whole keys. Texts are English until a language is set.
 ///
-/// It needs no locale but C.UTF-8 and leaves the process's locale alone; it sets the environment's
-/// LANGUAGE, since that is how gettext is told. Set the language before there are other threads;
-/// texts may then be asked for on any.
+/// It needs no locale but C.UTF-8 and leaves the process's locale alone. It sets the environment's
+/// LANGUAGE, which is where gettext looks, and restores it when the library is unloaded. Set the
+/// language before there are other threads; texts may then be asked for on any.
 class NRV_EXPORT Localizer {
  public:
-  /// The one localizer; it goes with the library, which a host may load and unload with the module.
+  /// The one localizer. It is destroyed when the library is unloaded, which may be with the module.
   static Localizer& Get();
 
   Localizer(const Localizer&) = delete;
@@ -67,6 +68,7 @@ class NRV_EXPORT Localizer {
   std::string WithCatalogue(std::string_view languages);
 
   std::string userLanguage;
+  std::optional<std::string> formerVariable;  // the environment's LANGUAGE before it was set
   std::string folder;
   std::string damagedCatalogue;
   bool hasCatalogue = false;
