@@ -65,7 +65,9 @@ void AddReportChecks(const Add& add) {
         {900, "The operation failed (900)."},
         {INT32_MIN, "The operation failed (-21474836)."},
         {16384, "The operation failed (16384)."},
-        {16385, "The operation failed ()."},  // four characters, of which the first ends the text
+        {16385, "The operation failed (16385)."},  // its four bytes cannot be displayed
+        {Code("!MEM") | 0x80, "The operation failed (558712269)."},
+        {INT32_MAX, "The operation failed (2147483647)."},
         {362, "The operation failed (362)."},
     };
     for (const auto& [code, text] : cases) reporting.ExpectShown(code, text);

@@ -24,7 +24,7 @@ constexpr int32_t kHostErrorList = 257;
 constexpr int32_t kFirstHostError = 10;
 constexpr int32_t kEndOfHostErrors = 900;
 
-// Codes above are written as their four characters, others as numbers.
+// Codes above are written as their four characters if these can be displayed, others as numbers.
 constexpr int32_t kGreatestPlainNumber = 16384;
 
 // Characters of flags, width and precision that a text may use; more would only make printf pad for
@@ -71,12 +71,20 @@ bool LookupHostText(int32_t number, char (&text)[kListTextSize]) {
   return module && ReadListEntry(module, kHostErrorList, number, text, kListTextSize);
 }
 
-void WriteCode(int32_t code, char (&text)[10]) {
+void WriteCode(int32_t code, char (&text)[12]) {
   if (code > kGreatestPlainNumber) {
-    FormatInto(text, "%c%c%c%c", code >> 24, code >> 16 & 0xFF, code >> 8 & 0xFF, code & 0xFF);
-  } else {
-    FormatInto(text, "%d", code);
+    const int characters[] = {code >> 24, code >> 16 & 0xFF, code >> 8 & 0xFF, code & 0xFF};
+    const auto isDisplayable = [](int character) { return character >= ' ' && character <= '~'; };
+    if (std::all_of(std::begin(characters), std::end(characters), isDisplayable)) {
+      FormatInto(text, "%c%c%c%c", characters[0], characters[1], characters[2], characters[3]);
+    } else {
+      FormatInto(text, "%d", code);
+    }
+    return;
   }
+  char number[10];  // a plain number is cut to nine characters
+  FormatInto(number, "%d", code);
+  BoundedCopy(text, sizeof(text), number, sizeof(number));
 }
 
 // A list is a file that anyone may have damaged: only a text that asks for at most one string, in
@@ -129,7 +137,7 @@ void FindAndShow(PluginRef plugin, ResultCode code) {
 
   char formatted[kListTextSize];
   if (isDefault && std::strlen(text) < kFormattedTextLimit && TakesAtMostOneString(text)) {
-    char codeText[10];
+    char codeText[12];
     WriteCode(number, codeText);
     FormatInto(formatted, text, codeText);
     text = formatted;
