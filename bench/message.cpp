@@ -4,20 +4,16 @@
 #include "bench/built_module.h"
 #include "bench/figures.h"
 #include "check/known_messages.h"
+#include "platform/suites/message_names.h"
 
 namespace {
 
-struct MessageName {
-  const char* caller;
-  const char* selector;
-};
-
 constexpr MessageName kUnanswered = {"VX Live Effect", "VX Live Effect Unheard Of"};
-constexpr MessageName kLastRow = {"VX Script Message Caller", "Any Script"};
+constexpr MessageName kLastRow = {messages::kScriptCaller, "Any Script"};
 
 /// All rows; the last one matches any selector.
 const KnownMessage* FindInTurn(MessageName name) {
-  static constexpr KnownMessage kLast = {"VX Script Message Caller", nullptr, "OnScriptMessage"};
+  static constexpr KnownMessage kLast = {messages::kScriptCaller, nullptr, "OnScriptMessage"};
   const auto isNamed = [name](const KnownMessage& row) {
     const bool isCaller = std::strcmp(row.caller, name.caller) == 0;
     const bool isSelector = !row.selector || std::strcmp(row.selector, name.selector) == 0;

@@ -15,7 +15,8 @@ install(DIRECTORY resources/host ${CMAKE_BINARY_DIR}/${tesserae_share}/translati
 # For whoever writes a caller or a host: find_package(TesseraeUI) and TesseraeUI::interface, the public
 # headers alone. They are included as in this tree.
 set(headers mosaic/mosaic_suite.h platform/qpbasic/qpbasic.h platform/suites/host_suites.h
-            platform/suites/plugin_message.h platform/suites/result_code.h)
+            platform/suites/message_names.h platform/suites/plugin_message.h
+            platform/suites/result_code.h)
 set(package share/cmake/TesseraeUI)
 add_library(interface INTERFACE)
 target_compile_features(interface INTERFACE cxx_std_14)

@@ -59,7 +59,8 @@ class Session {
 
   ResultCode Answer(const std::string& caller, const std::string& selector,
                     const std::string& notifierType) {
-    if (caller == "VX Notifier") return module.Notify(notifierType.c_str(), selector.c_str());
+    if (caller == messages::kNotifierCaller)
+      return module.Notify(notifierType.c_str(), selector.c_str());
     // A host starts a plug-in once and shuts it down once; the stand-in tracks which is due.
     const bool isLifecycle = caller == "QP Interface";
     if (isLifecycle && selector == "Startup")

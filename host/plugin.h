@@ -7,9 +7,6 @@
 #include "platform/suites/plugin_message.h"
 #include "platform/suites/result_code.h"
 
-/// The type of the notifier that a start-up registers.
-constexpr const char* kStartedNotifierType = "VX Application Started Notifier";
-
 /// The framework's plug-in object: one virtual operation for each message that the host can send.
 /// The host's messages reach it through PluginMain and HandleMessage; a derived class overrides
 /// what it answers. Messages are the host's and valid for the length of the call only.

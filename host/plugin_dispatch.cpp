@@ -7,6 +7,7 @@
 #include "host/error.h"
 #include "host/plugin.h"
 #include "host/suite_access.h"
+#include "platform/suites/message_names.h"
 
 namespace {
 
@@ -30,7 +31,7 @@ class AppContextScope : boost::noncopyable {
 };
 
 /// A null name counts as an empty one.
-std::string_view AsName(const char* text) {
+constexpr std::string_view AsName(const char* text) {
   return text ? text : "";
 }
 
@@ -53,86 +54,83 @@ ResultCode Purge(Plugin& plugin, const char*, PluginMessage*) {
 ResultCode Notify(Plugin& plugin, const char* selector, PluginMessage* message) {
   const AppContextScope context(message->pluginRef);
   ResultCode code = ResultCode::kNotHandled;
-  if (AsName(static_cast<NotifierMessage*>(message)->notifierType) == kStartedNotifierType) {
+  if (AsName(static_cast<NotifierMessage*>(message)->notifierType) ==
+      messages::kStartedNotifierType) {
     code = plugin.OnApplicationStarted();
     if (Failed(code) && code != ResultCode::kNotHandled) return code;
   }
-  return AsName(selector) == "VX Notify" ? plugin.OnNotify(message) : code;
+  return AsName(selector) == messages::kNotify.selector ? plugin.OnNotify(message) : code;
 }
 
 ResultCode PassScript(Plugin& plugin, const char* selector, PluginMessage* message) {
   return plugin.OnScriptMessage(selector, message);
 }
 
+constexpr const char* kAnySelector = nullptr;
+
 struct Route {
+  constexpr Route(const MessageName& name, Handler operation)
+      : caller(name.caller), selector(AsName(name.selector)), handler(operation) {}
+
   std::string_view caller;
-  std::string_view selector;
+  std::string_view selector;  // empty: any
   Handler handler;
 };
 
-constexpr std::string_view kAnySelector;  // told by its data(), which is null for no other
-
 // A row for each message that a plug-in can answer, in the order in which callers are tested.
 constexpr Route kRoutes[] = {
-    {"QP Access", "Unload", Call<&Plugin::OnUnload>},
-    {"QP Interface", "About", Call<&Plugin::OnAbout>},
-    {"QP Interface", "Startup", AnswerSuccess},
-    {"QP Cache", "Plug-in Purge", Purge},
-    {"QP Properties", "Acquire", Call<&Plugin::OnAcquireProperty>},
-    {"QP Properties", "Release", Call<&Plugin::OnReleaseProperty>},
-    {"VX Notifier", kAnySelector, Notify},
-    {"Action Manager", "Do Action", Call<&Plugin::OnDoAction>},
-    {"VX Menu", "VX Go", Call<&Plugin::OnMenuGo>},
-    {"VX Menu", "VX Update", Call<&Plugin::OnMenuUpdate>},
-    {"VX Filter", "VX Get Parameters", Call<&Plugin::OnFilterGetParameters>},
-    {"VX Filter", "VX Go", Call<&Plugin::OnFilterGo>},
-    {"VX Plugin Group", "VX Notify Edits", Call<&Plugin::OnPluginGroupNotifyEdits>},
-    {"VX Plugin Group", "VX Update", Call<&Plugin::OnPluginGroupUpdate>},
-    {"VX File Format", "VX Get Parameters", Call<&Plugin::OnFileFormatGetParameters>},
-    {"VX File Format", "VX Go", Call<&Plugin::OnFileFormatGo>},
-    {"VX File Format", "VX Check", Call<&Plugin::OnFileFormatCheck>},
-    {"VX File Format", "VX Update VX140", Call<&Plugin::OnFileFormatUpdate>},
-    {"VX File Format", "Do Action", Call<&Plugin::OnFileFormatDoAction>},
-    {"VX Tool", "VX Edit Options", Call<&Plugin::OnToolEditOptions>},
-    {"VX Tool", "VX Track Cursor", Call<&Plugin::OnToolTrackCursor>},
-    {"VX Tool", "VX Mouse Down", Call<&Plugin::OnToolMouseDown>},
-    {"VX Tool", "VX Mouse Drag", Call<&Plugin::OnToolMouseDrag>},
-    {"VX Tool", "VX Mouse Up", Call<&Plugin::OnToolMouseUp>},
-    {"VX Tool", "VX Select", Call<&Plugin::OnToolSelect>},
-    {"VX Tool", "VX Deselect", Call<&Plugin::OnToolDeselect>},
-    {"VX Tool", "VX Reselect", Call<&Plugin::OnToolReselect>},
-    {"VX Tool", "VX Decrease Diameter", Call<&Plugin::OnToolDecreaseDiameter>},
-    {"VX Tool", "VX Increase Diameter", Call<&Plugin::OnToolIncreaseDiameter>},
-    {"VX Live Effect", "VX Live Effect Edit Parameters", Call<&Plugin::OnLiveEffectEditParameters>},
-    {"VX Live Effect", "VX Live Effect Go Live", Call<&Plugin::OnLiveEffectGoLive>},
-    {"VX Live Effect", "VX Live Effect Interpolate Parameters",
-     Call<&Plugin::OnLiveEffectInterpolateParameters>},
-    {"VX Live Effect", "VX Live Effect Get Conversion Parameters",
+    {messages::kUnload, Call<&Plugin::OnUnload>},
+    {messages::kAbout, Call<&Plugin::OnAbout>},
+    {messages::kStartup, AnswerSuccess},
+    {messages::kPurge, Purge},
+    {messages::kAcquireProperty, Call<&Plugin::OnAcquireProperty>},
+    {messages::kReleaseProperty, Call<&Plugin::OnReleaseProperty>},
+    {{messages::kNotifierCaller, kAnySelector}, Notify},
+    {messages::kDoAction, Call<&Plugin::OnDoAction>},
+    {messages::kMenuGo, Call<&Plugin::OnMenuGo>},
+    {messages::kMenuUpdate, Call<&Plugin::OnMenuUpdate>},
+    {messages::kFilterGetParameters, Call<&Plugin::OnFilterGetParameters>},
+    {messages::kFilterGo, Call<&Plugin::OnFilterGo>},
+    {messages::kPluginGroupNotifyEdits, Call<&Plugin::OnPluginGroupNotifyEdits>},
+    {messages::kPluginGroupUpdate, Call<&Plugin::OnPluginGroupUpdate>},
+    {messages::kFileFormatGetParameters, Call<&Plugin::OnFileFormatGetParameters>},
+    {messages::kFileFormatGo, Call<&Plugin::OnFileFormatGo>},
+    {messages::kFileFormatCheck, Call<&Plugin::OnFileFormatCheck>},
+    {messages::kFileFormatUpdate, Call<&Plugin::OnFileFormatUpdate>},
+    {messages::kFileFormatDoAction, Call<&Plugin::OnFileFormatDoAction>},
+    {messages::kToolEditOptions, Call<&Plugin::OnToolEditOptions>},
+    {messages::kToolTrackCursor, Call<&Plugin::OnToolTrackCursor>},
+    {messages::kToolMouseDown, Call<&Plugin::OnToolMouseDown>},
+    {messages::kToolMouseDrag, Call<&Plugin::OnToolMouseDrag>},
+    {messages::kToolMouseUp, Call<&Plugin::OnToolMouseUp>},
+    {messages::kToolSelect, Call<&Plugin::OnToolSelect>},
+    {messages::kToolDeselect, Call<&Plugin::OnToolDeselect>},
+    {messages::kToolReselect, Call<&Plugin::OnToolReselect>},
+    {messages::kToolDecreaseDiameter, Call<&Plugin::OnToolDecreaseDiameter>},
+    {messages::kToolIncreaseDiameter, Call<&Plugin::OnToolIncreaseDiameter>},
+    {messages::kLiveEffectEditParameters, Call<&Plugin::OnLiveEffectEditParameters>},
+    {messages::kLiveEffectGoLive, Call<&Plugin::OnLiveEffectGoLive>},
+    {messages::kLiveEffectInterpolateParameters, Call<&Plugin::OnLiveEffectInterpolateParameters>},
+    {messages::kLiveEffectGetConversionParameters,
      Call<&Plugin::OnLiveEffectGetConversionParameters>},
-    {"VX Live Effect", "VX Live Effect Input Type", Call<&Plugin::OnLiveEffectInputType>},
-    {"VX Live Effect", "VX Live Effect Scale Parameters",
-     Call<&Plugin::OnLiveEffectScaleParameters>},
-    {"VX Live Effect", "VX Live Effect Convert Color Space",
-     Call<&Plugin::OnLiveEffectConvertColorSpace>},
-    {"VX Live Effect", "VX Live Effect Adjust Colors", Call<&Plugin::OnLiveEffectAdjustColors>},
-    {"VX Live Effect", "VX Live Effect Handle Merge", Call<&Plugin::OnLiveEffectHandleMerge>},
-    {"VX Live Effect", "VX Live Effect Is Compatible", Call<&Plugin::OnLiveEffectIsCompatible>},
-    {"VX Timer", "VX Go", Call<&Plugin::OnTimerGo>},
-    {"VX Clipboard", "VX Go", Call<&Plugin::OnClipboardGo>},
-    {"VX Clipboard", "VX Can Copy", Call<&Plugin::OnClipboardCanCopy>},
-    {"VX Clipboard", "VX Clone", Call<&Plugin::OnClipboardClone>},
-    {"VX Clipboard", "VX Dispose", Call<&Plugin::OnClipboardDispose>},
-    // The workspace selectors are spelt as the host spells them.
-    {"Workspace Manager", "Write Woskspace", Call<&Plugin::OnWriteWorkspace>},
-    {"Workspace Manager", "Restore Woskspace", Call<&Plugin::OnRestoreWorkspace>},
-    {"Workspace Manager", "Default Woskspace", Call<&Plugin::OnDefaultWorkspace>},
-    {"Herder Control Panel", "VX Control Panel Create ControlGroup",
-     Call<&Plugin::OnControlPanelCreateControlGroup>},
-    {"Herder Control Panel", "VX Control Panel Group Visibility",
-     Call<&Plugin::OnControlPanelGroupVisibility>},
-    {"Herder Control Panel", "VX Control Panel SubGroup Visibility",
-     Call<&Plugin::OnControlPanelSubGroupVisibility>},
-    {"VX Script Message Caller", kAnySelector, PassScript},
+    {messages::kLiveEffectInputType, Call<&Plugin::OnLiveEffectInputType>},
+    {messages::kLiveEffectScaleParameters, Call<&Plugin::OnLiveEffectScaleParameters>},
+    {messages::kLiveEffectConvertColorSpace, Call<&Plugin::OnLiveEffectConvertColorSpace>},
+    {messages::kLiveEffectAdjustColors, Call<&Plugin::OnLiveEffectAdjustColors>},
+    {messages::kLiveEffectHandleMerge, Call<&Plugin::OnLiveEffectHandleMerge>},
+    {messages::kLiveEffectIsCompatible, Call<&Plugin::OnLiveEffectIsCompatible>},
+    {messages::kTimerGo, Call<&Plugin::OnTimerGo>},
+    {messages::kClipboardGo, Call<&Plugin::OnClipboardGo>},
+    {messages::kClipboardCanCopy, Call<&Plugin::OnClipboardCanCopy>},
+    {messages::kClipboardClone, Call<&Plugin::OnClipboardClone>},
+    {messages::kClipboardDispose, Call<&Plugin::OnClipboardDispose>},
+    {messages::kWriteWorkspace, Call<&Plugin::OnWriteWorkspace>},
+    {messages::kRestoreWorkspace, Call<&Plugin::OnRestoreWorkspace>},
+    {messages::kDefaultWorkspace, Call<&Plugin::OnDefaultWorkspace>},
+    {messages::kControlPanelCreateControlGroup, Call<&Plugin::OnControlPanelCreateControlGroup>},
+    {messages::kControlPanelGroupVisibility, Call<&Plugin::OnControlPanelGroupVisibility>},
+    {messages::kControlPanelSubGroupVisibility, Call<&Plugin::OnControlPanelSubGroupVisibility>},
+    {{messages::kScriptCaller, kAnySelector}, PassScript},
 };
 
 /// The rows of a caller stand together.
@@ -141,7 +139,7 @@ const Route* FindRoute(std::string_view caller, std::string_view selector) {
       std::find_if(std::begin(kRoutes), std::end(kRoutes),
                    [caller](const Route& candidate) { return candidate.caller == caller; });
   for (; route != std::end(kRoutes) && route->caller == caller; ++route)
-    if (route->selector.data() == nullptr || route->selector == selector) return route;
+    if (route->selector.empty() || route->selector == selector) return route;
   return nullptr;
 }
 

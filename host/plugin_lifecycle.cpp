@@ -4,6 +4,7 @@
 #include "host/error.h"
 #include "host/plugin.h"
 #include "host/resource_text.h"
+#include "platform/suites/message_names.h"
 
 namespace {
 
@@ -24,7 +25,7 @@ ResultCode Plugin::Introduce(PluginMessage* message) {
     char notifierName[sizeof(name)];
     FormatInto(notifierName, "%s App Started Notifier", name);
     code = Suite<VXNotifierSuite>()->AddNotifier(message->pluginRef, notifierName,
-                                                 kStartedNotifierType, nullptr);
+                                                 messages::kStartedNotifierType, nullptr);
     if (Failed(code)) return code;
   }
   code = ContinueStartup();

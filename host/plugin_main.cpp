@@ -6,23 +6,15 @@
 #include "host/failure_report.h"
 #include "host/plugin.h"
 #include "host/suite_access.h"
+#include "platform/suites/message_names.h"
 
 namespace {
 
-/// Caller and selector, by which the host names a message; either may be null.
-struct MessageName {
-  bool Is(const MessageName& known) const {
-    return caller && std::strcmp(caller, known.caller) == 0 && selector &&
-           std::strcmp(selector, known.selector) == 0;
-  }
-
-  const char* caller;
-  const char* selector;
-};
-
-constexpr MessageName kStartup = {"QP Interface", "Startup"};
-constexpr MessageName kShutdown = {"QP Interface", "Shutdown"};
-constexpr MessageName kReload = {"QP Access", "Reload"};
+/// Whether a host's message has this name; its caller and selector may be null.
+bool Is(const MessageName& message, const MessageName& known) {
+  return message.caller && std::strcmp(message.caller, known.caller) == 0 && message.selector &&
+         std::strcmp(message.selector, known.selector) == 0;
+}
 
 /// Answers an error with no object left behind, and with the suites of an earlier one still held.
 ResultCode StartUp(PluginMessage& message) {
@@ -50,7 +42,7 @@ ResultCode ShutDown(Plugin* plugin, PluginMessage& message) {
 
 ResultCode Deliver(const MessageName& name, Plugin* plugin, PluginMessage& message) {
   const ResultCode code = Guarded([&] {
-    if (name.Is(kReload)) return RebindAfterReload(plugin)->OnReload(&message);
+    if (Is(name, messages::kReload)) return RebindAfterReload(plugin)->OnReload(&message);
     if (!plugin->HoldsSuites()) return ResultCode::kSuccess;
     return plugin->HandleMessage(name.caller, name.selector, &message);
   });
@@ -63,7 +55,7 @@ ResultCode PluginMain(const char* caller, const char* selector, PluginMessage* m
   basicSuite = message->basicSuite;
   const MessageName name = {caller, selector};
 
-  if (name.Is(kStartup)) {
+  if (Is(name, messages::kStartup)) {
     const ResultCode code = StartUp(*message);
     if (Failed(code)) {
       ShowFailure(message->pluginRef, code);
@@ -72,7 +64,7 @@ ResultCode PluginMain(const char* caller, const char* selector, PluginMessage* m
   }
   auto* plugin = static_cast<Plugin*>(message->globals);
   if (!plugin) return ResultCode::kSuccess;
-  if (name.Is(kShutdown)) {
+  if (Is(name, messages::kShutdown)) {
     const ResultCode code = ShutDown(plugin, *message);
     if (Failed(code)) ShowFailure(message->pluginRef, code);
     return code;

@@ -5,6 +5,7 @@
 
 #include "mosaic/mosaic_suite.h"
 #include "platform/suites/host_suites.h"
+#include "platform/suites/message_names.h"
 
 namespace {
 
@@ -38,7 +39,7 @@ ResultCode AskForMosaic(const QPBasicSuite& basic) {
 extern "C" __attribute__((visibility("default"))) ResultCode PluginMain(const char* caller,
                                                                         const char* selector,
                                                                         PluginMessage* message) {
-  const bool isMenu = caller && selector && std::strcmp(caller, "VX Menu") == 0 &&
-                      std::strcmp(selector, "VX Go") == 0;
+  const bool isMenu = caller && selector && std::strcmp(caller, messages::kMenuGo.caller) == 0 &&
+                      std::strcmp(selector, messages::kMenuGo.selector) == 0;
   return isMenu ? AskForMosaic(*message->basicSuite) : ResultCode::kSuccess;
 }

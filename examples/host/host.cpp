@@ -17,6 +17,7 @@
 #include "mosaic/mosaic_suite.h"
 #include "platform/qpbasic/qpbasic.h"
 #include "platform/suites/host_suites.h"
+#include "platform/suites/message_names.h"
 
 /// A plug-in and what the host keeps for it.
 struct OpaqueModule {
@@ -121,14 +122,14 @@ void Load(OpaqueModule& plugin) {
   std::exit(1);
 }
 
-ResultCode Send(OpaqueModule& plugin, const char* caller, const char* selector) {
+ResultCode Send(OpaqueModule& plugin, const MessageName& name) {
   NotifierMessage message = {};
   message.pluginRef = &plugin;
   message.globals = plugin.globals;
   message.basicSuite = &basic;
-  message.notifierType = "VX Application Started Notifier";
+  message.notifierType = messages::kStartedNotifierType;
   const auto entry = reinterpret_cast<PluginEntryPoint>(dlsym(plugin.image, kPluginEntryName));
-  const ResultCode code = entry ? entry(caller, selector, &message) : kNotFound;
+  const ResultCode code = entry ? entry(name.caller, name.selector, &message) : kNotFound;
   plugin.globals = message.globals;
   return code;
 }
@@ -173,25 +174,24 @@ int main(int argc, char** argv) {
 
   OpaqueModule module = {path, "", nullptr, nullptr};
   Load(module);
-  Expect(!Failed(Send(module, "QP Interface", "Startup")), "starts up");
-  Expect(!Failed(Send(module, "VX Notifier", "VX Notify")), "hears that the host has started");
-  Expect(!Failed(Send(module, "QP Interface", "About")), "shows its about box");
+  Expect(!Failed(Send(module, messages::kStartup)), "starts up");
+  Expect(!Failed(Send(module, messages::kNotify)), "hears that the host has started");
+  Expect(!Failed(Send(module, messages::kAbout)), "shows its about box");
   Expect(AsksInVain(), "publishes a suite, whose dialog answers 'CANT' and changes nothing");
-  Expect(!Failed(Send(module, "QP Access", "Unload")) && users == 0,
-         "holds no suite when unloaded");
+  Expect(!Failed(Send(module, messages::kUnload)) && users == 0, "holds no suite when unloaded");
   dlclose(module.image);
   Expect(!dlopen(path, RTLD_LAZY | RTLD_NOLOAD), "leaves the memory");
   Load(module);
-  Expect(!Failed(Send(module, "QP Access", "Reload")) && AsksInVain(), "comes back as it was");
+  Expect(!Failed(Send(module, messages::kReload)) && AsksInVain(), "comes back as it was");
 
   if (argc > 2) {
     OpaqueModule other = {argv[2], "", nullptr, nullptr};
     Load(other);
-    Expect(Send(other, "VX Menu", "VX Go") == ResultCode::kCannot, "answers another plug-in");
+    Expect(Send(other, messages::kMenuGo) == ResultCode::kCannot, "answers another plug-in");
     dlclose(other.image);
   }
 
-  Expect(!Failed(Send(module, "QP Interface", "Shutdown")) && users == 0, "shuts down");
+  Expect(!Failed(Send(module, messages::kShutdown)) && users == 0, "shuts down");
   Expect(blocksTaken > 0 && blocks == 0, "gives back all that it took");
   dlclose(module.image);
   return isAllWell ? 0 : 1;

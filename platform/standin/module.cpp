@@ -96,14 +96,14 @@ void Module::Load(const std::filesystem::path& from) {
 }
 
 ResultCode Module::StartUp() {
-  const ResultCode code = Send("QP Interface", "Startup");
+  const ResultCode code = Send(messages::kStartup);
   if (!globals) host.RemoveRegistrations(plugin);
   return code;
 }
 
 ResultCode Module::ShutDown() {
   if (!IsLoaded()) static_cast<void>(Reload());
-  const ResultCode code = Send("QP Interface", "Shutdown");
+  const ResultCode code = Send(messages::kShutdown);
   if (!globals) host.RemoveRegistrations(plugin);
   return code;
 }
@@ -111,7 +111,7 @@ ResultCode Module::ShutDown() {
 ResultCode Module::Unload() {
   if (!IsLoaded()) return kNotLoaded;
   if (host.IsInUse(plugin)) return kPluginInUse;
-  const ResultCode code = Send("QP Access", "Unload");
+  const ResultCode code = Send(messages::kUnload);
   if (Failed(code)) return code;
   host.SetUnloaded(plugin, true);
   entry = nullptr;
@@ -126,7 +126,7 @@ ResultCode Module::Reload() {
 ResultCode Module::Reload(const std::filesystem::path& otherFile) {
   if (!IsLoaded()) Load(otherFile);
   host.SetUnloaded(plugin, false);
-  return Send("QP Access", "Reload");
+  return Send(messages::kReload);
 }
 
 ResultCode Module::Send(const char* caller, const char* selector) {
@@ -137,7 +137,7 @@ ResultCode Module::Send(const char* caller, const char* selector) {
 ResultCode Module::Notify(const char* type, const char* selector) {
   NotifierMessage message{};
   message.notifierType = type;
-  return Send("VX Notifier", selector, message);
+  return Send(messages::kNotifierCaller, selector, message);
 }
 
 ResultCode Module::Send(const char* caller, const char* selector, PluginMessage& message) {

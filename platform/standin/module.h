@@ -6,6 +6,7 @@
 #include <string>
 
 #include "platform/standin/host.h"
+#include "platform/suites/message_names.h"
 #include "platform/suites/plugin_message.h"
 
 namespace standin {
@@ -61,9 +62,10 @@ class Module {
   /// Any message; its further content, where it has some, is empty. kNotLoaded while the code is
   /// away.
   ResultCode Send(const char* caller, const char* selector);
+  ResultCode Send(const MessageName& name) { return Send(name.caller, name.selector); }
   /// Says that something of the notifier's `type` happened.
-  ResultCode Notify(const char* type, const char* selector = "VX Notify");
-  ResultCode About() { return Send("QP Interface", "About"); }
+  ResultCode Notify(const char* type, const char* selector = messages::kNotify.selector);
+  ResultCode About() { return Send(messages::kAbout); }
 
   bool IsLoaded() const { return entry; }
   PluginRef Ref() const { return plugin; }

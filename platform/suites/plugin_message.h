@@ -31,11 +31,11 @@ struct NotifierMessage : PluginMessage {
 
 /// The one function through which a host talks to a plug-in module, exported under
 /// kPluginEntryName. Sent on the host's main thread, one message at a time. `caller` and `selector`
-/// name the message, as NUL-terminated ASCII, and are compared byte for byte; either may be null,
-/// `message` may not. Answers 0 for success and for messages that nobody handles, otherwise a code.
-/// Before it answers a code it shows the user an alert, unless the code is silent, has no text, or
-/// the host refuses a suite that an alert needs. The code that was shown last is not shown again
-/// within five seconds, except of a start-up or shut-down. No exception leaves it.
+/// name the message (message_names.h); either may be null, `message` may not. Answers 0 for success
+/// and for messages that nobody handles, otherwise a code. Before it answers a code it shows the
+/// user an alert, unless the code is silent, has no text, or the host refuses a suite that an alert
+/// needs. The code that was shown last is not shown again within five seconds, except of a start-up
+/// or shut-down. No exception leaves it.
 using PluginEntryPoint = ResultCode (*)(const char* caller, const char* selector,
                                         PluginMessage* message);
 constexpr const char* kPluginEntryName = "PluginMain";

@@ -59,9 +59,9 @@ TEST_F(DispatchTest, AScriptMessageAndAPurgeAreAnsweredAndNotShown) {
   EXPECT_EQ(module.Globals(), object);
   EXPECT_EQ(module.Send("VX Script Message Caller", "anything"), ResultCode::kSuccess);
   EXPECT_EQ(handled.back(), "anything");
-  EXPECT_EQ(module.Send("QP Cache", "Plug-in Purge"), ResultCode::kSuccess);
+  EXPECT_EQ(module.Send(messages::kPurge), ResultCode::kSuccess);
   plan.purges = true;
-  EXPECT_EQ(module.Send("QP Cache", "Plug-in Purge"), ResultCode::kPurged);
+  EXPECT_EQ(module.Send(messages::kPurge), ResultCode::kPurged);
   EXPECT_TRUE(person.alerts.empty());
 }
 
@@ -69,22 +69,22 @@ TEST_F(DispatchTest, EveryFailureIsShownWhereRepeatsAreNotHeldBack) {
   plan.menuGo = [] { return ResultCode::kParameter; };
   Object()->suppressRepeatedErrors = false;
   for (const size_t alerts : {1u, 2u}) {
-    EXPECT_EQ(module.Send("VX Menu", "VX Go"), ResultCode::kParameter);
+    EXPECT_EQ(module.Send(messages::kMenuGo), ResultCode::kParameter);
     EXPECT_EQ(person.alerts.size(), alerts);
   }
 }
 
 TEST_F(DispatchTest, TheStartedNotifierIsToldApart) {
   handled.clear();
-  EXPECT_EQ(module.Notify(kStartedNotifierType), ResultCode::kSuccess);
+  EXPECT_EQ(module.Notify(messages::kStartedNotifierType), ResultCode::kSuccess);
   EXPECT_EQ(handled, (std::vector<std::string>{"started", "notified"}));
 
   handled.clear();
   plan.applicationStarted = ResultCode::kParameter;
-  EXPECT_EQ(module.Notify(kStartedNotifierType), ResultCode::kParameter);
+  EXPECT_EQ(module.Notify(messages::kStartedNotifierType), ResultCode::kParameter);
   plan.applicationStarted = ResultCode::kNotHandled;
-  EXPECT_EQ(module.Notify(kStartedNotifierType, "VX Other"), ResultCode::kSuccess);
-  EXPECT_EQ(module.Notify(kStartedNotifierType), ResultCode::kSuccess);
+  EXPECT_EQ(module.Notify(messages::kStartedNotifierType, "VX Other"), ResultCode::kSuccess);
+  EXPECT_EQ(module.Notify(messages::kStartedNotifierType), ResultCode::kSuccess);
   EXPECT_EQ(handled, (std::vector<std::string>{"started", "started", "started", "notified"}));
 
   handled.clear();

@@ -28,15 +28,15 @@ TEST_F(LifecycleTest, UnloadAndReloadCallTheirStepsAndKeepTheMembers) {
   EXPECT_EQ(Object()->CopyName(buffer, sizeof(buffer)), 6);
   EXPECT_STREQ(buffer, "Plug");
   Object()->lockCount = 41;
-  ASSERT_EQ(module.Send("QP Access", "Unload"), ResultCode::kSuccess);
+  ASSERT_EQ(module.Send(messages::kUnload), ResultCode::kSuccess);
   EXPECT_EQ(runningPlugin, nullptr);
   plan.menuGo = [] { return ResultCode::kParameter; };
-  EXPECT_EQ(module.Send("VX Menu", "VX Go"), ResultCode::kSuccess);
+  EXPECT_EQ(module.Send(messages::kMenuGo), ResultCode::kSuccess);
 
-  EXPECT_EQ(module.Send("QP Access", "Reload"), ResultCode::kSuccess);
+  EXPECT_EQ(module.Send(messages::kReload), ResultCode::kSuccess);
   EXPECT_EQ(Object()->lockCount, 41);
   EXPECT_EQ(handled, (std::vector<std::string>{"finished", "prepared", "finished"}));
-  EXPECT_EQ(module.Send("VX Menu", "VX Go"), ResultCode::kParameter);
+  EXPECT_EQ(module.Send(messages::kMenuGo), ResultCode::kParameter);
 }
 
 TEST_F(LifecycleTest, AnObjectWhoseSuitesAnotherReleasedCountsAsUnloaded) {
@@ -50,7 +50,7 @@ TEST_F(LifecycleTest, AnObjectWhoseSuitesAnotherReleasedCountsAsUnloaded) {
     EXPECT_EQ(module.About(), ResultCode::kSuccess);
     EXPECT_EQ(person.aboutBoxes.size(), shown);
     if (reloads) {
-      EXPECT_EQ(module.Send("QP Access", "Reload"), ResultCode::kSuccess);
+      EXPECT_EQ(module.Send(messages::kReload), ResultCode::kSuccess);
       EXPECT_EQ(module.About(), ResultCode::kSuccess);
       EXPECT_EQ(person.aboutBoxes.size(), shown + 1);
     }

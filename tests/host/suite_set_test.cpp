@@ -54,7 +54,7 @@ TEST_F(SuiteSetTest, OptionalSuitesAreTriedAgainWithEveryMessage) {
   EXPECT_EQ(Suite<VXUserSuite>(), nullptr);
 
   host.Suites().SetAbsent("VX User Suite", false);
-  ASSERT_EQ(module.Send("VX Menu", "VX Go"), ResultCode::kSuccess);
+  ASSERT_EQ(module.Send(messages::kMenuGo), ResultCode::kSuccess);
   EXPECT_NE(Suite<VXUserSuite>(), nullptr);
   Operations().Refuse("release/VX User Suite", ResultCode::kCannot);
   EXPECT_EQ(module.ShutDown(), ResultCode::kSuccess);
