@@ -2,8 +2,6 @@
 
 #include <algorithm>
 #include <array>
-#include <cstdio>
-#include <fstream>
 
 #include "platform/nrvcore/localizer.h"
 #include "platform/nrvcore/unicode.h"
@@ -11,6 +9,7 @@
 
 namespace nrvui::gestures {
 
+using nrvcore::FileError;
 using nrvcore::config::Message;
 
 namespace {
@@ -82,33 +81,8 @@ bool TakeArguments(std::string_view rest, Step& step) {
 
 }  // namespace
 
-ScriptError::ScriptError(const std::string& scriptFile, std::size_t scriptLine,
-                         const std::string& why)
-    : std::runtime_error(scriptFile +
-                         (scriptLine == 0 ? std::string() : ":" + std::to_string(scriptLine)) +
-                         ": " + why) {}
-
-ScriptError::ScriptError(const ScriptError& other) = default;
-ScriptError::~ScriptError() = default;
-
 GestureScript GestureScript::ReadFile(const std::filesystem::path& path) {
-  std::ifstream stream(path, std::ios::binary);
-  std::string text;
-  std::array<char, BUFSIZ> block;
-  while (stream) {
-    stream.read(block.data(), block.size());
-    text.append(block.data(), stream.gcount());
-    if (text.size() > kLargestFile) {
-      throw ScriptError(
-          path.string(), 0,
-          Message("$$$/nrvui/Script/TooLarge=the gesture file is larger than %1 bytes",
-                  {std::to_string(kLargestFile)}));
-    }
-  }
-  if (!stream.eof())
-    throw ScriptError(path.string(), 0,
-                      Message("$$$/nrvui/Script/Unreadable=the gesture file can't be read"));
-  return Parse(text, path.string());
+  return Parse(nrvcore::ReadFile(path, kLargestFile, nrvcore::FileKind::kAny), path.string());
 }
 
 GestureScript GestureScript::Parse(std::string_view text, const std::string& name) {
@@ -118,8 +92,8 @@ GestureScript GestureScript::Parse(std::string_view text, const std::string& nam
   for (std::size_t number = 1; !text.empty(); ++number) {
     std::string_view line = TakeUntil(text, "\n");
     if (!nrvcore::utility::IsValidUTF8(line)) {
-      throw ScriptError(name, number,
-                        Message("$$$/nrvui/Script/Encoding=the line is not UTF-8 text"));
+      throw FileError(name, number,
+                      Message("$$$/nrvui/Script/Encoding=the line is not UTF-8 text"));
     }
     line = Trimmed(TakeUntil(line, "#"));
     if (line.empty()) continue;
@@ -127,15 +101,15 @@ GestureScript GestureScript::Parse(std::string_view text, const std::string& nam
     const auto* verb = std::find_if(kVerbs.begin(), kVerbs.end(),
                                     [word](const NamedVerb& named) { return named.name == word; });
     if (verb == kVerbs.end()) {
-      throw ScriptError(name, number,
-                        Message("$$$/nrvui/Script/NoGesture=there is no gesture \"%1\"", {word}));
+      throw FileError(name, number,
+                      Message("$$$/nrvui/Script/NoGesture=there is no gesture \"%1\"", {word}));
     }
     Step step;
     step.line = number;
     step.verb = verb->verb;
     if (!TakeArguments(line, step)) {
-      throw ScriptError(name, number,
-                        Message("$$$/nrvui/Script/Form=it should read: %1", {verb->form}));
+      throw FileError(name, number,
+                      Message("$$$/nrvui/Script/Form=it should read: %1", {verb->form}));
     }
     script.steps.push_back(std::move(step));
   }

@@ -1,23 +1,17 @@
 #pragma once
 
 #include <filesystem>
-#include <stdexcept>
 #include <string>
 #include <string_view>
 #include <vector>
 
 #include "platform/nrvcore/export.h"
+#include "platform/nrvcore/file.h"
 
 namespace nrvui::gestures {
 
-/// A line of a gesture file that cannot be read or played. `what` is "file:line: reason", without
-/// the line when the whole file is meant (line 0).
-class NRV_EXPORT ScriptError : public std::runtime_error {
- public:
-  ScriptError(const std::string& scriptFile, std::size_t scriptLine, const std::string& why);
-  ScriptError(const ScriptError& other);
-  ~ScriptError() override;
-};
+/// A line of a gesture file that cannot be read or played.
+using ScriptError = nrvcore::FileError;
 
 enum class Verb { kEnter, kClick, kKey, kClose, kResize };
 
@@ -25,18 +19,20 @@ struct Step {
   std::size_t line;  // from 1
   Verb verb;
   std::string target;  // the control's node ID, or the key
-  std::string text;    // what is entered, UTF-8
-  float width = 0;     // of a resize
+  std::string text;    // to enter, UTF-8
+  float width = 0;     // to resize to, in points, as the height
   float height = 0;
 };
 
-/// Gestures from a UTF-8 text, one a line, `#` starts a comment:
+/// The gestures of a UTF-8 text, one on each line; `#` starts a comment:
 ///
 ///     enter ID TEXT    click ID    key Return    key Escape    close    resize WIDTH HEIGHT
 class NRV_EXPORT GestureScript {
  public:
-  /// Both throw ScriptError for the first thing that they don't understand.
+  /// The file may be a pipe and holds at most 16 MB. Throws nrvcore::FileError with the first line
+  /// that is not a gesture.
   static GestureScript ReadFile(const std::filesystem::path& path);
+  /// `name` stands for the file in errors.
   static GestureScript Parse(std::string_view text, const std::string& name);
 
   const std::string& Name() const { return name; }

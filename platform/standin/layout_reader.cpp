@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <boost/container/flat_map.hpp>
-#include <fstream>
 #include <iterator>
 #include <optional>
 #include <pugixml.hpp>
@@ -162,20 +161,11 @@ boost::intrusive_ptr<UI_Node> Reader::Resolve(const Reference& reference) const 
 }  // namespace
 
 SheetTree ParseLayout(std::string text, const std::filesystem::path& file, const LiveToken& token) {
-  if (text.size() > kLargestFile)
-    throw ResourceError(file, 0, Message(kTooLarge, {std::to_string(kLargestFile)}));
   return Reader(std::move(text), file, token).Read();
 }
 
 SheetTree ReadLayout(const std::filesystem::path& file, const LiveToken& token) {
-  std::error_code error;
-  const uintmax_t size = std::filesystem::file_size(file, error);
-  if (error) throw ResourceError(file, 0, Message("$$$/standin/File/Absent=there is no such file"));
-  std::ifstream stream(file, std::ios::binary);
-  std::string text(std::min<uintmax_t>(size, kLargestFile + 1), '\0');
-  if (!stream.read(text.data(), static_cast<std::streamsize>(text.size())))
-    throw ResourceError(file, 0, Message(kUnreadable));
-  return ParseLayout(std::move(text), file, token);
+  return ParseLayout(nrvcore::ReadFile(file, kLargestFile), file, token);
 }
 
 }  // namespace standin

@@ -1,7 +1,7 @@
 #include "platform/standin/string_lists.h"
 
 #include <charconv>
-#include <fstream>
+#include <sstream>
 #include <string_view>
 
 #include "platform/nrvcore/localizer.h"
@@ -50,25 +50,18 @@ StringList ReadStringList(std::istream& stream, const std::filesystem::path& fil
     list.emplace_hint(list.end(), index, line.substr(tab + 1));
     previous = index;
   }
-  if (stream.bad()) throw ResourceError(file, lineNumber + 1, Message(kUnreadable));
   return list;
 }
 
 namespace {
 
-constexpr uintmax_t kLargestFile = 1 << 20;
+constexpr size_t kLargestFile = 1 << 20;
 
-StringList ReadFile(const std::filesystem::path& file) {
+/// Empty when there is no such file.
+StringList ReadList(const std::filesystem::path& file) {
   std::error_code error;
-  const auto status = std::filesystem::status(file, error);
-  if (status.type() == std::filesystem::file_type::not_found) return {};
-  if (!is_regular_file(status))
-    throw ResourceError(file, 0, Message("$$$/standin/File/None=is no file that can be read"));
-  if (std::filesystem::file_size(file, error) > kLargestFile)
-    throw ResourceError(file, 0, Message(kTooLarge, {std::to_string(kLargestFile)}));
-  std::ifstream stream(file, std::ios::binary);
-  if (!stream)
-    throw ResourceError(file, 0, Message("$$$/standin/File/NotOpened=the file cannot be opened"));
+  if (!std::filesystem::exists(file, error) && !error) return {};
+  std::istringstream stream(nrvcore::ReadFile(file, kLargestFile));
   return ReadStringList(stream, file);
 }
 
@@ -85,8 +78,8 @@ const std::string* StringLists::Find(ListOwner owner, int32_t number, int32_t in
     const auto folder =
         owner == ListOwner::kHost ? resources.host / "host" : resources.plugin / "strings";
     const std::string file = std::to_string(number) + ".txt";
-    StringList list = ReadFile(folder / file);
-    StringList translated = ReadFile(folder / Language() / file);
+    StringList list = ReadList(folder / file);
+    StringList translated = ReadList(folder / Language() / file);
     translated.merge(list);
     found = lists.emplace(std::pair{owner, number}, std::move(translated)).first;
   }

@@ -79,9 +79,9 @@ QByteArray ReadFile(const QString& name, qint64 mostBytes) {
   file.open(descriptor, QIODevice::ReadOnly, QFileDevice::AutoCloseHandle);
   struct stat status {};
   if (fstat(descriptor, &status) == 0 && !S_ISREG(status.st_mode))
-    throw StudioError("$$$/Studio/Write/NoFile=it is no ordinary file");
+    throw StudioError("$$$/nrvcore/File/NotRegular=it is not a regular file");
   if (status.st_size > mostBytes)
-    throw StudioError("$$$/Studio/Reason/LargeFile=the file is too large");
+    throw StudioError("$$$/nrvcore/File/TooLarge=the file is too large");
   QByteArray bytes = file.readAll();
   if (file.error() != QFileDevice::NoError) throw StudioError(ReasonText(errno));
   return bytes;

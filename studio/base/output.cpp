@@ -91,7 +91,7 @@ QIODevice& OutputSet::Add(const QString& name) {
   if (isThere) {
     if (S_ISDIR(status.st_mode)) Refuse(name, Text("$$$/Studio/Write/Folder=it is a folder"));
     if (!S_ISREG(status.st_mode))
-      Refuse(name, Text("$$$/Studio/Write/NoFile=it is no ordinary file"));
+      Refuse(name, Text("$$$/nrvcore/File/NotRegular=it is not a regular file"));
     if (access(place.c_str(), W_OK) != 0) Refuse(name, ReasonText(errno));
     if (IsSomebodyElsesInStickyFolder(place, status)) Refuse(name, ReasonText(EPERM));
   }
@@ -146,7 +146,8 @@ void OutputSet::TakePlace(Output& output) {
       if (identity == Identity(other->place)) RefuseInUse(output.device.objectName());
     }
     if (!S_ISREG(status.st_mode))
-      Refuse(output.device.objectName(), Text("$$$/Studio/Write/NoFile=it is no ordinary file"));
+      Refuse(output.device.objectName(),
+             Text("$$$/nrvcore/File/NotRegular=it is not a regular file"));
     // The second name below could not be removed again.
     if (IsSomebodyElsesInStickyFolder(output.place, status))
       Refuse(output.device.objectName(), ReasonText(EPERM));

@@ -1,26 +1,8 @@
 #include "studio/base/studio_error.h"
 
-#include <cerrno>
 #include <new>
 
-namespace {
-
-constexpr struct {
-  int code;  // the system's
-  const char* key;
-} kReasons[] = {
-    {EACCES, "$$$/Studio/Reason/Access=you do not have permission for that"},
-    {EPERM, "$$$/Studio/Reason/Access=you do not have permission for that"},
-    {ENOSPC, "$$$/Studio/Reason/DiskFull=the disk is full"},
-    {EDQUOT, "$$$/Studio/Reason/DiskFull=the disk is full"},
-    {EROFS, "$$$/Studio/Reason/ReadOnly=the disk is write-protected"},
-    {EIO, "$$$/Studio/Reason/Disk=the disk cannot be read or written"},
-    {ENAMETOOLONG, "$$$/Studio/Reason/LongName=the name is too long"},
-    {EFBIG, "$$$/Studio/Reason/LargeFile=the file is too large"},
-    {ENOENT, "$$$/Studio/Reason/Gone=there is no such file or folder"},
-};
-
-}  // namespace
+#include "platform/nrvcore/file.h"
 
 QString ReasonText(const std::exception& error) {
   if (dynamic_cast<const std::bad_alloc*>(&error)) return Text(kNoMemory);
@@ -28,10 +10,7 @@ QString ReasonText(const std::exception& error) {
 }
 
 QString ReasonText(int systemError) {
-  for (const auto& [code, key] : kReasons) {
-    if (code == systemError) return Text(key);
-  }
-  return qt_error_string(systemError);
+  return FileName(QByteArray::fromStdString(nrvcore::ReasonFor(systemError)));
 }
 
 QString Sentence(QString reason) {

@@ -116,7 +116,7 @@ TEST_F(Program, RemembersChoicesFromRunToRun) {
   ASSERT_TRUE(QDir(Path("config/tesserae-studio")).mkdir("choices.json"));
   const Result unkept = Run("in.png --gestures ok --export kept.svg");
   EXPECT_EQ(unkept.status, 0);
-  EXPECT_TRUE(unkept.errors.contains("cannot be read: it is no ordinary file\n"));
+  EXPECT_TRUE(unkept.errors.contains("cannot be read: it is not a regular file\n"));
   EXPECT_TRUE(unkept.errors.contains("the choices are not kept")) << unkept.errors.toStdString();
   EXPECT_EQ(Load("kept.svg").count("<rect "), 6700);
   EXPECT_EQ(Run("in.png --quiet --gestures ok").errors, "");
@@ -299,7 +299,7 @@ TEST_F(Program, SaysInOneLineWhatIsWrong) {
       {"in.png --gestures ok --export in.png", "for something else"},
       {"in.png --gestures ok --export folder/../link.png", "for something else"},
       {"in.png --gestures ok --export IN.PNG", "for something else"},
-      {"in.png --gestures ok --record pipe", "no ordinary file"},
+      {"in.png --gestures ok --record pipe", "not a regular file"},
       {"in.png --gestures ok --export a.svg --export folder/link.svg", "for something else"},
       {"in.png --image a --gestures ok --export a.svg", "in.png cannot be read: line 1"},
       {"linked.svg --image a --gestures ok --export a.svg", "no element a in linked.svg"},
