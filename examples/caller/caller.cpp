@@ -1,4 +1,4 @@
-// A plug-in that asks for the mosaic dialog when the person chooses its menu entry.
+// A plug-in that opens the mosaic dialog when the user chooses the plug-in's menu entry.
 
 #include <cstdio>
 #include <cstring>
@@ -9,7 +9,8 @@
 
 namespace {
 
-// As the last showing left it. A plug-in that may be unloaded keeps it in a block of the host.
+// The state that the last dialog returned. A plug-in that can be unloaded keeps it in a block of
+// the host instead.
 MosaicDialogState state = {};
 
 ResultCode AskForMosaic(const QPBasicSuite& basic) {
@@ -29,7 +30,7 @@ ResultCode AskForMosaic(const QPBasicSuite& basic) {
   (void)basic.Release(MosaicSuite::kName, MosaicSuite::kVersion);
 
   if (answer == ResultCode::kCancelled) return ResultCode::kSuccess;
-  // Here a real caller builds the mosaic from the picture.
+  // A real caller builds the mosaic here.
   if (!Failed(answer)) std::printf("%d by %d tiles\n", record.tilesAcross, record.tilesDown);
   return answer;
 }

@@ -1,7 +1,8 @@
-// A host in small: host MODULE [PLUG-IN]. It leads the module through its whole life, lends it
-// suites that answer plainly, and says what it saw. The other plug-in is told that its menu entry
-// was chosen. There are no sheets here to build a dialog from, so the module's dialog answers
-// 'CANT'; all else is as in a large host. Status 0 when all went well.
+// A minimal host: host MODULE [PLUG-IN]. It starts, unloads, reloads and shuts down the module with
+// simple implementations of the suites, and prints the result of each step. PLUG-IN receives the
+// message that its menu entry was chosen. The host has no sheets from which the module could build
+// its dialog, so the dialog answers 'CANT'. The exit status is 0 if every step had the expected
+// result.
 
 #include <dlfcn.h>
 
@@ -19,7 +20,7 @@
 #include "platform/suites/host_suites.h"
 #include "platform/suites/message_names.h"
 
-/// A plug-in and what the host keeps for it.
+/// A plug-in and the host's data about it.
 struct OpaqueModule {
   std::string file;
   std::string name;
@@ -33,30 +34,30 @@ constexpr ResultCode kDone = ResultCode::kSuccess;
 constexpr ResultCode kNotFound = ResultCode(404);
 
 std::map<std::pair<std::string, int32_t>, const void*> published;
-int blocksTaken = 0, blocks = 0, users = 0;
-bool isAllWell = true;
+int allocations = 0, blocks = 0, suitesInUse = 0;
+bool allPassed = true;
 
-void Expect(bool isSo, const char* what) {
-  std::printf("%s: %s\n", what, isSo ? "yes" : "NO");
-  isAllWell = isAllWell && isSo;
+void Expect(bool passed, const char* what) {
+  std::printf("%s: %s\n", what, passed ? "yes" : "NO");
+  allPassed = allPassed && passed;
 }
 
 ResultCode Acquire(const char* name, int32_t version, const void** table) {
   const auto found = published.find({name, version});
   if (found == published.end()) return kNotFound;
   *table = found->second;
-  ++users;
+  ++suitesInUse;
   return kDone;
 }
 
 ResultCode Release(const char*, int32_t) {
-  --users;
+  --suitesInUse;
   return kDone;
 }
 
 QPBasicSuite basic = {Acquire, Release};
 
-/// This host keeps nothing behind these handles; plug-ins only hand them back.
+/// Plug-ins only return these handles to the host, so any non-null value will do.
 template <typename Handle>
 ResultCode GiveHandle(PluginRef, Handle* handle) {
   *handle = reinterpret_cast<Handle>(&basic);
@@ -68,7 +69,8 @@ ResultCode SetName(PluginRef plugin, const char* name) {
   return kDone;
 }
 
-// A plug-in's lists lie beside its module: an entry is a line of index, tab and text.
+// Reads a plug-in's string list from the folder beside its module. A line is an index, a tab and a
+// text.
 ResultCode GetListString(ModuleRef module, int32_t list, int32_t index, char* buffer, size_t size) {
   const std::string folder = module->file.substr(0, module->file.rfind('/') + 1);
   std::ifstream lines(folder + "strings/" + std::to_string(list) + ".txt");
@@ -104,14 +106,14 @@ const QPBlocksSuite blockSuite = {
 const QPSuitesSuite suites = {{}, AddSuite};
 const VXRealMathSuite math = {
     {}, [](float a, float b) { return a * b; }, [](float a, float b) { return a / b; }};
-// Strings are made for alerts, which this host does not show.
+// Plug-ins create host strings only for alerts, which this host does not show.
 const VXUnicodeStringSuite texts = {
     [](StringHandle*, const char*, size_t, int32_t) { return kNotFound; },
     {},
     [](StringHandle*) { return kDone; }};
 
 template <typename Suite>
-void Lend(const Suite& table) {
+void Publish(const Suite& table) {
   (void)AddSuite(nullptr, nullptr, Suite::kName, Suite::kVersion, 1, &table, nullptr);
 }
 
@@ -134,8 +136,9 @@ ResultCode Send(OpaqueModule& plugin, const MessageName& name) {
   return code;
 }
 
-/// Calls the module's suite as any caller does.
-bool AsksInVain() {
+/// Calls the module's suite like any caller. Returns whether it answers
+/// 'CANT' and leaves the record unchanged.
+bool DialogAnswersCannot() {
   const void* table = nullptr;
   if (Failed(Acquire(MosaicSuite::kName, MosaicSuite::kVersion, &table))) return false;
   MosaicParameters record = {}, *address = &record;
@@ -153,7 +156,7 @@ bool AsksInVain() {
 ResultCode QPBasicAllocateBlock(size_t size, void** block) noexcept {
   *block = std::malloc(size ? size : 1);
   if (!*block) return ResultCode::kOutOfMemory;
-  ++blocksTaken, ++blocks;
+  ++allocations, ++blocks;
   return kDone;
 }
 
@@ -169,30 +172,34 @@ int main(int argc, char** argv) {
     std::fprintf(stderr, "usage: host MODULE [PLUG-IN]\n");
     return 2;
   }
-  Lend(access), Lend(plugins), Lend(notifiers), Lend(contexts), Lend(lists);
-  Lend(blockSuite), Lend(suites), Lend(math), Lend(texts);
+  Publish(access), Publish(plugins), Publish(notifiers), Publish(contexts), Publish(lists);
+  Publish(blockSuite), Publish(suites), Publish(math), Publish(texts);
 
   OpaqueModule module = {path, "", nullptr, nullptr};
   Load(module);
   Expect(!Failed(Send(module, messages::kStartup)), "starts up");
-  Expect(!Failed(Send(module, messages::kNotify)), "hears that the host has started");
+  Expect(!Failed(Send(module, messages::kNotify)),
+         "accepts the notification that the host has started");
   Expect(!Failed(Send(module, messages::kAbout)), "shows its about box");
-  Expect(AsksInVain(), "publishes a suite, whose dialog answers 'CANT' and changes nothing");
-  Expect(!Failed(Send(module, messages::kUnload)) && users == 0, "holds no suite when unloaded");
+  Expect(DialogAnswersCannot(),
+         "publishes a suite, whose dialog answers 'CANT' and changes nothing");
+  Expect(!Failed(Send(module, messages::kUnload)) && suitesInUse == 0,
+         "holds no suite when unloaded");
   dlclose(module.image);
-  Expect(!dlopen(path, RTLD_LAZY | RTLD_NOLOAD), "leaves the memory");
+  Expect(!dlopen(path, RTLD_LAZY | RTLD_NOLOAD), "is unmapped by dlclose");
   Load(module);
-  Expect(!Failed(Send(module, messages::kReload)) && AsksInVain(), "comes back as it was");
+  Expect(!Failed(Send(module, messages::kReload)) && DialogAnswersCannot(), "works after a reload");
 
   if (argc > 2) {
     OpaqueModule other = {argv[2], "", nullptr, nullptr};
     Load(other);
-    Expect(Send(other, messages::kMenuGo) == ResultCode::kCannot, "answers another plug-in");
+    Expect(Send(other, messages::kMenuGo) == ResultCode::kCannot,
+           "answers a call from another plug-in");
     dlclose(other.image);
   }
 
-  Expect(!Failed(Send(module, messages::kShutdown)) && users == 0, "shuts down");
-  Expect(blocksTaken > 0 && blocks == 0, "gives back all that it took");
+  Expect(!Failed(Send(module, messages::kShutdown)) && suitesInUse == 0, "shuts down");
+  Expect(allocations > 0 && blocks == 0, "frees all its blocks");
   dlclose(module.image);
-  return isAllWell ? 0 : 1;
+  return allPassed ? 0 : 1;
 }

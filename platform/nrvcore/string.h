@@ -16,7 +16,7 @@ template <class Char>
 class NRV_EXPORT StringT {
  public:
   StringT() noexcept = default;
-  StringT(const Char* characters);  // NOLINT: literals are strings; null counts as empty
+  StringT(const Char* characters);  // null counts as empty
   explicit StringT(std::basic_string_view<Char> characters);
   StringT(const StringT& other) noexcept : content(other.content) {
     if (IsShared()) Hold();

@@ -31,9 +31,7 @@ class StudioWindow final : public QMainWindow {
   bool OpenPicture(const QString& path);
 
   /// Whether pictures are placed as if their files did not say how large they are.
-  void SetSizeUnknown(bool isUnknown) {  // NOLINT: it changes the window
-    actions.placeUnknown->setChecked(isUnknown);
-  }
+  void SetSizeUnknown(bool isUnknown) { actions.placeUnknown->setChecked(isUnknown); }
 
   /// Shows it without a way back to what was there before.
   void Show(const ArtworkPtr& artwork);
