@@ -1,31 +1,47 @@
 include(CMakePackageConfigHelpers)
 
-# What goes onto a machine, in the shape that a build folder has.
-install(TARGETS tesserae-studio tesserae-check RUNTIME DESTINATION bin COMPONENT studio)
-install(TARGETS tesserae-svg-reader RUNTIME DESTINATION ${tesserae_libraries} COMPONENT studio)
+# The module, what it binds to, and its resources in one folder that a host can take.
 install(TARGETS nrvcore nrvui qpbasic vxui
-  LIBRARY DESTINATION ${tesserae_libraries} COMPONENT studio)
-# One folder that a host can take: the module with its own resources.
-install(TARGETS TesseraeUI LIBRARY DESTINATION ${tesserae_plugin} COMPONENT studio)
+  LIBRARY DESTINATION ${tesserae_libraries} COMPONENT module)
+install(TARGETS TesseraeUI LIBRARY DESTINATION ${tesserae_plugin} COMPONENT module)
 install(DIRECTORY resources/layouts resources/strings
-  DESTINATION ${tesserae_plugin} COMPONENT studio)
-install(DIRECTORY resources/host ${CMAKE_BINARY_DIR}/${tesserae_share}/translations
-  DESTINATION ${tesserae_share} COMPONENT studio)
+  DESTINATION ${tesserae_plugin} COMPONENT module)
 
-# For whoever writes a caller or a host: find_package(TesseraeUI) and TesseraeUI::interface, the public
-# headers alone. They are included as in this tree.
+# The programs, and what their host reads.
+install(TARGETS tesserae-check RUNTIME DESTINATION bin COMPONENT studio)
+install(DIRECTORY resources/host ${PROJECT_BINARY_DIR}/${tesserae_share}/translations
+  DESTINATION ${tesserae_share} COMPONENT studio)
+if(TESSERAE_STUDIO)
+  install(TARGETS tesserae-studio RUNTIME DESTINATION bin COMPONENT studio)
+  install(TARGETS tesserae-svg-reader RUNTIME DESTINATION ${tesserae_libraries} COMPONENT studio)
+endif()
+
+# For developers of callers and hosts: find_package(TesseraeUI), or this project as a subproject, gives
+# TesseraeUI::interface, the public headers. They are included as in this tree.
 set(headers mosaic/mosaic_suite.h platform/qpbasic/qpbasic.h platform/suites/host_suites.h
             platform/suites/message_names.h platform/suites/plugin_message.h
             platform/suites/result_code.h)
+set(include ${CMAKE_INSTALL_INCLUDEDIR}/tesserae)
 set(package share/cmake/TesseraeUI)
-add_library(interface INTERFACE)
-target_compile_features(interface INTERFACE cxx_std_14)
-target_sources(interface INTERFACE FILE_SET HEADERS BASE_DIRS ${PROJECT_SOURCE_DIR} FILES ${headers})
-install(TARGETS interface EXPORT TesseraeUI
-  FILE_SET HEADERS DESTINATION include/tesserae COMPONENT dev)
+add_library(tesserae_interface INTERFACE)
+add_library(TesseraeUI::interface ALIAS tesserae_interface)
+set_target_properties(tesserae_interface PROPERTIES EXPORT_NAME interface)
+target_compile_features(tesserae_interface INTERFACE cxx_std_14)
+target_include_directories(tesserae_interface INTERFACE
+  $<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}> $<INSTALL_INTERFACE:${include}>)
+foreach(header ${headers})
+  cmake_path(GET header PARENT_PATH folder)
+  install(FILES ${header} DESTINATION ${include}/${folder} COMPONENT dev)
+endforeach()
+install(TARGETS tesserae_interface EXPORT TesseraeUI)
 install(EXPORT TesseraeUI DESTINATION ${package} COMPONENT dev
-  NAMESPACE TesseraeUI:: FILE TesseraeUIConfig.cmake)
-write_basic_package_version_file(${CMAKE_BINARY_DIR}/TesseraeUIConfigVersion.cmake
+  NAMESPACE TesseraeUI:: FILE TesseraeUITargets.cmake)
+configure_package_config_file(cmake/TesseraeUIConfig.cmake.in
+  ${PROJECT_BINARY_DIR}/TesseraeUIConfig.cmake
+  INSTALL_DESTINATION ${package} PATH_VARS tesserae_plugin
+  NO_CHECK_REQUIRED_COMPONENTS_MACRO)
+write_basic_package_version_file(${PROJECT_BINARY_DIR}/TesseraeUIConfigVersion.cmake
   COMPATIBILITY SameMajorVersion ARCH_INDEPENDENT)
-install(FILES ${CMAKE_BINARY_DIR}/TesseraeUIConfigVersion.cmake
+install(FILES ${PROJECT_BINARY_DIR}/TesseraeUIConfig.cmake
+              ${PROJECT_BINARY_DIR}/TesseraeUIConfigVersion.cmake
   DESTINATION ${package} COMPONENT dev)
