@@ -1,13 +1,13 @@
 include(CMakePackageConfigHelpers)
 
-# The module, what it binds to, and its resources in one folder that a host can take.
+# The module with its resources in one folder, and the libraries to which it binds.
 install(TARGETS nrvcore nrvui qpbasic vxui
   LIBRARY DESTINATION ${tesserae_libraries} COMPONENT module)
 install(TARGETS TesseraeUI LIBRARY DESTINATION ${tesserae_plugin} COMPONENT module)
 install(DIRECTORY resources/layouts resources/strings
   DESTINATION ${tesserae_plugin} COMPONENT module)
 
-# The programs, and what their host reads.
+# The programs, and the resources of their stand-in host.
 install(TARGETS tesserae-check RUNTIME DESTINATION bin COMPONENT studio)
 install(DIRECTORY resources/host ${PROJECT_BINARY_DIR}/${tesserae_share}/translations
   DESTINATION ${tesserae_share} COMPONENT studio)
@@ -16,8 +16,8 @@ if(TESSERAE_STUDIO)
   install(TARGETS tesserae-svg-reader RUNTIME DESTINATION ${tesserae_libraries} COMPONENT studio)
 endif()
 
-# For developers of callers and hosts: find_package(TesseraeUI), or this project as a subproject, gives
-# TesseraeUI::interface, the public headers. They are included as in this tree.
+# TesseraeUI::interface, the public headers for callers and hosts: after find_package(TesseraeUI), or with
+# this project as a subproject. Their include paths are those of this tree.
 set(headers mosaic/mosaic_suite.h platform/qpbasic/qpbasic.h platform/suites/host_suites.h
             platform/suites/message_names.h platform/suites/plugin_message.h
             platform/suites/result_code.h)
