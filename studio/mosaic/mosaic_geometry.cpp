@@ -52,15 +52,24 @@ struct Side {
   }
 };
 
+QSizeF NewSize(const MosaicChoices& choices, QSizeF pictureSize) {
+  const MosaicParameters& params = choices.params;
+  QSizeF whole = pictureSize;
+  if (!params.sizeUnavailable) {
+    whole = QSizeF(params.boundsRight - params.boundsLeft, params.boundsBottom - params.boundsTop);
+  }
+  const QSizeF unit = choices.state.usePercent ? whole : QSizeF(1, 1);
+  const QSizeF size(params.newWidth * unit.width(), params.newHeight * unit.height());
+  return size == whole ? pictureSize : size;
+}
+
 }  // namespace
 
-MosaicGeometry MosaicGeometry::From(const MosaicChoices& choices, QSizeF sourceSize) {
+MosaicGeometry MosaicGeometry::From(const MosaicChoices& choices, QSizeF pictureSize) {
   const MosaicParameters& params = choices.params;
-  const QSizeF unit = choices.state.usePercent ? sourceSize : QSizeF(1, 1);
-  const Side across{kAcross, params.tilesAcross, params.tileSpacingHorizontal,
-                    params.newWidth * unit.width()};
-  const Side down{kDown, params.tilesDown, params.tileSpacingVertical,
-                  params.newHeight * unit.height()};
+  const QSizeF size = NewSize(choices, pictureSize);
+  const Side across{kAcross, params.tilesAcross, params.tileSpacingHorizontal, size.width()};
+  const Side down{kDown, params.tilesDown, params.tileSpacingVertical, size.height()};
 
   MosaicGeometry geometry;
   geometry.tile = {across.TileSize(), down.TileSize()};

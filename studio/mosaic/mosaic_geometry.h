@@ -28,9 +28,11 @@ struct MosaicGeometry {
   QSizeF spacing;  // between neighbouring tiles
   QSizeF tile;     // of one tile, above 0
 
-  /// From what the dialog gave back; shares count from `sourceSize`, the picture's. Throws
-  /// ChoiceError when there is no tile, no size, or no room for tiles between the spacing.
-  static MosaicGeometry From(const MosaicChoices& choices, QSizeF sourceSize);
+  /// From the dialog's results for a picture of `pictureSize` points. The record's bounds hold that
+  /// size in whole points: percentages count from them, and a new size equal to them means the
+  /// exact one. Throws ChoiceError when there is no tile, no size, or no room for tiles between the
+  /// spacing.
+  static MosaicGeometry From(const MosaicChoices& choices, QSizeF pictureSize);
 
   double Left(int column) const { return column * (tile.width() + spacing.width()); }
   double Top(int row) const { return row * (tile.height() + spacing.height()); }

@@ -9,12 +9,6 @@
 
 namespace {
 
-/// The size that shares count from: the one that the dialog was given, or else the true one.
-QSizeF SourceSize(const Picture& picture, const MosaicParameters& params) {
-  if (params.sizeUnavailable) return picture.SizeInPoints();
-  return QSizeF(params.boundsRight - params.boundsLeft, params.boundsBottom - params.boundsTop);
-}
-
 /// Collects a mosaic as an image with a pixel for each tile.
 class TileSink final : public MosaicSink {
  public:
@@ -36,7 +30,7 @@ MosaicJob::MosaicJob(const Picture& picture, const MosaicChoices& choices)
     : picture(picture),
       isColor(choices.params.isColor),
       keepsPicture(!choices.params.deleteRaster),
-      geometry(MosaicGeometry::From(choices, SourceSize(picture, choices.params))) {}
+      geometry(MosaicGeometry::From(choices, picture.SizeInPoints())) {}
 
 bool MosaicJob::ShowsPicture() const {
   return keepsPicture && (geometry.HasGaps() || picture.HasAlpha());

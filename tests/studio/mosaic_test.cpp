@@ -183,6 +183,8 @@ MosaicGeometry Divide(int across, int spacing, float width, bool usePercent = fa
   params.tileSpacingHorizontal = spacing;
   params.newWidth = width;
   params.newHeight = 1;
+  params.boundsRight = 640;
+  params.boundsBottom = 480;
   MosaicDialogState state{};
   state.usePercent = usePercent;
   return MosaicGeometry::From({params, state}, {640, 480});
@@ -206,6 +208,28 @@ TEST(MosaicGeometry, DividesTheNewSizeAmongTilesAndSpacing) {
                   {10, 0, kEndless}, {0, 0, 100},   {-5, 0, 100}, {1001, 0, 1}};
   for (const auto& [across, spacing, width] : kRefused)
     EXPECT_THROW(Divide(across, spacing, width), StudioError) << across << " " << spacing;
+}
+
+TEST(MosaicGeometry, TakesThePicturesSizeInWholePointsForItsExactSize) {
+  constexpr QSizeF kExact(1160.2, 652.5);
+  const struct {
+    float width, height;
+    bool usePercent;
+    QSizeF size;
+  } kCases[] = {{1160, 653, false, kExact},
+                {1, 1, true, kExact},
+                {1160, 652, false, {1160, 652}},
+                {0.5, 1, true, {580, 653}}};
+  for (const auto& [width, height, usePercent, size] : kCases) {
+    MosaicChoices choices;
+    choices.params.tilesAcross = choices.params.tilesDown = 9;
+    choices.params.boundsRight = 1160;
+    choices.params.boundsBottom = 653;
+    choices.params.newWidth = width;
+    choices.params.newHeight = height;
+    choices.state.usePercent = usePercent;
+    EXPECT_EQ(MosaicGeometry::From(choices, kExact).size, size) << width << " by " << height;
+  }
 }
 
 }  // namespace
