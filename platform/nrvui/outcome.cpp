@@ -11,6 +11,9 @@ constexpr const char* kPulledDownText =
 constexpr const char* kPulledUpText =
     "$$$/nrvui/Gesture/PulledUp=%1 is less than %2; %2 was put in its place.";
 
+constexpr const char* kMissingText =
+    "$$$/nrvui/Gesture/MissingKeeps=A number is missing; the field keeps %2.";
+
 const char* TextFor(const Outcome& outcome) {
   switch (outcome.kind) {
     case OutcomeKind::kDone:
@@ -20,7 +23,7 @@ const char* TextFor(const Outcome& outcome) {
     case OutcomeKind::kPulledUp:
       return kPulledUpText;
     case OutcomeKind::kRefused:
-      return TextFor(outcome.refusal);
+      return outcome.refusal == Refusal::kMissing ? kMissingText : TextFor(outcome.refusal);
   }
   return "";
 }

@@ -37,8 +37,8 @@ struct Outcome {
   OutcomeKind kind = OutcomeKind::kDone;
   Refusal refusal = Refusal::kNone;  // kNone unless refused
   bool changed = false;              // whether the control now has another value
-  nrvcore::UTF16String entered{};    // what was asked for, when pulled or refused for what it is
-  nrvcore::UTF16String put{};        // what is there instead, when pulled
+  nrvcore::UTF16String entered{};    // as it was typed, when pulled or refused for what it is
+  nrvcore::UTF16String put{};        // what the field holds instead, when pulled or refused
 
   bool IsRefused() const { return kind == OutcomeKind::kRefused; }
   bool IsPulled() const {

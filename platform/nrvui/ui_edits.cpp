@@ -79,23 +79,31 @@ void UI_NumberEdit::SetValue(const nrvcore::UTF16String& newText) {
 }
 
 Outcome UI_NumberEdit::AcceptEntry(const nrvcore::UTF16String& entry) {
-  // Also when it reads as the field does: what is shown may have fewer decimals than the number.
-  const ParsedNumber parsed = Parse(entry, GetUnit());
-  if (parsed.refusal != Refusal::kNone) return gestures::Refused(parsed.refusal, entry);
+  const Reading reading = Read(entry);
+  if (reading.outcome.changed) SetNumber(reading.number);
+  return reading.outcome;
+}
 
-  Outcome outcome;
-  const double accepted = std::clamp(parsed.value, lowerBound, GetUpperBound());
-  if (accepted != parsed.value) {
-    const nrvcore::UTF16String entered = Format(parsed.value);
-    const nrvcore::UTF16String put = Format(accepted);
-    const OutcomeKind kind =
-        parsed.value > accepted ? OutcomeKind::kPulledDown : OutcomeKind::kPulledUp;
-    // The bound as the person reads it may lie a little beyond it; that is no other number to them.
-    if (entered != put) outcome = {.kind = kind, .entered = entered, .put = put};
+UI_NumberEdit::Reading UI_NumberEdit::Read(const nrvcore::UTF16String& entry) const {
+  const ParsedNumber parsed = Parse(entry, GetUnit());
+  if (parsed.refusal != Refusal::kNone) {
+    Reading refused{0, gestures::Refused(parsed.refusal, entry)};
+    refused.outcome.put = GetValue();
+    return refused;
   }
-  outcome.changed = accepted != GetNumber();
-  if (outcome.changed) SetNumber(accepted);
-  return outcome;
+  Reading reading{std::clamp(parsed.value, lowerBound, GetUpperBound()), {}};
+  Outcome& outcome = reading.outcome;
+  const nrvcore::UTF16String put = Format(reading.number);
+  // A bound is shown rounded. An entry that reads like the bound is not reported as clamped.
+  if (reading.number != parsed.value && put != Format(parsed.value)) {
+    outcome.kind =
+        parsed.value > reading.number ? OutcomeKind::kPulledDown : OutcomeKind::kPulledUp;
+    outcome.entered = entry;
+    outcome.put = put;
+  }
+  // An entry that reads like the field can change it: the number can have more decimals.
+  outcome.changed = reading.number != GetNumber();
+  return reading;
 }
 
 nrvcore::UTF16String UI_NumberEdit::Format(double value) const {

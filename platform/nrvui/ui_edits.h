@@ -46,6 +46,13 @@ class NRV_EXPORT UI_NumberEdit : public UI_TextEdit {
   void SetValue(const nrvcore::UTF16String& newText) override;
   gestures::Outcome AcceptEntry(const nrvcore::UTF16String& entry) override;
 
+  struct Reading {
+    double number = 0;  // within the bounds; 0 when the entry is refused
+    gestures::Outcome outcome;
+  };
+  /// What AcceptEntry would make of an entry. The field stays as it is.
+  Reading Read(const nrvcore::UTF16String& entry) const;
+
   /// A value as the field would show it.
   nrvcore::UTF16String Format(double value) const;
 

@@ -68,8 +68,11 @@ ButtonView::ButtonView(DialogRun& modalRun, UI_ControlView& shown, QAbstractButt
 }
 
 void ButtonView::SetCaption(const QString& caption) {
+  const QString full = ToQString(control.GetCaption());
   button.setText(caption);
-  button.setAccessibleName(SpokenName(ToQString(control.GetCaption())));
+  // setText makes the mnemonic a shortcut only while it is shown.
+  button.setShortcut(QKeySequence::mnemonic(full));
+  button.setAccessibleName(SpokenName(full));
 }
 
 PushButtonView::PushButtonView(DialogRun& modalRun, UI_Button& shown, QWidget& parent)
@@ -96,10 +99,19 @@ RadioButtonView::RadioButtonView(DialogRun& modalRun, UI_RadioButton& shown,
 
 void RadioButtonView::Follow() {
   // Code may select none of a group, or two.
+  const bool isSelected = radio.GetValue() == nrvui::controls::kRadioOn;
   group.setExclusive(false);
-  widget.setChecked(radio.GetValue() == nrvui::controls::kRadioOn);
+  widget.setChecked(isSelected);
   group.setExclusive(true);
+  if (isSelected) LetTabEnterHere();
   ButtonView::Follow();
+}
+
+void RadioButtonView::LetTabEnterHere() {
+  // Qt does this when the user selects a button, but not for a selection by code.
+  for (QAbstractButton* button : group.buttons()) {
+    button->setFocusPolicy(button == &widget ? Qt::StrongFocus : Qt::ClickFocus);
+  }
 }
 
 }  // namespace qtui

@@ -46,6 +46,9 @@ class RadioButtonView final : public ButtonView {
   void Follow() override;
 
  private:
+  /// Has Tab, on its way through the dialog, stop at this button of the group.
+  void LetTabEnterHere();
+
   nrvui::controls::UI_RadioButton& radio;
   QButtonGroup& group;
   QRadioButton& widget;

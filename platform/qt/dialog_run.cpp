@@ -1,12 +1,24 @@
 #include "platform/qt/dialog_run.h"
 
+#include <QScopedValueRollback>
+
 namespace qtui {
 
 using nrvui::gestures::Outcome;
 using nrvui::ui::UI_Node;
 
+namespace {
+
+constexpr int kTypingPause = 300;  // ms
+
+}  // namespace
+
 DialogRun::DialogRun(nrvui::ui::UI_Dialog& modalDialog)
-    : dialog(modalDialog), isShared(modalDialog.UI_GetReferenceCount() > 1) {}
+    : dialog(modalDialog), isShared(modalDialog.UI_GetReferenceCount() > 1) {
+  typingPause.setSingleShot(true);
+  typingPause.setInterval(kTypingPause);
+  typingPause.callOnTimeout([this] { TellOfChange(); });
+}
 
 bool DialogRun::IsOver() const {
   return HasFailed() || dialog.GetResponse() != nrvui::ui::kNoResponse;
@@ -28,45 +40,64 @@ void DialogRun::Guard(const std::function<void()>& work) {
   }
 }
 
-Outcome DialogRun::Do(const std::function<Outcome()>& gesture) {
+Outcome DialogRun::Do(const UI_Node* control, const std::function<Outcome()>& gesture) {
   Outcome outcome;
   ++gestureDepth;
-  Guard([&] { outcome = gesture(); });
+  {
+    const QScopedValueRollback touching(touched, control);
+    Guard([&] { outcome = gesture(); });
+  }
   --gestureDepth;
   lastOutcome = outcome;
   if (!IsInGesture() && afterGesture) std::exchange(afterGesture, {})();
-  if (!IsInGesture() && !IsOver() && whenChanged) Guard(whenChanged);
+  TellOfChange();
   return outcome;
 }
 
+void DialogRun::TellOfChange() {
+  if (IsInGesture() || IsOver() || !whenChanged) return;
+  typingPause.stop();
+  Guard(whenChanged);
+}
+
 Outcome DialogRun::Enter(UI_Node& field, const nrvcore::UTF16String& text) {
-  return Do([&] { return nrvui::gestures::Enter(dialog, field, text); });
+  return Do(&field, [&] { return nrvui::gestures::Enter(dialog, field, text); });
 }
 
 void DialogRun::Click(UI_Node& control) {
   const bool isCancel = dialog.GetCancelButton() == &control;
   const bool isOk = dialog.GetOkButton() == &control;
   if (!isCancel && !CommitEdit() && isOk) return;
-  Do([&] { return nrvui::gestures::Click(dialog, control); });
+  Do(&control, [&] { return nrvui::gestures::Click(dialog, control); });
 }
 
 void DialogRun::Press(nrvui::gestures::Key key) {
   if (key == nrvui::gestures::Key::kReturn && !CommitEdit()) return;
-  Do([&] { return nrvui::gestures::Press(dialog, key); });
+  Do(nullptr, [&] { return nrvui::gestures::Press(dialog, key); });
 }
 
 void DialogRun::Close() {
-  Do([&] { return nrvui::gestures::Close(dialog); });
+  Do(nullptr, [&] { return nrvui::gestures::Close(dialog); });
 }
 
 void DialogRun::Resize(QSizeF contentSize) {
   const nrvcore::geom::PointT<float> size = {static_cast<float>(contentSize.width()),
                                              static_cast<float>(contentSize.height())};
-  Do([&] { return nrvui::gestures::Resize(dialog, size); });
+  Do(nullptr, [&] { return nrvui::gestures::Resize(dialog, size); });
+}
+
+void DialogRun::NoteEdit(Editor& edited) {
+  if (editor != &edited) CommitEdit();
+  editor = &edited;
+  typingPause.start();
 }
 
 bool DialogRun::CommitEdit() {
   return editor == nullptr || editor->Commit();
+}
+
+std::optional<PendingEntry> DialogRun::Pending() const {
+  return editor != nullptr ? editor->Pending() : std::nullopt;
 }
 
 std::optional<Outcome> DialogRun::TakeOutcome() {

@@ -1,20 +1,24 @@
 #pragma once
 
 #include <QSizeF>
+#include <QTimer>
 #include <exception>
 #include <functional>
 #include <optional>
 #include <utility>
 
 #include "platform/nrvui/gesture.h"
+#include "platform/qt/pending_entry.h"
 
 namespace qtui {
 
-/// A field in which a person may be typing.
+/// A field that can be edited.
 class Editor {
  public:
-  /// Ends the edit. False when the person must look at what became of it before going on.
+  /// Ends the edit. False when the result needs the user's attention before anything else happens.
   virtual bool Commit() = 0;
+  /// Nothing unless the field has been edited to a number that it accepts without a message.
+  virtual std::optional<PendingEntry> Pending() const = 0;
 
  protected:
   ~Editor() = default;
@@ -55,27 +59,36 @@ class DialogRun {
   void Close();
   void Resize(QSizeF contentSize);
 
-  /// `hook` is called after each gesture that leaves the dialog open, when its handlers are done;
-  /// what it throws ends the run.
+  /// The control whose gesture is being performed, while its handlers run; null otherwise.
+  const nrvui::ui::UI_Node* Touched() const { return touched; }
+
+  /// `hook` is called after each gesture that leaves the dialog open, when its handlers are done,
+  /// and 300 ms after the last edit of a field's text. An exception of the hook ends the run.
   void WhenChanged(std::function<void()> hook) { whenChanged = std::move(hook); }
 
-  /// The field that has text which is not yet in its node; null when there is none.
-  void SetEditor(Editor* newEditor) { editor = newEditor; }
+  /// The text of a field was edited and is not in its node yet. The run keeps one such field: an
+  /// edit that another field has pending is entered first.
+  void NoteEdit(Editor& edited);
   void ForgetEditor(const Editor* gone) {
     if (editor == gone) editor = nullptr;
   }
   bool CommitEdit();
+  std::optional<PendingEntry> Pending() const;
 
   /// What became of the last gesture since the last call.
   std::optional<nrvui::gestures::Outcome> TakeOutcome();
 
  private:
-  nrvui::gestures::Outcome Do(const std::function<nrvui::gestures::Outcome()>& gesture);
+  nrvui::gestures::Outcome Do(const nrvui::ui::UI_Node* control,
+                              const std::function<nrvui::gestures::Outcome()>& gesture);
+  void TellOfChange();
 
   nrvui::ui::UI_Dialog& dialog;
   const bool isShared;  // others hold references, so that they can also all let go
   Editor* editor = nullptr;
   int gestureDepth = 0;
+  const nrvui::ui::UI_Node* touched = nullptr;
+  QTimer typingPause;
   std::function<void()> afterGesture;
   std::function<void()> whenOver;
   std::function<void()> whenChanged;

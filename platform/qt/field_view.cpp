@@ -1,7 +1,9 @@
 #include "platform/qt/field_view.h"
 
+#include <QScopedValueRollback>
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 #include "platform/nrvcore/localizer.h"
 #include "platform/qt/qt_text.h"
@@ -21,15 +23,21 @@ constexpr const char* kBetween = "$$$/nrvui/Field/Between=%1 to %2";
 constexpr const char* kAtLeast = "$$$/nrvui/Field/AtLeast=at least %1";
 constexpr const char* kAtMost = "$$$/nrvui/Field/AtMost=at most %1";
 constexpr const char* kOnly = "$$$/nrvui/Field/Only=only %1";
-constexpr const char* kOutside = "$$$/nrvui/Field/Outside=%1 can stand here, but not be entered.";
+constexpr const char* kProduced =
+    "$$$/nrvui/Field/Produced=%1: \"%4\" produced %2, which is used. What can be entered: %3.";
+constexpr const char* kNotEntered =
+    "$$$/nrvui/Field/NotEntered=%1: %2 was not entered but is used. What can be entered: %3.";
 constexpr const char* kProblem = "$$$/nrvui/Field/Problem=%1: %2";
 constexpr const char* kProblemAndRange = "$$$/nrvui/Field/ProblemAndRange=%1: %2 Allowed here: %3.";
 
-QString Localized(const char* key, const QString& one, const QString& two = {},
-                  const QString& three = {}) {
-  return ToQString(Localizer::Get().Localize(
-      key, {ReplacementValue(FromQString(one)), ReplacementValue(FromQString(two)),
-            ReplacementValue(FromQString(three))}));
+template <typename... Values>
+QString Localized(const char* key, const Values&... values) {
+  return ToQString(Localizer::Get().Localize(key, {ReplacementValue(FromQString(values))...}));
+}
+
+/// The same text for a place where no line may break.
+QString Unbroken(QString text) {
+  return text.replace(u' ', QChar::Nbsp);
 }
 
 }  // namespace
@@ -43,9 +51,8 @@ FieldView::FieldView(DialogRun& modalRun, MessageLine& messageLine,
       edit(textField),
       name(ToQString(shown.UI_GetNodeID())) {
   edit.SetListener(this);
-  QObject::connect(&edit, &QLineEdit::textEdited, &edit, [this] {
-    ClearProblem();
-    run.SetEditor(this);
+  QObject::connect(&edit, &QLineEdit::textChanged, &edit, [this] {
+    if (!isShowing) Edited();
   });
 }
 
@@ -55,30 +62,51 @@ FieldView::~FieldView() {
 }
 
 void FieldView::Follow() {
-  if (ToQString(field.GetValue()) != shownValue) {
-    ClearProblem();
+  const QString value = ToQString(field.GetValue());
+  const QString range = Range();
+  if (value != shownValue) {
+    const auto* const touched = dynamic_cast<const nrvui::controls::UI_ControlView*>(run.Touched());
+    origin = touched != nullptr ? SpokenName(ToQString(touched->GetCaption())) : QString();
     ShowValue();
-    wrong = Complaint();
+    JudgeValue();
+  } else if (range != shownRange) {
+    JudgeValue();
   }
-  if (!wrong.isEmpty()) Complain(wrong);  // the range may be another one now
+  shownRange = range;
   NodeView::Follow();
 }
 
 void FieldView::SetName(const QString& spokenName) {
   name = spokenName;
   NodeView::SetName(name);
-  if (!wrong.isEmpty()) Complain(wrong);
+  if (problem) SetProblem(problem);
 }
 
 void FieldView::ShowValue() {
+  const QScopedValueRollback showing(isShowing, true);
   shownValue = ToQString(field.GetValue());
   edit.setText(shownValue);
   edit.setCursorPosition(0);
   if (edit.hasFocus()) edit.selectAll();
+  TextChanged();
+}
+
+void FieldView::Edited() {
+  const QString text = edit.text();
+  // A text that assistive technology sets counts as unmodified. After Undo, the former text is.
+  if (text != shownValue) edit.setModified(true);
+  SetProblem({});
+  run.NoteEdit(*this);
+  if (edit.text() != text) {  // an edit that was pending elsewhere has changed this value
+    const QScopedValueRollback showing(isShowing, true);
+    edit.setText(text);
+    edit.setModified(true);
+  }
+  TextChanged();
 }
 
 bool FieldView::Commit() {
-  run.SetEditor(nullptr);
+  run.ForgetEditor(this);
   if (!edit.isModified() || run.IsOver()) return true;
   edit.setModified(false);
   return Enter(FromQString(edit.text()));
@@ -89,14 +117,16 @@ bool FieldView::Enter(const UTF16String& text) {
   if (run.IsOver()) return false;
   ShowValue();
   if (!outcome.IsRefused() && !outcome.IsPulled()) {
-    ClearProblem();
+    JudgeValue();
     return true;
   }
-  Complain(ToQString(Describe(outcome)));
+  const QString reason = ToQString(Describe(outcome));
+  SetProblem([this, reason] { return EntryProblem(reason); });
   return false;
 }
 
 void FieldView::FieldLeft() {
+  if (!edit.isModified()) JudgeValue();
   Commit();
 }
 
@@ -110,23 +140,28 @@ QString FieldView::Hint() const {
   return (NodeView::Description() + ' ' + takes).trimmed();
 }
 
-void FieldView::Complain(const QString& sentence) {
-  wrong = sentence;
-  QString range = Range();
-  range.replace(u' ', QChar::Nbsp);
-  ShowProblem(range.isEmpty() ? Localized(kProblem, name, wrong)
-                              : Localized(kProblemAndRange, name, wrong, range));
+QString FieldView::EntryProblem(const QString& reason) const {
+  const QString range = Range();
+  return range.isEmpty() ? Localized(kProblem, name, reason)
+                         : Localized(kProblemAndRange, name, reason, Unbroken(range));
+}
+
+FieldView::ProblemText FieldView::ValueProblem(const QString&) const {
+  return {};
+}
+
+void FieldView::JudgeValue() {
+  SetProblem(ValueProblem(origin));
 }
 
 void FieldView::ShowProblem(const QString& text) {
-  messages.SetProblem(field, text);
-  edit.SetMarked(true);
+  SetProblem([text] { return text; });
 }
 
-void FieldView::ClearProblem() {
-  wrong.clear();
-  messages.ClearProblem(field);
-  edit.SetMarked(false);
+void FieldView::SetProblem(ProblemText text) {
+  problem = std::move(text);
+  problem ? messages.SetProblem(field, problem()) : messages.ClearProblem(field);
+  edit.SetMarked(bool(problem));
 }
 
 NumberFieldView::NumberFieldView(DialogRun& modalRun, MessageLine& messageLine,
@@ -159,12 +194,32 @@ const char* NumberFieldView::HintKey() const {
   return isLength ? kLengthHint : FieldView::HintKey();
 }
 
-QString NumberFieldView::Complaint() const {
-  const UTF16String shown = number.Format(number.GetNumber());
-  const double nearest =
-      std::min(std::max(number.GetNumber(), number.GetLowerBound()), number.GetUpperBound());
+FieldView::ProblemText NumberFieldView::ValueProblem(const QString& origin) const {
+  const double value = number.GetNumber();
+  const UTF16String shown = number.Format(value);
+  const double nearest = std::min(std::max(value, number.GetLowerBound()), number.GetUpperBound());
   if (shown == number.Format(nearest)) return {};
-  return Localized(kOutside, ToQString(shown));
+  return [this, origin, shown = Unbroken(ToQString(shown))] {
+    const QString range = Unbroken(Range());
+    return origin.isEmpty() ? Localized(kNotEntered, Name(), shown, range)
+                            : Localized(kProduced, Name(), shown, range, origin);
+  };
+}
+
+void NumberFieldView::TextChanged() {
+  std::optional<double> typed;
+  if (IsEdited()) {
+    const auto reading = number.Read(FromQString(Text()));
+    if (!reading.outcome.IsRefused()) typed = reading.number;
+  }
+  widget.SetTyped(typed);
+}
+
+std::optional<PendingEntry> NumberFieldView::Pending() const {
+  if (!IsEdited()) return std::nullopt;
+  const auto reading = number.Read(FromQString(Text()));
+  if (reading.outcome.IsRefused() || reading.outcome.IsPulled()) return std::nullopt;
+  return PendingEntry{&number, reading.number};
 }
 
 QString NumberFieldView::Range() const {

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <functional>
+
 #include "platform/nrvui/ui_edits.h"
 #include "platform/qt/dialog_run.h"
 #include "platform/qt/message_line.h"
@@ -9,10 +11,14 @@
 
 namespace qtui {
 
-/// A field in which a person types. What they typed reaches the node when they leave the field,
-/// press Return or click something; until then the field shows it, afterwards what the node made
-/// of it. A text that the person did not change is not entered. What was wrong with an entry is
-/// said until the person edits the field again or it gets another value.
+/// A field that can be edited, by keys or by assistive technology. The text reaches the node when
+/// the field is left, Return is pressed or something is clicked; until then the field shows the
+/// text, afterwards what the node made of it. A text that was not changed is not entered.
+///
+/// A field has at most one problem, which is shown with a mark. A problem of an entry (refused or
+/// clamped) ends when the field is edited, when its value or bounds change, and when the user comes
+/// back to it and leaves it as it is. A value outside the bounds, which only code can set, is a
+/// problem as long as it stays.
 class FieldView : public NodeView, public Editor, public FieldListener {
  public:
   FieldView(DialogRun& modalRun, MessageLine& messageLine, nrvui::controls::UI_TextEdit& shown,
@@ -26,32 +32,47 @@ class FieldView : public NodeView, public Editor, public FieldListener {
   QString Hint() const override;
 
   bool Commit() override;
+  std::optional<PendingEntry> Pending() const override { return std::nullopt; }
   void FieldLeft() override;
 
+  /// Shows a problem that another view of the same node had.
   void ShowProblem(const QString& text);
 
  protected:
+  using ProblemText = std::function<QString()>;
+
   /// What may be entered, for the person; empty when anything may.
   virtual QString Range() const { return {}; }
   /// Localises to what the field takes: %1 is its name, %2 its range.
   virtual const char* HintKey() const { return "$$$/nrvui/Field/Hint=%1: %2"; }
-  /// What is wrong with the node's value; empty when nothing is.
-  virtual QString Complaint() const { return {}; }
+  /// What is wrong with the node's value; null when nothing is. `origin` is the caption of the
+  /// control whose gesture led to the value, empty for another origin.
+  virtual ProblemText ValueProblem(const QString& origin) const;
+  /// The widget has another text.
+  virtual void TextChanged() {}
   /// False when the person must look at what became of it.
   bool Enter(const nrvcore::UTF16String& text);
+  bool IsEdited() const { return edit.isModified(); }
+  QString Text() const { return edit.text(); }
+  const QString& Name() const { return name; }
 
  private:
+  void Edited();
   void ShowValue();
-  void Complain(const QString& sentence);
-  void ClearProblem();
+  void JudgeValue();
+  void SetProblem(ProblemText text);
+  QString EntryProblem(const QString& reason) const;
 
   DialogRun& run;
   MessageLine& messages;
   nrvui::controls::UI_TextEdit& field;
   TextField& edit;
   QString shownValue;
-  QString wrong;  // what is wrong with the entry, without the range
+  QString shownRange;
+  QString origin;       // of the value, for ValueProblem
+  ProblemText problem;  // composed anew when the name changes; null when there is none
   QString name;
+  bool isShowing = false;
 };
 
 /// A number with its unit and bounds.
@@ -63,14 +84,17 @@ class NumberFieldView final : public FieldView {
 
   QWidget* Widget() const override { return &widget; }
   void Follow() override;
+  void SetMnemonic(const QKeySequence& keys) override { widget.SetMnemonic(keys); }
+  std::optional<PendingEntry> Pending() const override;
   /// By so many of the field's unit, as far as the bounds allow.
   void StepAsked(int count) override;
   void NumberAsked(double value) override;
 
  protected:
   QString Range() const override;
-  QString Complaint() const override;
+  ProblemText ValueProblem(const QString& origin) const override;
   const char* HintKey() const override;
+  void TextChanged() override;
 
  private:
   nrvui::controls::UI_NumberEdit& number;

@@ -41,7 +41,11 @@ QString LabelView::Caption(bool withMnemonic) const {
 
 void LabelView::SetCaption(const QString& caption) {
   label.setText(caption);
-  if (labelled != nullptr) labelled->SetName(SpokenName(ToQString(text.GetCaption())));
+  if (labelled != nullptr) {
+    const QString full = ToQString(text.GetCaption());
+    labelled->SetName(SpokenName(full));
+    labelled->SetMnemonic(QKeySequence::mnemonic(full));
+  }
   if (!name.isEmpty()) SetName(name);
 }
 

@@ -1,12 +1,12 @@
 #include "platform/qt/message_line.h"
 
-#include <QAccessible>
 #include <QEvent>
 #include <QStyle>
 #include <QtMath>
 #include <algorithm>
 
 #include "platform/nrvcore/localizer.h"
+#include "platform/qt/announcement.h"
 #include "platform/qt/qt_text.h"
 #include "platform/qt/theme.h"
 
@@ -18,6 +18,7 @@ namespace {
 
 constexpr int kReservedLines = 3;
 constexpr int kIconGap = 8;
+constexpr int kReadOutPause = 1000;  // ms
 
 }  // namespace
 
@@ -27,14 +28,17 @@ MessageLine::MessageLine(QWidget& parent)
       ToQString(nrvcore::config::Localizer::Get().Localize("$$$/nrvui/Message/Warning=Warning")));
   label.setTextFormat(Qt::PlainText);
   label.setWordWrap(true);
+  pause.setSingleShot(true);
+  pause.setInterval(kReadOutPause);
+  pause.callOnTimeout([this] { AnnounceNow(); });
   Show();
 }
 
 void MessageLine::SetReadOut(const ReadOut& text) {
-  const bool isNews = text.isWarning && text.text != readOut.text;
+  if (text.text == readOut.text && text.isWarning == readOut.isWarning) return;
   readOut = text;
   Show();
-  if (isNews) Announce();
+  readOut.isWarning&& problems.empty() ? AnnounceNow() : AnnounceAfterPause();
 }
 
 void MessageLine::SetHint(const QString& text) {
@@ -48,17 +52,29 @@ void MessageLine::SetProblem(const UI_Node& field, const QString& text) {
   std::erase_if(problems, [&](const auto& problem) { return problem.first == &field; });
   problems.emplace_back(&field, text);
   Show();
-  Announce();
+  AnnounceNow();
 }
 
-void MessageLine::Announce() {
-  QAccessibleEvent alert(&label, QAccessible::Alert);
-  QAccessible::updateAccessibility(&alert);
+void MessageLine::AnnounceNow() {
+  if (!isVisible()) return;  // showEvent comes back to it
+  pause.stop();
+  Announce(*window(), problems.empty() ? readOut.text : problems.back().second);
+}
+
+void MessageLine::AnnounceAfterPause() {
+  if (isVisible()) pause.start();
+}
+
+void MessageLine::showEvent(QShowEvent* event) {
+  QWidget::showEvent(event);
+  AnnounceAfterPause();
 }
 
 void MessageLine::ClearProblem(const UI_Node& field) {
-  std::erase_if(problems, [&](const auto& problem) { return problem.first == &field; });
+  if (std::erase_if(problems, [&](const auto& problem) { return problem.first == &field; }) == 0)
+    return;
   Show();
+  AnnounceAfterPause();
 }
 
 QString MessageLine::Text() const {
@@ -74,6 +90,9 @@ void MessageLine::Show() {
   label.setAlignment((isRightToLeft() ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignAbsolute |
                      Qt::AlignTop);
   label.setText(Text());
+  QPalette colors;
+  if (isWarning) colors.setColor(QPalette::WindowText, WarningColor(*this));
+  label.setPalette(colors);
   label.setForegroundRole(isWarning ? QPalette::WindowText : QPalette::PlaceholderText);
   icon.setVisible(isWarning);
   if (isWarning) icon.setPixmap(WarningIcon(*this));

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QLabel>
+#include <QTimer>
 #include <QWidget>
 #include <utility>
 #include <vector>
@@ -17,7 +18,8 @@ struct ReadOut {
 
 /// The dialog's messages: what follows from its present values, what the control is for that a
 /// person is at, and what is wrong with an entry. It keeps room for three lines, so that a message
-/// does not move the controls.
+/// does not move the controls. Screen readers announce warnings at once and a new read-out after
+/// a second without another one.
 class MessageLine final : public QWidget {
  public:
   using Problems = std::vector<std::pair<const nrvui::ui::UI_Node*, QString>>;
@@ -38,20 +40,22 @@ class MessageLine final : public QWidget {
   bool IsWarning() const { return !problems.empty() || readOut.isWarning; }
 
  protected:
+  void showEvent(QShowEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
   void changeEvent(QEvent* event) override;
 
  private:
   void Show();
   void Arrange();
-  /// Has assistive technology read the text now.
-  void Announce();
+  void AnnounceNow();
+  void AnnounceAfterPause();
 
   QLabel& icon;
   QLabel& label;
   ReadOut readOut;
   QString hint;
   Problems problems;  // the last one is shown
+  QTimer pause;
 };
 
 }  // namespace qtui

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QKeySequence>
 #include <QWidget>
 
 #include "platform/nrvui/ui_controls.h"
@@ -34,6 +35,8 @@ class NodeView {
 
   /// Sets the name that screen readers say, taken from the node's label.
   virtual void SetName(const QString& spokenName);
+  /// Sets the keys that focus the widget, taken from the node's label.
+  virtual void SetMnemonic(const QKeySequence&) {}
 
  private:
   boost::intrusive_ptr<nrvui::ui::UI_Node> node;

@@ -40,6 +40,10 @@ class AccessibleNumber final : public QAccessibleWidget, public QAccessibleValue
   QString text(QAccessible::Text kind) const override {
     return kind == QAccessible::Value ? field.Text().text() : QAccessibleWidget::text(kind);
   }
+  QStringList keyBindingsForAction(const QString& action) const override {
+    if (action != setFocusAction() || field.Mnemonic().isEmpty()) return {};
+    return {field.Mnemonic().toString(QKeySequence::NativeText)};
+  }
   void* interface_cast(QAccessible::InterfaceType type) override {
     if (type == QAccessible::ValueInterface) return static_cast<QAccessibleValueInterface*>(this);
     if (type != QAccessible::TextInterface && type != QAccessible::EditableTextInterface)
@@ -90,10 +94,17 @@ void NumberField::SetNumber(const Number& newNumber) {
   QAccessible::updateAccessibility(&change);
 }
 
+void NumberField::SetTyped(std::optional<double> typedNumber) {
+  if (typedNumber == typed) return;
+  typed = typedNumber;
+  update();
+}
+
 QAbstractSpinBox::StepEnabled NumberField::stepEnabled() const {
+  const double value = typed.value_or(number.value);
   StepEnabled steps;
-  steps.setFlag(StepUpEnabled, number.value < number.upper);
-  steps.setFlag(StepDownEnabled, number.value > number.lower);
+  steps.setFlag(StepUpEnabled, value < number.upper);
+  steps.setFlag(StepDownEnabled, value > number.lower);
   return steps;
 }
 

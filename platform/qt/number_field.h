@@ -1,6 +1,8 @@
 #pragma once
 
 #include <QAbstractSpinBox>
+#include <QKeySequence>
+#include <optional>
 
 #include "platform/qt/text_field.h"
 
@@ -25,6 +27,12 @@ class NumberField final : public QAbstractSpinBox {
   FieldListener* Listener() const { return listener; }
   void SetNumber(const Number& newNumber);
   const Number& ShownNumber() const { return number; }
+  /// The number that is being typed, from which steps would start; nothing when the field is not
+  /// being edited or its text is not a number.
+  void SetTyped(std::optional<double> typedNumber);
+  /// The keys that focus the field, as its label shows them.
+  void SetMnemonic(const QKeySequence& keys) { mnemonic = keys; }
+  const QKeySequence& Mnemonic() const { return mnemonic; }
 
   StepEnabled stepEnabled() const override;
   void stepBy(int count) override;
@@ -45,6 +53,8 @@ class NumberField final : public QAbstractSpinBox {
   TextField& text;
   FieldListener* listener = nullptr;
   Number number;
+  std::optional<double> typed;
+  QKeySequence mnemonic;
   int wheelRemainder = 0;
   mutable int textWidth = 0;  // of the widest usual text in the present font; 0: not measured yet
 };

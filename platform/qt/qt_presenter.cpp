@@ -61,7 +61,7 @@ void QtPresenter::Present(nrvui::ui::UI_Dialog& dialog) {
   };
   window->WhenPainted([&] { run.Guard(show); });
   if (changedHook) {
-    const auto tell = [&] { window->SetReadOut(changedHook(dialog)); };
+    const auto tell = [&] { window->SetReadOut(changedHook(dialog, run.Pending())); };
     run.WhenChanged(tell);
     run.Guard(tell);
   }

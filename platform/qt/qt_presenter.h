@@ -10,6 +10,7 @@
 #include "platform/nrvui/dialog_presenter.h"
 #include "platform/nrvui/gesture_script.h"
 #include "platform/qt/message_line.h"
+#include "platform/qt/pending_entry.h"
 
 class QWidget;
 
@@ -45,9 +46,11 @@ class QtPresenter final : public nrvui::ui::DialogPresenter {
   /// `hook` is called for every dialog, from its event loop, after its first paint.
   void WhenPainted(std::function<void(QWidget& window)> hook) { paintedHook = std::move(hook); }
 
-  using ChangedHook = std::function<ReadOut(const nrvui::ui::UI_Dialog&)>;
-  /// `hook` is called for every dialog when it opens and after each gesture that leaves it open;
-  /// what it answers is said in the dialog's message line.
+  using ChangedHook = std::function<ReadOut(const nrvui::ui::UI_Dialog&,
+                                            const std::optional<PendingEntry>& pending)>;
+  /// `hook` is called for every dialog when it opens, after each gesture that leaves it open, and
+  /// 300 ms after the last edit of a field's text, then with the number that is being typed. Its
+  /// result is shown in the dialog's message line.
   void WhenChanged(ChangedHook hook) { changedHook = std::move(hook); }
 
   /// A rectangle of the screen that dialogs open beside, where there is room, if the toolkit places

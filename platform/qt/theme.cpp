@@ -107,7 +107,7 @@ QColor Faint(const QPalette& palette, int share) {
 }
 
 QColor WarningColor(const QWidget& widget) {
-  return QColor(IsDark(widget.palette()) ? 0xFFF2A33A : 0xFFB85C00);
+  return QColor(IsDark(widget.palette()) ? 0xFFF2A33A : 0xFFA04E00);
 }
 
 QPixmap WarningIcon(const QWidget& widget) {

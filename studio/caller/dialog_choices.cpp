@@ -2,6 +2,7 @@
 
 #include <QLocale>
 #include <QStringList>
+#include <algorithm>
 
 #include "platform/nrvui/gesture.h"
 #include "platform/nrvui/ui_controls.h"
@@ -18,22 +19,37 @@ using nrvui::ui::UI_Node;
 
 namespace {
 
-/// The controls of a dialog by their IDs.
+constexpr const char* kTilesAcross = "HorizontalCountTxt";
+constexpr const char* kTilesDown = "VerticalCountTxt";
+
+/// The controls of a dialog by their IDs, with the number that is being typed into one.
 class Controls {
  public:
-  explicit Controls(const nrvui::ui::UI_Dialog& dialog) {
+  Controls(const nrvui::ui::UI_Dialog& dialog,
+           const std::optional<qtui::PendingEntry>& pendingEntry)
+      : pending(pendingEntry) {
     nrvui::ui::ForEachBelow<UI_Node>(
         dialog, [this](UI_Node& node) { nodes.emplace(node.UI_GetNodeID().View(), &node); });
   }
 
-  float Number(const char* id) const { return float(Get<UI_UnitNumberEdit>(id).GetNumber()); }
-  int32_t WholeNumber(const char* id) const { return int32_t(Number(id)); }
+  float Number(const char* id) const {
+    const auto& field = Get<UI_UnitNumberEdit>(id);
+    return float(IsPending(field) ? pending->number : field.GetNumber());
+  }
+  /// Whether the number of tiles changes when the pending entry is entered.
+  bool ChangesTiles() const {
+    return pending && pending->number != pending->field->GetNumber() &&
+           (IsPending(Get<UI_UnitNumberEdit>(kTilesAcross)) ||
+            IsPending(Get<UI_UnitNumberEdit>(kTilesDown)));
+  }
   bool IsChecked(const char* id) const { return Get<UI_Checkbox>(id).IsChecked(); }
   bool IsSelected(const char* id) const {
     return Get<UI_RadioButton>(id).GetValue() == nrvui::controls::kRadioOn;
   }
 
  private:
+  bool IsPending(const UI_NumberEdit& field) const { return pending && pending->field == &field; }
+
   template <typename Control>
   const Control& Get(const char* id) const {
     const auto found = nodes.find(id);
@@ -47,15 +63,31 @@ class Controls {
   }
 
   std::map<std::string, const UI_Node*, std::less<>> nodes;
+  const std::optional<qtui::PendingEntry>& pending;
 };
+
+/// A spacing field when OK reads it. Entering a number of tiles limits both.
+float Spacing(const Controls& controls, const char* spacingId, const char* tilesId) {
+  const float spacing = controls.Number(spacingId);
+  if (!controls.ChangesTiles()) return spacing;
+  return std::min(spacing, std::max(controls.Number(tilesId) - 2, 0.0F));
+}
+
+/// The whole number in a field's number; `cuts` becomes true when that leaves a fraction out.
+int32_t Whole(float number, bool& cuts) {
+  const auto whole = int32_t(number);
+  cuts |= float(whole) != number;
+  return whole;
+}
 
 }  // namespace
 
-MosaicChoices ChoicesOnOk(const nrvui::ui::UI_Dialog& dialog, const MosaicChoices& asked) {
-  const Controls controls(dialog);
-  MosaicChoices choices = asked;
-  MosaicParameters& params = choices.params;
-  MosaicDialogState& state = choices.state;
+Forecast ForecastFor(const nrvui::ui::UI_Dialog& dialog, const MosaicChoices& asked,
+                     const std::optional<qtui::PendingEntry>& pending) {
+  const Controls controls(dialog, pending);
+  Forecast forecast{asked};
+  MosaicParameters& params = forecast.choices.params;
+  MosaicDialogState& state = forecast.choices.state;
 
   state.noOriginalSize = params.sizeUnavailable;
   state.usePercent = controls.IsChecked("UsePercentChk");
@@ -70,12 +102,15 @@ MosaicChoices ChoicesOnOk(const nrvui::ui::UI_Dialog& dialog, const MosaicChoice
   const float whole = state.usePercent ? 100 : 1;
   params.newWidth = controls.Number("NewWidthTxt") / whole;
   params.newHeight = controls.Number("NewHeightTxt") / whole;
-  params.tileSpacingHorizontal = controls.WholeNumber("TileSpaceHorzTxt");
-  params.tileSpacingVertical = controls.WholeNumber("TileSpaceVertTxt");
-  params.tilesAcross = params.tilesAcrossCopy = controls.WholeNumber("HorizontalCountTxt");
-  params.tilesDown = params.tilesDownCopy = controls.WholeNumber("VerticalCountTxt");
+  params.tileSpacingHorizontal =
+      Whole(Spacing(controls, "TileSpaceHorzTxt", kTilesAcross), forecast.cutsSpaces);
+  params.tileSpacingVertical =
+      Whole(Spacing(controls, "TileSpaceVertTxt", kTilesDown), forecast.cutsSpaces);
+  params.tilesAcross = params.tilesAcrossCopy =
+      Whole(controls.Number(kTilesAcross), forecast.cutsTiles);
+  params.tilesDown = params.tilesDownCopy = Whole(controls.Number(kTilesDown), forecast.cutsTiles);
   params.reserved28 = params.reserved32 = params.reserved60 = params.reserved64 = 0;
-  return choices;
+  return forecast;
 }
 
 DialogEntries EntriesIn(const nrvui::ui::UI_Dialog& dialog) {

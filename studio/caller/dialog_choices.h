@@ -2,15 +2,26 @@
 
 #include <QString>
 #include <map>
+#include <optional>
 #include <string>
 
 #include "platform/nrvui/ui_dialog.h"
+#include "platform/qt/pending_entry.h"
 #include "studio/mosaic/mosaic_choices.h"
 
-/// What OK would return now for the open dialog "Create Tesserae", read from its controls as a
-/// person reads them. `asked` is what the dialog was asked with; its flags are 0 or 1. Throws
-/// StudioError when a control is absent or of another class.
-MosaicChoices ChoicesOnOk(const nrvui::ui::UI_Dialog& dialog, const MosaicChoices& asked);
+/// What OK would return for an open dialog.
+struct Forecast {
+  MosaicChoices choices;
+  // Whether a field has a fraction that the record's whole number leaves out.
+  bool cutsTiles = false;
+  bool cutsSpaces = false;
+};
+
+/// What OK would return now for the open dialog "Create Tesserae", read from its controls;
+/// `pending` counts as if it were entered. `asked` is what the dialog was asked with; its flags are
+/// 0 or 1. Throws StudioError when a control is absent or of another class.
+Forecast ForecastFor(const nrvui::ui::UI_Dialog& dialog, const MosaicChoices& asked,
+                     const std::optional<qtui::PendingEntry>& pending = {});
 
 /// What a dialog's controls hold, by their IDs: numbers of fields, 1 for what is checked or
 /// selected and 0 for what is not.

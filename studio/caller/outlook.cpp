@@ -1,5 +1,6 @@
 #include "studio/caller/outlook.h"
 
+#include <QStringList>
 #include <cmath>
 
 #include "studio/base/studio_error.h"
@@ -22,16 +23,31 @@ bool IsRatioOfPercentages(const MosaicChoices& choices) {
 
 }  // namespace
 
-qtui::ReadOut OutlookFor(const Picture& picture, const MosaicChoices& choices) try {
+qtui::ReadOut OutlookFor(const Picture& picture, const Forecast& forecast) try {
+  const MosaicChoices& choices = forecast.choices;
+  const MosaicParameters& params = choices.params;
   const MosaicGeometry geometry = MosaicJob(picture, choices).Geometry();
-  QString text = Text("$$$/Studio/Dialog/Tiles=%1 tiles of %2 by %3 pt",
-                      QString::number(qint64(geometry.tilesAcross) * geometry.tilesDown),
-                      NumberForUser(geometry.tile.width()), NumberForUser(geometry.tile.height()));
+  const QString tiles =
+      Text("$$$/Studio/Dialog/Tiles=%1 tiles of %2 by %3 pt",
+           QString::number(qint64(geometry.tilesAcross) * geometry.tilesDown),
+           NumberForUser(geometry.tile.width()), NumberForUser(geometry.tile.height()));
+  QStringList remarks;
   if (IsRatioOfPercentages(choices)) {
-    text = Text("$$$/Studio/Dialog/RatioOfPercentages=%1. The ratio is applied to the percentages.",
-                text);
+    remarks +=
+        Text("$$$/Studio/Dialog/RatioOnPercentages=The ratio is applied to the percentages.");
   }
-  return {text, false};
+  if (forecast.cutsTiles) {
+    remarks += Text("$$$/Studio/Dialog/WholeTiles=Tiles count in whole numbers: %1 by %2.",
+                    QString::number(params.tilesAcross), QString::number(params.tilesDown));
+  }
+  if (forecast.cutsSpaces) {
+    remarks += Text("$$$/Studio/Dialog/WholeSpaces=Spaces count in whole points: %1 by %2 pt.",
+                    QString::number(params.tileSpacingHorizontal),
+                    QString::number(params.tileSpacingVertical));
+  }
+  const bool isWarning = forecast.cutsTiles || forecast.cutsSpaces;
+  if (remarks.isEmpty()) return {tiles, isWarning};
+  return {Text("$$$/Studio/Dialog/TilesAndMore=%1. %2", tiles, remarks.join(' ')), isWarning};
 } catch (const StudioError& error) {
   return {Sentence(error.what()), true};
 }

@@ -1,8 +1,9 @@
 #pragma once
 
 #include "platform/qt/message_line.h"
-#include "studio/mosaic/mosaic_choices.h"
+#include "studio/caller/dialog_choices.h"
 #include "studio/picture/picture.h"
 
-/// What choices lead to, in a sentence; a warning says why there will be no mosaic.
-qtui::ReadOut OutlookFor(const Picture& picture, const MosaicChoices& choices);
+/// What OK would lead to, in a sentence or two. It is a warning when there will be no mosaic, with
+/// the reason, and when numbers in the fields differ from those that will be used.
+qtui::ReadOut OutlookFor(const Picture& picture, const Forecast& forecast);

@@ -179,10 +179,10 @@ bool ConsoleRun::Ask(MosaicChoices& choices) {
   std::optional<PictureWindow> window;
   if (user.windows) {
     if (drawing && line.IsForPerson()) window.emplace(artwork, choices, *user.windows);
-    user.windows->WhenChanged([&](const nrvui::ui::UI_Dialog& dialog) {
-      const MosaicChoices present = ChoicesOnOk(dialog, choices);
-      if (window) window->Follow(present);
-      return OutlookFor(artwork->picture, present);
+    user.windows->WhenChanged([&](const nrvui::ui::UI_Dialog& dialog, const auto& pending) {
+      const Forecast forecast = ForecastFor(dialog, choices, pending);
+      if (window) window->Follow(forecast.choices);
+      return OutlookFor(artwork->picture, forecast);
     });
   }
   const QSocketNotifier notifier(interruption->Descriptor(), QSocketNotifier::Read);

@@ -245,12 +245,12 @@ std::optional<StudioWindow::Built> StudioWindow::AskUntilBuilt(const MosaicChoic
     opened = EntriesIn(dialog);
     if (fieldAtFault) FocusFirst(dialog, fieldAtFault);
   });
-  presenter.WhenChanged([&](const nrvui::ui::UI_Dialog& dialog) {
+  presenter.WhenChanged([&](const nrvui::ui::UI_Dialog& dialog, const auto& pending) {
     entries = EntriesIn(dialog);
-    const MosaicChoices present = ChoicesOnOk(dialog, asked);
-    if (preview) preview->Follow(present);
-    if (!notice.isEmpty() && entries == opened) return qtui::ReadOut{notice, true};
-    return OutlookFor(shown->picture, present);
+    const Forecast forecast = ForecastFor(dialog, asked, pending);
+    if (preview) preview->Follow(forecast.choices);
+    if (!notice.isEmpty() && entries == opened && !pending) return qtui::ReadOut{notice, true};
+    return OutlookFor(shown->picture, forecast);
   });
   for (std::optional<QPoint> reopensAt;; reopensAt = presenter.LastPosition()) {
     MosaicChoices choices = asked;

@@ -18,9 +18,10 @@ TEST(Enter, TakesANumberOrPullsItToTheNearestBoundAndSaysSo) {
     const char16_t* notice;
   } cases[] = {
       {u"2 in", 0, 8640, 144, u""},
-      {u"9000", 0, 8640, 8640, u"9000 pt is more than 8640 pt; 8640 pt was put in its place."},
-      {u"-1 mm", 1, 8640, 1, u"-2.8346 pt is less than 1 pt; 1 pt was put in its place."},
-      {u"5", 0, -1, 0, u"5 pt is more than 0 pt; 0 pt was put in its place."},
+      {u"99999999999999999999", 0, 8640, 8640,
+       u"99999999999999999999 is more than 8640 pt; 8640 pt was put in its place."},
+      {u"-1 mm", 1, 8640, 1, u"-1 mm is less than 1 pt; 1 pt was put in its place."},
+      {u"5", 0, -1, 0, u"5 is more than 0 pt; 0 pt was put in its place."},
       {u"8.7", 0, 8.69999981, 8.69999981, u""},  // the bound as the field shows it
       {u"0", 0, -1, 0, u""},  // an upper bound below the lower one counts as the lower one
   };

@@ -54,7 +54,7 @@ TEST(Script, SaysWhatWasPulledOrLeftOpenAndWhereItCannotBeReadOrPlayed) {
     const char* story;
   } cases[] = {
       {"enter width 9000\nclick percent\n",
-       "cancel percent:1 width:1|f:1: 9000 pt is more than 8640 pt; 8640 pt was put in its place."
+       "cancel percent:1 width:1|f:1: 9000 is more than 8640 pt; 8640 pt was put in its place."
        "|f: the script ended with the dialog open; it was cancelled"},
       {"close\nwave ok", "open |f:2: there is no gesture \"wave\""},
       {"enter", "open |f:1: it should read: enter ID TEXT"},
@@ -64,7 +64,7 @@ TEST(Script, SaysWhatWasPulledOrLeftOpenAndWhereItCannotBeReadOrPlayed) {
       {"resize 5 5pt", "open |f:1: it should read: resize WIDTH HEIGHT"},
       {"close\n\nclick \xFF", "open |f:3: the line is not UTF-8 text"},
       {"\nenter nowhere 5", "cancel |f:2: the dialog has no control \"nowhere\""},
-      {"enter width", "cancel |f:1: A number is missing."},
+      {"enter width", "cancel |f:1: A number is missing; the field keeps 300 pt."},
       {"resize 99999 1", "cancel |f:1: A window can't be 99999 × 1 large."},
   };
   for (const auto& [script, story] : cases) {

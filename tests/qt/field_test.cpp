@@ -20,7 +20,7 @@ TEST_F(Field, SaysWhatItTakesAndWhatWasWrong) {
     EXPECT_TRUE(open.Field("NewWidthTxt").IsMarked());
     const QString tooMuch = open.Message();
     EXPECT_EQ(tooMuch,
-              "Width: 9000 pt is more than 8640 pt; 8640 pt was put in its place. "
+              "Width: 9000 is more than 8640 pt; 8640 pt was put in its place. "
               "Allowed here: 0 pt to 8640 pt.");
 
     // It stays while the person is busy elsewhere, and another problem only covers it.
@@ -34,12 +34,14 @@ TEST_F(Field, SaysWhatItTakesAndWhatWasWrong) {
     EXPECT_FALSE(open.Field("VerticalCountTxt").IsMarked()) << "as soon as it is edited";
     EXPECT_EQ(open.Message(), tooMuch);
     open.Key(Qt::Key_Tab);
-    EXPECT_EQ(open.Message(), "Down: A number is missing. Allowed here: 1 to 8640.");
+    EXPECT_EQ(open.Message(),
+              "Down: A number is missing; the field keeps 20. Allowed here: 1 to 8640.");
     open.Type("VerticalCountTxt", "8,640");
     open.Click("VerticalRadio");
     open.Click("MosaicUseRatioButton");
-    EXPECT_EQ(open.Message(),
-              "Across: 12960 can stand here, but not be entered. Allowed here: 1 to 8640.");
+    EXPECT_EQ(
+        open.Message(),
+        "Across: \"Use Ratio\" produced 12960, which is used. What can be entered: 1 to 8640.");
     open.Type("HorizontalCountTxt", "21");
     open.Key(Qt::Key_Tab);
     open.Type("NewWidthTxt", "3in");

@@ -75,7 +75,7 @@ TEST_F(Following, MakesWidgetsForNodesThatCome) {
     test.panel->ChildSwapOrder(0, 1);
     QCoreApplication::processEvents();
     EXPECT_TRUE(open.Field("width").IsMarked());
-    EXPECT_TRUE(open.Message().contains("9000 pt is more than 8640 pt"));
+    EXPECT_TRUE(open.Message().contains("9000 is more than 8640 pt"));
     EXPECT_LT(open.Get("count").y(), open.Get("width").y());
     test.panel->ChildSwapOrder(0, 1);
     test.width->SetNumber(4);

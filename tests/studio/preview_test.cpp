@@ -19,6 +19,7 @@
 
 namespace {
 
+using nrvui::controls::UI_NumberEdit;
 using nrvui::ui::UI_Node;
 
 constexpr const char* kFields[] = {"NewWidthTxt",      "NewHeightTxt",     "HorizontalCountTxt",
@@ -27,7 +28,8 @@ constexpr const char* kClickable[] = {"HorizontalRadio", "VerticalRadio",       
                                       "GrayRadio",       "UsePercentChk",       "DeleteRasterChk",
                                       "DeleteRasterChk", "MosaicUseRatioButton"};
 
-/// Does anything, notes what the studio expects of OK, and presses it.
+/// Does anything, notes what the studio expects of OK while a last number is being typed, enters
+/// that number and presses OK.
 class RandomPerson final : public nrvui::ui::DialogPresenter {
  public:
   RandomPerson(unsigned seed, const MosaicChoices& askedChoices)
@@ -48,7 +50,13 @@ class RandomPerson final : public nrvui::ui::DialogPresenter {
                                      *nodes.at(kClickable[random() % std::size(kClickable)]));
       }
     }
-    expected = ChoicesOnOk(dialog, asked);
+    auto& field = dynamic_cast<UI_NumberEdit&>(*nodes.at(kFields[random() % std::size(kFields)]));
+    const nrvcore::UTF16String typed = field.Format(int(random() % 60) / 4.0);
+    const UI_NumberEdit::Reading reading = field.Read(typed);
+    std::optional<qtui::PendingEntry> pending;
+    if (!reading.outcome.IsPulled()) pending = {&field, reading.number};
+    expected = ForecastFor(dialog, asked, pending).choices;
+    if (pending) (void)nrvui::gestures::Enter(dialog, field, typed);
     (void)nrvui::gestures::Press(dialog, nrvui::gestures::Key::kReturn);
   }
 
@@ -139,7 +147,7 @@ TEST(Preview, ShowsTheTilesThatAreBuiltWithin3Of255) {
 
 TEST(Preview, SaysWhatChoicesLeadTo) {
   const Picture picture(RandomImage(60, 40, QImage::Format_RGB32, 1));
-  const qtui::ReadOut good = OutlookFor(picture, Choices(100, 50, true));
+  const qtui::ReadOut good = OutlookFor(picture, {Choices(100, 50, true)});
   EXPECT_FALSE(good.isWarning);
   EXPECT_EQ(good.text, "5000 tiles of 10 by 20 pt");
   MosaicChoices percentages = Choices(60, 40, true);
@@ -149,11 +157,18 @@ TEST(Preview, SaysWhatChoicesLeadTo) {
   percentages.params.boundsBottom = 40;
   percentages.params.newWidth = 1;
   percentages.params.newHeight = 0.67F;
-  EXPECT_EQ(OutlookFor(picture, percentages).text.toStdString(),
+  EXPECT_EQ(OutlookFor(picture, {percentages}).text.toStdString(),
             "2400 tiles of 1 by 0.67 pt. The ratio is applied to the percentages.");
+  MosaicChoices spaced = Choices(100, 50, true);
+  spaced.params.tileSpacingHorizontal = 2;
+  const qtui::ReadOut whole = OutlookFor(picture, {spaced, true, true});
+  EXPECT_TRUE(whole.isWarning);
+  EXPECT_EQ(whole.text.toStdString(),
+            "5000 tiles of 8.02 by 20 pt. Tiles count in whole numbers: 100 by 50. Spaces count in "
+            "whole points: 2 by 0 pt.");
   MosaicChoices crowded = Choices(100, 50, true);
   crowded.params.tileSpacingHorizontal = 98;
-  const qtui::ReadOut bad = OutlookFor(picture, crowded);
+  const qtui::ReadOut bad = OutlookFor(picture, {crowded});
   EXPECT_TRUE(bad.isWarning);
   EXPECT_TRUE(bad.text.startsWith("No room for tiles")) << bad.text.toStdString();
 }
