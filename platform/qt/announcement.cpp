@@ -24,21 +24,19 @@ QWidget& AnnouncementOf(QWidget& window) {
   widget = new QWidget(&window);
   widget->setObjectName(QLatin1String(kObjectName));
   widget->resize(0, 0);
-  widget->setAttribute(Qt::WA_TransparentForMouseEvents);
-  widget->show();
   return *widget;
 }
 
 }  // namespace
 
 void Announce(QWidget& window, const QString& text) {
-  if (text.isEmpty() || !QAccessible::isActive()) return;
+  if (text.isEmpty()) return;
   QWidget& announcement = AnnouncementOf(window);
-  announcement.setAccessibleName(text);
   // Qt 6.4 does not pass QAccessible::Alert on to AT-SPI. Screen readers speak a notification that
   // appears.
-  QAccessibleEvent appeared(&announcement, QAccessible::ObjectShow);
-  QAccessible::updateAccessibility(&appeared);
+  announcement.hide();
+  announcement.setAccessibleName(text);
+  announcement.show();
 }
 
 }  // namespace qtui

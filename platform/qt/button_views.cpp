@@ -1,5 +1,6 @@
 #include "platform/qt/button_views.h"
 
+#include <QAccessibleWidget>
 #include <QPushButton>
 #include <QStyleOptionButton>
 
@@ -59,10 +60,57 @@ class Outlined final : public Button {
   }
 };
 
+/// A check box or radio button for assistive technology. Qt's own toggles the button without a
+/// click, which the dialog would not notice, and names no keys.
+class AccessibleToggle final : public QAccessibleWidget {
+ public:
+  static QAccessibleInterface* Make(const QString&, QObject* object) {
+    if (auto* const radio = dynamic_cast<Outlined<QRadioButton>*>(object))
+      return new AccessibleToggle(*radio, QAccessible::RadioButton);
+    if (auto* const box = dynamic_cast<Outlined<QCheckBox>*>(object))
+      return new AccessibleToggle(*box, QAccessible::CheckBox);
+    return nullptr;
+  }
+
+  AccessibleToggle(QAbstractButton& shown, QAccessible::Role role)
+      : QAccessibleWidget(&shown, role), button(shown) {}
+
+  QAccessible::State state() const override {
+    QAccessible::State state = QAccessibleWidget::state();
+    state.checkable = true;
+    state.checked = button.isChecked();
+    return state;
+  }
+  QStringList actionNames() const override {
+    QStringList names = QAccessibleWidget::actionNames();
+    if (button.isEnabled()) names.prepend(toggleAction());
+    return names;
+  }
+  void doAction(const QString& action) override {
+    // Not click: the caller waits for the reply, and a handler may run an event loop.
+    action == toggleAction() ? button.animateClick() : QAccessibleWidget::doAction(action);
+  }
+  QStringList keyBindingsForAction(const QString& action) const override {
+    if (action != toggleAction() || button.shortcut().isEmpty()) return {};
+    return {button.shortcut().toString(QKeySequence::NativeText)};
+  }
+
+ private:
+  QAbstractButton& button;
+};
+
+void KnowAccessibleToggles() {
+  [[maybe_unused]] static const bool isKnown = [] {
+    QAccessible::installFactory(AccessibleToggle::Make);
+    return true;
+  }();
+}
+
 }  // namespace
 
 ButtonView::ButtonView(DialogRun& modalRun, UI_ControlView& shown, QAbstractButton& widget)
     : CaptionedView(shown), button(widget) {
+  KnowAccessibleToggles();
   QObject::connect(&button, &QAbstractButton::clicked, &button,
                    [this, &modalRun] { modalRun.Click(Node()); });
 }

@@ -93,8 +93,9 @@ void FieldView::ShowValue() {
 
 void FieldView::Edited() {
   const QString text = edit.text();
-  // A text that assistive technology sets counts as unmodified. After Undo, the former text is.
-  if (text != shownValue) edit.setModified(true);
+  // Qt takes a text that assistive technology sets for an unmodified one, like the text that Undo
+  // brings back.
+  if (!edit.isModified() && text != shownValue) edit.setModified(true);
   SetProblem({});
   run.NoteEdit(*this);
   if (edit.text() != text) {  // an edit that was pending elsewhere has changed this value

@@ -1,6 +1,7 @@
 #include "platform/qt/message_line.h"
 
 #include <QEvent>
+#include <QStringList>
 #include <QStyle>
 #include <QtMath>
 #include <algorithm>
@@ -29,8 +30,7 @@ MessageLine::MessageLine(QWidget& parent)
   label.setTextFormat(Qt::PlainText);
   label.setWordWrap(true);
   pause.setSingleShot(true);
-  pause.setInterval(kReadOutPause);
-  pause.callOnTimeout([this] { AnnounceNow(); });
+  pause.callOnTimeout([this] { Announce(); });
   Show();
 }
 
@@ -38,7 +38,7 @@ void MessageLine::SetReadOut(const ReadOut& text) {
   if (text.text == readOut.text && text.isWarning == readOut.isWarning) return;
   readOut = text;
   Show();
-  readOut.isWarning&& problems.empty() ? AnnounceNow() : AnnounceAfterPause();
+  AnnounceAfter(readOut.isWarning ? 0 : kReadOutPause);
 }
 
 void MessageLine::SetHint(const QString& text) {
@@ -52,36 +52,43 @@ void MessageLine::SetProblem(const UI_Node& field, const QString& text) {
   std::erase_if(problems, [&](const auto& problem) { return problem.first == &field; });
   problems.emplace_back(&field, text);
   Show();
-  AnnounceNow();
-}
-
-void MessageLine::AnnounceNow() {
-  if (!isVisible()) return;  // showEvent comes back to it
-  pause.stop();
-  Announce(*window(), problems.empty() ? readOut.text : problems.back().second);
-}
-
-void MessageLine::AnnounceAfterPause() {
-  if (isVisible()) pause.start();
-}
-
-void MessageLine::showEvent(QShowEvent* event) {
-  QWidget::showEvent(event);
-  AnnounceAfterPause();
+  announcedProblem.clear();
+  AnnounceAfter(0);
 }
 
 void MessageLine::ClearProblem(const UI_Node& field) {
   if (std::erase_if(problems, [&](const auto& problem) { return problem.first == &field; }) == 0)
     return;
   Show();
-  AnnounceAfterPause();
+  AnnounceAfter(kReadOutPause);
+}
+
+void MessageLine::AnnounceAfter(int delay) {
+  if (isVisible() && (!pause.isActive() || pause.interval() > 0)) pause.start(delay);
+}
+
+void MessageLine::Announce() {
+  const QString problem = problems.empty() ? QString() : problems.back().second;
+  QStringList news;
+  if (problem != announcedProblem) news += problem;
+  if (readOut.text != announcedReadOut && (problem.isEmpty() || readOut.isWarning))
+    news += announcedReadOut = readOut.text;
+  announcedProblem = problem;
+  qtui::Announce(*window(), news.join(' ').trimmed());
+}
+
+void MessageLine::showEvent(QShowEvent* event) {
+  QWidget::showEvent(event);
+  AnnounceAfter(kReadOutPause);
 }
 
 QString MessageLine::Text() const {
-  if (!problems.empty()) return problems.back().second;
-  if (readOut.isWarning) return readOut.text;
-  if (readOut.text.isEmpty() || hint.isEmpty()) return readOut.text + hint;
-  return readOut.text + '\n' + hint;
+  QStringList texts;
+  if (!problems.empty()) texts += problems.back().second;
+  if (readOut.isWarning || problems.empty()) texts += readOut.text;
+  if (!IsWarning()) texts += hint;
+  texts.removeAll({});
+  return texts.join('\n');
 }
 
 void MessageLine::Show() {

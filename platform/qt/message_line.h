@@ -18,19 +18,20 @@ struct ReadOut {
 
 /// The dialog's messages: what follows from its present values, what the control is for that a
 /// person is at, and what is wrong with an entry. It keeps room for three lines, so that a message
-/// does not move the controls. Screen readers announce warnings at once and a new read-out after
-/// a second without another one.
+/// does not move the controls. Screen readers announce warnings when the gesture that led to them
+/// has ended, and a new read-out after a second without another one.
 class MessageLine final : public QWidget {
  public:
   using Problems = std::vector<std::pair<const nrvui::ui::UI_Node*, QString>>;
 
   explicit MessageLine(QWidget& parent);
 
-  /// What follows from the dialog's present values; shown while no entry has a problem.
+  /// What follows from the dialog's present values. Without a warning it is shown only while no
+  /// field has a problem.
   void SetReadOut(const ReadOut& text);
-  /// Shown below a read-out that is no warning, while no entry has a problem.
+  /// Shown below the read-out while there is no warning.
   void SetHint(const QString& text);
-  /// Shown before all others; replaces the field's former problem.
+  /// Shown above all else; replaces the field's former problem.
   void SetProblem(const nrvui::ui::UI_Node& field, const QString& text);
   void ClearProblem(const nrvui::ui::UI_Node& field);
   const Problems& AllProblems() const { return problems; }
@@ -47,15 +48,18 @@ class MessageLine final : public QWidget {
  private:
   void Show();
   void Arrange();
-  void AnnounceNow();
-  void AnnounceAfterPause();
+  /// In so many ms; an announcement that is due at once (0 ms) is not delayed again.
+  void AnnounceAfter(int delay);
+  void Announce();
 
   QLabel& icon;
   QLabel& label;
   ReadOut readOut;
   QString hint;
   Problems problems;  // the last one is shown
-  QTimer pause;
+  QTimer pause;       // before the text is announced
+  QString announcedProblem;
+  QString announcedReadOut;
 };
 
 }  // namespace qtui

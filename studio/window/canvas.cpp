@@ -1,5 +1,6 @@
 #include "studio/window/canvas.h"
 
+#include <QAccessibleWidget>
 #include <QFileInfo>
 #include <QKeyEvent>
 #include <QMouseEvent>
@@ -26,13 +27,29 @@ constexpr double kFactorPerStep = 1.2;
 constexpr int kFrame = 36;  // free around a page that is shown whole, with room for its label
 constexpr int kLabelGap = 8;
 
+/// The artboard for assistive technology: one object, without the scroll area's parts.
+class AccessibleArtboard final : public QAccessibleWidget {
+ public:
+  static QAccessibleInterface* Make(const QString&, QObject* object) {
+    auto* const canvas = dynamic_cast<Canvas*>(object);
+    return canvas ? new AccessibleArtboard(*canvas) : nullptr;
+  }
+
+  explicit AccessibleArtboard(Canvas& canvas) : QAccessibleWidget(&canvas, QAccessible::Canvas) {}
+
+  int childCount() const override { return 0; }
+  QAccessibleInterface* child(int) const override { return nullptr; }
+};
+
 }  // namespace
 
 Canvas::Canvas() {
+  [[maybe_unused]] static const bool isKnown = [] {
+    QAccessible::installFactory(AccessibleArtboard::Make);
+    return true;
+  }();
   setObjectName("canvas");
-  for (QWidget* widget : {static_cast<QWidget*>(this), viewport()}) {
-    widget->setAccessibleName(Text("$$$/Studio/Canvas/Name=Artboard"));
-  }
+  setAccessibleName(Text("$$$/Studio/Canvas/Name=Artboard"));
   setScene(&board);
   setFrameShape(QFrame::NoFrame);
   setAcceptDrops(false);  // the window takes what is dropped

@@ -92,6 +92,7 @@ void StartPage::ShowRecent(const QStringList& paths) {
     auto* const button = new QToolButton;
     button->setText(FileCaption(path));
     button->setToolTip(FileToolTip(path));
+    button->setAccessibleDescription(path);  // the tool tip has markup
     button->setAutoRaise(true);
     button->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
     button->setIcon(LineIcon(Drawing::kPicture));

@@ -17,6 +17,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "platform/qt/announcement.h"
 #include "studio/base/studio_error.h"
 #include "studio/caller/outlook.h"
 #include "studio/export/mosaic_export.h"
@@ -419,6 +420,7 @@ bool StudioWindow::TellOfCancel() {
 
 void StudioWindow::Tell(const QString& text) {
   statusBar()->showMessage(text, kMessageTime);
+  qtui::Announce(*this, text);
 }
 
 void StudioWindow::closeEvent(QCloseEvent* event) {

@@ -172,7 +172,10 @@ void FillToolBar(QMainWindow& window, WindowActions& actions) {
     ShowText(*bar, action);
   }
   auto* const zoom = qobject_cast<QToolButton*>(bar->widgetForAction(actions.zoom));
-  zoom->setPopupMode(QToolButton::InstantPopup);
+  // Not InstantPopup, which offers assistive technology no action. Queued, because the menu runs an
+  // event loop, and the caller of the action waits for the reply.
+  QObject::connect(actions.zoom, &QAction::triggered, zoom, &QToolButton::showMenu,
+                   Qt::QueuedConnection);
   zoom->setToolButtonStyle(Qt::ToolButtonTextOnly);
   zoom->setMinimumWidth(zoom->fontMetrics().horizontalAdvance("0000.0 %") + side);
 }

@@ -1,3 +1,5 @@
+#include <QAccessible>
+
 #include "platform/nrvui/ui_edits.h"
 #include "platform/qt/number_field.h"
 #include "tests/nrvui/test_dialog.h"
@@ -49,7 +51,79 @@ TEST_F(Field, SaysWhatItTakesAndWhatWasWrong) {
     EXPECT_EQ(open.Text("NewWidthTxt"), "216 pt");
     EXPECT_FALSE(open.Field("NewWidthTxt").IsMarked());
     EXPECT_TRUE(open.Message().contains("Height: 0 pt to 8640 pt;"));
+
+    // The value is still out of bounds after an edit that is undone.
+    open.Type("VerticalCountTxt", "8640");
+    open.Click("MosaicUseRatioButton");
+    open.Type("HorizontalCountTxt", "1");
+    open.Key(Qt::Key_Z, Qt::ControlModifier);
+    open.Key(Qt::Key_Tab);
+    EXPECT_TRUE(open.Message().contains("produced 12960")) << open.Message().toStdString();
+    open.Type("HorizontalCountTxt", "21");
+
+    // The user comes back to what was put there and leaves it: they have seen it.
+    open.Type("NewWidthTxt", "x");
+    open.Click("GrayRadio");
+    EXPECT_TRUE(open.Field("NewWidthTxt").IsMarked());
+    open.Click("NewWidthTxt");
+    open.Key(Qt::Key_Tab);
+    EXPECT_FALSE(open.Field("NewWidthTxt").IsMarked());
+
+    // The bound that clamped the entry is another one now.
+    open.Type("TileSpaceHorzTxt", "50");
+    open.Type("HorizontalCountTxt", "60");
+    EXPECT_TRUE(open.Message().contains("50 is more than 19 pt"));
+    open.Key(Qt::Key_Tab);
+    EXPECT_FALSE(open.Field("TileSpaceHorzTxt").IsMarked());
   });
+}
+
+TEST_F(Field, CountsWhatIsTypedAsPendingUntilItIsEntered) {
+  qtui::QtPresenter presenter;
+  int told = 0;
+  std::optional<qtui::PendingEntry> pending;
+  presenter.WhenChanged([&](const nrvui::ui::UI_Dialog&, const auto& typed) {
+    ++told;
+    pending = typed;
+    return qtui::ReadOut{};
+  });
+  presenter.WhenPainted([&](QWidget& window) {
+    const OpenWindow open(window);
+    const struct {
+      const char* text;
+      std::optional<double> number;
+      QAbstractSpinBox::StepEnabled arrows;
+    } cases[] = {
+        {"12", 12, QAbstractSpinBox::StepUpEnabled | QAbstractSpinBox::StepDownEnabled},
+        {"8640", 8640, QAbstractSpinBox::StepDownEnabled},
+        {"8641", std::nullopt, QAbstractSpinBox::StepDownEnabled},
+        {"1", 1, QAbstractSpinBox::StepUpEnabled},
+        {"1 m", std::nullopt, QAbstractSpinBox::StepUpEnabled | QAbstractSpinBox::StepDownEnabled}};
+    for (const auto& [text, number, arrows] : cases) {
+      const int before = told;
+      open.Type("HorizontalCountTxt", text);
+      EXPECT_EQ(open.Get<qtui::NumberField>("HorizontalCountTxt").stepEnabled(), arrows) << text;
+      EXPECT_TRUE(QTest::qWaitFor([&] { return told > before; })) << text;
+      EXPECT_EQ(pending ? std::optional(pending->number) : std::nullopt, number) << text;
+      EXPECT_TRUE(!pending || pending->field->GetNumber() == 30) << "the node waits";
+    }
+    open.Key(Qt::Key_Tab);
+    EXPECT_FALSE(pending);
+
+    // Assistive technology edits fields that have no focus; each edit is entered in its turn.
+    const auto edit = [&](const char* id) -> QAccessibleEditableTextInterface& {
+      return *QAccessible::queryAccessibleInterface(&open.Get(id))->editableTextInterface();
+    };
+    edit("HorizontalCountTxt").replaceText(0, 2, "5");
+    edit("TileSpaceHorzTxt").deleteText(0, 1);
+    edit("TileSpaceHorzTxt").insertText(0, "2");
+    EXPECT_EQ(open.Text("TileSpaceHorzTxt"), "2 pt");
+    EXPECT_EQ(open.Text("HorizontalCountTxt"), "5");
+    open.Click("okButton");
+  });
+  EXPECT_EQ(RunWith(presenter), ResultCode::kSuccess);
+  EXPECT_EQ(record.tilesAcross, 5);
+  EXPECT_EQ(record.tileSpacingHorizontal, 2);
 }
 
 TEST_F(Field, IsEnteredByOkAndReturnUnlessThePersonMustLook) {

@@ -49,6 +49,65 @@ TEST_F(Keyboard, GoesThroughTheControlsInTheirOrderAndNamesThem) {
   });
 }
 
+TEST_F(Keyboard, EntersARadioGroupWhereItIsSelectedAndOffersActions) {
+  record.isColor = record.keepHorizontal = 0;
+  LookAt([](const OpenWindow& open) {
+    open.Get("TileSpaceVertTxt").setFocus();
+    open.Key(Qt::Key_Tab);
+    EXPECT_EQ(QApplication::focusWidget()->objectName(), "VerticalRadio");
+    open.Get("DeleteRasterChk").setFocus();
+    open.Key(Qt::Key_Backtab);
+    EXPECT_EQ(QApplication::focusWidget()->objectName(), "GrayRadio");
+
+    const auto actions = [&](const char* id) {
+      return QAccessible::queryAccessibleInterface(&open.Get(id))->actionInterface();
+    };
+    const QString toggle = QAccessibleActionInterface::toggleAction();
+    EXPECT_EQ(actions("UsePercentChk")->keyBindingsForAction(toggle), QStringList("Alt+P"));
+    EXPECT_EQ(
+        actions("NewHeightTxt")->keyBindingsForAction(QAccessibleActionInterface::setFocusAction()),
+        QStringList("Alt+H"));
+    actions("UsePercentChk")->doAction(toggle);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return open.Text("NewWidthTxt") == "100 %"; }));
+    EXPECT_TRUE(QAccessible::queryAccessibleInterface(&open.Get("UsePercentChk"))->state().checked);
+  });
+}
+
+TEST_F(Keyboard, HearsWarningsAndReadOuts) {
+  qtui::QtPresenter presenter;
+  presenter.WhenChanged([](const nrvui::ui::UI_Dialog&, const auto& pending) {
+    if (!pending) return qtui::ReadOut{"Nothing typed"};
+    return qtui::ReadOut{QString::number(pending->number) + " typed", pending->number > 50};
+  });
+  presenter.WhenPainted([](QWidget& window) {
+    const OpenWindow open(window);
+    const auto hears = [&](const char* text) {
+      return QTest::qWaitFor([&] {
+        auto* const widget = window.findChild<QWidget*>("announcement");
+        if (widget == nullptr) return false;
+        auto* const spoken = QAccessible::queryAccessibleInterface(widget);
+        return spoken->role() == QAccessible::Notification &&
+               spoken->text(QAccessible::Name).replace(QChar::Nbsp, ' ') == text;
+      });
+    };
+    EXPECT_TRUE(hears("Nothing typed"));
+    open.Type("VerticalCountTxt", "60");
+    EXPECT_TRUE(hears("60 typed"));
+    open.Type("VerticalCountTxt", "0");
+    open.Key(Qt::Key_Tab);
+    EXPECT_TRUE(hears("Down: 0 is less than 1; 1 was put in its place. Allowed here: 1 to 8640."));
+    open.Type("HorizontalCountTxt", "70");
+    EXPECT_TRUE(hears("70 typed"));
+    EXPECT_TRUE(open.Message().endsWith("1 to 8640.\n70 typed")) << "a warning each";
+    // A state that passes within a gesture, here 200 % for a moment, is nothing to be told.
+    open.Click("UsePercentChk");
+    QTest::qWait(1);
+    EXPECT_TRUE(hears("70 typed"));
+    window.close();
+  });
+  EXPECT_EQ(RunWith(presenter), ResultCode::kCancelled);
+}
+
 TEST_F(Keyboard, ChoosesAndConfirms) {
   EXPECT_EQ(Run([](const OpenWindow& open) {
               open.Get("ColorRadio").setFocus();

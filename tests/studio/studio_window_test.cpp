@@ -205,6 +205,26 @@ TEST_F(StudioWindowTest, TheCanvasShowsWhatOkWouldBuildWhileTheDialogIsOpen) {
   });
   EXPECT_TRUE(Create());
   EXPECT_EQ(preview, Canvas());
+
+  // A number that is being typed counts, with the limit that it gives the spacing.
+  presenter.WhenPainted([&](QWidget& dialog) {
+    QTimer::singleShot(0, &dialog, [&] {
+      const auto type = [&](const char* field, const char* text) {
+        dialog.findChild<QWidget*>(field)->setFocus();
+        QTest::keyClicks(dialog.focusWidget(), text);
+      };
+      type("TileSpaceVertTxt", "4");
+      type("VerticalCountTxt", "5.5");
+      QTest::qWait(200);
+      look(dialog);
+      QTest::keyClick(&dialog, Qt::Key_Return);
+    });
+  });
+  EXPECT_TRUE(Create());
+  EXPECT_EQ(preview, Canvas());
+  EXPECT_EQ(said.toStdString(),
+            "500 tiles of 0.6 by 5.6 pt. Tiles count in whole numbers: 100 by 5. Spaces count in "
+            "whole points: 0 by 3 pt.");
   Export("out.svg");
 }
 
@@ -274,6 +294,29 @@ TEST_F(StudioWindowTest, TheDialogOpensWhereItWasMovedAndAtTheFieldAtFault) {
   EXPECT_FALSE(Create("key Escape"));
   EXPECT_EQ(dialogs, 3);
   presenter.WhenPainted({});
+}
+
+TEST_F(StudioWindowTest, TellsAssistiveTechnologyWhatIsThere) {
+  OpenPicture();
+  Action("copy").trigger();
+  const auto accessible = [&](QWidget* widget) {
+    return QAccessible::queryAccessibleInterface(widget);
+  };
+  EXPECT_EQ(accessible(window->findChild<QWidget*>("announcement"))->text(QAccessible::Name),
+            "Copied.");
+  auto* const artboard = accessible(window->findChild<::Canvas*>());
+  EXPECT_EQ(artboard->role(), QAccessible::Canvas);
+  EXPECT_EQ(artboard->childCount(), 0);
+  EXPECT_EQ(artboard->text(QAccessible::Name), "Artboard");
+  EXPECT_TRUE(artboard->text(QAccessible::Description).startsWith("in.png, 60 × 40 pt"));
+  bool hasZoomAction = false;
+  for (QToolButton* button : window->findChildren<QToolButton*>()) {
+    const QString description = accessible(button)->text(QAccessible::Description);
+    EXPECT_FALSE(description.contains('<')) << description.toStdString();
+    hasZoomAction |= button->defaultAction() == &Action("zoom") &&
+                     !accessible(button)->actionInterface()->actionNames().isEmpty();
+  }
+  EXPECT_TRUE(hasZoomAction);
 }
 
 TEST_F(StudioWindowTest, APictureBecomesAMosaicThatCanBeUndoneAndExported) {
