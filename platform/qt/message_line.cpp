@@ -52,13 +52,14 @@ void MessageLine::SetProblem(const UI_Node& field, const QString& text) {
   std::erase_if(problems, [&](const auto& problem) { return problem.first == &field; });
   problems.emplace_back(&field, text);
   Show();
-  announcedProblem.clear();
   AnnounceAfter(0);
 }
 
 void MessageLine::ClearProblem(const UI_Node& field) {
-  if (std::erase_if(problems, [&](const auto& problem) { return problem.first == &field; }) == 0)
-    return;
+  const auto cleared = std::ranges::find(problems, &field, &Problems::value_type::first);
+  if (cleared == problems.end()) return;
+  if (cleared->second == announcedProblem) announcedProblem.clear();
+  problems.erase(cleared);
   Show();
   AnnounceAfter(kReadOutPause);
 }
