@@ -7,7 +7,7 @@
 #include <functional>
 #include <string>
 
-/// tesserae-check plays a host to a module that somebody has built, and says what is wrong with it.
+/// tesserae-check plays a host to a built module and reports what is wrong with it.
 namespace check {
 
 /// Of the whole run; set before the first check.
@@ -16,12 +16,14 @@ struct Settings {
   uint64_t seed = 1;             // the first of every check that is random
   std::chrono::seconds limit{};  // of each check; 0 stands for that of the form, short or long
   bool isLong = false;           // every fault at every place, and far more that is random
-  bool isVerbose = false;        // says what is tried and seen, and which operations are called
+  bool isVerbose = false;        // reports what is tried and seen, and which operations are called
+  std::string format = "text";   // or "tap"
 };
 inline Settings settings;
 
-/// Adds something that a sound module does, under its group, a slash, and what it is about. Each
-/// check has a process of its own, in which nothing of the module has been loaded before.
+/// Adds a check: a name, which is its group, a slash and what a sound module does, and a function
+/// that reports findings. Each check runs in a process of its own, in which the module has not been
+/// loaded before.
 using Add = std::function<void(const std::string& name, const std::function<void()>& run)>;
 
 // The groups, each in a file of its own, in the order in which they run.

@@ -1,22 +1,28 @@
 #pragma once
 
 #include <cstdio>
+#include <cstring>
 #include <functional>
 #include <string>
 #include <vector>
 
+#include "check/caller_data.h"
 #include "check/check.h"
 #include "check/findings.h"
+#include "check/function_presenter.h"
+#include "check/guarded_page.h"
 #include "check/hosted_module.h"
+#include "platform/nrvui/gesture.h"
+#include "platform/qpbasic/ledger.h"
 
 namespace check {
 
 using enum ResultCode;
 
-/// What a host answers that refuses.
+/// The answer of a host that refuses.
 inline constexpr ResultCode kRefused{12};
 
-/// The operations of the host that are called, in their order.
+/// The host's operations that are called, in their order.
 using Calls = std::vector<std::string>;
 
 inline Calls Joined(Calls calls, const Calls& more) {
@@ -52,14 +58,59 @@ inline standin::ResourceFolders Resources() {
   return folders;
 }
 
+/// A module whose messages are watched: each comes in a record that ends where memory ends, and of
+/// which the module may change `globals` alone.
+class WatchedModule : public standin::Module {
+ public:
+  using standin::Module::Module;
+
+  /// A message with a record of the caller's own, sent to the module's code itself.
+  ResultCode SendPlain(const char* caller, const char* selector, NotifierMessage& message) {
+    return Deliver(standin::ModuleImage(settings.module).Entry(), caller, selector, message);
+  }
+
+  /// In place of the host's own in each message, where not null.
+  QPBasicSuite* basicSuite = nullptr;
+
+ private:
+  ResultCode Deliver(PluginEntryPoint to, const char* caller, const char* selector,
+                     PluginMessage& message) override {
+    char name[160];
+    std::snprintf(name, sizeof name, "%s / %s", caller ? caller : "null",
+                  selector ? selector : "null");
+    const Trying trying(name);
+    // Only a notifier's record is longer than the common part.
+    const bool isLong = caller && std::strcmp(caller, "VX Notifier") == 0;
+    const size_t size = isLong ? sizeof(NotifierMessage) : sizeof(PluginMessage);
+    message.reserved0 = &message;
+    if (basicSuite) message.basicSuite = basicSuite;
+    auto* const given = static_cast<PluginMessage*>(std::memcpy(page.Last(size), &message, size));
+    const ResultCode code = to(caller, selector, given);
+    NoteOperation(nullptr);
+    message.globals = given->globals;
+    Expect("reserved0", given->reserved0, message.reserved0);
+    Expect("pluginRef", given->pluginRef, message.pluginRef);
+    Expect("basicSuite", given->basicSuite, message.basicSuite);
+    if (std::memcmp(given + 1, &message + 1, size - sizeof message) != 0)
+      Fail("what follows in the message's record is changed");
+    return code;
+  }
+
+  GuardedPage page;
+};
+
 /// The module that is checked, under a host of its own and not yet started.
-class CheckedModule : public HostedModule {
+class CheckedModule : public ModuleUnderHost<WatchedModule> {
  public:
   explicit CheckedModule(const standin::ResourceFolders& resources = Resources())
-      : HostedModule(settings.module, resources) {
+      : ModuleUnderHost(settings.module, resources) {
+#ifndef __SANITIZE_ADDRESS__  // which watches blocks itself
+    qpbasic::Ledger::Get().WatchContents();
+#endif
     host.Operations().Listen([this](const std::string& operation) {
+      NoteOperation(operation.c_str());
       if (calls) calls->push_back(operation);
-      if (settings.isVerbose) std::printf("  %s\n", operation.c_str());
+      if (settings.isVerbose) Report("  " + operation);
     });
   }
 
@@ -79,24 +130,54 @@ class CheckedModule : public HostedModule {
            expected);
   }
 
-  /// The dialog over a record of its own, for whoever is presented to.
+  /// Calls the suite's function. While it runs, record and state lie where memory ends.
+  ResultCode RunDialog(MosaicParameters& record, MosaicDialogState& state) {
+    const auto* suite = host.Suites().Find<MosaicSuite>();
+    if (!suite) return kCannot;
+    MosaicParameters* const givenRecord = pages[0].Put(record);
+    MosaicDialogState* const givenState = pages[1].Put(state);
+    MosaicParameters** const params = pages[2].Put(givenRecord);
+    const Trying trying("RunMosaicDialog");
+    const ResultCode code = suite->RunMosaicDialog(givenState, params);
+    NoteOperation(nullptr);
+    record = *givenRecord;
+    state = *givenState;
+    if (*params != givenRecord) Fail("the address of the record is changed");
+    return code;
+  }
+  /// The dialog over a record of its own, for the installed presenter.
   ResultCode RunSampleDialog() {
     MosaicParameters record = SampleRecord();
     MosaicDialogState state{};
     return RunDialog(record, state);
   }
-
-  /// A message with a record of the caller's own, sent to the module's code itself.
-  ResultCode SendPlain(const char* caller, const char* selector, PluginMessage& message) {
-    return standin::ModuleImage(settings.module).Entry()(caller, selector, &message);
+  /// The same, and presses Return. Expects that the dialog is shown.
+  void ExpectDialog(std::string_view what) {
+    const Trying trying(what);
+    size_t shown = 0;
+    const FunctionPresenter presenter([&](nrvui::ui::UI_Dialog& dialog) {
+      ++shown;
+      (void)nrvui::gestures::Press(dialog, nrvui::gestures::Key::kReturn);
+    });
+    Expect("the answer to Return", RunSampleDialog(), kSuccess);
+    Expect("dialogs shown", shown, 1u);
   }
-  /// A record for such a message, with nothing kept in it.
-  PluginMessage PlainMessage() { return {nullptr, module.Ref(), nullptr, host.BasicSuite()}; }
 
-  void ExpectNothingLeft() const { Expect("what is left", host.Leftovers(), Calls()); }
+  /// A record for a message of the caller's own, with nothing kept in it.
+  NotifierMessage PlainMessage() {
+    NotifierMessage message{};
+    message.pluginRef = module.Ref();
+    message.basicSuite = host.BasicSuite();
+    return message;
+  }
+
+  void ExpectNothingLeft() const {
+    Expect("what is left", host.Leftovers(), Calls());
+  }
 
  private:
   Calls* calls = nullptr;
+  GuardedPage pages[3];
 };
 
 /// The same, started until the end of the scope; it may already be shut down then, and nothing may

@@ -1,11 +1,15 @@
+#include <boost/smart_ptr/make_shared.hpp>
+#include <boost/smart_ptr/weak_ptr.hpp>
 #include <stdexcept>
 
+#include "check/basic_suite.h"
 #include "check/checked_module.h"
 #include "check/function_presenter.h"
 #include "check/open_dialog.h"
-#include "check/random.h"
 #include "check/temporary_folder.h"
+#include "platform/nrvcore/localizer.h"
 #include "platform/nrvui/ui_node_manager.h"
+#include "platform/nrvui/ui_views.h"
 #include "platform/standin/sheet_service.h"
 #include "platform/vxui/modal_context.h"
 
@@ -17,7 +21,7 @@ using nrvui::controls::UI_UnitNumberEdit;
 using nrvui::ui::UI_Dialog;
 using nrvui::ui::UI_Node;
 
-/// A running module with a caller who asks for the dialog.
+/// A running module and a caller of its dialog.
 struct Caller : RunningModule {
   using RunningModule::RunningModule;
   using Person = std::function<void(const OpenDialog& open)>;
@@ -25,31 +29,30 @@ struct Caller : RunningModule {
   /// Calls the suite's function; `person` acts on the open dialog.
   ResultCode Run(const Person& person) {
     const FunctionPresenter presenter([&](UI_Dialog& dialog) {
-      // The module answers an exception as if it came from its host, so it is noted here.
+      // The module turns an exception into its answer, so it is reported here.
       try {
         person({dialog});
       } catch (const std::exception& error) {
         Fail(error.what());
       }
     });
-    return RunDialog(record, state);
+    return RunDialog(data.record, data.state);
   }
-  /// The same for a person who cancels in the end.
+  /// The same for a dialog that `person` leaves open, which cancels it.
   void LookAt(const Person& person) { Expect("the answer", Run(person), kCancelled); }
 
-  MosaicParameters record = SampleRecord();
-  MosaicDialogState state{};
+  CallerData data{SampleRecord(), {}};
+  MosaicParameters& record = data.record;
+  MosaicDialogState& state = data.state;
 };
 
 std::vector<float> Pair(const auto& point) {
   return {point.x, point.y};
 }
 
-void UseRatio(const OpenDialog& open) {
-  open.Enter("HorizontalCountTxt", "12");
-  open.Enter("NewWidthTxt", "12");
-  open.Click("MosaicUseRatioButton");
-  open.Confirm();
+std::vector<float> Extent(const UI_Node& node) {
+  const auto rect = node.UI_GetLocalRectF();
+  return {rect.right, rect.bottom};
 }
 
 std::string Without(const std::string& attribute, std::string text) {
@@ -58,11 +61,84 @@ std::string Without(const std::string& attribute, std::string text) {
   return text;
 }
 
-}  // namespace
+/// A host whose layout is in a folder of the check's own.
+struct LayoutFolder {
+  /// The module's layout without references between its elements, as the host refuses a layout
+  /// that refers to a control that it lacks.
+  std::string Original() const {
+    return Without(" for=\"", Without(" focus=\"", ContentOf(Resources().plugin / kLayout)));
+  }
+  /// The original with each first text replaced by the second.
+  void Write(const std::vector<std::pair<std::string, std::string>>& replacements) const {
+    std::string text = Original();
+    for (const auto& [from, to] : replacements) {
+      const size_t place = text.find(from);
+      if (place == text.npos) throw std::runtime_error("the layout has no " + from);
+      text.replace(place, from.size(), to);
+    }
+    folder.Write(kLayout, text);
+  }
+  standin::ResourceFolders Folders() const { return {folder.path, folder.path}; }
 
-void AddDialogChecks(const Add& add) {
-  add("dialog/opens-as-host-places-it", [] {
-    Caller caller;
+  static constexpr const char* kLayout = "layouts/16301.xml";
+  const TemporaryFolder folder;
+};
+
+/// Hands out the host's layouts with a hidden view, and notes what it is asked.
+class WatchingFactory final : public SheetFactory {
+ public:
+  explicit WatchingFactory(standin::Host& owner) : host(owner) { current = this; }
+
+  boost::shared_ptr<SheetHolder> CreateSheetHolder(OpaqueModule* plugin, uint32_t resource,
+                                                   const nrvcore::UTF16String& theme) override {
+    asked += std::to_string(resource) + (plugin ? " of " + plugin->fileName : "") + " in theme \"" +
+             Utf8(theme) + "\"";
+    const auto holder =
+        boost::make_shared<Holder>(host.Sheets().CreateSheetHolder(plugin, resource, theme));
+    holder->GetSheetView()->UI_Show(false);
+    return holder;
+  }
+  void RegisterDialogView(nrvui::ui::OS_View* view) override { registered = view; }
+
+  /// In place of the host's own operation.
+  static ResultCode Get(SheetFactory** out) { return *out = current, kSuccess; }
+
+  std::string asked;
+  nrvui::ui::OS_View* registered = nullptr;
+
+ private:
+  /// Its dialog must release it before its sheet, and keep the sheet till then.
+  class Holder final : public SheetHolder {
+   public:
+    explicit Holder(const boost::shared_ptr<SheetHolder>& original) : holder(original) {}
+    ~Holder() { Expect("the sheet lives while its holder is released", !sheet.expired()); }
+    boost::intrusive_ptr<UI_Node> GetSheetView() override { return holder->GetSheetView(); }
+    boost::intrusive_ptr<UI_Node> GetLayoutNode() override { return holder->GetLayoutNode(); }
+    boost::shared_ptr<VXUICairnSheet> GetSheet() override {
+      const auto own = boost::make_shared<VXUICairnSheet>();
+      sheet = own;
+      return own;
+    }
+    boost::intrusive_ptr<UI_Node> GetInitialFocus() override { return holder->GetInitialFocus(); }
+    void ResizeSheet(int32_t width, int32_t height) override { holder->ResizeSheet(width, height); }
+    void SetMessageCallback(
+        boost::shared_ptr<boost::function<void(const vx::UnicodeString&)>> callback) override {
+      Expect("a callback for messages", callback && *callback);
+      holder->SetMessageCallback(callback);
+    }
+
+   private:
+    boost::shared_ptr<SheetHolder> holder;
+    boost::weak_ptr<VXUICairnSheet> sheet;
+  };
+
+  standin::Host& host;
+  inline static WatchingFactory* current = nullptr;
+};
+
+void OpensAsHostPlacesIt() {
+  Caller caller;
+  const Calls calls = caller.CallsDuring([&] {
     caller.LookAt([](const OpenDialog& open) {
       const UI_Dialog& dialog = open.dialog;
       Expect("its ID", dialog.UI_GetNodeID().View(), "CreateMosaicDialog");
@@ -80,35 +156,125 @@ void AddDialogChecks(const Add& add) {
       Expect("has a drawing supplier", dialog.GetDrawingSupplier() != nullptr);
       Expect("the content's size", Pair(dialog.GetContentSize()), std::vector{421.0f, 416.0f});
       Expect("the least size", Pair(dialog.GetMinimumSize()), std::vector{421.0f, 416.0f});
-      Expect("the focus", dialog.GetInitialFocus().get() == &open.Node("NewWidthTxt"));
-      Expect("the OK button", dialog.GetOkButton().get() == &open.Node("okButton"));
-      Expect("the Cancel button", dialog.GetCancelButton().get() == &open.Node("cancelButton"));
-      Expect("Cancel stands before OK",
-             open.Node("cancelButton").UI_GetIndex() < open.Node("okButton").UI_GetIndex());
-    });
-    Expect("modal contexts afterwards", vx::ui::ModalContext::Depth(), 0);
-  });
-
-  add("dialog/follows-sizes", [] {
-    Caller caller;
-    caller.LookAt([](const OpenDialog& open) {
-      const auto& root = open.dialog.GetRootView();
-      UI_Node& view = **root->ChildBegin();
-      UI_Node& layout = **view.ChildBegin();
-      const auto expectSize = [](const char* what, const nrvcore::geom::RectT<float>& rect,
-                                 float width, float height) {
-        Expect(what, std::vector{rect.right, rect.bottom}, std::vector{width, height});
-      };
-      (void)nrvui::gestures::Resize(open.dialog, {600, 500});
-      expectSize("the root view", root->UI_GetLocalRectF(), 600, 500);
-      expectSize("the layout", layout.UI_GetLocalRectF(), 600, 500);
-      layout.UI_SetLocalRectF({0, 0, 700, 450});
-      expectSize("the sheet's view", view.UI_GetLocalRectF(), 700, 450);
-      expectSize("the dialog", open.dialog.UI_GetLocalRectF(), 700, 450);
-      Expect("the least size", Pair(open.dialog.GetMinimumSize()), std::vector{700.0f, 450.0f});
+      Expect("the focus", dialog.GetInitialFocus().get(), &open.Node("NewWidthTxt"));
+      Expect("the OK button", dialog.GetOkButton().get(), &open.Node("okButton"));
+      Expect("the Cancel button", dialog.GetCancelButton().get(), &open.Node("cancelButton"));
+      Expect("the place of Cancel", open.Node("cancelButton").UI_GetIndex(), 1u);
+      Expect("the place of OK", open.Node("okButton").UI_GetIndex(), 2u);
     });
   });
+  Expect("modal contexts afterwards", vx::ui::ModalContext::Depth(), 0);
+  Calls asked = calls;
+  std::erase(asked, "Sheet Holder/GetSheetView");  // as often as the module likes
+  const std::string suite = "VX User Interface Main Suite";
+  Expect("calls of the host", asked,
+         Calls{"acquire/" + suite, suite + "/GetDrawingSupplierSource", "release/" + suite,
+               "Drawing Supplier Source/GetDrawingSupplier", "acquire/" + suite,
+               suite + "/GetSheetFactory", "release/" + suite, "Sheet Factory/CreateSheetHolder",
+               "Sheet Holder/GetInitialFocus", "Sheet Holder/SetMessageCallback",
+               "Sheet Holder/ResizeSheet", "Sheet Holder/GetLayoutNode",
+               "Sheet Factory/RegisterDialogView", "Sheet Holder/GetSheet"});
+}
 
+void SharesLayoutWithHost() {
+  Caller caller;
+  WatchingFactory factory(caller.host);
+  VXUserInterfaceMainSuite suite = *caller.host.Suites().Find<VXUserInterfaceMainSuite>();
+  suite.GetSheetFactory = &WatchingFactory::Get;
+  BasicSuite<1>::tables[VXUserInterfaceMainSuite::kName] = &suite;
+  caller.module.basicSuite = &BasicSuite<1>::table;
+  (void)caller.module.Send("VX Menu", "VX Go");
+  caller.LookAt([&](const OpenDialog& open) {
+    Expect("the layout is shown", open.Node("okButton").UI_IsVisible());
+    Expect("the registered view", factory.registered,
+           dynamic_cast<nrvui::ui::OS_View*>(open.dialog.GetRootView().get()));
+  });
+  Expect("the layout", factory.asked,
+         "16301 of " + caller.module.Ref()->fileName + " in theme \"" +
+             Utf8(nrvui::ui::GetDefaultThemeName()) + "\"");
+}
+
+void FollowsSizes() {
+  Caller caller;
+  caller.LookAt([](const OpenDialog& open) {
+    const auto& root = open.dialog.GetRootView();
+    UI_Node& view = **root->ChildBegin();
+    UI_Node& layout = **view.ChildBegin();
+    (void)nrvui::gestures::Resize(open.dialog, {600, 500});
+    Expect("the root view", Extent(*root), std::vector{600.0f, 500.0f});
+    Expect("the layout", Extent(layout), std::vector{600.0f, 500.0f});
+    layout.UI_SetLocalRectF({0, 0, 700, 450});
+    Expect("the sheet's view", Extent(view), std::vector{700.0f, 450.0f});
+    Expect("the dialog", Extent(open.dialog), std::vector{700.0f, 450.0f});
+    Expect("the least size", Pair(open.dialog.GetMinimumSize()), std::vector{700.0f, 450.0f});
+    open.dialog.UI_SetLocalRectF({0, 0, 799.9f, 599.9f});
+    Expect("the layout, in whole points", Extent(layout), std::vector{799.0f, 599.0f});
+  });
+}
+
+void AddLayoutChecks(const Add& add) {
+  add("dialog/opens-as-host-places-it", OpensAsHostPlacesIt);
+  add("dialog/shares-layout-with-host", SharesLayoutWithHost);
+  add("dialog/follows-sizes", FollowsSizes);
+
+  add("dialog/binds-buttons-of-their-class", [] {
+    const LayoutFolder layout;
+    Caller caller(layout.Folders());
+    const auto expectButtons = [&](const char* ok, const char* cancel, const char* first) {
+      caller.LookAt([&](const OpenDialog& open) {
+        const auto id = [](const auto& node) {
+          return node ? std::string(node->UI_GetNodeID().View()) : "none";
+        };
+        Expect("the OK button", id(open.dialog.GetOkButton()), ok);
+        Expect("the Cancel button", id(open.dialog.GetCancelButton()), cancel);
+        Expect("the place of " + std::string(first), open.Node(first).UI_GetIndex(), 1u);
+      });
+    };
+    layout.Write({{"id=\"cancelButton", "id=\"cancel_ResetButton"}});
+    expectButtons("okButton", "none", "cancel_ResetButton");
+    layout.Write({{"<button id=\"cancelButton", "<checkbox id=\"cancelButton"}});
+    expectButtons("okButton", "none", "okButton");
+    layout.Write({{"<button id=\"okButton", "<checkbox id=\"okButton"}});
+    expectButtons("none", "cancelButton", "okButton");
+    layout.Write({{"<button id=\"cancelButton", "<space/><row><button id=\"cancelButton"},
+                  {"</row>", "</row></row>"}});
+    expectButtons("okButton", "cancelButton", "okButton");
+  });
+
+  add("dialog/needs-each-control-in-its-class", [] {
+    const LayoutFolder layout;
+    Caller caller(layout.Folders());
+    const auto expectAnswer = [&](ResultCode expected) {
+      caller.record = SampleRecord();
+      const CallerData given = caller.data;
+      Expect("the answer", caller.Run([](const OpenDialog& open) { open.Confirm(); }), expected);
+      if (expected != kSuccess) ExpectFields(caller.data, given);
+    };
+    layout.Write({});
+    expectAnswer(kSuccess);
+    const std::pair<const char*, std::vector<const char*>> kControls[] = {
+        {"label", {"OrigWidthStatic", "OrigHeightStatic"}},
+        {"number",
+         {"NewWidthTxt", "NewHeightTxt", "HorizontalCountTxt", "VerticalCountTxt",
+          "TileSpaceHorzTxt", "TileSpaceVertTxt"}},
+        {"checkbox", {"UsePercentChk", "DeleteRasterChk"}},
+        {"radio", {"HorizontalRadio", "VerticalRadio", "ColorRadio", "GrayRadio"}},
+        {"text-button", {"MosaicUseRatioButton"}},
+    };
+    for (const auto& [element, controls] : kControls) {
+      for (const std::string control : controls) {
+        const Trying trying(control);
+        layout.Write({{" id=\"" + control, " id=\"Other"}});
+        expectAnswer(kCannot);
+        // A button and a box have the same attributes, and a label has some of them.
+        const std::string begin = "<" + std::string(element) + " id=\"" + control + "\"";
+        layout.Write({{begin, "<row id=\"" + control + "\"/>" + begin + " id=\"Other"}});
+      }
+    }
+  });
+}
+
+void AddContentChecks(const Add& add) {
   add("dialog/shows-source-as-lengths", [] {
     Caller caller;
     caller.state.usePercent = 5;
@@ -131,12 +297,28 @@ void AddDialogChecks(const Add& add) {
       open.Click("GrayRadio");
       open.Get("UsePercentChk").SetDisabled(false);
       open.Click("UsePercentChk");
-      Expect("the new width, since bounds are not to be relied on", open.Text("NewWidthTxt"),
-             "100 pt");
+      Expect("the new width, since bounds do not count", open.Text("NewWidthTxt"), "100 pt");
       open.Confirm();
     });
     Expect("the answer", code, kSuccess);
-    Expect("colour, as nobody listens to its choice", caller.record.isColor, 1);
+    Expect("record.isColor, which has no handler", caller.record.isColor, 1);
+    Expect("state.noOriginalSize", caller.state.noOriginalSize, 2);
+  });
+
+  add("dialog/speaks-users-language", [] {
+    auto& localizer = nrvcore::config::Localizer::Get();
+    localizer.SetCatalogues(Resources().host / "translations");
+    localizer.SetLanguage("de");
+    Expect("a German catalogue", localizer.HasCatalogue());
+    const auto text = [&](const char* key) { return Utf8(localizer.Localize(key)); };
+    Caller caller;
+    caller.record.sizeUnavailable = 1;
+    caller.LookAt([&](const OpenDialog& open) {
+      Expect("the title", Utf8(open.dialog.GetTitle()),
+             text("$$$/Tesserae/Cap/CreateTesserae=Create Tesserae"));
+      for (const char* label : {"OrigWidthStatic", "OrigHeightStatic"})
+        Expect(label, open.Label(label), text("$$$/Tesserae/Str/Misc/1=N/A"));
+    });
   });
 
   add("dialog/follows-setting-of-mnemonics", [] {
@@ -155,12 +337,14 @@ void AddDialogChecks(const Add& add) {
     settings.SetSetting("windows.MnemonicsAlwaysOn", false);
     expectShown(false);
   });
+}
 
+void AddRunChecks(const Add& add) {
   add("dialog/writes-result-if-not-destroyed", [] {
     class FailingWindow final : public nrvui::ui::NodeObserver {
      public:
-      void NodeChanged(nrvui::ui::UI_Node&) override {}
-      void NodeDestroyed(nrvui::ui::UI_Node&) override { throw std::runtime_error("window lost"); }
+      void NodeChanged(UI_Node&) override {}
+      void NodeDestroyed(UI_Node&) override { throw std::runtime_error("window lost"); }
     } observer;
     Caller caller;
     const ResultCode code = caller.Run([&](const OpenDialog& open) {
@@ -180,9 +364,9 @@ void AddDialogChecks(const Add& add) {
       dialog.DefaultCloseOk();
       throw std::runtime_error("window lost");
     });
-    const std::string given = Bytes(caller.record) + Bytes(caller.state);
+    const CallerData given = caller.data;
     Expect("the answer", caller.RunDialog(caller.record, caller.state), kCannot);
-    ExpectBytes("record and state", Bytes(caller.record) + Bytes(caller.state), given);
+    ExpectFields(caller.data, given);
     Expect("modal contexts", vx::ui::ModalContext::Depth(), 0);
   });
 
@@ -201,17 +385,59 @@ void AddDialogChecks(const Add& add) {
     Expect("after a shut-down", run(&caller.state, &params), kCannot);
   });
 
-  add("dialog/computes-ratio-through-host", [] {
+  add("dialog/writes-to-record-of-the-moment", [] {
     Caller caller;
-    // A refused result leaves its own field as it was.
-    const struct {
+    const CallerData given = caller.data;
+    MosaicParameters moved{};
+    MosaicParameters* params = &caller.record;
+    const FunctionPresenter presenter([&](UI_Dialog& dialog) {
+      params = &moved;
+      dialog.OnReturnKey();
+    });
+    const auto* const suite = caller.host.Suites().Find<MosaicSuite>();
+    Expect("the answer", suite->RunMosaicDialog(&caller.state, &params), kSuccess);
+    Expect("the record's address", params, &moved);
+    Expect("tiles across", moved.tilesAcross, 30);
+    ExpectFields({caller.record, given.state}, given);
+  });
+
+  // The dialog works on copies until it has closed.
+  add("dialog/writes-nothing-while-open", [] {
+    Caller caller;
+    const CallerData given = caller.data;
+    MosaicParameters* params = &caller.record;
+    const FunctionPresenter presenter([&](UI_Dialog& dialog) {
+      const OpenDialog open{dialog};
+      for (const char* control : {"GrayRadio", "UsePercentChk", "DeleteRasterChk"})
+        open.Click(control);
+      open.Confirm();
+      ExpectFields(caller.data, given);
+    });
+    const auto* const suite = caller.host.Suites().Find<MosaicSuite>();
+    Expect("the answer", suite->RunMosaicDialog(&caller.state, &params), kSuccess);
+    Expect("record.isColor", caller.record.isColor, 0);
+  });
+}
+
+void UseRatio(const OpenDialog& open) {
+  open.Enter("HorizontalCountTxt", "12");
+  open.Enter("NewWidthTxt", "12");
+  open.Click("MosaicUseRatioButton");
+  open.Confirm();
+}
+
+void AddRatioChecks(const Add& add) {
+  // Without an answer of the host's, a field keeps its value; the other is set all the same.
+  add("dialog/computes-ratio-through-host", [] {
+    struct {
       const char* refused;
-      unsigned call;
-      int tilesDown;
+      size_t call;
+      int32_t tilesDown;
       float newHeight;
-    } cases[] = {{"VX Real Math Suite/Divide", 1, 20, 200.0f},
-                 {"VX Real Math Suite/Multiply", 1, 20, 8.0f},
-                 {"VX Real Math Suite/Multiply", 2, 8, 200.0f}};
+    } const cases[] = {{"VX Real Math Suite/Divide", 1, 20, 200},
+                       {"VX Real Math Suite/Multiply", 1, 20, 8},
+                       {"VX Real Math Suite/Multiply", 2, 8, 200}};
+    Caller caller;
     for (const auto& [refused, call, tilesDown, newHeight] : cases) {
       const Trying trying(std::string(refused) + ", call " + std::to_string(call));
       caller.record = SampleRecord();
@@ -228,68 +454,68 @@ void AddDialogChecks(const Add& add) {
     Expect("the new height", caller.record.newHeight, 8.0f);
   });
 
-  add("dialog/uses-controls-of-the-moment", [] {
+  // Code may give a field any value.
+  add("dialog/reads-fields-as-whole-numbers", [] {
+    Caller caller;
+    const ResultCode code = caller.Run([](const OpenDialog& open) {
+      const auto field = [&](const char* id) -> auto& {
+        return open.Get<UI_UnitNumberEdit>(id);
+      };
+      field("HorizontalCountTxt").SetNumber(65546.9);
+      field("NewWidthTxt").SetNumber(-7.9);
+      open.Click("MosaicUseRatioButton");
+      Expect("tiles down, from the low 16 bits", field("VerticalCountTxt").GetNumber(), 7);
+      Expect("the new height, rounded away from zero", field("NewHeightTxt").GetNumber(), -5);
+      field("TileSpaceHorzTxt").SetNumber(2.9);
+      field("TileSpaceVertTxt").SetNumber(-2.9);
+      field("VerticalCountTxt").SetNumber(70000.9);
+      open.Confirm();
+    });
+    Expect("the answer", code, kSuccess);
+    Expect("record.tileSpacingHorizontal", caller.record.tileSpacingHorizontal, 2);
+    Expect("record.tileSpacingVertical", caller.record.tileSpacingVertical, -2);
+    Expect("record.tilesAcross", caller.record.tilesAcross, 65546);
+    Expect("record.tilesDown", caller.record.tilesDown, 70000);
+    Expect("record.newWidth", caller.record.newWidth, -7.9f);
+  });
+
+  add("dialog/uses-first-control-of-exact-id", [] {
     Caller caller;
     const ResultCode code = caller.Run([](const OpenDialog& open) {
       const auto& former = open.Get<UI_UnitNumberEdit>("VerticalCountTxt");
-      const boost::intrusive_ptr<UI_UnitNumberEdit> field(new UI_UnitNumberEdit);
-      field->UI_SetNodeID("VerticalCountTxt");
-      open.dialog.GetRootView()->ChildPushBack(field);  // nearer to the root, so it is found first
+      std::vector<boost::intrusive_ptr<UI_UnitNumberEdit>> fields;
+      // Nearer to the root than the layout's own; of two at one depth, the first counts.
+      for (const char* id : {"verticalCountTxt", "VerticalCountTx", "VerticalCountTxt ",
+                             "VerticalCountTxt", "VerticalCountTxt"}) {
+        fields.emplace_back(new UI_UnitNumberEdit)->UI_SetNodeID(id);
+        open.dialog.GetRootView()->ChildPushBack(fields.back());
+      }
       open.Enter("HorizontalCountTxt", "12");
       open.Click("MosaicUseRatioButton");
-      Expect("the new field", field->GetNumber(), 8);
-      Expect("the former field", former.GetNumber(), 20);
+      for (const auto& field : fields)
+        Expect("a field", field->GetNumber(), field == fields[3] ? 8 : 0);
+      Expect("the field of the layout", former.GetNumber(), 20);
+      // The root itself comes first, and the dialog is not searched.
+      open.dialog.UI_SetNodeID("okButton");
       open.Confirm();
     });
     Expect("the answer", code, kSuccess);
     Expect("tiles down", caller.record.tilesDown, 8);
-  });
-
-  add("dialog/writes-to-record-of-the-moment", [] {
-    Caller caller;
-    const std::string given = Bytes(caller.record);
-    MosaicParameters moved{};
-    MosaicParameters* params = &caller.record;
-    const FunctionPresenter presenter([&](UI_Dialog& dialog) {
-      params = &moved;
-      dialog.OnReturnKey();
+    const FunctionPresenter presenter([](UI_Dialog& dialog) {
+      dialog.GetRootView()->UI_SetNodeID("VerticalCountTxt");
+      OpenDialog{dialog}.Confirm();
     });
-    const auto* const suite = caller.host.Suites().Find<MosaicSuite>();
-    Expect("the answer", suite->RunMosaicDialog(&caller.state, &params), kSuccess);
-    Expect("the record's address stays", params == &moved);
-    Expect("tiles across", moved.tilesAcross, 30);
-    ExpectBytes("the former record's bytes", Bytes(caller.record), given);
+    Expect("the answer where the root has the ID of a field", caller.RunSampleDialog(), kCannot);
   });
+}
 
-  add("dialog/needs-each-control-in-its-class", [] {
-    const char* const kLayout = "layouts/16301.xml";
-    const std::string original = ContentOf(Resources().plugin / kLayout);
-    // The host refuses a layout that refers to a control that it lacks, before the module sees it.
-    const std::string layout = Without(" for=\"", Without(" focus=\"", original));
-    const TemporaryFolder resources;
-    Caller caller({resources.path, resources.path});
-    std::vector<std::pair<std::string, std::string>> cases = {
-        {"<text-button id=\"MosaicUse", "<button id=\"MosaicUse"}};
-    for (const std::string control :
-         {"OrigWidthStatic", "OrigHeightStatic", "NewWidthTxt", "NewHeightTxt", "UsePercentChk",
-          "HorizontalCountTxt", "VerticalCountTxt", "TileSpaceHorzTxt", "TileSpaceVertTxt",
-          "HorizontalRadio", "VerticalRadio", "ColorRadio", "GrayRadio", "DeleteRasterChk",
-          "MosaicUseRatioButton"})
-      cases.push_back({" id=\"" + control, " id=\"Other"});
-    const auto expectAnswer = [&](const std::string& text, ResultCode expected) {
-      resources.Write(kLayout, text);
-      caller.record = SampleRecord();
-      Expect("the answer", caller.Run([](const OpenDialog& open) { open.Confirm(); }), expected);
-    };
-    expectAnswer(layout, kSuccess);
-    for (const auto& [element, replacement] : cases) {
-      const Trying trying(element);
-      std::string text = layout;
-      const size_t place = text.find(element);
-      if (place == text.npos) return Fail("the host's layout has no such element");
-      expectAnswer(text.replace(place, element.size(), replacement), kCannot);
-    }
-  });
+}  // namespace
+
+void AddDialogChecks(const Add& add) {
+  AddLayoutChecks(add);
+  AddContentChecks(add);
+  AddRunChecks(add);
+  AddRatioChecks(add);
 }
 
 }  // namespace check

@@ -9,8 +9,8 @@
 #include "host/error.h"
 #include "platform/qpbasic/ledger.h"
 
-// Every fault that the host or the toolkit can cause is caused once, at every place of whole
-// sessions. Afterwards the same module must get through a whole life cycle as expected.
+// Every operation of the host, and every allocation, fails once at every place of whole sessions.
+// Afterwards the same module must go through a whole life cycle as expected.
 
 namespace check {
 namespace {
@@ -29,13 +29,14 @@ constexpr Sequence kSequences[] = {
 
 constexpr ResultCode kThrown{FourCharCode("thrn")};
 
-struct Fault {
+/// A way in which an operation can fail.
+struct Failure {
   const char* name;
-  ResultCode answer;             // of a message in which it happens
-  std::exception_ptr exception;  // null: the operation is refused with `answer`
+  ResultCode code;
+  std::exception_ptr exception;  // null: the operation is refused with `code`
 };
 
-const Fault kFaults[] = {
+const Failure kFailures[] = {
     {"refused", kRefused, nullptr},
     {"std::bad_alloc", kOutOfMemory, std::make_exception_ptr(std::bad_alloc())},
     {"vx::Error", kThrown, std::make_exception_ptr(vx::Error(kThrown))},
@@ -43,10 +44,53 @@ const Fault kFaults[] = {
     {"int", kCannot, std::make_exception_ptr(7)},
 };
 
+using enum Answer;
+
+/// What is answered when an operation is refused, and when it throws. The first row counts whose
+/// operation begins so.
+struct Contract {
+  std::string_view operation;
+  Answer whenRefused;
+  Answer whenThrown;
+};
+
+// Messages. In a report, nothing that fails is noticed.
+constexpr Contract kMessageContracts[] = {
+    {"acquire/", kItsCode, kItsCode},
+    {"release/", kUnnoticed, kUnnoticed},
+    {"QP Plug-ins Suite/SetPluginName", kItsCode, kItsCode},
+    {"VX Notifier Suite/AddNotifier", kItsCode, kItsCode},
+    {"VX Context Suite/PushAppContext", kUnnoticed, kItsCode},
+    {"VX Context Suite/PopAppContext", kUnnoticed, kUnnoticed},
+    {"KDM Basic Suite/", kUnnoticed, kItsCode},
+    {"QP Blocks Suite/AllocateBlock", kIsParameter, kIsParameter},
+    {"QP Blocks Suite/FreeBlock", kItsCode, kItsCode},
+    {"QP Suites Suite/AddSuite", kItsCode, kIsParameter},
+};
+
+// Dialogs. Without a suite for its ratio, the button changes nothing; without the drawing supplier,
+// the toolkit draws with its own.
+constexpr Contract kDialogContracts[] = {
+    {"acquire/", kEither, kIsCannot},
+    {"release/", kUnnoticed, kEither},
+    {"VX User Interface Main Suite/GetSheetFactory", kIsCannot, kIsCannot},
+    {"Sheet Factory/CreateSheetHolder", kIsCannot, kIsCannot},
+    {"Sheet Holder/GetSheetView", kEither, kIsCannot},
+    {"", kUnnoticed, kIsCannot},
+};
+
+template <size_t kCount>
+Answer AnswerOf(const Contract (&contracts)[kCount], const std::string& operation, bool isThrown) {
+  for (const Contract& contract : contracts)
+    if (operation.starts_with(contract.operation))
+      return isThrown ? contract.whenThrown : contract.whenRefused;
+  return kUnnoticed;
+}
+
 /// Runs with the fault in place, and then a life cycle without it. `expectLeft` judges what the
 /// first run leaves; the second must leave no more.
-void RunDisturbed(const Sequence& sequence, Session& session,
-                  const std::function<void(const Lines& left)>& expectLeft) {
+void RunWithFailure(const Sequence& sequence, Session& session,
+                    const std::function<void(const Lines& left)>& expectLeft) {
   (session.*sequence.run)();
   const Lines left = session.host.Leftovers();
   expectLeft(left);
@@ -72,27 +116,26 @@ constexpr std::pair<std::string_view, std::string_view> kOwed[] = {
 };
 
 /// Runs the sequence with the operation's call failing.
-void DisturbCall(const Sequence& sequence, const std::string& operation, size_t call,
-                 const Fault& fault) {
-  const Trying trying(std::string(sequence.name) + ", call " + std::to_string(call) + ", " +
-                      fault.name);
+void FailCall(const Sequence& sequence, const std::string& operation, size_t call,
+              const Failure& failure) {
+  const Trying trying(std::string(sequence.name) + ", call " + std::to_string(call) + " of " +
+                      operation + ": " + failure.name);
   Session session;
-  session.allowed = {fault.answer};
-  // What goes wrong with the suite's table or its registration has one code, but for a refusal.
-  const bool adds = operation == "QP Suites Suite/AddSuite";
-  if (operation == "QP Blocks Suite/AllocateBlock" || (adds && fault.exception))
-    session.allowed = {kParameter};
+  const bool throws = failure.exception != nullptr;
+  session.fault =
+      HostFault{operation, call, failure.code, AnswerOf(kMessageContracts, operation, throws),
+                AnswerOf(kDialogContracts, operation, throws)};
   auto& operations = session.host.Operations();
-  if (fault.exception) {
-    operations.Throw(operation, fault.exception, call);
+  if (throws) {
+    operations.Throw(operation, failure.exception, call);
   } else {
-    operations.Refuse(operation, fault.answer, call);
+    operations.Refuse(operation, failure.code, call);
   }
-  RunDisturbed(sequence, session, [&](const Lines& left) {
+  RunWithFailure(sequence, session, [&](const Lines& left) {
     for (const std::string& line : left) {
       const bool isOwed = std::ranges::any_of(kOwed, [&](const auto& owed) {
         return operation.starts_with(owed.first) && line.find(owed.second) != line.npos &&
-               !(adds && fault.exception);
+               !(operation == "QP Suites Suite/AddSuite" && throws);
       });
       if (!isOwed) Fail("left: " + line);
     }
@@ -117,8 +160,8 @@ void FailOnceAtEveryCall(const std::string& operation) {
     const size_t calls = CallsIn(sequence, operation);
     allCalls += calls;
     for (size_t call = 1; call <= calls; ++call)
-      for (const Fault& fault : kFaults)
-        if (faults++ % Step() == 0 && !HasFailed()) DisturbCall(sequence, operation, call, fault);
+      for (const Failure& failure : kFailures)
+        if (faults++ % Step() == 0 && !HasFailed()) FailCall(sequence, operation, call, failure);
   }
   // Nothing locks this plug-in; all else must be part of a session.
   const bool locks =
@@ -136,9 +179,8 @@ void RefuseOneByOne(size_t step,
     for (bool goesOn = true; goesOn && !HasFailed(); place += step) {
       const Trying trying(std::string(sequence.name) + ", allocation " + std::to_string(place));
       Session session;
-      session.allowed = {kOutOfMemory, kCannot, kParameter};
       refuse(session, place);
-      RunDisturbed(sequence, session, [&](const Lines& left) {
+      RunWithFailure(sequence, session, [&](const Lines& left) {
         goesOn = wasRefused();
         if (!goesOn) Expect("goes as expected", session.WentAsExpected());
         Expect("what is left", left, Lines());
@@ -151,8 +193,10 @@ void RefuseOneByOne(size_t step,
 void RefuseBlocks(ResultCode code) {
   qpbasic::Ledger& ledger = qpbasic::Ledger::Get();
   size_t refusals = 0;
-  const auto refuse = [&](Session&, size_t countdown) {
+  const auto refuse = [&](Session& session, size_t countdown) {
     refusals = ledger.Counts().refusals;
+    session.strikes = [&] { return ledger.Counts().refusals; };
+    session.answersWhenStruck = {kOutOfMemory, kParameter};
     ledger.Refuse({.countdown = countdown, .once = true, .code = code});
   };
   RefuseOneByOne(Step(), refuse, [&] {
@@ -179,6 +223,9 @@ void AddFaultChecks(const Add& add) {
   add("memory/toolkit-has-none", [] {
     const auto refuse = [](Session& session, size_t countdown) {
       toolkit_memory::untilRefusal = countdown;
+      session.strikes = [] { return toolkit_memory::untilRefusal == 0; };
+      session.answersWhenStruck = {kOutOfMemory, kCannot, kParameter};
+      session.mayGoUnnoticed = true;
       session.onCall = [](bool isInside) { toolkit_memory::isArmed = isInside; };
     };
     RefuseOneByOne(Step(17), refuse,

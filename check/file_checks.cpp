@@ -1,6 +1,7 @@
 #include <cxxabi.h>
 #include <elf.h>
 
+#include <algorithm>
 #include <cstdlib>
 #include <cstring>
 #include <memory>
@@ -38,7 +39,7 @@ class ModuleFile {
   }
 
   std::vector<Symbol> symbols;
-  size_t constructors = 0;
+  size_t constructors = 0, destructors = 0;
   bool hasTls = false;
   bool staysForGood = false;
 
@@ -60,6 +61,7 @@ class ModuleFile {
     const auto section = Section(header, index);
     const size_t end = section.sh_offset + section.sh_size;
     if (section.sh_type == SHT_INIT_ARRAY) constructors += section.sh_size / sizeof(Elf64_Addr);
+    if (section.sh_type == SHT_FINI_ARRAY) destructors += section.sh_size / sizeof(Elf64_Addr);
     if (section.sh_type == SHT_DYNAMIC) {
       for (size_t at = section.sh_offset; at < end; at += sizeof(Elf64_Dyn)) {
         const auto entry = At<Elf64_Dyn>(at);
@@ -114,10 +116,14 @@ void AddFileChecks(const Add& add) {
   });
 
   add("file/takes-memory-from-host", [] {
-    ExpectNone("taken from the C++ library", [](const ModuleFile::Symbol& symbol) {
+    ExpectNone("taken from another allocator", [](const ModuleFile::Symbol& symbol) {
+      if (symbol.isDefined) return false;
       const std::string_view name = symbol.name;
       for (const char* of : {"_Znw", "_Zna", "_Zdl", "_Zda"})
-        if (!symbol.isDefined && name.starts_with(of)) return true;
+        if (name.starts_with(of)) return true;
+      for (const char* function : {"malloc", "calloc", "realloc", "reallocarray", "free", "strdup",
+                                   "aligned_alloc", "posix_memalign", "mmap", "sbrk"})
+        if (name == function) return true;
       return false;
     });
   });
@@ -140,12 +146,16 @@ void AddFileChecks(const Add& add) {
     Expect("is marked to stay", file.staysForGood, false);
   });
 
-  add("file/runs-nothing-when-loaded", [] {
+  add("file/runs-nothing-on-load-and-unload", [] {
     const ModuleFile file;
     for (const ModuleFile::Symbol& symbol : file.symbols)
       if (symbol.name.starts_with("__asan_")) return;  // a sanitizer has constructors of its own
-    // One entry is the compiler's own; every further one is an object with a constructor to run.
-    Expect("has constructors to run", file.constructors > 1, false);
+    // One entry of each is the compiler's own; every further one is the module's.
+    Expect("functions to run on load", file.constructors, std::min<size_t>(file.constructors, 1));
+    Expect("functions to run on unload", file.destructors, std::min<size_t>(file.destructors, 1));
+    ExpectNone("destructors to run on unload", [](const ModuleFile::Symbol& symbol) {
+      return symbol.name == "__cxa_atexit" || symbol.name == "atexit" || symbol.name == "on_exit";
+    });
   });
 }
 

@@ -2,28 +2,28 @@
 
 #include <concepts>
 #include <cstddef>
-#include <cstdio>
 #include <sstream>
 #include <string>
 #include <string_view>
 #include <type_traits>
-#include <utility>
+#include <vector>
 
+#include "check/apart.h"
 #include "check/check.h"
 #include "platform/suites/result_code.h"
 
-/// What a check finds. Each check has a process of its own, and so has what is found.
+/// The findings of a check. Each check runs in a process of its own, so all of this belongs to the
+/// check that runs.
 namespace check {
 
-/// Writes what is wrong to the standard output, a line each, and lets the check go on. After some
-/// they are only counted.
+/// Reports a finding and lets the check continue. After eight, findings are only counted.
 void Fail(const std::string& what);
 bool HasFailed();
-/// Says how many were only counted.
+/// Reports how many findings were only counted.
 void CountOtherFindings();
 
-/// What is being tried until the end of the scope. Findings name it, and so does the report of a
-/// crash.
+/// A step of the check, until the end of the scope. Findings name the steps in progress, and so
+/// does the report of a crash or a time-out. Allocates nothing.
 class Trying {
  public:
   explicit Trying(std::string_view what);
@@ -35,11 +35,22 @@ class Trying {
   size_t outer;
 };
 
-/// Has this process and those that it forks write what they try into the same memory.
+/// Notes the host's operation that the module has called last, for the report of a crash; null when
+/// the module has returned.
+void NoteOperation(const char* name);
+/// Adds a line to what is shown with the first finding or the crash of random input: what was done
+/// so far. Empty text begins anew.
+void Tell(std::string_view line);
+
+/// Has this process and those that it forks note steps in shared memory. Throws std::bad_alloc.
 void ShareTrying();
-/// What the process that wrote last is trying, or was when it ended.
-std::string_view Tried();
+/// The steps in progress, or those in which a forked process has ended.
+std::string Tried();
+std::string Told();
 void ForgetTried();
+
+/// Text on one line: control characters, and bytes that are not UTF-8, as \n, \t or \x1B.
+std::string OnOneLine(std::string_view text);
 
 /// Four characters, or a number.
 std::string CodeText(ResultCode code);
@@ -56,30 +67,29 @@ std::string Text(const Value& value) {
   } else if constexpr (std::is_same_v<Value, bool>) {
     text << (value ? "yes" : "no");
   } else if constexpr (std::is_pointer_v<Value>) {
-    text << (value == nullptr ? "null" : "an address");
+    text << static_cast<const void*>(value);
   } else if constexpr (std::is_arithmetic_v<Value>) {
     text << +value;
   } else {
-    const char* separator = "";
-    for (const auto& element : value) text << std::exchange(separator, ", ") << Text(element);
-    if (!*separator) text << "nothing";
+    for (const auto& element : value) text << (text.tellp() > 0 ? ", " : "") << Text(element);
+    if (text.tellp() == 0) text << "nothing";
   }
   return text.str();
 }
 
 template <typename Seen, typename Expected>
 void Expect(std::string_view what, const Seen& seen, const Expected& expected) {
-  if (settings.isVerbose)
-    std::printf("%.*s: %s\n", static_cast<int>(what.size()), what.data(), Text(seen).c_str());
+  if (settings.isVerbose) Report(std::string(what) + ": " + Text(seen));
   if (seen == expected) return;
   Fail(std::string(what) + ": expected " + Text(expected) + ", seen " + Text(seen));
 }
 
+/// Of long lists, names the first difference only.
+void Expect(std::string_view what, const std::vector<std::string>& seen,
+            const std::vector<std::string>& expected);
+
 void Expect(std::string_view what, std::same_as<bool> auto isSo) {
   Expect(what, isSo, true);
 }
-
-/// Of records as they are in memory; names the first byte that differs.
-void ExpectBytes(std::string_view what, const std::string& seen, const std::string& expected);
 
 }  // namespace check

@@ -5,23 +5,26 @@
 #include "platform/standin/module.h"
 
 /// A module under a host of its own, not yet started, and a caller of its suite.
-struct HostedModule {
-  explicit HostedModule(
+template <class Module>
+struct ModuleUnderHost {
+  explicit ModuleUnderHost(
       const std::filesystem::path& file,
       const standin::ResourceFolders& resources = standin::ResourceFolders::OfProgram())
       : host(person, resources), module(host, file) {}
 
   /// Calls the function of the published suite; kCannot where none is published.
   ResultCode RunDialog(MosaicParameters& record, MosaicDialogState& state) {
-    const auto* suite = host.Suites().Find<MosaicSuite>();
+    const auto* suite = host.Suites().template Find<MosaicSuite>();
     MosaicParameters* params = &record;
     return suite ? suite->RunMosaicDialog(&state, &params) : ResultCode::kCannot;
   }
 
   standin::RecordingUserInterface person;
   standin::Host host;
-  standin::Module module;
+  Module module;
 };
+
+using HostedModule = ModuleUnderHost<standin::Module>;
 
 /// A caller's record with a source of 300 by 200 points and 30 by 20 tiles.
 inline MosaicParameters SampleRecord() {

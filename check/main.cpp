@@ -1,29 +1,23 @@
-#include <getopt.h>
-#include <poll.h>
 #include <signal.h>
-#include <sys/resource.h>
-#include <sys/wait.h>
-#include <unistd.h>
 
 #include <algorithm>
-#include <cerrno>
+#include <boost/program_options.hpp>
 #include <chrono>
 #include <cstdio>
 #include <cstdlib>
-#include <cstring>
 #include <exception>
-#include <string_view>
-#include <system_error>
+#include <sstream>
+#include <stdexcept>
+#include <vector>
 
+#include "check/apart.h"
 #include "check/check.h"
 #include "check/findings.h"
+#include "check/temporary_folder.h"
 #include "platform/standin/module.h"
 
 namespace check {
 namespace {
-
-using Clock = std::chrono::steady_clock;
-using std::chrono::milliseconds;
 
 constexpr int kAllPassed = 0;
 constexpr int kSomeFailed = 1;
@@ -31,239 +25,207 @@ constexpr int kCannotRun = 2;
 
 constexpr std::chrono::seconds kTimeLimit{30};
 constexpr std::chrono::seconds kLongTimeLimit{7200};
+constexpr std::chrono::seconds kLongestTimeLimit{1000000};
 
-/// A module that hangs once hangs often; the rest need not be waited for.
-constexpr int kMostHangs = 3;
+/// After so many checks that reach the time limit, the others are left out.
+constexpr int kMostTimeOuts = 3;
+constexpr int kMostLinesOfOutput = 20;
 
 constexpr const char* kHelp =
     R"(Usage: tesserae-check MODULE [OPTION]...
   or:  tesserae-check --list
 
 Plays a host to a built TesseraeUI module and checks what it does. Each check
-runs in a process of its own and says in a line whether it passed.
+runs in a process of its own and reports in a line whether it passed.
 
-  --list       names the checks and runs none of them
-  --only NAME  runs the check or the group of this name, or all whose name
-               begins so; may be given more than once
-  --seed N     the first number from which random input is made; otherwise 1.
-               A finding names its seed; with that one the first of the
-               numbered checks shows it again
-  --long       tries every fault at every place and far more that is random;
-               takes many minutes
-  --limit N    ends a check that takes longer than N seconds; otherwise 30, or
-               two hours with --long
-  --verbose    says which operations of the host the module calls, in their
-               order, and what each check looks at
-  --help       shows this text
+  --list        names the checks and runs none of them
+  --only NAME   runs the check or the group of this name, or all whose name
+                begins so; may be given more than once
+  --seed N      the first number from which random input is made; otherwise 1.
+                A finding names its seed; with that one the first of the
+                numbered checks shows it again
+  --long        tries every fault at every place and far more random input;
+                takes many minutes
+  --limit N     ends a check that takes longer than N seconds; otherwise 30, or
+                two hours with --long
+  --format F    text, or tap for the Test Anything Protocol
+  --verbose     reports which operations of the host the module calls, in their
+                order, and what each check looks at
+  -h, --help    shows this text
+  --version     shows the version
 
 The exit status is 0 when all checks passed, 1 when some failed, and 2 when
-nothing could be checked.
+nothing could be checked or the results could not be written.
 )";
-
-constexpr option kOptions[] = {
-    {"list", no_argument, nullptr, 'l'},        {"only", required_argument, nullptr, 'o'},
-    {"seed", required_argument, nullptr, 's'},  {"long", no_argument, nullptr, 'g'},
-    {"limit", required_argument, nullptr, 't'}, {"verbose", no_argument, nullptr, 'v'},
-    {"help", no_argument, nullptr, 'h'},        {nullptr, 0, nullptr, 0},
-};
 
 struct Check {
   std::string name;
   std::function<void()> run;
 };
 
-int Refuse(const std::string& reason) {
-  std::fprintf(stderr, "tesserae-check: %s\n", reason.c_str());
-  return kCannotRun;
-}
-
-bool IsNumber(const char* text) {
-  return *text && std::strspn(text, "0123456789") == std::strlen(text);
-}
-
-/// What is no plain text is written so that it can be seen.
-void PrintIndented(std::string_view text) {
-  bool isAtStart = true;
-  for (const char c : text) {
-    if (isAtStart) std::fputs("    ", stdout);
-    isAtStart = c == '\n';
-    if (c == '\n' || (c >= ' ' && c <= '~')) {
-      std::putchar(c);
-    } else {
-      std::printf("\\x%02X", static_cast<unsigned char>(c));
-    }
-  }
-  if (!isAtStart) std::putchar('\n');
-}
-
-/// How a process went that ran something apart from this one.
-struct Ending {
-  bool isGood = false;
-  bool hung = false;   // it had to be ended, since its time was over
-  std::string how;     // of one that did not end by itself; empty for all others
-  std::string output;  // all that it wrote
+/// A reason for which nothing can be checked.
+struct Refusal : std::runtime_error {
+  using std::runtime_error::runtime_error;
 };
 
-[[noreturn]] void PlayAndExit(const std::function<void()>& run, int output) {
-  dup2(output, STDOUT_FILENO);
-  dup2(output, STDERR_FILENO);
-  const rlimit none{};
-  setrlimit(RLIMIT_CORE, &none);
-  // What is written before a crash must arrive.
-  std::setvbuf(stdout, nullptr, _IOLBF, BUFSIZ);
-  try {
-    run();
-  } catch (const std::exception& error) {
-    Fail(error.what());
-  } catch (...) {
-    Fail("an exception of an unknown type has come out");
-  }
-  CountOtherFindings();
-  std::exit(HasFailed() ? 1 : 0);
+void Print(const std::string& text) {
+  std::fputs(text.c_str(), stdout);
+  if (std::fflush(stdout) != 0) throw Refusal("standard output cannot be written");
 }
 
-/// Reads all that comes; false when the time is over before the end.
-bool ReadUntil(Clock::time_point end, int input, std::string& text) {
-  char buffer[4096];
-  while (true) {
-    const auto left = std::chrono::ceil<milliseconds>(end - Clock::now()).count();
-    pollfd waiting{input, POLLIN, 0};
-    if (left <= 0 || poll(&waiting, 1, static_cast<int>(left)) == 0) return false;
-    const ssize_t count = read(input, buffer, sizeof buffer);
-    if (count == 0) return true;
-    if (count > 0) text.append(buffer, static_cast<size_t>(count));
-  }
+bool WritesTap() {
+  return settings.format == "tap";
 }
 
-/// Runs it in a process of its own, which is good when it ends by itself and has found nothing.
-/// An exception that leaves it counts as a finding. Throws std::system_error where there can be no
-/// process.
-Ending RunApart(const std::function<void()>& run) {
-  std::fflush(nullptr);
-  ForgetTried();
-  int ends[2];
-  const pid_t process = pipe(ends) == 0 ? fork() : -1;
-  if (process < 0)
-    throw std::system_error(errno, std::generic_category(), "no process can be started");
-  if (process == 0) PlayAndExit(run, ends[1]);
-  close(ends[1]);
+/// Each line behind the prefix, at most `most` of them.
+std::string Indented(const std::string& text, int most) {
+  const char* const prefix = WritesTap() ? "# " : "    ";
+  std::istringstream lines(text);
+  std::string indented;
+  for (std::string line; std::getline(lines, line); --most) {
+    if (most == 0) return indented + prefix + "...\n";
+    indented += prefix + OnOneLine(line) + '\n';
+  }
+  return indented;
+}
 
-  Ending ending;
+std::string Describe(const Ending& ending) {
+  std::string text = Indented(ending.findings, -1);
+  const std::string tried = Tried();
+  const char* const in = tried.empty() ? "" : ", in: ";
+  if (!ending.why.empty()) text += Indented(ending.why + in + tried, 1);
+  if (!ending.output.empty())
+    text += Indented("its output:\n" + ending.output, kMostLinesOfOutput + 1);
+  if (!ending.IsGood() && !Told().empty()) text += Indented("what was done:\n" + Told(), -1);
+  return text;
+}
+
+Ending RunWithinLimit(const std::function<void()>& run) {
   const auto usual = settings.isLong ? kLongTimeLimit : kTimeLimit;
-  const auto limit = settings.limit.count() > 0 ? settings.limit : usual;
-  ending.hung = !ReadUntil(Clock::now() + limit, ends[0], ending.output);
-  close(ends[0]);
-  if (ending.hung) kill(process, SIGKILL);
-  int status = 0;
-  while (waitpid(process, &status, 0) < 0 && errno == EINTR) continue;
-  ending.isGood = WIFEXITED(status) && WEXITSTATUS(status) == 0;
-  if (ending.hung) {
-    ending.how = "did not end in time";
-  } else if (WIFSIGNALED(status)) {
-    ending.how = "ended by signal " + std::to_string(WTERMSIG(status)) + " (" +
-                 strsignal(WTERMSIG(status)) + ")";
-  } else if (WEXITSTATUS(status) > 1) {
-    ending.how = "ended with status " + std::to_string(WEXITSTATUS(status));
-  }
-  if (!ending.how.empty() && !Tried().empty()) ending.how += " at: " + std::string(Tried());
-  return ending;
+  return RunApart(run, settings.limit.count() > 0 ? settings.limit : usual);
 }
 
 int RunAll(const std::vector<Check>& checks) {
   size_t played = 0, failed = 0;
-  int hangs = 0;
+  int timeOuts = 0;
+  if (WritesTap()) Print("TAP version 13\n1.." + std::to_string(checks.size()) + "\n");
   for (const Check& check : checks) {
-    const Ending ending = RunApart(check.run);
-    std::printf("%-62s %s\n", check.name.c_str(), ending.isGood ? "passed" : "failed");
-    PrintIndented(ending.output + ending.how);
-    std::fflush(stdout);
+    const Ending ending = RunWithinLimit(check.run);
+    const bool isGood = ending.IsGood();
+    char line[200];
+    if (WritesTap()) {
+      std::snprintf(line, sizeof line, "%s %zu - %s\n", isGood ? "ok" : "not ok", played + 1,
+                    check.name.c_str());
+    } else {
+      std::snprintf(line, sizeof line, "%-62s %s\n", check.name.c_str(),
+                    isGood ? "passed" : "failed");
+    }
+    Print(line + Describe(ending));
     ++played;
-    failed += !ending.isGood;
-    hangs += ending.hung;
-    if (hangs == kMostHangs) {
-      std::printf("Too many checks did not end; the rest is left out.\n");
+    failed += !isGood;
+    timeOuts += ending.timedOut;
+    if (timeOuts == kMostTimeOuts && played < checks.size()) {
+      Print(WritesTap() ? "Bail out! Too many checks reach the time limit\n"
+                        : "Too many checks reach the time limit; the others are left out.\n");
       break;
     }
   }
-  std::printf("%zu checks, %zu failed\n", played, failed);
+  if (!WritesTap())
+    Print(std::to_string(played) + " checks, " + std::to_string(failed) + " failed\n");
   return failed > 0 ? kSomeFailed : kAllPassed;
 }
 
-/// Nothing of the module may be loaded here, so this too is tried apart.
-bool CanBeLoaded() {
-  const Ending ending = RunApart([] { standin::ModuleImage(settings.module); });
-  if (ending.isGood) return true;
-  // A sanitizer may say more than a line, and the loader's reason names the file itself.
-  const std::string& said = ending.how.empty() ? ending.output : ending.how;
+/// Nothing of the module may be loaded in this process, so this is tried apart. Throws Refusal.
+void ExpectModule() {
+  const Ending ending = RunWithinLimit([] { standin::ModuleImage(settings.module); });
+  if (ending.passed) return;
+  const std::string& said = ending.findings.empty() ? ending.why : ending.findings;
   const std::string reason = said.substr(0, said.find('\n'));
-  const std::string file = settings.module.string();
-  Refuse(reason.find(file) == reason.npos ? file + " cannot be loaded: " + reason : reason);
-  return false;
+  const std::string file = OnOneLine(settings.module.string());
+  throw Refusal(reason.find(file) == reason.npos ? "cannot load " + file + ": " + reason : reason);
+}
+
+/// Reads the command line into `settings`. Answers the names that are asked for. Throws Refusal and
+/// the library's exceptions.
+boost::program_options::variables_map ReadCommandLine(int count, char** arguments) {
+  namespace options = boost::program_options;
+  options::options_description known;
+  int64_t limit = 0;
+  std::string seed, module;
+  known.add_options()("list", "")("only", options::value<std::vector<std::string>>())(
+      "seed", options::value(&seed))("long", options::bool_switch(&settings.isLong))(
+      "limit", options::value(&limit))("format", options::value(&settings.format))(
+      "verbose", options::bool_switch(&settings.isVerbose))("help,h", "")("version", "")(
+      "module", options::value(&module));
+  options::positional_options_description positions;
+  positions.add("module", 1);
+  options::variables_map given;
+  options::store(
+      options::command_line_parser(count, arguments).options(known).positional(positions).run(),
+      given);
+  options::notify(given);
+
+  if (!seed.empty()) {
+    // The library reads -1 as the greatest number.
+    if (seed.size() > 19 || seed.find_first_not_of("0123456789") != seed.npos)
+      throw Refusal("--seed needs a number from 0 to 9999999999999999999");
+    settings.seed = std::strtoull(seed.c_str(), nullptr, 10);
+  }
+  if (given.count("limit") > 0 && limit < 1) throw Refusal("--limit needs a number from 1");
+  settings.limit = std::min(std::chrono::seconds(limit), kLongestTimeLimit);
+  if (settings.format != "text" && settings.format != "tap")
+    throw Refusal("--format needs text or tap");
+  settings.module = module;
+  return given;
 }
 
 int Run(int count, char** arguments) {
-  bool lists = false;
-  std::vector<std::pair<std::string, bool>> wanted;  // a beginning, and whether a name has it
-  for (int given; (given = getopt_long(count, arguments, "", kOptions, nullptr)) != -1;) {
-    switch (given) {
-      case 'l':
-        lists = true;
-        break;
-      case 'o':
-        wanted.push_back({optarg, false});
-        break;
-      case 's':
-        if (!IsNumber(optarg)) return Refuse("--seed needs a number");
-        settings.seed = std::strtoull(optarg, nullptr, 10);
-        break;
-      case 't':
-        if (!IsNumber(optarg)) return Refuse("--limit needs a number");
-        settings.limit =
-            std::chrono::seconds(std::min(std::strtoul(optarg, nullptr, 10), 1000000ul));
-        break;
-      case 'g':
-        settings.isLong = true;
-        break;
-      case 'v':
-        settings.isVerbose = true;
-        break;
-      case 'h':
-        std::fputs(kHelp, stdout);
-        return kAllPassed;
-      default:
-        return kCannotRun;  // getopt has said why
-    }
-  }
+  const auto given = ReadCommandLine(count, arguments);
+  if (given.count("help") > 0) return Print(kHelp), kAllPassed;
+  if (given.count("version") > 0) return Print("tesserae-check " TESSERAE_VERSION "\n"), kAllPassed;
 
-  std::vector<Check> checks;
+  std::vector<Check> all;
   const Add add = [&](const std::string& name, const std::function<void()>& run) {
-    bool isWanted = wanted.empty();
-    for (auto& [beginning, isFound] : wanted)
-      if (name.starts_with(beginning)) isWanted = isFound = true;
-    if (isWanted) checks.push_back({name, run});
+    all.push_back({name, run});
   };
   for (const auto group : {AddFileChecks, AddStartUpChecks, AddMessageChecks, AddReportChecks,
                            AddReloadChecks, AddDialogChecks, AddFaultChecks, AddRandomChecks})
     group(add);
-  for (const auto& [name, isFound] : wanted)
-    if (!isFound) return Refuse("there is no check " + name + "; --list names them");
-  if (lists) {
-    for (const Check& check : checks) std::printf("%s\n", check.name.c_str());
+  std::vector<Check> wanted = all;
+  if (given.count("only") > 0) {
+    const auto& names = given["only"].as<std::vector<std::string>>();
+    for (const std::string& name : names)
+      if (std::ranges::none_of(all, [&](auto& check) { return check.name.starts_with(name); }))
+        throw Refusal("there is no check " + name + "; --list names them");
+    std::erase_if(wanted, [&](auto& check) {
+      return std::ranges::none_of(names, [&](auto& name) { return check.name.starts_with(name); });
+    });
+  }
+  if (given.count("list") > 0) {
+    for (const Check& check : wanted) Print(check.name + '\n');
     return kAllPassed;
   }
-  if (optind + 1 != count) return Refuse("one module is needed; --help says more");
-  settings.module = arguments[optind];
-  return CanBeLoaded() ? RunAll(checks) : kCannotRun;
+  if (settings.module.empty()) throw Refusal("a module is needed; --help says more");
+  ReceiveSignals();
+  // Holds what checks leave that are ended.
+  const TemporaryFolder folder;
+  setenv("TMPDIR", folder.path.c_str(), 1);
+  ExpectModule();
+  return RunAll(wanted);
 }
 
 }  // namespace
 }  // namespace check
 
 int main(int count, char** arguments) try {
+  signal(SIGPIPE, SIG_IGN);  // a closed standard output is an error like others
   check::ShareTrying();
   // Texts are English, whatever the user's environment asks for.
   setenv("LANGUAGE", "en", 1);
   return check::Run(count, arguments);
+} catch (const check::Interrupted& interrupted) {
+  check::EndBySignal(interrupted.signal);
 } catch (const std::exception& error) {
-  return check::Refuse(error.what());
+  std::fprintf(stderr, "tesserae-check: %s\n", check::OnOneLine(error.what()).c_str());
+  return check::kCannotRun;
 }

@@ -1,5 +1,7 @@
+#include <cstring>
 #include <string_view>
 
+#include "check/basic_suite.h"
 #include "check/checked_module.h"
 #include "check/known_messages.h"
 
@@ -10,7 +12,7 @@ using standin::ListOwner;
 
 constexpr const char* kNone = nullptr;
 
-/// All messages but those that begin or end something are answered with 0 and ask nothing.
+/// All messages but those of the lifecycle are answered with 0, without a call of the host.
 void ExpectSilence(CheckedModule& checked, bool isAboutToo) {
   std::vector<KnownMessage> messages = {
       {"VX Menu", "vx go", ""},      {"VX Menu", "VX Go ", ""},
@@ -41,22 +43,31 @@ void ExpectAbout(RunningModule& running, const std::string& first, const std::st
   Expect("the second text", running.person.aboutBoxes.back().second, second);
 }
 
-/// A host's basic suite in which one suite has another table.
-struct OtherBasicSuite {
-  static ResultCode Acquire(const char* name, int32_t version, const void** table) {
-    const ResultCode code = standin::Host::Current().BasicSuite()->Acquire(name, version, table);
-    if (std::string_view(name) == KDMBasicSuite::kName && !Failed(code)) *table = &lists;
-    return code;
-  }
-  static ResultCode Release(const char* name, int32_t version) {
-    ++releases;
-    return standin::Host::Current().BasicSuite()->Release(name, version);
-  }
-
-  inline static KDMBasicSuite lists{};
-  inline static size_t releases = 0;
-  QPBasicSuite suite = {&Acquire, &Release};
-};
+/// Suites are acquired and released through the basic suite of the latest message.
+void ExpectLatestBasicSuite() {
+  using First = BasicSuite<1>;
+  using Second = BasicSuite<2>;
+  constexpr size_t kAll = std::size(kSuitesOfModule);
+  CheckedModule checked;
+  WatchedModule& module = checked.module;
+  module.basicSuite = &First::table;
+  Expect("the start-up", module.StartUp(), kSuccess);
+  First::ExpectCalls(kAll, 0);
+  module.basicSuite = &Second::table;
+  Expect("the unload", module.Send("QP Access", "Unload"), kSuccess);
+  First::ExpectCalls(0, 0);
+  Second::ExpectCalls(0, kAll);
+  Expect("the reload", module.Send("QP Access", "Reload"), kSuccess);
+  Second::ExpectCalls(kAll, 0);
+  module.basicSuite = &First::table;
+  Expect("a message", module.Send("VX Menu", "VX Go"), kSuccess);
+  checked.ExpectDialog("a dialog");
+  First::ExpectCalls(2, 2);
+  Expect("the shut-down", module.ShutDown(), kSuccess);
+  First::ExpectCalls(0, kAll);
+  Second::ExpectCalls(0, 0);
+  checked.ExpectNothingLeft();
+}
 
 }  // namespace
 
@@ -107,50 +118,35 @@ void AddMessageChecks(const Add& add) {
                                  {{1, "Tiles"}, {2, std::string(300, 'x')}});
     ExpectAbout(running, "Tiles", std::string(255, 'x'));
     // The texts are those of the message's plug-in, the box is this one's own.
-    PluginMessage ofHost = running.PlainMessage();
+    NotifierMessage ofHost = running.PlainMessage();
     ofHost.pluginRef = running.host.HostModule();
     ofHost.globals = running.module.Globals();
-    Expect("about, of another", running.SendPlain("QP Interface", "About", ofHost), kSuccess);
+    Expect("about, of another", running.module.SendPlain("QP Interface", "About", ofHost),
+           kSuccess);
     Expect("about boxes", running.person.aboutBoxes.size(), 2u);
     Expect("the first text", running.person.aboutBoxes.back().first, "");
     running.host.Lists().Replace(ListOwner::kPlugin, 16600, {});
     ExpectAbout(running, "", "");
   });
 
-  // What stands in the buffer when a text is refused is none, and the suites go back through the
-  // basic suite of the latest message.
-  add("messages/go-through-latest-basic-suite", [] {
+  add("messages/about-ignores-refused-texts", [] {
     CheckedModule checked;
-    OtherBasicSuite other;
-    const void* table = nullptr;
-    Expect(
-        "the host's suite",
-        checked.host.BasicSuite()->Acquire(KDMBasicSuite::kName, KDMBasicSuite::kVersion, &table),
-        kSuccess);
-    OtherBasicSuite::lists = *static_cast<const KDMBasicSuite*>(table);
-    (void)checked.host.BasicSuite()->Release(KDMBasicSuite::kName, KDMBasicSuite::kVersion);
-    OtherBasicSuite::lists.GetListString = [](ModuleRef, int32_t, int32_t, char* buffer, size_t) {
-      buffer[0] = '?';
+    static KDMBasicSuite lists = *checked.host.Suites().Find<KDMBasicSuite>();
+    lists.GetListString = [](ModuleRef, int32_t list, int32_t, char* buffer, size_t size) {
+      Expect("the list", list, 16600);
+      std::memset(buffer, '?', size);
       return kCannot;
     };
-    PluginMessage message = checked.PlainMessage();
-    message.basicSuite = &other.suite;
+    BasicSuite<1>::tables[KDMBasicSuite::kName] = &lists;
+    checked.module.basicSuite = &BasicSuite<1>::table;
     for (const char* selector : {"Startup", "About", "Shutdown"})
-      Expect(selector, checked.SendPlain("QP Interface", selector, message), kSuccess);
+      Expect(selector, checked.module.Send("QP Interface", selector), kSuccess);
     Expect("about boxes", checked.person.aboutBoxes.size(), 1u);
     for (const auto& [first, second] : checked.person.aboutBoxes)
       Expect("the texts of the box", first + second, "");
-    Expect("suites given back", OtherBasicSuite::releases, std::size(kSuitesOfModule));
-
-    checked.host.RemoveRegistrations(checked.module.Ref());
-    message.basicSuite = checked.host.BasicSuite();
-    Expect("a start-up", checked.SendPlain("QP Interface", "Startup", message), kSuccess);
-    OtherBasicSuite::releases = 0;
-    message.basicSuite = &other.suite;
-    Expect("the shut-down", checked.SendPlain("QP Interface", "Shutdown", message), kSuccess);
-    Expect("suites given back", OtherBasicSuite::releases, std::size(kSuitesOfModule));
-    checked.ExpectNothingLeft();
   });
+
+  add("messages/go-through-latest-basic-suite", ExpectLatestBasicSuite);
 }
 
 }  // namespace check

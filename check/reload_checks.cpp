@@ -1,4 +1,7 @@
-#include <cfenv>
+#include <fenv.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
 #include <clocale>
 #include <csignal>
 #include <cstring>
@@ -22,7 +25,13 @@ struct ModuleCopy : TemporaryFolder {
   const std::filesystem::path file = path / settings.module.filename();
 };
 
-/// What a module could change in the process and leave so when it goes.
+mode_t Umask() {
+  const mode_t mask = umask(0);
+  (void)umask(mask);
+  return mask;
+}
+
+/// What a module could change in the process.
 std::vector<std::string> StateOfProcess() {
   const auto text = [](const char* what, auto value) {
     return what + (" " + std::to_string(reinterpret_cast<uintptr_t>(value)));
@@ -30,7 +39,12 @@ std::vector<std::string> StateOfProcess() {
   std::vector<std::string> state = {
       std::string("locale ") + std::setlocale(LC_ALL, nullptr),
       "folder " + std::filesystem::current_path().string(),
-      "rounding " + std::to_string(std::fegetround()),
+      "rounding " + std::to_string(fegetround()),
+      "floating-point traps " + std::to_string(fegetexcept()),
+#ifdef __SSE__
+      "flush of denormal numbers " + std::to_string(__builtin_ia32_stmxcsr() & 0x8040),
+#endif
+      "mask of new files " + std::to_string(Umask()),
       text("terminate handler", std::get_terminate()),
       text("new handler", std::get_new_handler()),
   };
@@ -39,8 +53,12 @@ std::vector<std::string> StateOfProcess() {
     if (sigaction(number, nullptr, &action) == 0 && action.sa_handler != SIG_DFL)
       state.push_back(text(strsignal(number), action.sa_handler));
   }
-  for (const auto& thread : std::filesystem::directory_iterator("/proc/self/task"))
-    state.push_back("thread " + thread.path().filename().string());
+  for (char** variable = environ; *variable; ++variable)
+    state.push_back("variable " + std::string(*variable));
+  for (const char* things : {"task", "fd"})
+    for (const auto& thing :
+         std::filesystem::directory_iterator(std::string("/proc/self/") + things))
+      state.push_back(things + (" " + thing.path().filename().string()));
   return state;
 }
 
@@ -66,7 +84,7 @@ void AddReloadChecks(const Add& add) {
     Expect("the function's address has changed", table->RunMosaicDialog != firstAddress);
     Expect("about", module.About(), kSuccess);
     Expect("about boxes", running.person.aboutBoxes.size(), 1u);
-    Expect("a dialog that nobody presents", running.RunSampleDialog(), kCannot);
+    running.ExpectDialog("a dialog");
   });
 
   add("reload/waits-without-suites-after-failure", [] {
@@ -84,6 +102,7 @@ void AddReloadChecks(const Add& add) {
     Expect("calls of SetPluginName", host.Operations().Calls("QP Plug-ins Suite/SetPluginName"),
            1u);
     Expect("calls of AddNotifier", host.Operations().Calls("VX Notifier Suite/AddNotifier"), 1u);
+    running.ExpectDialog("a dialog");
   });
 
   add("shut-down/comes-back-for-it", [] {
@@ -137,6 +156,7 @@ void AddReloadChecks(const Add& add) {
     MosaicParameters* params = &record;
     Expect("the shut-down", module.ShutDown(), kRefused);
     Expect("what is kept for the plug-in", module.Globals(), nullptr);
+    const FunctionPresenter presenter([](auto&) { Fail("a dialog is shown"); });
     Expect("a dialog", table->RunMosaicDialog(&state, &params), kCannot);
     Expect("alerts", checked.person.alerts.size(), 1u);
     Expect("users of a suite", host.Suites().Users("QP Access Suite"), 1u);
@@ -148,14 +168,20 @@ void AddReloadChecks(const Add& add) {
     Expect("what is kept for the plug-in", module.Globals(), nullptr);
   });
 
-  add("shut-down/leaves-process-as-it-was", [] {
+  add("life/leaves-process-as-it-was", [] {
     const auto before = StateOfProcess();
     {
       RunningModule running;
+      running.person = {};
+      const auto expectSame = [&](const char* when) { Expect(when, StateOfProcess(), before); };
+      expectSame("the process after the start-up");
       Expect("about", running.module.About(), kSuccess);
-      Expect("a dialog that nobody presents", running.RunSampleDialog(), kCannot);
+      Expect("a notifier", running.module.Notify("VX Application Started Notifier"), kSuccess);
+      expectSame("the process after messages");
+      running.ExpectDialog("a dialog");
+      expectSame("the process after a dialog");
     }
-    Expect("the process", StateOfProcess(), before);
+    Expect("the process after the shut-down", StateOfProcess(), before);
   });
 }
 

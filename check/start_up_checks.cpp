@@ -11,7 +11,7 @@ size_t Blocks() {
   return qpbasic::Ledger::Get().Counts().blocks;
 }
 
-/// The start-up ends with the suite that the host refuses, and gives back those before it.
+/// A start-up ends at the suite that the host refuses, and releases those before it.
 void LacksSuite(size_t index) {
   CheckedModule checked;
   standin::Module& module = checked.module;
@@ -26,7 +26,7 @@ void LacksSuite(size_t index) {
   Expect("the next start-up", module.StartUp(), kSuccess);
 }
 
-/// A second start-up, with a record of its own, fails; the first plug-in goes on.
+/// A second start-up, with a record of its own, fails; the first plug-in stays.
 void SecondFails(const char* refused) {
   const Trying trying(refused);
   CheckedModule checked;
@@ -35,9 +35,9 @@ void SecondFails(const char* refused) {
   Expect("the first start-up", module.StartUp(), kSuccess);
   const MosaicSuite* const table = host.Suites().Find<MosaicSuite>();
   const size_t blocks = Blocks();
-  PluginMessage second = checked.PlainMessage();
+  NotifierMessage second = checked.PlainMessage();
   host.Operations().Refuse(refused, kRefused);
-  Expect("the second", checked.SendPlain("QP Interface", "Startup", second), kRefused);
+  Expect("the second", checked.module.SendPlain("QP Interface", "Startup", second), kRefused);
   Expect("what is kept for the second", second.globals, nullptr);
   // The host may have kept the table of a suite that it refused, so that block is left to it.
   const size_t kept = std::string("QP Suites Suite/AddSuite") == refused;
@@ -46,9 +46,29 @@ void SecondFails(const char* refused) {
   Expect("the answer to \"About\"", module.About(), kSuccess);
   Expect("about boxes", checked.person.aboutBoxes.size(), 1u);
   Expect("the first one's table stays", host.Suites().Find<MosaicSuite>() == table);
-  Expect("a dialog that nobody presents", checked.RunSampleDialog(), kCannot);
+  checked.ExpectDialog("a dialog");
   Expect("the shut-down", module.ShutDown(), kSuccess);
   Expect("kinds of things left", host.Leftovers().size(), kept);
+}
+
+/// Two start-ups succeed. The shut-down of the second releases the suites, and the first counts as
+/// unloaded from then on.
+void SecondSucceeds() {
+  CheckedModule checked;
+  standin::Module& module = checked.module;
+  Expect("the first start-up", module.StartUp(), kSuccess);
+  NotifierMessage second = checked.PlainMessage();
+  second.pluginRef = checked.host.AddPlugin("second");
+  checked.host.Suites().RemoveSuitesOf(module.Ref());  // a host has one suite of a name
+  Expect("the second", checked.module.SendPlain("QP Interface", "Startup", second), kSuccess);
+  Expect("the second's shut-down", checked.module.SendPlain("QP Interface", "Shutdown", second),
+         kSuccess);
+  Expect("users of a suite", checked.host.Suites().Users("QP Access Suite"), 0u);
+  checked.ExpectCalls("about, of the first", {}, [&] { return module.About(); });
+  checked.ExpectCalls("a notifier, of the first", {}, [&] { return module.Notify("VX Other"); });
+  Expect("the first's shut-down", module.ShutDown(), kSuccess);
+  checked.host.RemovePlugin(second.pluginRef);
+  checked.ExpectNothingLeft();
 }
 
 }  // namespace
@@ -65,8 +85,9 @@ void AddStartUpChecks(const Add& add) {
                         [&] { return module.StartUp(); });
     Expect("the plug-in's name", module.Ref()->name, "TesseraeUI");
     Expect("blocks: the object, its set of suites and the published table", Blocks(), blocks + 3);
-    const std::string standing = Text(qpbasic::Ledger::Get().Forgotten());
-    Expect("the table has 8 bytes", standing.find("of 8 bytes") != standing.npos);
+    const std::string table = qpbasic::Ledger::Get().Forgotten().back();
+    Expect("the table has 8 bytes: " + table, table.find("of 8 bytes") != table.npos);
+    Expect("the table is named: " + table, table.find("(TesseraeUI)") != table.npos);
     const auto& notifiers = host.Objects().notifiers.Objects();
     Expect("notifiers", notifiers.size(), 1u);
     if (!notifiers.empty()) {
@@ -77,6 +98,7 @@ void AddStartUpChecks(const Add& add) {
     Expect("the published suite", published.name, MosaicSuite::kName);
     Expect("its version", published.version, 1001);
     Expect("its internal version", published.internalVersion, 1);
+    Expect("its plug-in", published.plugin, module.Ref());
 
     checked.ExpectCalls("the shut-down",
                         Joined({"QP Blocks Suite/FreeBlock"}, WithSuites("release/")),
@@ -97,9 +119,9 @@ void AddStartUpChecks(const Add& add) {
         [](const char*, int32_t) { return ++releases, kSuccess; },
     };
     for (QPBasicSuite* basicSuite : {static_cast<QPBasicSuite*>(nullptr), &withoutTables}) {
-      PluginMessage message = checked.PlainMessage();
+      NotifierMessage message = checked.PlainMessage();
       message.basicSuite = basicSuite;
-      Expect("the answer", checked.SendPlain("QP Interface", "Startup", message), kCannot);
+      Expect("the answer", checked.module.SendPlain("QP Interface", "Startup", message), kCannot);
       Expect("what is kept for the plug-in", message.globals, nullptr);
     }
     Expect("suites given back: the first, and the one for the report", releases, 2u);
@@ -108,8 +130,7 @@ void AddStartUpChecks(const Add& add) {
     checked.ExpectNothingLeft();
   });
 
-  // '!MSG' says that a message is not answered, but a start-up must not pass for one that
-  // succeeded.
+  // '!MSG' means that a message is not handled; a start-up with it has failed all the same.
   add("start-up/refused-as-not-handled", [] {
     CheckedModule checked;
     checked.host.Operations().Refuse("QP Plug-ins Suite/SetPluginName", kNotHandled);
@@ -118,7 +139,23 @@ void AddStartUpChecks(const Add& add) {
     checked.ExpectNothingLeft();
   });
 
-  // Without a block for its table there is none to free.
+  add("start-up/says-that-memory-is-short", [] {
+    size_t block = 0;
+    for (const ResultCode expected : {kOutOfMemory, kOutOfMemory, kParameter}) {
+      const Trying trying("block " + std::to_string(++block));
+      CheckedModule checked;
+      qpbasic::Ledger::Get().Refuse({.countdown = block});
+      Expect("the answer", checked.module.StartUp(), expected);
+      Expect("alerts", checked.person.alerts.size(), 1u);
+      checked.ExpectNothingLeft();
+    }
+    CheckedModule checked;
+    Expect("the start-up", checked.module.StartUp(), kSuccess);
+    Expect("the unload", checked.module.Unload(), kSuccess);
+    qpbasic::Ledger::Get().Refuse({});
+    Expect("the reload", checked.module.Reload(), kOutOfMemory);
+  });
+
   add("start-up/frees-no-block-that-it-lacks", [] {
     CheckedModule checked;
     checked.host.Operations().Throw("QP Blocks Suite/AllocateBlock",
@@ -133,6 +170,7 @@ void AddStartUpChecks(const Add& add) {
                                 "QP Suites Suite/AddSuite"})
       SecondFails(refused);
   });
+  add("start-up/twice-shares-suites", SecondSucceeds);
 }
 
 }  // namespace check

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <cstdlib>
+#include <cstring>
 #include <functional>
 #include <map>
 #include <new>
@@ -19,6 +20,7 @@ struct Block {
   size_t size;
   const char* debugName;
   uint64_t serial;
+  size_t tail = 0;  // watched bytes behind the caller's; a block with some is kept when it is freed
 };
 
 /// Takes memory from malloc: tests count the calls of the global operator new, and the ledger's own
@@ -49,6 +51,15 @@ namespace {
 constexpr size_t kFaultTexts = 100;
 constexpr size_t kRememberedFrees = 1024;
 
+constexpr size_t kWatchedTail = 16;
+constexpr unsigned char kFresh = 0xA5;
+constexpr unsigned char kReleased = 0xDD;
+
+bool Holds(const void* memory, size_t size, unsigned char byte) {
+  const auto* const bytes = static_cast<const unsigned char*>(memory);
+  return std::all_of(bytes, bytes + size, [byte](unsigned char each) { return each == byte; });
+}
+
 std::string Describe(const Block& block) {
   std::ostringstream text;
   text << "block " << block.serial << " of " << block.size << " bytes at " << block.address;
@@ -66,10 +77,15 @@ struct Ledger::Book {
   std::array<Block, kRememberedFrees> lastFreed;
   size_t freed = 0;
   std::vector<std::string> faults;
+  bool watches = false;
 
   bool IsRefused(ResultCode* code);
   const char* Keep(const char* debugName);
-  void NoteFault(void* address);
+  void Note(const std::string& fault);
+  void NoteUnknown(void* address);
+  /// Remembers a block that was freed, in the place of the one that was freed longest ago.
+  void Remember(const Block& block);
+  void CheckReleased(Block& block);
 };
 
 bool Ledger::Book::IsRefused(ResultCode* code) {
@@ -91,19 +107,40 @@ const char* Ledger::Book::Keep(const char* debugName) {
   return debugNames.emplace(debugName).first->c_str();
 }
 
-void Ledger::Book::NoteFault(void* address) {
+void Ledger::Book::Note(const std::string& fault) {
   ++counts.faults;
-  if (faults.size() == kFaultTexts) return;
+  if (faults.size() < kFaultTexts) faults.push_back(fault);
+}
+
+void Ledger::Book::NoteUnknown(void* address) {
   // Addresses come back, so the latest release of this one is the block in question.
   for (size_t back = 1; back <= std::min(freed, kRememberedFrees); ++back) {
     const Block& earlier = lastFreed[(freed - back) % kRememberedFrees];
-    if (earlier.address != address) continue;
-    faults.push_back("freed twice: " + Describe(earlier));
-    return;
+    if (earlier.address == address) return Note("freed twice: " + Describe(earlier));
   }
   std::ostringstream text;
   text << "freed but foreign: " << address;
-  faults.push_back(text.str());
+  Note(text.str());
+}
+
+void Ledger::Book::Remember(const Block& block) {
+  Block& place = lastFreed[freed++ % kRememberedFrees];
+  if (place.tail > 0) {
+    CheckReleased(place);
+    std::free(place.address);
+  }
+  place = block;
+  if (block.tail == 0) return std::free(block.address);
+  char* const bytes = static_cast<char*>(block.address);
+  if (!Holds(bytes + block.size, block.tail, kFresh))
+    Note("written beyond its end: " + Describe(block));
+  std::memset(bytes, kReleased, block.size + block.tail);
+}
+
+void Ledger::Book::CheckReleased(Block& block) {
+  if (block.tail == 0 || Holds(block.address, block.size + block.tail, kReleased)) return;
+  Note("written after its release: " + Describe(block));
+  std::memset(block.address, kReleased, block.size + block.tail);
 }
 
 Ledger::Ledger() : book(new Book) {}
@@ -119,11 +156,13 @@ ResultCode Ledger::Allocate(size_t size, const char* debugName, void** block) no
   ResultCode code = ResultCode::kSuccess;
   if (book->IsRefused(&code)) return code;
   // An address of its own for every block, also for the empty ones.
-  void* memory = std::malloc(std::max<size_t>(size, 1));
+  const size_t tail = book->watches ? kWatchedTail : 0;
+  void* memory = std::malloc(std::max<size_t>(size + tail, 1));
   if (!memory) return ResultCode::kOutOfMemory;
+  if (book->watches) std::memset(memory, kFresh, size + tail);
   try {
     book->standing.try_emplace(
-        memory, Block{memory, size, book->Keep(debugName), book->counts.totalBlocks + 1});
+        memory, Block{memory, size, book->Keep(debugName), book->counts.totalBlocks + 1, tail});
   } catch (...) {
     std::free(memory);
     return ResultCode::kOutOfMemory;
@@ -140,15 +179,18 @@ ResultCode Ledger::Free(void* block) noexcept {
   const auto standing = book->standing.find(block);
   if (standing == book->standing.end()) {
     try {
-      book->NoteFault(block);
+      book->NoteUnknown(block);
     } catch (...) {  // without memory for its text the fault is only counted
     }
     return kUnknownBlock;
   }
-  book->lastFreed[book->freed++ % kRememberedFrees] = standing->second;
-  book->counts.bytes -= standing->second.size;
+  const Block freed = standing->second;
+  book->counts.bytes -= freed.size;
   book->standing.erase(standing);
-  std::free(block);
+  try {
+    book->Remember(freed);
+  } catch (...) {  // without memory for its text a fault is only counted
+  }
   return ResultCode::kSuccess;
 }
 
@@ -172,12 +214,17 @@ std::vector<std::string> Ledger::Forgotten(uint64_t mark) const {
 }
 
 std::vector<std::string> Ledger::Faults() const {
+  for (Block& released : book->lastFreed) book->CheckReleased(released);
   return book->faults;
 }
 
 void Ledger::ForgetFaults() {
   book->faults.clear();
   book->counts.faults = 0;
+}
+
+void Ledger::WatchContents() {
+  book->watches = true;
 }
 
 void Ledger::Refuse(const Refusal& refusal) {

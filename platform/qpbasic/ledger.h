@@ -17,7 +17,7 @@ struct LedgerCounts {
   size_t bytes = 0;        // in them, as they were asked for
   size_t totalBlocks = 0;  // ever given out
   size_t totalBytes = 0;
-  size_t faults = 0;    // frees of something that was no block at the time
+  size_t faults = 0;    // frees of something that was no block, and what WatchContents finds
   size_t refusals = 0;  // allocations that a Refusal turned down
 };
 
@@ -56,6 +56,11 @@ class __attribute__((visibility("default"))) Ledger {
   /// are only counted.
   std::vector<std::string> Faults() const;
   void ForgetFaults();
+
+  /// For checks of a module: from now on blocks are filled with 0xA5 when they are given out and
+  /// with 0xDD when they come back, and are kept for a while afterwards. A write beyond a block's
+  /// end or after its release is a fault, found at its release or by Faults.
+  void WatchContents();
 
   /// Replaces the refusal that is in force, if any.
   void Refuse(const Refusal& refusal);

@@ -50,9 +50,13 @@ std::string LastLoadFailure() {
 
 ModuleImage::ModuleImage(const std::filesystem::path& file) {
   std::error_code error;
-  if (!std::filesystem::is_regular_file(file, error))
+  if (!std::filesystem::exists(file, error))
     throw LoadError(Message("$$$/standin/Module/Absent=cannot load %1: there is no such file",
                             {file.string()}));
+  // dlopen would wait for a writer of a pipe.
+  if (!std::filesystem::is_regular_file(file, error))
+    throw LoadError(Message(
+        "$$$/standin/Module/NotRegular=cannot load %1: it is not a regular file", {file.string()}));
   if (IsCutShort(file))
     throw LoadError(Message("$$$/standin/Module/CutShort=cannot load %1: the file is cut short",
                             {file.string()}));
@@ -140,12 +144,12 @@ ResultCode Module::Notify(const char* type, const char* selector) {
   return Send(messages::kNotifierCaller, selector, message);
 }
 
-ResultCode Module::Send(const char* caller, const char* selector, PluginMessage& message) {
+ResultCode Module::Send(const char* caller, const char* selector, NotifierMessage& message) {
   if (!IsLoaded()) return kNotLoaded;
   message.pluginRef = plugin;
   message.globals = globals;
   message.basicSuite = host.BasicSuite();
-  const ResultCode code = entry(caller, selector, &message);
+  const ResultCode code = Deliver(entry, caller, selector, message);
   globals = message.globals;
   return code;
 }

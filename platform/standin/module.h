@@ -42,7 +42,7 @@ class Module {
   Module(Host& host, const std::filesystem::path& file);
   /// A plug-in whose code is linked into this program.
   Module(Host& host, PluginEntryPoint entry, const std::string& name);
-  ~Module();
+  virtual ~Module();
 
   Module(const Module&) = delete;
   Module& operator=(const Module&) = delete;
@@ -72,8 +72,15 @@ class Module {
   /// What the plug-in keeps with the host; null when it does not run.
   void* Globals() const { return globals; }
 
+ protected:
+  /// Delivers a message of the host's; `message` is a NotifierMessage, whatever the caller.
+  virtual ResultCode Deliver(PluginEntryPoint to, const char* caller, const char* selector,
+                             PluginMessage& message) {
+    return to(caller, selector, &message);
+  }
+
  private:
-  ResultCode Send(const char* caller, const char* selector, PluginMessage& message);
+  ResultCode Send(const char* caller, const char* selector, NotifierMessage& message);
   void Load(const std::filesystem::path& from);
 
   Host& host;

@@ -1,5 +1,5 @@
-// Hands every message on to the sound module and lies in the one way that its file's name says; a
-// name without a lie leaves it sound. Between host and module stand a basic suite, tables of the
+// Passes every message on to the sound module, with the one fault that its file's name says; a name
+// without a fault leaves it sound. Between host and module stand a basic suite, tables of the
 // host's suites and a function of the published suite, all its own.
 
 #include <dlfcn.h>
@@ -7,7 +7,7 @@
 #include <unistd.h>
 
 #include <clocale>
-#include <csignal>
+#include <cstdio>
 #include <cstdlib>
 #include <string_view>
 #include <utility>
@@ -30,18 +30,10 @@ decltype(MosaicSuite::RunMosaicDialog) soundDialog;
 struct Message {
   ResultCode Send() const;
   bool Is(string_view name) const { return selector && selector == name; }
-  bool Begins() const { return Is("Startup") || Is("Reload"); }
 
   const char* caller;
   const char* selector;
   PluginMessage& record;
-};
-
-struct Release {
-  ResultCode Pass() const { return host->Release(suite, version); }
-
-  const char* suite;
-  int32_t version;
 };
 
 /// A dialog that has been run.
@@ -51,16 +43,15 @@ struct Dialog {
   const MosaicParameters given = record;
 };
 
-/// What a lie has in its place; a code is what the sound module has answered.
+/// What a fault replaces. A code is what the sound module has answered.
 using Sending = ResultCode (*)(Message message);
 using Answer = ResultCode (*)(Message message, ResultCode code);
-using Releasing = ResultCode (*)(Release release);
 using DialogEnd = ResultCode (*)(Dialog dialog, ResultCode code);
 using Table = const void* (*)(string_view suite, const void* table);
 
-struct Lie {
+struct Fault {
   const char* name;
-  std::variant<Sending, Answer, Releasing, DialogEnd, Table> replacement;
+  std::variant<Sending, Answer, DialogEnd, Table> replacement;
 };
 
 /// Replaces an operation in its table by a function, whose first argument is the host's own.
@@ -91,62 +82,41 @@ MosaicSuite& PublishedTable(const PluginMessage& record) {
   return **(reinterpret_cast<MosaicSuite**>(static_cast<TesseraeUI*>(record.globals) + 1) - 1);
 }
 
-constexpr Lie kLies[] = {
-    {"suite-without-table-used",
-     [](string_view, const void* table) { return table ? table : (std::abort(), table); }},
-    {"suite-never-released",
-     [](Release held) {
-       return held.suite == string_view("VX Context Suite") ? kSuccess : held.Pass();
-     }},
-    {"suite-released-twice",
-     [](Release held) { return (void)held.Pass(), (void)held.Pass(), kSuccess; }},
-    {"failed-release-passed-over", [](Release held) { return (void)held.Pass(), kSuccess; }},
-    {"notifier-of-another-name",
-     In<&VXNotifierSuite::AddNotifier>([](auto add, PluginRef plugin, auto, auto... more) {
-       return add(plugin, "App Started Notifier", more...);
-     })},
-    {"block-not-freed", In<&QPBlocksSuite::FreeBlock>([](auto...) { return kSuccess; })},
-    {"not-handled-start-up-passes",
-     [](Message, ResultCode code) { return code == ResultCode::kNotHandled ? kSuccess : code; }},
-    {"code-of-one-operation-changed",
-     In<&QPPluginsSuite::SetPluginName>([](auto set, auto... arguments) {
-       return Failed(set(arguments...)) ? ResultCode::kCannot : kSuccess;
-     })},
-    {"exception-leaves",
-     [](Message, ResultCode code) { return code == ResultCode::kOutOfMemory ? throw 7 : code; }},
+void CloseAll() {
+  for (int descriptor = 0; descriptor < 1024; ++descriptor) close(descriptor);
+}
 
-    {"unknown-message-not-handled",
-     [](Message message, ResultCode code) {
-       return message.Is("") ? ResultCode::kNotHandled : code;
-     }},
-    {"answers-although-unloaded",
+constexpr Fault kFaults[] = {
+    {"exits",
+     [](Message message) { return message.Is("About") ? std::exit(0) : void(), message.Send(); }},
+    {"hangs-without-descriptors",
      [](Message message) {
-       if (message.Is("About")) (void)Message{"QP Access", "Reload", message.record}.Send();
+       if (message.Is("About")) CloseAll();
+       while (message.Is("About")) pause();
        return message.Send();
      }},
-    {"context-left-open", In<&VXContextSuite::PopAppContext>([](auto...) { return kSuccess; })},
-    {"context-of-nobody",
-     In<&VXContextSuite::PushAppContext>(
-         [](auto push, PluginRef, ContextHandle* context) { return push(nullptr, context); })},
-    {"basic-suite-of-start-up-kept",
+    {"leaves-process",
      [](Message message) {
-       static QPBasicSuite* kept;
-       if (message.Begins()) kept = message.record.basicSuite;
+       while (message.Is("About") && fork() == 0) pause();
+       return message.Send();
+     }},
+    {"writes-without-end",
+     [](Message message) {
+       while (message.Is("About")) std::puts("About");
+       return message.Send();
+     }},
+    {"refusal-swallowed", In<&QPPluginsSuite::SetPluginName>([](auto set, auto... arguments) {
+       return (void)set(arguments...), kSuccess;
+     })},
+    {"block-not-freed", In<&QPBlocksSuite::FreeBlock>([](auto...) { return kSuccess; })},
+    {"context-left-open", In<&VXContextSuite::PopAppContext>([](auto...) { return kSuccess; })},
+    {"first-basic-suite-kept",
+     [](Message message) {
+       static QPBasicSuite* const kept = message.record.basicSuite;
        QPBasicSuite* const latest = std::exchange(message.record.basicSuite, kept);
        const ResultCode code = message.Send();
        return message.record.basicSuite = latest, code;
      }},
-
-    {"alert-shown-twice", In<&VXUserSuite::ShowErrorAlert>(
-                              [](auto show, auto text) { return (void)show(text), show(text); })},
-    {"text-of-alert-not-released",
-     In<&VXUnicodeStringSuite::Dispose>([](auto...) { return kSuccess; })},
-    {"text-of-alert-released-twice",
-     In<&VXUnicodeStringSuite::Dispose>([](auto dispose, StringHandle* text) {
-       StringHandle copy = *text;
-       return (void)dispose(text), dispose(&copy);
-     })},
-
     {"function-kept-over-reload",
      [](Message message) {
        if (!message.Is("Reload") || !message.record.globals) return message.Send();
@@ -154,69 +124,48 @@ constexpr Lie kLies[] = {
        const ResultCode code = message.Send();
        return PublishedTable(message.record).RunMosaicDialog = former, code;
      }},
-    {"object-lost-without-reload",
-     [](Message message) {
-       static bool hasBegun;
-       hasBegun |= message.Begins();
-       if (message.Is("Shutdown") && !hasBegun) message.record.globals = nullptr;
-       return message.Send();
-     }},
     {"stays-in-memory",
      [](Message message, ResultCode code) {
        Dl_info self{};
-       if (message.Begins() && dladdr(&host, &self)) (void)dlopen(self.dli_fname, RTLD_NOW);
+       if (message.Is("Startup") && dladdr(&host, &self)) (void)dlopen(self.dli_fname, RTLD_NOW);
        return code;
      }},
-    {"handler-left-in-process",
-     [](Message message, ResultCode code) {
-       if (message.Begins()) std::signal(SIGTERM, [](int) { std::abort(); });
-       return code;
-     }},
-    {"locale-of-process-changed",
+    {"locale-changed",
      [](Message, ResultCode code) { return std::setlocale(LC_NUMERIC, "C.UTF-8"), code; }},
     {"descriptor-left-at-reload",
      [](Message message, ResultCode code) {
        return message.Is("Reload") && open("/dev/null", O_RDONLY) < 0 ? ResultCode::kCannot : code;
      }},
-    {"hang-at-odd-selector",
-     [](Message message) {
-       while (message.selector && (message.selector[0] & 0x80) != 0) pause();
-       return message.Send();
+    {"record-of-message-changed",
+     [](Message message, ResultCode code) { return message.record.pluginRef = nullptr, code; }},
+    {"reads-beyond-record",
+     [](Dialog dialog, ResultCode code) {
+       return dialog.params[0][1].isColor == 7 ? ResultCode::kCannot : code;
      }},
-
     {"record-written-on-cancel",
      [](Dialog dialog, ResultCode code) {
        if (code == ResultCode::kCancelled) dialog.record.reserved60 = 0;
        return code;
      }},
-    {"field-not-written",
-     [](Dialog dialog, ResultCode code) {
-       dialog.record.tileSpacingVertical = dialog.given.tileSpacingVertical;
-       return code;
-     }},
-    {"record-written-where-it-was",
-     [](Dialog dialog, ResultCode code) { return dialog.record = **dialog.params, code; }},
-    {"address-of-record-changed",
-     [](Dialog dialog, ResultCode code) { return *dialog.params = nullptr, code; }},
     {"arithmetic-of-its-own",
      In<&VXRealMathSuite::Multiply>([](auto, float a, float b) { return a * b; })},
 };
 
-const Lie* Find() {
+const Fault* Find() {
   Dl_info self{};
   dladdr(&host, &self);
   string_view name = self.dli_fname;
   name.remove_prefix(name.rfind('/') + 1);
-  for (const Lie& lie : kLies)
-    if (name.substr(0, name.find('.')) == lie.name) return &lie;
+  for (const Fault& fault : kFaults)
+    if (name.substr(0, name.find('.')) == fault.name) return &fault;
   return nullptr;
 }
 
-/// Null where the lie is another's.
+/// Null where the fault is of another kind.
 template <class Replacement>
 Replacement Chosen() {
-  static const Lie* const lie = Find();
-  const auto* const chosen = lie ? std::get_if<Replacement>(&lie->replacement) : nullptr;
+  static const Fault* const fault = Find();
+  const auto* const chosen = fault ? std::get_if<Replacement>(&fault->replacement) : nullptr;
   return chosen ? *chosen : nullptr;
 }
 
@@ -227,11 +176,7 @@ QPBasicSuite basicSuite = {
       if (replace && !Failed(code)) *table = replace(suite, *table);
       return code;
     },
-    [](const char* suite, int32_t version) {
-      const Release release = {suite, version};
-      const auto lie = Chosen<Releasing>();
-      return lie ? lie(release) : release.Pass();
-    },
+    [](const char* suite, int32_t version) { return host->Release(suite, version); },
 };
 
 ResultCode RunDialog(MosaicDialogState* state, MosaicParameters** params) {
