@@ -46,6 +46,13 @@ struct Caller : RunningModule {
   MosaicDialogState& state = data.state;
 };
 
+void UseRatio(const OpenDialog& open) {
+  open.Enter("HorizontalCountTxt", "12");
+  open.Enter("NewWidthTxt", "12");
+  open.Click("MosaicUseRatioButton");
+  open.Confirm();
+}
+
 std::vector<float> Pair(const auto& point) {
   return {point.x, point.y};
 }
@@ -212,310 +219,304 @@ void FollowsSizes() {
   });
 }
 
-void AddLayoutChecks(const Add& add) {
-  add("dialog/opens-as-host-places-it", OpensAsHostPlacesIt);
-  add("dialog/shares-layout-with-host", SharesLayoutWithHost);
-  add("dialog/follows-sizes", FollowsSizes);
-
-  add("dialog/binds-buttons-of-their-class", [] {
-    const LayoutFolder layout;
-    Caller caller(layout.Folders());
-    const auto expectButtons = [&](const char* ok, const char* cancel, const char* first) {
-      caller.LookAt([&](const OpenDialog& open) {
-        const auto id = [](const auto& node) {
-          return node ? std::string(node->UI_GetNodeID().View()) : "none";
-        };
-        Expect("the OK button", id(open.dialog.GetOkButton()), ok);
-        Expect("the Cancel button", id(open.dialog.GetCancelButton()), cancel);
-        Expect("the place of " + std::string(first), open.Node(first).UI_GetIndex(), 1u);
-      });
-    };
-    layout.Write({{"id=\"cancelButton", "id=\"cancel_ResetButton"}});
-    expectButtons("okButton", "none", "cancel_ResetButton");
-    layout.Write({{"<button id=\"cancelButton", "<checkbox id=\"cancelButton"}});
-    expectButtons("okButton", "none", "okButton");
-    layout.Write({{"<button id=\"okButton", "<checkbox id=\"okButton"}});
-    expectButtons("none", "cancelButton", "okButton");
-    layout.Write({{"<button id=\"cancelButton", "<space/><row><button id=\"cancelButton"},
-                  {"</row>", "</row></row>"}});
-    expectButtons("okButton", "cancelButton", "okButton");
-  });
-
-  add("dialog/needs-each-control-in-its-class", [] {
-    const LayoutFolder layout;
-    Caller caller(layout.Folders());
-    const auto expectAnswer = [&](ResultCode expected) {
-      caller.record = SampleRecord();
-      const CallerData given = caller.data;
-      Expect("the answer", caller.Run([](const OpenDialog& open) { open.Confirm(); }), expected);
-      if (expected != kSuccess) ExpectFields(caller.data, given);
-    };
-    layout.Write({});
-    expectAnswer(kSuccess);
-    const std::pair<const char*, std::vector<const char*>> kControls[] = {
-        {"label", {"OrigWidthStatic", "OrigHeightStatic"}},
-        {"number",
-         {"NewWidthTxt", "NewHeightTxt", "HorizontalCountTxt", "VerticalCountTxt",
-          "TileSpaceHorzTxt", "TileSpaceVertTxt"}},
-        {"checkbox", {"UsePercentChk", "DeleteRasterChk"}},
-        {"radio", {"HorizontalRadio", "VerticalRadio", "ColorRadio", "GrayRadio"}},
-        {"text-button", {"MosaicUseRatioButton"}},
-    };
-    for (const auto& [element, controls] : kControls) {
-      for (const std::string control : controls) {
-        const Trying trying(control);
-        layout.Write({{" id=\"" + control, " id=\"Other"}});
-        expectAnswer(kCannot);
-        // A button and a box have the same attributes, and a label has some of them.
-        const std::string begin = "<" + std::string(element) + " id=\"" + control + "\"";
-        layout.Write({{begin, "<row id=\"" + control + "\"/>" + begin + " id=\"Other"}});
-      }
-    }
-  });
-}
-
-void AddContentChecks(const Add& add) {
-  add("dialog/shows-source-as-lengths", [] {
-    Caller caller;
-    caller.state.usePercent = 5;
-    caller.record.deleteRaster = 9;
-    caller.LookAt([](const OpenDialog& open) {
-      Expect("the raster goes", open.Get<UI_Checkbox>("DeleteRasterChk").IsChecked());
-      Expect("the source's height", open.Label("OrigHeightStatic"), "200 pt");
-      Expect("the source's width", open.Label("OrigWidthStatic"), "300 pt");
-      Expect("the new height", open.Text("NewHeightTxt"), "100 %");
-    });
-  });
-
-  add("dialog/knows-no-source-size", [] {
-    Caller caller;
-    caller.record.sizeUnavailable = 2;
-    const ResultCode code = caller.Run([](const OpenDialog& open) {
-      Expect("the source's width", open.Label("OrigWidthStatic"), "N/A");
-      Expect("the source's height", open.Label("OrigHeightStatic"), "N/A");
-      open.Get("GrayRadio").SetDisabled(false);
-      open.Click("GrayRadio");
-      open.Get("UsePercentChk").SetDisabled(false);
-      open.Click("UsePercentChk");
-      Expect("the new width, since bounds do not count", open.Text("NewWidthTxt"), "100 pt");
-      open.Confirm();
-    });
-    Expect("the answer", code, kSuccess);
-    Expect("record.isColor, which has no handler", caller.record.isColor, 1);
-    Expect("state.noOriginalSize", caller.state.noOriginalSize, 2);
-  });
-
-  add("dialog/speaks-users-language", [] {
-    auto& localizer = nrvcore::config::Localizer::Get();
-    localizer.SetCatalogues(Resources().host / "translations");
-    localizer.SetLanguage("de");
-    Expect("a German catalogue", localizer.HasCatalogue());
-    const auto text = [&](const char* key) { return Utf8(localizer.Localize(key)); };
-    Caller caller;
-    caller.record.sizeUnavailable = 1;
+void BindsButtonsOfTheirClass() {
+  const LayoutFolder layout;
+  Caller caller(layout.Folders());
+  const auto expectButtons = [&](const char* ok, const char* cancel, const char* first) {
     caller.LookAt([&](const OpenDialog& open) {
-      Expect("the title", Utf8(open.dialog.GetTitle()),
-             text("$$$/Tesserae/Cap/CreateTesserae=Create Tesserae"));
-      for (const char* label : {"OrigWidthStatic", "OrigHeightStatic"})
-        Expect(label, open.Label(label), text("$$$/Tesserae/Str/Misc/1=N/A"));
-    });
-  });
-
-  add("dialog/follows-setting-of-mnemonics", [] {
-    Caller caller;
-    auto& settings = nrvui::ui::UI_NodeManager::Get().GetCustomSettingsManager();
-    const auto expectShown = [&](bool expected) {
-      caller.LookAt([expected](const OpenDialog& open) {
-        Expect("mnemonics", open.Get("UsePercentChk").IsMnemonicShown(), expected);
-      });
-    };
-    expectShown(false);
-    settings.SetSetting("windows.MnemonicsAlwaysOn", true);
-    expectShown(true);
-    settings.SetSetting("windows.MnemonicsAlwaysOn", 1);
-    Expect("with a number for it", caller.Run([](const OpenDialog&) {}), kCannot);
-    settings.SetSetting("windows.MnemonicsAlwaysOn", false);
-    expectShown(false);
-  });
-}
-
-void AddRunChecks(const Add& add) {
-  add("dialog/writes-result-if-not-destroyed", [] {
-    class FailingWindow final : public nrvui::ui::NodeObserver {
-     public:
-      void NodeChanged(UI_Node&) override {}
-      void NodeDestroyed(UI_Node&) override { throw std::runtime_error("window lost"); }
-    } observer;
-    Caller caller;
-    const ResultCode code = caller.Run([&](const OpenDialog& open) {
-      open.dialog.UI_SetObserver(&observer);
-      open.Enter("HorizontalCountTxt", "9");
-      open.Confirm();
-    });
-    Expect("the answer", code, kCannot);
-    Expect("tiles across", caller.record.tilesAcross, 9);
-    Expect("the ratio", caller.state.aspectRatio, 1.5f);
-  });
-
-  // An exception ends the run, and nothing is written.
-  add("dialog/ends-when-presenter-fails", [] {
-    Caller caller;
-    const FunctionPresenter presenter([](UI_Dialog& dialog) {
-      dialog.DefaultCloseOk();
-      throw std::runtime_error("window lost");
-    });
-    const CallerData given = caller.data;
-    Expect("the answer", caller.RunDialog(caller.record, caller.state), kCannot);
-    ExpectFields(caller.data, given);
-    Expect("modal contexts", vx::ui::ModalContext::Depth(), 0);
-  });
-
-  add("dialog/refuses-bad-calls", [] {
-    Caller caller;
-    const auto run = caller.host.Suites().Find<MosaicSuite>()->RunMosaicDialog;
-    MosaicParameters* params = &caller.record;
-    MosaicParameters* none = nullptr;
-    const FunctionPresenter presenter([](UI_Dialog&) { Fail("a dialog is shown"); });
-    Expect("without a state", run(nullptr, &params), kCannot);
-    Expect("without an address", run(&caller.state, nullptr), kCannot);
-    Expect("without a record", run(&caller.state, &none), kCannot);
-    Expect("the unload", caller.module.Send("QP Access", "Unload"), kSuccess);
-    Expect("after an unload", run(&caller.state, &params), kCannot);
-    Expect("the shut-down", caller.module.ShutDown(), kSuccess);
-    Expect("after a shut-down", run(&caller.state, &params), kCannot);
-  });
-
-  add("dialog/writes-to-record-of-the-moment", [] {
-    Caller caller;
-    const CallerData given = caller.data;
-    MosaicParameters moved{};
-    MosaicParameters* params = &caller.record;
-    const FunctionPresenter presenter([&](UI_Dialog& dialog) {
-      params = &moved;
-      dialog.OnReturnKey();
-    });
-    const auto* const suite = caller.host.Suites().Find<MosaicSuite>();
-    Expect("the answer", suite->RunMosaicDialog(&caller.state, &params), kSuccess);
-    Expect("the record's address", params, &moved);
-    Expect("tiles across", moved.tilesAcross, 30);
-    ExpectFields({caller.record, given.state}, given);
-  });
-
-  // The dialog works on copies until it has closed.
-  add("dialog/writes-nothing-while-open", [] {
-    Caller caller;
-    const CallerData given = caller.data;
-    MosaicParameters* params = &caller.record;
-    const FunctionPresenter presenter([&](UI_Dialog& dialog) {
-      const OpenDialog open{dialog};
-      for (const char* control : {"GrayRadio", "UsePercentChk", "DeleteRasterChk"})
-        open.Click(control);
-      open.Confirm();
-      ExpectFields(caller.data, given);
-    });
-    const auto* const suite = caller.host.Suites().Find<MosaicSuite>();
-    Expect("the answer", suite->RunMosaicDialog(&caller.state, &params), kSuccess);
-    Expect("record.isColor", caller.record.isColor, 0);
-  });
-}
-
-void UseRatio(const OpenDialog& open) {
-  open.Enter("HorizontalCountTxt", "12");
-  open.Enter("NewWidthTxt", "12");
-  open.Click("MosaicUseRatioButton");
-  open.Confirm();
-}
-
-void AddRatioChecks(const Add& add) {
-  // Without an answer of the host's, a field keeps its value; the other is set all the same.
-  add("dialog/computes-ratio-through-host", [] {
-    struct {
-      const char* refused;
-      size_t call;
-      int32_t tilesDown;
-      float newHeight;
-    } const cases[] = {{"VX Real Math Suite/Divide", 1, 20, 200},
-                       {"VX Real Math Suite/Multiply", 1, 20, 8},
-                       {"VX Real Math Suite/Multiply", 2, 8, 200}};
-    Caller caller;
-    for (const auto& [refused, call, tilesDown, newHeight] : cases) {
-      const Trying trying(std::string(refused) + ", call " + std::to_string(call));
-      caller.record = SampleRecord();
-      caller.host.Operations().Refuse(refused, kCannot, call);
-      Expect("the answer", caller.Run(UseRatio), kSuccess);
-      Expect("tiles down", caller.record.tilesDown, tilesDown);
-      Expect("the new height", caller.record.newHeight, newHeight);
-    }
-    Expect("the unload", caller.module.Send("QP Access", "Unload"), kSuccess);
-    caller.host.Operations().Refuse("acquire/QP Access Suite", kRefused);
-    Expect("the reload", caller.module.Send("QP Access", "Reload"), kRefused);
-    Expect("the answer, with the suite borrowed", caller.Run(UseRatio), kSuccess);
-    Expect("tiles down", caller.record.tilesDown, 8);
-    Expect("the new height", caller.record.newHeight, 8.0f);
-  });
-
-  // Code may give a field any value.
-  add("dialog/reads-fields-as-whole-numbers", [] {
-    Caller caller;
-    const ResultCode code = caller.Run([](const OpenDialog& open) {
-      const auto field = [&](const char* id) -> auto& {
-        return open.Get<UI_UnitNumberEdit>(id);
+      const auto id = [](const auto& node) {
+        return node ? std::string(node->UI_GetNodeID().View()) : "none";
       };
-      field("HorizontalCountTxt").SetNumber(65546.9);
-      field("NewWidthTxt").SetNumber(-7.9);
-      open.Click("MosaicUseRatioButton");
-      Expect("tiles down, from the low 16 bits", field("VerticalCountTxt").GetNumber(), 7);
-      Expect("the new height, rounded away from zero", field("NewHeightTxt").GetNumber(), -5);
-      field("TileSpaceHorzTxt").SetNumber(2.9);
-      field("TileSpaceVertTxt").SetNumber(-2.9);
-      field("VerticalCountTxt").SetNumber(70000.9);
-      open.Confirm();
+      Expect("the OK button", id(open.dialog.GetOkButton()), ok);
+      Expect("the Cancel button", id(open.dialog.GetCancelButton()), cancel);
+      Expect("the place of " + std::string(first), open.Node(first).UI_GetIndex(), 1u);
     });
-    Expect("the answer", code, kSuccess);
-    Expect("record.tileSpacingHorizontal", caller.record.tileSpacingHorizontal, 2);
-    Expect("record.tileSpacingVertical", caller.record.tileSpacingVertical, -2);
-    Expect("record.tilesAcross", caller.record.tilesAcross, 65546);
-    Expect("record.tilesDown", caller.record.tilesDown, 70000);
-    Expect("record.newWidth", caller.record.newWidth, -7.9f);
-  });
+  };
+  layout.Write({{"id=\"cancelButton", "id=\"cancel_ResetButton"}});
+  expectButtons("okButton", "none", "cancel_ResetButton");
+  layout.Write({{"<button id=\"cancelButton", "<checkbox id=\"cancelButton"}});
+  expectButtons("okButton", "none", "okButton");
+  layout.Write({{"<button id=\"okButton", "<checkbox id=\"okButton"}});
+  expectButtons("none", "cancelButton", "okButton");
+  layout.Write({{"<button id=\"cancelButton", "<space/><row><button id=\"cancelButton"},
+                {"</row>", "</row></row>"}});
+  expectButtons("okButton", "cancelButton", "okButton");
+}
 
-  add("dialog/uses-first-control-of-exact-id", [] {
-    Caller caller;
-    const ResultCode code = caller.Run([](const OpenDialog& open) {
-      const auto& former = open.Get<UI_UnitNumberEdit>("VerticalCountTxt");
-      std::vector<boost::intrusive_ptr<UI_UnitNumberEdit>> fields;
-      // Nearer to the root than the layout's own; of two at one depth, the first counts.
-      for (const char* id : {"verticalCountTxt", "VerticalCountTx", "VerticalCountTxt ",
-                             "VerticalCountTxt", "VerticalCountTxt"}) {
-        fields.emplace_back(new UI_UnitNumberEdit)->UI_SetNodeID(id);
-        open.dialog.GetRootView()->ChildPushBack(fields.back());
-      }
-      open.Enter("HorizontalCountTxt", "12");
-      open.Click("MosaicUseRatioButton");
-      for (const auto& field : fields)
-        Expect("a field", field->GetNumber(), field == fields[3] ? 8 : 0);
-      Expect("the field of the layout", former.GetNumber(), 20);
-      // The root itself comes first, and the dialog is not searched.
-      open.dialog.UI_SetNodeID("okButton");
-      open.Confirm();
-    });
-    Expect("the answer", code, kSuccess);
-    Expect("tiles down", caller.record.tilesDown, 8);
-    const FunctionPresenter presenter([](UI_Dialog& dialog) {
-      dialog.GetRootView()->UI_SetNodeID("VerticalCountTxt");
-      OpenDialog{dialog}.Confirm();
-    });
-    Expect("the answer where the root has the ID of a field", caller.RunSampleDialog(), kCannot);
+void NeedsEachControlInItsClass() {
+  const LayoutFolder layout;
+  Caller caller(layout.Folders());
+  const auto expectAnswer = [&](ResultCode expected) {
+    caller.record = SampleRecord();
+    const CallerData given = caller.data;
+    Expect("the answer", caller.Run([](const OpenDialog& open) { open.Confirm(); }), expected);
+    if (expected != kSuccess) ExpectFields(caller.data, given);
+  };
+  layout.Write({});
+  expectAnswer(kSuccess);
+  const std::pair<const char*, std::vector<const char*>> kControls[] = {
+      {"label", {"OrigWidthStatic", "OrigHeightStatic"}},
+      {"number",
+       {"NewWidthTxt", "NewHeightTxt", "HorizontalCountTxt", "VerticalCountTxt", "TileSpaceHorzTxt",
+        "TileSpaceVertTxt"}},
+      {"checkbox", {"UsePercentChk", "DeleteRasterChk"}},
+      {"radio", {"HorizontalRadio", "VerticalRadio", "ColorRadio", "GrayRadio"}},
+      {"text-button", {"MosaicUseRatioButton"}},
+  };
+  for (const auto& [element, controls] : kControls) {
+    for (const std::string control : controls) {
+      const Trying trying(control);
+      layout.Write({{" id=\"" + control, " id=\"Other"}});
+      expectAnswer(kCannot);
+      // A button and a box have the same attributes, and a label has some of them.
+      const std::string begin = "<" + std::string(element) + " id=\"" + control + "\"";
+      layout.Write({{begin, "<row id=\"" + control + "\"/>" + begin + " id=\"Other"}});
+    }
+  }
+}
+
+void ShowsSourceAsLengths() {
+  Caller caller;
+  caller.state.usePercent = 5;
+  caller.record.deleteRaster = 9;
+  caller.LookAt([](const OpenDialog& open) {
+    Expect("the raster goes", open.Get<UI_Checkbox>("DeleteRasterChk").IsChecked());
+    Expect("the source's height", open.Label("OrigHeightStatic"), "200 pt");
+    Expect("the source's width", open.Label("OrigWidthStatic"), "300 pt");
+    Expect("the new height", open.Text("NewHeightTxt"), "100 %");
   });
+}
+
+void KnowsNoSourceSize() {
+  Caller caller;
+  caller.record.sizeUnavailable = 2;
+  const ResultCode code = caller.Run([](const OpenDialog& open) {
+    Expect("the source's width", open.Label("OrigWidthStatic"), "N/A");
+    Expect("the source's height", open.Label("OrigHeightStatic"), "N/A");
+    open.Get("GrayRadio").SetDisabled(false);
+    open.Click("GrayRadio");
+    open.Get("UsePercentChk").SetDisabled(false);
+    open.Click("UsePercentChk");
+    Expect("the new width, since bounds do not count", open.Text("NewWidthTxt"), "100 pt");
+    open.Confirm();
+  });
+  Expect("the answer", code, kSuccess);
+  Expect("record.isColor, which has no handler", caller.record.isColor, 1);
+  Expect("state.noOriginalSize", caller.state.noOriginalSize, 2);
+}
+
+void SpeaksUsersLanguage() {
+  auto& localizer = nrvcore::config::Localizer::Get();
+  localizer.SetCatalogues(Resources().host / "translations");
+  localizer.SetLanguage("de");
+  Expect("a German catalogue", localizer.HasCatalogue());
+  const auto text = [&](const char* key) { return Utf8(localizer.Localize(key)); };
+  Caller caller;
+  caller.record.sizeUnavailable = 1;
+  caller.LookAt([&](const OpenDialog& open) {
+    Expect("the title", Utf8(open.dialog.GetTitle()),
+           text("$$$/Tesserae/Cap/CreateTesserae=Create Tesserae"));
+    for (const char* label : {"OrigWidthStatic", "OrigHeightStatic"})
+      Expect(label, open.Label(label), text("$$$/Tesserae/Str/Misc/1=N/A"));
+  });
+}
+
+void FollowsSettingOfMnemonics() {
+  Caller caller;
+  auto& settings = nrvui::ui::UI_NodeManager::Get().GetCustomSettingsManager();
+  const auto expectShown = [&](bool expected) {
+    caller.LookAt([expected](const OpenDialog& open) {
+      Expect("mnemonics", open.Get("UsePercentChk").IsMnemonicShown(), expected);
+    });
+  };
+  expectShown(false);
+  settings.SetSetting("windows.MnemonicsAlwaysOn", true);
+  expectShown(true);
+  settings.SetSetting("windows.MnemonicsAlwaysOn", 1);
+  Expect("with a number for it", caller.Run([](const OpenDialog&) {}), kCannot);
+  settings.SetSetting("windows.MnemonicsAlwaysOn", false);
+  expectShown(false);
+}
+
+void WritesResultIfNotDestroyed() {
+  class FailingWindow final : public nrvui::ui::NodeObserver {
+   public:
+    void NodeChanged(UI_Node&) override {}
+    void NodeDestroyed(UI_Node&) override { throw std::runtime_error("window lost"); }
+  } observer;
+  Caller caller;
+  const ResultCode code = caller.Run([&](const OpenDialog& open) {
+    open.dialog.UI_SetObserver(&observer);
+    open.Enter("HorizontalCountTxt", "9");
+    open.Confirm();
+  });
+  Expect("the answer", code, kCannot);
+  Expect("tiles across", caller.record.tilesAcross, 9);
+  Expect("the ratio", caller.state.aspectRatio, 1.5f);
+}
+
+// An exception ends the run, and nothing is written.
+void EndsWhenPresenterFails() {
+  Caller caller;
+  const FunctionPresenter presenter([](UI_Dialog& dialog) {
+    dialog.DefaultCloseOk();
+    throw std::runtime_error("window lost");
+  });
+  const CallerData given = caller.data;
+  Expect("the answer", caller.RunDialog(caller.record, caller.state), kCannot);
+  ExpectFields(caller.data, given);
+  Expect("modal contexts", vx::ui::ModalContext::Depth(), 0);
+}
+
+void RefusesBadCalls() {
+  Caller caller;
+  const auto run = caller.host.Suites().Find<MosaicSuite>()->RunMosaicDialog;
+  MosaicParameters* params = &caller.record;
+  MosaicParameters* none = nullptr;
+  const FunctionPresenter presenter([](UI_Dialog&) { Fail("a dialog is shown"); });
+  Expect("without a state", run(nullptr, &params), kCannot);
+  Expect("without an address", run(&caller.state, nullptr), kCannot);
+  Expect("without a record", run(&caller.state, &none), kCannot);
+  Expect("the unload", caller.module.Send("QP Access", "Unload"), kSuccess);
+  Expect("after an unload", run(&caller.state, &params), kCannot);
+  Expect("the shut-down", caller.module.ShutDown(), kSuccess);
+  Expect("after a shut-down", run(&caller.state, &params), kCannot);
+}
+
+void WritesToRecordOfTheMoment() {
+  Caller caller;
+  const CallerData given = caller.data;
+  MosaicParameters moved{};
+  MosaicParameters* params = &caller.record;
+  const FunctionPresenter presenter([&](UI_Dialog& dialog) {
+    params = &moved;
+    dialog.OnReturnKey();
+  });
+  const auto* const suite = caller.host.Suites().Find<MosaicSuite>();
+  Expect("the answer", suite->RunMosaicDialog(&caller.state, &params), kSuccess);
+  Expect("the record's address", params, &moved);
+  Expect("tiles across", moved.tilesAcross, 30);
+  ExpectFields({caller.record, given.state}, given);
+}
+
+// The dialog works on copies until it has closed.
+void WritesNothingWhileOpen() {
+  Caller caller;
+  const CallerData given = caller.data;
+  MosaicParameters* params = &caller.record;
+  const FunctionPresenter presenter([&](UI_Dialog& dialog) {
+    const OpenDialog open{dialog};
+    for (const char* control : {"GrayRadio", "UsePercentChk", "DeleteRasterChk"})
+      open.Click(control);
+    open.Confirm();
+    ExpectFields(caller.data, given);
+  });
+  const auto* const suite = caller.host.Suites().Find<MosaicSuite>();
+  Expect("the answer", suite->RunMosaicDialog(&caller.state, &params), kSuccess);
+  Expect("record.isColor", caller.record.isColor, 0);
+}
+
+// Without an answer of the host's, a field keeps its value; the other is set all the same.
+void ComputesRatioThroughHost() {
+  struct {
+    const char* refused;
+    size_t call;
+    int32_t tilesDown;
+    float newHeight;
+  } const cases[] = {{"VX Real Math Suite/Divide", 1, 20, 200},
+                     {"VX Real Math Suite/Multiply", 1, 20, 8},
+                     {"VX Real Math Suite/Multiply", 2, 8, 200}};
+  Caller caller;
+  for (const auto& [refused, call, tilesDown, newHeight] : cases) {
+    const Trying trying(std::string(refused) + ", call " + std::to_string(call));
+    caller.record = SampleRecord();
+    caller.host.Operations().Refuse(refused, kCannot, call);
+    Expect("the answer", caller.Run(UseRatio), kSuccess);
+    Expect("tiles down", caller.record.tilesDown, tilesDown);
+    Expect("the new height", caller.record.newHeight, newHeight);
+  }
+  Expect("the unload", caller.module.Send("QP Access", "Unload"), kSuccess);
+  caller.host.Operations().Refuse("acquire/QP Access Suite", kRefused);
+  Expect("the reload", caller.module.Send("QP Access", "Reload"), kRefused);
+  Expect("the answer, with the suite borrowed", caller.Run(UseRatio), kSuccess);
+  Expect("tiles down", caller.record.tilesDown, 8);
+  Expect("the new height", caller.record.newHeight, 8.0f);
+}
+
+// Code may give a field any value.
+void ReadsFieldsAsWholeNumbers() {
+  Caller caller;
+  const ResultCode code = caller.Run([](const OpenDialog& open) {
+    const auto field = [&](const char* id) -> auto& {
+      return open.Get<UI_UnitNumberEdit>(id);
+    };
+    field("HorizontalCountTxt").SetNumber(65546.9);
+    field("NewWidthTxt").SetNumber(-7.9);
+    open.Click("MosaicUseRatioButton");
+    Expect("tiles down, from the low 16 bits", field("VerticalCountTxt").GetNumber(), 7);
+    Expect("the new height, rounded away from zero", field("NewHeightTxt").GetNumber(), -5);
+    field("TileSpaceHorzTxt").SetNumber(2.9);
+    field("TileSpaceVertTxt").SetNumber(-2.9);
+    field("VerticalCountTxt").SetNumber(70000.9);
+    open.Confirm();
+  });
+  Expect("the answer", code, kSuccess);
+  Expect("record.tileSpacingHorizontal", caller.record.tileSpacingHorizontal, 2);
+  Expect("record.tileSpacingVertical", caller.record.tileSpacingVertical, -2);
+  Expect("record.tilesAcross", caller.record.tilesAcross, 65546);
+  Expect("record.tilesDown", caller.record.tilesDown, 70000);
+  Expect("record.newWidth", caller.record.newWidth, -7.9f);
+}
+
+void UsesFirstControlOfExactId() {
+  Caller caller;
+  const ResultCode code = caller.Run([](const OpenDialog& open) {
+    const auto& former = open.Get<UI_UnitNumberEdit>("VerticalCountTxt");
+    std::vector<boost::intrusive_ptr<UI_UnitNumberEdit>> fields;
+    // Nearer to the root than the layout's own; of two at one depth, the first counts.
+    for (const char* id : {"verticalCountTxt", "VerticalCountTx", "VerticalCountTxt ",
+                           "VerticalCountTxt", "VerticalCountTxt"}) {
+      fields.emplace_back(new UI_UnitNumberEdit)->UI_SetNodeID(id);
+      open.dialog.GetRootView()->ChildPushBack(fields.back());
+    }
+    open.Enter("HorizontalCountTxt", "12");
+    open.Click("MosaicUseRatioButton");
+    for (const auto& field : fields)
+      Expect("a field", field->GetNumber(), field == fields[3] ? 8 : 0);
+    Expect("the field of the layout", former.GetNumber(), 20);
+    // The root itself comes first, and the dialog is not searched.
+    open.dialog.UI_SetNodeID("okButton");
+    open.Confirm();
+  });
+  Expect("the answer", code, kSuccess);
+  Expect("tiles down", caller.record.tilesDown, 8);
+  const FunctionPresenter presenter([](UI_Dialog& dialog) {
+    dialog.GetRootView()->UI_SetNodeID("VerticalCountTxt");
+    OpenDialog{dialog}.Confirm();
+  });
+  Expect("the answer where the root has the ID of a field", caller.RunSampleDialog(), kCannot);
 }
 
 }  // namespace
 
 void AddDialogChecks(const Add& add) {
-  AddLayoutChecks(add);
-  AddContentChecks(add);
-  AddRunChecks(add);
-  AddRatioChecks(add);
+  add("dialog/opens-as-host-places-it", OpensAsHostPlacesIt);
+  add("dialog/shares-layout-with-host", SharesLayoutWithHost);
+  add("dialog/follows-sizes", FollowsSizes);
+  add("dialog/binds-buttons-of-their-class", BindsButtonsOfTheirClass);
+  add("dialog/needs-each-control-in-its-class", NeedsEachControlInItsClass);
+  add("dialog/shows-source-as-lengths", ShowsSourceAsLengths);
+  add("dialog/knows-no-source-size", KnowsNoSourceSize);
+  add("dialog/speaks-users-language", SpeaksUsersLanguage);
+  add("dialog/follows-setting-of-mnemonics", FollowsSettingOfMnemonics);
+  add("dialog/writes-result-if-not-destroyed", WritesResultIfNotDestroyed);
+  add("dialog/ends-when-presenter-fails", EndsWhenPresenterFails);
+  add("dialog/refuses-bad-calls", RefusesBadCalls);
+  add("dialog/writes-to-record-of-the-moment", WritesToRecordOfTheMoment);
+  add("dialog/writes-nothing-while-open", WritesNothingWhileOpen);
+  add("dialog/computes-ratio-through-host", ComputesRatioThroughHost);
+  add("dialog/reads-fields-as-whole-numbers", ReadsFieldsAsWholeNumbers);
+  add("dialog/uses-first-control-of-exact-id", UsesFirstControlOfExactId);
 }
 
 }  // namespace check

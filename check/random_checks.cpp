@@ -339,6 +339,55 @@ void KeepMemoryAndSpeed() {
 #endif
 }
 
+void DamagedLayouts() {
+  const char* const kLayout = "layouts/16301.xml";
+  const std::string original = ContentOf(Resources().plugin / kLayout);
+  const std::string gestures =
+      "enter HorizontalCountTxt 40\nenter NewWidthTxt 2.5 in\nclick UsePercentChk\n"
+      "click MosaicUseRatioButton\nresize 480 360\nclick GrayRadio\nkey Return";
+  const TemporaryFolder resources;
+  RunningModule running({resources.path, resources.path});
+  ForEachSeed(0, Count(1500, 150000), [&](Random& random) {
+    const std::string layout = Once(random, 2) ? original : Damaged(random, original);
+    const std::string played = Once(random, 2) ? gestures : Damaged(random, gestures);
+    const auto script = ReadOrRefused<nrvui::gestures::ScriptError>(
+        [&] { return nrvui::gestures::GestureScript::Parse(played, "gestures"); });
+    if (!script) return;
+    const bool isRead = ReadOrRefused<standin::ResourceError>([&] {
+                          return standin::ParseLayout(layout, kLayout, standin::MakeLiveToken());
+                        }).has_value();
+    resources.Write(kLayout, layout);
+    nrvui::gestures::ScriptedPresenter person(*script);
+    const nrvui::ui::InstalledPresenter installed(person);
+    Tell(played);
+    CallerData data{};
+    const ResultCode code = running.RunDialog(data.record, data.state);
+    if (code != kSuccess) ExpectFields(data, {});
+    if (person.Error()) Expect("the answer", code, kCancelled);
+    if (!isRead) Expect("the answer without a layout", code, kCannot);
+    Expect("left of the sheet", running.host.Sheets().Leftovers(), Calls());
+  });
+}
+
+void DamagedTexts() {
+  const std::string original = ContentOf(Resources().plugin / "strings/16050.txt");
+  ForEachSeed(0, Count(1500, 150000), [&](Random& random) {
+    std::istringstream text(Damaged(random, original));
+    const auto list = ReadOrRefused<standin::ResourceError>(
+        [&] { return standin::ReadStringList(text, "16050.txt"); });
+    if (!list) return;
+    CheckedModule checked;
+    checked.host.Lists().Replace(standin::ListOwner::kPlugin, 16050, *list);
+    const auto code = ResultCode{static_cast<int32_t>(Below(random, 1000)) + 1};
+    checked.host.Operations().Refuse("QP Plug-ins Suite/SetPluginName", code);
+    Expect("the start-up", checked.module.StartUp(), code);
+    if (checked.person.alerts.size() > 1) Expect("alerts", checked.person.alerts.size(), 1u);
+    for (const std::string& alert : checked.person.alerts)
+      if (alert.size() > 255 || !nrvcore::utility::IsValidUTF8(alert)) Fail("alert: " + alert);
+    checked.ExpectNothingLeft();
+  });
+}
+
 }  // namespace
 
 void AddRandomChecks(const Add& add) {
@@ -349,54 +398,8 @@ void AddRandomChecks(const Add& add) {
   addParts("random/dialogs-", 8, PlayDialogs);
   addParts("random/messages-", 4, SendMessages);
 
-  add("random/damaged-layouts", [] {
-    const char* const kLayout = "layouts/16301.xml";
-    const std::string original = ContentOf(Resources().plugin / kLayout);
-    const std::string gestures =
-        "enter HorizontalCountTxt 40\nenter NewWidthTxt 2.5 in\nclick UsePercentChk\n"
-        "click MosaicUseRatioButton\nresize 480 360\nclick GrayRadio\nkey Return";
-    const TemporaryFolder resources;
-    RunningModule running({resources.path, resources.path});
-    ForEachSeed(0, Count(1500, 150000), [&](Random& random) {
-      const std::string layout = Once(random, 2) ? original : Damaged(random, original);
-      const std::string played = Once(random, 2) ? gestures : Damaged(random, gestures);
-      const auto script = ReadOrRefused<nrvui::gestures::ScriptError>(
-          [&] { return nrvui::gestures::GestureScript::Parse(played, "gestures"); });
-      if (!script) return;
-      const bool isRead = ReadOrRefused<standin::ResourceError>([&] {
-                            return standin::ParseLayout(layout, kLayout, standin::MakeLiveToken());
-                          }).has_value();
-      resources.Write(kLayout, layout);
-      nrvui::gestures::ScriptedPresenter person(*script);
-      const nrvui::ui::InstalledPresenter installed(person);
-      Tell(played);
-      CallerData data{};
-      const ResultCode code = running.RunDialog(data.record, data.state);
-      if (code != kSuccess) ExpectFields(data, {});
-      if (person.Error()) Expect("the answer", code, kCancelled);
-      if (!isRead) Expect("the answer without a layout", code, kCannot);
-      Expect("left of the sheet", running.host.Sheets().Leftovers(), Calls());
-    });
-  });
-
-  add("random/damaged-texts", [] {
-    const std::string original = ContentOf(Resources().plugin / "strings/16050.txt");
-    ForEachSeed(0, Count(1500, 150000), [&](Random& random) {
-      std::istringstream text(Damaged(random, original));
-      const auto list = ReadOrRefused<standin::ResourceError>(
-          [&] { return standin::ReadStringList(text, "16050.txt"); });
-      if (!list) return;
-      CheckedModule checked;
-      checked.host.Lists().Replace(standin::ListOwner::kPlugin, 16050, *list);
-      const auto code = ResultCode{static_cast<int32_t>(Below(random, 1000)) + 1};
-      checked.host.Operations().Refuse("QP Plug-ins Suite/SetPluginName", code);
-      Expect("the start-up", checked.module.StartUp(), code);
-      if (checked.person.alerts.size() > 1) Expect("alerts", checked.person.alerts.size(), 1u);
-      for (const std::string& alert : checked.person.alerts)
-        if (alert.size() > 255 || !nrvcore::utility::IsValidUTF8(alert)) Fail("alert: " + alert);
-      checked.ExpectNothingLeft();
-    });
-  });
+  add("random/damaged-layouts", DamagedLayouts);
+  add("random/damaged-texts", DamagedTexts);
 
   add("life/keeps-memory-and-speed", KeepMemoryAndSpeed);
 }

@@ -62,127 +62,134 @@ std::vector<std::string> StateOfProcess() {
   return state;
 }
 
+void LeavesAndComesBackElsewhere() {
+  RunningModule running;
+  standin::Module& module = running.module;
+  const MosaicSuite* const table = running.host.Suites().Find<MosaicSuite>();
+  const auto firstAddress = table->RunMosaicDialog;
+  void* const object = module.Globals();
+  Expect("in memory", IsInMemory(settings.module));
+  Expect("the unload", module.Unload(), kSuccess);
+  Expect("in memory after the unload", IsInMemory(settings.module), false);
+
+  const ModuleCopy copy;
+  const standin::ModuleImage occupant(settings.module);  // takes the place where the module was
+  running.ExpectCalls("the reload", WithSuites("acquire/"),
+                      [&] { return module.Reload(copy.file); });
+  Expect("the same object", module.Globals() == object);
+  Expect("the same table", running.host.Suites().Find<MosaicSuite>() == table);
+  Expect("the function's address has changed", table->RunMosaicDialog != firstAddress);
+  Expect("about", module.About(), kSuccess);
+  Expect("about boxes", running.person.aboutBoxes.size(), 1u);
+  running.ExpectDialog("a dialog");
+}
+
+void WaitsWithoutSuitesAfterFailure() {
+  RunningModule running;
+  standin::Host& host = running.host;
+  standin::Module& module = running.module;
+  Expect("the unload", module.Unload(), kSuccess);
+  host.Operations().Refuse("acquire/VX Context Suite", kRefused);
+  Expect("the reload", module.Reload(), kRefused);
+  Expect("suites in use", host.Suites().Users("QP Access Suite"), 0u);
+  Expect("alerts", running.person.alerts.size(), 1u);
+  Expect("about", module.About(), kSuccess);
+  Expect("about boxes", running.person.aboutBoxes.size(), 0u);
+  Expect("the next reload", module.Reload(), kSuccess);
+  Expect("calls of SetPluginName", host.Operations().Calls("QP Plug-ins Suite/SetPluginName"), 1u);
+  Expect("calls of AddNotifier", host.Operations().Calls("VX Notifier Suite/AddNotifier"), 1u);
+  running.ExpectDialog("a dialog");
+}
+
+void ComesBackForIt() {
+  RunningModule running;
+  Expect("the unload", running.module.Unload(), kSuccess);
+  const Calls end = Joined({"QP Blocks Suite/FreeBlock"}, WithSuites("release/"));
+  running.ExpectCalls("the shut-down", Joined(WithSuites("acquire/"), end),
+                      [&] { return running.module.ShutDown(); });
+}
+
+void ElsewhereWithoutReload() {
+  standin::RecordingUserInterface person;
+  standin::Host host(person);
+  PluginMessage message{};
+  message.pluginRef = host.AddPlugin("TesseraeUI");
+  message.basicSuite = host.BasicSuite();
+  {
+    const standin::ModuleImage first(settings.module);
+    Expect("the start-up", first.Entry()("QP Interface", "Startup", &message), kSuccess);
+    Expect("the unload", first.Entry()("QP Access", "Unload", &message), kSuccess);
+  }
+  const ModuleCopy copy;
+  const standin::ModuleImage occupant(settings.module);  // takes the place where the module was
+  const standin::ModuleImage second(copy.file);
+  Expect("the shut-down", second.Entry()("QP Interface", "Shutdown", &message), kSuccess);
+  Expect("what is kept for the plug-in", message.globals, nullptr);
+  host.RemovePlugin(message.pluginRef);
+  Expect("what is left", host.Leftovers(), Calls());
+}
+
+// A suite that cannot be given back ends the walk; it and those after it stay in use.
+void StopsAtSuiteThatCannotGoBack() {
+  CheckedModule checked;
+  Expect("the start-up", checked.module.StartUp(), kSuccess);
+  checked.host.Operations().Refuse("release/QP Plug-ins Suite", kRefused);
+  Expect("the shut-down", checked.module.ShutDown(), kSuccess);
+  size_t users = 0;  // of the first; one of each other
+  for (const char* suite : kSuitesOfModule)
+    Expect(suite, checked.host.Suites().Users(suite), std::exchange(users, 1));
+}
+
+void EndsWithoutFreeingTable() {
+  CheckedModule checked;
+  standin::Host& host = checked.host;
+  standin::Module& module = checked.module;
+  Expect("the start-up", module.StartUp(), kSuccess);
+  const MosaicSuite* const table = host.Suites().Find<MosaicSuite>();
+  host.Operations().Refuse("QP Blocks Suite/FreeBlock", kRefused);
+  MosaicParameters record = SampleRecord();
+  MosaicDialogState state{};
+  MosaicParameters* params = &record;
+  Expect("the shut-down", module.ShutDown(), kRefused);
+  Expect("what is kept for the plug-in", module.Globals(), nullptr);
+  const FunctionPresenter presenter([](auto&) { Fail("a dialog is shown"); });
+  Expect("a dialog", table->RunMosaicDialog(&state, &params), kCannot);
+  Expect("alerts", checked.person.alerts.size(), 1u);
+  Expect("users of a suite", host.Suites().Users("QP Access Suite"), 1u);
+
+  Expect("the next start-up", module.StartUp(), kSuccess);
+  Expect("the unload", module.Send("QP Access", "Unload"), kSuccess);
+  host.Suites().SetAbsent("QP Blocks Suite");
+  Expect("a shut-down without QP Blocks Suite", module.ShutDown(), kCannot);
+  Expect("what is kept for the plug-in", module.Globals(), nullptr);
+}
+
+void LeavesProcessAsItWas() {
+  const auto before = StateOfProcess();
+  {
+    RunningModule running;
+    running.person = {};
+    const auto expectSame = [&](const char* when) { Expect(when, StateOfProcess(), before); };
+    expectSame("the process after the start-up");
+    Expect("about", running.module.About(), kSuccess);
+    Expect("a notifier", running.module.Notify("VX Application Started Notifier"), kSuccess);
+    expectSame("the process after messages");
+    running.ExpectDialog("a dialog");
+    expectSame("the process after a dialog");
+  }
+  Expect("the process after the shut-down", StateOfProcess(), before);
+}
+
 }  // namespace
 
 void AddReloadChecks(const Add& add) {
-  add("reload/leaves-and-comes-back-elsewhere", [] {
-    RunningModule running;
-    standin::Module& module = running.module;
-    const MosaicSuite* const table = running.host.Suites().Find<MosaicSuite>();
-    const auto firstAddress = table->RunMosaicDialog;
-    void* const object = module.Globals();
-    Expect("in memory", IsInMemory(settings.module));
-    Expect("the unload", module.Unload(), kSuccess);
-    Expect("in memory after the unload", IsInMemory(settings.module), false);
-
-    const ModuleCopy copy;
-    const standin::ModuleImage occupant(settings.module);  // takes the place where the module was
-    running.ExpectCalls("the reload", WithSuites("acquire/"),
-                        [&] { return module.Reload(copy.file); });
-    Expect("the same object", module.Globals() == object);
-    Expect("the same table", running.host.Suites().Find<MosaicSuite>() == table);
-    Expect("the function's address has changed", table->RunMosaicDialog != firstAddress);
-    Expect("about", module.About(), kSuccess);
-    Expect("about boxes", running.person.aboutBoxes.size(), 1u);
-    running.ExpectDialog("a dialog");
-  });
-
-  add("reload/waits-without-suites-after-failure", [] {
-    RunningModule running;
-    standin::Host& host = running.host;
-    standin::Module& module = running.module;
-    Expect("the unload", module.Unload(), kSuccess);
-    host.Operations().Refuse("acquire/VX Context Suite", kRefused);
-    Expect("the reload", module.Reload(), kRefused);
-    Expect("suites in use", host.Suites().Users("QP Access Suite"), 0u);
-    Expect("alerts", running.person.alerts.size(), 1u);
-    Expect("about", module.About(), kSuccess);
-    Expect("about boxes", running.person.aboutBoxes.size(), 0u);
-    Expect("the next reload", module.Reload(), kSuccess);
-    Expect("calls of SetPluginName", host.Operations().Calls("QP Plug-ins Suite/SetPluginName"),
-           1u);
-    Expect("calls of AddNotifier", host.Operations().Calls("VX Notifier Suite/AddNotifier"), 1u);
-    running.ExpectDialog("a dialog");
-  });
-
-  add("shut-down/comes-back-for-it", [] {
-    RunningModule running;
-    Expect("the unload", running.module.Unload(), kSuccess);
-    const Calls end = Joined({"QP Blocks Suite/FreeBlock"}, WithSuites("release/"));
-    running.ExpectCalls("the shut-down", Joined(WithSuites("acquire/"), end),
-                        [&] { return running.module.ShutDown(); });
-  });
-
-  add("shut-down/elsewhere-without-reload", [] {
-    standin::RecordingUserInterface person;
-    standin::Host host(person);
-    PluginMessage message{};
-    message.pluginRef = host.AddPlugin("TesseraeUI");
-    message.basicSuite = host.BasicSuite();
-    {
-      const standin::ModuleImage first(settings.module);
-      Expect("the start-up", first.Entry()("QP Interface", "Startup", &message), kSuccess);
-      Expect("the unload", first.Entry()("QP Access", "Unload", &message), kSuccess);
-    }
-    const ModuleCopy copy;
-    const standin::ModuleImage occupant(settings.module);  // takes the place where the module was
-    const standin::ModuleImage second(copy.file);
-    Expect("the shut-down", second.Entry()("QP Interface", "Shutdown", &message), kSuccess);
-    Expect("what is kept for the plug-in", message.globals, nullptr);
-    host.RemovePlugin(message.pluginRef);
-    Expect("what is left", host.Leftovers(), Calls());
-  });
-
-  // A suite that cannot be given back ends the walk; it and those after it stay in use.
-  add("shut-down/stops-at-suite-that-cannot-go-back", [] {
-    CheckedModule checked;
-    Expect("the start-up", checked.module.StartUp(), kSuccess);
-    checked.host.Operations().Refuse("release/QP Plug-ins Suite", kRefused);
-    Expect("the shut-down", checked.module.ShutDown(), kSuccess);
-    size_t users = 0;  // of the first; one of each other
-    for (const char* suite : kSuitesOfModule)
-      Expect(suite, checked.host.Suites().Users(suite), std::exchange(users, 1));
-  });
-
-  add("shut-down/ends-without-freeing-table", [] {
-    CheckedModule checked;
-    standin::Host& host = checked.host;
-    standin::Module& module = checked.module;
-    Expect("the start-up", module.StartUp(), kSuccess);
-    const MosaicSuite* const table = host.Suites().Find<MosaicSuite>();
-    host.Operations().Refuse("QP Blocks Suite/FreeBlock", kRefused);
-    MosaicParameters record = SampleRecord();
-    MosaicDialogState state{};
-    MosaicParameters* params = &record;
-    Expect("the shut-down", module.ShutDown(), kRefused);
-    Expect("what is kept for the plug-in", module.Globals(), nullptr);
-    const FunctionPresenter presenter([](auto&) { Fail("a dialog is shown"); });
-    Expect("a dialog", table->RunMosaicDialog(&state, &params), kCannot);
-    Expect("alerts", checked.person.alerts.size(), 1u);
-    Expect("users of a suite", host.Suites().Users("QP Access Suite"), 1u);
-
-    Expect("the next start-up", module.StartUp(), kSuccess);
-    Expect("the unload", module.Send("QP Access", "Unload"), kSuccess);
-    host.Suites().SetAbsent("QP Blocks Suite");
-    Expect("a shut-down without QP Blocks Suite", module.ShutDown(), kCannot);
-    Expect("what is kept for the plug-in", module.Globals(), nullptr);
-  });
-
-  add("life/leaves-process-as-it-was", [] {
-    const auto before = StateOfProcess();
-    {
-      RunningModule running;
-      running.person = {};
-      const auto expectSame = [&](const char* when) { Expect(when, StateOfProcess(), before); };
-      expectSame("the process after the start-up");
-      Expect("about", running.module.About(), kSuccess);
-      Expect("a notifier", running.module.Notify("VX Application Started Notifier"), kSuccess);
-      expectSame("the process after messages");
-      running.ExpectDialog("a dialog");
-      expectSame("the process after a dialog");
-    }
-    Expect("the process after the shut-down", StateOfProcess(), before);
-  });
+  add("reload/leaves-and-comes-back-elsewhere", LeavesAndComesBackElsewhere);
+  add("reload/waits-without-suites-after-failure", WaitsWithoutSuitesAfterFailure);
+  add("shut-down/comes-back-for-it", ComesBackForIt);
+  add("shut-down/elsewhere-without-reload", ElsewhereWithoutReload);
+  add("shut-down/stops-at-suite-that-cannot-go-back", StopsAtSuiteThatCannotGoBack);
+  add("shut-down/ends-without-freeing-table", EndsWithoutFreeingTable);
+  add("life/leaves-process-as-it-was", LeavesProcessAsItWas);
 }
 
 }  // namespace check

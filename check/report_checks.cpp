@@ -46,129 +46,136 @@ struct ReportingModule : CheckedModule {
   }
 };
 
+void FindsTextOfCode() {
+  ReportingModule reporting;
+  const std::pair<int32_t, const char*> cases[] = {
+      {-43, "Gone is file %d."},
+      {907, "Nine"},
+      {17, "Own text"},
+      {'o' << 24 | '1' << 16, "Short"},
+      {Code("!MEM"), kDefault},
+      {Code("Gone"), "The operation failed (Gone)."},
+      {Code("PARM"), "The operation failed (PARM)."},
+      {9, "The operation failed (9)."},
+      {10, "Host's %s text"},
+      {899, "Host's %s text"},
+      {900, "The operation failed (900)."},
+      {INT32_MIN, "The operation failed (-21474836)."},
+      {16384, "The operation failed (16384)."},
+      {16385, "The operation failed (16385)."},  // its four bytes cannot be displayed
+      {Code("!MEM") | 0x80, "The operation failed (558712269)."},
+      {INT32_MAX, "The operation failed (2147483647)."},
+      {362, "The operation failed (362)."},
+  };
+  for (const auto& [code, text] : cases) reporting.ExpectShown(code, text);
+  const auto& operations = reporting.host.Operations();
+  Expect("strings given back", operations.Calls("VX Unicode String Suite/Dispose"),
+         operations.Calls("VX Unicode String Suite/CreateFromText"));
+}
+
+void SaysNothingOfSilentCodes() {
+  ReportingModule reporting;
+  for (const char* silent :
+       {"FMT?", "RFSE", "AFTR", "VALD", "MOOT", "TRSH", "CHEK", "CHIT", "TLTK", "pFls", "S!Fd",
+        "!Acq", "Bchn", "dsRP", "skpE", "DONE", "ASTR", "STOP"})
+    reporting.ExpectShown(Code(silent), kNothing);
+  reporting.ExpectShown(361, kNothing);
+}
+
+void FormatsOnlyWhatIsFit() {
+  ReportingModule reporting;
+  const std::string text119 = "%s" + std::string(117, 'y');
+  const std::pair<std::string, std::string> cases[] = {
+      {text119, "12" + std::string(117, 'y')},
+      {text119 + 'y', text119 + 'y'},
+      {"100%% [%4s]", "100% [  12]"},
+      {"%1000s", std::string(255, ' ')},
+      {"%n%s", "%n%s"},
+      {"%10000s", "%10000s"},
+      {"%s%s", "%s%s"},
+      {"100 %", "100 %"},
+      {"no code", "no code"},
+  };
+  for (const auto& [text, shown] : cases) {
+    reporting.SetOwnTexts(text);
+    reporting.ExpectShown(12, shown);
+  }
+}
+
+void SearchesListToItsEnd() {
+  ReportingModule reporting;
+  const auto showsAt = [&](int32_t last, int32_t code, const std::string& text) {
+    StringList list;
+    for (int32_t index = 1; index < last; index += 2) {
+      list[index] = "none";
+      list[index + 1] = index < 32767 ? "Far too many (%s)." : "No index of 16 bits";
+    }
+    list[last] = "77";
+    list[last + 1] = "The last";
+    reporting.host.Lists().Replace(ListOwner::kPlugin, 16050, list);
+    reporting.ExpectShown(code, text);
+  };
+  showsAt(32765, 77, "The last");
+  showsAt(40001, 1012, "Far too many (1012).");
+  const size_t calls = reporting.host.Operations().Calls("KDM Basic Suite/GetListString");
+  if (calls > 2 * 17000) Expect("texts asked for", calls, size_t{2 * 17000});
+}
+
+void DoesWithoutTexts() {
+  ReportingModule reporting;
+  reporting.host.Lists().Replace(ListOwner::kPlugin, 16050, {});
+  reporting.ExpectShown(9, kNothing);
+  Expect("texts asked for", reporting.host.Operations().Calls("KDM Basic Suite/GetListString"), 1u);
+  reporting.ExpectShown(12, kNothing);
+  reporting.ExpectShown(17, "Host's %s text");
+  reporting.host.Operations().Refuse("VX Unicode String Suite/CreateFromText", kCannot);
+  reporting.ExpectShown(17, kNothing);
+}
+
+// While the plug-in runs, a code that comes again at once is not shown again.
+void RepeatsNothingAtOnce() {
+  RunningModule running;
+  const auto fail = [&](int32_t code, size_t alerts, const char* what) {
+    running.host.Operations().Refuse("acquire/VX Context Suite", ResultCode{code});
+    Expect("the answer", running.module.Send("QP Access", "Reload"), ResultCode{code});
+    Expect(what, running.person.alerts.size(), alerts);
+  };
+  Expect("the unload", running.module.Send("QP Access", "Unload"), kSuccess);
+  fail(12, 1, "alerts after the first failure");
+  fail(12, 1, "alerts after the same");
+  fail(13, 2, "alerts after another");
+  fail(Code("STOP"), 2, "alerts after a silent one");
+  fail(13, 2, "alerts after the former, since what is silent does not come between");
+  fail(12, 3, "alerts after the first again");
+}
+
+// The interval is counted in whole seconds.
+void RepeatsAfterFiveSeconds() {
+  using std::chrono::milliseconds;
+  RunningModule running;
+  Expect("the unload", running.module.Send("QP Access", "Unload"), kSuccess);
+  const auto begin = std::chrono::steady_clock::now();
+  for (const milliseconds wait : {milliseconds(0), milliseconds(3900), milliseconds(5050)}) {
+    std::this_thread::sleep_until(begin + wait);
+    running.host.Operations().Refuse("acquire/VX Context Suite", kRefused);
+    Expect("the answer", running.module.Send("QP Access", "Reload"), kRefused);
+    const bool isLate = std::chrono::steady_clock::now() > begin + milliseconds(5000);
+    // A machine with more to do may be late for the second.
+    if (wait.count() != 3900 || !isLate)
+      Expect("alerts", running.person.alerts.size(), isLate ? 2u : 1u);
+  }
+}
+
 }  // namespace
 
 void AddReportChecks(const Add& add) {
-  add("report/finds-text-of-code", [] {
-    ReportingModule reporting;
-    const std::pair<int32_t, const char*> cases[] = {
-        {-43, "Gone is file %d."},
-        {907, "Nine"},
-        {17, "Own text"},
-        {'o' << 24 | '1' << 16, "Short"},
-        {Code("!MEM"), kDefault},
-        {Code("Gone"), "The operation failed (Gone)."},
-        {Code("PARM"), "The operation failed (PARM)."},
-        {9, "The operation failed (9)."},
-        {10, "Host's %s text"},
-        {899, "Host's %s text"},
-        {900, "The operation failed (900)."},
-        {INT32_MIN, "The operation failed (-21474836)."},
-        {16384, "The operation failed (16384)."},
-        {16385, "The operation failed (16385)."},  // its four bytes cannot be displayed
-        {Code("!MEM") | 0x80, "The operation failed (558712269)."},
-        {INT32_MAX, "The operation failed (2147483647)."},
-        {362, "The operation failed (362)."},
-    };
-    for (const auto& [code, text] : cases) reporting.ExpectShown(code, text);
-    const auto& operations = reporting.host.Operations();
-    Expect("strings given back", operations.Calls("VX Unicode String Suite/Dispose"),
-           operations.Calls("VX Unicode String Suite/CreateFromText"));
-  });
-
-  add("report/says-nothing-of-silent-codes", [] {
-    ReportingModule reporting;
-    for (const char* silent :
-         {"FMT?", "RFSE", "AFTR", "VALD", "MOOT", "TRSH", "CHEK", "CHIT", "TLTK", "pFls", "S!Fd",
-          "!Acq", "Bchn", "dsRP", "skpE", "DONE", "ASTR", "STOP"})
-      reporting.ExpectShown(Code(silent), kNothing);
-    reporting.ExpectShown(361, kNothing);
-  });
-
-  add("report/formats-only-what-is-fit", [] {
-    ReportingModule reporting;
-    const std::string text119 = "%s" + std::string(117, 'y');
-    const std::pair<std::string, std::string> cases[] = {
-        {text119, "12" + std::string(117, 'y')},
-        {text119 + 'y', text119 + 'y'},
-        {"100%% [%4s]", "100% [  12]"},
-        {"%1000s", std::string(255, ' ')},
-        {"%n%s", "%n%s"},
-        {"%10000s", "%10000s"},
-        {"%s%s", "%s%s"},
-        {"100 %", "100 %"},
-        {"no code", "no code"},
-    };
-    for (const auto& [text, shown] : cases) {
-      reporting.SetOwnTexts(text);
-      reporting.ExpectShown(12, shown);
-    }
-  });
-
-  add("report/searches-list-to-its-end", [] {
-    ReportingModule reporting;
-    const auto showsAt = [&](int32_t last, int32_t code, const std::string& text) {
-      StringList list;
-      for (int32_t index = 1; index < last; index += 2) {
-        list[index] = "none";
-        list[index + 1] = index < 32767 ? "Far too many (%s)." : "No index of 16 bits";
-      }
-      list[last] = "77";
-      list[last + 1] = "The last";
-      reporting.host.Lists().Replace(ListOwner::kPlugin, 16050, list);
-      reporting.ExpectShown(code, text);
-    };
-    showsAt(32765, 77, "The last");
-    showsAt(40001, 1012, "Far too many (1012).");
-    const size_t calls = reporting.host.Operations().Calls("KDM Basic Suite/GetListString");
-    if (calls > 2 * 17000) Expect("texts asked for", calls, size_t{2 * 17000});
-  });
-
-  add("report/does-without-texts", [] {
-    ReportingModule reporting;
-    reporting.host.Lists().Replace(ListOwner::kPlugin, 16050, {});
-    reporting.ExpectShown(9, kNothing);
-    Expect("texts asked for", reporting.host.Operations().Calls("KDM Basic Suite/GetListString"),
-           1u);
-    reporting.ExpectShown(12, kNothing);
-    reporting.ExpectShown(17, "Host's %s text");
-    reporting.host.Operations().Refuse("VX Unicode String Suite/CreateFromText", kCannot);
-    reporting.ExpectShown(17, kNothing);
-  });
-
-  // While the plug-in runs, a code that comes again at once is not shown again.
-  add("report/repeats-nothing-at-once", [] {
-    RunningModule running;
-    const auto fail = [&](int32_t code, size_t alerts, const char* what) {
-      running.host.Operations().Refuse("acquire/VX Context Suite", ResultCode{code});
-      Expect("the answer", running.module.Send("QP Access", "Reload"), ResultCode{code});
-      Expect(what, running.person.alerts.size(), alerts);
-    };
-    Expect("the unload", running.module.Send("QP Access", "Unload"), kSuccess);
-    fail(12, 1, "alerts after the first failure");
-    fail(12, 1, "alerts after the same");
-    fail(13, 2, "alerts after another");
-    fail(Code("STOP"), 2, "alerts after a silent one");
-    fail(13, 2, "alerts after the former, since what is silent does not come between");
-    fail(12, 3, "alerts after the first again");
-  });
-
-  // The interval is counted in whole seconds.
-  add("report/repeats-after-five-seconds", [] {
-    using std::chrono::milliseconds;
-    RunningModule running;
-    Expect("the unload", running.module.Send("QP Access", "Unload"), kSuccess);
-    const auto begin = std::chrono::steady_clock::now();
-    for (const milliseconds wait : {milliseconds(0), milliseconds(3900), milliseconds(5050)}) {
-      std::this_thread::sleep_until(begin + wait);
-      running.host.Operations().Refuse("acquire/VX Context Suite", kRefused);
-      Expect("the answer", running.module.Send("QP Access", "Reload"), kRefused);
-      const bool isLate = std::chrono::steady_clock::now() > begin + milliseconds(5000);
-      // A machine with more to do may be late for the second.
-      if (wait.count() != 3900 || !isLate)
-        Expect("alerts", running.person.alerts.size(), isLate ? 2u : 1u);
-    }
-  });
+  add("report/finds-text-of-code", FindsTextOfCode);
+  add("report/says-nothing-of-silent-codes", SaysNothingOfSilentCodes);
+  add("report/formats-only-what-is-fit", FormatsOnlyWhatIsFit);
+  add("report/searches-list-to-its-end", SearchesListToItsEnd);
+  add("report/does-without-texts", DoesWithoutTexts);
+  add("report/repeats-nothing-at-once", RepeatsNothingAtOnce);
+  add("report/repeats-after-five-seconds", RepeatsAfterFiveSeconds);
 }
 
 }  // namespace check

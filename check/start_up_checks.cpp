@@ -71,105 +71,113 @@ void SecondSucceeds() {
   checked.ExpectNothingLeft();
 }
 
+void IntroducesPlugIn() {
+  CheckedModule checked;
+  standin::Host& host = checked.host;
+  standin::Module& module = checked.module;
+  const size_t blocks = Blocks();
+  const Calls introduction = {"QP Plug-ins Suite/SetPluginName", "VX Notifier Suite/AddNotifier",
+                              "QP Blocks Suite/AllocateBlock", "QP Suites Suite/AddSuite"};
+  checked.ExpectCalls("the start-up", Joined(WithSuites("acquire/"), introduction),
+                      [&] { return module.StartUp(); });
+  Expect("the plug-in's name", module.Ref()->name, "TesseraeUI");
+  Expect("blocks: the object, its set of suites and the published table", Blocks(), blocks + 3);
+  const std::string table = qpbasic::Ledger::Get().Forgotten().back();
+  Expect("the table has 8 bytes: " + table, table.find("of 8 bytes") != table.npos);
+  Expect("the table is named: " + table, table.find("(TesseraeUI)") != table.npos);
+  const auto& notifiers = host.Objects().notifiers.Objects();
+  Expect("notifiers", notifiers.size(), 1u);
+  if (!notifiers.empty()) {
+    Expect("the notifier's name", notifiers[0]->name, "TesseraeUI App Started Notifier");
+    Expect("the notifier's type", notifiers[0]->type, "VX Application Started Notifier");
+  }
+  const OpaqueSuite& published = *host.Suites().Suites().Objects().back();
+  Expect("the published suite", published.name, MosaicSuite::kName);
+  Expect("its version", published.version, 1001);
+  Expect("its internal version", published.internalVersion, 1);
+  Expect("its plug-in", published.plugin, module.Ref());
+
+  checked.ExpectCalls("the shut-down",
+                      Joined({"QP Blocks Suite/FreeBlock"}, WithSuites("release/")),
+                      [&] { return module.ShutDown(); });
+  Expect("what is kept for the plug-in", module.Globals(), nullptr);
+  Expect("alerts", checked.person.alerts, Calls());
+  checked.ExpectNothingLeft();
+}
+
+void HostWithoutTables() {
+  CheckedModule checked;
+  static size_t releases = 0;
+  QPBasicSuite withoutTables = {
+      [](const char*, int32_t, const void**) { return kSuccess; },
+      [](const char*, int32_t) { return ++releases, kSuccess; },
+  };
+  for (QPBasicSuite* basicSuite : {static_cast<QPBasicSuite*>(nullptr), &withoutTables}) {
+    NotifierMessage message = checked.PlainMessage();
+    message.basicSuite = basicSuite;
+    Expect("the answer", checked.module.SendPlain("QP Interface", "Startup", message), kCannot);
+    Expect("what is kept for the plug-in", message.globals, nullptr);
+  }
+  Expect("suites given back: the first, and the one for the report", releases, 2u);
+  Expect("a start-up by a whole host", checked.module.StartUp(), kSuccess);
+  Expect("the shut-down", checked.module.ShutDown(), kSuccess);
+  checked.ExpectNothingLeft();
+}
+
+// '!MSG' means that a message is not handled; a start-up with it has failed all the same.
+void RefusedAsNotHandled() {
+  CheckedModule checked;
+  checked.host.Operations().Refuse("QP Plug-ins Suite/SetPluginName", kNotHandled);
+  Expect("the answer", checked.module.StartUp(), kNotHandled);
+  Expect("alerts", checked.person.alerts.size(), 1u);
+  checked.ExpectNothingLeft();
+}
+
+void SaysThatMemoryIsShort() {
+  size_t block = 0;
+  for (const ResultCode expected : {kOutOfMemory, kOutOfMemory, kParameter}) {
+    const Trying trying("block " + std::to_string(++block));
+    CheckedModule checked;
+    qpbasic::Ledger::Get().Refuse({.countdown = block});
+    Expect("the answer", checked.module.StartUp(), expected);
+    Expect("alerts", checked.person.alerts.size(), 1u);
+    checked.ExpectNothingLeft();
+  }
+  CheckedModule checked;
+  Expect("the start-up", checked.module.StartUp(), kSuccess);
+  Expect("the unload", checked.module.Unload(), kSuccess);
+  qpbasic::Ledger::Get().Refuse({});
+  Expect("the reload", checked.module.Reload(), kOutOfMemory);
+}
+
+void FreesNoBlockThatItLacks() {
+  CheckedModule checked;
+  checked.host.Operations().Throw("QP Blocks Suite/AllocateBlock",
+                                  std::make_exception_ptr(std::bad_alloc()));
+  Expect("the answer", checked.module.StartUp(), kParameter);
+  Expect("blocks that go back", checked.host.Operations().Calls("QP Blocks Suite/FreeBlock"), 0u);
+  checked.ExpectNothingLeft();
+}
+
+void GoesOnWhenASecondFails() {
+  for (const char* refused : {"QP Plug-ins Suite/SetPluginName", "VX Notifier Suite/AddNotifier",
+                              "QP Suites Suite/AddSuite"})
+    SecondFails(refused);
+}
+
 }  // namespace
 
 void AddStartUpChecks(const Add& add) {
-  add("start-up/introduces-plug-in", [] {
-    CheckedModule checked;
-    standin::Host& host = checked.host;
-    standin::Module& module = checked.module;
-    const size_t blocks = Blocks();
-    const Calls introduction = {"QP Plug-ins Suite/SetPluginName", "VX Notifier Suite/AddNotifier",
-                                "QP Blocks Suite/AllocateBlock", "QP Suites Suite/AddSuite"};
-    checked.ExpectCalls("the start-up", Joined(WithSuites("acquire/"), introduction),
-                        [&] { return module.StartUp(); });
-    Expect("the plug-in's name", module.Ref()->name, "TesseraeUI");
-    Expect("blocks: the object, its set of suites and the published table", Blocks(), blocks + 3);
-    const std::string table = qpbasic::Ledger::Get().Forgotten().back();
-    Expect("the table has 8 bytes: " + table, table.find("of 8 bytes") != table.npos);
-    Expect("the table is named: " + table, table.find("(TesseraeUI)") != table.npos);
-    const auto& notifiers = host.Objects().notifiers.Objects();
-    Expect("notifiers", notifiers.size(), 1u);
-    if (!notifiers.empty()) {
-      Expect("the notifier's name", notifiers[0]->name, "TesseraeUI App Started Notifier");
-      Expect("the notifier's type", notifiers[0]->type, "VX Application Started Notifier");
-    }
-    const OpaqueSuite& published = *host.Suites().Suites().Objects().back();
-    Expect("the published suite", published.name, MosaicSuite::kName);
-    Expect("its version", published.version, 1001);
-    Expect("its internal version", published.internalVersion, 1);
-    Expect("its plug-in", published.plugin, module.Ref());
-
-    checked.ExpectCalls("the shut-down",
-                        Joined({"QP Blocks Suite/FreeBlock"}, WithSuites("release/")),
-                        [&] { return module.ShutDown(); });
-    Expect("what is kept for the plug-in", module.Globals(), nullptr);
-    Expect("alerts", checked.person.alerts, Calls());
-    checked.ExpectNothingLeft();
-  });
+  add("start-up/introduces-plug-in", IntroducesPlugIn);
 
   for (size_t i = 0; i < std::size(kSuitesOfModule); ++i)
     add("start-up/refused-suite-" + std::to_string(i + 1), [i] { LacksSuite(i); });
 
-  add("start-up/host-without-tables", [] {
-    CheckedModule checked;
-    static size_t releases = 0;
-    QPBasicSuite withoutTables = {
-        [](const char*, int32_t, const void**) { return kSuccess; },
-        [](const char*, int32_t) { return ++releases, kSuccess; },
-    };
-    for (QPBasicSuite* basicSuite : {static_cast<QPBasicSuite*>(nullptr), &withoutTables}) {
-      NotifierMessage message = checked.PlainMessage();
-      message.basicSuite = basicSuite;
-      Expect("the answer", checked.module.SendPlain("QP Interface", "Startup", message), kCannot);
-      Expect("what is kept for the plug-in", message.globals, nullptr);
-    }
-    Expect("suites given back: the first, and the one for the report", releases, 2u);
-    Expect("a start-up by a whole host", checked.module.StartUp(), kSuccess);
-    Expect("the shut-down", checked.module.ShutDown(), kSuccess);
-    checked.ExpectNothingLeft();
-  });
-
-  // '!MSG' means that a message is not handled; a start-up with it has failed all the same.
-  add("start-up/refused-as-not-handled", [] {
-    CheckedModule checked;
-    checked.host.Operations().Refuse("QP Plug-ins Suite/SetPluginName", kNotHandled);
-    Expect("the answer", checked.module.StartUp(), kNotHandled);
-    Expect("alerts", checked.person.alerts.size(), 1u);
-    checked.ExpectNothingLeft();
-  });
-
-  add("start-up/says-that-memory-is-short", [] {
-    size_t block = 0;
-    for (const ResultCode expected : {kOutOfMemory, kOutOfMemory, kParameter}) {
-      const Trying trying("block " + std::to_string(++block));
-      CheckedModule checked;
-      qpbasic::Ledger::Get().Refuse({.countdown = block});
-      Expect("the answer", checked.module.StartUp(), expected);
-      Expect("alerts", checked.person.alerts.size(), 1u);
-      checked.ExpectNothingLeft();
-    }
-    CheckedModule checked;
-    Expect("the start-up", checked.module.StartUp(), kSuccess);
-    Expect("the unload", checked.module.Unload(), kSuccess);
-    qpbasic::Ledger::Get().Refuse({});
-    Expect("the reload", checked.module.Reload(), kOutOfMemory);
-  });
-
-  add("start-up/frees-no-block-that-it-lacks", [] {
-    CheckedModule checked;
-    checked.host.Operations().Throw("QP Blocks Suite/AllocateBlock",
-                                    std::make_exception_ptr(std::bad_alloc()));
-    Expect("the answer", checked.module.StartUp(), kParameter);
-    Expect("blocks that go back", checked.host.Operations().Calls("QP Blocks Suite/FreeBlock"), 0u);
-    checked.ExpectNothingLeft();
-  });
-
-  add("start-up/goes-on-when-a-second-fails", [] {
-    for (const char* refused : {"QP Plug-ins Suite/SetPluginName", "VX Notifier Suite/AddNotifier",
-                                "QP Suites Suite/AddSuite"})
-      SecondFails(refused);
-  });
+  add("start-up/host-without-tables", HostWithoutTables);
+  add("start-up/refused-as-not-handled", RefusedAsNotHandled);
+  add("start-up/says-that-memory-is-short", SaysThatMemoryIsShort);
+  add("start-up/frees-no-block-that-it-lacks", FreesNoBlockThatItLacks);
+  add("start-up/goes-on-when-a-second-fails", GoesOnWhenASecondFails);
   add("start-up/twice-shares-suites", SecondSucceeds);
 }
 

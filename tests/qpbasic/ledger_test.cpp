@@ -96,4 +96,24 @@ TEST_F(LedgerTest, FindsEachOfManyBlocks) {
   EXPECT_EQ(ledger.Counts().faults, before.faults);
 }
 
+// The last test of the ledger, since watching does not end. The sanitizers would stop at the first
+// write.
+#ifndef __SANITIZE_ADDRESS__
+TEST_F(LedgerTest, WatchedBlocksTellOfWritesBeyondAndAfter) {
+  ledger.WatchContents();
+  void* blocks[3];
+  for (void*& block : blocks) ASSERT_EQ(QPBasicAllocateBlock(24, &block), ResultCode::kSuccess);
+  auto* const first = static_cast<unsigned char*>(blocks[0]);
+  EXPECT_EQ(first[23], 0xA5);
+  first[24] = 0;
+  for (void* block : blocks) ASSERT_EQ(QPBasicFreeBlock(block), ResultCode::kSuccess);
+  EXPECT_EQ(first[0], 0xDD);
+  static_cast<unsigned char*>(blocks[1])[23] = 0;
+  const auto faults = ledger.Faults();
+  ASSERT_EQ(faults.size(), 2U);
+  EXPECT_TRUE(faults[0].starts_with("written beyond its end: block ")) << faults[0];
+  EXPECT_TRUE(faults[1].starts_with("written after its release: block ")) << faults[1];
+}
+#endif
+
 }  // namespace
