@@ -67,8 +67,6 @@ void PassOverAbsurdScales() {
 /// also when their words are English for want of a translation.
 void SpeakLanguage(const QString& code) {
   const auto& localizer = nrvcore::config::Localizer::Get();
-  if (const QString damaged = localizer.DamagedCatalogue().c_str(); !damaged.isEmpty())
-    PrintError(Text("$$$/Studio/Line/DamagedTranslation=the translation %1 is damaged", damaged));
   if (!code.isEmpty()) QLocale::setDefault(QLocale(code));
   if (!code.isEmpty() && !localizer.HasCatalogue() && QLocale().language() != QLocale::English) {
     PrintError(

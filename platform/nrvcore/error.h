@@ -36,8 +36,8 @@ class NRV_EXPORT Error : public std::exception {
   UTF16String text;
 };
 
-/// Throws an Error; the values take the places of %1 to %4 in the localised key. Level, number,
-/// code and flag are the thrower's; the toolkit only passes them on.
+/// Throws an Error; the values replace %1 to %4 in the localised key. The toolkit does not
+/// interpret level, number, code and flag.
 [[noreturn]] NRV_EXPORT void ThrowError(ErrorLevel level, const char* key, unsigned number,
                                         int code, bool flag, const ReplacementValue& first,
                                         const ReplacementValue& second,

@@ -1,4 +1,4 @@
 #pragma once
 
-/// Marks what a toolkit library lets its users bind to. Everything else stays hidden.
+/// Exports a symbol from a toolkit library. All other symbols are hidden.
 #define NRV_EXPORT __attribute__((visibility("default")))

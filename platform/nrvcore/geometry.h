@@ -4,15 +4,15 @@
 
 namespace nrvcore::geom {
 
-/// No length of the toolkit is greater, and no place farther away.
+/// The upper bound of all lengths and coordinates of the toolkit, in points.
 inline constexpr float kGreatestLength = 1e6f;
 
-/// std::max in this order also turns what is no number into the least.
+/// Clamps to [least, kGreatestLength]. NaN becomes `least`, by the order of std::max's arguments.
 inline float Bounded(float length, float least) {
   return std::min(std::max(least, length), kGreatestLength);
 }
 
-/// A place, or a size with x as its width. In points, y downwards, as all of the toolkit's lengths.
+/// A position, or a size with x as its width; in points, y downwards.
 template <class T>
 struct PointT {
   T x{};

@@ -12,10 +12,9 @@
 #include <utility>
 #include <vector>
 
-#include "platform/nrvcore/catalogue.h"
 #include "platform/nrvcore/unicode.h"
 
-// gettext forgets what it looked up when this moves; its manual names it for exactly that.
+// gettext clears its cache of lookups when this changes; its manual documents it for this purpose.
 extern "C" int _nl_msg_cat_cntr;  // NOLINT(readability-identifier-naming)
 
 namespace nrvcore::config {
@@ -35,7 +34,7 @@ std::string FromEnvironment(std::initializer_list<const char*> names) {
   return {};
 }
 
-/// As gettext finds it: LANGUAGE counts only when the locale is not the plain one.
+/// As in gettext, LANGUAGE counts only when the locale is not "C".
 std::string LanguageOfEnvironment() {
   const std::string locale = FromEnvironment({"LC_ALL", "LC_MESSAGES", "LANG"});
   if (locale.empty() || locale == "C" || locale == "POSIX") return kUntranslated;
@@ -121,12 +120,8 @@ std::string Localizer::WithCatalogue(std::string_view languages) {
       const auto file =
           std::filesystem::path(folder) / language / "LC_MESSAGES" / (std::string(kDomain) + ".mo");
       std::error_code error;
-      if (std::count(found.begin(), found.end(), language) > 0 || !exists(file, error)) continue;
-      if (IsSoundCatalogue(file)) {
+      if (std::count(found.begin(), found.end(), language) == 0 && is_regular_file(file, error))
         found.emplace_back(language);
-      } else if (damagedCatalogue.empty()) {
-        damagedCatalogue = file;
-      }
     }
     if (language == "en" || language == kUntranslated) break;  // the keys themselves
   }
@@ -136,7 +131,6 @@ std::string Localizer::WithCatalogue(std::string_view languages) {
 }
 
 void Localizer::SetLanguage(const std::string& code) {
-  damagedCatalogue.clear();
   setenv(kVariable, WithCatalogue(code.empty() ? userLanguage : code).c_str(), 1);
   if (messagesLocale == nullptr) messagesLocale = newlocale(LC_MESSAGES_MASK, "C.UTF-8", nullptr);
   ++_nl_msg_cat_cntr;

@@ -11,7 +11,7 @@
 
 namespace nrvcore::config {
 
-/// What takes the place of %1 to %4 in a localised text. An empty value leaves no trace.
+/// Replaces one of %1 to %4 in a localised text; an empty value removes it.
 class NRV_EXPORT ReplacementValue {
  public:
   ReplacementValue() noexcept;
@@ -41,18 +41,17 @@ class NRV_EXPORT Localizer {
   Localizer(const Localizer&) = delete;
   Localizer& operator=(const Localizer&) = delete;
 
-  /// A folder without catalogues is no error: texts are then English. Counts from the next
-  /// SetLanguage on.
+  /// Sets the folder of the catalogues; texts are English when it has none. Takes effect with the
+  /// next SetLanguage. Catalogues are installed with the program and trusted: gettext checks little
+  /// of them.
   void SetCatalogues(const std::string& folder);
-  /// `code` as in "de" or "pt_BR", or several parted by ":", the first that has a text counts;
-  /// empty means what the user's environment asks for. A damaged catalogue is passed over.
+  /// `code` is a language as in "de" or "pt_BR", or several, separated by ":", of which the first
+  /// with a translation counts. An empty code means the language of the user's environment.
   void SetLanguage(const std::string& code);
   /// Whether the last SetLanguage found a catalogue; texts are English otherwise.
   bool HasCatalogue() const { return hasCatalogue; }
-  /// The first catalogue that the last SetLanguage passed over as damaged; empty for none.
-  const std::string& DamagedCatalogue() const { return damagedCatalogue; }
 
-  /// A key without translation shows what follows its first "=", one without "=" itself.
+  /// The key's translation. A key without one yields the text after its first "=", or itself.
   UTF16String Localize(const char* key) const;
   /// The same with %1 to %4 replaced.
   UTF16String Localize(const char* key, std::initializer_list<ReplacementValue> values) const;
@@ -64,18 +63,17 @@ class NRV_EXPORT Localizer {
   Localizer();
   ~Localizer();
 
-  /// The folders of sound catalogues for `languages`, as gettext wants them in LANGUAGE.
+  /// Those of `languages` that have a catalogue, in the form of LANGUAGE.
   std::string WithCatalogue(std::string_view languages);
 
   std::string userLanguage;
   std::optional<std::string> formerVariable;  // the environment's LANGUAGE before it was set
   std::string folder;
-  std::string damagedCatalogue;
   bool hasCatalogue = false;
   locale_t messagesLocale = nullptr;  // null until a language is set
 };
 
-/// A localised text with %1 to %4 replaced, all in UTF-8: what a message or an exception says.
+/// Localizer::Localize in UTF-8, for messages and exceptions.
 NRV_EXPORT std::string Message(const char* key,
                                std::initializer_list<std::string_view> values = {});
 

@@ -9,7 +9,7 @@ namespace nrvcore {
 template <class Char>
 struct StringT<Char>::SharedText {
   const std::basic_string<Char> text;
-  std::atomic<size_t> holders = 1;
+  std::atomic<size_t> references = 1;
 };
 
 template <class Char>
@@ -34,13 +34,14 @@ std::basic_string_view<Char> StringT<Char>::SharedView() const noexcept {
 }
 
 template <class Char>
-void StringT<Char>::Hold() noexcept {
-  content.shared->holders.fetch_add(1, std::memory_order_relaxed);
+void StringT<Char>::AddReference() noexcept {
+  content.shared->references.fetch_add(1, std::memory_order_relaxed);
 }
 
 template <class Char>
-void StringT<Char>::LetGo() noexcept {
-  if (content.shared->holders.fetch_sub(1, std::memory_order_acq_rel) == 1) delete content.shared;
+void StringT<Char>::Release() noexcept {
+  if (content.shared->references.fetch_sub(1, std::memory_order_acq_rel) == 1)
+    delete content.shared;
 }
 
 template <class Char>

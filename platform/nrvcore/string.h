@@ -9,28 +9,28 @@
 
 namespace nrvcore {
 
-/// A string value that may be made in one image and destroyed in another: all memory is taken and
-/// released inside this library. Short texts, as node IDs are, stand in the string
-/// itself; copies of longer ones share the text. So copying never fails.
+/// A string that one image may create and another destroy: this library allocates and releases all
+/// memory. A short text, such as a node ID, is stored in the object; copies of a longer one share
+/// it, so copying never fails.
 template <class Char>
 class NRV_EXPORT StringT {
  public:
   StringT() noexcept = default;
-  StringT(const Char* characters);  // null counts as empty
+  StringT(const Char* characters);  // null is an empty string
   explicit StringT(std::basic_string_view<Char> characters);
   StringT(const StringT& other) noexcept : content(other.content) {
-    if (IsShared()) Hold();
+    if (IsShared()) AddReference();
   }
   StringT(StringT&& other) noexcept : content(std::exchange(other.content, {})) {}
   ~StringT() {
-    if (IsShared()) LetGo();
+    if (IsShared()) Release();
   }
   StringT& operator=(StringT other) noexcept {
     std::swap(content, other.content);
     return *this;
   }
 
-  /// Terminated, and valid until the string is changed or destroyed.
+  /// Terminated; valid until the string is changed or destroyed.
   std::basic_string_view<Char> View() const noexcept {
     return IsShared() ? SharedView() : std::basic_string_view<Char>(content.text, content.length);
   }
@@ -52,13 +52,13 @@ class NRV_EXPORT StringT {
       Char text[kShortText + 1] = {};
       SharedText* shared;
     };
-    uint8_t length = 0;  // kShared: of a text that is too long to stand here
+    uint8_t length = 0;  // kShared for a text that does not fit
   };
 
   bool IsShared() const noexcept { return content.length == kShared; }
   std::basic_string_view<Char> SharedView() const noexcept;
-  void Hold() noexcept;
-  void LetGo() noexcept;
+  void AddReference() noexcept;
+  void Release() noexcept;
 
   Content content;
 };
@@ -68,7 +68,7 @@ extern template class StringT<char16_t>;
 
 /// Bytes: node IDs (ASCII) and UTF-8.
 using String = StringT<char>;
-/// Titles, theme names and everything that a person reads.
+/// Titles, theme names and all other texts for users.
 using UTF16String = StringT<char16_t>;
 
 }  // namespace nrvcore

@@ -21,7 +21,7 @@ bool IsMalformed(code_point decoded) {
   return decoded == boost::locale::utf::illegal || decoded == boost::locale::utf::incomplete;
 }
 
-/// How many bytes at the front are ASCII, which most texts are throughout; eight at a time.
+/// The number of ASCII bytes at the start. Most texts are ASCII, so it tests eight bytes at a time.
 std::size_t AsciiLength(std::string_view text) {
   constexpr uint64_t kBeyondAscii = 0x8080808080808080;
   std::size_t length = 0;
@@ -33,13 +33,13 @@ std::size_t AsciiLength(std::string_view text) {
   return length;
 }
 
-/// How many bytes this one announces; 1 for a byte that starts no sequence.
+/// The length of the sequence that this byte starts; 1 for a byte that starts none.
 std::ptrdiff_t AnnouncedLength(unsigned char first) {
   return first < 0xC0 || first >= 0xF8 ? 1 : first < 0xE0 ? 2 : first < 0xF0 ? 3 : 4;
 }
 
-/// Takes one code point off the front. A malformed sequence ends before the first byte that cannot
-/// belong to it, where the library's decoder takes that byte too.
+/// Removes one code point from the front. A malformed sequence ends before the first byte that
+/// cannot belong to it; the library's decoder would consume that byte too.
 code_point TakeCodePoint(std::string_view& text) {
   const char* end = text.data();
   const code_point decoded = UTF8::decode(end, text.data() + text.size());
@@ -58,7 +58,7 @@ code_point TakeCodePoint(std::u16string_view& text) {
   return decoded;
 }
 
-/// The rest of `text` in the other encoding, with a replacement for each malformed sequence.
+/// Converts `text` to the other encoding; U+FFFD replaces each malformed sequence.
 template <class Encoding, class From, class To>
 void AppendConverted(std::basic_string_view<From> text, std::basic_string<To>& out) {
   while (!text.empty()) {

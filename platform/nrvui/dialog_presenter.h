@@ -6,7 +6,8 @@ namespace nrvui::ui {
 
 class UI_Dialog;
 
-/// Shows dialogs, in a window or to a script.
+/// Shows a dialog to the user, or plays a script on it. RunModal calls the installed presenter, on
+/// the user-interface thread.
 class DialogPresenter {
  public:
   /// Returns when the dialog has a response. Returning without one cancels the dialog; an
@@ -17,7 +18,7 @@ class DialogPresenter {
   ~DialogPresenter() = default;
 };
 
-/// Installs a presenter for its own life and puts the former one back.
+/// Installs a presenter, which must outlive it; its destructor reinstalls the previous one.
 class NRV_EXPORT InstalledPresenter {
  public:
   explicit InstalledPresenter(DialogPresenter& presenter);

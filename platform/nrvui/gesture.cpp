@@ -29,8 +29,8 @@ bool IsOpen(const UI_Dialog& dialog) {
   return dialog.GetResponse() == ui::kNoResponse;
 }
 
-/// Why a person can't get at a control; kNone if they can.
-Refusal OutOfReach(const UI_Dialog& dialog, const UI_Node& node) {
+/// Why the user cannot operate a control; kNone if they can.
+Refusal WhyUnusable(const UI_Dialog& dialog, const UI_Node& node) {
   if (!IsOpen(dialog)) return Refusal::kDialogClosed;
   if (!node.UI_IsVisible()) return Refusal::kHidden;
   const auto* control = dynamic_cast<const UI_ControlView*>(&node);
@@ -89,7 +89,7 @@ bool IsSize(float extent) {
 Outcome Enter(UI_Dialog& dialog, UI_Node& field, const UTF16String& text) {
   const boost::intrusive_ptr<UI_TextEdit> edit = dynamic_cast<UI_TextEdit*>(&field);
   if (edit == nullptr) return Refused(Refusal::kNotEditable);
-  const Refusal refusal = OutOfReach(dialog, field);
+  const Refusal refusal = WhyUnusable(dialog, field);
   if (refusal != Refusal::kNone) return Refused(refusal);
   Outcome outcome = edit->AcceptEntry(text);
   if (outcome.changed) edit->NotifyChangedByPerson();
@@ -98,7 +98,7 @@ Outcome Enter(UI_Dialog& dialog, UI_Node& field, const UTF16String& text) {
 
 Outcome Click(UI_Dialog& dialog, UI_Node& control) {
   const boost::intrusive_ptr<UI_Node> clicked = &control;
-  const Refusal refusal = OutOfReach(dialog, control);
+  const Refusal refusal = WhyUnusable(dialog, control);
   if (refusal != Refusal::kNone) return Refused(refusal);
   if (auto* checkbox = dynamic_cast<UI_Checkbox*>(&control)) return Toggle(*checkbox);
   if (auto* radio = dynamic_cast<UI_RadioButton*>(&control)) return Select(dialog, *radio);
@@ -124,7 +124,7 @@ Outcome Resize(UI_Dialog& dialog, PointT<float> contentSize) {
   if (!IsSize(contentSize.x) || !IsSize(contentSize.y)) {
     return Refused(Refusal::kNotASize, SizeText(contentSize));
   }
-  // Layouts are sized in whole points; a fraction of one would stay between window and layout.
+  // Layouts have whole points; a fraction would leave a gap between window and layout.
   const PointT<float> wanted = {std::floor(contentSize.x), std::floor(contentSize.y)};
   const PointT<float> minimum = dialog.GetMinimumSize();
   const PointT<float> accepted = {std::max(wanted.x, minimum.x), std::max(wanted.y, minimum.y)};

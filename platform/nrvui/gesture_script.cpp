@@ -37,7 +37,7 @@ std::string_view Trimmed(std::string_view text) {
   return text.substr(0, text.find_last_not_of(kBlanks) + 1);
 }
 
-/// Takes `text` up to the first of `ends`, which goes too.
+/// Removes and returns the part of `text` before the first of `ends`, which is removed too.
 std::string_view TakeUntil(std::string_view& text, std::string_view ends) {
   const std::size_t end = std::min(text.find_first_of(ends), text.size());
   const std::string_view taken = text.substr(0, end);
@@ -109,7 +109,7 @@ GestureScript GestureScript::Parse(std::string_view text, const std::string& nam
     step.verb = verb->verb;
     if (!TakeArguments(line, step)) {
       throw FileError(name, number,
-                      Message("$$$/nrvui/Script/Form=it should read: %1", {verb->form}));
+                      Message("$$$/nrvui/Script/Form=the expected form is: %1", {verb->form}));
     }
     script.steps.push_back(std::move(step));
   }

@@ -23,7 +23,7 @@ constexpr std::size_t kLongestFixedNumber =
 struct NamedUnit {
   std::string_view name;
   NumberUnit kind;
-  double factor;  // to the unit in which fields count
+  double factor;  // to the unit of fields
 };
 
 constexpr std::array kUnits = {
@@ -39,9 +39,9 @@ constexpr std::string_view kSuffixes[] = {"", " %", " pt"};  // by NumberUnit
 
 constexpr std::u16string_view kBlanks = u" \t\u00A0\u2009\u202F\u3000";
 constexpr char16_t kMinusSign = u'\u2212';
-constexpr char kForeign = '\x7F';  // stands for whatever no number and no unit contains
-constexpr char kDecimal = '\x1F';  // stands for the language's decimal sign
-constexpr std::size_t kGroup = 3;  // digits between the signs that group them
+constexpr char kForeign = '\x7F';  // replaces characters of no number and no unit
+constexpr char kDecimal = '\x1F';  // replaces the language's decimal sign
+constexpr std::size_t kGroup = 3;  // digits
 
 template <class View>
 View Trimmed(View text, View blanks) {
@@ -50,13 +50,13 @@ View Trimmed(View text, View blanks) {
   return text.substr(0, text.find_last_not_of(blanks) + 1);
 }
 
-/// Keyboards for East Asian scripts also give wide forms of all ASCII characters, in their order.
+/// East Asian keyboards also produce full-width forms of all ASCII characters, in the same order.
 constexpr char16_t Narrow(char16_t character) {
   const bool isWide = character >= u'\uFF01' && character <= u'\uFF5E';
   return isWide ? static_cast<char16_t>(character - u'\uFF01' + u'!') : character;
 }
 
-/// The text in lower-case ASCII with plain blanks and kDecimal.
+/// The text in lower-case ASCII, with spaces for all blanks and kDecimal for the decimal sign.
 std::string Plain(std::u16string_view text, char16_t decimalSign) {
   std::string plain;
   for (const char16_t typed : Trimmed(text, kBlanks)) {
@@ -76,7 +76,7 @@ std::string Plain(std::u16string_view text, char16_t decimalSign) {
   return plain;
 }
 
-/// Whether `sign` stands between groups of three digits, as in "1,234", and nowhere else.
+/// Whether `sign` separates groups of three digits, as in "1,234", and occurs nowhere else.
 bool IsGrouped(std::string_view digits, char sign) {
   std::size_t place = digits.find(sign);
   if (place > kGroup || digits.starts_with('0') || digits.starts_with(sign)) return false;
@@ -88,9 +88,8 @@ bool IsGrouped(std::string_view digits, char sign) {
   return true;
 }
 
-/// Leaves the text with '.' as its only sign among the digits. False when the other sign could be
-/// meant either way.
-bool SettleSigns(std::string& text, char16_t decimalSign) {
+/// Removes grouping signs and makes '.' the decimal sign. False when the other sign is ambiguous.
+bool NormalizeSigns(std::string& text, char16_t decimalSign) {
   const char sign = decimalSign == u',' ? '.' : ',';
   const std::size_t begin = std::min(text.find_first_not_of("+-"), text.size());
   const std::size_t end =
@@ -112,11 +111,11 @@ ParsedNumber No(Refusal refusal) {
 ParsedNumber ParseNumber(std::u16string_view text, NumberUnit fieldUnit, char16_t decimalSign) {
   std::string plain = Plain(text, decimalSign);
   if (plain.empty()) return No(Refusal::kMissing);
-  if (!SettleSigns(plain, decimalSign)) return No(Refusal::kTwoReadings);
+  if (!NormalizeSigns(plain, decimalSign)) return No(Refusal::kTwoReadings);
   std::string_view rest = plain;
   if (rest.starts_with('+') && !rest.starts_with("+-")) rest.remove_prefix(1);
 
-  double value = std::numeric_limits<double>::infinity();  // stays so for what is out of range
+  double value = std::numeric_limits<double>::infinity();  // from_chars leaves it when out of range
   const auto [end, error] = ReadNumber(rest.data(), rest.data() + rest.size(), value);
   if (error == std::errc::invalid_argument) return No(Refusal::kNotANumber);
   rest.remove_prefix(end - rest.data());

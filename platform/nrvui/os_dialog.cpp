@@ -24,7 +24,7 @@ using nrvcore::geom::kGreatestLength;
 namespace {
 
 constexpr const char* kNoPresenter =
-    "$$$/nrvui/Dialog/Error/NoPresenter=There is nobody to show the dialog to.";
+    "$$$/nrvui/Dialog/Error/NoPresenter=No display is available for the dialog.";
 
 class WhileOpen : boost::noncopyable {
  public:
@@ -54,8 +54,8 @@ void OS_Dialog::RunModal() {
   DialogPresenter* const presenter = InstalledPresenter::Current();
   if (presenter == nullptr) nrvcore::config::ThrowError(kNoPresenter);
   if (isOpen) throw std::logic_error("the dialog is open already");
-  // A handler may release all other references. A count of 0 means that the storage is not the
-  // heap's, and a reference must not be taken and dropped.
+  // A handler may release all other references. A count of 0 means that the dialog is not on the
+  // heap; then the last release would delete it.
   const boost::intrusive_ptr<OS_Dialog> kept = UI_GetReferenceCount() > 0 ? this : nullptr;
   const WhileOpen whileOpen(isOpen);
   auto& dialog = static_cast<UI_Dialog&>(*this);

@@ -9,7 +9,7 @@ class NSWindow;
 
 namespace nrvui::drawbot {
 
-/// What dialogs draw with. The toolkit stores the pointer and calls nothing of it.
+/// The host's drawing functions. The toolkit passes the pointer on and calls nothing of it.
 class NRV_EXPORT SupplierInterface {
  public:
   virtual ~SupplierInterface();
@@ -19,7 +19,7 @@ class NRV_EXPORT SupplierInterface {
 
 namespace nrvui::datatransfer {
 
-/// Where something dragged could be dropped. It accepts nothing unless it is handed to a view.
+/// A target for drag and drop. It accepts nothing until it is attached to a view.
 class NRV_EXPORT OS_DropTarget {
  public:
   OS_DropTarget();
@@ -32,15 +32,15 @@ class NRV_EXPORT OS_DropTarget {
 
 namespace nrvui::ui {
 
-/// How a dialog's window looks, as given at construction. For presenters with real windows.
+/// The style of a dialog's window, set at construction. For presenters with real windows.
 struct DialogStyle {
   bool staysOnTop = false;
-  bool keepsCentre = false;  // grows and shrinks around its middle
+  bool keepsCentre = false;  // keeps its centre when it is resized
   bool isToolWindow = false;
   bool hasTitleBar = true;
   bool hasCloseBox = true;
-  std::uint32_t value = 0;  // the host's own; presenters do not read it
-  std::uint32_t flags = 1;  // likewise
+  std::uint32_t value = 0;  // for the host; presenters ignore it
+  std::uint32_t flags = 1;  // for the host too
 };
 
 /// Where a dialog opens.
@@ -52,13 +52,13 @@ enum class DialogPlacement {
 
 class UI_Dialog;
 
-/// A node that is a platform window; every one is a UI_Dialog. Its local rectangle is its content.
-/// Sizes and places are in points, places count from the top left of the screen.
+/// A node with a platform window; every one is a UI_Dialog. Its local rectangle is its content.
+/// Sizes and positions are in points, positions relative to the top left corner of the screen.
 class NRV_EXPORT OS_Dialog : public UI_Node {
  public:
   ~OS_Dialog() override;
 
-  /// Hands the dialog to the installed presenter and returns when it has closed. Throws an Error
+  /// Runs the dialog in the installed presenter and returns when it has closed. Throws an Error
   /// when no presenter is installed, std::logic_error when the dialog is open already.
   virtual void RunModal();
 
@@ -66,11 +66,11 @@ class NRV_EXPORT OS_Dialog : public UI_Node {
   DialogPlacement GetPlacement() const { return placement; }
   nrvcore::geom::PointT<float> GetDialogPoint() const { return dialogPoint; }
 
-  /// Bounds what a person can make of the content; the content itself stays as it is. Sides count
-  /// as in UI_SetLocalRectF.
+  /// Limits the size that the user can give the content; does not resize it. Sides are clamped as
+  /// in UI_SetLocalRectF.
   void SetMinimumSize(nrvcore::geom::PointT<float> newMinimumSize);
   nrvcore::geom::PointT<float> GetMinimumSize() const { return minimumSize; }
-  /// Becomes the local rectangle; UI_ContentRectChanged is called when it differs.
+  /// Sets the local rectangle; calls UI_ContentRectChanged if it differs.
   void SetContentSize(nrvcore::geom::PointT<float> contentSize);
   nrvcore::geom::PointT<float> GetContentSize() const;
 

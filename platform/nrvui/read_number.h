@@ -10,21 +10,18 @@
 #include <cstdlib>
 #include <string>
 #include <type_traits>
-#ifdef __APPLE__
-#include <xlocale.h>
-#endif
 #endif
 
 namespace nrvui::controls {
 
-/// std::from_chars for numbers with decimals, which some C++ libraries lack.
+/// std::from_chars for floating-point numbers, which the C++ library of Clang 14 lacks.
 template <typename Number>
 std::from_chars_result ReadNumber(const char* begin, const char* end, Number& value) {
 #ifdef __cpp_lib_to_chars
   return std::from_chars(begin, end, value);
 #else
   static const locale_t plain = newlocale(LC_ALL_MASK, "C", nullptr);
-  // What strtod takes beyond: blanks and a plus at the beginning, and hexadecimal numbers.
+  // strtod also accepts leading blanks, a plus sign and hexadecimal numbers.
   const std::string text(begin, end);
   const std::string number = text.substr(0, text.find_first_of("xX"));
   if (number.empty() || number.find_first_of(" \t\n\v\f\r+") == 0)
@@ -39,7 +36,7 @@ std::from_chars_result ReadNumber(const char* begin, const char* end, Number& va
   }
   const char* const after = begin + (stop - number.c_str());
   if (after == begin) return {begin, std::errc::invalid_argument};
-  // Also set for numbers that are nearly 0, which count.
+  // ERANGE is also set for subnormal numbers, which are valid.
   if (errno == ERANGE && (read == 0 || std::isinf(read)))
     return {after, std::errc::result_out_of_range};
   value = read;

@@ -16,7 +16,7 @@ using ui::UI_Node;
 
 namespace {
 
-/// The first match in breadth-first order, the one that the dialog itself would find.
+/// The first match in breadth-first order, as in the dialog's own lookup.
 UI_Node* FindControl(const ui::UI_Dialog& dialog, std::string_view id) {
   std::deque<UI_Node*> queue = {dialog.GetRootView().get()};
   for (; !queue.empty(); queue.pop_front()) {

@@ -11,27 +11,27 @@
 
 namespace nrvui::gestures {
 
-/// One playing of a script on a dialog, the same for all who play: which control a line means,
-/// what stops the run and what is reported.
+/// One run of a script on a dialog. It defines, for every presenter, which control a line refers
+/// to, what stops the run and what is reported.
 class NRV_EXPORT ScriptRun {
  public:
   /// All must outlive the run. `report` may be empty.
   ScriptRun(const GestureScript& gestureScript, ui::UI_Dialog& playedDialog,
             const std::function<void(const std::string&)>& report);
 
-  /// Plays the whole script, each step by `play`. Reports values that were pulled; cancels a dialog
-  /// that is left open. A ScriptError of `play`, or a gesture that was refused, stops the run,
-  /// cancels the dialog and is the answer.
+  /// Calls `play` for each step. Reports clamped values; cancels a dialog that is still open at the
+  /// end. A ScriptError from `play`, or a refused gesture, stops the run and cancels the dialog;
+  /// returns that error.
   std::optional<ScriptError> Play(const std::function<Outcome(const Step&)>& play) const;
 
-  /// The gesture that the step means, without a window.
+  /// Performs the step's gesture on the nodes.
   Outcome Perform(const Step& step) const;
 
   /// Throws ScriptError when the dialog has no such control.
   ui::UI_Node& Control(const Step& step) const;
 
-  /// What a person would type for the step's text: in numbers of a script '.' is the decimal sign,
-  /// whatever the language.
+  /// The step's text as the user would type it: a script has '.' as the decimal sign of numbers in
+  /// every language.
   static nrvcore::UTF16String Typed(const Step& step, const ui::UI_Node& field);
 
  private:
@@ -43,19 +43,18 @@ class NRV_EXPORT ScriptRun {
   const std::function<void(const std::string&)>& reportFunction;
 };
 
-/// Plays a gesture script, from its start, on every dialog that it is given. A line that cannot be
-/// played stops the run and cancels the dialog; a script that ends while the dialog is open
-/// cancels it too.
+/// Plays a gesture script from its start on every dialog. A line that cannot be played stops the
+/// run and cancels the dialog; the end of the script cancels a dialog that is still open.
 class NRV_EXPORT ScriptedPresenter final : public ui::DialogPresenter {
  public:
-  /// `report` gets, in UTF-8 with file and line, what a person would be told: values that were
-  /// pulled, and a dialog that the script left open.
+  /// `report` receives, in UTF-8 with file and line, what a window would show: clamped values, and
+  /// a dialog that was left open.
   explicit ScriptedPresenter(GestureScript gestureScript,
                              std::function<void(const std::string&)> report = {});
 
   void Present(ui::UI_Dialog& dialog) override;
 
-  /// What stopped the last run, if anything did.
+  /// The error that stopped the last run.
   const std::optional<ScriptError>& Error() const { return error; }
 
  private:

@@ -7,27 +7,27 @@ namespace nrvui::controls {
 
 using ChangeNotifyFunction = boost::function<void(ui::MessageT<ui::UI_Node>*)>;
 
-/// A control. Its setters are for code and do not notify; what a person does goes through the
-/// gestures, which notify the control that was touched.
+/// A control. Its setters are for code and do not notify. User input goes through the gestures
+/// (gesture.h), which notify the handler of the control that the user touched.
 class NRV_EXPORT UI_ControlView : public ui::UI_SubView {
  public:
   ~UI_ControlView() override;
 
-  /// At most one function, called after a person changed the control; null takes it away.
+  /// Sets the handler, which is called after the user has changed the control; null removes it.
   void NotifyWhenChanged(const boost::shared_ptr<ChangeNotifyFunction>& notifyFunction);
-  /// Tells the function. For gestures.
+  /// Calls the handler. For gestures.
   void NotifyChangedByPerson();
 
   void SetDisabled(bool disable);
   bool IsDisabled() const { return isDisabled; }
 
-  /// In a caption '&' stands before the letter that is the control's mnemonic, "&&" for itself.
+  /// In a caption '&' precedes the mnemonic; "&&" is an ampersand.
   void SetCaption(const nrvcore::UTF16String& newCaption);
   const nrvcore::UTF16String& GetCaption() const { return caption; }
-  /// Keys of a sentence that says what the control is for, and of one that says why it is disabled.
+  /// Keys of two sentences: the control's purpose, and why it is disabled.
   void SetHelp(const nrvcore::String& key);
   void SetDisabledHelp(const nrvcore::String& key);
-  /// The sentence that fits its present state, in the user's language; may be empty.
+  /// The sentence for the present state, in the user's language; may be empty.
   nrvcore::UTF16String GetHelp() const;
   void ShowMnemonic(bool show);
   bool IsMnemonicShown() const { return mnemonicShown; }
@@ -35,31 +35,31 @@ class NRV_EXPORT UI_ControlView : public ui::UI_SubView {
  private:
   boost::shared_ptr<ChangeNotifyFunction> changed;
   nrvcore::UTF16String caption;
-  nrvcore::String help;  // a key, as few dialogs live until somebody wants the text
+  nrvcore::String help;  // a key: localising each help text would slow the opening of every dialog
   nrvcore::String disabledHelp;
   bool isDisabled = false;
   bool mnemonicShown = false;
 };
 
-/// A push button. It has no value: its function is called for each press.
+/// A push button. It has no value; its handler is called for each press.
 class NRV_EXPORT UI_Button : public UI_ControlView {
  public:
   ~UI_Button() override;
 };
 
-/// A button that shows its caption and nothing else.
+/// A button that shows only its caption.
 class NRV_EXPORT UI_TextButton : public UI_Button {
  public:
   ~UI_TextButton() override;
 };
 
-/// A text that cannot be edited: the label of a buddy control, whose text is then a caption with a
-/// mnemonic, or a value, which is shown as it stands.
+/// A text that cannot be edited: with a buddy control it is the control's label and may have a
+/// mnemonic; without one it is shown literally.
 class NRV_EXPORT UI_StaticText : public UI_ControlView {
  public:
   ~UI_StaticText() override;
 
-  /// The same text as the caption's.
+  /// The caption, under the name that fields have for it.
   void SetValue(const nrvcore::UTF16String& text);
   const nrvcore::UTF16String& GetValue() const { return GetCaption(); }
 
@@ -71,7 +71,7 @@ class NRV_EXPORT UI_StaticText : public UI_ControlView {
   nrvcore::String buddy;
 };
 
-/// A caption with a mark that a click sets or takes away.
+/// A check box; a click toggles it.
 class NRV_EXPORT UI_Checkbox : public UI_ControlView {
  public:
   ~UI_Checkbox() override;
@@ -85,8 +85,8 @@ class NRV_EXPORT UI_Checkbox : public UI_ControlView {
 
 enum RadioValue { kRadioOff = 0, kRadioOn = 1 };
 
-/// One of the buttons of its dialog that share a group name. The gesture of a click selects it and
-/// no other of its group (gesture.h); setting a value from code leaves the others as they are.
+/// One of a dialog's radio buttons with the same group name. A click (gesture.h) deselects the
+/// others of the group; setting a value from code does not.
 class NRV_EXPORT UI_RadioButton : public UI_ControlView {
  public:
   ~UI_RadioButton() override;

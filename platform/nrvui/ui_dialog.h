@@ -6,20 +6,20 @@
 
 namespace nrvui::ui {
 
-/// With what a dialog closed.
+/// The result of a dialog.
 enum DialogResponse : std::int32_t {
   kNoResponse = 0,  // still open
   kOkResponse = 1,
   kCancelResponse = 2,
 };
 
-/// A dialog with a root view for its content, an OK and a Cancel button and a response. During its
-/// construction no reference may be taken and dropped: the count is still 0, and the release would
+/// A dialog with a root view for its content, an OK and a Cancel button and a response. Its
+/// constructor must not take and release a reference: the count is still 0, so the release would
 /// destroy the dialog.
 class NRV_EXPORT UI_Dialog : public OS_Dialog {
  public:
-  /// `dialogPoint` and `contentSize` are in points. `platformWindow` is not used; the last
-  /// two are the host's own.
+  /// `dialogPoint` and `contentSize` are in points. `platformWindow` is not used; `styleValue` and
+  /// `flags` are for the host.
   UI_Dialog(const drawbot::SupplierInterface* drawingSupplier,
             const nrvcore::UTF16String& windowTitle, nrvcore::geom::PointT<float> dialogPoint,
             nrvcore::geom::PointT<float> contentSize, bool staysOnTop, NSWindow* platformWindow,
@@ -27,20 +27,20 @@ class NRV_EXPORT UI_Dialog : public OS_Dialog {
             std::uint32_t styleValue, std::uint32_t flags);
   ~UI_Dialog() override;
 
-  /// Confirms when an OK button is registered, visible and enabled; otherwise nothing happens.
+  /// Closes with OK if an OK button is registered, visible and enabled; otherwise does nothing.
   virtual void OnReturnKey();
   /// Cancels unless a registered cancel button is disabled.
   virtual void OnEscapeKey();
-  /// Cancels, whatever the buttons say.
+  /// Cancels, whatever the state of the buttons.
   virtual void OnCloseButton();
-  /// Any response but kNoResponse closes the dialog; the last one counts.
+  /// Any response but kNoResponse closes the dialog; a later one replaces it.
   virtual void SetResponse(DialogResponse newResponse);
   virtual void DefaultCloseOk();
   virtual void DefaultCloseCancel();
 
   DialogResponse GetResponse() const { return response; }
 
-  /// The only child; it follows the dialog's size and lasts as long as the dialog.
+  /// The only child, never null; it follows the dialog's size.
   const boost::intrusive_ptr<OS_View>& GetRootView() const { return rootView; }
 
   void SetOkButton(const boost::intrusive_ptr<controls::UI_Button>& button);
@@ -50,7 +50,7 @@ class NRV_EXPORT UI_Dialog : public OS_Dialog {
   const boost::intrusive_ptr<controls::UI_Button>& GetCancelButton() const { return cancelButton; }
   const boost::intrusive_ptr<UI_Node>& GetInitialFocus() const { return initialFocus; }
 
-  /// Leaves the place to the platform.
+  /// Lets the platform choose the position.
   void Position();
 
   void UI_ContentRectChanged(const nrvcore::geom::RectT<float>& rect) override;

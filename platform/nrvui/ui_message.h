@@ -7,8 +7,8 @@
 
 namespace nrvui::ui {
 
-/// A message about a node, delivered to one function; its class says what happened. It lives for
-/// the delivery only.
+/// A message about a node, delivered to one function; its class is its kind. It exists only during
+/// the delivery.
 template <class Node>
 class NRV_EXPORT MessageT {
  public:
@@ -20,21 +20,21 @@ class NRV_EXPORT MessageT {
 
 extern template class MessageT<UI_Node>;
 
-/// A person changed a control.
+/// The user changed a control.
 class NRV_EXPORT UI_ControlChangedMessage : public MessageT<UI_Node> {
  public:
   ~UI_ControlChangedMessage() override;
 };
 
-/// Lets a function of a specific message class stand where one of the generic class is called.
+/// Adapts a function for a specific message class to the generic class.
 template <class Generic, class Specific>
 class MessageFunctionAdapter {
  public:
   explicit MessageFunctionAdapter(const boost::function1<void, Specific*>& specificFunction)
       : function(specificFunction) {}
 
-  /// A message that is absent or of another class throws the invalid-type-conversion error; an
-  /// empty function throws boost::bad_function_call.
+  /// Throws the invalid-type-conversion error for a null message or one of another class, and
+  /// boost::bad_function_call when the function is empty.
   void operator()(Generic* message) const {
     auto* specific = dynamic_cast<Specific*>(message);
     if (specific == nullptr) nrvcore::config::ThrowInvalidTypeConversion();

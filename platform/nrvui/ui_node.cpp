@@ -24,9 +24,10 @@ UI_Node::~UI_Node() noexcept(false) {
 void UI_Node::ChildPushBack(const boost::intrusive_ptr<UI_Node>& child) {
   if (child == nullptr) throw std::invalid_argument("a child is null");
   if (child->IsAtOrAbove(*this)) throw std::invalid_argument("a node would contain itself");
-  boost::intrusive_ptr<UI_Node> added = child;  // which may stand among those it now leaves
+  boost::intrusive_ptr<UI_Node> added =
+      child;  // `child` may refer to an element that is erased below
   UI_Node* const former = added->parent;
-  children.emplace_back();  // the place first: without memory for it nothing has changed
+  children.emplace_back();  // may throw, so before any change
   if (former != nullptr) std::erase(former->children, added);
   added->parent = this;
   children.back() = std::move(added);

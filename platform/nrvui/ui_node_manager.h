@@ -9,7 +9,7 @@
 
 namespace nrvui::ui {
 
-/// The platform settings, from key to a value of any type. Read by dialogs while they are built.
+/// The platform settings by key, with values of any type. Dialogs read them during construction.
 class NRV_EXPORT CustomSettingsManager {
  public:
   CustomSettingsManager();
@@ -24,10 +24,10 @@ class NRV_EXPORT CustomSettingsManager {
   std::map<std::string, boost::any> settings;
 };
 
-/// The toolkit's one manager, which lives as long as the process.
+/// The toolkit's only manager.
 class NRV_EXPORT UI_NodeManager {
  public:
-  /// `create` asks for it to be made; it always is, so both values answer the same.
+  /// Never null: `create` has no effect, because the manager is always created.
   static UI_NodeManager& Get(bool create = false);
 
   UI_NodeManager(const UI_NodeManager&) = delete;
@@ -42,7 +42,7 @@ class NRV_EXPORT UI_NodeManager {
   mutable CustomSettingsManager customSettings;
 };
 
-/// The theme in which layouts are built unless a dialog asks for another.
+/// The theme of layouts for which a dialog requests no other.
 NRV_EXPORT nrvcore::UTF16String GetDefaultThemeName();
 
 }  // namespace nrvui::ui

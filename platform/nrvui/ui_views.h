@@ -4,7 +4,7 @@
 
 namespace nrvui::ui {
 
-/// A node that takes part in a window: every view and every control.
+/// A node that is shown in a window: every view and every control.
 class NRV_EXPORT UI_SubView : public UI_Node {
  public:
   ~UI_SubView() override;
@@ -19,9 +19,8 @@ class NRV_EXPORT OS_View : public UI_SubView {
   ~OS_View() override;
 };
 
-/// The layout node of a built layout, between the sheet view and the panels. Its rectangle is the
-/// room that the content takes; a presenter that measures the content sets it, and the dialog
-/// follows.
+/// The layout node, between the sheet view and the panels. Its rectangle is the size of the
+/// content; a presenter that measures the content sets it, and the dialog follows.
 class NRV_EXPORT UI_Layout : public UI_SubView {
  public:
   ~UI_Layout() override;
@@ -29,8 +28,8 @@ class NRV_EXPORT UI_Layout : public UI_SubView {
 
 enum class PanelArrangement { kColumn, kRow, kGrid };
 
-/// Says how its children are arranged; it places nothing itself, since their sizes depend on the
-/// presenter's fonts.
+/// States how its children are arranged. The presenter places them, because their sizes depend on
+/// its fonts.
 class NRV_EXPORT UI_Panel : public UI_SubView {
  public:
   static constexpr unsigned kMostColumns = 16;
@@ -40,17 +39,17 @@ class NRV_EXPORT UI_Panel : public UI_SubView {
   void SetArrangement(PanelArrangement newArrangement);
   PanelArrangement GetArrangement() const { return arrangement; }
 
-  /// Children of a grid fill it row by row. Throws std::invalid_argument for 0 and for more than
-  /// kMostColumns.
+  /// For a grid, which its children fill row by row. Throws std::invalid_argument unless `count` is
+  /// from 1 to kMostColumns.
   void SetColumnCount(unsigned count);
   unsigned GetColumnCount() const { return columnCount; }
 
-  /// A panel with a title is a group with a frame; empty means none.
+  /// A panel with a title has a frame. Empty means neither.
   void SetTitle(const nrvcore::UTF16String& newTitle);
   const nrvcore::UTF16String& GetTitle() const { return title; }
 
-  /// Without title and content: it takes what room is left in a row or column, and leaves a place
-  /// of a grid empty.
+  /// Whether it has neither title nor children. It then takes the remaining space of a row or
+  /// column, and one cell of a grid.
   bool IsSpace() const;
 
  private:

@@ -4,7 +4,7 @@
 
 namespace standin {
 
-/// A suite, the host's or a plug-in's, in use by a caller in the host until the end of the scope.
+/// Acquires a suite, the host's or a plug-in's, and releases it at the end of the scope.
 template <typename Suite>
 class HeldSuite {
  public:
@@ -13,7 +13,7 @@ class HeldSuite {
   ~HeldSuite() {
     try {
       if (functions) static_cast<void>(host.Suites().Release(Suite::kName, Suite::kVersion));
-    } catch (...) {  // Leftovers names a suite that stays held
+    } catch (...) {  // Leftovers lists the suite
     }
   }
 
@@ -22,7 +22,7 @@ class HeldSuite {
 
   explicit operator bool() const { return functions; }
   const Suite* operator->() const { return static_cast<const Suite*>(functions); }
-  /// Why there is no suite.
+  /// The result of the acquisition.
   ResultCode Code() const { return code; }
 
  private:

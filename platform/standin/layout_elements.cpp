@@ -48,7 +48,8 @@ void LayoutAttribute::RefuseAs(const char* key, std::string_view limit) const {
 nrvcore::String LayoutAttribute::AsName() const {
   const std::string_view text = value;
   if (text.empty() || !std::all_of(text.begin(), text.end(), IsNameCharacter))
-    RefuseAs("$$$/standin/Layout/NoName=%1=\"%2\" is no name of letters, digits and underscores");
+    RefuseAs(
+        "$$$/standin/Layout/NoName=%1=\"%2\" is not a name of letters, digits and underscores");
   return nrvcore::String(text);
 }
 
@@ -56,7 +57,8 @@ const char* LayoutAttribute::AsKey() const {
   const std::string_view key = value;
   const size_t equals = key.find('=');
   if (!key.starts_with("$$$/") || equals == std::string_view::npos || equals + 1 == key.size())
-    RefuseAs("$$$/standin/Layout/NoKey=%1=\"%2\" is no localisation key of the form $$$/path=text");
+    RefuseAs(
+        "$$$/standin/Layout/NoKey=%1=\"%2\" is not a localisation key of the form $$$/path=text");
   return value;
 }
 
@@ -67,14 +69,14 @@ nrvcore::UTF16String LayoutAttribute::AsCaption() const {
 double LayoutAttribute::AsNumber() const {
   double number{};
   if (!Parse(value, &number) || !std::isfinite(number))
-    RefuseAs("$$$/standin/Layout/NoNumber=%1=\"%2\" is no number");
+    RefuseAs("$$$/standin/Layout/NoNumber=%1=\"%2\" is not a number");
   return number;
 }
 
 unsigned LayoutAttribute::AsCount(unsigned last) const {
   unsigned count{};
   if (!Parse(value, &count) || count < 1 || count > last)
-    RefuseAs("$$$/standin/Layout/NoCount=%1=\"%2\" is no whole number from 1 to %3",
+    RefuseAs("$$$/standin/Layout/NoCount=%1=\"%2\" is not a whole number from 1 to %3",
              std::to_string(last));
   return count;
 }
@@ -106,7 +108,7 @@ boost::intrusive_ptr<UI_Node> MakePanel(const LiveToken& token) {
   return panel;
 }
 
-/// Sets what the attribute says on a node that is of the class `Node`.
+/// Calls a setter of class `Node` with the attribute's value.
 template <class Node, auto kSet, auto kRead>
 void Apply(UI_Node& node, const LayoutAttribute& value) {
   (static_cast<Node&>(node).*kSet)((value.*kRead)());
@@ -137,7 +139,7 @@ void SetHeight(UI_Node& node, const LayoutAttribute& value) {
   node.UI_SetLocalRectF({0, 0, node.UI_GetLocalRectF().right, height});
 }
 
-/// The reader looks the named node up when it has read them all.
+/// The reader looks the node up after it has read all of them.
 void CheckName(UI_Node&, const LayoutAttribute& value) {
   static_cast<void>(value.AsName());
 }
@@ -161,7 +163,7 @@ constexpr AttributeRule kGridAttributes[] = {
 constexpr AttributeRule kGroupAttributes[] = {
     {"id", kOptional, kSetId},
     {"caption", kRequired, kSetTitle},
-    {"columns", kOptional, SetColumns},  // without them its content stands in one column
+    {"columns", kOptional, SetColumns},  // by default one
 };
 constexpr AttributeRule kLabelAttributes[] = {
     {"id", kOptional, kSetId},

@@ -12,27 +12,27 @@
 
 namespace standin {
 
-/// The value of one attribute in a layout file, read as what the element expects. What does not
-/// read so goes to `refuse`, which throws.
+/// The value of one attribute in a layout file, read as the type that the element expects. An
+/// invalid value calls `refuse`, which throws.
 class LayoutAttribute {
  public:
   using Refuse = std::function<void(const std::string& reason)>;
 
-  /// The texts must last as long as this object.
+  /// The texts must outlive this object.
   LayoutAttribute(const char* name, const char* value, Refuse refusal);
 
   /// A name of letters, digits and underscores.
   nrvcore::String AsName() const;
   /// A localisation key, "$$$/" path "=" text.
   const char* AsKey() const;
-  /// The same in the user's language.
+  /// The key's text in the user's language.
   nrvcore::UTF16String AsCaption() const;
   double AsNumber() const;
   /// A whole number from 1 to `last`.
   unsigned AsCount(unsigned last) const;
 
  private:
-  /// The key's %1 and %2 are the attribute and its value.
+  /// `key` is a message; its %1 and %2 are the attribute and its value.
   [[noreturn]] void RefuseAs(const char* key, std::string_view limit = {}) const;
 
   const char* name;
@@ -45,25 +45,25 @@ enum class Presence { kOptional, kRequired };
 struct AttributeRule {
   std::string_view name;
   Presence presence;
-  /// Gives the value to the element's node.
+  /// Sets the value on the element's node.
   void (*apply)(nrvui::ui::UI_Node& node, const LayoutAttribute& value);
 };
 
-/// An element that may stand in a layout, and the node that it stands for.
+/// An element of layouts, and how its node is made.
 struct LayoutElement {
   std::string_view name;
-  bool holdsOthers;
+  bool holdsOthers;  // whether it may contain elements
   boost::intrusive_ptr<nrvui::ui::UI_Node> (*make)(const LiveToken& token);
   std::span<const AttributeRule> attributes;
 };
 
-/// The root of every layout. It stands for the layout node.
+/// The root of every layout; its node is the layout node.
 const LayoutElement& SheetElement();
 
-/// An element that may stand below the root; null for an unknown one.
+/// An element below the root; null for an unknown name.
 const LayoutElement* FindLayoutElement(std::string_view name);
 
-/// Null for an attribute that the element does not have.
+/// Null for an attribute that the element does not accept.
 const AttributeRule* FindAttributeRule(const LayoutElement& element, std::string_view name);
 
 }  // namespace standin

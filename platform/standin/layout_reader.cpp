@@ -50,7 +50,7 @@ class Reader {
     Refuse(static_cast<size_t>(position - parsed.data()), reason);
   }
 
-  const std::string original;  // the parser writes its marks into the other one
+  const std::string original;  // the parser changes the other one
   std::string parsed;
   const std::filesystem::path& file;
   const LiveToken& token;
@@ -68,7 +68,7 @@ void Reader::Refuse(size_t offset, const std::string& reason) const {
 
 SheetTree Reader::Read() {
   if (const size_t nul = original.find('\0'); nul != std::string::npos)
-    Refuse(nul, Message("$$$/standin/Layout/Nul=a NUL"));
+    Refuse(nul, Message("$$$/standin/Layout/Nul=the file contains a NUL"));
   pugi::xml_document document;
   const pugi::xml_parse_result result = document.load_buffer_inplace(
       parsed.data(), parsed.size(), pugi::parse_default, pugi::encoding_utf8);
@@ -78,11 +78,9 @@ SheetTree Reader::Read() {
     return static_cast<size_t>(std::max<std::ptrdiff_t>(node.offset_debug(), 0));
   };
   if (std::string_view(root.name()) != SheetElement().name)
-    Refuse(offset(root),
-           Message("$$$/standin/Layout/Root=<%1> where <sheet> must stand", {root.name()}));
+    Refuse(offset(root), Message("$$$/standin/Layout/Root=<%1> instead of <sheet>", {root.name()}));
   if (const pugi::xml_node second = root.next_sibling())
-    Refuse(offset(second),
-           Message("$$$/standin/Layout/AfterEnd=something after the end of <sheet>"));
+    Refuse(offset(second), Message("$$$/standin/Layout/AfterEnd=content after the end of <sheet>"));
 
   SheetTree tree;
   tree.view = LiveNode<UI_SubView>::Make(token);
@@ -115,8 +113,7 @@ void Reader::AddChildren(const pugi::xml_node& xml, UI_Node& parent, int depth) 
 boost::intrusive_ptr<UI_Node> Reader::MakeNode(const pugi::xml_node& xml,
                                                const LayoutElement& element) {
   if (!element.holdsOthers && xml.first_child())
-    Refuse(xml.name(),
-           Message("$$$/standin/Layout/Content=<%1> cannot hold anything", {xml.name()}));
+    Refuse(xml.name(), Message("$$$/standin/Layout/Content=<%1> must be empty", {xml.name()}));
   boost::intrusive_ptr<UI_Node> node = element.make(token);
   ApplyAttributes(xml, element, *node);
   return node;

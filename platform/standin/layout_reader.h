@@ -9,18 +9,18 @@
 
 namespace standin {
 
-/// A layout as nodes: the view that goes into a dialog, in it the layout node, in that the panels
-/// and controls. View and layout node have the size that the file gives, 0 by 0 without one, until
-/// a presenter that knows its fonts sets another; what is in them has none.
+/// A layout as nodes: the view, in it the layout node, in that the panels and controls. View and
+/// layout node have the size from the file, by default 0 by 0, until a presenter that knows its
+/// fonts sets another. Panels and controls have no size.
 struct SheetTree {
   boost::intrusive_ptr<nrvui::ui::UI_SubView> view;
   boost::intrusive_ptr<nrvui::ui::UI_Layout> layout;
-  boost::intrusive_ptr<nrvui::ui::UI_Node> initialFocus;  // null when the layout names none
+  boost::intrusive_ptr<nrvui::ui::UI_Node> initialFocus;  // null for none
 };
 
-/// Makes the nodes that a layout file describes; layout_elements.cpp lists the elements and their
-/// attributes. Every node holds a copy of `token`. Throws ResourceError, with the line, for
-/// whatever it does not know or cannot use; no node remains then.
+/// Builds the nodes of a layout file; layout_elements.cpp lists the elements and their attributes.
+/// Every node holds a copy of `token`. Throws nrvcore::FileError, with the line, for the first
+/// element, attribute or value that is unknown or invalid; then no node remains.
 SheetTree ReadLayout(const std::filesystem::path& file, const LiveToken& token);
 
 /// The same for the text of a file.

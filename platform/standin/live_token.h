@@ -5,19 +5,19 @@
 
 namespace standin {
 
-/// Tells how many objects of a kind are alive: each holds a copy of the kind's one token.
+/// Counts the live objects of a kind: each holds a copy of the kind's token.
 using LiveToken = std::shared_ptr<const void>;
 
 inline LiveToken MakeLiveToken() {
   return std::make_shared<char>();
 }
 
-/// How many copies there are beside this one.
+/// The number of copies, not counting this one.
 inline long CountLive(const LiveToken& token) {
   return token.use_count() - 1;
 }
 
-/// A node that counts as alive until it is destroyed.
+/// A node that holds a token until it is destroyed.
 template <class Node>
 class LiveNode final : public Node {
  public:

@@ -4,6 +4,15 @@
 
 namespace standin {
 
+std::vector<const char*>& OperationRegistry::ListedNames() {
+  static std::vector<const char*> names;
+  return names;
+}
+
+void OperationRegistry::DeclareAll() {
+  for (const char* name : ListedNames()) Declare(name);
+}
+
 OperationRegistry::Operation& OperationRegistry::Declare(const std::string& name) {
   Operation& operation = operations[name];
   operation.name = name;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <cstddef>
 #include <exception>
 #include <functional>
@@ -13,6 +14,13 @@
 #include "platform/suites/result_code.h"
 
 namespace standin {
+
+/// The name of an operation as a template argument.
+template <size_t kSize>
+struct OperationName {
+  consteval OperationName(const char (&name)[kSize]) { std::copy_n(name, kSize, text); }
+  char text[kSize];
+};
 
 /// The host's operations by name. Each checks in before it does its work: the call is counted, and
 /// a test can make it fail. Names are "<suite>/<operation>", for example
@@ -32,6 +40,8 @@ class OperationRegistry {
     std::optional<InjectedFault> fault;
   };
 
+  /// Adds the names of all CheckIn<...> in the program.
+  void DeclareAll();
   /// Adds a name and returns its operation, whose address does not change.
   Operation& Declare(const std::string& name);
   /// All names, sorted.
@@ -59,9 +69,18 @@ class OperationRegistry {
   /// Counts the call. Returns kSuccess when the operation is to do its work; otherwise the code of
   /// its fault, or throws its exception.
   ResultCode CheckIn(Operation& operation);
-  ResultCode CheckIn(std::string_view name) { return CheckIn(Find(name)); }
+  template <OperationName kName>
+  ResultCode CheckIn() {
+    static_cast<void>(kIsListed<kName>);
+    return CheckIn(Find(kName.text));
+  }
 
  private:
+  static std::vector<const char*>& ListedNames();
+  /// Its initialisation, before main, lists the name, so that no list repeats the names.
+  template <OperationName kName>
+  inline static const bool kIsListed = (ListedNames().push_back(kName.text), true);
+
   Operation& Find(std::string_view name);
   const Operation& Find(std::string_view name) const;
 

@@ -13,8 +13,9 @@ namespace standin {
 
 namespace {
 
-bool IsRefused(const char* operation) {
-  return Failed(Host::Current().Operations().CheckIn(operation));
+template <OperationName kName>
+bool IsRefused() {
+  return Failed(Host::Current().Operations().CheckIn<kName>());
 }
 
 nrvcore::geom::PointT<float> SizeOf(const nrvui::ui::UI_Node& node) {
@@ -22,7 +23,7 @@ nrvcore::geom::PointT<float> SizeOf(const nrvui::ui::UI_Node& node) {
   return {rect.right, rect.bottom};
 }
 
-/// The property sheet of a layout. Dialogs hold it and ask nothing of it.
+/// The property sheet of a layout; dialogs only hold it.
 class PropertySheet final : public VXUICairnSheet {
  public:
   explicit PropertySheet(LiveToken sheetToken) : token(std::move(sheetToken)) {}
@@ -31,8 +32,8 @@ class PropertySheet final : public VXUICairnSheet {
   LiveToken token;
 };
 
-/// A layout that was read. Callbacks that its dialog installed go with it, also when
-/// its nodes are still held.
+/// A layout. Its destructor removes the callbacks that the dialog installed, because nodes may be
+/// held longer.
 class LayoutSheetHolder final : public SheetHolder {
  public:
   LayoutSheetHolder(SheetTree newTree, boost::shared_ptr<PropertySheet> newSheet,
@@ -50,34 +51,34 @@ class LayoutSheetHolder final : public SheetHolder {
   }
 
   boost::intrusive_ptr<nrvui::ui::UI_Node> GetSheetView() override {
-    return IsRefused("Sheet Holder/GetSheetView") ? nullptr : tree.view;
+    return IsRefused<"Sheet Holder/GetSheetView">() ? nullptr : tree.view;
   }
   boost::intrusive_ptr<nrvui::ui::UI_Node> GetLayoutNode() override {
-    return IsRefused("Sheet Holder/GetLayoutNode") ? nullptr : tree.layout;
+    return IsRefused<"Sheet Holder/GetLayoutNode">() ? nullptr : tree.layout;
   }
   boost::shared_ptr<VXUICairnSheet> GetSheet() override {
-    return IsRefused("Sheet Holder/GetSheet") ? nullptr : sheet;
+    return IsRefused<"Sheet Holder/GetSheet">() ? nullptr : sheet;
   }
   boost::intrusive_ptr<nrvui::ui::UI_Node> GetInitialFocus() override {
-    return IsRefused("Sheet Holder/GetInitialFocus") ? nullptr : tree.initialFocus;
+    return IsRefused<"Sheet Holder/GetInitialFocus">() ? nullptr : tree.initialFocus;
   }
 
-  /// The layout takes the room, but not less than its content needs: the size that its file gives,
-  /// or that a presenter has since given to its node.
+  /// The layout takes this size, but at least its natural size: that of its file, or the one that a
+  /// presenter has set since.
   void ResizeSheet(std::int32_t width, std::int32_t height) override {
-    if (IsRefused("Sheet Holder/ResizeSheet")) return;
+    if (IsRefused<"Sheet Holder/ResizeSheet">()) return;
     const auto current = SizeOf(*tree.layout);
     if (!(current == given)) natural = current;
     given = {std::max(natural.x, static_cast<float>(width)),
              std::max(natural.y, static_cast<float>(height))};
-    // The dialog follows the layout and comes back here; it ends when nothing changes any more.
+    // The dialog follows the layout and calls this again, until the size no longer changes.
     tree.layout->UI_SetLocalRectF({0, 0, given.x, given.y});
   }
 
-  /// Its sheets have no messages.
+  /// These sheets send no messages.
   void SetMessageCallback(
       boost::shared_ptr<boost::function<void(const vx::UnicodeString&)>>) override {
-    static_cast<void>(IsRefused("Sheet Holder/SetMessageCallback"));
+    static_cast<void>(IsRefused<"Sheet Holder/SetMessageCallback">());
   }
 
  private:
@@ -96,10 +97,10 @@ SheetService::SheetService(Host& owner, std::filesystem::path layoutFolder)
 boost::shared_ptr<SheetHolder> SheetService::CreateSheetHolder(OpaqueModule* pluginRef,
                                                                std::uint32_t resourceID,
                                                                const nrvcore::UTF16String&) {
-  if (Failed(host.Operations().CheckIn("Sheet Factory/CreateSheetHolder"))) return nullptr;
+  if (Failed(host.Operations().CheckIn<"Sheet Factory/CreateSheetHolder">())) return nullptr;
   const std::string layout = std::to_string(resourceID);
   if (!host.Objects().IsPlugin(pluginRef)) {
-    host.NoteResourceProblem("layout " + layout + " was asked for by an unknown plug-in");
+    host.NoteResourceProblem("layout " + layout + " was requested by an unknown plug-in");
     return nullptr;
   }
   try {
@@ -113,11 +114,11 @@ boost::shared_ptr<SheetHolder> SheetService::CreateSheetHolder(OpaqueModule* plu
 }
 
 void SheetService::RegisterDialogView(nrvui::ui::OS_View*) {
-  static_cast<void>(host.Operations().CheckIn("Sheet Factory/RegisterDialogView"));
+  static_cast<void>(host.Operations().CheckIn<"Sheet Factory/RegisterDialogView">());
 }
 
 const nrvui::drawbot::SupplierInterface* SheetService::GetDrawingSupplier() {
-  if (Failed(host.Operations().CheckIn("Drawing Supplier Source/GetDrawingSupplier")))
+  if (Failed(host.Operations().CheckIn<"Drawing Supplier Source/GetDrawingSupplier">()))
     return nullptr;
   return &supplier;
 }

@@ -13,21 +13,21 @@ namespace standin {
 
 class Host;
 
-/// The host's user-interface objects: builds sheets from "<number>.xml" in the folder of
-/// layouts, and hands out the drawing supplier.
+/// The host's user-interface objects: builds sheets from "<number>.xml" in the folder of layouts
+/// and provides the drawing supplier. The host owns it.
 class SheetService final : public SheetFactory, public DrawingSupplierSource {
  public:
   SheetService(Host& owner, std::filesystem::path layoutFolder);
 
-  /// Reads the file afresh each time. Null when it cannot be used; the reason goes to the host's
-  /// resource problems.
+  /// Reads the file each time. Null when it cannot be used; the host's resource problems then have
+  /// the reason.
   boost::shared_ptr<SheetHolder> CreateSheetHolder(OpaqueModule* pluginRef,
                                                    std::uint32_t resourceID,
                                                    const nrvcore::UTF16String& theme) override;
   void RegisterDialogView(nrvui::ui::OS_View* rootView) override;
   const nrvui::drawbot::SupplierInterface* GetDrawingSupplier() override;
 
-  /// A line for each kind of object of a sheet that is still alive.
+  /// A line for each kind of sheet object that still exists.
   std::vector<std::string> Leftovers() const;
 
  private:

@@ -42,7 +42,7 @@ StringList ReadStringList(std::istream& stream, const std::filesystem::path& fil
     int32_t index{};
     const auto [end, error] = std::from_chars(line.data(), line.data() + tab, index);
     if (error != std::errc() || end != line.data() + tab || index < 1 || index > kLastIndex)
-      refuse(Message("$$$/standin/Lists/NoIndex=\"%1\" is no index from 1 to %2",
+      refuse(Message("$$$/standin/Lists/NoIndex=\"%1\" is not an index from 1 to %2",
                      {line.substr(0, tab), std::to_string(kLastIndex)}));
     if (index <= previous)
       refuse(Message("$$$/standin/Lists/Order=index %1 after index %2",
@@ -65,7 +65,7 @@ StringList ReadList(const std::filesystem::path& file) {
   return ReadStringList(stream, file);
 }
 
-/// The catalogue that is in use says which texts go with it.
+/// The language of the texts. The catalogue states it, so lists and dialogs match.
 std::filesystem::path Language() {
   return nrvcore::config::Localizer::Get().Localize("$$$/standin/Lists/Language=en").View();
 }

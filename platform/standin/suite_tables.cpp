@@ -14,15 +14,15 @@ namespace {
 constexpr ResultCode kDone = ResultCode::kSuccess;
 constexpr int32_t kDefaultEncoding = 0;
 
-/// Lets the operation check in, and do its work unless it is refused.
-template <typename Work>
-ResultCode Perform(const char* operation, Work work) {
+/// Lets the operation check in and does its work unless a fault is injected.
+template <OperationName kName, typename Work>
+ResultCode Perform(Work work) {
   Host& host = Host::Current();
-  const ResultCode refusal = host.Operations().CheckIn(operation);
+  const ResultCode refusal = host.Operations().CheckIn<kName>();
   return Failed(refusal) ? refusal : work(host);
 }
 
-/// The longest beginning of a UTF-8 text of at most `size` bytes that cuts no character in two.
+/// The longest prefix of a UTF-8 text of at most `size` bytes that ends between two characters.
 std::string_view Cut(const std::string& text, size_t size) {
   size = std::min(size, text.size());
   while (size > 0 && (text[size] & 0xC0) == 0x80) --size;
@@ -38,7 +38,7 @@ ResultCode Release(const char* name, int32_t version) {
 }
 
 ResultCode AcquirePlugin(PluginRef plugin, AccessHandle* access) {
-  return Perform("QP Access Suite/AcquirePlugin", [=](Host& host) {
+  return Perform<"QP Access Suite/AcquirePlugin">([=](Host& host) {
     if (!access) return kBadArgument;
     if (!host.Objects().IsPlugin(plugin)) return kUnknownPlugin;
     *access = host.Objects().accesses.Add({plugin});
@@ -47,13 +47,12 @@ ResultCode AcquirePlugin(PluginRef plugin, AccessHandle* access) {
 }
 
 ResultCode ReleasePlugin(AccessHandle access) {
-  return Perform("QP Access Suite/ReleasePlugin", [=](Host& host) {
-    return host.Objects().accesses.Remove(access) ? kDone : kUnknownHandle;
-  });
+  return Perform<"QP Access Suite/ReleasePlugin">(
+      [=](Host& host) { return host.Objects().accesses.Remove(access) ? kDone : kUnknownHandle; });
 }
 
 ResultCode SetPluginName(PluginRef plugin, const char* name) {
-  return Perform("QP Plug-ins Suite/SetPluginName", [=](Host& host) {
+  return Perform<"QP Plug-ins Suite/SetPluginName">([=](Host& host) {
     if (!name) return kBadArgument;
     if (!host.Objects().IsPlugin(plugin)) return kUnknownPlugin;
     plugin->name = name;
@@ -63,7 +62,7 @@ ResultCode SetPluginName(PluginRef plugin, const char* name) {
 
 ResultCode AddNotifier(PluginRef plugin, const char* name, const char* type,
                        NotifierHandle* notifier) {
-  return Perform("VX Notifier Suite/AddNotifier", [=](Host& host) {
+  return Perform<"VX Notifier Suite/AddNotifier">([=](Host& host) {
     if (!name || !type) return kBadArgument;
     if (!host.Objects().IsPlugin(plugin)) return kUnknownPlugin;
     const NotifierHandle added = host.Objects().notifiers.Add({plugin, name, type});
@@ -73,7 +72,7 @@ ResultCode AddNotifier(PluginRef plugin, const char* name, const char* type,
 }
 
 ResultCode PushAppContext(PluginRef plugin, ContextHandle* context) {
-  return Perform("VX Context Suite/PushAppContext", [=](Host& host) {
+  return Perform<"VX Context Suite/PushAppContext">([=](Host& host) {
     if (!context) return kBadArgument;
     if (!host.Objects().IsPlugin(plugin)) return kUnknownPlugin;
     *context = host.Objects().contexts.Add({plugin});
@@ -82,7 +81,7 @@ ResultCode PushAppContext(PluginRef plugin, ContextHandle* context) {
 }
 
 ResultCode PopAppContext(ContextHandle context) {
-  return Perform("VX Context Suite/PopAppContext", [=](Host& host) {
+  return Perform<"VX Context Suite/PopAppContext">([=](Host& host) {
     auto& contexts = host.Objects().contexts;
     if (!contexts.Holds(context)) return kUnknownHandle;
     if (contexts.Objects().back().get() != context) return kContextOrder;
@@ -92,7 +91,7 @@ ResultCode PopAppContext(ContextHandle context) {
 }
 
 ResultCode GetListString(ModuleRef module, int32_t list, int32_t index, char* buffer, size_t size) {
-  return Perform("KDM Basic Suite/GetListString", [=](Host& host) {
+  return Perform<"KDM Basic Suite/GetListString">([=](Host& host) {
     if (!buffer || size < 1) return kBadArgument;
     if (!host.Objects().IsModule(module)) return kUnknownPlugin;
     const ListOwner owner = module->isHost ? ListOwner::kHost : ListOwner::kPlugin;
@@ -112,7 +111,7 @@ ResultCode GetListString(ModuleRef module, int32_t list, int32_t index, char* bu
 }
 
 ResultCode ShowAboutBox(PluginRef plugin, const char* firstText, const char* secondText) {
-  return Perform("KDM Basic Suite/ShowAboutBox", [=](Host& host) {
+  return Perform<"KDM Basic Suite/ShowAboutBox">([=](Host& host) {
     if (!firstText || !secondText) return kBadArgument;
     if (!host.Objects().IsPlugin(plugin)) return kUnknownPlugin;
     host.Interface().ShowAbout(firstText, secondText);
@@ -121,19 +120,19 @@ ResultCode ShowAboutBox(PluginRef plugin, const char* firstText, const char* sec
 }
 
 ResultCode AllocateBlock(size_t size, const char* debugName, void** block) {
-  return Perform("QP Blocks Suite/AllocateBlock",
-                 [=](Host&) { return qpbasic::Ledger::Get().Allocate(size, debugName, block); });
+  return Perform<"QP Blocks Suite/AllocateBlock">(
+      [=](Host&) { return qpbasic::Ledger::Get().Allocate(size, debugName, block); });
 }
 
 ResultCode FreeBlock(void* block) {
-  return Perform("QP Blocks Suite/FreeBlock",
-                 [=](Host&) { return qpbasic::Ledger::Get().Free(block); });
+  return Perform<"QP Blocks Suite/FreeBlock">(
+      [=](Host&) { return qpbasic::Ledger::Get().Free(block); });
 }
 
 ResultCode AddSuite(void* list, PluginRef plugin, const char* name, int32_t apiVersion,
                     int32_t internalVersion, const void* functions, SuiteHandle* suite) {
-  return Perform("QP Suites Suite/AddSuite", [=](Host& host) {
-    // The host's own list is the only one there is.
+  return Perform<"QP Suites Suite/AddSuite">([=](Host& host) {
+    // Only the host's own list exists.
     if (list || !name || !functions || !suite) return kBadArgument;
     if (!host.Objects().IsPlugin(plugin)) return kUnknownPlugin;
     const SuiteHandle added =
@@ -145,17 +144,17 @@ ResultCode AddSuite(void* list, PluginRef plugin, const char* name, int32_t apiV
 }
 
 float Multiply(float a, float b) {
-  const ResultCode refusal = Host::Current().Operations().CheckIn("VX Real Math Suite/Multiply");
+  const ResultCode refusal = Host::Current().Operations().CheckIn<"VX Real Math Suite/Multiply">();
   return Failed(refusal) ? std::numeric_limits<float>::quiet_NaN() : a * b;
 }
 
 float Divide(float dividend, float divisor) {
-  const ResultCode refusal = Host::Current().Operations().CheckIn("VX Real Math Suite/Divide");
+  const ResultCode refusal = Host::Current().Operations().CheckIn<"VX Real Math Suite/Divide">();
   return Failed(refusal) ? std::numeric_limits<float>::quiet_NaN() : dividend / divisor;
 }
 
 ResultCode CreateFromText(StringHandle* string, const char* text, size_t length, int32_t encoding) {
-  return Perform("VX Unicode String Suite/CreateFromText", [=](Host& host) {
+  return Perform<"VX Unicode String Suite/CreateFromText">([=](Host& host) {
     if (!string || !text) return kBadArgument;
     if (encoding != kDefaultEncoding) return kUnknownEncoding;
     *string = host.Objects().strings.Add({std::string(text, length)});
@@ -164,7 +163,7 @@ ResultCode CreateFromText(StringHandle* string, const char* text, size_t length,
 }
 
 ResultCode Dispose(StringHandle* string) {
-  return Perform("VX Unicode String Suite/Dispose", [=](Host& host) {
+  return Perform<"VX Unicode String Suite/Dispose">([=](Host& host) {
     if (!string) return kBadArgument;
     if (!*string) return kDone;
     if (!host.Objects().strings.Remove(*string)) return kUnknownHandle;
@@ -174,7 +173,7 @@ ResultCode Dispose(StringHandle* string) {
 }
 
 ResultCode ShowErrorAlert(const StringHandle* text) {
-  return Perform("VX User Suite/ShowErrorAlert", [=](Host& host) {
+  return Perform<"VX User Suite/ShowErrorAlert">([=](Host& host) {
     if (!text) return kBadArgument;
     if (*text && !host.Objects().strings.Holds(*text)) return kUnknownHandle;
     host.Interface().ShowAlert(*text ? (*text)->text : std::string());
@@ -184,12 +183,12 @@ ResultCode ShowErrorAlert(const StringHandle* text) {
 
 ModuleRef GetHostModule() {
   Host& host = Host::Current();
-  const ResultCode refusal = host.Operations().CheckIn("Glossa Host Init Suite/GetHostModule");
+  const ResultCode refusal = host.Operations().CheckIn<"Glossa Host Init Suite/GetHostModule">();
   return Failed(refusal) ? nullptr : host.HostModule();
 }
 
 ResultCode GetSheetFactory(SheetFactory** out) {
-  return Perform("VX User Interface Main Suite/GetSheetFactory", [=](Host& host) {
+  return Perform<"VX User Interface Main Suite/GetSheetFactory">([=](Host& host) {
     if (!out) return kBadArgument;
     *out = &host.Sheets();
     return kDone;
@@ -197,7 +196,7 @@ ResultCode GetSheetFactory(SheetFactory** out) {
 }
 
 ResultCode GetDrawingSupplierSource(DrawingSupplierSource** out) {
-  return Perform("VX User Interface Main Suite/GetDrawingSupplierSource", [=](Host& host) {
+  return Perform<"VX User Interface Main Suite/GetDrawingSupplierSource">([=](Host& host) {
     if (!out) return kBadArgument;
     *out = &host.Sheets();
     return kDone;
@@ -218,37 +217,6 @@ constexpr VXUserSuite kUser = {{}, ShowErrorAlert};
 constexpr GlossaHostInitSuite kHostInit = {GetHostModule};
 constexpr VXUserInterfaceMainSuite kUserInterface = {GetSheetFactory, GetDrawingSupplierSource};
 
-constexpr const char* kOperations[] = {
-    "QP Access Suite/AcquirePlugin",
-    "QP Access Suite/ReleasePlugin",
-    "QP Plug-ins Suite/SetPluginName",
-    "VX Notifier Suite/AddNotifier",
-    "VX Context Suite/PushAppContext",
-    "VX Context Suite/PopAppContext",
-    "KDM Basic Suite/GetListString",
-    "KDM Basic Suite/ShowAboutBox",
-    "QP Blocks Suite/AllocateBlock",
-    "QP Blocks Suite/FreeBlock",
-    "QP Suites Suite/AddSuite",
-    "VX Real Math Suite/Multiply",
-    "VX Real Math Suite/Divide",
-    "VX Unicode String Suite/CreateFromText",
-    "VX Unicode String Suite/Dispose",
-    "VX User Suite/ShowErrorAlert",
-    "Glossa Host Init Suite/GetHostModule",
-    "VX User Interface Main Suite/GetSheetFactory",
-    "VX User Interface Main Suite/GetDrawingSupplierSource",
-    "Drawing Supplier Source/GetDrawingSupplier",
-    "Sheet Factory/CreateSheetHolder",
-    "Sheet Factory/RegisterDialogView",
-    "Sheet Holder/GetSheetView",
-    "Sheet Holder/GetLayoutNode",
-    "Sheet Holder/GetSheet",
-    "Sheet Holder/GetInitialFocus",
-    "Sheet Holder/ResizeSheet",
-    "Sheet Holder/SetMessageCallback",
-};
-
 template <typename Suite>
 void AddTo(SuiteRegistry& suites, const Suite& table) {
   suites.Add(Suite::kName, Suite::kVersion, &table);
@@ -261,7 +229,7 @@ QPBasicSuite* Host::BasicSuite() {
 }
 
 void Host::AddSuites() {
-  for (const char* name : kOperations) operations.Declare(name);
+  operations.DeclareAll();
   AddTo(suites, kAccess);
   AddTo(suites, kPlugins);
   AddTo(suites, kNotifier);

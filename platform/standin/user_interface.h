@@ -6,7 +6,7 @@
 
 namespace standin {
 
-/// What the host shows to the person at the screen. Texts are UTF-8.
+/// Shows the host's alerts and about boxes to the user. Texts are UTF-8.
 class UserInterface {
  public:
   virtual ~UserInterface() = default;
@@ -15,7 +15,7 @@ class UserInterface {
   virtual void ShowAbout(const std::string& firstText, const std::string& secondText) = 0;
 };
 
-/// Shows nothing and remembers what would have been shown.
+/// Records the texts and shows nothing.
 class RecordingUserInterface : public UserInterface {
  public:
   void ShowAlert(const std::string& text) override { alerts.push_back(text); }

@@ -6,17 +6,16 @@
 #include "platform/suites/plugin_message.h"
 #include "platform/suites/result_code.h"
 
-/// The host's suites: function tables that the host implements and plug-ins call, each under a name
-/// and a version. An operation is known by its position, so the slots that the module has no use
-/// for are kept as gaps, which may be null.
+/// The host's suites: tables of functions that the host implements and plug-ins call. Each has a
+/// name and a version. An operation is identified by its position in the table, so slots that the
+/// module does not use remain as gaps, which may be null.
 ///
-/// What holds for every operation unless it says otherwise: it is called on the host's main thread.
-/// It answers kSuccess, or a code of the host's choice that says why it was not done, and then
-/// writes nothing through its pointers. A host written in C++ may throw instead; the module guards
-/// every call. Strings are NUL-terminated ASCII, lent for the call: who wants to keep one copies
-/// it. A handle that an operation writes is the caller's until the operation that gives it back;
-/// what stands behind it is the host's. In C++14 the constants kName and kVersion have no
-/// address: pass them by value.
+/// Unless stated otherwise, for every operation: It is called on the host's main thread. It returns
+/// kSuccess, or a code of the host's choice that gives the reason, and then writes nothing through
+/// its pointers. A host written in C++ may throw instead; the module guards every call. Strings are
+/// NUL-terminated ASCII and valid for the call; the host copies those that it keeps. The caller
+/// owns a handle that an operation writes until it releases it; the host owns the object behind it.
+/// In C++14 the constants kName and kVersion have no address: pass them by value.
 
 class SheetFactory;
 class DrawingSupplierSource;
@@ -31,14 +30,13 @@ using SuiteHandle = struct OpaqueSuite*;
 
 /// Hands out all other suites; its address comes with every message.
 struct QPBasicSuite {
-  /// Writes the address of the table of that name and version to `*suite` and counts one more user.
-  /// The table stays its owner's, the host's or a plug-in's, and must not change its address before
-  /// the release. Fails for a name or version that nobody publishes; versions are compared as
-  /// equal or not.
+  /// Writes the address of the table with this name and version to `*suite` and counts one more
+  /// user. The table belongs to the host or to a plug-in and keeps its address until the release.
+  /// Fails for a name or version that is not published; only an equal version matches.
   ResultCode (*Acquire)(const char* name, int32_t version, const void** suite);
   /// Counts one user less; this user must not use the table afterwards. Fails for a suite that is
-  /// not held. The module takes it for released whatever it answers, but ends what it was doing, so
-  /// that suites that it would have released next stay held.
+  /// not held. The module considers the suite released even after a failure, but stops what it was
+  /// doing, so suites that it would have released next stay held.
   ResultCode (*Release)(const char* name, int32_t version);
 };
 
@@ -48,9 +46,9 @@ struct QPAccessSuite {
   static constexpr int32_t kVersion = 3;
 
   /// Writes a handle to `*access`; the plug-in's code stays in memory until it is released. The
-  /// answer is not looked at.
+  /// result is ignored.
   ResultCode (*AcquirePlugin)(PluginRef plugin, AccessHandle* access);
-  /// Gives the handle back; null where AcquirePlugin wrote none. The answer is not looked at.
+  /// Releases the handle; null if AcquirePlugin wrote none. The result is ignored.
   ResultCode (*ReleasePlugin)(AccessHandle access);
 };
 
@@ -59,8 +57,8 @@ struct QPPluginsSuite {
   static constexpr int32_t kVersion = 4;
 
   UnusedSlot unused0[23];
-  /// Tells the host the name, up to 255 characters, under which it shows the plug-in; the host
-  /// copies it. A failure ends the plug-in's start-up with its code.
+  /// Sets the name, up to 255 characters, under which the host shows the plug-in. A failure ends
+  /// the plug-in's start-up with its code.
   ResultCode (*SetPluginName)(PluginRef plugin, const char* name);
 };
 
@@ -68,25 +66,24 @@ struct VXNotifierSuite {
   static constexpr const char* kName = "VX Notifier Suite";
   static constexpr int32_t kVersion = 1003;
 
-  /// Has the host send messages of caller "VX Notifier" when something of `type` happens, until the
-  /// plug-in is shut down. The host copies `name`, up to 255 characters, which is the notifier's
-  /// own and shown in diagnostics, and `type`. `notifier` receives a handle, which need not be
-  /// given back, or is null when none is wanted. A failure ends the plug-in's start-up with its
-  /// code.
+  /// From now until the plug-in's shut-down the host sends messages of caller "VX Notifier" when an
+  /// event of `type` occurs. `name`, up to 255 characters, identifies the notifier in diagnostics.
+  /// `notifier` receives a handle, which is never released; it may be null. A failure ends the
+  /// plug-in's start-up with its code.
   ResultCode (*AddNotifier)(PluginRef plugin, const char* name, const char* type,
                             NotifierHandle* notifier);
 };
 
-/// A context says on whose behalf the host works; it is opened and closed in pairs.
+/// A context names the plug-in on whose behalf the host works. Push and Pop come in pairs.
 struct VXContextSuite {
   static constexpr const char* kName = "VX Context Suite";
   static constexpr int32_t kVersion = 1006;
 
   UnusedSlot unused0[1];
-  /// Opens a context for the plug-in; `*context` is null before the call and goes to the Pop that
-  /// closes it, last first. The answer is not looked at.
+  /// Opens a context for the plug-in. `*context` is null before the call. Contexts are closed in
+  /// reverse order. The result is ignored.
   ResultCode (*PushAppContext)(PluginRef plugin, ContextHandle* context);
-  /// Closes it. `context` is null where the Push wrote none. The answer is not looked at.
+  /// Closes the context; null if the Push wrote none. The result is ignored.
   ResultCode (*PopAppContext)(ContextHandle context);
 };
 
@@ -96,13 +93,13 @@ struct KDMBasicSuite {
 
   /// Copies entry `index`, from 1, of the string list `list` of a module into the caller's
   /// `buffer`: UTF-8, cut to `size` bytes (at least 1) and always terminated. Fails when there is
-  /// no such entry, which is how lists end; the buffer is then untouched. Of an endless list the
-  /// module reads the entries up to 32766.
+  /// no such entry, which marks the end of a list; the buffer is then untouched. The module reads
+  /// no entry beyond 32766.
   ResultCode (*GetListString)(ModuleRef module, int32_t list, int32_t index, char* buffer,
                               size_t size);
   UnusedSlot unused1[19];
   /// Shows the host's about box with two texts in UTF-8, which may be empty, and returns when it is
-  /// closed. The answer is not looked at.
+  /// closed. The result is ignored.
   ResultCode (*ShowAboutBox)(PluginRef plugin, const char* firstText, const char* secondText);
 };
 
@@ -111,13 +108,13 @@ struct QPBlocksSuite {
   static constexpr const char* kName = "QP Blocks Suite";
   static constexpr int32_t kVersion = 2;
 
-  /// Takes `size` bytes, at least 1 (this module asks for 8); `debugName`, never null, says in the
-  /// host's diagnostics what for. `*block` is null before the call, afterwards aligned for any type
-  /// and the caller's until FreeBlock; where it stays null there was no memory, whatever the
-  /// answer.
+  /// Allocates `size` bytes, at least 1 (this module asks for 8). `debugName`, never null, names
+  /// the block in the host's diagnostics. `*block` is null before the call; afterwards it is
+  /// aligned for any type and belongs to the caller until FreeBlock. A null `*block` means that
+  /// there was no memory, whatever the result.
   ResultCode (*AllocateBlock)(size_t size, const char* debugName, void** block);
-  /// Gives the block, never null, back. The code of a failure becomes the answer of the plug-in's
-  /// shut-down.
+  /// Releases the block, which is never null. The plug-in's shut-down returns the code of a
+  /// failure.
   ResultCode (*FreeBlock)(void* block);
 };
 
@@ -127,29 +124,28 @@ struct QPSuitesSuite {
   static constexpr int32_t kVersion = 2;
 
   UnusedSlot unused0[2];
-  /// Publishes the table `functions` under `name` and `apiVersion`, by which callers ask for it;
-  /// `internalVersion` tells builds of one version apart. The table stays the plug-in's and keeps
-  /// its address from here to the plug-in's shut-down, through unloads and reloads; its entries
-  /// change at a reload. The plug-in withdraws nothing: with the shut-down the host forgets the
-  /// suite. `list` is null and means the host's own. `*suite` receives a handle, which need not be
-  /// given back. A failure ends the plug-in's start-up with its code, an exception with kParameter.
+  /// Publishes the table `functions` under `name` and `apiVersion`, by which callers acquire it;
+  /// `internalVersion` distinguishes builds of one version. The plug-in owns the table, which keeps
+  /// its address until the plug-in's shut-down, through unloads and reloads; a reload changes its
+  /// entries. The host removes the suite at the shut-down. A null `list`, which the module passes,
+  /// means the host's own. `*suite` receives a handle, which is never released. A failure ends the
+  /// plug-in's start-up with its code, an exception with kParameter.
   ResultCode (*AddSuite)(void* list, PluginRef plugin, const char* name, int32_t apiVersion,
                          int32_t internalVersion, const void* functions, SuiteHandle* suite);
 };
 
-/// The host's arithmetic, so that plug-ins get its results to the bit.
+/// The host's arithmetic, so that plug-ins get exactly its results.
 struct VXRealMathSuite {
   static constexpr const char* kName = "VX Real Math Suite";
   static constexpr int32_t kVersion = 1002;
 
   UnusedSlot unused0[1];
-  /// Any operands, in single precision. Answers the result, or a value that is not a number where
-  /// the host refuses.
+  /// Any operands, in single precision. NaN when the host refuses.
   float (*Multiply)(float a, float b);
   float (*Divide)(float dividend, float divisor);
 };
 
-/// The host's string objects. A handle is owned by whoever holds it; null is the empty string.
+/// The host's string objects. The holder of a handle owns the string; null is the empty string.
 struct VXUnicodeStringSuite {
   static constexpr const char* kName = "VX Unicode String Suite";
   static constexpr int32_t kVersion = 1007;
@@ -160,7 +156,7 @@ struct VXUnicodeStringSuite {
   ResultCode (*CreateFromText)(StringHandle* string, const char* text, size_t length,
                                int32_t encoding);
   UnusedSlot unused1[2];
-  /// Disposes of the string and sets the handle to null. The answer is not looked at.
+  /// Destroys the string and sets the handle to null. The result is ignored.
   ResultCode (*Dispose)(StringHandle* string);
 };
 
@@ -170,7 +166,7 @@ struct VXUserSuite {
 
   UnusedSlot unused0[43];
   /// Shows the host's error alert and returns when it is closed. `text` is the address of the
-  /// string's handle; the string stays the caller's. The answer is not looked at.
+  /// string's handle; the caller keeps the string. The result is ignored.
   ResultCode (*ShowErrorAlert)(const StringHandle* text);
 };
 
@@ -178,20 +174,20 @@ struct GlossaHostInitSuite {
   static constexpr const char* kName = "Glossa Host Init Suite";
   static constexpr int32_t kVersion = 1;
 
-  /// Answers the module, for GetListString, whose list 257 holds the host's texts by error number,
-  /// 10 to 899; null when there is none. It stays the host's.
+  /// Returns the module, for GetListString, whose list 257 holds the host's texts for error numbers
+  /// 10 to 899; null for none. It belongs to the host.
   ModuleRef (*GetHostModule)();
 };
 
-/// The way to the host's user-interface objects, C++ objects of its toolkit, which stay the host's.
-/// A host that has none refuses or leaves null. Without a factory the module's dialog answers
-/// kCannot; without a supplier source it does without.
+/// Gives access to the host's user-interface objects: C++ objects of its toolkit, owned by the
+/// host. A host without them fails or writes null. Without a factory the module's dialog returns
+/// kCannot; without a supplier source it opens with a null drawing supplier.
 struct VXUserInterfaceMainSuite {
   static constexpr const char* kName = "VX User Interface Main Suite";
   static constexpr int32_t kVersion = 1001;
 
-  /// Both write an address or leave `*out` null; the caller sets it to null first. The answer is
-  /// not looked at.
+  /// Both write an address or leave `*out` null; the caller sets it to null first. The result is
+  /// ignored.
   ResultCode (*GetSheetFactory)(SheetFactory** out);
   ResultCode (*GetDrawingSupplierSource)(DrawingSupplierSource** out);
 };

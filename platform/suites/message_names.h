@@ -1,7 +1,7 @@
 #pragma once
 
-/// The messages that a plug-in can answer, by name. A host passes `caller` and `selector` of one of
-/// these to the module's entry point (plugin_message.h).
+/// The names of the messages that a plug-in can handle. A host passes `caller` and `selector` of
+/// one of these to the module's entry point (plugin_message.h).
 
 /// Two NUL-terminated ASCII strings. They are compared byte for byte.
 struct MessageName {

@@ -4,7 +4,7 @@
 
 namespace vx::ui {
 
-/// A modal dialog that pops up from something else.
+/// A modal dialog that pops up from another element.
 class NRV_EXPORT UI_PopupModalDialog : public nrvui::ui::UI_Dialog {
  public:
   using UI_Dialog::UI_Dialog;
@@ -12,11 +12,11 @@ class NRV_EXPORT UI_PopupModalDialog : public nrvui::ui::UI_Dialog {
 
   void RunModal() override;
 
-  /// A run asks this first, and is cancelled unless it agrees.
+  /// Called first by RunModal, which cancels the dialog if it returns false.
   virtual bool MayPopUp();
-  /// Called before a run; what it throws ends it.
+  /// Called before the run; an exception ends RunModal.
   virtual void OnPopUp();
-  /// Called after a run that OnPopUp let begin, also when the run throws.
+  /// Called after the run if OnPopUp returned, also when the run throws.
   virtual void OnDismiss() noexcept;
 };
 

@@ -20,11 +20,11 @@ namespace vx {
 class UnicodeString;
 }
 
-// The host owns these objects. Plug-ins reach the operations of the supplier source, the holder and
-// the factory by their slots in the virtual table: order and number of the slots are fixed, and no
-// destructor takes one among them.
+// The host owns these objects. Plug-ins call the supplier source, the holder and the factory by
+// virtual-table slot: the order and number of the slots are fixed, so the destructors are not
+// virtual.
 
-/// Hands out what dialogs draw with. Plug-ins call only the operation that has a name.
+/// Provides the drawing supplier. Plug-ins call only the named operation.
 class NRV_EXPORT DrawingSupplierSource {
  public:
   virtual void Unused0();
@@ -36,29 +36,29 @@ class NRV_EXPORT DrawingSupplierSource {
   ~DrawingSupplierSource() = default;
 };
 
-/// The property sheet that comes with a built layout. Dialogs only share its ownership.
+/// The property sheet of a built layout. Dialogs share its ownership and call nothing of it.
 class NRV_EXPORT VXUICairnSheet {
  public:
   virtual ~VXUICairnSheet();
 };
 
-/// A layout that the host has built. An operation that throws makes the dialog answer kCannot.
+/// A layout that the host has built. If an operation throws, RunMosaicDialog returns kCannot.
 class SheetHolder {
  public:
-  /// What goes into the dialog; null when there is nothing to show.
+  /// The content of the dialog; null for none.
   virtual boost::intrusive_ptr<nrvui::ui::UI_Node> GetSheetView() = 0;
-  /// The node inside the view whose size is that of the content; null leaves the dialog
-  /// at the size that the view has at first.
+  /// The node in the view whose size is the content's; with null the dialog keeps the view's
+  /// initial size.
   virtual boost::intrusive_ptr<nrvui::ui::UI_Node> GetLayoutNode() = 0;
-  /// Null is allowed.
+  /// May be null.
   virtual boost::shared_ptr<VXUICairnSheet> GetSheet() = 0;
-  /// Null is allowed; the dialog then begins where its presenter likes.
+  /// May be null; the presenter then chooses the initial focus.
   virtual boost::intrusive_ptr<nrvui::ui::UI_Node> GetInitialFocus() = 0;
-  /// Tells the layout how much room its dialog has, in whole points, 0 to 1,000,000.
+  /// Gives the layout the size of its dialog, in whole points, 0 to 1,000,000.
   virtual void ResizeSheet(std::int32_t width, std::int32_t height) = 0;
-  /// The holder calls it on the user-interface thread with each message of the sheet; null removes
-  /// it. The dialog never removes it, so the holder must not call it after the dialog was
-  /// destroyed.
+  /// Sets the function that receives the sheet's messages, on the user-interface thread; null
+  /// removes it. The dialog never removes it, so the holder must not call it after the dialog's
+  /// destruction.
   virtual void SetMessageCallback(
       boost::shared_ptr<boost::function<void(const vx::UnicodeString&)>> callback) = 0;
 
@@ -66,7 +66,7 @@ class SheetHolder {
   ~SheetHolder() = default;
 };
 
-/// Builds layouts. Plug-ins call only the two operations that have names.
+/// Builds layouts. Plug-ins call only the two named operations.
 class NRV_EXPORT SheetFactory {
  public:
   /// Builds layout `resourceID` of a plug-in in a theme; null if the host cannot.
@@ -78,7 +78,7 @@ class NRV_EXPORT SheetFactory {
   virtual void Unused3();
   virtual void Unused4();
   virtual void Unused5();
-  /// Told the root view of every dialog that has been set up; it is the dialog's, and goes with it.
+  /// Called with the root view of every dialog that has been set up; the dialog owns it.
   virtual void RegisterDialogView(nrvui::ui::OS_View* rootView) = 0;
 
  protected:

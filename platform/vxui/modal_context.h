@@ -4,16 +4,16 @@
 
 namespace vx::ui {
 
-/// Lives for the whole of a modal run; the host sees from it whether a plug-in's run is going on.
+/// Exists for the length of a modal run, so that the host knows whether a plug-in runs a dialog.
 class NRV_EXPORT ModalContext {
  public:
-  /// Presenters keep the whole application from input in either case.
+  /// Presenters block the application's input in either case.
   explicit ModalContext(bool blocksApplication);
   ModalContext(const ModalContext&) = delete;
   ModalContext& operator=(const ModalContext&) = delete;
   ~ModalContext();
 
-  /// How many are alive.
+  /// The number of contexts that exist.
   static int Depth();
 };
 

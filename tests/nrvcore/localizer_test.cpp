@@ -4,10 +4,6 @@
 
 #include <clocale>
 #include <cstdlib>
-#include <cstring>
-#include <random>
-
-#include "check/temporary_folder.h"
 
 using nrvcore::config::Localizer;
 using nrvcore::config::ReplacementValue;
@@ -60,64 +56,6 @@ TEST(LocalizerDeathTest, FollowsTheEnvironmentUnlessTheLocaleIsThePlainOne) {
       std::_Exit(Localizer::Get().HasCatalogue());
     };
     EXPECT_EXIT(exitWithAnswer(), testing::ExitedWithCode(isGerman), "") << language << all << lang;
-  }
-}
-
-TEST(Localizer, PassesOverADamagedCatalogue) {
-  const auto place = std::filesystem::path("de") / "LC_MESSAGES" / "tesserae.mo";
-  const std::string whole = check::ContentOf(CATALOGUES / place);
-  Localizer& localizer = Localizer::Get();
-  std::mt19937 random(1);
-  for (int i = 0; i < 100; ++i) {
-    const check::TemporaryFolder folder;  // gettext keeps what it has read from a path
-    std::string bytes = whole;
-    // The header, the tables of places and of hashes, and the description; or the end.
-    for (int j = 0; j < 3; ++j) bytes[random() % (i % 2 ? 40 : bytes.size() / 4)] = char(random());
-    if (i % 3 == 0) bytes.resize(random() % bytes.size());
-    folder.Write(place, bytes);
-    localizer.SetCatalogues(folder.path);
-    localizer.SetLanguage("xx:de_AT");
-    const bool isDamaged = !localizer.DamagedCatalogue().empty();
-    const auto text = localizer.Localize(kKey);
-    if (isDamaged || i % 3 == 0) {
-      EXPECT_EQ(text, kEnglish) << i;
-    }
-  }
-}
-
-TEST(Localizer, UsesACatalogueThatIsWholeAndInUtf8Alone) {
-  const auto place = std::filesystem::path("de") / "LC_MESSAGES" / "tesserae.mo";
-  const std::string sound = check::ContentOf(CATALOGUES / place);
-  const auto at = [&](size_t offset) {
-    uint32_t value;
-    std::memcpy(&value, sound.data() + offset, sizeof value);
-    return value;
-  };
-  const uint32_t size = sound.size();
-  const struct {
-    size_t offset;
-    uint32_t value;
-  } damages[] = {
-      {0, at(0) + 1},                    // the magic number
-      {4, 1},                            // the revision
-      {8, 0},                            // the number of texts
-      {12, size + 1},                    // the table of keys
-      {16, size - 4},                    // the table of texts
-      {20, 1},                           // the size of the table of hashes
-      {at(12), 1},                       // the length of the empty key
-      {at(16), at(at(16)) - 1},          // the length of the description
-      {at(12) + 12, size},               // the place of a key
-      {sound.find("charset=UTF-8"), 0},  // the encoding
-  };
-  Localizer& localizer = Localizer::Get();
-  for (const auto& [offset, value] : damages) {
-    const check::TemporaryFolder folder;
-    std::string bytes = sound;
-    std::memcpy(bytes.data() + offset, &value, sizeof value);
-    folder.Write(place, bytes);
-    localizer.SetCatalogues(folder.path);
-    localizer.SetLanguage("de");
-    EXPECT_EQ(localizer.DamagedCatalogue(), folder.path / place) << offset;
   }
 }
 

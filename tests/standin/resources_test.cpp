@@ -94,32 +94,32 @@ TEST(Layout, TakesWhatItsLimitsAllow) {
   };
   for (const char* leaf :
        {"space", "label", "number", "checkbox", "radio", "button", "text-button"})
-    EXPECT_EQ(refusal(holding(leaf)), std::string("L.xml:1: <") + leaf + "> cannot hold anything");
+    EXPECT_EQ(refusal(holding(leaf)), std::string("L.xml:1: <") + leaf + "> must be empty");
 }
 
 TEST(Layout, RefusesWithFileLineAndReasonAndLeavesNoNode) {
   const std::pair<std::string, const char*> cases[] = {
       {"", "No document element found"},
-      {"<dialog/>", "<dialog> where <sheet> must stand"},
-      {"<sheet/>\n\n<sheet/>", "L.xml:3: something after the end of <sheet>"},
+      {"<dialog/>", "<dialog> instead of <sheet>"},
+      {"<sheet/>\n\n<sheet/>", "L.xml:3: content after the end of <sheet>"},
       {"<sheet>\n<slider id=\"a\"/></sheet>", "L.xml:2: unknown element <slider>"},
       {"<sheet><space/>\n<row id='a'><row id='a'/></row></sheet>",
        "L.xml:2: a second node with the ID a"},
-      {"<sheet><number id=\"a b\"/></sheet>", "no name of letters, digits and underscores"},
-      {"<sheet><number id=\"a\" value=\"nan\"/></sheet>", "value=\"nan\" is no number"},
+      {"<sheet><number id=\"a b\"/></sheet>", "not a name of letters, digits and underscores"},
+      {"<sheet><number id=\"a\" value=\"nan\"/></sheet>", "value=\"nan\" is not a number"},
       {"<sheet><grid/></sheet>", "<grid> needs the attribute columns"},
       {"<sheet>\n<row>text</row></sheet>", "L.xml:2: text between the elements"},
-      {"<sheet><grid columns=\"0\"/></sheet>", "columns=\"0\" is no whole number from 1 to 16"},
-      {"<sheet><button id='a' caption='$$$/T'/></sheet>", "no localisation key"},
-      {"<sheet><button id='a' caption='T=OK'/></sheet>", "no localisation key"},
-      {"<sheet><button id='a' caption='$$$/T='/></sheet>", "no localisation key"},
+      {"<sheet><grid columns=\"0\"/></sheet>", "columns=\"0\" is not a whole number from 1 to 16"},
+      {"<sheet><button id='a' caption='$$$/T'/></sheet>", "not a localisation key"},
+      {"<sheet><button id='a' caption='T=OK'/></sheet>", "not a localisation key"},
+      {"<sheet><button id='a' caption='$$$/T='/></sheet>", "not a localisation key"},
       {"<sheet><button id=\"a\" caption=\"$$$/T=\xFF\"/></sheet>", "caption is not UTF-8"},
       {"<sheet>\n<label for=\"b\"/></sheet>", "L.xml:2: no node has the ID \"b\""},
       {"<sheet style='a'/>", "<sheet> has no attribute style"},
-      {"<sheet width='3x'/>", "L.xml:1: width=\"3x\" is no whole number from 1 to 32767"},
+      {"<sheet width='3x'/>", "L.xml:1: width=\"3x\" is not a whole number from 1 to 32767"},
       {"<sheet focus='a' focus='a'><row id='a'/></sheet>", "focus is given twice"},
       {Nested(33), "nested deeper than 32"},
-      {std::string("<sheet>\n\0</sheet>", 17), "L.xml:2: a NUL"},
+      {std::string("<sheet>\n\0</sheet>", 17), "L.xml:2: the file contains a NUL"},
   };
   const standin::LiveToken token = standin::MakeLiveToken();
   for (const auto& [text, reason] : cases) {
@@ -146,10 +146,10 @@ TEST(StringList, ReadsEntriesWithGapsAndRefusesDamageWithFileLineAndReason) {
   const std::pair<std::string, const char*> cases[] = {
       {"1\ta\n2 b\n", "list.txt:2: no tab between index and text"},
       {"1\ta\n\n1\tb\n", "list.txt:3: index 1 after index 1"},
-      {"0\ta\n", "list.txt:1: \"0\" is no index from 1 to 32767"},
-      {"32768\ta\n", "list.txt:1: \"32768\" is no index from 1 to 32767"},
-      {"1x\ta\n", "list.txt:1: \"1x\" is no index from 1 to 32767"},
-      {"99999999999\ta\n", "list.txt:1: \"99999999999\" is no index from 1 to 32767"},
+      {"0\ta\n", "list.txt:1: \"0\" is not an index from 1 to 32767"},
+      {"32768\ta\n", "list.txt:1: \"32768\" is not an index from 1 to 32767"},
+      {"1x\ta\n", "list.txt:1: \"1x\" is not an index from 1 to 32767"},
+      {"99999999999\ta\n", "list.txt:1: \"99999999999\" is not an index from 1 to 32767"},
       {"1\t\xC3(\n", "list.txt:1: the line is not UTF-8"},
       {std::string("1\ta\0b\n", 6), "list.txt:1: the line contains a NUL"},
       {"1\t" + std::string(5000, 'a'), "list.txt:1: the line is longer than 4096 bytes"},

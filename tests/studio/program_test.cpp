@@ -379,7 +379,15 @@ TEST_F(Program, StopsCleanlyWhenInterruptedOrNotHeard) {
   ASSERT_EQ(mkfifo(qPrintable(Path("pipe")), 0600), 0);
   Start(process, "in.png --gestures pipe --export a.svg");
   ASSERT_TRUE(process.waitForStarted());
-  QTest::qWait(200);
+  const auto catchesSignals = [&] {
+    QFile status(QString("/proc/%1/status").arg(process.processId()));
+    if (!status.open(QIODevice::ReadOnly)) return false;
+    const QByteArray text = status.readAll();
+    const QByteArray caught = text.mid(text.indexOf("SigCgt:") + 7).trimmed().left(16);
+    return (caught.toULongLong(nullptr, 16) >> (SIGTERM - 1) & 1) != 0;
+  };
+  ASSERT_TRUE(QTest::qWaitFor(catchesSignals, 20000));
+  QTest::qWait(200);  // for it to open the pipe
   process.terminate();
   EXPECT_EQ(Ended(process).status, 1) << "nobody writes into the pipe";
   QFile::remove(Path("pipe"));
