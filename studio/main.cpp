@@ -90,7 +90,11 @@ int RunWindow(const CommandLine& line) {
   StudioWindow window(line.state, presenter);
   window.SetSizeUnknown(line.isSizeUnknown);
   window.show();
-  if (!line.picture.isEmpty()) window.OpenPicture(line.picture);
+  if (!line.images.isEmpty()) {
+    window.OpenImage(line.picture, line.images.front());
+  } else if (!line.picture.isEmpty()) {
+    window.OpenPicture(line.picture);
+  }
   const int status = interruption.IsRequested() ? kStopped : QApplication::exec();
   ExitOnSignals(status);
   window.CloseModule();

@@ -16,6 +16,7 @@
 #include "studio/caller/mosaic_caller.h"
 #include "studio/caller/outlook.h"
 #include "studio/console/terminal.h"
+#include "studio/drawing/image_source.h"
 #include "studio/export/mosaic_export.h"
 #include "studio/export/picture_encoding.h"
 #include "studio/mosaic/mosaic_job.h"
@@ -87,7 +88,7 @@ int ConsoleRun::Run() {
   for (const ArtworkPtr& next : artworks) {
     artwork = next;
     MosaicChoices choices;
-    if (!Ask(choices)) {
+    if (!AskUntilUsable(choices)) {
       Tell(Text("$$$/Studio/Line/Cancelled=The dialog was cancelled."));
       return kCancelled;
     }
@@ -126,14 +127,14 @@ void ConsoleRun::Open() {
   if (line.images.isEmpty()) {
     artworks = {Place(line.picture, Picture::Read(line.picture), line.isSizeUnknown)};
   } else {
-    drawing = std::make_shared<const Drawing>(Drawing::Read(line.picture));
+    drawing = std::make_shared<const SvgDrawing>(SvgDrawing::Read(line.picture));
   }
   std::vector<const ImageElement*> images;
   for (const QString& id : line.images) images.push_back(&drawing->Image(id));
   for (const ImageElement* image : images) {
     placed.push_back(PlacedImage::Read(drawing, *image, line.isSizeUnknown));
     artworks.push_back(placed.back().artwork);
-    outputs.Protect(artworks.back()->path);
+    if (const QString file = LinkedFile(*drawing, *image); !file.isEmpty()) outputs.Protect(file);
   }
   artwork = artworks.front();
 }
@@ -171,6 +172,19 @@ QIODevice* ConsoleRun::OpenOutput(const QString& name) {
   return name.isEmpty() ? nullptr : &outputs.Add(name);
 }
 
+bool ConsoleRun::AskUntilUsable(MosaicChoices& choices) {
+  entries.clear();
+  while (Ask(choices)) {
+    try {
+      MosaicGeometry::From(choices, artwork->picture.SizeInPoints());
+      return true;
+    } catch (const ChoiceError&) {
+      if (!line.IsForPerson()) return true;  // the build reports it
+    }
+  }
+  return false;
+}
+
 bool ConsoleRun::Ask(MosaicChoices& choices) {
   const auto warn = [this](const StudioError& error) { Warn(error.what()); };
   choices = ChoicesFor(*artwork, last ? last : lastChoices.Load(warn));
@@ -179,7 +193,10 @@ bool ConsoleRun::Ask(MosaicChoices& choices) {
   std::optional<PictureWindow> window;
   if (user.windows) {
     if (drawing && line.IsForPerson()) window.emplace(artwork, choices, *user.windows);
+    user.windows->BeforeShown(
+        [this](nrvui::ui::UI_Dialog& dialog) { EnterAgain(dialog, entries); });
     user.windows->WhenChanged([&](const nrvui::ui::UI_Dialog& dialog, const auto& pending) {
+      entries = EntriesIn(dialog);
       const Forecast forecast = ForecastFor(dialog, choices, pending);
       if (window) window->Follow(forecast.choices);
       return OutlookFor(artwork->picture, forecast);
@@ -220,7 +237,7 @@ bool ConsoleRun::Build(const MosaicChoices& choices) {
   artwork = WithMosaic(*artwork, std::move(mosaic));
   if (drawing) {
     const auto& [from, image, placement, before] = placed[mosaics.size()];
-    mosaics.push_back({image, placement, artwork->mosaic, choices.params.deleteRaster != 0});
+    mosaics.push_back({image, placement, artwork->mosaic});
   }
   return true;
 }

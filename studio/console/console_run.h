@@ -8,6 +8,7 @@
 #include "platform/nrvui/gesture_script.h"
 #include "studio/base/interruption.h"
 #include "studio/base/output.h"
+#include "studio/caller/dialog_choices.h"
 #include "studio/caller/last_choices.h"
 #include "studio/console/command_line.h"
 #include "studio/drawing/drawing_export.h"
@@ -38,7 +39,9 @@ class ConsoleRun {
   void OpenOutputs();
   void OpenScreenshots();
   QIODevice* OpenOutput(const QString& name);
-  /// Answers whether OK ended the dialog, with these choices.
+  /// Asks a person again, with their entries, when the choices lead to no mosaic. The result is
+  /// whether OK ended the dialog, with these choices.
+  bool AskUntilUsable(MosaicChoices& choices);
   bool Ask(MosaicChoices& choices);
   bool Build(const MosaicChoices& choices);
   bool ExportDrawing();
@@ -54,12 +57,13 @@ class ConsoleRun {
   LastChoices lastChoices;
   std::optional<nrvui::gestures::GestureScript> gestures;  // nothing when a person answers
   std::optional<const Interruption> interruption;          // from the first open output on
-  std::shared_ptr<const Drawing> drawing;                  // null for a picture
+  std::shared_ptr<const SvgDrawing> drawing;               // null for a picture
   std::vector<PlacedImage> placed;                         // in the drawing
   std::vector<ArtworkPtr> artworks;                        // the picture, or those of `placed`
   ArtworkPtr artwork;                 // the present one; null before a picture is placed
   std::vector<PlacedMosaic> mosaics;  // of `placed`, as far as they are built
   std::optional<MosaicChoices> last;  // of the present run
+  DialogEntries entries;              // of the dialog that is open or was last
   QImage dialogScreenshot;            // of the last dialog
   OutputSet outputs;
   std::vector<QIODevice*> exportDevices;        // in the order of the command line's exports

@@ -6,13 +6,13 @@
 #include "studio/base/file_name.h"
 #include "studio/base/studio_error.h"
 #include "studio/console/terminal.h"
-#include "studio/drawing/drawing.h"
+#include "studio/drawing/svg_drawing.h"
 
 namespace {
 
 constexpr int kSomethingWrong = 2;
 
-QStringList ImagesIn(const Drawing& drawing, const QStringList& selected) {
+QStringList ImagesIn(const SvgDrawing& drawing, const QStringList& selected) {
   if (selected.isEmpty())
     throw StudioError("$$$/Studio/Inkscape/NothingSelected=select a picture first");
   QStringList images;
@@ -26,7 +26,7 @@ QStringList ImagesIn(const Drawing& drawing, const QStringList& selected) {
 }
 
 void Run(CommandLine& line, const ConsoleRun::WindowCamera& windowCamera) {
-  line.images = ImagesIn(Drawing::Read(line.picture), line.selected);
+  line.images = ImagesIn(SvgDrawing::Read(line.picture), line.selected);
   const QTemporaryDir folder;
   if (!folder.isValid()) throw StudioError(folder.errorString());
   const QString result = folder.filePath("drawing.svg");

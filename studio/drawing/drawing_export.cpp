@@ -8,7 +8,7 @@
 
 #include "studio/base/output.h"
 #include "studio/base/text.h"
-#include "studio/drawing/drawing.h"
+#include "studio/drawing/svg_drawing.h"
 #include "studio/export/svg_tiles.h"
 
 namespace {
@@ -40,7 +40,7 @@ std::string AttributeText(const char* name, const QString& value) {
 /// Writes ASCII text in the encoding of the document.
 class DocumentWriter {
  public:
-  DocumentWriter(const Drawing& drawing, QIODevice& device) : drawing(drawing), device(device) {}
+  DocumentWriter(const SvgDrawing& drawing, QIODevice& device) : drawing(drawing), device(device) {}
 
   void Copy(qsizetype start, qsizetype end) {
     WriteAll(device, QByteArrayView(drawing.Bytes()).sliced(start, end - start));
@@ -58,7 +58,7 @@ class DocumentWriter {
   }
 
  private:
-  const Drawing& drawing;
+  const SvgDrawing& drawing;
   QIODevice& device;
 };
 
@@ -78,7 +78,7 @@ int DecimalsFor(const Placement& placement, QSizeF mosaicSize) {
 /// Writes one group of tiles.
 class GroupSink final : public MosaicSink {
  public:
-  GroupSink(DocumentWriter& writer, const Drawing& drawing, const PlacedMosaic& placed,
+  GroupSink(DocumentWriter& writer, const SvgDrawing& drawing, const PlacedMosaic& placed,
             const std::string& id);
 
   void AddRow(std::span<const QRgb> row) override {
@@ -92,7 +92,7 @@ class GroupSink final : public MosaicSink {
   }
 
  private:
-  static SvgTiles::Place PlaceOf(const Drawing& drawing, const PlacedMosaic& placed);
+  static SvgTiles::Place PlaceOf(const SvgDrawing& drawing, const PlacedMosaic& placed);
 
   void Flush() {
     writer.Write(text);
@@ -105,7 +105,7 @@ class GroupSink final : public MosaicSink {
   std::string text;  // that is not written yet
 };
 
-SvgTiles::Place GroupSink::PlaceOf(const Drawing& drawing, const PlacedMosaic& placed) {
+SvgTiles::Place GroupSink::PlaceOf(const SvgDrawing& drawing, const PlacedMosaic& placed) {
   const auto& [box, size, visible] = placed.placement;
   SvgTiles::Place place;
   place.origin = box.topLeft();
@@ -116,7 +116,7 @@ SvgTiles::Place GroupSink::PlaceOf(const Drawing& drawing, const PlacedMosaic& p
   return place;
 }
 
-GroupSink::GroupSink(DocumentWriter& writer, const Drawing& drawing, const PlacedMosaic& placed,
+GroupSink::GroupSink(DocumentWriter& writer, const SvgDrawing& drawing, const PlacedMosaic& placed,
                      const std::string& id)
     : writer(writer),
       prefix(placed.image->prefix),
@@ -139,7 +139,7 @@ GroupSink::GroupSink(DocumentWriter& writer, const Drawing& drawing, const Place
 
 }  // namespace
 
-bool WriteDrawing(const Drawing& drawing, std::vector<PlacedMosaic> mosaics, QIODevice& device,
+bool WriteDrawing(const SvgDrawing& drawing, std::vector<PlacedMosaic> mosaics, QIODevice& device,
                   const GoOn& goOn) {
   std::sort(mosaics.begin(), mosaics.end(), [](const auto& one, const auto& other) {
     return one.image->start < other.image->start;
@@ -155,7 +155,7 @@ bool WriteDrawing(const Drawing& drawing, std::vector<PlacedMosaic> mosaics, QIO
     for (int i = 2; drawing.HasId(id) || !ids.insert(id).second; ++i)
       id = base + '-' + std::to_string(i);
 
-    writer.Copy(copied, placed.deletesImage ? placed.image->start : placed.image->end);
+    writer.Copy(copied, placed.mosaic->keepsPicture ? placed.image->end : placed.image->start);
     copied = placed.image->end;
     GroupSink sink(writer, drawing, placed, id);
     if (!WriteMosaic(*placed.mosaic, sink, [&](int rows) { return goOn(rowsBefore + rows); }))

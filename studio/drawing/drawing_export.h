@@ -8,7 +8,7 @@
 #include "studio/mosaic/artwork.h"
 #include "studio/mosaic/mosaic_job.h"
 
-class Drawing;
+class SvgDrawing;
 class QIODevice;
 struct ImageElement;
 
@@ -17,13 +17,13 @@ struct PlacedMosaic {
   const ImageElement* image;  // the drawing's
   Placement placement;
   std::shared_ptr<const Mosaic> mosaic;
-  bool deletesImage;
 };
 
-/// Writes the drawing's bytes as they are, with a group of tiles after each image, or in its place.
+/// Writes the drawing's bytes as they are, with a group of tiles after each image, or in its place
+/// unless the mosaic keeps the picture.
 /// The mosaics are of different images. Tiles lie in the image's own coordinate system; the group
 /// has its transform, clip, mask, opacity and the like. Asks `goOn` with the number of rows that
 /// are done over all mosaics, and answers whether it always was to go on. Throws StudioError when
 /// the device cannot be written.
-[[nodiscard]] bool WriteDrawing(const Drawing& drawing, std::vector<PlacedMosaic> mosaics,
+[[nodiscard]] bool WriteDrawing(const SvgDrawing& drawing, std::vector<PlacedMosaic> mosaics,
                                 QIODevice& device, const GoOn& goOn);

@@ -7,7 +7,7 @@
 
 #include "studio/base/file_name.h"
 #include "studio/base/studio_error.h"
-#include "studio/drawing/drawing.h"
+#include "studio/drawing/svg_drawing.h"
 #include "studio/drawing/svg_values.h"
 
 namespace {
@@ -71,11 +71,11 @@ std::string PropertyOf(const XML_Char** attributes, const char* name) {
 
 }  // namespace
 
-/// Builds a Drawing from the parser's events. An exception must not pass through the parser, which
-/// is C: it is kept, and the parser stopped.
+/// Builds a SvgDrawing from the parser's events. An exception must not pass through the parser,
+/// which is C: it is kept, and the parser stopped.
 class DrawingReader {
  public:
-  explicit DrawingReader(Drawing& drawing);
+  explicit DrawingReader(SvgDrawing& drawing);
 
   void Run();
 
@@ -85,7 +85,7 @@ class DrawingReader {
     QTransform toPage;  // from its user units to points; has no translation
     QSizeF viewport;
     double fontSize = kFirstFontSize;
-    size_t entry = Drawing::kNoEntry;
+    size_t entry = SvgDrawing::kNoEntry;
     QString problem;
   };
 
@@ -96,14 +96,14 @@ class DrawingReader {
   template <typename Work>
   void Guard(Work work);
 
-  Drawing& drawing;
+  SvgDrawing& drawing;
   std::unique_ptr<XML_ParserStruct, decltype(&XML_ParserFree)> parser;
   std::vector<Level> levels;
   size_t imageDepth = 0;  // of the image element that is open; 0 for none
   std::exception_ptr failure;
 };
 
-DrawingReader::DrawingReader(Drawing& drawing)
+DrawingReader::DrawingReader(SvgDrawing& drawing)
     : drawing(drawing), parser(XML_ParserCreateNS(nullptr, kSeparator), XML_ParserFree) {
   if (!parser) throw std::bad_alloc();
   XML_SetUserData(parser.get(), this);
@@ -245,8 +245,8 @@ void DrawingReader::OnEnd() {
   levels.pop_back();
 }
 
-Drawing Drawing::Read(const QString& path) {
-  Drawing drawing(path);
+SvgDrawing SvgDrawing::Read(const QString& path) {
+  SvgDrawing drawing(path);
   try {
     drawing.bytes = ReadFile(path, kLargestDocument);
     if (drawing.bytes.startsWith("\x1f\x8b"))

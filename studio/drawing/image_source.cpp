@@ -12,7 +12,7 @@
 
 #include "studio/base/file_name.h"
 #include "studio/base/studio_error.h"
-#include "studio/drawing/drawing.h"
+#include "studio/drawing/svg_drawing.h"
 
 namespace {
 
@@ -92,7 +92,7 @@ bool IsThere(const fs::path& path) {
 
 }  // namespace
 
-QString LinkedFile(const Drawing& drawing, const ImageElement& image) {
+QString LinkedFile(const SvgDrawing& drawing, const ImageElement& image) {
   std::string_view reference = Reference(image);
   if (reference.empty() || reference.front() == '#')
     throw StudioError("$$$/Studio/Drawing/NoPicture=the image %1 shows no picture", image.Name());
@@ -119,7 +119,7 @@ QString LinkedFile(const Drawing& drawing, const ImageElement& image) {
   return FileName(path.c_str());
 }
 
-Picture ReadImage(const Drawing& drawing, const ImageElement& image,
+Picture ReadImage(const SvgDrawing& drawing, const ImageElement& image,
                   const std::function<bool()>& isStopped) {
   const QString file = LinkedFile(drawing, image);
   return file.isEmpty() ? ReadEmbedded(image, Reference(image), isStopped)

@@ -4,7 +4,7 @@
 
 #include "studio/picture/picture.h"
 
-class Drawing;
+class SvgDrawing;
 struct ImageElement;
 
 /// Reads the picture that an image element shows: from its `data:` URL, or from a file that it
@@ -12,9 +12,9 @@ struct ImageElement;
 /// fetched from a network. Throws StudioError; a drawing is given up soon after `isStopped` says
 /// so.
 Picture ReadImage(
-    const Drawing& drawing, const ImageElement& image,
+    const SvgDrawing& drawing, const ImageElement& image,
     const std::function<bool()>& isStopped = [] { return false; });
 
 /// The file that an image links to; empty for an embedded one. Throws StudioError for links that
 /// are not files of this machine.
-QString LinkedFile(const Drawing& drawing, const ImageElement& image);
+QString LinkedFile(const SvgDrawing& drawing, const ImageElement& image);

@@ -5,20 +5,20 @@
 #include <memory>
 #include <vector>
 
-#include "studio/drawing/drawing.h"
 #include "studio/drawing/placement.h"
+#include "studio/drawing/svg_drawing.h"
 #include "studio/mosaic/artwork.h"
 
 /// An image of a drawing with its picture, cut to what shows of it, at its size on the page.
 struct PlacedImage {
-  std::shared_ptr<const Drawing> drawing;
+  std::shared_ptr<const SvgDrawing> drawing;
   const ImageElement* image;  // the drawing's
   Placement placement;
-  ArtworkPtr artwork;  // its path is the linked file, or the drawing for an embedded picture
+  ArtworkPtr artwork;  // its path is the image's name
 
   /// `isSizeUnknown` when its size on the page is to be ignored. Throws StudioError; a picture that
   /// is a drawing itself is given up soon after `isStopped` says so.
   static PlacedImage Read(
-      std::shared_ptr<const Drawing> drawing, const ImageElement& image, bool isSizeUnknown,
+      std::shared_ptr<const SvgDrawing> drawing, const ImageElement& image, bool isSizeUnknown,
       const std::function<bool()>& isStopped = [] { return false; });
 };

@@ -3,7 +3,7 @@
 #include <cmath>
 
 #include "studio/base/studio_error.h"
-#include "studio/drawing/drawing.h"
+#include "studio/drawing/svg_drawing.h"
 #include "studio/drawing/svg_values.h"
 
 namespace {

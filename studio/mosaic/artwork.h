@@ -14,6 +14,7 @@ struct Mosaic {
   MosaicGeometry geometry;
   QImage tiles;  // Format_ARGB32; a pixel a tile, or for several where a preview has very many
   QImage below;  // lies under the tiles, as large as the mosaic; null for nothing
+  bool keepsPicture = false;  // also when `below` is null, because the tiles cover the picture
 };
 
 /// What lies on the artboard: a placed picture, or the mosaic that it became. Never changes; undo

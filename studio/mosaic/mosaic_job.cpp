@@ -47,7 +47,7 @@ void MosaicJob::Add(std::unique_ptr<MosaicSink> sink) {
 void MosaicJob::Add(Mosaic& mosaic) {
   QImage tiles(geometry.tilesAcross, geometry.tilesDown, QImage::Format_ARGB32);
   if (tiles.isNull()) throw StudioError(kNoMemory);
-  mosaic = {geometry, std::move(tiles), Below()};
+  mosaic = {geometry, std::move(tiles), Below(), keepsPicture};
   Add(std::make_unique<TileSink>(mosaic.tiles));
 }
 

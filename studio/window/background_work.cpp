@@ -19,6 +19,8 @@
 
 #include "studio/base/output.h"
 #include "studio/base/text.h"
+#include "studio/drawing/drawing_export.h"
+#include "studio/drawing/image_source.h"
 #include "studio/export/mosaic_export.h"
 #include "studio/mosaic/mosaic_job.h"
 
@@ -152,6 +154,21 @@ std::optional<Picture> ReadPicture(QWidget& window, const QString& path) {
   return std::move(*picture);
 }
 
+std::optional<PlacedImage> ReadImage(QWidget& window,
+                                     const std::shared_ptr<const SvgDrawing>& drawing,
+                                     const ImageElement& image, bool isSizeUnknown) {
+  const auto placed = std::make_shared<std::optional<PlacedImage>>();
+  const QString label = Text("$$$/Studio/Progress/Opening=Opening %1…", image.Name());
+  const auto read = [=, &image](QPromise<void>& promise) {
+    *placed =
+        PlacedImage::Read(drawing, image, isSizeUnknown, [&] { return promise.isCanceled(); });
+    (*placed)->artwork->picture.PixelsInSrgb();  // the canvas would make the window wait for them
+    return true;
+  };
+  if (!DoInBackground(window, label, 0, read, WhenCancelled::kLeave)) return std::nullopt;
+  return std::move(*placed);
+}
+
 std::optional<Mosaic> BuildMosaic(QWidget& window, const Picture& picture,
                                   const MosaicChoices& choices) {
   MosaicJob job(picture, choices);
@@ -182,6 +199,23 @@ bool ExportMosaic(QWidget& window, const Artwork& artwork, const QString& path,
       Text("$$$/Studio/Progress/Exporting=Exporting %1…", QFileInfo(path).fileName());
   const bool isComplete =
       WriteMosaic(window, label, *artwork.mosaic, ExportKindOf(path), pixelsPerPoint, device);
+  if (isComplete) outputs.Commit();
+  return isComplete;
+}
+
+bool ExportDrawing(QWidget& window, const PlacedImage& image,
+                   const std::shared_ptr<const Mosaic>& mosaic, const QString& path) {
+  OutputSet outputs;
+  const QString linked = LinkedFile(*image.drawing, *image.image);
+  if (!linked.isEmpty()) outputs.Protect(linked);
+  QIODevice& device = outputs.Add(path);
+  const QString label =
+      Text("$$$/Studio/Progress/Exporting=Exporting %1…", QFileInfo(path).fileName());
+  const bool isComplete =
+      DoInBackground(window, label, mosaic->geometry.tilesDown, [&](QPromise<void>& promise) {
+        return WriteDrawing(*image.drawing, {{image.image, image.placement, mosaic}}, device,
+                            ReportTo(promise));
+      });
   if (isComplete) outputs.Commit();
   return isComplete;
 }

@@ -3,6 +3,7 @@
 #include <QString>
 #include <optional>
 
+#include "studio/drawing/placed_image.h"
 #include "studio/mosaic/artwork.h"
 
 class QIODevice;
@@ -16,6 +17,10 @@ struct ExportKind;
 
 std::optional<Picture> ReadPicture(QWidget& window, const QString& path);
 
+std::optional<PlacedImage> ReadImage(QWidget& window,
+                                     const std::shared_ptr<const SvgDrawing>& drawing,
+                                     const ImageElement& image, bool isSizeUnknown);
+
 std::optional<Mosaic> BuildMosaic(QWidget& window, const Picture& picture,
                                   const MosaicChoices& choices);
 
@@ -26,3 +31,8 @@ bool WriteMosaic(QWidget& window, const QString& label, const Mosaic& mosaic,
 /// Writes the artwork's mosaic; until all of it is written the path keeps what it had.
 bool ExportMosaic(QWidget& window, const Artwork& artwork, const QString& path,
                   double pixelsPerPoint);
+
+/// Writes the drawing of an image with the mosaic that was made of it. Replaces the drawing's own
+/// file when the path is the same.
+bool ExportDrawing(QWidget& window, const PlacedImage& image,
+                   const std::shared_ptr<const Mosaic>& mosaic, const QString& path);

@@ -25,6 +25,7 @@
 #include "studio/window/captions.h"
 #include "studio/window/clipboard.h"
 #include "studio/window/file_dialogs.h"
+#include "studio/window/image_choice.h"
 #include "studio/window/png_size_dialog.h"
 #include "studio/window/settings.h"
 
@@ -37,6 +38,15 @@ constexpr Qt::Key kCompareKey = Qt::Key_F8;
 
 QString ExportFailure() {
   return Text("$$$/Studio/Error/Export=The mosaic cannot be exported.");
+}
+
+/// Null for a file that is not an SVG document, or one without images.
+std::shared_ptr<const SvgDrawing> DrawingWithImages(const QString& path) try {
+  if (!path.endsWith(".svg", Qt::CaseInsensitive)) return nullptr;
+  auto drawing = std::make_shared<const SvgDrawing>(SvgDrawing::Read(path));
+  return drawing->Images().empty() ? nullptr : drawing;
+} catch (const StudioError&) {
+  return nullptr;  // reading it as a picture says what is wrong with it
 }
 
 /// Only a copy, since an application that offers a file deletes it after a move.
@@ -180,6 +190,11 @@ bool StudioWindow::AskForPicture() {
 
 bool StudioWindow::OpenPicture(const QString& path) {
   return Do(Text("$$$/Studio/Error/Open=The picture cannot be opened."), [&] {
+    if (const auto drawing = DrawingWithImages(path)) {
+      const auto image = AskForImage(*this, *drawing);
+      if (!image) return TellOfCancel();
+      if (*image) return PlaceImage(drawing, **image);
+    }
     std::optional<Picture> picture = ReadPicture(*this, path);
     if (!picture) return TellOfCancel();
     PlacePicture(QFileInfo(path).absoluteFilePath(), std::move(*picture));
@@ -187,6 +202,29 @@ bool StudioWindow::OpenPicture(const QString& path) {
     FillRecentMenu();
     return true;
   });
+}
+
+bool StudioWindow::OpenImage(const QString& path, const QString& id) {
+  return Do(Text("$$$/Studio/Error/Open=The picture cannot be opened."), [&] {
+    const auto drawing = std::make_shared<const SvgDrawing>(SvgDrawing::Read(path));
+    return PlaceImage(drawing, drawing->Image(id));
+  });
+}
+
+bool StudioWindow::PlaceImage(const std::shared_ptr<const SvgDrawing>& drawing,
+                              const ImageElement& image) {
+  const auto placed = ReadImage(*this, drawing, image, actions.placeUnknown->isChecked());
+  if (!placed) return TellOfCancel();
+  Artwork artwork = *placed->artwork;
+  // Names the image in captions, and the drawing as the place to export to.
+  artwork.path = QFileInfo(drawing->Path()).absoluteFilePath() + '#' + image.Name();
+  placedImages.insert_or_assign(artwork.path, *placed);
+  document.Change(Text("$$$/Studio/Undo/Place=Place Picture"),
+                  std::make_shared<const Artwork>(std::move(artwork)));
+  ShowDocument();
+  settings::AddRecentPicture(drawing->Path());
+  FillRecentMenu();
+  return true;
 }
 
 void StudioWindow::PlacePicture(const QString& path, Picture picture) {
@@ -317,7 +355,12 @@ void StudioWindow::ExportAgain() {
 bool StudioWindow::Export(LastExport how) {
   if (!Shown() || !Shown()->mosaic) return false;
   return Do(ExportFailure(), [&] {
-    if (!ExportMosaic(*this, *Shown(), how.path, how.pixelsPerPoint)) return TellOfCancel();
+    const auto image = placedImages.find(Shown()->path);
+    const bool isDrawing =
+        image != placedImages.end() && &ExportKindOf(how.path) == FindExportKind(".svg");
+    const bool isDone = isDrawing ? ExportDrawing(*this, image->second, Shown()->mosaic, how.path)
+                                  : ExportMosaic(*this, *Shown(), how.path, how.pixelsPerPoint);
+    if (!isDone) return TellOfCancel();
     document.NoteExport();
     setWindowModified(!document.Unexported().empty());
     settings::kExportFolder.Set(QFileInfo(how.path).absolutePath());

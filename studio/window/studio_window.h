@@ -11,6 +11,7 @@
 #include "studio/caller/dialog_choices.h"
 #include "studio/caller/last_choices.h"
 #include "studio/caller/mosaic_caller.h"
+#include "studio/drawing/placed_image.h"
 #include "studio/mosaic/artwork.h"
 #include "studio/window/canvas.h"
 #include "studio/window/document.h"
@@ -29,6 +30,8 @@ class StudioWindow final : public QMainWindow {
 
   /// Tells the person when it cannot be done. Answers whether it was done.
   bool OpenPicture(const QString& path);
+  /// Opens an image of an SVG drawing by its ID, in the same way.
+  bool OpenImage(const QString& path, const QString& id);
 
   /// Whether pictures are placed as if their files did not say how large they are.
   void SetSizeUnknown(bool isUnknown) { actions.placeUnknown->setChecked(isUnknown); }
@@ -78,6 +81,7 @@ class StudioWindow final : public QMainWindow {
   void Copy();
   void Paste();
   std::optional<Picture> ReadAgain(const QString& path);
+  bool PlaceImage(const std::shared_ptr<const SvgDrawing>& drawing, const ImageElement& image);
   void PlacePicture(const QString& path, Picture picture);
   const Confirmed* ConfirmedForShown() const;
   /// Begins with these entries.
@@ -115,6 +119,7 @@ class StudioWindow final : public QMainWindow {
   QLabel* const summary;
   /// What OK confirmed last for a picture, by its path and whether its size was known.
   std::map<std::pair<QString, bool>, Confirmed> confirmed;
+  std::map<QString, PlacedImage> placedImages;  // of drawings, by the paths of their artworks
   std::optional<LastExport> lastExport;
   int pasted = 0;  // how many pictures were; each has a name of its own
   bool isBusy = false;

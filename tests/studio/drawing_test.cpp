@@ -17,9 +17,9 @@ namespace {
 /// A picture of 60 by 40 pixels, "in.png", in documents that each test writes.
 class DrawingTest : public StudioFolder {
  protected:
-  std::shared_ptr<const Drawing> Read(const QByteArray& document) const {
+  std::shared_ptr<const SvgDrawing> Read(const QByteArray& document) const {
     Save("drawing.svg", document);
-    return std::make_shared<const Drawing>(Drawing::Read(Path("drawing.svg")));
+    return std::make_shared<const SvgDrawing>(SvgDrawing::Read(Path("drawing.svg")));
   }
 
   /// A document whose root has `rootAttributes`.
@@ -30,7 +30,8 @@ class DrawingTest : public StudioFolder {
   }
 
   /// The drawing with a mosaic of two by one black tiles, as large as the picture, for each image.
-  static QByteArray WithMosaics(const std::shared_ptr<const Drawing>& drawing, bool deletesImage) {
+  static QByteArray WithMosaics(const std::shared_ptr<const SvgDrawing>& drawing,
+                                bool deletesImage) {
     std::vector<PlacedMosaic> mosaics;
     for (const ImageElement& image : drawing->Images()) {
       const PlacedImage placed = PlacedImage::Read(drawing, image, false);
@@ -38,9 +39,8 @@ class DrawingTest : public StudioFolder {
       const MosaicGeometry geometry{2, 1, size, {0, 0}, {size.width() / 2, size.height()}};
       QImage tiles(2, 1, QImage::Format_ARGB32);
       tiles.fill(Qt::black);
-      const Mosaic mosaic{geometry, tiles, {}};
-      mosaics.push_back(
-          {&image, placed.placement, std::make_shared<const Mosaic>(mosaic), deletesImage});
+      const Mosaic mosaic{geometry, tiles, {}, !deletesImage};
+      mosaics.push_back({&image, placed.placement, std::make_shared<const Mosaic>(mosaic)});
     }
     QBuffer buffer;
     buffer.open(QIODevice::WriteOnly);

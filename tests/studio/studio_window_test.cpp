@@ -13,6 +13,7 @@
 #include <QFile>
 #include <QFileDialog>
 #include <QLineEdit>
+#include <QListWidget>
 #include <QMessageBox>
 #include <QMimeData>
 #include <QProgressDialog>
@@ -405,6 +406,40 @@ TEST_F(StudioWindowTest, APictureBecomesAMosaicThatCanBeUndoneAndExported) {
   Action("undo").trigger();
   EXPECT_FALSE(window->Shown());
   EXPECT_TRUE(window->findChild<::Canvas*>()->ArtOnScreen().isEmpty());
+}
+
+TEST_F(StudioWindowTest, OpensAnImageOfADrawingAndExportsTheDrawing) {
+  const QByteArray kRest = "<rect id='photo-mosaic'/><image href='none.png' id='b'/></svg>";
+  const QByteArray kStart = "<svg xmlns='http://www.w3.org/2000/svg'>";
+  Save("drawing.svg", kStart + "<image id='photo' href='in.png'/>" + kRest);
+  Open();
+  const auto open = [&](int row) {
+    WhenOpen<QDialog>("imageChoice", [row](QDialog& dialog) {
+      auto& list = *dialog.findChild<QListWidget*>();
+      EXPECT_EQ(list.count(), 3);
+      list.setCurrentRow(row);
+      row < 0 ? dialog.reject() : dialog.accept();
+    });
+    return window->OpenPicture(Path("drawing.svg"));
+  };
+  QString error;
+  for (const auto& [row, reason] :
+       {std::pair(-1, ""), {1, "none.png"}, {2, "drawing.svg shows another file"}}) {
+    if (*reason) Hear("error", error);
+    EXPECT_FALSE(open(row));
+    EXPECT_TRUE(error.contains(reason)) << error.toStdString();
+  }
+  ASSERT_TRUE(open(0));
+  EXPECT_EQ(window->Shown()->Size(), QSizeF(45, 30)) << "60 by 40 pixels of 1/96 inch";
+  EXPECT_TRUE(window->windowTitle().contains("drawing.svg#photo"));
+  EXPECT_TRUE(Create("enter HorizontalCountTxt 3\nenter VerticalCountTxt 2\nkey Return\n"));
+  Export("made.svg");
+  const QByteArray made = Load("made.svg");
+  EXPECT_TRUE(made.startsWith(kStart + "<g id=\"photo-mosaic-2\"")) << made.toStdString();
+  EXPECT_TRUE(made.endsWith("</g>" + kRest));
+  EXPECT_EQ(made.count("<rect x="), 6);
+  Export("made.pdf");
+  EXPECT_TRUE(Load("made.pdf").startsWith("%PDF")) << "the mosaic alone";
 }
 
 TEST_F(StudioWindowTest, TakesWhatIsDroppedAndSaysWhatItCannotTake) {

@@ -38,12 +38,12 @@ struct ImageElement {
 };
 
 /// An SVG document: its bytes and the images in it.
-class Drawing {
+class SvgDrawing {
  public:
   /// Reads a document of up to 512 MB in UTF-8, UTF-16, ISO-8859-1 or US-ASCII. Entities of its
   /// own are expanded for reading, up to a hundred times its size; nothing outside the file is ever
   /// read. Throws StudioError.
-  static Drawing Read(const QString& path);
+  static SvgDrawing Read(const QString& path);
 
   const QString& Path() const { return path; }
   const QByteArray& Bytes() const { return bytes; }
@@ -74,7 +74,7 @@ class Drawing {
   };
   static constexpr size_t kNoEntry = size_t(-1);
 
-  explicit Drawing(QString path) : path(std::move(path)) {}
+  explicit SvgDrawing(QString path) : path(std::move(path)) {}
 
   QString path;
   QByteArray bytes;

@@ -1,4 +1,4 @@
-#include "studio/drawing/drawing.h"
+#include "studio/drawing/svg_drawing.h"
 
 #include <QStringList>
 #include <algorithm>
@@ -26,7 +26,7 @@ QString ImageElement::Name() const {
   return Text("$$$/Studio/Drawing/UnnamedImage=image");
 }
 
-const ImageElement& Drawing::Image(const QString& id) const {
+const ImageElement& SvgDrawing::Image(const QString& id) const {
   const auto found = byId.find(id.toStdString());
   if (found == byId.end())
     throw StudioError("$$$/Studio/Drawing/NoElement=there is no element %1 in %2", id, path);
@@ -38,7 +38,7 @@ const ImageElement& Drawing::Image(const QString& id) const {
                     id, path, QString::fromStdString(entries[found->second].name));
 }
 
-std::vector<const ImageElement*> Drawing::ImagesIn(const QStringList& ids) const {
+std::vector<const ImageElement*> SvgDrawing::ImagesIn(const QStringList& ids) const {
   std::vector<const ImageElement*> found;
   for (const QString& id : ids) {
     const auto element = byId.find(id.toStdString());
