@@ -13,7 +13,7 @@ install(DIRECTORY resources/host ${PROJECT_BINARY_DIR}/${tesserae_share}/transla
   DESTINATION ${tesserae_share} COMPONENT studio)
 if(TESSERAE_STUDIO)
   install(TARGETS tesserae-studio RUNTIME DESTINATION bin COMPONENT studio)
-  install(TARGETS tesserae-svg-reader RUNTIME DESTINATION ${tesserae_libraries} COMPONENT studio)
+  install(TARGETS tesserae-picture-reader RUNTIME DESTINATION ${tesserae_libraries} COMPONENT studio)
 endif()
 
 # TesseraeUI::interface, the public headers for callers and hosts: after find_package(TesseraeUI), or with

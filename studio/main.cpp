@@ -165,6 +165,7 @@ int main(int argc, char** argv) try {
   // Writing to a closed pipe, or more than RLIMIT_FSIZE, then fails with an errno.
   std::signal(SIGPIPE, SIG_IGN);
   std::signal(SIGXFSZ, SIG_IGN);
+  std::signal(SIGCHLD, SIG_DFL);  // when ignored, the picture reader's exit status is lost
   auto& localizer = nrvcore::config::Localizer::Get();
   std::atexit(ReportExitOfLibrary);
   const auto returning = qScopeGuard([] { hasReturned = true; });

@@ -20,6 +20,7 @@
 #include "studio/export/mosaic_export.h"
 #include "studio/export/picture_encoding.h"
 #include "studio/mosaic/mosaic_job.h"
+#include "studio/mosaic/preview.h"
 #include "studio/window/picture_window.h"
 
 namespace {
@@ -125,7 +126,9 @@ void ConsoleRun::CheckExport(const QString& path) const {
 void ConsoleRun::Open() {
   outputs.Protect(line.picture);
   if (line.images.isEmpty()) {
-    artworks = {Place(line.picture, Picture::Read(line.picture), line.isSizeUnknown)};
+    Picture picture = Picture::Open(PictureFile(line.picture));
+    if (!line.windowScreenshot.isEmpty()) MakeShowable(picture);
+    artworks = {Place(line.picture, std::move(picture), line.isSizeUnknown)};
   } else {
     drawing = std::make_shared<const SvgDrawing>(SvgDrawing::Read(line.picture));
   }
@@ -215,7 +218,13 @@ bool ConsoleRun::Ask(MosaicChoices& choices) {
   return isOk;
 }
 
-bool ConsoleRun::Build(const MosaicChoices& choices) {
+/// Pixels are held only where the picture shows in the result; otherwise they pass through.
+bool ConsoleRun::Build(const MosaicChoices& choices) try {
+  if (MosaicJob(artwork->picture, choices).ShowsPicture() && artwork->picture.Pixels().isNull()) {
+    Picture picture = artwork->picture;
+    MakeShowable(picture, [this] { return interruption->IsRequested(); });
+    artwork = Place(line.picture, std::move(picture), line.isSizeUnknown);
+  }
   MosaicJob job(artwork->picture, choices);
   const MosaicGeometry& geometry = job.Geometry();
   for (size_t i = 0; !drawing && i < exportDevices.size(); ++i) {
@@ -240,6 +249,9 @@ bool ConsoleRun::Build(const MosaicChoices& choices) {
     mosaics.push_back({image, placement, artwork->mosaic});
   }
   return true;
+} catch (const StudioError&) {
+  if (interruption->IsRequested()) return false;
+  throw;
 }
 
 /// Answers whether nobody stopped it.

@@ -1,12 +1,8 @@
 #include "studio/drawing/image_source.h"
 
-#include <sys/mman.h>
-#include <unistd.h>
-
 #include <QByteArray>
 #include <algorithm>
 #include <cctype>
-#include <cerrno>
 #include <filesystem>
 #include <string_view>
 
@@ -53,38 +49,6 @@ QByteArray DataOf(std::string_view url) {
   return isBase64 ? QByteArray::fromBase64(content) : content;
 }
 
-/// A file that only this process has.
-class MemoryFile {
- public:
-  explicit MemoryFile(const QByteArray& content) : descriptor(memfd_create("image", MFD_CLOEXEC)) {
-    if (descriptor < 0) throw StudioError(ReasonText(errno));
-    for (qsizetype done = 0; done < content.size();) {
-      const ssize_t written =
-          write(descriptor, content.constData() + done, size_t(content.size() - done));
-      if (written < 0) throw StudioError(ReasonText(errno));
-      done += written;
-    }
-  }
-  ~MemoryFile() { close(descriptor); }
-  MemoryFile(const MemoryFile&) = delete;
-  MemoryFile& operator=(const MemoryFile&) = delete;
-
-  QString Path() const { return QString("/proc/self/fd/%1").arg(descriptor); }
-
- private:
-  const int descriptor;
-};
-
-Picture ReadEmbedded(const ImageElement& image, std::string_view url,
-                     const std::function<bool()>& isStopped) {
-  const MemoryFile file(DataOf(url));
-  try {
-    return Picture::Read(file.Path(), isStopped);
-  } catch (const StudioError& error) {
-    throw StudioError(QString(error.what()).replace(file.Path(), image.Name()));
-  }
-}
-
 bool IsThere(const fs::path& path) {
   std::error_code error;
   return exists(path, error);
@@ -122,6 +86,7 @@ QString LinkedFile(const SvgDrawing& drawing, const ImageElement& image) {
 Picture ReadImage(const SvgDrawing& drawing, const ImageElement& image,
                   const std::function<bool()>& isStopped) {
   const QString file = LinkedFile(drawing, image);
-  return file.isEmpty() ? ReadEmbedded(image, Reference(image), isStopped)
-                        : Picture::Read(file, isStopped);
+  return Picture::Read(file.isEmpty() ? PictureFile::OfBytes(DataOf(Reference(image)), image.Name())
+                                      : PictureFile(file),
+                       isStopped);
 }

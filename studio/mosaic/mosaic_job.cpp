@@ -54,10 +54,12 @@ void MosaicJob::Add(Mosaic& mosaic) {
 bool MosaicJob::Run(const GoOn& goOn) {
   TileColors builder(picture, geometry.tilesAcross, geometry.tilesDown, isColor);
   int rowsDone = 0;
-  const bool isComplete = builder.Run([&](std::span<const QRgb> tiles) {
-    for (const auto& sink : sinks) sink->AddRow(tiles);
-    return goOn(++rowsDone);
-  });
+  const bool isComplete = builder.Run(
+      [&](std::span<const QRgb> tiles) {
+        for (const auto& sink : sinks) sink->AddRow(tiles);
+        return goOn(++rowsDone);
+      },
+      [&] { return !goOn(rowsDone); });
   if (!isComplete) return false;
   return std::all_of(sinks.begin(), sinks.end(), [&](const auto& sink) {
     sink->Finish();

@@ -2,6 +2,12 @@
 
 #include "studio/mosaic/artwork.h"
 
+/// Gives a picture pixels to show: all of its own up to 100 million, otherwise a reduction to at
+/// most 4096 by 3072, each the mean of its share. Throws StudioError when the picture cannot be
+/// read to its end, when it `isStopped`, and when there is no memory.
+void MakeShowable(
+    Picture& picture, const IsStopped& isStopped = [] { return false; });
+
 /// A picture at no more pixels than a screen shows, each the mean of the light of its share. Of a
 /// photograph, the tiles that are at least four of its pixels wide and high are within 3 of 255 of
 /// those of the picture itself; a border of tiles that runs along a hard edge can show more.

@@ -18,21 +18,23 @@ TileColors::TileColors(const Picture& picture, int tilesAcross, int tilesDown, b
       columns(size_t(tilesAcross)),
       rowSums(size_t(tilesAcross)) {
   for (int column = 0; column < tilesAcross; ++column) {
-    columns[size_t(column)] = ShareOf(column, tilesAcross, picture.Pixels().width());
+    columns[size_t(column)] = ShareOf(column, tilesAcross, picture.Size().width());
   }
 }
 
-bool TileColors::Run(const RowTaker& takeRow) {
+bool TileColors::Run(const RowTaker& takeRow, const IsStopped& isStopped) {
+  const auto rows = picture.Rows(isStopped);
+  summedRow = -1;
   std::vector<Tally> tallies(columns.size());
   std::vector<QRgb> tiles(columns.size());
   for (int row = 0; row < tilesDown; ++row) {
-    const Share share = ShareOf(row, tilesDown, picture.Pixels().height());
+    const Share share = ShareOf(row, tilesDown, picture.Size().height());
     std::fill(tallies.begin(), tallies.end(), Tally());
     for (int y = share.first; y <= share.last; ++y) {
       const uint32_t weight = y == share.first  ? share.firstWeight
                               : y == share.last ? share.lastWeight
                                                 : uint32_t(tilesDown);
-      SumRow(y);
+      SumRow(*rows, y);
       for (size_t column = 0; column < tallies.size(); ++column) {
         tallies[column].Add(rowSums[column], weight);
       }
@@ -56,10 +58,10 @@ TileColors::Share TileColors::ShareOf(int tile, int tiles, int pixels) {
 
 /// A row of pixels under a border belongs to two rows of tiles, one under small tiles to many; it
 /// is summed once.
-void TileColors::SumRow(int y) {
+void TileColors::SumRow(PictureRows& rows, int y) {
   if (y == summedRow) return;
   summedRow = y;
-  const auto* line = reinterpret_cast<const QRgb*>(picture.Pixels().constScanLine(y));
+  const QRgb* const line = rows.Next();
   picture.HasAlpha() ? SumLine<true>(line) : SumLine<false>(line);
 }
 
@@ -95,7 +97,7 @@ QRgb TileColors::MeanOf(const Tally& tally) const {
   const auto weight = double(tally.alpha);
   const Light light = scale.OfScreen(double(tally.red) / weight, double(tally.green) / weight,
                                      double(tally.blue) / weight);
-  const double area = double(picture.Pixels().width()) * picture.Pixels().height();
+  const double area = double(picture.Size().width()) * picture.Size().height();
   const int alpha = picture.HasAlpha() ? int(std::lround(weight / area)) : 255;
   if (alpha == 0) return 0;
   return NearestColor(isColor ? light : light.Grey(), alpha);

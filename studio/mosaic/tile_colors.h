@@ -22,9 +22,11 @@ class TileColors {
   /// Both counts at least 1. The picture must outlive the builder.
   TileColors(const Picture& picture, int tilesAcross, int tilesDown, bool isColor);
 
-  /// Hands out the rows from top to bottom. Memory doesn't grow with their number. Answers whether
-  /// all rows were taken.
-  [[nodiscard]] bool Run(const RowTaker& takeRow);
+  /// Makes one pass over the picture and gives the rows from top to bottom. Memory doesn't grow
+  /// with their number. Returns whether all rows were taken. Throws StudioError when the picture
+  /// cannot be read to its end, or reading it was stopped.
+  [[nodiscard]] bool Run(
+      const RowTaker& takeRow, const IsStopped& isStopped = [] { return false; });
 
  private:
   /// The pixels, or rows of pixels, that a tile lies over: the first and last count by a weight of
@@ -49,7 +51,7 @@ class TileColors {
 
   static Share ShareOf(int tile, int tiles, int pixels);
 
-  void SumRow(int y);
+  void SumRow(PictureRows& rows, int y);
   template <bool kHasAlpha>
   void SumLine(const QRgb* line);
   template <bool kHasAlpha>

@@ -1,17 +1,11 @@
 #include "studio/picture/picture.h"
 
-#include <QBuffer>
-#include <QImageReader>
-#include <QTransform>
 #include <algorithm>
 #include <cmath>
+#include <cstring>
 #include <utility>
 
-#include "studio/base/file_name.h"
 #include "studio/base/studio_error.h"
-#include "studio/picture/damage.h"
-#include "studio/picture/exif.h"
-#include "studio/picture/svg.h"
 
 namespace {
 
@@ -19,81 +13,15 @@ namespace {
 constexpr int kUnsaidDotsPerMeter = 2835;
 constexpr double kMetersPerInch = 0.0254;
 
-// Room for photographs of half a gigapixel; beyond that a small file can take all memory.
-constexpr int kMegabytesLimit = 2048;
-constexpr int kBitsPerPixel = 32;  // of a picture, whatever its file has
-
-bool Fits(QSize size, int bitsPerPixel) {
-  const qint64 mostPixels = (qint64(kMegabytesLimit) << 20) * 8 / bitsPerPixel;
-  return qint64(size.width()) * size.height() <= mostPixels;
-}
-
-/// Decoders tell whole numbers of dots per metre, some rounded and some cut off, so one that was a
-/// whole number of dots per inch in the file comes back as that number.
+/// A resolution of a whole number of dots per inch comes as a rounded number of dots per metre.
 double DotsPerInch(int dotsPerMeter) {
   const double dots = dotsPerMeter * kMetersPerInch;
   const double whole = std::round(dots);
   return std::abs(dots - whole) < kMetersPerInch ? whole : dots;
 }
 
-QByteArray ReadPictureFile(const QString& path) {
-  std::error_code error;
-  const auto type = status(SystemPath(path), error).type();
-  if (type == std::filesystem::file_type::not_found)
-    throw StudioError("$$$/Studio/Picture/None=there is no picture %1", path);
-  if (type != std::filesystem::file_type::regular && !error)
-    throw StudioError("$$$/Studio/Picture/NoFile=%1 is not a file", path);
-  QByteArray bytes;
-  try {
-    bytes = ReadFile(path, qint64(kMegabytesLimit) << 20);
-  } catch (const StudioError& reason) {
-    throw StudioError("$$$/Studio/Picture/Unreadable=the picture %1 cannot be read: %2", path,
-                      QString(reason.what()));
-  }
-  if (bytes.isEmpty()) throw StudioError("$$$/Studio/Picture/Empty=the picture %1 is empty", path);
-  return bytes;
-}
-
-[[noreturn]] void RefuseUndecodable(const QString& path) {
-  throw StudioError("$$$/Studio/Picture/Undecodable=the picture %1 is damaged or too large", path);
-}
-
-void SetDotsPerMeter(QImage& image, int across, int down) {
-  image.setDotsPerMeterX(across);
-  image.setDotsPerMeterY(down);
-}
-
-/// Qt gives an image of unsaid resolution that of the screen. An image that is made beforehand is
-/// filled by the decoder and keeps what it has instead. Formats that need an image of their own
-/// carry no resolution.
-QImage Decode(QImageReader& reader) {
-  const QSize size = reader.size();
-  const QImage::Format format = reader.imageFormat();
-  const bool fits = size.isValid() && format != QImage::Format_Invalid &&
-                    Fits(size, QImage::toPixelFormat(format).bitsPerPixel());
-  QImage image = fits ? QImage(size, format) : QImage();
-  SetDotsPerMeter(image, kUnsaidDotsPerMeter, kUnsaidDotsPerMeter);
-  const uchar* const bits = std::as_const(image).constBits();
-  if (!reader.read(&image)) return {};
-  if (std::as_const(image).constBits() != bits) {
-    SetDotsPerMeter(image, kUnsaidDotsPerMeter, kUnsaidDotsPerMeter);
-  }
-  return image;
-}
-
-/// Turns and mirrors as the camera noted; the resolutions change places with the sides.
-QImage Upright(QImage image, QImageIOHandler::Transformations how) {
-  if (how & (QImageIOHandler::TransformationMirror | QImageIOHandler::TransformationFlip)) {
-    image = std::move(image).mirrored(how & QImageIOHandler::TransformationMirror,
-                                      how & QImageIOHandler::TransformationFlip);
-  }
-  if (how & QImageIOHandler::TransformationRotate90) {
-    const int across = image.dotsPerMeterX();
-    const int down = image.dotsPerMeterY();
-    image = image.transformed(QTransform().rotate(90));
-    SetDotsPerMeter(image, down, across);
-  }
-  return image;
+QSize OrUnsaid(QSize dotsPerMeter) {
+  return dotsPerMeter.isEmpty() ? QSize(kUnsaidDotsPerMeter, kUnsaidDotsPerMeter) : dotsPerMeter;
 }
 
 bool IsOpaque(const QImage& image) {
@@ -106,7 +34,7 @@ bool IsOpaque(const QImage& image) {
   return true;
 }
 
-/// Many programs give every picture an alpha channel; one that says nothing is left out.
+/// Many programs give every picture an alpha channel; an opaque one is left out.
 QImage InEightBits(QImage image) {
   if (!image.hasAlphaChannel()) return std::move(image).convertToFormat(QImage::Format_RGB32);
   image = std::move(image).convertToFormat(QImage::Format_ARGB32);
@@ -114,46 +42,80 @@ QImage InEightBits(QImage image) {
   return image;
 }
 
+class HeldRows final : public PictureRows {
+ public:
+  explicit HeldRows(const QImage& image) : image(image) {}
+
+  const QRgb* Next() override {
+    return reinterpret_cast<const QRgb*>(std::as_const(image).constScanLine(row++));
+  }
+
+ private:
+  const QImage image;
+  int row = 0;
+};
+
 }  // namespace
 
-Picture Picture::Read(const QString& path, const std::function<bool()>& isStopped) {
-  QByteArray bytes = ReadPictureFile(path);
-  QBuffer buffer(&bytes);
-  buffer.open(QIODevice::ReadOnly);
+Picture Picture::Open(PictureFile source, const IsStopped& isStopped) {
+  Picture picture;
+  picture.file = std::make_shared<const PictureFile>(std::move(source));
+  auto reader = std::make_unique<PictureReader>(*picture.file, false, isStopped);
+  if (!reader->Profile().isEmpty()) {
+    picture.space = QColorSpace::fromIccProfile(reader->Profile());
+    if (!picture.space.isValid()) {
+      picture.converts = true;
+      reader = std::make_unique<PictureReader>(*picture.file, true, isStopped);
+    }
+  }
+  const PictureHeader& header = reader->Header();
+  picture.size = QSize(int(header.width), int(header.height));
+  picture.hasAlpha = header.channels == 4;
+  picture.dotsPerMeter = OrUnsaid(QSize(int(header.dotsPerMeterX), int(header.dotsPerMeterY)));
+  picture.opened = std::make_shared<std::unique_ptr<PictureReader>>(std::move(reader));
+  return picture;
+}
 
-  const DecoderMessages messages;
-  QImageReader::setAllocationLimit(kMegabytesLimit);
-  QImageReader reader(&buffer);
-  reader.setAutoTransform(false);
-  if (!reader.canRead()) {
-    throw StudioError(
-        "$$$/Studio/Picture/Unknown=%1 is no picture that can be read, or it is damaged", path);
-  }
-  const QByteArray format = reader.format();
-  if (!IsCompleteFile(format, bytes)) {
-    throw StudioError(
-        "$$$/Studio/Picture/CutShort=the picture %1 is cut short: the file ends before the picture",
-        path);
-  }
-  if (format == "jpeg" && HasAbsurdScans(bytes, reader.size())) RefuseUndecodable(path);
-  QImage image = IsSvg(format) ? DrawSvg(bytes, path, isStopped) : Decode(reader);
-  if (image.isNull() || !Fits(image.size(), kBitsPerPixel)) RefuseUndecodable(path);
-  if (messages.TellOfDamage()) {
-    throw StudioError("$$$/Studio/Picture/Damaged=the picture %1 is damaged", path);
-  }
-  return Picture(Upright(std::move(image), reader.transformation() | NotedTurn(format, bytes)));
+Picture Picture::Read(PictureFile source, const IsStopped& isStopped) {
+  Picture picture = Open(std::move(source), isStopped);
+  picture.Hold(isStopped);
+  return picture;
 }
 
 Picture::Picture(QImage image) : pixels(InEightBits(std::move(image))) {
   if (pixels.isNull()) throw StudioError(kNoMemory);
-  // A damaged file can state a resolution of 0 or below, and so can whoever filled the clipboard.
-  if (pixels.dotsPerMeterX() <= 0 || pixels.dotsPerMeterY() <= 0)
-    SetDotsPerMeter(pixels, kUnsaidDotsPerMeter, kUnsaidDotsPerMeter);
+  size = pixels.size();
+  hasAlpha = pixels.format() == QImage::Format_ARGB32;
+  space = pixels.colorSpace();
+  // A program that fills the clipboard can state a resolution of 0 or below.
+  dotsPerMeter = OrUnsaid(QSize(pixels.dotsPerMeterX(), pixels.dotsPerMeterY()));
+}
+
+std::unique_ptr<PictureRows> Picture::Rows(const IsStopped& isStopped) const {
+  if (IsHeld()) return std::make_unique<HeldRows>(pixels);
+  auto reader = std::exchange(*opened, nullptr);
+  if (!reader) return std::make_unique<PictureReader>(*file, converts, isStopped);
+  reader->StopWhen(isStopped);
+  return reader;
+}
+
+void Picture::Hold(const IsStopped& isStopped) {
+  if (IsHeld()) return;
+  QImage image(size, hasAlpha ? QImage::Format_ARGB32 : QImage::Format_RGB32);
+  if (image.isNull()) throw StudioError(kNoMemory);
+  const auto rows = Rows(isStopped);
+  for (int y = 0; y < size.height(); ++y)
+    std::memcpy(image.scanLine(y), rows->Next(), size_t(image.width()) * sizeof(QRgb));
+  image.setColorSpace(space);
+  image.setDotsPerMeterX(dotsPerMeter.width());
+  image.setDotsPerMeterY(dotsPerMeter.height());
+  pixels = InEightBits(std::move(image));
+  hasAlpha = pixels.format() == QImage::Format_ARGB32;
 }
 
 const QImage& Picture::PixelsInSrgb() const {
   if (pixelsInSrgb.isNull()) {
-    pixelsInSrgb = ColorSpace().isValid()
+    pixelsInSrgb = pixels.colorSpace().isValid()
                        ? pixels.convertedToColorSpace(QColorSpace(QColorSpace::SRgb))
                        : pixels;
   }
@@ -163,6 +125,6 @@ const QImage& Picture::PixelsInSrgb() const {
 
 QSizeF Picture::SizeInPoints() const {
   if (!setSize.isEmpty()) return setSize;
-  return {pixels.width() * 72 / DotsPerInch(pixels.dotsPerMeterX()),
-          pixels.height() * 72 / DotsPerInch(pixels.dotsPerMeterY())};
+  return {size.width() * 72 / DotsPerInch(dotsPerMeter.width()),
+          size.height() * 72 / DotsPerInch(dotsPerMeter.height())};
 }

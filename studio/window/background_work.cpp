@@ -9,12 +9,10 @@
 #include <QProgressDialog>
 #include <QPushButton>
 #include <QShortcut>
-#include <QThreadPool>
 #include <QTimer>
 #include <QtConcurrentRun>
 #include <exception>
 #include <functional>
-#include <memory>
 #include <utility>
 
 #include "studio/base/output.h"
@@ -23,6 +21,7 @@
 #include "studio/drawing/image_source.h"
 #include "studio/export/mosaic_export.h"
 #include "studio/mosaic/mosaic_job.h"
+#include "studio/mosaic/preview.h"
 
 namespace {
 
@@ -86,31 +85,23 @@ class DisabledWindow {
   const QPointer<QWidget> focus;
 };
 
-enum class WhenCancelled { kWait, kLeave };
-
-/// Answers what `work` answers: whether it is complete. A person who cancels asks it to stop, by
-/// the promise. With kWait this waits for its end; with kLeave, for work that cannot be asked, it
-/// does not, so that the work must own all that it uses. With 0 `steps` no progress is shown.
+/// Returns what `work` returns: whether it is complete. Cancelling asks it to stop, by the promise,
+/// and waits until it has. With 0 `steps` the dialog shows that something is done, but not how far.
 bool DoInBackground(QWidget& window, const QString& label, int steps,
-                    std::function<bool(QPromise<void>&)> work,
-                    WhenCancelled whenCancelled = WhenCancelled::kWait) {
+                    const std::function<bool(QPromise<void>&)>& work) {
   QEventLoop loop;
-  const auto isComplete = std::make_shared<bool>(false);
+  bool isComplete = false;
   QFutureWatcher<void> watcher;
   QObject::connect(&watcher, &QFutureWatcherBase::finished, &loop, &QEventLoop::quit);
-  // Nothing else waits for a thread of what was left to itself.
-  static QThreadPool left;
-  QThreadPool* const pool =
-      whenCancelled == WhenCancelled::kLeave ? &left : QThreadPool::globalInstance();
-  watcher.setFuture(
-      QtConcurrent::run(pool, [isComplete, steps, work = std::move(work)](QPromise<void>& promise) {
-        promise.setProgressRange(0, steps);
-        try {
-          *isComplete = work(promise);
-        } catch (...) {
-          promise.setException(std::current_exception());  // as it is, which Qt would not keep
-        }
-      }));
+  watcher.setFuture(QtConcurrent::run([&](QPromise<void>& promise) {
+    promise.setProgressRange(0, steps);
+    try {
+      isComplete = work(promise);
+    } catch (...) {
+      // Qt would lose the exception's class. Stopped work may end with one of its own.
+      if (!promise.isCanceled()) promise.setException(std::current_exception());
+    }
+  }));
   QTimer::singleShot(kQuietTime, &loop, &QEventLoop::quit);
   loop.exec(QEventLoop::ExcludeUserInputEvents);
   if (!watcher.isFinished()) {
@@ -119,17 +110,13 @@ bool DoInBackground(QWidget& window, const QString& label, int steps,
     QObject::connect(&watcher, &QFutureWatcherBase::progressValueChanged, &dialog,
                      &QProgressDialog::setValue);
     QObject::connect(&dialog, &WorkDialog::canceled, &watcher, &QFutureWatcherBase::cancel);
-    if (whenCancelled == WhenCancelled::kLeave) {
-      QObject::connect(&dialog, &WorkDialog::canceled, &loop, &QEventLoop::quit);
-    }
     dialog.setValue(watcher.progressValue());
     dialog.show();
     loop.exec();
     if (!watcher.isFinished()) watcher.cancel();  // also when the program is ending
-    if (!watcher.isFinished() && whenCancelled == WhenCancelled::kLeave) return false;
   }
   watcher.waitForFinished();  // throws what the work threw
-  return *isComplete && !watcher.isCanceled();
+  return isComplete && !watcher.isCanceled();
 }
 
 /// Passes on how many rows are done, and whether to go on.
@@ -143,30 +130,30 @@ GoOn ReportTo(QPromise<void>& promise) {
 }  // namespace
 
 std::optional<Picture> ReadPicture(QWidget& window, const QString& path) {
-  const auto picture = std::make_shared<std::optional<Picture>>();
+  std::optional<Picture> picture;
   const QString label = Text("$$$/Studio/Progress/Opening=Opening %1…", QFileInfo(path).fileName());
-  const auto read = [picture, path](QPromise<void>& promise) {
-    *picture = Picture::Read(path, [&] { return promise.isCanceled(); });
-    (*picture)->PixelsInSrgb();  // the canvas would make the window wait for them
+  const bool isComplete = DoInBackground(window, label, 0, [&](QPromise<void>& promise) {
+    const auto isStopped = [&] { return promise.isCanceled(); };
+    picture = Picture::Open(PictureFile(path), isStopped);
+    MakeShowable(*picture, isStopped);
+    picture->PixelsInSrgb();  // the canvas would make the window wait for them
     return true;
-  };
-  if (!DoInBackground(window, label, 0, read, WhenCancelled::kLeave)) return std::nullopt;
-  return std::move(*picture);
+  });
+  return isComplete ? std::move(picture) : std::nullopt;
 }
 
 std::optional<PlacedImage> ReadImage(QWidget& window,
                                      const std::shared_ptr<const SvgDrawing>& drawing,
                                      const ImageElement& image, bool isSizeUnknown) {
-  const auto placed = std::make_shared<std::optional<PlacedImage>>();
+  std::optional<PlacedImage> placed;
   const QString label = Text("$$$/Studio/Progress/Opening=Opening %1…", image.Name());
-  const auto read = [=, &image](QPromise<void>& promise) {
-    *placed =
-        PlacedImage::Read(drawing, image, isSizeUnknown, [&] { return promise.isCanceled(); });
-    (*placed)->artwork->picture.PixelsInSrgb();  // the canvas would make the window wait for them
+  const bool isComplete = DoInBackground(window, label, 0, [&](QPromise<void>& promise) {
+    placed.emplace(
+        PlacedImage::Read(drawing, image, isSizeUnknown, [&] { return promise.isCanceled(); }));
+    placed->artwork->picture.PixelsInSrgb();  // the canvas would make the window wait for them
     return true;
-  };
-  if (!DoInBackground(window, label, 0, read, WhenCancelled::kLeave)) return std::nullopt;
-  return std::move(*placed);
+  });
+  return isComplete ? std::move(placed) : std::nullopt;
 }
 
 std::optional<Mosaic> BuildMosaic(QWidget& window, const Picture& picture,

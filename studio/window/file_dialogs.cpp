@@ -2,35 +2,40 @@
 
 #include <QFileDialog>
 #include <QFileInfo>
-#include <QImageReader>
 #include <algorithm>
 
-#include "studio/base/text.h"
+#include "studio/base/studio_error.h"
 #include "studio/export/mosaic_export.h"
+#include "studio/picture/picture_reader.h"
 
 namespace {
 
-QString PictureFilter() {
+/// Empty when the formats are unknown, as opening a picture will say why.
+QStringList PictureEndings() try {
   QStringList endings;
-  for (const QByteArray& format : QImageReader::supportedImageFormats()) {
-    endings << "*." + QString::fromLatin1(format);
-  }
-  return Text("$$$/Studio/Open/Pictures=Pictures (%1)", endings.join(' ')) + ";;" +
+  for (const PictureFormat& format : PictureFormats()) endings << format.endings;
+  return endings;
+} catch (const StudioError&) {
+  return {};
+}
+
+QString PictureFilter() {
+  const QString patterns = "*." + PictureEndings().join(" *.");
+  return Text("$$$/Studio/Open/Pictures=Pictures (%1)", patterns) + ";;" +
          Text("$$$/Studio/Open/AllFiles=All files (%1)", QString("*"));
 }
 
 /// "holiday" for "holiday.jpg": that ending is the picture's, no part of the name.
 QString WithoutPictureEnding(const QString& path) {
-  const QByteArray ending = QFileInfo(path).suffix().toLower().toLatin1();
-  return QImageReader::supportedImageFormats().contains(ending) ? path.chopped(ending.size() + 1)
-                                                                : path;
+  const QString ending = QFileInfo(path).suffix().toLower();
+  return PictureEndings().contains(ending) ? path.chopped(ending.size() + 1) : path;
 }
 
 }  // namespace
 
 QString AskForPicture(QWidget& window, const QString& folder) {
   return QFileDialog::getOpenFileName(&window, Text("$$$/Studio/Open/Title=Open Picture"), folder,
-                                      PictureFilter());
+                                      PictureFilter(), nullptr, QFileDialog::HideNameFilterDetails);
 }
 
 QString AskForExport(QWidget& window, const QString& folder, const QString& name,

@@ -197,7 +197,13 @@ bool StudioWindow::OpenPicture(const QString& path) {
     }
     std::optional<Picture> picture = ReadPicture(*this, path);
     if (!picture) return TellOfCancel();
+    const bool isHeld = picture->IsHeld();
     PlacePicture(QFileInfo(path).absoluteFilePath(), std::move(*picture));
+    if (!isHeld) {
+      Tell(
+          Text("$$$/Studio/Status/Reduced=The picture is very large: it is shown smaller, and each "
+               "mosaic is built from its file."));
+    }
     settings::AddRecentPicture(path);
     FillRecentMenu();
     return true;

@@ -3,15 +3,12 @@
 #include <gtest/gtest.h>
 
 #include <QBuffer>
-#include <QFile>
 #include <QImageWriter>
 #include <QPainter>
-#include <QTemporaryDir>
 #include <QtEndian>
 
 #include "check/random.h"
 #include "studio/base/studio_error.h"
-#include "studio/picture/damage.h"
 #include "tests/support/random_picture.h"
 
 namespace {
@@ -25,60 +22,44 @@ QByteArray Encoded(const QImage& image, const char* format, bool isProgressive =
 }
 
 Picture Read(const QByteArray& bytes) {
-  const QTemporaryDir folder;
-  QFile file(folder.filePath("picture"));
-  EXPECT_TRUE(file.open(QIODevice::WriteOnly));
-  file.write(bytes);
-  file.close();
-  return Picture::Read(file.fileName());
+  const IsStopped never = [] { return false; };
+  Picture picture = Picture::Open(PictureFile::OfBytes(bytes, "a picture"), never);
+  picture.Hold(never);
+  return picture;
 }
 
-TEST(PictureFile, IsRefusedWhenAnyOfItIsMissing) {
+TEST(PictureFile, IsRefusedWhenPixelsAreMissing) {
   const QImage image = RandomImage(61, 43, QImage::Format_RGB32, 3);
-  const std::pair<const char*, bool> kFormats[] = {
-      {"jpg", false}, {"jpg", true}, {"png", false}, {"bmp", false}, {"ppm", false}};
+  const std::pair<const char*, bool> kFormats[] = {{"jpg", false}, {"jpg", true},  {"png", false},
+                                                   {"bmp", false}, {"ppm", false}, {"webp", false},
+                                                   {"tif", false}};
   for (const auto& [format, isProgressive] : kFormats) {
     const QByteArray whole = Encoded(image, format, isProgressive);
     EXPECT_NO_THROW(Read(whole)) << format;
-    for (const qsizetype missing : {qsizetype(1), qsizetype(2), qsizetype(5), whole.size() / 3,
-                                    whole.size() / 2, whole.size() - 30, whole.size() - 1}) {
-      EXPECT_THROW(Read(whole.chopped(missing)), StudioError)
-          << format << ": " << missing << " of " << whole.size() << " bytes missing";
+    for (const qsizetype left : {whole.size() / 20, whole.size() / 2, whole.size() - 30}) {
+      EXPECT_THROW(Read(whole.left(left)), StudioError)
+          << format << ": " << left << " of " << whole.size() << " bytes";
     }
   }
-  // One pixel. Cut anywhere, it may end in the very byte that marks the end.
-  const QByteArray gif =
-      QByteArray::fromBase64("R0lGODlhAQABAIAAAP///wAAACH5BAEAAAAALAAAAAABAAEAAAICRAEAOw==");
-  EXPECT_NO_THROW(Read(gif + '\n')) << "whatever stands behind the end";
-  for (qsizetype size = 13; size < gif.size() - 1; ++size) {
-    EXPECT_THROW(Read(gif.left(size) + ';'), StudioError) << "gif of " << size;
-  }
-  // With colours of its own and of the file's, 4 and 8 of them, and a comment before the pixels.
-  QByteArray colors = gif;
-  colors[10] = char(0xF1);
-  colors.insert(13 + 6, QByteArray(6, ';'));
-  const qsizetype frame = colors.indexOf(',', 13 + 12);
-  colors[frame + 9] = char(0x82);
-  colors.insert(frame + 10, QByteArray(24, ';')).insert(frame, QByteArray("!\xFE\3a;b\1;\0", 9));
-  EXPECT_NO_THROW(Read(colors));
-  EXPECT_THROW(Read(colors.chopped(1)), StudioError);
-  QByteArray torn = Encoded(image, "jpg");
+  const QByteArray jpeg = Encoded(image, "jpg");
+  QByteArray torn = jpeg;
   EXPECT_THROW(Read(torn.remove(torn.size() / 3, torn.size() / 3)), StudioError) << "end is there";
+  EXPECT_NO_THROW(Read(jpeg.chopped(2) + "stray" + jpeg.right(2))) << "no pixel is missing";
 }
 
 TEST(PictureFile, IsRefusedOrReadWhateverItsDamage) {
-  constexpr const char* kFormats[] = {"png", "jpg", "bmp", "ppm"};
-  for (unsigned seed = 0; seed < 1000 && !HasFailure(); ++seed) {
+  constexpr const char* kFormats[] = {"png", "jpg", "bmp", "ppm", "tif", "webp"};
+  for (unsigned seed = 0; seed < 60 && !HasFailure(); ++seed) {
     SCOPED_TRACE(seed);
     check::Random random(seed);
     const QImage image = RandomImage(21, 20, QImage::Format_RGB32, 1);
     const std::string whole = Encoded(image, check::Pick(random, kFormats)).toStdString();
-    const bool isCut = check::Once(random, 2);
-    const std::string damaged =
-        isCut ? whole.substr(0, check::Below(random, whole.size())) : check::Damaged(random, whole);
+    const std::string damaged = check::Once(random, 2)
+                                    ? whole.substr(0, check::Below(random, whole.size()))
+                                    : check::Damaged(random, whole);
     try {
       const Picture picture = Read(QByteArray::fromStdString(damaged));
-      EXPECT_FALSE(isCut || picture.Pixels().isNull() || picture.SizeInPoints().isEmpty());
+      EXPECT_FALSE(picture.Pixels().isNull() || picture.SizeInPoints().isEmpty());
     } catch (const StudioError& refusal) {
       EXPECT_STRNE(refusal.what(), "");
     }
@@ -127,27 +108,6 @@ TEST(PictureFile, MeansTheSameColoursInEveryDepth) {
   }
 }
 
-TEST(PictureFile, IsRefusedWhenItTakesTooMuchMemoryOrTime) {
-  QImage large(24000, 24000, QImage::Format_Mono);  // 72 MB, but two gigabytes in colour
-  large.fill(0);
-  EXPECT_THROW(Read(Encoded(large, "png")), StudioError);
-
-  // A JPEG's scans each go over the whole picture. Only their markers count here.
-  const struct {
-    int scans, side;
-    bool isAbsurd;
-  } kCases[] = {{20, 60000, false},
-                {21, 4879, false},
-                {21, 4880, true},
-                {2000, 499, false},
-                {2000, 501, true}};
-  for (const auto& [scans, side, isAbsurd] : kCases) {
-    const QByteArray scan("\xFF\xDA\0\3_pixels\xFF\0\xFF\xD0_\xFF\xD7", 18);
-    const QByteArray jpeg = "\xFF\xD8" + scan.repeated(scans) + "\xFF\xD9";
-    EXPECT_EQ(HasAbsurdScans(jpeg, {side, side}), isAbsurd) << scans << " of " << side;
-  }
-}
-
 TEST(PictureFile, StandsUprightWhateverTheCameraNoted) {
   QImage image(40, 20, QImage::Format_RGB32);
   image.fill(Qt::black);
@@ -178,8 +138,10 @@ TEST(PictureFile, StandsUprightWhateverTheCameraNoted) {
                                                                    "eXIf",
                                                                    8) +
                                                             note + number(0));
-    QByteArray inWebp =
-        webp + "JUNK" + number(3) + number('x') + "EXIF" + number(char(note.size())) + note;
+    // A header that announces EXIF, with the sides less one.
+    const QByteArray header = "VP8X" + number(10) + number(8) + QByteArray("\x27\0\0\x13\0\0", 6);
+    QByteArray inWebp = QByteArray(webp).insert(12, header) + "JUNK" + number(3) + number('x') +
+                        "EXIF" + number(char(note.size())) + note;
     qToLittleEndian(quint32(inWebp.size() - 8), inWebp.data() + 4);
     const bool isOnItsSide = orientation >= 5 && orientation <= 8;
     for (const QByteArray& bytes : {inJpeg, inPng, inWebp}) {

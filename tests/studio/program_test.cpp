@@ -1,4 +1,5 @@
 #include <gtest/gtest.h>
+#include <sys/resource.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -138,22 +139,48 @@ TEST_F(Program, DrawsADrawingThatStandsAlone) {
   EXPECT_EQ(Run("in.svg.gz --gestures gestures --export packed.svg").status, 0);
   EXPECT_EQ(Load("packed.svg"), mosaic);
   Save("short.svgz", Load("in.svg.gz").chopped(20));
-  Save("used.svg", kSvgStart + "<image href='#a'/><image href=''/><use href='other.svg#a'/></svg>");
-  Save("wide.svg", "<svg xmlns='http://www.w3.org/2000/svg' width='20000' height='20000'/>");
   Save("flat.svg", "<svg xmlns='http://www.w3.org/2000/svg' width='9' height='0'/>");
-  Save("commas.svg", kSvgStart + "<image href='data:image/png;base64,," + inside + "'/></svg>");
-  Save("plain.svg", kSvgStart + "<image href='data:image/png," + inside + "'/></svg>");
-  const std::pair<const char*, const char*> kDrawings[] = {
-      {"short.svgz", "short.svgz is damaged or too large"},
-      {"used.svg", ""},
-      {"wide.svg", "wide.svg is damaged or too large"},
-      {"flat.svg", "flat.svg is damaged or too large"},
-      {"commas.svg", "commas.svg shows another file"},
-      {"plain.svg", "plain.svg shows another file"}};
-  for (const auto& [name, error] : kDrawings) {
-    const Result result = Run(QString("%1 --screenshot-window shown.png").arg(name));
-    EXPECT_EQ(result.status, *error ? 2 : 0) << name;
-    EXPECT_TRUE(result.errors.contains(error)) << result.errors.toStdString();
+  for (const char* name : {"short.svgz", "flat.svg"}) {
+    const Result result = Run(QString("%1 --gestures gestures --export b.svg").arg(name));
+    EXPECT_EQ(result.status, 2) << name;
+    EXPECT_TRUE(result.errors.contains(name)) << result.errors.toStdString();
+  }
+}
+
+TEST_F(Program, OpensNothingThatADrawingRefersTo) {
+  QImage red(8, 8, QImage::Format_RGB32);
+  red.fill(Qt::red);
+  ASSERT_TRUE(red.save(Path("red.png")));
+  Save("red.svg",
+       "<svg xmlns='http://www.w3.org/2000/svg' width='8' height='8'>"
+       "<rect id='a' width='8' height='8' fill='#f00'/></svg>");
+  Save("red.css", "rect { fill: #f00 }");
+  ASSERT_EQ(mkfifo(qPrintable(Path("pipe")), 0600), 0);
+  Save("gestures", "enter HorizontalCountTxt 1\nenter VerticalCountTxt 1\nkey Return\n");
+  const QByteArray folderPath = folder.path().toUtf8();
+  const QByteArray image = kSvgStart + "<image width='12' height='8' href='%1'/></svg>";
+  const QByteArray within =
+      "data:image/svg+xml;base64," +
+      QByteArray(image).replace("%1", "file://" + folderPath + "/red.png").toBase64();
+  QByteArrayList drawings;
+  const QByteArrayList references{"red.png",   "./red.png", folderPath + "/red.png",
+                                  "#red.png",  "pipe",      "file://" + folderPath + "/red.png",
+                                  "/dev/zero", within};
+  for (const QByteArray& reference : references) {
+    drawings << QByteArray(image).replace("%1", reference)
+             << QByteArray(image).replace("href", "a:href").replace("%1", reference);
+  }
+  drawings << "<?xml-stylesheet type='text/css' href='red.css'?>" + kSvgStart +
+                  "<style>@import 'red.css';</style><rect fill='none' width='9' height='9'/></svg>"
+           << kSvgStart + "<use href='red.svg#a'/></svg>"
+           << "<!DOCTYPE svg [<!ENTITY e SYSTEM 'red.svg'>]>" + kSvgStart + "&e;</svg>"
+           << kSvgStart + "<include xmlns='http://www.w3.org/2001/XInclude' href='red.svg'/></svg>";
+  for (const QByteArray& drawing : drawings) {
+    QFile::remove(Path("a.svg"));
+    Save("in.svg", drawing);
+    const Result result = Run("in.svg --gestures gestures --export a.svg");
+    EXPECT_TRUE(result.status == 0 || result.status == 2) << drawing.toStdString();
+    EXPECT_FALSE(Load("a.svg").contains("#ff0000")) << drawing.toStdString();
   }
 }
 
@@ -199,6 +226,23 @@ TEST_F(Program, MakesMosaicsOfImagesInADrawing) {
     EXPECT_EQ(refused.output, "");
     EXPECT_TRUE(refused.errors.startsWith(message)) << refused.errors.toStdString();
   }
+}
+
+TEST_F(Program, HoldsNoPictureThatPassesThrough) {
+  QImage large(20000, 10000, QImage::Format_Mono);  // 800 MB in colour
+  large.fill(1);
+  ASSERT_TRUE(large.save(Path("large.png"), nullptr, 0));
+  QProcess process;
+#ifndef __SANITIZE_ADDRESS__
+  process.setChildProcessModifier([] {
+    const rlimit limit{600 << 20, 600 << 20};
+    setrlimit(RLIMIT_AS, &limit);
+    std::signal(SIGCHLD, SIG_IGN);  // as some parents leave it
+  });
+#endif
+  Start(process, "large.png --gestures ok --export a.svg");
+  EXPECT_EQ(Ended(process).status, 0);
+  EXPECT_EQ(Load("a.svg").count("fill=\"#ffffff\""), 5000);
 }
 
 TEST_F(Program, TakesScreenshotsOfWhatWouldOpen) {
@@ -259,9 +303,6 @@ TEST_F(Program, SaysInOneLineWhatIsWrong) {
   Save("nonsense", "dance\n");
   Save("notanumber", "enter HorizontalCountTxt many\nkey Return\n");
   Save("linked.svg", kSvgStart + "<image href='pipe' width='9' height='9'/></svg>");
-  const QByteArray linking = Load("linked.svg").toBase64();
-  Save("within.svg", kSvgStart + "<image href='data:image/png;base64," + linking + "'/></svg>");
-  Save("styled.svg", "<?xml-stylesheet type='text/css' href='pipe'?>" + kSvgStart + "</svg>");
   Save("flat", "enter NewHeightTxt 0\nkey Return\n");
   Save("badstate", "{}");
   Save("largestate", QByteArray(1 << 20, ' ') + "{}");
@@ -280,12 +321,10 @@ TEST_F(Program, SaysInOneLineWhatIsWrong) {
       {"in.png --export a.svg", "needs --gestures"},
       {"none.png --gestures ok --export a.svg", "no picture none.png"},
       {"folder --gestures ok --export a.svg", "not a file"},
-      {"text.png --gestures ok --export a.svg", "no picture that can be read"},
+      {"text.png --gestures ok --export a.svg",
+       "text.png is not a supported picture; supported are JPEG, PNG"},
       {"short.png --gestures ok --export a.svg", "cut short"},
       {"damaged.png --gestures ok --export a.svg", "damaged"},
-      {"linked.svg --gestures ok --export a.svg", "linked.svg shows another file"},
-      {"within.svg --gestures ok --export a.svg", "within.svg shows another file"},
-      {"styled.svg --gestures ok --export a.svg", "styled.svg shows another file"},
       {"in\n.png --gestures ok --export a.svg", "no picture in\\n.png"},
       {"in.png --gestures none --export a.svg", "none"},
       {"in.png --gestures=nonsense --export=a.svg", "nonsense:1: there is no gesture \"dance\""},
@@ -350,10 +389,20 @@ TEST_F(Program, SaysInOneLineWhatIsWrong) {
                                  .toUtf8());
   }
 
-  const QString alone = Path("folder/studio");  // has lost its module, but not its libraries
+  // Has lost its reader of pictures, and then its module, but not its libraries.
+  const QString alone = Path("bin/studio"), libraries = Path("lib/tesserae");
+  ASSERT_TRUE(QDir().mkpath(Path("bin")) && QDir().mkpath(libraries));
   qputenv("LD_LIBRARY_PATH", TESSERAE_LIBRARIES);
   ASSERT_TRUE(QFile::copy(TESSERAE_STUDIO, alone));
-  expectRefusal(alone, "in.png --gestures ok --export a.svg", "module cannot be loaded");
+  const char* const run = "in.png --gestures ok --export a.svg";
+  expectRefusal(alone, run, "tesserae-picture-reader cannot be started: there is no such file");
+  const QString reader = libraries + "/tesserae-picture-reader";
+  ASSERT_TRUE(QFile::copy(TESSERAE_LIBRARIES "/tesserae-picture-reader", reader));
+  QFile::setPermissions(reader, QFile::ReadOwner);
+  expectRefusal(alone, run,
+                "tesserae-picture-reader cannot be started: you do not have permission");
+  QFile::setPermissions(reader, QFile::ReadOwner | QFile::ExeOwner);
+  expectRefusal(alone, run, "module cannot be loaded");
   qunsetenv("LD_LIBRARY_PATH");
 }
 

@@ -1,0 +1,121 @@
+#include "studio/reader/sandbox.h"
+
+#include <fcntl.h>
+#include <linux/landlock.h>
+#include <malloc.h>
+#include <sched.h>
+#include <seccomp.h>
+#include <sys/prctl.h>
+#include <sys/resource.h>
+#include <sys/syscall.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <csignal>
+#include <cstdlib>
+#include <sstream>
+#include <string>
+
+namespace {
+
+constexpr rlim_t kMostMemory = rlim_t{2} << 30;
+constexpr rlim_t kMostSeconds = 8;
+
+void Limit(int what, rlim_t amount) {
+  rlimit limit{};
+  getrlimit(what, &limit);
+  limit.rlim_cur = std::min(limit.rlim_cur, amount);
+  setrlimit(what, &limit);
+}
+
+// Where decoders find modules, fonts, profiles and tables of encodings.
+constexpr const char* kReadable[] = {"/usr/lib",
+                                     "/usr/lib64",
+                                     "/usr/local/lib",
+                                     "/lib",
+                                     "/lib64",
+                                     "/usr/share",
+                                     "/etc/fonts",
+                                     "/usr/local/share",
+                                     "/etc/ld.so.cache",
+                                     "/var/cache/fontconfig",
+                                     "/etc/ImageMagick-6"};
+constexpr const char* kReadableOfUser[] = {"/.fonts", "/.local/share/fonts", "/.cache/fontconfig"};
+
+void AllowReading(int ruleset, const std::string& path) {
+  const int folder = open(path.c_str(), O_PATH | O_CLOEXEC);
+  landlock_path_beneath_attr rule{};
+  rule.parent_fd = folder;
+  rule.allowed_access = LANDLOCK_ACCESS_FS_READ_FILE | LANDLOCK_ACCESS_FS_READ_DIR;
+  if (folder >= 0 &&
+      syscall(SYS_landlock_add_rule, ruleset, LANDLOCK_RULE_PATH_BENEATH, &rule, 0)) {
+    rule.allowed_access = LANDLOCK_ACCESS_FS_READ_FILE;  // the path of a file
+    syscall(SYS_landlock_add_rule, ruleset, LANDLOCK_RULE_PATH_BENEATH, &rule, 0);
+  }
+  close(folder);
+}
+
+void RestrictFiles() {
+  landlock_ruleset_attr handled{};
+  handled.handled_access_fs = (LANDLOCK_ACCESS_FS_MAKE_SYM << 1) - 1;  // all of the first version
+  const long ruleset = syscall(SYS_landlock_create_ruleset, &handled, sizeof handled, 0);
+  if (ruleset < 0) return;
+  for (const char* path : kReadable) AllowReading(int(ruleset), path);
+  if (const char* const home = std::getenv("HOME")) {
+    for (const char* path : kReadableOfUser) AllowReading(int(ruleset), std::string(home) + path);
+  }
+  syscall(SYS_landlock_restrict_self, ruleset, 0);
+  close(int(ruleset));
+}
+
+// Memory, threads, signals, files that are open, and facts about files and the process.
+constexpr const char* kAllowed =
+    "brk mmap munmap mremap mprotect madvise futex set_robust_list rseq set_tid_address "
+    "sched_yield sched_getaffinity sched_getparam sched_getscheduler membarrier exit "
+    "exit_group rt_sigaction rt_sigprocmask rt_sigreturn sigaltstack restart_syscall read "
+    "pread64 readv write writev lseek close fstat newfstatat stat lstat statx statfs fstatfs "
+    "access faccessat faccessat2 readlink readlinkat getdents64 getcwd fcntl dup fadvise64 "
+    "poll ppoll eventfd2 getrandom clock_gettime clock_getres gettimeofday clock_nanosleep "
+    "nanosleep getpid gettid getppid getuid geteuid getgid getegid getrlimit getrusage times "
+    "sysinfo uname ";
+
+void RestrictCalls() {
+  const scmp_filter_ctx filter = seccomp_init(SCMP_ACT_ERRNO(EPERM));
+  if (!filter) return;
+  std::istringstream names(kAllowed);
+  for (std::string name; names >> name;)
+    seccomp_rule_add(filter, SCMP_ACT_ALLOW, seccomp_syscall_resolve_name(name.c_str()), 0);
+  const auto allow = [&](int call, auto... conditions) {
+    seccomp_rule_add(filter, SCMP_ACT_ALLOW, call, sizeof...(conditions), conditions...);
+  };
+  constexpr int kWriting = O_ACCMODE | O_CREAT | O_TRUNC;
+  allow(SCMP_SYS(openat), SCMP_A2(SCMP_CMP_MASKED_EQ, kWriting, O_RDONLY));
+  allow(SCMP_SYS(open), SCMP_A1(SCMP_CMP_MASKED_EQ, kWriting, O_RDONLY));
+  allow(SCMP_SYS(clone), SCMP_A0(SCMP_CMP_MASKED_EQ, CLONE_THREAD, CLONE_THREAD));
+  allow(SCMP_SYS(tgkill), SCMP_A0(SCMP_CMP_EQ, scmp_datum_t(getpid())));
+  allow(SCMP_SYS(prctl), SCMP_A0(SCMP_CMP_EQ, PR_SET_NAME));
+  allow(SCMP_SYS(prlimit64), SCMP_A0(SCMP_CMP_EQ, 0), SCMP_A2(SCMP_CMP_EQ, 0));  // asks only
+  // Threads fall back to clone, whose flags a filter can see.
+  seccomp_rule_add(filter, SCMP_ACT_ERRNO(ENOSYS), SCMP_SYS(clone3), 0);
+  seccomp_attr_set(filter, SCMP_FLTATR_CTL_TSYNC, 1);
+  seccomp_load(filter);
+  seccomp_release(filter);
+}
+
+}  // namespace
+
+void LimitResources() {
+  prctl(PR_SET_PDEATHSIG, SIGKILL);
+  Limit(RLIMIT_CPU, kMostSeconds);
+  Limit(RLIMIT_CORE, 0);
+#ifndef __SANITIZE_ADDRESS__  // reserves terabytes of addresses
+  Limit(RLIMIT_AS, kMostMemory);
+#endif
+  mallopt(M_ARENA_MAX, 2);  // each reserves addresses of its own
+}
+
+void EnterSandbox() {
+  prctl(PR_SET_NO_NEW_PRIVS, 1, 0, 0, 0);
+  RestrictFiles();
+  RestrictCalls();
+}

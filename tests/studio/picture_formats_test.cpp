@@ -1,0 +1,91 @@
+// One picture in many formats and colour spaces, written by libvips, always has the same colours.
+
+#include <gtest/gtest.h>
+
+#include <vips/vips8>
+// Before Qt, whose keywords are names there.
+
+#include <QTemporaryDir>
+
+#include "studio/picture/picture.h"
+
+namespace {
+
+using vips::VImage;
+
+/// Patches of colours that ink can print.
+VImage Patches() {
+  VImage image = VImage::black(64, 48, VImage::option()->set("bands", 3));
+  for (int i = 0; i < 12; ++i) {
+    image = image.insert(VImage::black(16, 16).new_from_image(
+                             {120.0 + 5 * i, 165.0 - 6 * (i % 5), 125.0 + 10 * (i % 4)}),
+                         i % 4 * 16, i / 4 * 16);
+  }
+  return image.cast(VIPS_FORMAT_UCHAR)
+      .copy(VImage::option()->set("interpretation", VIPS_INTERPRETATION_sRGB));
+}
+
+vips::VOption* Intent() {
+  return VImage::option()
+      ->set("intent", VIPS_INTENT_RELATIVE)
+      ->set("black_point_compensation", true)
+      ->set("input_profile", "srgb");
+}
+
+VImage InProfile(const VImage& image, const char* profile, int depth = 8) {
+  return image.icc_transform(profile, Intent()->set("depth", depth));
+}
+
+TEST(PictureFormats, AllHaveTheSameColours) {
+  ASSERT_EQ(vips_init("studio_tests"), 0);
+  const VImage patches = Patches();
+  const VImage ink = InProfile(patches, "cmyk");
+  const VImage printed = VImage(ink).icc_transform("srgb", Intent()->set("embedded", true));
+  const VImage grey = patches[1];
+  const struct {
+    const char* name;
+    VImage original;
+    VImage stored;
+    std::string file;  // its ending and how it is written
+  } kCases[] = {
+      {"JPEG", patches, patches, ".jpg[Q=98]"},
+      {"WebP", patches, patches, ".webp[lossless]"},
+      {"GIF", patches, patches, ".gif"},
+      {"HEIC", patches, patches, ".heic[lossless]"},
+      {"AVIF", patches, patches, ".avif[lossless]"},
+      {"JPEG XL", patches, patches, ".jxl[lossless]"},
+      {"JPEG 2000", patches, patches, ".jp2[lossless]"},
+      {"PPM", patches, patches, ".ppm"},
+      {"HDR", patches, patches, ".hdr"},
+      {"BMP", patches, patches, ".bmp"},
+      {"CMYK with a profile", printed, ink, ".tif"},
+      {"CMYK without one", printed, ink, ".tif[strip]"},
+      {"CMYK in JPEG", printed, ink, ".jpg[Q=98]"},
+      {"CMYK of 16 bits", printed, InProfile(patches, "cmyk", 16), ".tif"},
+      {"wide gamut", patches, InProfile(patches, "p3"), ".jpg[Q=98]"},
+      {"wide gamut of 16 bits", patches, InProfile(patches, "p3", 16), ".png"},
+      {"16 bits", patches, patches.colourspace(VIPS_INTERPRETATION_RGB16), ".png[bitdepth=16]"},
+      {"fractions", patches, patches.colourspace(VIPS_INTERPRETATION_scRGB), ".tif"},
+      {"Lab", patches, patches.icc_import(Intent()), ".tif"},
+      {"grey", grey, grey, ".png"},
+      {"grey of 16 bits", grey, grey.colourspace(VIPS_INTERPRETATION_GREY16), ".tif"}};
+  const QTemporaryDir folder;
+  for (const auto& [name, original, stored, file] : kCases) {
+    SCOPED_TRACE(name);
+    const std::string path = folder.filePath("picture").toStdString() + file;
+    ASSERT_NO_THROW(VImage(stored).write_to_file(path.c_str())) << vips_error_buffer();
+    const QString onDisk = QString::fromStdString(path.substr(0, path.find('[')));
+    const QImage pixels = Picture::Read(PictureFile(onDisk)).PixelsInSrgb();
+    ASSERT_EQ(pixels.size(), QSize(64, 48));
+    for (int i = 0; i < 12; ++i) {
+      const QPoint at(i % 4 * 16 + 8, i / 4 * 16 + 8);
+      const std::vector<double> expected = VImage(original).getpoint(at.x(), at.y());
+      const QColor color = pixels.pixelColor(at);
+      EXPECT_NEAR(color.red(), expected.front(), 3) << i;
+      EXPECT_NEAR(color.green(), expected[expected.size() / 2], 3) << i;
+      EXPECT_NEAR(color.blue(), expected.back(), 3) << i;
+    }
+  }
+}
+
+}  // namespace
