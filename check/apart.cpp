@@ -180,7 +180,7 @@ std::string Reason(Stop stop, int status, bool hasReported, const std::string& o
   if (WIFSIGNALED(status))
     return "ended by signal " + std::to_string(WTERMSIG(status)) + " (" +
            strsignal(WTERMSIG(status)) + ")";
-  const std::string ended = "ended with exit status " + std::to_string(WEXITSTATUS(status));
+  std::string ended = "ended with exit status " + std::to_string(WEXITSTATUS(status));
   if (!hasReported) return ended + " before its end was reported";
   if (WEXITSTATUS(status) != 0) return ended;
   if (!output.empty()) return "wrote to its standard output or error";

@@ -122,7 +122,7 @@ class WatchingFactory final : public SheetFactory {
     boost::intrusive_ptr<UI_Node> GetSheetView() override { return holder->GetSheetView(); }
     boost::intrusive_ptr<UI_Node> GetLayoutNode() override { return holder->GetLayoutNode(); }
     boost::shared_ptr<VXUICairnSheet> GetSheet() override {
-      const auto own = boost::make_shared<VXUICairnSheet>();
+      auto own = boost::make_shared<VXUICairnSheet>();
       sheet = own;
       return own;
     }

@@ -9,7 +9,7 @@ boost::intrusive_ptr<UI_Node> FindNodeByID(const boost::intrusive_ptr<UI_Node>& 
   std::queue<boost::intrusive_ptr<UI_Node>> queue;
   queue.push(root);
   while (!queue.empty()) {
-    const boost::intrusive_ptr<UI_Node> node = queue.front();
+    boost::intrusive_ptr<UI_Node> node = queue.front();
     if (node->UI_GetNodeID() == nodeID) return node;
     queue.pop();
     for (const auto& child : Children(*node)) queue.push(child);

@@ -34,7 +34,6 @@ struct MallocAllocator {
   explicit(false) MallocAllocator(const MallocAllocator<Other>&) {}
 
   T* allocate(size_t count) {
-    // T is also a pointer, for the table of buckets. NOLINTNEXTLINE(bugprone-sizeof-expression)
     if (void* const memory = std::malloc(count * sizeof(T))) return static_cast<T*>(memory);
     throw std::bad_alloc();
   }

@@ -239,7 +239,7 @@ void DrawingReader::AddImage(QualifiedName name, const XML_Char** attributes, co
 void DrawingReader::OnEnd() {
   if (levels.size() == imageDepth) {
     drawing.images.back().end =
-        qsizetype(XML_GetCurrentByteIndex(parser.get()) + XML_GetCurrentByteCount(parser.get()));
+        qsizetype(XML_GetCurrentByteIndex(parser.get())) + XML_GetCurrentByteCount(parser.get());
     imageDepth = 0;
   }
   levels.pop_back();
