@@ -31,12 +31,12 @@ constexpr Option kOptions[] = {
      "$$$/Studio/Help/Export=Writes the mosaic, by the name's ending: .svg, .png or .pdf; may be "
      "given more than once.",
      nullptr, nullptr, &CommandLine::exports},
+    {"record", kFile, "$$$/Studio/Help/Record=Writes what the dialog gave back, as JSON.", nullptr,
+     &CommandLine::record},
     {"image", kId,
      "$$$/Studio/Help/Image=Makes the mosaic of the image with this ID in an SVG drawing, and "
      "exports the drawing with it; may be given more than once.",
      nullptr, nullptr, &CommandLine::images},
-    {"record", kFile, "$$$/Studio/Help/Record=Writes what the dialog gave back, as JSON.", nullptr,
-     &CommandLine::record},
     {"screenshot", kFile, "$$$/Studio/Help/Screenshot=Writes what the dialog looks like, as PNG.",
      nullptr, &CommandLine::dialogScreenshot},
     {"screenshot-window", kFile,

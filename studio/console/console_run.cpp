@@ -254,7 +254,7 @@ bool ConsoleRun::Build(const MosaicChoices& choices) try {
   throw;
 }
 
-/// Answers whether nobody stopped it.
+/// Returns whether it ran to its end.
 bool ConsoleRun::ExportDrawing() {
   const auto goOn = [this](int) { return !interruption->IsRequested(); };
   if (!drawing) return true;

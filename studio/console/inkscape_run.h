@@ -7,5 +7,5 @@
 /// Inkscape's document as it is, without a step to undo. Inkscape shows what is wrong in a box,
 /// from the error output, so it is a sentence without the program's name.
 ///
-/// Answers the exit status, 0 unless something is wrong.
+/// Returns the exit status, 0 unless something is wrong.
 int RunForInkscape(CommandLine line, const ConsoleRun::WindowCamera& windowCamera);

@@ -20,10 +20,9 @@ struct PlacedMosaic {
 };
 
 /// Writes the drawing's bytes as they are, with a group of tiles after each image, or in its place
-/// unless the mosaic keeps the picture.
-/// The mosaics are of different images. Tiles lie in the image's own coordinate system; the group
-/// has its transform, clip, mask, opacity and the like. Asks `goOn` with the number of rows that
-/// are done over all mosaics, and answers whether it always was to go on. Throws StudioError when
-/// the device cannot be written.
+/// unless the mosaic keeps the picture. The mosaics are of different images. Tiles lie in the
+/// image's own coordinate system; the group has its transform, clip, mask, opacity and the like.
+/// Calls `goOn` with the number of rows that are done over all mosaics, and returns whether that
+/// was always true. Throws StudioError when the device cannot be written.
 [[nodiscard]] bool WriteDrawing(const SvgDrawing& drawing, std::vector<PlacedMosaic> mosaics,
                                 QIODevice& device, const GoOn& goOn);

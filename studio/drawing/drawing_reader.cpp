@@ -196,8 +196,8 @@ void DrawingReader::EnterViewport(Level& level, const XML_Char** attributes) {
   const bool isRoot = levels.empty();
   const auto viewBox = ParseViewBox(Value(attributes, "viewBox"));
   const QSizeF around = !isRoot ? level.viewport : viewBox ? viewBox->size() : kUnsaidViewport;
-  auto width = ParseLength(Value(attributes, "width"), {around.width(), level.fontSize});
-  auto height = ParseLength(Value(attributes, "height"), {around.height(), level.fontSize});
+  auto width = ParseLength(PropertyOf(attributes, "width"), {around.width(), level.fontSize});
+  auto height = ParseLength(PropertyOf(attributes, "height"), {around.height(), level.fontSize});
   if (isRoot && viewBox) {
     const double ratio = viewBox->width() / viewBox->height();
     if (width && !height) height = *width / ratio;

@@ -59,7 +59,7 @@ class Scanner {
   bool IsAtEnd() const { return rest.empty(); }
   void SkipSpace() { rest = Trimmed(rest); }
 
-  /// Answers whether the character was next.
+  /// Whether the character was next.
   bool Skip(char c) {
     if (rest.empty() || rest.front() != c) return false;
     rest.remove_prefix(1);

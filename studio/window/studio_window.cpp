@@ -222,8 +222,10 @@ bool StudioWindow::PlaceImage(const std::shared_ptr<const SvgDrawing>& drawing,
   const auto placed = ReadImage(*this, drawing, image, actions.placeUnknown->isChecked());
   if (!placed) return TellOfCancel();
   Artwork artwork = *placed->artwork;
-  // Names the image in captions, and the drawing as the place to export to.
-  artwork.path = QFileInfo(drawing->Path()).absoluteFilePath() + '#' + image.Name();
+  // The folder is where to export to; the end tells the images of a drawing apart.
+  const auto number = &image - drawing->Images().data() + 1;
+  artwork.path = QFileInfo(drawing->Path()).absoluteFilePath() + '#' +
+                 (image.Id().isEmpty() ? QString::number(number) : image.Id());
   placedImages.insert_or_assign(artwork.path, *placed);
   document.Change(Text("$$$/Studio/Undo/Place=Place Picture"),
                   std::make_shared<const Artwork>(std::move(artwork)));

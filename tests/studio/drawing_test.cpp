@@ -156,7 +156,12 @@ TEST_F(DrawingTest, PlacesThePictureWhereTheDrawingShowsIt) {
        "",
        {0, 0, 6, 4},
        {18, 12}},
-      {"viewBox='0 0 100 50' width='100%'", "", "width='6' height='4'", "", {0, 0, 6, 4}, {4.5, 3}},
+      {"viewBox='0 0 100 50' width='100%' style='stroke-width:3;height:auto'",
+       "",
+       "width='6' height='4'",
+       "",
+       {0, 0, 6, 4},
+       {4.5, 3}},
   };
   for (const auto& [root, before, attributes, after, box, size] : kCases) {
     SCOPED_TRACE(attributes + std::string(before) + root.toStdString());
