@@ -1,6 +1,7 @@
 // One picture in many formats and colour spaces, written by libvips, always has the same colours.
 
 #include <gtest/gtest.h>
+#include <lcms2.h>
 
 #include <vips/vips8>
 // Before Qt, whose keywords are names there.
@@ -36,6 +37,23 @@ VImage InProfile(const VImage& image, const char* profile, int depth = 8) {
   return image.icc_transform(profile, Intent()->set("depth", depth));
 }
 
+/// The values that a profile of a single curve gives these greys.
+VImage GreyOfGamma(const VImage& image, double gamma) {
+  cmsToneCurve* const curve = cmsBuildGamma(nullptr, gamma);
+  const cmsHPROFILE profile = cmsCreateGrayProfile(cmsD50_xyY(), curve);
+  cmsFreeToneCurve(curve);
+  cmsUInt32Number size = 0;
+  cmsSaveProfileToMem(profile, nullptr, &size);
+  std::vector<char> bytes(size);
+  cmsSaveProfileToMem(profile, bytes.data(), &size);
+  cmsCloseProfile(profile);
+  VImage grey = (image.colourspace(VIPS_INTERPRETATION_scRGB)[1].pow(1 / gamma) * 255 + 0.5)
+                    .cast(VIPS_FORMAT_UCHAR)
+                    .copy(VImage::option()->set("interpretation", VIPS_INTERPRETATION_B_W));
+  vips_image_set_blob_copy(grey.get_image(), VIPS_META_ICC_NAME, bytes.data(), bytes.size());
+  return grey;
+}
+
 TEST(PictureFormats, AllHaveTheSameColours) {
   ASSERT_EQ(vips_init("studio_tests"), 0);
   const VImage patches = Patches();
@@ -68,7 +86,8 @@ TEST(PictureFormats, AllHaveTheSameColours) {
       {"fractions", patches, patches.colourspace(VIPS_INTERPRETATION_scRGB), ".tif"},
       {"Lab", patches, patches.icc_import(Intent()), ".tif"},
       {"grey", grey, grey, ".png"},
-      {"grey of 16 bits", grey, grey.colourspace(VIPS_INTERPRETATION_GREY16), ".tif"}};
+      {"grey of 16 bits", grey, grey.colourspace(VIPS_INTERPRETATION_GREY16), ".tif"},
+      {"grey with a profile", grey, GreyOfGamma(patches, 1.4), ".tif"}};
   const QTemporaryDir folder;
   for (const auto& [name, original, stored, file] : kCases) {
     SCOPED_TRACE(name);
