@@ -94,7 +94,7 @@ void FormatsOnlyWhatIsFit() {
       {"%10000s", "%10000s"},
       {"%s%s", "%s%s"},
       {"100 %", "100 %"},
-      {"no code", "no code"},
+      {"no code, 100%%", "no code, 100%%"},
   };
   for (const auto& [text, shown] : cases) {
     reporting.SetOwnTexts(text);

@@ -4,15 +4,14 @@
 
 int32_t BoundedCopy(char* destination, size_t size, const char* source, size_t count) {
   if (!destination) return size == 0 && count == 0 ? 0 : kBadArgument;
-  if (size == 0) return kBadArgument;
   destination[0] = '\0';
-  if (!source) return kBadArgument;
+  if (!source || size == 0) return kBadArgument;
 
   size_t copied = 0;
   for (; copied < count && source[copied] != '\0'; ++copied) {
     if (copied == size - 1) {
       destination[copied] = '\0';
-      return kCut;
+      return kTruncated;
     }
     destination[copied] = source[copied];
   }
@@ -21,10 +20,10 @@ int32_t BoundedCopy(char* destination, size_t size, const char* source, size_t c
 }
 
 int32_t BoundedFormat(char* destination, size_t size, const char* format, va_list arguments) {
-  if (!destination || size == 0) return kBadArgument;
+  if (!destination) return kBadArgument;
   destination[0] = '\0';
-  if (!format) return kBadArgument;
+  if (!format || size == 0) return kBadArgument;
 
   const int length = std::vsnprintf(destination, size, format, arguments);
-  return length >= 0 && static_cast<size_t>(length) < size ? length : kCut;
+  return length >= 0 && static_cast<size_t>(length) < size ? length : kTruncated;
 }

@@ -4,21 +4,24 @@
 #include <cstddef>
 #include <cstdint>
 
-/// Outcome of BoundedCopy and BoundedFormat where it is not a success.
-constexpr int32_t kBadArgument = -1;
-constexpr int32_t kCut = -2;
+/// Copying and formatting of C strings into buffers of a fixed size. The result is always terminated.
+/// A destination needs room for one character even if its `size`, in bytes, is 0: it then becomes
+/// the empty string.
 
-/// Copies at most `count` characters of a C string into `size` bytes, always terminated.
-/// Answers 0 when the source, or `count` characters of it, fitted and kCut when the destination
-/// filled first. kBadArgument for a null destination, a null source or size 0; nothing is written
-/// to a destination of size 0. A null destination with size 0 and count 0 is a success.
+/// The results of BoundedCopy and BoundedFormat for a failure.
+constexpr int32_t kBadArgument = -1;
+constexpr int32_t kTruncated = -2;
+
+/// Copies at most `count` characters of `source`. Returns 0 if the source, or `count` characters of
+/// it, fits, and kTruncated if it does not. Returns kBadArgument for a null destination, a null
+/// source or size 0, but 0 for a null destination with size 0 and count 0.
 int32_t BoundedCopy(char* destination, size_t size, const char* source, size_t count);
 
-/// Formats like vsnprintf into `size` bytes, always terminated. Answers the length, or kCut when
-/// the text did not fit, or kBadArgument for a null destination, a null format or size 0.
+/// Formats like vsnprintf. Returns the length, kTruncated if the text does not fit or cannot be
+/// formatted, or kBadArgument for a null destination, a null format or size 0.
 int32_t BoundedFormat(char* destination, size_t size, const char* format, va_list arguments);
 
-/// BoundedFormat into a whole buffer.
+/// BoundedFormat into an array.
 template <size_t kSize>
 __attribute__((format(printf, 2, 3))) int32_t FormatInto(char (&buffer)[kSize], const char* format,
                                                          ...) {

@@ -27,8 +27,7 @@ constexpr int32_t kEndOfHostErrors = 900;
 // Codes above are written as their four characters if these can be displayed, others as numbers.
 constexpr int32_t kGreatestPlainNumber = 16384;
 
-// Characters of flags, width and precision that a text may use; more would only make printf pad for
-// long.
+// Characters of flags, width and precision in a default text; a longer width makes printf slow.
 constexpr size_t kLongestWidth = 4;
 
 // A default text of this length or more is shown as it stands.
@@ -87,9 +86,9 @@ void WriteCode(int32_t code, char (&text)[12]) {
   BoundedCopy(text, sizeof(text), number, sizeof(number));
 }
 
-// A list is a file that anyone may have damaged: only a text that asks for at most one string, in
-// whatever width, may be used as a format.
-bool TakesAtMostOneString(const char* text) {
+// Whether the text is safe as a format for one string argument: exactly one %s, of any width, and
+// otherwise only %%.
+bool TakesOneString(const char* text) {
   int strings = 0;
   for (const char* c = std::strchr(text, '%'); c; c = std::strchr(c + 1, '%')) {
     const size_t width = std::strspn(c + 1, "-0123456789.");
@@ -98,7 +97,7 @@ bool TakesAtMostOneString(const char* text) {
     if (*c == 's') ++strings;
     if (*c != 's' && *c != '%') return false;
   }
-  return strings <= 1;
+  return strings == 1;
 }
 
 /// The plug-in's text for a code, read into `text`, or null when it has none. `*isDefault` becomes
@@ -136,7 +135,7 @@ void FindAndShow(PluginRef plugin, ResultCode code) {
   if (!text) return;
 
   char formatted[kListTextSize];
-  if (isDefault && std::strlen(text) < kFormattedTextLimit && TakesAtMostOneString(text)) {
+  if (isDefault && std::strlen(text) < kFormattedTextLimit && TakesOneString(text)) {
     char codeText[12];
     WriteCode(number, codeText);
     FormatInto(formatted, text, codeText);

