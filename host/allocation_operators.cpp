@@ -1,12 +1,12 @@
-// The allocations of the module's own code come from the host's blocks. This file is linked into
-// the module only: two images with different operators must not release each other's memory.
+// The module's code allocates all memory from the host's blocks. Only the module links this file:
+// an image must not release memory that an image with other operators has allocated.
 
 #include <new>
 
 #include "host/memory.h"
 
 void* operator new(size_t size) {
-  if (void* block = TakeHostBlock(size)) return block;
+  if (void* block = AllocateHostBlock(size)) return block;
   throw std::bad_alloc();
 }
 
@@ -14,27 +14,27 @@ void* operator new[](size_t size) {
   return operator new(size);
 }
 void* operator new(size_t size, const std::nothrow_t&) noexcept {
-  return TakeHostBlock(size);
+  return AllocateHostBlock(size);
 }
 void* operator new[](size_t size, const std::nothrow_t&) noexcept {
-  return TakeHostBlock(size);
+  return AllocateHostBlock(size);
 }
 
 void operator delete(void* block) noexcept {
-  ReturnHostBlock(block);
+  FreeHostBlock(block);
 }
 void operator delete[](void* block) noexcept {
-  ReturnHostBlock(block);
+  FreeHostBlock(block);
 }
 void operator delete(void* block, size_t) noexcept {
-  ReturnHostBlock(block);
+  FreeHostBlock(block);
 }
 void operator delete[](void* block, size_t) noexcept {
-  ReturnHostBlock(block);
+  FreeHostBlock(block);
 }
 void operator delete(void* block, const std::nothrow_t&) noexcept {
-  ReturnHostBlock(block);
+  FreeHostBlock(block);
 }
 void operator delete[](void* block, const std::nothrow_t&) noexcept {
-  ReturnHostBlock(block);
+  FreeHostBlock(block);
 }

@@ -4,9 +4,9 @@
 #include <cstddef>
 #include <cstdint>
 
-/// Copying and formatting of C strings into buffers of a fixed size. The result is always terminated.
-/// A destination needs room for one character even if its `size`, in bytes, is 0: it then becomes
-/// the empty string.
+/// Copying and formatting of C strings into buffers of a fixed size. The result is always
+/// terminated. A destination needs room for one character even if its `size`, in bytes, is 0: it
+/// then becomes the empty string.
 
 /// The results of BoundedCopy and BoundedFormat for a failure.
 constexpr int32_t kBadArgument = -1;

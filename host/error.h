@@ -6,7 +6,8 @@
 
 namespace vx {
 
-/// Carries a result code through the module until one of its edges answers the host with it.
+/// Carries a result code from a failed operation of the host to PluginMain or HandleMessage, which
+/// return it. RunMosaicDialog returns kCannot instead. It never leaves the module.
 class Error : public std::exception {
  public:
   explicit Error(ResultCode code) noexcept : code(code) {}
@@ -19,11 +20,11 @@ class Error : public std::exception {
 
 }  // namespace vx
 
-/// The code that stands for the exception being handled: its own for a vx::Error, kOutOfMemory
-/// for std::bad_alloc, kCannot for anything else. To be called inside a catch clause only.
+/// The result code for the exception being handled: the code of a vx::Error, kOutOfMemory for
+/// std::bad_alloc, kCannot for any other. Call it only inside a catch clause.
 ResultCode CodeOfCurrentException() noexcept;
 
-/// Runs an operation that answers with a code; whatever it throws becomes a code too.
+/// Runs an operation and returns its code, or the code for the exception that it throws.
 template <class Operation>
 ResultCode Guarded(Operation operation) noexcept {
   try {

@@ -13,24 +13,25 @@
 
 namespace {
 
-// Pairs of a key and its text; the last text is also the default.
+// The plug-in's list: pairs of a key and its text. The last text is also the default.
 constexpr int32_t kErrorTextList = 16050;
 
-// Where the reading of a list ends for a host that answers every index.
+// The end of the search, in case the host returns a text for every index.
 constexpr int32_t kGreatestIndex = 32767;
 
-// The host's own texts, by error number.
+// The host's list: the text of error number n has index n.
 constexpr int32_t kHostErrorList = 257;
 constexpr int32_t kFirstHostError = 10;
 constexpr int32_t kEndOfHostErrors = 900;
 
-// Codes above are written as their four characters if these can be displayed, others as numbers.
+// A greater code is shown as its four characters if all can be displayed. Other codes are shown as
+// numbers.
 constexpr int32_t kGreatestPlainNumber = 16384;
 
 // Characters of flags, width and precision in a default text; a longer width makes printf slow.
 constexpr size_t kLongestWidth = 4;
 
-// A default text of this length or more is shown as it stands.
+// A default text of this length or more is shown unformatted.
 constexpr size_t kFormattedTextLimit = 120;
 
 constexpr int32_t kSilentCodes[] = {
@@ -81,7 +82,7 @@ void WriteCode(int32_t code, char (&text)[12]) {
     }
     return;
   }
-  char number[10];  // a plain number is cut to nine characters
+  char number[10];  // truncates to nine characters
   FormatInto(number, "%d", code);
   BoundedCopy(text, sizeof(text), number, sizeof(number));
 }
@@ -100,8 +101,8 @@ bool TakesOneString(const char* text) {
   return strings == 1;
 }
 
-/// The plug-in's text for a code, read into `text`, or null when it has none. `*isDefault` becomes
-/// true when it is the list's default text, which has one "%s" for the code.
+/// Reads the plug-in's text for a code into `text`. Returns `text`, or null if there is none. Sets
+/// `*isDefault` if it is the default text, which contains one "%s" for the code.
 const char* LookupErrorText(PluginRef plugin, ResultCode code, char (&text)[kListTextSize],
                             bool* isDefault) {
   char key[32];
@@ -160,6 +161,6 @@ void ShowFailure(PluginRef plugin, ResultCode code) noexcept {
   try {
     FindAndShow(plugin, code);
   } catch (...) {
-    // Nothing is shown; the host has the code of the failure itself.
+    // The host still gets the code of the message.
   }
 }

@@ -2,11 +2,11 @@
 
 #include "platform/qpbasic/qpbasic.h"
 
-void* TakeHostBlock(size_t size) noexcept {
+void* AllocateHostBlock(size_t size) noexcept {
   void* block = nullptr;
   return Failed(QPBasicAllocateBlock(size, &block)) ? nullptr : block;
 }
 
-void ReturnHostBlock(void* block) noexcept {
+void FreeHostBlock(void* block) noexcept {
   if (block) (void)QPBasicFreeBlock(block);
 }

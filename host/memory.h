@@ -2,8 +2,11 @@
 
 #include <cstddef>
 
-/// A block of the host's memory, `size` bytes; null when the host refuses or gives none.
-[[nodiscard]] void* TakeHostBlock(size_t size) noexcept;
+/// The host's block allocation, from which the module's allocation operators and Plugin take all
+/// memory. Blocks stay allocated while the module is unloaded.
 
-/// Gives a block back; null is allowed and does nothing.
-void ReturnHostBlock(void* block) noexcept;
+/// Allocates `size` bytes. Returns null if the host reports a failure or provides no block.
+[[nodiscard]] void* AllocateHostBlock(size_t size) noexcept;
+
+/// Frees a block. Null is allowed and does nothing.
+void FreeHostBlock(void* block) noexcept;

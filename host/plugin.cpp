@@ -14,11 +14,11 @@ Plugin::Plugin(PluginRef reference) : pluginRef(reference) {
 }
 
 void* Plugin::operator new(size_t size) noexcept {
-  return TakeHostBlock(size);
+  return AllocateHostBlock(size);
 }
 
 void Plugin::operator delete(void* plugin) noexcept {
-  ReturnHostBlock(plugin);
+  FreeHostBlock(plugin);
 }
 
 void Plugin::ReportFailure(ResultCode code, const char*, const char*, PluginMessage*) noexcept {

@@ -7,74 +7,81 @@
 #include "platform/suites/plugin_message.h"
 #include "platform/suites/result_code.h"
 
-/// The framework's plug-in object: one virtual operation for each message that the host can send.
-/// The host's messages reach it through PluginMain and HandleMessage; a derived class overrides
-/// what it answers. Messages are the host's and valid for the length of the call only.
+/// The framework's base class of plug-in objects, with one virtual operation per message that the
+/// host can send. PluginMain passes each message to HandleMessage, which calls its operation; a
+/// derived class overrides the operations that it needs. The host owns the message record, which is
+/// valid during the call. Main thread only.
 ///
-/// The object lives in the host's memory and survives an unload of the module, so its members
-/// hold nothing but plain data, and their order is fixed.
+/// The object is allocated in the host's memory and survives an unload of the module, so its
+/// members are plain data in a fixed order.
 class Plugin {
  public:
   explicit Plugin(PluginRef pluginRef);
 
-  // Creation answers null instead of throwing when the host has no memory.
+  // A new-expression returns null if the host has no memory.
   static void* operator new(size_t size) noexcept;
   static void operator delete(void* plugin) noexcept;
 
   PluginRef Reference() const { return pluginRef; }
-  /// False while unloaded: before the first start-up, after an unload and after a reload that
-  /// failed, and once the shut-down or unload of another object has released the suites.
+  /// False while unloaded: before the start-up, after an unload or a failed reload, and after
+  /// another object's shut-down or unload has released the suites. An unloaded object handles only
+  /// a reload or a shut-down.
   bool HoldsSuites() const { return suites && suites->HoldsSuites(); }
 
-  /// Gives back the suites of a start-up that failed. OnStartup has set the count of suite sets to
-  /// 1; this sets it to the `earlierSets` of other objects, for which the suites stay held.
+  /// Releases the suites after a failed start-up. OnStartup has set `suiteAcquireCount` to 1; this
+  /// restores `earlierSets`, the count before. If it is not 0, other objects keep the suites.
   void AbandonStartup(uint16_t earlierSets);
 
-  // The virtual operations stand in the order of their slots.
+  // The order of the virtual operations is that of their slots in the virtual table.
 
   virtual ~Plugin() = default;
 
-  /// Shows the user the code of a message that failed, unless it is silent or was shown less than
-  /// `errorRepeatInterval` seconds ago.
+  /// Shows the user the code of a failed message, unless it is silent or was the last code shown,
+  /// less than `errorRepeatInterval` seconds ago.
   virtual void ReportFailure(ResultCode code, const char* caller, const char* selector,
                              PluginMessage* message) noexcept;
 
-  /// Counts locks; the plug-in stays loaded from the first lock to the last unlock. An unlock too
-  /// many is ignored. The suites must be held. Always kSuccess.
+  /// Counts locks: the host keeps the plug-in loaded from the first lock to the last unlock. An
+  /// unlock without a lock is ignored. The suites must be held. Returns kSuccess.
   virtual ResultCode SetLocked(bool lock);
 
-  /// Makes this the current plug-in, acquires the suites and introduces the plug-in to the host.
-  /// After a failure a derived class makes the plug-in current that was so before, and
-  /// AbandonStartup gives the suites back.
+  /// Makes this the current plug-in, acquires the suites, and registers name and notifier with the
+  /// host. After a failure a derived class restores the previous current plug-in, and PluginMain
+  /// calls AbandonStartup.
   virtual ResultCode OnStartup(PluginMessage* message);
   virtual ResultCode OnApplicationStarted() { return ResultCode::kSuccess; }
+  /// Releases the suites; no plug-in is current afterwards.
   virtual ResultCode OnShutdown(PluginMessage* message);
-  /// Lets the suites go; only a reload or a shut-down may follow.
+  /// Releases the suites. Only a reload or a shut-down may follow.
   virtual ResultCode OnUnload(PluginMessage* message);
-  /// Acquires the suites again. The object must have been bound to the reloaded code before.
+  /// Acquires the suites again. RebindAfterReload must have been called before.
   virtual ResultCode OnReload(PluginMessage* message);
   virtual ResultCode OnAcquireProperty(PluginMessage*) { return ResultCode::kNotHandled; }
   virtual ResultCode OnReleaseProperty(PluginMessage*) { return ResultCode::kNotHandled; }
 
-  /// Copies the name into `size` bytes, cut and terminated; answers the name's full length.
+  /// Copies the name into `buffer` of `size` bytes, at least 1, truncated if necessary and always
+  /// terminated. Returns the full length of the name.
   virtual int32_t CopyName(char* buffer, size_t size);
   /// Shows the host's about box. The suites must be held.
   virtual ResultCode OnAbout(PluginMessage* message);
-  /// Frees what can be made anew; true when something was freed.
+  /// Frees memory whose content can be recreated. Returns whether it freed any.
   virtual bool OnPurge() { return false; }
 
-  /// Turns a message into a call of the operation that answers it. kNotHandled when none does;
-  /// a std::exception becomes its code, any other exception passes.
+  /// Calls the operation for a message and returns its result, or kNotHandled if there is none. A
+  /// std::exception becomes its code; other exceptions propagate.
   virtual ResultCode HandleMessage(const char* caller, const char* selector,
                                    PluginMessage* message);
 
+  /// Called when a plug-in becomes the current one; null when none is.
   virtual ResultCode SetCurrentPlugin(Plugin*) { return ResultCode::kSuccess; }
-  /// A step of a derived class at the end of the start-up; a failure ends the start-up.
+  /// An additional step of the start-up, which ends with the code of a failure.
   virtual ResultCode ContinueStartup() { return ResultCode::kSuccess; }
-  /// Runs at the end of a start-up and of a reload; the answer is not used.
+  /// The last step of a start-up or reload. The result is ignored.
   virtual ResultCode FinishStartup() { return ResultCode::kSuccess; }
-  /// Runs before an unload; the answer is not used.
+  /// The first step of an unload. The result is ignored.
   virtual ResultCode PrepareUnload(PluginMessage*) { return ResultCode::kSuccess; }
+  /// Acquires the optional suites that are still missing. Called before each message is handled.
+  /// Returns kSuccess.
   virtual ResultCode AcquireOptionalSuites();
 
   virtual ResultCode OnNotify(PluginMessage*) { return ResultCode::kSuccess; }
@@ -133,40 +140,40 @@ class Plugin {
   virtual ResultCode OnControlPanelSubGroupVisibility(PluginMessage*) {
     return ResultCode::kNotHandled;
   }
-  /// `selector` is null when the host named none.
+  /// `selector` may be null.
   virtual ResultCode OnScriptMessage(const char* /*selector*/, PluginMessage*) {
     return ResultCode::kSuccess;
   }
 
  protected:
-  // Only to carry the members over to the reloaded code.
+  // Only for RebindAfterReload.
   Plugin(const Plugin&) = default;
   Plugin& operator=(const Plugin&) = delete;
 
   PluginRef pluginRef;
   char name[256] = {};
-  SuiteSet* suites = nullptr;  // owned; null unless a start-up or reload has acquired the suites
+  SuiteSet* suites = nullptr;  // owned; null before a start-up, after an unload or a failed reload
   int32_t lockCount = 0;
   AccessHandle accessHandle = nullptr;
-  ResultCode lastError = ResultCode::kSuccess;  // the last code that was shown, at lastErrorTime
+  ResultCode lastError = ResultCode::kSuccess;  // the code that ReportFailure showed last
   int32_t errorRepeatInterval = 5;              // seconds
   bool addStartedNotifier = true;
   bool suppressRepeatedErrors = true;
-  int64_t lastErrorTime = 0;  // seconds since the epoch
+  int64_t lastErrorTime = 0;  // when it showed lastError, in seconds since the epoch
 
  private:
   ResultCode AcquireSuites();
   void ReleaseSuites();
-  ResultCode Introduce(PluginMessage* message);
+  ResultCode RegisterWithHost(PluginMessage* message);
 };
 
 static_assert(sizeof(Plugin) == 320);
 
-// What a plug-in built on this framework supplies, besides its list of suites (suite_set.h).
+// Each plug-in defines these two functions and its list of suites (suite_set.h).
 
-/// Creates the module's plug-in object in the host's memory; null when there is none.
+/// Creates the plug-in object; null if the host has no memory. PluginMain owns it.
 Plugin* CreatePlugin(PluginRef pluginRef);
 
-/// Makes the virtual operations of an object that was kept across an unload those of this, newly
-/// loaded code again, without changing its members. Answers the object, at the same address.
-Plugin* RebindAfterReload(void* kept);
+/// Binds an object that was created before an unload to the virtual operations of the code that is
+/// loaded now. Its members are unchanged. Returns the object, at the same address.
+Plugin* RebindAfterReload(Plugin* kept);

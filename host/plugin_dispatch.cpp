@@ -11,8 +11,8 @@
 
 namespace {
 
-/// The host works on behalf of this plug-in for as long as the scope is open. Without the host's
-/// context suite the scope does nothing; what the host answers is not looked at.
+/// Opens a context in which the host works on behalf of the plug-in, and closes it at the end of
+/// the scope. Does nothing without the context suite; the host's results are ignored.
 class AppContextScope : boost::noncopyable {
  public:
   explicit AppContextScope(PluginRef plugin) {
@@ -30,12 +30,12 @@ class AppContextScope : boost::noncopyable {
   ContextHandle context = nullptr;
 };
 
-/// A null name counts as an empty one.
+/// Treats null as an empty name.
 constexpr std::string_view AsName(const char* text) {
   return text ? text : "";
 }
 
-/// Hands a message on to the operation of a row.
+/// Calls the operation of a table row.
 using Handler = ResultCode (*)(Plugin& plugin, const char* selector, PluginMessage* message);
 
 template <ResultCode (Plugin::*kOperation)(PluginMessage*)>
@@ -43,15 +43,15 @@ ResultCode Call(Plugin& plugin, const char*, PluginMessage* message) {
   return (plugin.*kOperation)(message);
 }
 
-ResultCode AnswerSuccess(Plugin&, const char*, PluginMessage*) {
+ResultCode ReturnSuccess(Plugin&, const char*, PluginMessage*) {
   return ResultCode::kSuccess;
 }
 
-ResultCode Purge(Plugin& plugin, const char*, PluginMessage*) {
+ResultCode CallOnPurge(Plugin& plugin, const char*, PluginMessage*) {
   return plugin.OnPurge() ? ResultCode::kPurged : ResultCode::kSuccess;
 }
 
-ResultCode Notify(Plugin& plugin, const char* selector, PluginMessage* message) {
+ResultCode HandleNotifier(Plugin& plugin, const char* selector, PluginMessage* message) {
   const AppContextScope context(message->pluginRef);
   ResultCode code = ResultCode::kNotHandled;
   if (AsName(static_cast<NotifierMessage*>(message)->notifierType) ==
@@ -62,7 +62,7 @@ ResultCode Notify(Plugin& plugin, const char* selector, PluginMessage* message) 
   return AsName(selector) == messages::kNotify.selector ? plugin.OnNotify(message) : code;
 }
 
-ResultCode PassScript(Plugin& plugin, const char* selector, PluginMessage* message) {
+ResultCode CallOnScriptMessage(Plugin& plugin, const char* selector, PluginMessage* message) {
   return plugin.OnScriptMessage(selector, message);
 }
 
@@ -77,15 +77,15 @@ struct Route {
   Handler handler;
 };
 
-// A row for each message that a plug-in can answer, in the order in which callers are tested.
+// One row per message that a plug-in can answer, in the order in which callers are tested.
 constexpr Route kRoutes[] = {
     {messages::kUnload, Call<&Plugin::OnUnload>},
     {messages::kAbout, Call<&Plugin::OnAbout>},
-    {messages::kStartup, AnswerSuccess},
-    {messages::kPurge, Purge},
+    {messages::kStartup, ReturnSuccess},
+    {messages::kPurge, CallOnPurge},
     {messages::kAcquireProperty, Call<&Plugin::OnAcquireProperty>},
     {messages::kReleaseProperty, Call<&Plugin::OnReleaseProperty>},
-    {{messages::kNotifierCaller, kAnySelector}, Notify},
+    {{messages::kNotifierCaller, kAnySelector}, HandleNotifier},
     {messages::kDoAction, Call<&Plugin::OnDoAction>},
     {messages::kMenuGo, Call<&Plugin::OnMenuGo>},
     {messages::kMenuUpdate, Call<&Plugin::OnMenuUpdate>},
@@ -130,10 +130,10 @@ constexpr Route kRoutes[] = {
     {messages::kControlPanelCreateControlGroup, Call<&Plugin::OnControlPanelCreateControlGroup>},
     {messages::kControlPanelGroupVisibility, Call<&Plugin::OnControlPanelGroupVisibility>},
     {messages::kControlPanelSubGroupVisibility, Call<&Plugin::OnControlPanelSubGroupVisibility>},
-    {{messages::kScriptCaller, kAnySelector}, PassScript},
+    {{messages::kScriptCaller, kAnySelector}, CallOnScriptMessage},
 };
 
-/// The rows of a caller stand together.
+/// Relies on the rows of each caller being adjacent.
 const Route* FindRoute(std::string_view caller, std::string_view selector) {
   const Route* route =
       std::find_if(std::begin(kRoutes), std::end(kRoutes),

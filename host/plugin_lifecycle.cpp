@@ -15,10 +15,10 @@ constexpr int32_t kAboutTextList = 16600;
 ResultCode Plugin::OnStartup(PluginMessage* message) {
   (void)SetCurrentPlugin(this);
   const ResultCode code = AcquireSuites();
-  return Failed(code) ? code : Guarded([&] { return Introduce(message); });
+  return Failed(code) ? code : Guarded([&] { return RegisterWithHost(message); });
 }
 
-ResultCode Plugin::Introduce(PluginMessage* message) {
+ResultCode Plugin::RegisterWithHost(PluginMessage* message) {
   ResultCode code = Suite<QPPluginsSuite>()->SetPluginName(message->pluginRef, name);
   if (Failed(code)) return code;
   if (addStartedNotifier) {
@@ -63,7 +63,7 @@ ResultCode Plugin::AcquireSuites() {
   if (!HoldsSuites()) ReleaseSuites();
   if (!suites) suites = new (std::nothrow) SuiteSet;
   if (!suites) return ResultCode::kOutOfMemory;
-  // Also after a failure: destroying the only set then gives back what it did acquire.
+  // Also after a failure, so that destroying the set releases the suites that it acquired.
   suiteAcquireCount = 1;
   const ResultCode code = suites->Error();
   if (Failed(code)) ReleaseSuites();

@@ -10,13 +10,13 @@
 
 namespace {
 
-/// Whether a host's message has this name; its caller and selector may be null.
+/// Whether the message has this name. Its caller and selector may be null.
 bool Is(const MessageName& message, const MessageName& known) {
   return message.caller && std::strcmp(message.caller, known.caller) == 0 && message.selector &&
          std::strcmp(message.selector, known.selector) == 0;
 }
 
-/// Answers an error with no object left behind, and with the suites of an earlier one still held.
+/// After a failure there is no new object, and an earlier object still holds its suites.
 ResultCode StartUp(PluginMessage& message) {
   const uint16_t earlierSets = suiteAcquireCount;
   Plugin* plugin = CreatePlugin(message.pluginRef);
@@ -32,7 +32,7 @@ ResultCode StartUp(PluginMessage& message) {
 }
 
 ResultCode ShutDown(Plugin* plugin, PluginMessage& message) {
-  // An object without suites was unloaded, and its code may have come back elsewhere.
+  // The object was unloaded; its code may now be at another address.
   if (!plugin->HoldsSuites()) plugin = RebindAfterReload(plugin);
   const ResultCode code = Guarded([&] { return plugin->OnShutdown(&message); });
   delete plugin;

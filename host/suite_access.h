@@ -4,14 +4,18 @@
 
 #include "platform/suites/host_suites.h"
 
-/// The host's basic suite, refreshed from every message; null before the first one.
+/// Access to the host's suites by table type: Suite<KDMBasicSuite>()->ShowAboutBox(...). A suite is
+/// held between its acquisition and its release; the plug-in's SuiteSet holds most of them, and a
+/// ScopedSuite holds one for a single operation. Main thread only.
+
+/// The host's basic suite. PluginMain sets it with every message; null before the first one.
 extern QPBasicSuite* basicSuite;
 
-/// The module-wide pointer to one of the host's suites: not null exactly while the module holds it.
+/// The module-wide pointer to a suite's table: non-null exactly while the module holds the suite.
 template <class Table>
 constinit inline const void* heldSuite = nullptr;
 
-/// The table of a suite that the module holds, or null.
+/// The table of a suite, or null if the module does not hold it.
 template <class Table>
 const Table* Suite() {
   return static_cast<const Table*>(heldSuite<Table>);
@@ -21,7 +25,7 @@ const Table* Suite() {
 struct SuiteImport {
   const char* name;
   int32_t version;
-  const void** destination;  // the module-wide pointer; an entry without one is passed over
+  const void** destination;  // the module-wide pointer; an entry with null is skipped
 };
 
 template <class Table>
@@ -29,16 +33,17 @@ constexpr SuiteImport ImportOf() {
   return {Table::kName, Table::kVersion, &heldSuite<Table>};
 }
 
-/// Acquires one suite into its pointer, which stays as it is when the host refuses or throws. A
-/// host without a basic suite, or that gives no table, answers kCannot.
+/// Acquires a suite and sets its pointer. Returns the host's code, or kCannot if there is no basic
+/// suite or the host provides no table. Throws what the host throws.
 ResultCode AcquireSuite(const SuiteImport& import);
 
-/// Releases one suite and clears its pointer, whatever the host answers; a release that throws
-/// counts as failed.
+/// Clears the pointer of a suite and releases the suite. Returns the host's code, the code for an
+/// exception of the host, or kCannot if there is no basic suite.
 ResultCode ReleaseSuite(const SuiteImport& import) noexcept;
 
-/// Holds a suite for the length of one operation. A suite that the module holds anyway is used as
-/// it is; otherwise it is acquired, and released again at the end of the scope.
+/// Holds a suite until the end of the scope. If the module does not hold the suite already, the
+/// constructor acquires it, or throws what the host throws, and the destructor releases it.
+/// Converts to false if the suite cannot be acquired.
 template <class Table>
 class ScopedSuite {
  public:

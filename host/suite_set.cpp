@@ -79,7 +79,7 @@ bool SuiteSet::HoldsSuites() const {
 }
 
 ResultCode SuiteSet::Release() noexcept {
-  // The count is 0 already when another set has released the suites; what it left is released here.
+  // The count is 0 if another set has released the suites; release those that it left held.
   if (suiteAcquireCount != 0 && --suiteAcquireCount != 0) return ResultCode::kSuccess;
   for (const SuiteImport* list : kLists) {
     for (const SuiteImport* import = list; import->name; ++import) {

@@ -6,18 +6,18 @@
 
 namespace vx {
 
-/// A string of the host, owned by this value; a null handle is the empty string. "VX Unicode
-/// String Suite" must be held while one is made and destroyed.
+/// Owns a string object of the host. A null handle is the empty string. "VX Unicode String Suite"
+/// must be held during construction and destruction.
 class UnicodeString {
  public:
-  /// Makes the host's string of a C string; null makes the empty string. `encoding` is the host's
-  /// number for the text's encoding, 0 its default. Throws vx::Error with the host's code.
+  /// Creates a string from a C string; null creates the empty string. `encoding` is the host's
+  /// number for the text's encoding; 0 is its default. Throws vx::Error with the host's code.
   explicit UnicodeString(const char* text, int32_t encoding = 0);
   ~UnicodeString();
   UnicodeString(const UnicodeString&) = delete;
   UnicodeString& operator=(const UnicodeString&) = delete;
 
-  /// Where the handle stands; this is what the host's operations take. Stays this value's.
+  /// The address of the handle, as the host's operations expect it. This object keeps ownership.
   const StringHandle* Handle() const { return &handle; }
 
  private:

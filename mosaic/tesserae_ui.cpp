@@ -28,7 +28,7 @@ Plugin* CreatePlugin(PluginRef pluginRef) {
   return new TesseraeUI(pluginRef);
 }
 
-Plugin* RebindAfterReload(void* kept) {
+Plugin* RebindAfterReload(Plugin* kept) {
   const TesseraeUI saved(*static_cast<const TesseraeUI*>(kept));
   return ::new (kept) TesseraeUI(saved);
 }
@@ -41,7 +41,7 @@ ResultCode TesseraeUI::OnStartup(PluginMessage* message) {
   Plugin* const earlier = currentPlugin;
   ResultCode code = Plugin::OnStartup(message);
   if (!Failed(code)) code = AddTesseraeSuite();
-  // A plug-in that ran before goes on running.
+  // An earlier plug-in object stays the current one.
   if (Failed(code)) (void)SetCurrentPlugin(earlier);
   return code;
 }
@@ -73,7 +73,7 @@ ResultCode TesseraeUI::SetCurrentPlugin(Plugin* plugin) {
 ResultCode TesseraeUI::OnShutdown(PluginMessage* message) {
   const ResultCode code = FreeSuiteFunctions();
   if (!Failed(code)) return Plugin::OnShutdown(message);
-  // PluginMain destroys the object next, whatever the code.
+  // After a failure, too, PluginMain destroys the object.
   (void)SetCurrentPlugin(nullptr);
   return code;
 }
@@ -82,7 +82,7 @@ ResultCode TesseraeUI::FreeSuiteFunctions() {
   MosaicSuite* block = std::exchange(suiteFunctions, nullptr);
   if (!block) return ResultCode::kSuccess;
   return Guarded([block] {
-    // After an unload the module holds no suites, but the block is still its own.
+    // While unloaded the module holds no suites but still owns the block.
     const ScopedSuite<QPBlocksSuite> blocks;
     return blocks ? blocks->FreeBlock(block) : ResultCode::kCannot;
   });

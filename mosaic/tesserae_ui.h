@@ -3,28 +3,33 @@
 #include "host/plugin.h"
 #include "mosaic/mosaic_suite.h"
 
-/// The module's plug-in: publishes the suite with the mosaic dialog and leaves every message to
-/// the framework.
+/// The module's plug-in object. At the start-up it publishes the suite with the function
+/// RunMosaicDialog, through which callers open the mosaic dialog. The framework handles all other
+/// messages. Main thread only.
 class TesseraeUI : public Plugin {
  public:
   explicit TesseraeUI(PluginRef pluginRef);
-  /// Carries the members over to the reloaded code; the copy takes the original's place.
+  /// Only for RebindAfterReload.
   TesseraeUI(const TesseraeUI&) = default;
 
   ResultCode OnStartup(PluginMessage* message) override;
   ResultCode OnShutdown(PluginMessage* message) override;
-  /// Also brings the published table up to date: after a reload the function may have moved.
+  /// Also writes the published table again, since a reload may move the function.
   ResultCode SetCurrentPlugin(Plugin* plugin) override;
 
  private:
+  /// Publishes the suite. Returns the host's code, or kParameter if the table cannot be allocated
+  /// or the host throws.
   ResultCode AddTesseraeSuite();
+  /// Frees the published table. Returns the host's code.
   ResultCode FreeSuiteFunctions();
 
-  MosaicSuite* suiteFunctions = nullptr;  // owned block of "QP Blocks Suite", outlives an unload
+  // Owned, a block of "QP Blocks Suite"; null before the start-up. Survives an unload.
+  MosaicSuite* suiteFunctions = nullptr;
 };
 
 static_assert(sizeof(TesseraeUI) == sizeof(Plugin) + sizeof(void*));
 
-/// The plug-in from its start-up or reload, even if that fails to get the suites again, to its
-/// shut-down or unload; null otherwise.
+/// The plug-in object between its start-up or reload and its unload or shut-down; null otherwise.
+/// It is also set after a reload that failed to acquire the suites.
 extern Plugin* currentPlugin;

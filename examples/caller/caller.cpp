@@ -26,13 +26,13 @@ ResultCode AskForMosaic(const QPBasicSuite& basic) {
   if (Failed(found)) return found;
   MosaicParameters* address = &record;
   const auto* suite = static_cast<const MosaicSuite*>(table);
-  const ResultCode answer = suite->RunMosaicDialog(&state, &address);
+  const ResultCode result = suite->RunMosaicDialog(&state, &address);
   (void)basic.Release(MosaicSuite::kName, MosaicSuite::kVersion);
 
-  if (answer == ResultCode::kCancelled) return ResultCode::kSuccess;
+  if (result == ResultCode::kCancelled) return ResultCode::kSuccess;
   // A real caller builds the mosaic here.
-  if (!Failed(answer)) std::printf("%d by %d tiles\n", record.tilesAcross, record.tilesDown);
-  return answer;
+  if (!Failed(result)) std::printf("%d by %d tiles\n", record.tilesAcross, record.tilesDown);
+  return result;
 }
 
 }  // namespace

@@ -1,7 +1,7 @@
 // A minimal host: host MODULE [PLUG-IN]. It starts, unloads, reloads and shuts down the module with
 // simple implementations of the suites, and prints the result of each step. PLUG-IN receives the
 // message that its menu entry was chosen. The host has no sheets from which the module could build
-// its dialog, so the dialog answers 'CANT'. The exit status is 0 if every step had the expected
+// its dialog, so the dialog returns 'CANT'. The exit status is 0 if every step had the expected
 // result.
 
 #include <dlfcn.h>
@@ -59,7 +59,7 @@ QPBasicSuite basic = {Acquire, Release};
 
 /// Plug-ins only return these handles to the host, so any non-null value will do.
 template <typename Handle>
-ResultCode GiveHandle(PluginRef, Handle* handle) {
+ResultCode WriteHandle(PluginRef, Handle* handle) {
   *handle = reinterpret_cast<Handle>(&basic);
   return kDone;
 }
@@ -94,11 +94,11 @@ ResultCode AddSuite(void*, PluginRef, const char* name, int32_t version, int32_t
   return kDone;
 }
 
-const QPAccessSuite access = {GiveHandle, [](AccessHandle) { return kDone; }};
+const QPAccessSuite access = {WriteHandle, [](AccessHandle) { return kDone; }};
 const QPPluginsSuite plugins = {{}, SetName};
 const VXNotifierSuite notifiers = {
     [](PluginRef, const char*, const char*, NotifierHandle*) { return kDone; }};
-const VXContextSuite contexts = {{}, GiveHandle, [](ContextHandle) { return kDone; }};
+const VXContextSuite contexts = {{}, WriteHandle, [](ContextHandle) { return kDone; }};
 const KDMBasicSuite lists = {GetListString, {}, ShowAbout};
 const QPBlocksSuite blockSuite = {
     [](size_t size, const char*, void** block) { return QPBasicAllocateBlock(size, block); },
@@ -136,9 +136,9 @@ ResultCode Send(OpaqueModule& plugin, const MessageName& name) {
   return code;
 }
 
-/// Calls the module's suite like any caller. Returns whether it answers
-/// 'CANT' and leaves the record unchanged.
-bool DialogAnswersCannot() {
+/// Calls the module's suite like any caller. Returns whether the dialog returns 'CANT' and leaves
+/// the record unchanged.
+bool DialogReturnsCannot() {
   const void* table = nullptr;
   if (Failed(Acquire(MosaicSuite::kName, MosaicSuite::kVersion, &table))) return false;
   MosaicParameters record = {}, *address = &record;
@@ -146,9 +146,9 @@ bool DialogAnswersCannot() {
   record.boundsRight = record.boundsBottom = 100;
   const MosaicParameters before = record;
   const auto* suite = static_cast<const MosaicSuite*>(table);
-  const ResultCode answer = suite->RunMosaicDialog(&state, &address);
+  const ResultCode result = suite->RunMosaicDialog(&state, &address);
   (void)Release(MosaicSuite::kName, MosaicSuite::kVersion);
-  return answer == ResultCode::kCannot && std::memcmp(&record, &before, sizeof record) == 0;
+  return result == ResultCode::kCannot && std::memcmp(&record, &before, sizeof record) == 0;
 }
 
 }  // namespace
@@ -181,20 +181,20 @@ int main(int argc, char** argv) {
   Expect(!Failed(Send(module, messages::kNotify)),
          "accepts the notification that the host has started");
   Expect(!Failed(Send(module, messages::kAbout)), "shows its about box");
-  Expect(DialogAnswersCannot(),
-         "publishes a suite, whose dialog answers 'CANT' and changes nothing");
+  Expect(DialogReturnsCannot(),
+         "publishes a suite, whose dialog returns 'CANT' and changes nothing");
   Expect(!Failed(Send(module, messages::kUnload)) && suitesInUse == 0,
          "holds no suite when unloaded");
   dlclose(module.image);
   Expect(!dlopen(path, RTLD_LAZY | RTLD_NOLOAD), "is unmapped by dlclose");
   Load(module);
-  Expect(!Failed(Send(module, messages::kReload)) && DialogAnswersCannot(), "works after a reload");
+  Expect(!Failed(Send(module, messages::kReload)) && DialogReturnsCannot(), "works after a reload");
 
   if (argc > 2) {
     OpaqueModule other = {argv[2], "", nullptr, nullptr};
     Load(other);
     Expect(Send(other, messages::kMenuGo) == ResultCode::kCannot,
-           "answers a call from another plug-in");
+           "returns the same to another plug-in");
     dlclose(other.image);
   }
 

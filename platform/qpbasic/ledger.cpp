@@ -20,11 +20,11 @@ struct Block {
   size_t size;
   const char* debugName;
   uint64_t serial;
-  size_t tail = 0;  // watched bytes behind the caller's; a block with some is kept when it is freed
+  size_t tail = 0;  // additional bytes that detect writes beyond the end, 0 without WatchContents
 };
 
-/// Takes memory from malloc: tests count the calls of the global operator new, and the ledger's own
-/// allocations, whose number depends on the C++ library, must not change the count.
+/// Allocates with malloc. Tests count the calls of the global operator new, which must not include
+/// the ledger's own allocations: their number depends on the C++ library.
 template <typename T>
 struct MallocAllocator {
   using value_type = T;
@@ -68,8 +68,8 @@ std::string Describe(const Block& block) {
 
 }  // namespace
 
-struct Ledger::Book {
-  Blocks standing;
+struct Ledger::State {
+  Blocks allocated;
   LedgerCounts counts;
   std::optional<Refusal> refusal;
   std::set<std::string, std::less<>> debugNames;
@@ -82,12 +82,12 @@ struct Ledger::Book {
   const char* Keep(const char* debugName);
   void Note(const std::string& fault);
   void NoteUnknown(void* address);
-  /// Remembers a block that was freed, in the place of the one that was freed longest ago.
+  /// Adds a block to those freed last, in place of the one freed the longest time ago.
   void Remember(const Block& block);
   void CheckReleased(Block& block);
 };
 
-bool Ledger::Book::IsRefused(ResultCode* code) {
+bool Ledger::State::IsRefused(ResultCode* code) {
   if (!refusal) return false;
   if (refusal->countdown > 1) {
     --refusal->countdown;
@@ -99,20 +99,20 @@ bool Ledger::Book::IsRefused(ResultCode* code) {
   return true;
 }
 
-const char* Ledger::Book::Keep(const char* debugName) {
+const char* Ledger::State::Keep(const char* debugName) {
   if (!debugName) return nullptr;
   const auto known = debugNames.find(std::string_view(debugName));
   if (known != debugNames.end()) return known->c_str();
   return debugNames.emplace(debugName).first->c_str();
 }
 
-void Ledger::Book::Note(const std::string& fault) {
+void Ledger::State::Note(const std::string& fault) {
   ++counts.faults;
   if (faults.size() < kFaultTexts) faults.push_back(fault);
 }
 
-void Ledger::Book::NoteUnknown(void* address) {
-  // Addresses come back, so the latest release of this one is the block in question.
+void Ledger::State::NoteUnknown(void* address) {
+  // Addresses are reused, so the last block that had this one was freed twice.
   for (size_t back = 1; back <= std::min(freed, kRememberedFrees); ++back) {
     const Block& earlier = lastFreed[(freed - back) % kRememberedFrees];
     if (earlier.address == address) return Note("freed twice: " + Describe(earlier));
@@ -122,7 +122,7 @@ void Ledger::Book::NoteUnknown(void* address) {
   Note(text.str());
 }
 
-void Ledger::Book::Remember(const Block& block) {
+void Ledger::State::Remember(const Block& block) {
   Block& place = lastFreed[freed++ % kRememberedFrees];
   if (place.tail > 0) {
     CheckReleased(place);
@@ -136,13 +136,13 @@ void Ledger::Book::Remember(const Block& block) {
   std::memset(bytes, kReleased, block.size + block.tail);
 }
 
-void Ledger::Book::CheckReleased(Block& block) {
+void Ledger::State::CheckReleased(Block& block) {
   if (block.tail == 0 || Holds(block.address, block.size + block.tail, kReleased)) return;
   Note("written after its release: " + Describe(block));
   std::memset(block.address, kReleased, block.size + block.tail);
 }
 
-Ledger::Ledger() : book(new Book) {}
+Ledger::Ledger() : state(new State) {}
 
 Ledger& Ledger::Get() {
   static Ledger* const ledger = new Ledger;
@@ -153,59 +153,59 @@ ResultCode Ledger::Allocate(size_t size, const char* debugName, void** block) no
   if (!block) return ResultCode::kParameter;
   *block = nullptr;
   ResultCode code = ResultCode::kSuccess;
-  if (book->IsRefused(&code)) return code;
-  // An address of its own for every block, also for the empty ones.
-  const size_t tail = book->watches ? kWatchedTail : 0;
+  if (state->IsRefused(&code)) return code;
+  // At least one byte, so that an empty block has an address of its own.
+  const size_t tail = state->watches ? kWatchedTail : 0;
   void* memory = std::malloc(std::max<size_t>(size + tail, 1));
   if (!memory) return ResultCode::kOutOfMemory;
-  if (book->watches) std::memset(memory, kFresh, size + tail);
+  if (state->watches) std::memset(memory, kFresh, size + tail);
   try {
-    book->standing.try_emplace(
-        memory, Block{memory, size, book->Keep(debugName), book->counts.totalBlocks + 1, tail});
+    state->allocated.try_emplace(
+        memory, Block{memory, size, state->Keep(debugName), state->counts.totalBlocks + 1, tail});
   } catch (...) {
     std::free(memory);
     return ResultCode::kOutOfMemory;
   }
-  ++book->counts.totalBlocks;
-  book->counts.totalBytes += size;
-  book->counts.bytes += size;
+  ++state->counts.totalBlocks;
+  state->counts.totalBytes += size;
+  state->counts.bytes += size;
   *block = memory;
   return ResultCode::kSuccess;
 }
 
 ResultCode Ledger::Free(void* block) noexcept {
   if (!block) return ResultCode::kSuccess;
-  const auto standing = book->standing.find(block);
-  if (standing == book->standing.end()) {
+  const auto entry = state->allocated.find(block);
+  if (entry == state->allocated.end()) {
     try {
-      book->NoteUnknown(block);
-    } catch (...) {  // without memory for its text the fault is only counted
+      state->NoteUnknown(block);
+    } catch (...) {  // no memory for the text; the fault is counted
     }
     return kUnknownBlock;
   }
-  const Block freed = standing->second;
-  book->counts.bytes -= freed.size;
-  book->standing.erase(standing);
+  const Block freed = entry->second;
+  state->counts.bytes -= freed.size;
+  state->allocated.erase(entry);
   try {
-    book->Remember(freed);
-  } catch (...) {  // without memory for its text a fault is only counted
+    state->Remember(freed);
+  } catch (...) {  // no memory for the text; the fault is counted
   }
   return ResultCode::kSuccess;
 }
 
 LedgerCounts Ledger::Counts() const {
-  LedgerCounts counts = book->counts;
-  counts.blocks = book->standing.size();
+  LedgerCounts counts = state->counts;
+  counts.blocks = state->allocated.size();
   return counts;
 }
 
 uint64_t Ledger::Mark() const {
-  return book->counts.totalBlocks;
+  return state->counts.totalBlocks;
 }
 
 std::vector<std::string> Ledger::Forgotten(uint64_t mark) const {
   std::map<uint64_t, Block> blocks;
-  for (const auto& [address, block] : book->standing)
+  for (const auto& [address, block] : state->allocated)
     if (block.serial > mark) blocks.emplace(block.serial, block);
   std::vector<std::string> lines;
   for (const auto& [serial, block] : blocks) lines.push_back(Describe(block));
@@ -213,25 +213,25 @@ std::vector<std::string> Ledger::Forgotten(uint64_t mark) const {
 }
 
 std::vector<std::string> Ledger::Faults() const {
-  for (Block& released : book->lastFreed) book->CheckReleased(released);
-  return book->faults;
+  for (Block& released : state->lastFreed) state->CheckReleased(released);
+  return state->faults;
 }
 
 void Ledger::ForgetFaults() {
-  book->faults.clear();
-  book->counts.faults = 0;
+  state->faults.clear();
+  state->counts.faults = 0;
 }
 
 void Ledger::WatchContents() {
-  book->watches = true;
+  state->watches = true;
 }
 
 void Ledger::Refuse(const Refusal& refusal) {
-  book->refusal = refusal;
+  state->refusal = refusal;
 }
 
 void Ledger::RefuseNothing() {
-  book->refusal.reset();
+  state->refusal.reset();
 }
 
 }  // namespace qpbasic

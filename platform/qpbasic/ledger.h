@@ -9,32 +9,32 @@
 
 namespace qpbasic {
 
-/// What Free answers for an address that is no block's.
+/// The result of Free for an address that is not an allocated block.
 inline constexpr ResultCode kUnknownBlock{FourCharCode("BLK?")};
 
 struct LedgerCounts {
-  size_t blocks = 0;       // standing now
-  size_t bytes = 0;        // in them, as they were asked for
-  size_t totalBlocks = 0;  // ever given out
+  size_t blocks = 0;       // allocated now
+  size_t bytes = 0;        // in those blocks, as requested
+  size_t totalBlocks = 0;  // ever allocated
   size_t totalBytes = 0;
-  size_t faults = 0;    // frees of something that was no block, and what WatchContents finds
-  size_t refusals = 0;  // allocations that a Refusal turned down
+  size_t faults = 0;    // invalid frees, and invalid writes found by WatchContents
+  size_t refusals = 0;  // allocations that failed because of a Refusal
 };
 
-/// Turns allocations down, to show what the callers make of it.
+/// Makes allocations fail, to test how callers handle that.
 struct Refusal {
-  size_t countdown = 1;                        // 1 is the next allocation
-  bool once = true;                            // otherwise all from there on
-  ResultCode code = ResultCode::kOutOfMemory;  // kSuccess: said to be done, but no block comes
+  size_t countdown = 1;                        // the first allocation to fail; 1 is the next one
+  bool once = true;                            // false: all later allocations fail too
+  ResultCode code = ResultCode::kOutOfMemory;  // kSuccess: reports success without a block
 };
 
-/// The book in which each block of the process stands from its allocation to its release. Free
-/// looks an address up before it touches it, so a foreign or already freed block does no harm: it
-/// is counted, described and left alone. Nothing is kept beside the block itself, so memory
-/// checkers see the bounds that the caller sees. Main thread only.
+/// Allocates the blocks of QPBasicAllocateBlock and "QP Blocks Suite" and records each until its
+/// release. Free looks up the address first, so freeing a foreign or already freed block is
+/// harmless: it is counted and described as a fault. No data is stored next to a block, so memory
+/// checkers see the bounds that the caller requested. Main thread only.
 class __attribute__((visibility("default"))) Ledger {
  public:
-  /// The one ledger; it is never destroyed, since blocks may be freed until the process ends.
+  /// The only ledger. It is never destroyed, since blocks may be freed until the process ends.
   static Ledger& Get();
 
   Ledger(const Ledger&) = delete;
@@ -47,32 +47,32 @@ class __attribute__((visibility("default"))) Ledger {
 
   LedgerCounts Counts() const;
 
-  /// A point in time: blocks that are given out later are those since this mark.
+  /// Identifies the present moment for Forgotten.
   uint64_t Mark() const;
-  /// A line for each block given out since `mark` that still stands, the oldest first.
+  /// A line for each block that was allocated after `mark` and not yet freed, the oldest first.
   std::vector<std::string> Forgotten(uint64_t mark = 0) const;
 
-  /// A line for each fault since the start or the last ForgetFaults; after a hundred of them they
-  /// are only counted.
+  /// A line for each fault since the start or the last ForgetFaults, at most 100. Counts() has the
+  /// number of all.
   std::vector<std::string> Faults() const;
   void ForgetFaults();
 
-  /// For checks of a module: from now on blocks are filled with 0xA5 when they are given out and
-  /// with 0xDD when they come back, and are kept for a while afterwards. A write beyond a block's
-  /// end or after its release is a fault, found at its release or by Faults.
+  /// From now on, fills blocks with 0xA5 on allocation and with 0xDD on release, and delays their
+  /// return to the system. A write beyond a block's end or after its release becomes a fault, found
+  /// at the release or by Faults.
   void WatchContents();
 
-  /// Replaces the refusal that is in force, if any.
+  /// Replaces the current refusal, if any.
   void Refuse(const Refusal& refusal);
   void RefuseNothing();
 
  private:
-  struct Book;
+  struct State;
 
   Ledger();
   ~Ledger() = delete;
 
-  Book* book;
+  State* state;
 };
 
 }  // namespace qpbasic

@@ -5,18 +5,17 @@
 
 #include "platform/suites/result_code.h"
 
-/// The host's blocks of memory, from its basic framework. The module binds to both by name when it
-/// is loaded, and takes the memory of its own code through them, on the host's main thread. A host
-/// in C++ must not throw out of them.
+/// The host's block allocation, part of its basic framework. The module links to both functions by
+/// name and allocates all its memory through them, on the host's main thread. They must not throw.
 extern "C" {
 
-/// Takes `size` bytes (0 is allowed) and writes the block's address to `*block`, aligned for any
-/// ordinary type; the block is the caller's until QPBasicFreeBlock, also while the caller's code is
-/// unloaded. On failure a code other than 0 is answered and `*block` is null.
+/// Allocates `size` bytes, 0 or more, and writes the block's address to `*block`, aligned for any
+/// ordinary type. The caller owns the block until QPBasicFreeBlock, even while its code is
+/// unloaded. After a failure the result is not 0 and `*block` is null.
 __attribute__((visibility("default"))) ResultCode QPBasicAllocateBlock(size_t size,
                                                                        void** block) noexcept;
 
-/// Gives a block of QPBasicAllocateBlock back; null is allowed and does nothing. Callers ignore the
-/// answer.
+/// Frees a block of QPBasicAllocateBlock. Null is allowed and does nothing. Callers ignore the
+/// result.
 __attribute__((visibility("default"))) ResultCode QPBasicFreeBlock(void* block) noexcept;
 }

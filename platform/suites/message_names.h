@@ -11,7 +11,6 @@ struct MessageName {
 
 namespace messages {
 
-// The life of a plug-in.
 constexpr MessageName kUnload = {"QP Access", "Unload"};
 constexpr MessageName kReload = {"QP Access", "Reload"};
 constexpr MessageName kStartup = {"QP Interface", "Startup"};
@@ -73,12 +72,12 @@ constexpr MessageName kControlPanelGroupVisibility = {"Herder Control Panel",
 constexpr MessageName kControlPanelSubGroupVisibility = {"Herder Control Panel",
                                                          "VX Control Panel SubGroup Visibility"};
 
-// A plug-in's messages from "VX Notifier" may have any selector; hosts send kNotify with a
-// NotifierMessage whose type says what happened.
+// A message from "VX Notifier" comes with a NotifierMessage, whose type identifies the event. Hosts
+// send the selector of kNotify; plug-ins accept any.
 constexpr const char* kNotifierCaller = "VX Notifier";
 constexpr const char* kStartedNotifierType = "VX Application Started Notifier";
 
-// The selector of a script message is the script's.
+// A script message has a selector that the script chooses.
 constexpr const char* kScriptCaller = "VX Script Message Caller";
 
 }  // namespace messages

@@ -15,11 +15,15 @@ TEST(BoundedCopy, TruncatesAtSizeOrCount) {
     int32_t status;
     const char* result;
   } cases[] = {
-      {"Plugin", 8, 8, 0, "Plugin"},     {"Plugin", 7, 7, 0, "Plugin"},
-      {"Plugin", 6, 6, kTruncated, "Plugi"},   {"Plugin", 6, 99, kTruncated, "Plugi"},
-      {"Plugin", 8, 3, 0, "Plu"},        {"Plugin", 4, 3, 0, "Plu"},
-      {"Plugin", 3, 3, kTruncated, "Pl"},      {"Plugin", 8, 0, 0, ""},
-      {nullptr, 8, 3, kBadArgument, ""}, {"", 1, 5, 0, ""},
+      {"Plugin", 7, 7, 0, "Plugin"},
+      {"Plugin", 6, 6, kTruncated, "Plugi"},
+      {"Plugin", 6, 99, kTruncated, "Plugi"},
+      {"Plugin", 8, 3, 0, "Plu"},
+      {"Plugin", 4, 3, 0, "Plu"},
+      {"Plugin", 3, 3, kTruncated, "Pl"},
+      {"Plugin", 8, 0, 0, ""},
+      {nullptr, 8, 3, kBadArgument, ""},
+      {"", 1, 5, 0, ""},
   };
   for (const auto& [source, size, count, status, result] : cases) {
     SCOPED_TRACE(std::string(result) + ": at most " + std::to_string(count));

@@ -8,27 +8,27 @@ class DispatchTest : public FrameworkTest {
   DispatchTest() { EXPECT_EQ(module.StartUp(), ResultCode::kSuccess); }
 };
 
-/// Answers every message with the name of the operation that it reached.
+/// Records the name of the operation that each message calls.
 class EchoPlugin : public Plugin {
  public:
   EchoPlugin() : Plugin(nullptr) {}
 
 #define ECHO(caller, selector, operation)         \
   ResultCode operation(PluginMessage*) override { \
-    reached = #operation;                         \
+    called = #operation;                          \
     return ResultCode::kSuccess;                  \
   }
   FOR_EACH_KNOWN_MESSAGE(ECHO)
 #undef ECHO
   bool OnPurge() override {
-    reached = "OnPurge";
+    called = "OnPurge";
     return false;
   }
 
-  std::string reached;
+  std::string called;
 };
 
-TEST(Dispatch, EveryMessageReachesItsOwnOperation) {
+TEST(Dispatch, EachMessageCallsItsOperation) {
   EchoPlugin plugin;
   PluginMessage message{};
   std::vector<KnownMessage> messages(std::begin(kKnownMessages), std::end(kKnownMessages));
@@ -40,20 +40,19 @@ TEST(Dispatch, EveryMessageReachesItsOwnOperation) {
     messages.push_back({caller, selector, ""});
   for (const auto& [caller, selector, operation] : messages) {
     SCOPED_TRACE(std::string(caller) + " / " + selector);
-    plugin.reached.clear();
+    plugin.called.clear();
     EXPECT_EQ(plugin.HandleMessage(caller, selector, &message),
               *operation ? ResultCode::kSuccess : ResultCode::kNotHandled);
-    EXPECT_EQ(plugin.reached, operation);
+    EXPECT_EQ(plugin.called, operation);
   }
   EXPECT_EQ(plugin.HandleMessage("QP Interface", "Startup", &message), ResultCode::kSuccess);
-  EXPECT_EQ(plugin.SetCurrentPlugin(&plugin), ResultCode::kSuccess);
   EXPECT_EQ(plugin.HandleMessage(nullptr, nullptr, &message), ResultCode::kNotHandled);
   NotifierMessage notifier{};
   EXPECT_EQ(plugin.HandleMessage("VX Notifier", "VX Notify", &notifier), ResultCode::kSuccess)
-      << "without the context suite there is no context to open";
+      << "without the context suite";
 }
 
-TEST_F(DispatchTest, AScriptMessageAndAPurgeAreAnsweredAndNotShown) {
+TEST_F(DispatchTest, ScriptMessageAndPurgeShowNoAlert) {
   void* const object = module.Globals();
   EXPECT_EQ(module.Send("QP Interface", "Startup "), ResultCode::kSuccess);
   EXPECT_EQ(module.Globals(), object);
@@ -62,19 +61,19 @@ TEST_F(DispatchTest, AScriptMessageAndAPurgeAreAnsweredAndNotShown) {
   EXPECT_EQ(module.Send(messages::kPurge), ResultCode::kSuccess);
   plan.purges = true;
   EXPECT_EQ(module.Send(messages::kPurge), ResultCode::kPurged);
-  EXPECT_TRUE(person.alerts.empty());
+  EXPECT_TRUE(user.alerts.empty());
 }
 
-TEST_F(DispatchTest, EveryFailureIsShownWhereRepeatsAreNotHeldBack) {
+TEST_F(DispatchTest, ShowsRepeatedFailureUnlessSuppressed) {
   plan.menuGo = [] { return ResultCode::kParameter; };
   Object()->suppressRepeatedErrors = false;
   for (const size_t alerts : {1u, 2u}) {
     EXPECT_EQ(module.Send(messages::kMenuGo), ResultCode::kParameter);
-    EXPECT_EQ(person.alerts.size(), alerts);
+    EXPECT_EQ(user.alerts.size(), alerts);
   }
 }
 
-TEST_F(DispatchTest, TheStartedNotifierIsToldApart) {
+TEST_F(DispatchTest, OnlyStartedNotifierCallsOnApplicationStarted) {
   handled.clear();
   EXPECT_EQ(module.Notify(messages::kStartedNotifierType), ResultCode::kSuccess);
   EXPECT_EQ(handled, (std::vector<std::string>{"started", "notified"}));

@@ -6,22 +6,23 @@ namespace {
 
 class LifecycleTest : public FrameworkTest {};
 
-TEST_F(LifecycleTest, AStartUpThatFailsLeavesNothing) {
+TEST_F(LifecycleTest, FailedStartUpReleasesEverything) {
   plan.continueStartup = ResultCode::kParameter;
   EXPECT_EQ(module.StartUp(), ResultCode::kParameter);
   EXPECT_EQ(module.Globals(), nullptr);
   EXPECT_TRUE(host.Leftovers().empty());
   EXPECT_TRUE(host.Objects().notifiers.Objects().empty());
   EXPECT_EQ(handled, std::vector<std::string>{});
-  ReturnHostBlock(nullptr);
+  FreeHostBlock(nullptr);
 
   plan.continueStartup = ResultCode::kSuccess;
   plan.addStartedNotifier = false;
   EXPECT_EQ(module.StartUp(), ResultCode::kSuccess);
-  EXPECT_EQ(Operations().Calls("VX Notifier Suite/AddNotifier"), 1u) << "of the first attempt";
+  EXPECT_EQ(Operations().Calls("VX Notifier Suite/AddNotifier"), 1u)
+      << "only in the first start-up";
 }
 
-TEST_F(LifecycleTest, UnloadAndReloadCallTheirStepsAndKeepTheMembers) {
+TEST_F(LifecycleTest, UnloadAndReloadCallHooksAndKeepMembers) {
   ASSERT_EQ(module.StartUp(), ResultCode::kSuccess);
   EXPECT_EQ(runningPlugin, Object());
   char buffer[5];
@@ -39,20 +40,20 @@ TEST_F(LifecycleTest, UnloadAndReloadCallTheirStepsAndKeepTheMembers) {
   EXPECT_EQ(module.Send(messages::kMenuGo), ResultCode::kParameter);
 }
 
-TEST_F(LifecycleTest, AnObjectWhoseSuitesAnotherReleasedCountsAsUnloaded) {
+TEST_F(LifecycleTest, ShutDownOfOneObjectUnloadsTheOther) {
   for (const bool reloads : {true, false}) {
     ASSERT_EQ(module.StartUp(), ResultCode::kSuccess);
     {
       standin::Module second(host, &PluginMain, "Second");
       ASSERT_EQ(second.StartUp(), ResultCode::kSuccess);
     }
-    const size_t shown = person.aboutBoxes.size();
+    const size_t shown = user.aboutBoxes.size();
     EXPECT_EQ(module.About(), ResultCode::kSuccess);
-    EXPECT_EQ(person.aboutBoxes.size(), shown);
+    EXPECT_EQ(user.aboutBoxes.size(), shown);
     if (reloads) {
       EXPECT_EQ(module.Send(messages::kReload), ResultCode::kSuccess);
       EXPECT_EQ(module.About(), ResultCode::kSuccess);
-      EXPECT_EQ(person.aboutBoxes.size(), shown + 1);
+      EXPECT_EQ(user.aboutBoxes.size(), shown + 1);
     }
     EXPECT_EQ(module.ShutDown(), ResultCode::kSuccess);
     EXPECT_EQ(suiteAcquireCount, 0);
@@ -60,12 +61,12 @@ TEST_F(LifecycleTest, AnObjectWhoseSuitesAnotherReleasedCountsAsUnloaded) {
   }
 }
 
-TEST_F(LifecycleTest, AModuleThatGoesIsShutDownFirst) {
+TEST_F(LifecycleTest, DestroyedModuleIsShutDownFirst) {
   PluginRef plugin;
   {
-    standin::Module going(host, &PluginMain, "Going");
-    plugin = going.Ref();
-    ASSERT_EQ(going.StartUp(), ResultCode::kSuccess);
+    standin::Module destroyed(host, &PluginMain, "Destroyed");
+    plugin = destroyed.Ref();
+    ASSERT_EQ(destroyed.StartUp(), ResultCode::kSuccess);
   }
   EXPECT_TRUE(host.Leftovers().empty());
   EXPECT_FALSE(host.Objects().IsPlugin(plugin));

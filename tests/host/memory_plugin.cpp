@@ -1,5 +1,4 @@
-// A plug-in with the module's memory, which tries every form in which memory is taken and given
-// back. It answers with the number of the first that goes wrong, from 1.
+// A plug-in with the module's allocation operators, which checks each pair of them.
 
 #include <new>
 
@@ -10,12 +9,12 @@ namespace {
 
 constexpr size_t kSize = 24;
 
-struct Form {
-  void* (*take)();
-  void (*giveBack)(void* block);
+struct OperatorPair {
+  void* (*allocate)();
+  void (*release)(void* block);
 };
 
-constexpr Form kForms[] = {
+constexpr OperatorPair kPairs[] = {
     {[] { return ::operator new(kSize); }, [](void* block) { ::operator delete(block); }},
     {[] { return ::operator new(kSize); }, [](void* block) { ::operator delete(block, kSize); }},
     {[] { return ::operator new[](kSize); }, [](void* block) { ::operator delete[](block); }},
@@ -26,29 +25,32 @@ constexpr Form kForms[] = {
     {[] { return ::operator new[](kSize, std::nothrow); },
      [](void* block) { ::operator delete[](block, std::nothrow); }},
 };
-constexpr int kThrowing = 4;
+constexpr int kThrowingPairs = 4;
 
-/// Takes one block and gives it back, and does nothing with null; without memory it throws or
-/// gives null, as its form has it.
-bool IsRight(const Form& form, bool isRefused, bool throws) try {
+/// Whether the pair allocates one block and releases it, and ignores null. If the host refuses, the
+/// pair must throw or return null, as its kind requires.
+bool IsCorrect(const OperatorPair& pair, bool isRefused, bool throws) {
   const auto blocks = [] { return qpbasic::Ledger::Get().Counts().blocks; };
   const size_t before = blocks();
-  void* const block = form.take();
-  const size_t taken = blocks() - before;
-  form.giveBack(block);
-  form.giveBack(nullptr);
-  if (isRefused) return !throws && !block;
-  return taken == 1 && blocks() == before;
-} catch (const std::bad_alloc&) {
-  return isRefused && throws;
+  try {
+    void* const block = pair.allocate();
+    const size_t allocated = blocks() - before;
+    pair.release(block);
+    pair.release(nullptr);
+    if (isRefused) return !throws && !block;
+    return allocated == 1 && blocks() == before;
+  } catch (const std::bad_alloc&) {
+    return isRefused && throws;
+  }
 }
 
 }  // namespace
 
-/// "refused" as the caller: no memory can be had.
+/// The caller is "allowed" or "refused", depending on whether the host allocates blocks. Returns
+/// the number of the first incorrect pair, from 1, or 0.
 ResultCode PluginMain(const char* caller, const char*, PluginMessage*) {
   int number = 0;
-  for (const Form& form : kForms)
-    if (!IsRight(form, *caller == 'r', number++ < kThrowing)) return ResultCode{number};
+  for (const OperatorPair& pair : kPairs)
+    if (!IsCorrect(pair, *caller == 'r', number++ < kThrowingPairs)) return ResultCode{number};
   return ResultCode::kSuccess;
 }

@@ -3,9 +3,9 @@
 #include "platform/qpbasic/ledger.h"
 #include "platform/standin/module.h"
 
-TEST(ModuleMemory, ComesFromTheHostInEveryForm) {
+TEST(ModuleMemory, EveryOperatorUsesTheHostsBlocks) {
   const standin::ModuleImage plugin(MEMORY_PLUGIN);
-  EXPECT_EQ(plugin.Entry()("given", "", nullptr), ResultCode::kSuccess);
+  EXPECT_EQ(plugin.Entry()("allowed", "", nullptr), ResultCode::kSuccess);
   qpbasic::Ledger& ledger = qpbasic::Ledger::Get();
   for (const auto code : {ResultCode::kOutOfMemory, ResultCode::kSuccess}) {
     ledger.Refuse({.countdown = 1, .once = false, .code = code});

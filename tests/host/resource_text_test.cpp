@@ -15,7 +15,7 @@ ResultCode GetListString(ModuleRef, int32_t, int32_t, char* buffer, size_t) {
   return kAnswer;
 }
 
-TEST(ReadListEntry, IsTheTextOfAHostThatWritesOneAndSucceeds) {
+TEST(ReadListEntry, ReturnsTextOnlyIfHostWritesItAndSucceeds) {
   const std::pair<decltype(KDMBasicSuite::GetListString), const char*> cases[] = {
       {&GetListString<true, ResultCode::kSuccess>, "x"},
       {&GetListString<true, ResultCode::kCannot>, ""},
@@ -24,7 +24,7 @@ TEST(ReadListEntry, IsTheTextOfAHostThatWritesOneAndSucceeds) {
   for (const auto& [getListString, text] : cases) {
     const KDMBasicSuite host = {getListString, {}, nullptr};
     heldSuite<KDMBasicSuite> = &host;
-    char buffer[] = "from before";
+    char buffer[] = "earlier text";
     EXPECT_EQ(ReadListEntry(nullptr, 1, 1, buffer, sizeof(buffer)), *text != '\0');
     EXPECT_STREQ(buffer, text);
   }

@@ -14,10 +14,10 @@ class SuiteSetTest : public FrameworkTest {
     heldSuite<QPBlocksSuite> = heldSuite<VXUnicodeStringSuite> = nullptr;
     heldSuite<VXUserSuite> = heldSuite<VXUserInterfaceMainSuite> = nullptr;
   }
-  void TearDown() override {}  // suites whose release failed stay held
+  void TearDown() override {}  // some tests make a release fail, which leaves suites held
 };
 
-TEST_F(SuiteSetTest, SetsShareTheSuitesAndTheLastOneReleasesThem) {
+TEST_F(SuiteSetTest, LastSetReleasesSharedSuites) {
   {
     SuiteSet first;
     EXPECT_EQ(first.Error(), ResultCode::kSuccess);
@@ -27,13 +27,13 @@ TEST_F(SuiteSetTest, SetsShareTheSuitesAndTheLastOneReleasesThem) {
     }
     EXPECT_EQ(suiteAcquireCount, 1);
     EXPECT_NE(Suite<KDMBasicSuite>(), nullptr);
-    EXPECT_NE(Suite<VXUserSuite>(), nullptr) << "an optional one";
+    EXPECT_NE(Suite<VXUserSuite>(), nullptr) << "optional";
   }
   EXPECT_EQ(Suite<KDMBasicSuite>(), nullptr);
   EXPECT_EQ(Suite<VXUserSuite>(), nullptr);
 }
 
-TEST_F(SuiteSetTest, WithoutABasicSuiteTheReleaseEndsAtTheFirst) {
+TEST_F(SuiteSetTest, ReleaseWithoutBasicSuiteStopsAtFirst) {
   {
     const SuiteSet set;
     basicSuite = nullptr;
@@ -42,13 +42,13 @@ TEST_F(SuiteSetTest, WithoutABasicSuiteTheReleaseEndsAtTheFirst) {
   EXPECT_NE(Suite<QPPluginsSuite>(), nullptr);
 }
 
-TEST_F(SuiteSetTest, AMissingOptionalSuiteCountsInTheRelease) {
+TEST_F(SuiteSetTest, ReleaseCountsMissingOptionalSuite) {
   host.Suites().SetAbsent("VX User Suite");
   { const SuiteSet set; }
   EXPECT_EQ(host.Suites().Users("VX User Interface Main Suite"), 1u);
 }
 
-TEST_F(SuiteSetTest, OptionalSuitesAreTriedAgainWithEveryMessage) {
+TEST_F(SuiteSetTest, EachMessageTriesToAcquireOptionalSuites) {
   host.Suites().SetAbsent("VX User Suite");
   ASSERT_EQ(module.StartUp(), ResultCode::kSuccess);
   EXPECT_EQ(Suite<VXUserSuite>(), nullptr);
@@ -58,7 +58,8 @@ TEST_F(SuiteSetTest, OptionalSuitesAreTriedAgainWithEveryMessage) {
   EXPECT_NE(Suite<VXUserSuite>(), nullptr);
   Operations().Refuse("release/VX User Suite", ResultCode::kCannot);
   EXPECT_EQ(module.ShutDown(), ResultCode::kSuccess);
-  EXPECT_EQ(host.Suites().Users("VX User Interface Main Suite"), 1u) << "the walk ended before it";
+  EXPECT_EQ(host.Suites().Users("VX User Interface Main Suite"), 1u)
+      << "a failed release must end the walk";
 }
 
 }  // namespace

@@ -4,7 +4,7 @@
 
 #include "platform/qpbasic/qpbasic.h"
 
-/// Takes the place of the library's: the module gives back no block that it never had.
+/// Replaces the library's function, to check that the module never frees null.
 ResultCode QPBasicFreeBlock(void* block) noexcept {
   EXPECT_NE(block, nullptr);
   return qpbasic::Ledger::Get().Free(block);
@@ -14,13 +14,13 @@ static const void* missingOptional = nullptr;
 
 constinit const SuiteImport kPluginSuites[] = {
     ImportOf<QPBlocksSuite>(),
-    {"VX Suite For Nobody", 1, nullptr},
+    {"VX Skipped Suite", 1, nullptr},
     ImportOf<VXUnicodeStringSuite>(),
     {nullptr, kOptionalSuitesFollow, nullptr},
     ImportOf<VXUserSuite>(),
     ImportOf<VXUserInterfaceMainSuite>(),
-    {"VX Suite Of Tomorrow", 1, &missingOptional},
-    {"VX Suite For Nobody", 1, nullptr},
+    {"VX Missing Suite", 1, &missingOptional},
+    {"VX Skipped Suite", 1, nullptr},
     {},
 };
 
@@ -28,7 +28,7 @@ Plugin* CreatePlugin(PluginRef pluginRef) {
   return new TestPlugin(pluginRef);
 }
 
-Plugin* RebindAfterReload(void* kept) {
+Plugin* RebindAfterReload(Plugin* kept) {
   const TestPlugin saved(*static_cast<const TestPlugin*>(kept));
   return ::new (kept) TestPlugin(saved);
 }

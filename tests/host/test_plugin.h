@@ -12,7 +12,7 @@
 #include "platform/qpbasic/ledger.h"
 #include "platform/standin/module.h"
 
-/// What the next TestPlugin does; the framework creates the plug-in itself, so tests say it here.
+/// The behaviour of the next TestPlugin, which the framework creates.
 struct TestPlan {
   bool addStartedNotifier = true;
   bool purges = false;
@@ -22,10 +22,10 @@ struct TestPlan {
 };
 
 inline TestPlan plan;
-inline std::vector<std::string> handled;  // the names of the operations that ran, in order
+inline std::vector<std::string> handled;  // names of the operations called, in order
 inline Plugin* runningPlugin = nullptr;
 
-/// A plug-in on the framework with an optional suite, whose insides tests may look at.
+/// A plug-in with optional suites, whose members tests can read.
 class TestPlugin : public Plugin {
  public:
   explicit TestPlugin(PluginRef pluginRef) : Plugin(pluginRef) {
@@ -45,7 +45,7 @@ class TestPlugin : public Plugin {
     runningPlugin = plugin;
     return ResultCode::kSuccess;
   }
-  // Nobody may act on what these two answer.
+  // The results of these two must be ignored.
   ResultCode FinishStartup() override { return Note("finished", ResultCode::kCannot); }
   ResultCode PrepareUnload(PluginMessage*) override {
     EXPECT_EQ(runningPlugin, this);
@@ -63,7 +63,7 @@ class TestPlugin : public Plugin {
   }
 };
 
-/// The framework under the stand-in host.
+/// Runs the framework with a TestPlugin in the stand-in host.
 class FrameworkTest : public testing::Test {
  protected:
   FrameworkTest() {
@@ -78,7 +78,7 @@ class FrameworkTest : public testing::Test {
   standin::OperationRegistry& Operations() { return host.Operations(); }
   TestPlugin* Object() { return static_cast<TestPlugin*>(module.Globals()); }
 
-  standin::RecordingUserInterface person;
-  standin::Host host{person};
+  standin::RecordingUserInterface user;
+  standin::Host host{user};
   standin::Module module{host, &PluginMain, "Framework"};
 };
