@@ -32,7 +32,7 @@ int OrientationIn(std::string_view exif) {
 }
 
 /// libvips does not read a PNG's eXIf chunk. A chunk has a length, a type, content and a checksum.
-int OrientationOfPng(vips::VSource source) {
+int OrientationOfPng(const vips::VSource& source) {
   constexpr size_t kSignature = 8, kFrame = 12;
   size_t size = 0;
   const auto* const bytes = static_cast<const char*>(vips_source_map(source.get_source(), &size));
@@ -49,7 +49,7 @@ int OrientationOfPng(vips::VSource source) {
 
 /// libvips takes 72 dots per inch from EXIF data that state no resolution. What the JFIF header
 /// states, in dots per inch or centimetre, comes first.
-VImage AtJfifResolution(const VImage& image, vips::VSource source) {
+VImage AtJfifResolution(const VImage& image, const vips::VSource& source) {
   constexpr size_t kHeader = 18;
   const uint8_t* const start = vips_source_sniff(source.get_source(), kHeader);
   if (!start || std::memcmp(start + 6, "JFIF", 5) != 0) return image;
@@ -59,7 +59,7 @@ VImage AtJfifResolution(const VImage& image, vips::VSource source) {
   return image.copy(VImage::option()->set("xres", across / unit)->set("yres", down / unit));
 }
 
-VImage Load(vips::VSource source) {
+VImage Load(const vips::VSource& source) {
   const Format* const format = FormatOf(source);
   if (!format) throw UnsupportedFormat();
   auto* const options =
@@ -67,7 +67,7 @@ VImage Load(vips::VSource source) {
   if (!format->loader) {
     VipsBlob* const blob = vips_source_map_blob(source.get_source());
     if (!blob) throw vips::VError();
-    const VImage image = VImage::magickload_buffer(blob, options);
+    VImage image = VImage::magickload_buffer(blob, options);
     vips_area_unref(VIPS_AREA(blob));
     return image;
   }
@@ -191,7 +191,7 @@ VImage Decoded::Upright(const VImage& source) const {
   return orientation > 1 ? source.autorot() : source;
 }
 
-Decoded Open(vips::VSource source, bool converts) {
+Decoded Open(const vips::VSource& source, bool converts) {
   Decoded decoded;
   VImage image = Load(source);
   decoded.orientation = vips_image_get_orientation(image.get_image());

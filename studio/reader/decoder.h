@@ -21,4 +21,4 @@ struct UnsupportedFormat {};
 /// Opens the file without reading its pixels. Unless `converts`, 8-bit RGB with a matrix profile
 /// keeps its values and the profile. All else is converted to sRGB, relative colorimetric with
 /// black point compensation. Throws UnsupportedFormat, and vips::VError when the file is damaged.
-Decoded Open(vips::VSource source, bool converts);
+Decoded Open(const vips::VSource& source, bool converts);

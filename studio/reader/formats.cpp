@@ -39,7 +39,7 @@ bool IsThere(const Format& format) {
 
 }  // namespace
 
-const Format* FormatOf(vips::VSource source) {
+const Format* FormatOf(const vips::VSource& source) {
   const char* const type = vips_foreign_find_load_source(source.get_source());
   const char* const loader = type ? vips_nickname_find(g_type_from_name(type)) : nullptr;
   const auto begins = [&](std::string_view signature) {

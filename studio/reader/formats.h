@@ -12,7 +12,7 @@ struct Format {
 };
 
 /// The format of a file by its content; null when it is none of the list, or its loader is absent.
-const Format* FormatOf(vips::VSource source);
+const Format* FormatOf(const vips::VSource& source);
 
 /// Writes the list as picture_protocol.h describes it, without formats whose loader is absent.
 void PrintFormats();

@@ -88,13 +88,20 @@ void RestrictCalls() {
   const auto allow = [&](int call, auto... conditions) {
     seccomp_rule_add(filter, SCMP_ACT_ALLOW, call, sizeof...(conditions), conditions...);
   };
+  // In place of the library's macros, which are C and not C++.
+  const auto equals = [](unsigned argument, scmp_datum_t value) {
+    return scmp_arg_cmp{argument, SCMP_CMP_EQ, value, 0};
+  };
+  const auto masked = [](unsigned argument, scmp_datum_t mask, scmp_datum_t value) {
+    return scmp_arg_cmp{argument, SCMP_CMP_MASKED_EQ, mask, value};
+  };
   constexpr int kWriting = O_ACCMODE | O_CREAT | O_TRUNC;
-  allow(SCMP_SYS(openat), SCMP_A2(SCMP_CMP_MASKED_EQ, kWriting, O_RDONLY));
-  allow(SCMP_SYS(open), SCMP_A1(SCMP_CMP_MASKED_EQ, kWriting, O_RDONLY));
-  allow(SCMP_SYS(clone), SCMP_A0(SCMP_CMP_MASKED_EQ, CLONE_THREAD, CLONE_THREAD));
-  allow(SCMP_SYS(tgkill), SCMP_A0(SCMP_CMP_EQ, scmp_datum_t(getpid())));
-  allow(SCMP_SYS(prctl), SCMP_A0(SCMP_CMP_EQ, PR_SET_NAME));
-  allow(SCMP_SYS(prlimit64), SCMP_A0(SCMP_CMP_EQ, 0), SCMP_A2(SCMP_CMP_EQ, 0));  // asks only
+  allow(SCMP_SYS(openat), masked(2, kWriting, O_RDONLY));
+  allow(SCMP_SYS(open), masked(1, kWriting, O_RDONLY));
+  allow(SCMP_SYS(clone), masked(0, CLONE_THREAD, CLONE_THREAD));
+  allow(SCMP_SYS(tgkill), equals(0, scmp_datum_t(getpid())));
+  allow(SCMP_SYS(prctl), equals(0, PR_SET_NAME));
+  allow(SCMP_SYS(prlimit64), equals(0, 0), equals(2, 0));  // asks only
   // Threads fall back to clone, whose flags a filter can see.
   seccomp_rule_add(filter, SCMP_ACT_ERRNO(ENOSYS), SCMP_SYS(clone3), 0);
   seccomp_attr_set(filter, SCMP_FLTATR_CTL_TSYNC, 1);
