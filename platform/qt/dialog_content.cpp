@@ -191,6 +191,12 @@ void DialogContent::ShowProblems(const MessageLine::Problems& problems) {
   }
 }
 
+void DialogContent::ShowEntry(const UI_Node& field, const nrvui::gestures::Outcome& outcome) const {
+  const auto found = viewOfNode.find(&field);
+  if (found == viewOfNode.end()) return;
+  if (auto* const view = dynamic_cast<FieldView*>(found->second)) view->ShowEntry(outcome);
+}
+
 void DialogContent::Explain(const QObject* widget) {
   const auto found = std::ranges::find_if(
       views, [&](const auto& view) { return widget != nullptr && view->Widget() == widget; });

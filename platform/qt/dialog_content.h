@@ -33,6 +33,8 @@ class DialogContent final : private nrvui::ui::NodeObserver {
   /// What is wrong with entries; a content that comes in the place of this one goes on saying it.
   const MessageLine::Problems& Problems() const { return messages->AllProblems(); }
   void ShowProblems(const MessageLine::Problems& problems);
+  /// Shows what was wrong with an entry in the field; ignores other nodes.
+  void ShowEntry(const nrvui::ui::UI_Node& field, const nrvui::gestures::Outcome& outcome) const;
   void SetReadOut(const ReadOut& text) { messages->SetReadOut(text); }
   /// Says what the control is for that `widget` shows; anything else is passed over.
   void Explain(const QObject* widget);

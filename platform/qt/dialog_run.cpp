@@ -40,7 +40,7 @@ void DialogRun::Guard(const std::function<void()>& work) {
   }
 }
 
-Outcome DialogRun::Do(const UI_Node* control, const std::function<Outcome()>& gesture) {
+Outcome DialogRun::Perform(const UI_Node* control, const std::function<Outcome()>& gesture) {
   Outcome outcome;
   ++gestureDepth;
   {
@@ -48,7 +48,6 @@ Outcome DialogRun::Do(const UI_Node* control, const std::function<Outcome()>& ge
     Guard([&] { outcome = gesture(); });
   }
   --gestureDepth;
-  lastOutcome = outcome;
   if (!IsInGesture() && afterGesture) std::exchange(afterGesture, {})();
   TellOfChange();
   return outcome;
@@ -61,29 +60,29 @@ void DialogRun::TellOfChange() {
 }
 
 Outcome DialogRun::Enter(UI_Node& field, const nrvcore::UTF16String& text) {
-  return Do(&field, [&] { return nrvui::gestures::Enter(dialog, field, text); });
+  return Perform(&field, [&] { return nrvui::gestures::Enter(dialog, field, text); });
 }
 
 void DialogRun::Click(UI_Node& control) {
   const bool isCancel = dialog.GetCancelButton() == &control;
   const bool isOk = dialog.GetOkButton() == &control;
   if (!isCancel && !CommitEdit() && isOk) return;
-  Do(&control, [&] { return nrvui::gestures::Click(dialog, control); });
+  Perform(&control, [&] { return nrvui::gestures::Click(dialog, control); });
 }
 
 void DialogRun::Press(nrvui::gestures::Key key) {
   if (key == nrvui::gestures::Key::kReturn && !CommitEdit()) return;
-  Do(nullptr, [&] { return nrvui::gestures::Press(dialog, key); });
+  Perform(nullptr, [&] { return nrvui::gestures::Press(dialog, key); });
 }
 
 void DialogRun::Close() {
-  Do(nullptr, [&] { return nrvui::gestures::Close(dialog); });
+  Perform(nullptr, [&] { return nrvui::gestures::Close(dialog); });
 }
 
 void DialogRun::Resize(QSizeF contentSize) {
   const nrvcore::geom::PointT<float> size = {static_cast<float>(contentSize.width()),
                                              static_cast<float>(contentSize.height())};
-  Do(nullptr, [&] { return nrvui::gestures::Resize(dialog, size); });
+  Perform(nullptr, [&] { return nrvui::gestures::Resize(dialog, size); });
 }
 
 void DialogRun::NoteEdit(Editor& edited) {
@@ -98,10 +97,6 @@ bool DialogRun::CommitEdit() {
 
 std::optional<PendingEntry> DialogRun::Pending() const {
   return editor != nullptr ? editor->Pending() : std::nullopt;
-}
-
-std::optional<Outcome> DialogRun::TakeOutcome() {
-  return std::exchange(lastOutcome, std::nullopt);
 }
 
 }  // namespace qtui

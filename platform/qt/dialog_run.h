@@ -50,6 +50,10 @@ class DialogRun {
   /// `work` is called once, when the gesture that is going on has ended.
   void AfterGesture(std::function<void()> work) { afterGesture = std::move(work); }
 
+  /// Performs a gesture on `control`, null for one on the whole dialog. A default outcome when a
+  /// handler throws.
+  nrvui::gestures::Outcome Perform(const nrvui::ui::UI_Node* control,
+                                   const std::function<nrvui::gestures::Outcome()>& gesture);
   nrvui::gestures::Outcome Enter(nrvui::ui::UI_Node& field, const nrvcore::UTF16String& text);
   /// Ends the edit that is going on, except before the Cancel button. The OK button waits when the
   /// person must see first what became of their entry.
@@ -75,12 +79,7 @@ class DialogRun {
   bool CommitEdit();
   std::optional<PendingEntry> Pending() const;
 
-  /// What became of the last gesture since the last call.
-  std::optional<nrvui::gestures::Outcome> TakeOutcome();
-
  private:
-  nrvui::gestures::Outcome Do(const nrvui::ui::UI_Node* control,
-                              const std::function<nrvui::gestures::Outcome()>& gesture);
   void TellOfChange();
 
   nrvui::ui::UI_Dialog& dialog;
@@ -93,7 +92,6 @@ class DialogRun {
   std::function<void()> whenOver;
   std::function<void()> whenChanged;
   std::exception_ptr failure;
-  std::optional<nrvui::gestures::Outcome> lastOutcome;
 };
 
 }  // namespace qtui

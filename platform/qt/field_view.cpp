@@ -114,7 +114,10 @@ bool FieldView::Commit() {
 }
 
 bool FieldView::Enter(const UTF16String& text) {
-  const Outcome outcome = run.Enter(field, text);
+  return ShowEntry(run.Enter(field, text));
+}
+
+bool FieldView::ShowEntry(const Outcome& outcome) {
   if (run.IsOver()) return false;
   ShowValue();
   if (!outcome.IsRefused() && !outcome.IsPulled()) {

@@ -35,6 +35,9 @@ class FieldView : public NodeView, public Editor, public FieldListener {
   std::optional<PendingEntry> Pending() const override { return std::nullopt; }
   void FieldLeft() override;
 
+  /// Shows the node's value and what was wrong with an entry that led to it. False when the user
+  /// has to look at the result.
+  bool ShowEntry(const nrvui::gestures::Outcome& outcome);
   /// Shows a problem that another view of the same node had.
   void ShowProblem(const QString& text);
 

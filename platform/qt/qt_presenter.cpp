@@ -6,11 +6,16 @@
 #include <stdexcept>
 #include <utility>
 
+#include "platform/nrvui/scripted_presenter.h"
 #include "platform/nrvui/ui_dialog.h"
 #include "platform/qt/dialog_window.h"
-#include "platform/qt/window_player.h"
 
 namespace qtui {
+
+using nrvui::gestures::Outcome;
+using nrvui::gestures::ScriptRun;
+using nrvui::gestures::Step;
+using nrvui::gestures::Verb;
 
 namespace {
 
@@ -23,6 +28,16 @@ QWidget* CurrentWindow() {
     window = owner != nullptr ? owner->window() : nullptr;
   }
   return window;
+}
+
+/// Performs a script's step on the nodes. The window shows the result, as after the user's
+/// gestures.
+Outcome Perform(const Step& step, const ScriptRun& script, DialogRun& run, DialogWindow* window) {
+  const bool hasControl = step.verb == Verb::kEnter || step.verb == Verb::kClick;
+  nrvui::ui::UI_Node* const control = hasControl ? &script.Control(step) : nullptr;
+  const Outcome outcome = run.Perform(control, [&] { return script.Perform(step); });
+  if (step.verb == Verb::kEnter && !run.IsOver()) window->Content().ShowEntry(*control, outcome);
+  return outcome;
 }
 
 }  // namespace
@@ -57,7 +72,14 @@ void QtPresenter::Present(nrvui::ui::UI_Dialog& dialog) {
     photograph();
     if (paintedHook) paintedHook(*window);
     if (!script || run.IsOver()) return;
-    error = WindowPlayer(*script, run, *window, reportFunction).Play(photograph);
+    const ScriptRun scriptRun(*script, dialog, reportFunction);
+    error = scriptRun.Play([&](const Step& step) {
+      const Outcome outcome = Perform(step, scriptRun, run, window);
+      QCoreApplication::processEvents();
+      run.RethrowFailure();
+      photograph();
+      return outcome;
+    });
   };
   window->WhenPainted([&] { run.Guard(show); });
   if (changedHook) {

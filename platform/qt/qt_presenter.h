@@ -26,8 +26,8 @@ class QtPresenter final : public nrvui::ui::DialogPresenter {
 
   void Present(nrvui::ui::UI_Dialog& dialog) override;
 
-  /// Every dialog is then played, by mouse and key events on its window, as the scripted presenter
-  /// would play it; `report` gets the same texts.
+  /// Plays the script on each dialog after its first paint; the window shows the result of each
+  /// gesture. Errors and the texts that `report` gets are those of the scripted presenter.
   void PlayScript(nrvui::gestures::GestureScript gestureScript,
                   std::function<void(const std::string&)> report = {});
   /// What stopped the script in the last dialog, if anything did.

@@ -38,7 +38,9 @@ void OpenWindow::Type(const char* objectName, const char* text) const {
   Click(objectName);
   Key(Qt::Key_A, Qt::ControlModifier);
   if (*text == '\0') Key(Qt::Key_Delete);
-  QTest::keyClicks(&Field(objectName), QString::fromUtf8(text));
+  // QTest::keyClicks types Latin-1 only.
+  for (const QChar character : QString::fromUtf8(text))
+    QTest::sendKeyEvent(QTest::Click, &Field(objectName), Qt::Key_unknown, character, {});
 }
 
 void OpenWindow::Key(Qt::Key key, Qt::KeyboardModifiers modifiers) const {
