@@ -137,15 +137,18 @@ class HandMadeForm : public QDialog {
 
 void ShowDialog(benchmark::State& state) {
   bench::BuiltModule module;
-  double paintedAt = 0;
+  struct Closer final : qtui::DialogListener {
+    void DialogPainted(QWidget& window) override {
+      paintedAt = bench::ThreadTime();
+      window.close();
+    }
+    double paintedAt = 0;
+  } closer;
   qtui::QtPresenter presenter;
-  presenter.WhenPainted([&](QWidget& window) {
-    paintedAt = bench::ThreadTime();
-    window.close();
-  });
+  presenter.AddListener(closer);
   for (auto _ : state) {
     const auto start = module.RunDialog(presenter);
-    state.SetIterationTime(paintedAt - start);
+    state.SetIterationTime(closer.paintedAt - start);
   }
 }
 

@@ -35,7 +35,7 @@ class DialogContent final : private nrvui::ui::NodeObserver {
   void ShowProblems(const MessageLine::Problems& problems);
   /// Shows what was wrong with an entry in the field; ignores other nodes.
   void ShowEntry(const nrvui::ui::UI_Node& field, const nrvui::gestures::Outcome& outcome) const;
-  void SetReadOut(const ReadOut& text) { messages->SetReadOut(text); }
+  void SetSummary(const Summary& text) { messages->SetSummary(text); }
   /// Says what the control is for that `widget` shows; anything else is passed over.
   void Explain(const QObject* widget);
   /// Has what stands above the messages scroll, for a screen that has no room for all; messages and

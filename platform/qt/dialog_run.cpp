@@ -17,7 +17,7 @@ DialogRun::DialogRun(nrvui::ui::UI_Dialog& modalDialog)
     : dialog(modalDialog), isShared(modalDialog.UI_GetReferenceCount() > 1) {
   typingPause.setSingleShot(true);
   typingPause.setInterval(kTypingPause);
-  typingPause.callOnTimeout([this] { TellOfChange(); });
+  typingPause.callOnTimeout([this] { NotifyOfChange(); });
 }
 
 bool DialogRun::IsOver() const {
@@ -36,7 +36,7 @@ void DialogRun::Guard(const std::function<void()>& work) {
     if (isAbandoned && !IsOver()) dialog.SetResponse(nrvui::ui::kCancelResponse);
   } catch (...) {
     failure = std::current_exception();
-    if (whenOver) whenOver();
+    if (listener != nullptr) listener->RunFailed();
   }
 }
 
@@ -48,15 +48,15 @@ Outcome DialogRun::Perform(const UI_Node* control, const std::function<Outcome()
     Guard([&] { outcome = gesture(); });
   }
   --gestureDepth;
-  if (!IsInGesture() && afterGesture) std::exchange(afterGesture, {})();
-  TellOfChange();
+  if (!IsInGesture() && listener != nullptr) listener->GestureEnded();
+  NotifyOfChange();
   return outcome;
 }
 
-void DialogRun::TellOfChange() {
-  if (IsInGesture() || IsOver() || !whenChanged) return;
+void DialogRun::NotifyOfChange() {
+  if (IsInGesture() || IsOver() || listener == nullptr) return;
   typingPause.stop();
-  Guard(whenChanged);
+  Guard([this] { listener->ValuesChanged(); });
 }
 
 Outcome DialogRun::Enter(UI_Node& field, const nrvcore::UTF16String& text) {

@@ -5,7 +5,6 @@
 #include <exception>
 #include <functional>
 #include <optional>
-#include <utility>
 
 #include "platform/nrvui/gesture.h"
 #include "platform/qt/pending_entry.h"
@@ -15,82 +14,95 @@ namespace qtui {
 /// A field that can be edited.
 class Editor {
  public:
-  /// Ends the edit. False when the result needs the user's attention before anything else happens.
+  /// Ends the edit and enters its text. False when the user has to look at the result before
+  /// anything else happens.
   virtual bool Commit() = 0;
-  /// Nothing unless the field has been edited to a number that it accepts without a message.
+  /// Nothing unless the field has been edited to a number within its bounds.
   virtual std::optional<PendingEntry> Pending() const = 0;
 
  protected:
   ~Editor() = default;
 };
 
-/// One modal run of a dialog: turns what a person does to widgets into gestures, and keeps
-/// exceptions, which handlers may throw, out of Qt.
+/// One modal run of a dialog. It turns input to widgets into gestures, and keeps exceptions of the
+/// dialog's handlers out of Qt's event loop: the first one ends the run and is rethrown at its end.
+/// User-interface thread only.
 class DialogRun {
  public:
+  class Listener {
+   public:
+    /// Something threw; the run is over.
+    virtual void RunFailed() = 0;
+    /// The outermost gesture has ended.
+    virtual void GestureEnded() = 0;
+    /// The dialog is still open after a gesture, or 300 ms have passed since the last edit of a
+    /// field's text. An exception ends the run.
+    virtual void ValuesChanged() = 0;
+
+   protected:
+    ~Listener() = default;
+  };
+
+  /// The dialog must outlive the run.
   explicit DialogRun(nrvui::ui::UI_Dialog& modalDialog);
   DialogRun(const DialogRun&) = delete;
   DialogRun& operator=(const DialogRun&) = delete;
 
   nrvui::ui::UI_Dialog& Dialog() const { return dialog; }
+  /// Null removes the listener, which the run does not own.
+  void SetListener(Listener* newListener) { listener = newListener; }
   /// Whether the dialog has a response or something threw.
   bool IsOver() const;
-  /// `over` is called when the run ends because something threw; a response is seen at the dialog
-  /// itself.
-  void WhenOver(std::function<void()> over) { whenOver = std::move(over); }
   bool HasFailed() const { return failure != nullptr; }
   void RethrowFailure() const;
 
-  /// Does the work; what it throws ends the run.
+  /// Calls `work`; an exception ends the run. Does nothing after a failure.
   void Guard(const std::function<void()>& work);
 
-  /// Whether a gesture is going on. Its handler may run an event loop of its own, in which the
-  /// widgets of this run must last.
+  /// Whether a gesture is being performed. Its handler can run an event loop of its own, in which
+  /// the widgets of this run must not be deleted.
   bool IsInGesture() const { return gestureDepth > 0; }
-  /// `work` is called once, when the gesture that is going on has ended.
-  void AfterGesture(std::function<void()> work) { afterGesture = std::move(work); }
 
-  /// Performs a gesture on `control`, null for one on the whole dialog. A default outcome when a
-  /// handler throws.
+  /// Performs a gesture on `control`, null for a gesture on the whole dialog. Returns its outcome,
+  /// a default one when a handler throws.
   nrvui::gestures::Outcome Perform(const nrvui::ui::UI_Node* control,
                                    const std::function<nrvui::gestures::Outcome()>& gesture);
   nrvui::gestures::Outcome Enter(nrvui::ui::UI_Node& field, const nrvcore::UTF16String& text);
-  /// Ends the edit that is going on, except before the Cancel button. The OK button waits when the
-  /// person must see first what became of their entry.
+  /// Commits a pending edit first, except for the Cancel button. The OK button does nothing when
+  /// the user has to look at the result of that edit.
   void Click(nrvui::ui::UI_Node& control);
-  /// Return ends the edit and waits in the same way.
+  /// Return commits a pending edit first, like the OK button.
   void Press(nrvui::gestures::Key key);
   void Close();
+  /// In points.
   void Resize(QSizeF contentSize);
 
-  /// The control whose gesture is being performed, while its handlers run; null otherwise.
+  /// The control of the gesture that is being performed; null otherwise.
   const nrvui::ui::UI_Node* Touched() const { return touched; }
 
-  /// `hook` is called after each gesture that leaves the dialog open, when its handlers are done,
-  /// and 300 ms after the last edit of a field's text. An exception of the hook ends the run.
-  void WhenChanged(std::function<void()> hook) { whenChanged = std::move(hook); }
-
-  /// The text of a field was edited and is not in its node yet. The run keeps one such field: an
-  /// edit that another field has pending is entered first.
+  /// To be called when the text of a field was edited and is not in its node yet. The run keeps one
+  /// such field: a pending edit of another field is committed first.
   void NoteEdit(Editor& edited);
-  void ForgetEditor(const Editor* gone) {
-    if (editor == gone) editor = nullptr;
+  /// To be called when the field's edit has ended or the field is destroyed.
+  void ForgetEditor(const Editor& ended) {
+    if (editor == &ended) editor = nullptr;
   }
+  /// False when the user has to look at the result.
   bool CommitEdit();
   std::optional<PendingEntry> Pending() const;
 
  private:
-  void TellOfChange();
+  void NotifyOfChange();
 
   nrvui::ui::UI_Dialog& dialog;
-  const bool isShared;  // others hold references, so that they can also all let go
+  // Whether others hold references to the dialog. When all of them are released during the run, the
+  // dialog is cancelled.
+  const bool isShared;
+  Listener* listener = nullptr;
   Editor* editor = nullptr;
   int gestureDepth = 0;
   const nrvui::ui::UI_Node* touched = nullptr;
   QTimer typingPause;
-  std::function<void()> afterGesture;
-  std::function<void()> whenOver;
-  std::function<void()> whenChanged;
   std::exception_ptr failure;
 };
 

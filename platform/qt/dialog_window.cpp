@@ -10,6 +10,7 @@
 #include <QStyle>
 #include <QTimer>
 #include <cmath>
+#include <utility>
 
 #include "platform/nrvui/ui_node.h"
 #include "platform/nrvui/ui_views.h"
@@ -24,8 +25,8 @@ using nrvui::ui::UI_Node;
 
 namespace {
 
-constexpr QSize kLargestUnseen(8192, 8192);  // a picture of a larger window takes too much memory
-constexpr QSize kFrameAllowance(16, 48);     // what a window manager puts around a window
+constexpr QSize kLargestOffscreen(8192, 8192);  // limits the memory of screenshots
+constexpr QSize kFrameAllowance(16, 48);        // for the window manager's frame
 
 Qt::WindowFlags FlagsFor(const nrvui::ui::DialogStyle& style) {
   Qt::WindowFlags flags = style.isToolWindow ? Qt::Tool : Qt::Dialog;
@@ -35,8 +36,7 @@ Qt::WindowFlags FlagsFor(const nrvui::ui::DialogStyle& style) {
   return style.hasCloseBox ? flags | Qt::WindowSystemMenuHint | Qt::WindowCloseButtonHint : flags;
 }
 
-/// Without a screen there is no size to keep within, no person drags a window's edge, and Qt warns
-/// about minimum sizes.
+/// The offscreen platform has no screen size to respect, and Qt warns about minimum sizes there.
 bool HasScreen() {
   return QGuiApplication::platformName() != QStringLiteral("offscreen");
 }
@@ -53,41 +53,43 @@ PointT<float> ToPoint(QSize size) {
   return {static_cast<float>(size.width()), static_cast<float>(size.height())};
 }
 
-PointT<float> Larger(PointT<float> one, PointT<float> other) {
+PointT<float> ExpandedTo(PointT<float> one, PointT<float> other) {
   return {std::max(one.x, other.x), std::max(one.y, other.y)};
 }
 
 }  // namespace
 
-DialogWindow::DialogWindow(DialogRun& modalRun, QWidget* parent, Qt::WindowModality modality)
+DialogWindow::DialogWindow(DialogRun& modalRun, const std::vector<DialogListener*>& dialogListeners,
+                           QWidget* parent, Qt::WindowModality modality)
     : QDialog(parent, FlagsFor(modalRun.Dialog().GetStyle())),
       run(modalRun),
+      listeners(dialogListeners),
       dialog(modalRun.Dialog()),
       column(*new QVBoxLayout(this)) {
   setObjectName(ToQString(dialog.UI_GetNodeID()));
   setWindowTitle(ToQString(dialog.GetTitle()));
   setWindowModality(modality);
-  setAttribute(Qt::WA_QuitOnClose, false);  // a dialog is no reason for the application to go on
+  setAttribute(Qt::WA_QuitOnClose, false);  // a dialog does not keep the application running
 
   column.setContentsMargins(0, 0, 0, 0);
   column.setSizeConstraint(QLayout::SetNoConstraint);
 
-  run.WhenOver([this] { End(); });
+  run.SetListener(this);
   dialog.UI_SetObserver(this);
   run.Guard([this] {
     Build();
     FitContent();
-    // FitContent has done what the layouts asked for.
+    // FitContent has already done what these events request.
     QCoreApplication::removePostedEvents(pane, QEvent::LayoutRequest);
+    ValuesChanged();
   });
 }
 
 DialogWindow::~DialogWindow() {
   dialog.UI_SetObserver(nullptr);
-  run.WhenOver({});
-  run.AfterGesture({});
+  run.SetListener(nullptr);
   if (loop == nullptr) return;
-  loop->quit();  // it went with its parent
+  loop->quit();  // the parent destroys the window
   if (!run.IsOver()) run.Guard([this] { dialog.SetResponse(nrvui::ui::kCancelResponse); });
 }
 
@@ -102,7 +104,7 @@ void DialogWindow::Build() {
   for (QWidget* widget : pane->findChildren<QWidget*>()) {
     if (widget->focusPolicy() != Qt::NoFocus) widget->installEventFilter(this);
   }
-  content->SetReadOut(readOut);
+  content->SetSummary(summary);
   const auto& focused = dialog.GetInitialFocus();
   QWidget* focus = focused != nullptr ? content->WidgetOf(*focused) : nullptr;
   if (focus == nullptr) focus = content->FirstFocus();
@@ -110,10 +112,11 @@ void DialogWindow::Build() {
 }
 
 void DialogWindow::RebuildLater() {
-  // Not at once: the event that led here may still be handled by a widget that Build deletes.
+  // Deferred, because a widget that Build deletes may be handling the event that led here.
   QTimer::singleShot(0, this, [this] {
     if (run.IsOver()) return;
-    if (run.IsInGesture()) return run.AfterGesture([this] { RebuildLater(); });
+    isRebuildDue = run.IsInGesture();
+    if (isRebuildDue) return;
     run.Guard([this] {
       run.CommitEdit();
       if (run.IsOver()) return;
@@ -128,8 +131,13 @@ void DialogWindow::RebuildLater() {
   });
 }
 
-void DialogWindow::RunModal() {
+void DialogWindow::GestureEnded() {
+  if (std::exchange(isRebuildDue, false)) RebuildLater();
+}
+
+void DialogWindow::RunModal(std::function<void()> painted) {
   if (run.IsOver()) return;
+  whenPainted = std::move(painted);
   Place();
   show();
   activateWindow();
@@ -140,7 +148,7 @@ void DialogWindow::RunModal() {
   modalLoop.exec(QEventLoop::DialogExec);
   if (alive.isNull()) return;
   loop = nullptr;
-  hide();  // also when the application was asked to quit
+  hide();  // QCoreApplication::quit also ends the loop
 }
 
 void DialogWindow::End() {
@@ -185,24 +193,26 @@ void DialogWindow::PlaceBeside() {
   const QPoint left(beside.left() - framed.width(), middle);
   if (right.x() <= room.right() - framed.width()) return MoveWithin(room, right);
   if (left.x() >= room.left()) return MoveWithin(room, left);
-  // There is room for a part of the rectangle only: on the side where more of it stays in sight.
+  // The dialog covers part of the rectangle, on the side where less of it is covered.
   const bool isRightFreer = room.right() - beside.right() >= beside.left() - room.left();
   MoveWithin(room, {isRightFreer ? room.right() : room.left(), middle});
 }
 
 bool DialogWindow::WasMoved() const {
-  constexpr int kNoticeable = 8;  // window managers adjust a place by the frame's width
-  return placedAt && (pos() - *placedAt).manhattanLength() > kNoticeable;
+  constexpr int kTolerance = 8;  // window managers adjust a position by the frame's width
+  return placedAt && (pos() - *placedAt).manhattanLength() > kTolerance;
 }
 
-void DialogWindow::SetReadOut(const ReadOut& text) {
-  readOut = text;
-  content->SetReadOut(text);
+void DialogWindow::ValuesChanged() {
+  for (DialogListener* listener : listeners) {
+    if (const auto changed = listener->DialogChanged(dialog, run.Pending())) summary = *changed;
+  }
+  content->SetSummary(summary);
 }
 
 void DialogWindow::NodeChanged(UI_Node&) {
   if (run.IsOver()) return End();
-  FollowDialog();
+  SyncSize();
 }
 
 void DialogWindow::FitContent() {
@@ -211,28 +221,28 @@ void DialogWindow::FitContent() {
     content->LetScroll();
     needed = content->Align();
   }
-  if (needed == natural) return;
-  natural = needed;
+  if (needed == neededSize) return;
+  neededSize = needed;
 
-  const PointT<float> size = ToPoint(natural);
+  const PointT<float> size = ToPoint(neededSize);
   const PointT<float> formerMinimum = dialog.GetMinimumSize();
   const PointT<float> former = dialog.GetContentSize();
   if (nrvui::ui::UI_Layout* const layout = FindLayout(dialog)) {
     layout->UI_SetLocalRectF({0, 0, size.x, size.y});
   }
-  // A dialog without a layout node, or that does not follow it, gets its minimum here. A side that
-  // the person made larger than the minimum keeps its length.
-  const PointT<float> minimum = Larger(dialog.GetMinimumSize(), size);
+  // A dialog that does not take its minimum from a layout node gets it here. A side that the user
+  // made longer than the minimum keeps its length.
+  const PointT<float> minimum = ExpandedTo(dialog.GetMinimumSize(), size);
   if (!(minimum == dialog.GetMinimumSize())) dialog.SetMinimumSize(minimum);
   const PointT<float> wanted = {former.x > formerMinimum.x ? std::max(former.x, size.x) : size.x,
                                 former.y > formerMinimum.y ? std::max(former.y, size.y) : size.y};
   if (!(wanted == dialog.GetContentSize())) nrvui::gestures::Resize(dialog, wanted);
-  FollowDialog();
+  SyncSize();
 }
 
 QSize DialogWindow::Limited(QSize size) const {
   const QSize available =
-      HasScreen() ? screen()->availableSize() - kFrameAllowance : kLargestUnseen;
+      HasScreen() ? screen()->availableSize() - kFrameAllowance : kLargestOffscreen;
   const int scrollBar = style()->pixelMetric(QStyle::PM_ScrollBarExtent, nullptr, this);
   if (size.height() > available.height()) size.rwidth() += scrollBar;
   if (size.width() > available.width()) size.rheight() += scrollBar;
@@ -243,25 +253,25 @@ QSize DialogWindow::SizeFor(PointT<float> contentSize) const {
   return Limited(QSizeF(std::ceil(contentSize.x), std::ceil(contentSize.y)).toSize());
 }
 
-void DialogWindow::FollowDialog() {
-  const QScopedValueRollback following(isFollowing, true);
+void DialogWindow::SyncSize() {
+  const QScopedValueRollback syncing(isSyncingSize, true);
   const QSize wanted = SizeFor(dialog.GetContentSize());
   if (HasScreen()) setMinimumSize(SizeFor(dialog.GetMinimumSize()));
   if (wanted == size()) return;
   const QPoint middle = geometry().center();
   resize(wanted);
   if (!isVisible() || !dialog.GetStyle().keepsCentre) return;
-  const QPoint way = middle - geometry().center();
-  move(pos() + way);
-  if (placedAt) *placedAt += way;
+  const QPoint offset = middle - geometry().center();
+  move(pos() + offset);
+  if (placedAt) *placedAt += offset;
 }
 
 void DialogWindow::resizeEvent(QResizeEvent* event) {
   QDialog::resizeEvent(event);
-  if (isFollowing || !isVisible() || run.IsOver()) return;
+  if (isSyncingSize || !isVisible() || run.IsOver()) return;
   if (size() == SizeFor(dialog.GetContentSize())) return;
   run.Resize(size());
-  if (!run.IsOver()) FollowDialog();  // the dialog may have wanted more
+  if (!run.IsOver()) SyncSize();  // the dialog may have clamped the size
 }
 
 bool DialogWindow::HandleKey(const QKeyEvent& event) {
@@ -270,8 +280,7 @@ bool DialogWindow::HandleKey(const QKeyEvent& event) {
     case Qt::Key_Enter:
     case Qt::Key_Escape:
       if (run.IsOver()) return true;
-      // Who holds a key down has not yet seen what it did.
-      if (event.isAutoRepeat()) return true;
+      if (event.isAutoRepeat()) return true;  // the user has not seen the first effect yet
       if (auto* const button = qobject_cast<QPushButton*>(focusWidget());
           button != nullptr && event.key() != Qt::Key_Escape) {
         button->click();
@@ -291,7 +300,7 @@ bool DialogWindow::eventFilter(QObject* watched, QEvent* event) {
   const bool isPane = watched == pane;
   switch (event->type()) {
     case QEvent::KeyPress:
-      // Some keys are the dialog's wherever the focus is, whatever a desktop makes of them.
+      // Return, Escape and Alt reach the dialog whichever widget has the focus.
       return HandleKey(static_cast<QKeyEvent&>(*event));
     case QEvent::FocusIn:
       if (!run.IsOver()) content->Reveal(static_cast<QWidget&>(*watched));
@@ -307,7 +316,10 @@ bool DialogWindow::eventFilter(QObject* watched, QEvent* event) {
       break;
     case QEvent::Paint:
       if (isPane && !placedAt) placedAt = pos();
-      if (isPane && whenPainted) QTimer::singleShot(0, this, std::exchange(whenPainted, {}));
+      if (isPane && whenPainted) {
+        QTimer::singleShot(
+            0, this, [this, painted = std::exchange(whenPainted, {})] { run.Guard(painted); });
+      }
       break;
     default:
       break;

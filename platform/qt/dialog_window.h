@@ -6,9 +6,11 @@
 #include <functional>
 #include <memory>
 #include <optional>
+#include <vector>
 
 #include "platform/nrvui/ui_node.h"
 #include "platform/qt/dialog_content.h"
+#include "platform/qt/dialog_listener.h"
 #include "platform/qt/dialog_run.h"
 
 namespace qtui {
@@ -16,25 +18,26 @@ namespace qtui {
 /// The window of one modal run. Its size is the dialog's content size, both ways: what the fonts
 /// need goes to the dialog's layout node, what a person makes of the window to the dialog, and the
 /// window follows the dialog. On a screen that is too small its content scrolls.
-class DialogWindow final : public QDialog, private nrvui::ui::NodeObserver {
+class DialogWindow final : public QDialog,
+                           private DialogRun::Listener,
+                           private nrvui::ui::NodeObserver {
  public:
-  /// Qt::NonModal leaves input to other windows; they then block what must not be used meanwhile.
-  DialogWindow(DialogRun& modalRun, QWidget* parent, Qt::WindowModality modality);
+  /// Run and listeners must outlive the window. With Qt::NonModal the other windows get input and
+  /// must disable what may not be used while the dialog is open.
+  DialogWindow(DialogRun& modalRun, const std::vector<DialogListener*>& dialogListeners,
+               QWidget* parent, Qt::WindowModality modality);
   ~DialogWindow() override;
 
-  /// Called once, from the event loop, after the window was painted for the first time.
-  void WhenPainted(std::function<void()> painted) { whenPainted = std::move(painted); }
-  /// Says in the message line what follows from the present values.
-  void SetReadOut(const ReadOut& text);
-  /// A rectangle of the screen that the dialog opens beside, where there is room, if the toolkit
-  /// places it; an empty one means nothing.
+  /// A rectangle of the screen. A dialog without a position of its own opens beside it if there is
+  /// room. Empty for none.
   void OpenBeside(const QRect& rect) { beside = rect; }
-  /// The place of the frame, which counts before the rectangle.
+  /// The position of the frame, which takes precedence over the rectangle.
   void OpenAt(const std::optional<QPoint>& position) { wantedPosition = position; }
   /// Whether the user has moved the window since it opened.
   bool WasMoved() const;
-  /// Shows the window until the run is over.
-  void RunModal();
+  /// Shows the window until the run is over. Calls `painted` once, from the event loop, after the
+  /// first paint; an exception ends the run.
+  void RunModal(std::function<void()> painted);
 
   const DialogContent& Content() const { return *content; }
   bool eventFilter(QObject* watched, QEvent* event) override;
@@ -48,33 +51,39 @@ class DialogWindow final : public QDialog, private nrvui::ui::NodeObserver {
 
  private:
   void NodeChanged(nrvui::ui::UI_Node& node) override;
+  void RunFailed() override { End(); }
+  void GestureEnded() override;
+  void ValuesChanged() override;
 
   void Build();
   void RebuildLater();
   void End();
   void FitContent();
-  void FollowDialog();
+  void SyncSize();
   void Place();
-  /// Moves the window to a place, or as near to it as its frame stays in a room of the screen.
+  /// Moves the window to `wanted`, clamped so that its frame stays within `room`.
   void MoveWithin(const QRect& room, QPoint wanted);
   void PlaceBeside();
+  /// Limits a size to the screen, with room for the scroll bars that this makes necessary.
   QSize Limited(QSize size) const;
   QSize SizeFor(nrvcore::geom::PointT<float> contentSize) const;
   bool HandleKey(const QKeyEvent& event);
 
   DialogRun& run;
+  const std::vector<DialogListener*>& listeners;
   nrvui::ui::UI_Dialog& dialog;
   QVBoxLayout& column;
   QWidget* pane = nullptr;
   std::unique_ptr<DialogContent> content;
   QEventLoop* loop = nullptr;
   std::function<void()> whenPainted;
-  QSize natural;
-  ReadOut readOut;
+  QSize neededSize;  // by the content
+  Summary summary;
   QRect beside;
   std::optional<QPoint> wantedPosition;
-  std::optional<QPoint> placedAt;  // by this class and the window manager; nothing before painting
-  bool isFollowing = false;
+  std::optional<QPoint> placedAt;  // by this class and the window manager; empty before painting
+  bool isSyncingSize = false;
+  bool isRebuildDue = false;  // when the gesture has ended
 };
 
 }  // namespace qtui

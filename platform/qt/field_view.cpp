@@ -57,7 +57,7 @@ FieldView::FieldView(DialogRun& modalRun, MessageLine& messageLine,
 }
 
 FieldView::~FieldView() {
-  run.ForgetEditor(this);
+  run.ForgetEditor(*this);
   edit.SetListener(nullptr);
 }
 
@@ -107,7 +107,7 @@ void FieldView::Edited() {
 }
 
 bool FieldView::Commit() {
-  run.ForgetEditor(this);
+  run.ForgetEditor(*this);
   if (!edit.isModified() || run.IsOver()) return true;
   edit.setModified(false);
   return Enter(FromQString(edit.text()));

@@ -19,7 +19,7 @@ namespace {
 
 constexpr int kReservedLines = 3;
 constexpr int kIconGap = 8;
-constexpr int kReadOutPause = 1000;  // ms
+constexpr int kSummaryPause = 1000;  // ms
 
 }  // namespace
 
@@ -34,11 +34,11 @@ MessageLine::MessageLine(QWidget& parent)
   Show();
 }
 
-void MessageLine::SetReadOut(const ReadOut& text) {
-  if (text.text == readOut.text && text.isWarning == readOut.isWarning) return;
-  readOut = text;
+void MessageLine::SetSummary(const Summary& text) {
+  if (text.text == summary.text && text.isWarning == summary.isWarning) return;
+  summary = text;
   Show();
-  AnnounceAfter(readOut.isWarning ? 0 : kReadOutPause);
+  AnnounceAfter(summary.isWarning ? 0 : kSummaryPause);
 }
 
 void MessageLine::SetHint(const QString& text) {
@@ -61,7 +61,7 @@ void MessageLine::ClearProblem(const UI_Node& field) {
   if (cleared->second == announcedProblem) announcedProblem.clear();
   problems.erase(cleared);
   Show();
-  AnnounceAfter(kReadOutPause);
+  AnnounceAfter(kSummaryPause);
 }
 
 void MessageLine::AnnounceAfter(int delay) {
@@ -72,21 +72,21 @@ void MessageLine::Announce() {
   const QString problem = problems.empty() ? QString() : problems.back().second;
   QStringList news;
   if (problem != announcedProblem) news += problem;
-  if (readOut.text != announcedReadOut && (problem.isEmpty() || readOut.isWarning))
-    news += announcedReadOut = readOut.text;
+  if (summary.text != announcedSummary && (problem.isEmpty() || summary.isWarning))
+    news += announcedSummary = summary.text;
   announcedProblem = problem;
   qtui::Announce(*window(), news.join(' ').trimmed());
 }
 
 void MessageLine::showEvent(QShowEvent* event) {
   QWidget::showEvent(event);
-  AnnounceAfter(kReadOutPause);
+  AnnounceAfter(kSummaryPause);
 }
 
 QString MessageLine::Text() const {
   QStringList texts;
   if (!problems.empty()) texts += problems.back().second;
-  if (readOut.isWarning || problems.empty()) texts += readOut.text;
+  if (summary.isWarning || problems.empty()) texts += summary.text;
   if (!IsWarning()) texts += hint;
   texts.removeAll({});
   return texts.join('\n');

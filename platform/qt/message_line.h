@@ -11,7 +11,7 @@
 namespace qtui {
 
 /// What follows from a dialog's present values, in one sentence that whoever opened it has made.
-struct ReadOut {
+struct Summary {
   QString text;  // may be empty
   bool isWarning = false;
 };
@@ -28,7 +28,7 @@ class MessageLine final : public QWidget {
 
   /// What follows from the dialog's present values. Without a warning it is shown only while no
   /// field has a problem.
-  void SetReadOut(const ReadOut& text);
+  void SetSummary(const Summary& text);
   /// Shown below the read-out while there is no warning.
   void SetHint(const QString& text);
   /// Shown above all else; replaces the field's former problem.
@@ -38,7 +38,7 @@ class MessageLine final : public QWidget {
   /// What is to be read now.
   QString Text() const;
   /// Whether that is something that a person must see to.
-  bool IsWarning() const { return !problems.empty() || readOut.isWarning; }
+  bool IsWarning() const { return !problems.empty() || summary.isWarning; }
 
  protected:
   void showEvent(QShowEvent* event) override;
@@ -54,12 +54,12 @@ class MessageLine final : public QWidget {
 
   QLabel& icon;
   QLabel& label;
-  ReadOut readOut;
+  Summary summary;
   QString hint;
   Problems problems;  // the last one is shown
   QTimer pause;       // before the text is announced
   QString announcedProblem;
-  QString announcedReadOut;
+  QString announcedSummary;
 };
 
 }  // namespace qtui

@@ -4,8 +4,8 @@
 
 namespace qtui {
 
-/// A number that a person has typed but not entered: the field is still being edited, and its node
-/// holds the former number. Entering it would need no message.
+/// A number that the user has typed but not entered: the field is still being edited, and its node
+/// holds the previous number. The number is within the field's bounds.
 struct PendingEntry {
   const nrvui::controls::UI_NumberEdit* field;
   double number;

@@ -56,21 +56,32 @@ void QtPresenter::PlayScript(nrvui::gestures::GestureScript gestureScript,
   reportFunction = std::move(report);
 }
 
+void QtPresenter::AddListener(DialogListener& listener) {
+  listeners.push_back(&listener);
+}
+
+void QtPresenter::RemoveListener(DialogListener& listener) {
+  std::erase(listeners, &listener);
+}
+
 void QtPresenter::Present(nrvui::ui::UI_Dialog& dialog) {
   error.reset();
   screenshot = {};
-  if (opening) opening(dialog);
+  for (DialogListener* listener : listeners) listener->DialogOpening(dialog);
   DialogRun run(dialog);
   const QPointer<DialogWindow> window =
-      sharingWindow != nullptr ? new DialogWindow(run, sharingWindow, Qt::NonModal)
-                               : new DialogWindow(run, CurrentWindow(), Qt::ApplicationModal);
+      sharingWindow != nullptr
+          ? new DialogWindow(run, listeners, sharingWindow, Qt::NonModal)
+          : new DialogWindow(run, listeners, CurrentWindow(), Qt::ApplicationModal);
   const auto close = qScopeGuard([&] { delete window.data(); });  // null if its parent has gone
   const auto photograph = [&] {
     if (takesScreenshots && !run.IsOver()) screenshot = window->grab().toImage();
   };
-  const auto show = [&] {
+  const auto playScript = [&] {
     photograph();
-    if (paintedHook) paintedHook(*window);
+    for (DialogListener* listener : listeners) {
+      if (!window.isNull()) listener->DialogPainted(*window);
+    }
     if (!script || run.IsOver()) return;
     const ScriptRun scriptRun(*script, dialog, reportFunction);
     error = scriptRun.Play([&](const Step& step) {
@@ -81,15 +92,9 @@ void QtPresenter::Present(nrvui::ui::UI_Dialog& dialog) {
       return outcome;
     });
   };
-  window->WhenPainted([&] { run.Guard(show); });
-  if (changedHook) {
-    const auto tell = [&] { window->SetReadOut(changedHook(dialog, run.Pending())); };
-    run.WhenChanged(tell);
-    run.Guard(tell);
-  }
   window->OpenBeside(beside);
   window->OpenAt(position);
-  window->RunModal();
+  window->RunModal(playScript);
   if (!window.isNull()) {
     lastPosition = window->pos();
     wasMoved = window->WasMoved();

@@ -6,13 +6,11 @@
 #include <functional>
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "platform/nrvui/dialog_presenter.h"
 #include "platform/nrvui/gesture_script.h"
-#include "platform/qt/message_line.h"
-#include "platform/qt/pending_entry.h"
-
-class QWidget;
+#include "platform/qt/dialog_listener.h"
 
 namespace qtui {
 
@@ -39,19 +37,10 @@ class QtPresenter final : public nrvui::ui::DialogPresenter {
   /// Of the last dialog; null when it was closed before it showed.
   const QImage& Screenshot() const { return screenshot; }
 
-  /// `hook` is called for every dialog before its window is made.
-  void BeforeShown(std::function<void(nrvui::ui::UI_Dialog& dialog)> hook) {
-    opening = std::move(hook);
-  }
-  /// `hook` is called for every dialog, from its event loop, after its first paint.
-  void WhenPainted(std::function<void(QWidget& window)> hook) { paintedHook = std::move(hook); }
-
-  using ChangedHook = std::function<ReadOut(const nrvui::ui::UI_Dialog&,
-                                            const std::optional<PendingEntry>& pending)>;
-  /// `hook` is called for every dialog when it opens, after each gesture that leaves it open, and
-  /// 300 ms after the last edit of a field's text, then with the number that is being typed. Its
-  /// result is shown in the dialog's message line.
-  void WhenChanged(ChangedHook hook) { changedHook = std::move(hook); }
+  /// The listener must outlive the presenter or be removed. Listeners are called in the order in
+  /// which they were added; neither function may be called while a dialog is open.
+  void AddListener(DialogListener& listener);
+  void RemoveListener(DialogListener& listener);
 
   /// A rectangle of the screen that dialogs open beside, where there is room, if the toolkit places
   /// them; an empty one means nothing.
@@ -74,9 +63,7 @@ class QtPresenter final : public nrvui::ui::DialogPresenter {
   std::optional<nrvui::gestures::ScriptError> error;
   bool takesScreenshots = false;
   QImage screenshot;
-  std::function<void(nrvui::ui::UI_Dialog&)> opening;
-  std::function<void(QWidget&)> paintedHook;
-  ChangedHook changedHook;
+  std::vector<DialogListener*> listeners;
   QRect beside;
   std::optional<QPoint> position;
   QPoint lastPosition;

@@ -23,7 +23,7 @@ bool IsRatioOfPercentages(const MosaicChoices& choices) {
 
 }  // namespace
 
-qtui::ReadOut OutlookFor(const Picture& picture, const Forecast& forecast) try {
+qtui::Summary OutlookFor(const Picture& picture, const Forecast& forecast) try {
   const MosaicChoices& choices = forecast.choices;
   const MosaicParameters& params = choices.params;
   const MosaicGeometry geometry = MosaicJob(picture, choices).Geometry();

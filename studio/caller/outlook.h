@@ -6,4 +6,4 @@
 
 /// What OK would lead to, in a sentence or two. It is a warning when there will be no mosaic, with
 /// the reason, and when numbers in the fields differ from those that will be used.
-qtui::ReadOut OutlookFor(const Picture& picture, const Forecast& forecast);
+qtui::Summary OutlookFor(const Picture& picture, const Forecast& forecast);

@@ -2,7 +2,6 @@
 
 #include <QGuiApplication>
 #include <QSocketNotifier>
-#include <QWidget>
 #include <algorithm>
 #include <utility>
 
@@ -58,9 +57,34 @@ DialogUser::DialogUser(const CommandLine& line, const Gestures& gestures,
   if (gestures) {
     windows->PlayScript(*gestures, std::move(report));
   } else if (line.WantsScreenshotsOnly()) {
-    windows->WhenPainted([](QWidget& window) { window.close(); });
+    windows->PlayScript(nrvui::gestures::GestureScript());
   }
 }
+
+/// Restores and keeps the dialog's entries, and has window and summary follow them.
+class AskListener final : public qtui::DialogListener {
+ public:
+  /// `pictureWindow` may be null.
+  AskListener(const Picture& shown, const MosaicChoices& askedChoices, PictureWindow* pictureWindow,
+              DialogEntries& keptEntries)
+      : picture(shown), asked(askedChoices), window(pictureWindow), entries(keptEntries) {}
+
+  void DialogOpening(nrvui::ui::UI_Dialog& dialog) override { EnterAgain(dialog, entries); }
+  std::optional<qtui::Summary> DialogChanged(
+      const nrvui::ui::UI_Dialog& dialog,
+      const std::optional<qtui::PendingEntry>& pending) override {
+    entries = EntriesIn(dialog);
+    const Forecast forecast = ForecastFor(dialog, asked, pending);
+    if (window != nullptr) window->Follow(forecast.choices);
+    return OutlookFor(picture, forecast);
+  }
+
+ private:
+  const Picture& picture;
+  const MosaicChoices& asked;
+  PictureWindow* window;
+  DialogEntries& entries;
+};
 
 }  // namespace
 
@@ -194,16 +218,11 @@ bool ConsoleRun::Ask(MosaicChoices& choices) {
   DialogUser user(line, gestures,
                   [this](const std::string& text) { Warn(QString::fromStdString(text)); });
   std::optional<PictureWindow> window;
+  std::optional<AskListener> listener;
   if (user.windows) {
     if (drawing && line.IsForPerson()) window.emplace(artwork, choices, *user.windows);
-    user.windows->BeforeShown(
-        [this](nrvui::ui::UI_Dialog& dialog) { EnterAgain(dialog, entries); });
-    user.windows->WhenChanged([&](const nrvui::ui::UI_Dialog& dialog, const auto& pending) {
-      entries = EntriesIn(dialog);
-      const Forecast forecast = ForecastFor(dialog, choices, pending);
-      if (window) window->Follow(forecast.choices);
-      return OutlookFor(artwork->picture, forecast);
-    });
+    listener.emplace(artwork->picture, choices, window ? &*window : nullptr, entries);
+    user.windows->AddListener(*listener);
   }
   const QSocketNotifier notifier(interruption->Descriptor(), QSocketNotifier::Read);
   QObject::connect(&notifier, &QSocketNotifier::activated, [] { QCoreApplication::exit(); });

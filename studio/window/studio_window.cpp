@@ -55,6 +55,43 @@ void AcceptCopy(QDropEvent& event) {
   event.accept();
 }
 
+/// Restores the entries of the last dialog in the next one, and shows there why that is open again.
+class EntryKeeper final : public qtui::DialogListener {
+ public:
+  /// `livePreview` may be null.
+  EntryKeeper(const Picture& shown, const MosaicChoices& askedChoices, LivePreview* livePreview,
+              DialogEntries firstEntries)
+      : entries(std::move(firstEntries)),
+        picture(shown),
+        asked(askedChoices),
+        preview(livePreview) {}
+
+  void DialogOpening(nrvui::ui::UI_Dialog& dialog) override {
+    notice = QStringList{notice, EnterAgain(dialog, entries)}.join(' ').trimmed();
+    opened = EntriesIn(dialog);
+    if (fieldAtFault != nullptr) FocusFirst(dialog, fieldAtFault);
+  }
+  std::optional<qtui::Summary> DialogChanged(
+      const nrvui::ui::UI_Dialog& dialog,
+      const std::optional<qtui::PendingEntry>& pending) override {
+    entries = EntriesIn(dialog);
+    const Forecast forecast = ForecastFor(dialog, asked, pending);
+    if (preview != nullptr) preview->Follow(forecast.choices);
+    if (!notice.isEmpty() && entries == opened && !pending) return qtui::Summary{notice, true};
+    return OutlookFor(picture, forecast);
+  }
+
+  DialogEntries entries;
+  QString notice;  // shown until the user changes something
+  const char* fieldAtFault = nullptr;
+
+ private:
+  const Picture& picture;
+  const MosaicChoices& asked;
+  LivePreview* preview;
+  std::optional<DialogEntries> opened;
+};
+
 }  // namespace
 
 StudioWindow::StudioWindow(const QString& statePath, qtui::QtPresenter& presenter)
@@ -280,29 +317,13 @@ std::optional<StudioWindow::Built> StudioWindow::AskUntilBuilt(const MosaicChoic
   const ArtworkPtr shown = Shown();
   std::optional<LivePreview> preview;
   if (actions.preview->isChecked()) preview.emplace(*canvas, shown, asked);
-  const auto forget = qScopeGuard([this] {
-    presenter.BeforeShown({});
-    presenter.WhenChanged({});
-  });
-  QString notice;  // said until the person changes something
-  const char* fieldAtFault = nullptr;
-  std::optional<DialogEntries> opened;
-  presenter.BeforeShown([&](nrvui::ui::UI_Dialog& dialog) {
-    notice = QStringList{notice, EnterAgain(dialog, entries)}.join(' ').trimmed();
-    opened = EntriesIn(dialog);
-    if (fieldAtFault) FocusFirst(dialog, fieldAtFault);
-  });
-  presenter.WhenChanged([&](const nrvui::ui::UI_Dialog& dialog, const auto& pending) {
-    entries = EntriesIn(dialog);
-    const Forecast forecast = ForecastFor(dialog, asked, pending);
-    if (preview) preview->Follow(forecast.choices);
-    if (!notice.isEmpty() && entries == opened && !pending) return qtui::ReadOut{notice, true};
-    return OutlookFor(shown->picture, forecast);
-  });
+  EntryKeeper keeper(shown->picture, asked, preview ? &*preview : nullptr, std::move(entries));
+  presenter.AddListener(keeper);
+  const auto removeKeeper = qScopeGuard([&] { presenter.RemoveListener(keeper); });
   for (std::optional<QPoint> reopensAt;; reopensAt = presenter.LastPosition()) {
     MosaicChoices choices = asked;
     if (!Ask(choices, reopensAt)) return std::nullopt;
-    confirmed[{shown->path, shown->isSizeKnown}] = {choices, entries};
+    confirmed[{shown->path, shown->isSizeKnown}] = {choices, keeper.entries};
     actions.tesseraeAgain->setEnabled(true);
     QElapsedTimer clock;
     clock.start();
@@ -311,12 +332,12 @@ std::optional<StudioWindow::Built> StudioWindow::AskUntilBuilt(const MosaicChoic
         return Built{choices, std::move(*mosaic), double(clock.elapsed()) / 1000};
       }
       if (closesAfterWork) return std::nullopt;
-      notice = Text("$$$/Studio/Line/Stopped=The building was stopped.");
+      keeper.notice = Text("$$$/Studio/Line/Stopped=The building was stopped.");
     } catch (const ChoiceError& error) {
-      notice = Sentence(error.what());
-      fieldAtFault = error.Field();
+      keeper.notice = Sentence(error.what());
+      keeper.fieldAtFault = error.Field();
     } catch (const std::exception& error) {
-      notice = Sentence(ReasonText(error));
+      keeper.notice = Sentence(ReasonText(error));
     }
   }
 }

@@ -80,14 +80,15 @@ TEST_F(Field, SaysWhatItTakesAndWhatWasWrong) {
 
 TEST_F(Field, CountsWhatIsTypedAsPendingUntilItIsEntered) {
   qtui::QtPresenter presenter;
+  FunctionListener listener(presenter);
   int told = 0;
   std::optional<qtui::PendingEntry> pending;
-  presenter.WhenChanged([&](const nrvui::ui::UI_Dialog&, const auto& typed) {
+  listener.WhenChanged([&](const nrvui::ui::UI_Dialog&, const auto& typed) {
     ++told;
     pending = typed;
-    return qtui::ReadOut{};
+    return qtui::Summary{};
   });
-  presenter.WhenPainted([&](QWidget& window) {
+  listener.WhenPainted([&](QWidget& window) {
     const OpenWindow open(window);
     const struct {
       const char* text;

@@ -73,13 +73,14 @@ TEST_F(Keyboard, EntersARadioGroupWhereItIsSelectedAndOffersActions) {
   });
 }
 
-TEST_F(Keyboard, HearsWarningsAndReadOuts) {
+TEST_F(Keyboard, HearsWarningsAndSummaries) {
   qtui::QtPresenter presenter;
-  presenter.WhenChanged([](const nrvui::ui::UI_Dialog&, const auto& pending) {
-    if (!pending) return qtui::ReadOut{"Nothing typed"};
-    return qtui::ReadOut{QString::number(pending->number) + " typed", pending->number > 50};
+  FunctionListener listener(presenter);
+  listener.WhenChanged([](const nrvui::ui::UI_Dialog&, const auto& pending) {
+    if (!pending) return qtui::Summary{"Nothing typed"};
+    return qtui::Summary{QString::number(pending->number) + " typed", pending->number > 50};
   });
-  presenter.WhenPainted([](QWidget& window) {
+  listener.WhenPainted([](QWidget& window) {
     const OpenWindow open(window);
     const auto hears = [&](const char* text) {
       return QTest::qWaitFor([&] {

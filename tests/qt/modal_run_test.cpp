@@ -127,8 +127,9 @@ TEST_F(ModalRun, OutlivesItsWindow) {
     parent->activateWindow();
     ASSERT_TRUE(QTest::qWaitForWindowActive(parent.get()));
     qtui::QtPresenter presenter;
+    FunctionListener listener(presenter);
     presenter.PlayScript(GestureScript::Parse("click percent\nclick gray", "script"));
-    presenter.WhenPainted([&](QWidget&) {
+    listener.WhenPainted([&](QWidget&) {
       if (!isByHandler) parent.reset();
     });
     const nrvui::ui::InstalledPresenter installed(presenter);

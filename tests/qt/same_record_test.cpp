@@ -106,14 +106,15 @@ TEST_F(SameRecord, ComesFromEveryKindOfGesture) {
 
 TEST_F(SameRecord, IsShownWhileAScriptPlaysUntilALineIsRefused) {
   qtui::QtPresenter presenter;
+  FunctionListener listener(presenter);
   presenter.PlayScript(
       GestureScript::Parse("enter TileSpaceHorzTxt -3\nclick GrayRadio\nclick Nothing", "script"));
   QWidget* shown = nullptr;
   QString message;
-  presenter.WhenPainted([&](QWidget& window) { shown = &window; });
-  presenter.WhenChanged([&](const nrvui::ui::UI_Dialog&, const auto&) {
+  listener.WhenPainted([&](QWidget& window) { shown = &window; });
+  listener.WhenChanged([&](const nrvui::ui::UI_Dialog&, const auto&) {
     if (shown != nullptr) message = OpenWindow(*shown).Message();
-    return qtui::ReadOut();
+    return qtui::Summary();
   });
   EXPECT_EQ(RunWith(presenter), ResultCode::kCancelled);
   EXPECT_TRUE(message.startsWith("Horizontal: -3 is less than 0 pt;")) << message.toStdString();

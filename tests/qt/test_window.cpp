@@ -47,8 +47,8 @@ void OpenWindow::Key(Qt::Key key, Qt::KeyboardModifiers modifiers) const {
   QTest::keyClick(window.windowHandle(), key, modifiers);
 }
 
-static void ShowTo(const Person& person, qtui::QtPresenter& presenter) {
-  presenter.WhenPainted([person](QWidget& window) {
+static void ShowTo(const Person& person, FunctionListener& listener) {
+  listener.WhenPainted([person](QWidget& window) {
     EXPECT_TRUE(QTest::qWaitForWindowActive(&window));
     person(OpenWindow(window));
     if (window.isVisible()) window.close();
@@ -61,7 +61,8 @@ void Present(nrvui::ui::UI_Dialog& dialog, const Person& person) {
     person(open);
     if (dialog.GetResponse() == nrvui::ui::kNoResponse) dialog.DefaultCloseCancel();
   };
-  ShowTo(personWhoLeaves, presenter);
+  FunctionListener listener(presenter);
+  ShowTo(personWhoLeaves, listener);
   const nrvui::ui::InstalledPresenter installed(presenter);
   dialog.RunModal();
 }
@@ -82,7 +83,8 @@ ResultCode MosaicWindowTest::RunWith(nrvui::ui::DialogPresenter& presenter) {
 
 ResultCode MosaicWindowTest::Run(const Person& person) {
   qtui::QtPresenter presenter;
-  ShowTo(person, presenter);
+  FunctionListener listener(presenter);
+  ShowTo(person, listener);
   return RunWith(presenter);
 }
 

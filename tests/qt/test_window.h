@@ -11,6 +11,7 @@
 #include "platform/qt/qt_presenter.h"
 #include "platform/qt/text_field.h"
 #include "tests/support/built_module.h"
+#include "tests/support/function_listener.h"
 
 /// An open window as a test drives it.
 class OpenWindow {

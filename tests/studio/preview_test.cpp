@@ -147,7 +147,7 @@ TEST(Preview, ShowsTheTilesThatAreBuiltWithin3Of255) {
 
 TEST(Preview, SaysWhatChoicesLeadTo) {
   const Picture picture(RandomImage(60, 40, QImage::Format_RGB32, 1));
-  const qtui::ReadOut good = OutlookFor(picture, {Choices(100, 50, true)});
+  const qtui::Summary good = OutlookFor(picture, {Choices(100, 50, true)});
   EXPECT_FALSE(good.isWarning);
   EXPECT_EQ(good.text, "5000 tiles of 10 by 20 pt");
   MosaicChoices percentages = Choices(60, 40, true);
@@ -161,14 +161,14 @@ TEST(Preview, SaysWhatChoicesLeadTo) {
             "2400 tiles of 1 by 0.67 pt. The ratio is applied to the percentages.");
   MosaicChoices spaced = Choices(100, 50, true);
   spaced.params.tileSpacingHorizontal = 2;
-  const qtui::ReadOut whole = OutlookFor(picture, {spaced, true, true});
+  const qtui::Summary whole = OutlookFor(picture, {spaced, true, true});
   EXPECT_TRUE(whole.isWarning);
   EXPECT_EQ(whole.text.toStdString(),
             "5000 tiles of 8.02 by 20 pt. Tiles count in whole numbers: 100 by 50. Spaces count in "
             "whole points: 2 by 0 pt.");
   MosaicChoices crowded = Choices(100, 50, true);
   crowded.params.tileSpacingHorizontal = 98;
-  const qtui::ReadOut bad = OutlookFor(picture, {crowded});
+  const qtui::Summary bad = OutlookFor(picture, {crowded});
   EXPECT_TRUE(bad.isWarning);
   EXPECT_TRUE(bad.text.startsWith("No room for tiles")) << bad.text.toStdString();
 }

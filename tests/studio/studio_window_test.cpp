@@ -34,6 +34,7 @@
 #include "studio/window/file_dialogs.h"
 #include "studio/window/settings.h"
 #include "tests/studio/studio_folder.h"
+#include "tests/support/function_listener.h"
 
 namespace {
 
@@ -141,14 +142,14 @@ class StudioWindowTest : public StudioFolder {
   /// The script plays in the first dialog; `person` has the one that comes again, then cancels.
   void CreateTwice(const char* gestures, const std::function<void(QWidget&)>& person) {
     int dialogs = 0;
-    presenter.WhenPainted([&](QWidget& dialog) {
+    listener.WhenPainted([&](QWidget& dialog) {
       if (++dialogs == 1) return;
       person(dialog);
       dialog.close();
     });
     EXPECT_FALSE(Create(gestures));
     EXPECT_EQ(dialogs, 2);
-    presenter.WhenPainted({});
+    listener.WhenPainted({});
   }
   static QString Message(const QWidget& dialog) {
     return dialog.findChild<QWidget*>("messages")->findChildren<QLabel*>().back()->text();
@@ -166,6 +167,7 @@ class StudioWindowTest : public StudioFolder {
   QImage Canvas() const { return window->findChild<::Canvas*>()->grab().toImage(); }
 
   qtui::QtPresenter presenter;
+  FunctionListener listener{presenter};
   std::optional<StudioWindow> window;
   QObject hooks;
   QTimer watchdog;
@@ -182,7 +184,7 @@ TEST_F(StudioWindowTest, TheCanvasShowsWhatOkWouldBuildWhileTheDialogIsOpen) {
     said = Message(dialog);
     EXPECT_FALSE(window->findChild<::Canvas*>()->ArtOnScreen().isEmpty());
   };
-  presenter.WhenPainted([&](QWidget& dialog) {
+  listener.WhenPainted([&](QWidget& dialog) {
     QTimer::singleShot(0, &dialog, [&] {
       look(dialog);
       dialog.close();
@@ -198,7 +200,7 @@ TEST_F(StudioWindowTest, TheCanvasShowsWhatOkWouldBuildWhileTheDialogIsOpen) {
   EXPECT_EQ(preview, picture);
   Action("previewWhileChoosing").trigger();
 
-  presenter.WhenPainted([&](QWidget& dialog) {
+  listener.WhenPainted([&](QWidget& dialog) {
     QTimer::singleShot(0, &dialog, [&] {
       look(dialog);
       QTest::keyClick(&dialog, Qt::Key_Return);
@@ -208,7 +210,7 @@ TEST_F(StudioWindowTest, TheCanvasShowsWhatOkWouldBuildWhileTheDialogIsOpen) {
   EXPECT_EQ(preview, Canvas());
 
   // A number that is being typed counts, with the limit that it gives the spacing.
-  presenter.WhenPainted([&](QWidget& dialog) {
+  listener.WhenPainted([&](QWidget& dialog) {
     QTimer::singleShot(0, &dialog, [&] {
       const auto type = [&](const char* field, const char* text) {
         dialog.findChild<QWidget*>(field)->setFocus();
@@ -235,7 +237,7 @@ TEST_F(StudioWindowTest, OnlyTheViewCanBeChangedWhileTheDialogIsOpen) {
   auto& compare = *qobject_cast<QAbstractButton*>(
       window->findChild<QToolBar*>()->widgetForAction(&Action("compare")));
   EXPECT_FALSE(compare.isEnabled()) << "there is no mosaic yet";
-  presenter.WhenPainted([&](QWidget& dialog) {
+  listener.WhenPainted([&](QWidget& dialog) {
     QTimer::singleShot(0, &dialog, [&] {
       QTest::qWait(300);
       EXPECT_EQ(Usable(), "zoomIn zoomOut actualSize fit zoom compare");
@@ -283,7 +285,7 @@ TEST_F(StudioWindowTest, TheDialogOpensWhereItWasMovedAndAtTheFieldAtFault) {
       dialog.move(expected);
     }
   };
-  presenter.WhenPainted([&](QWidget& dialog) {
+  listener.WhenPainted([&](QWidget& dialog) {
     person(dialog);
     if (dialogs == 2) dialog.close();
   });
@@ -294,7 +296,7 @@ TEST_F(StudioWindowTest, TheDialogOpensWhereItWasMovedAndAtTheFieldAtFault) {
   OpenPicture();
   EXPECT_FALSE(Create("key Escape"));
   EXPECT_EQ(dialogs, 3);
-  presenter.WhenPainted({});
+  listener.WhenPainted({});
 }
 
 TEST_F(StudioWindowTest, TellsAssistiveTechnologyWhatIsThere) {
@@ -490,7 +492,7 @@ TEST_F(StudioWindowTest, APictureOfUnknownSizeLeadsToPercentages) {
   const QImage unknown = Canvas();
   QString shownWidth;
   QWidget* owner = nullptr;
-  presenter.WhenPainted([&](QWidget& dialog) {
+  listener.WhenPainted([&](QWidget& dialog) {
     shownWidth = dialog.findChild<QLabel*>("OrigWidthStatic")->text();
     owner = dialog.parentWidget();
   });
@@ -567,7 +569,7 @@ TEST_F(StudioWindowTest, EntriesComeBackAsTheyWere) {
       "click DeleteRasterChk\nkey Return",
       expectEntries);
   presenter.PlayScript(nrvui::gestures::GestureScript::Parse("", "test"));
-  presenter.WhenPainted(expectEntries);
+  listener.WhenPainted(expectEntries);
   Action("createTesseraeAgain").trigger();
   EXPECT_EQ(seen, 2);
   CreateTwice(
