@@ -15,7 +15,7 @@ QAccessibleInterface* MakeAccessible(const QString&, QObject* object) {
 }
 
 QWidget& AnnouncementOf(QWidget& window) {
-  [[maybe_unused]] static const bool isKnown = [] {
+  [[maybe_unused]] static const bool isInstalled = [] {
     QAccessible::installFactory(MakeAccessible);
     return true;
   }();

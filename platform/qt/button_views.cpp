@@ -16,15 +16,15 @@ using nrvui::controls::UI_RadioButton;
 
 namespace {
 
-constexpr int kOutlineShare = 120;  // of 255, how much of the text's colour is in an outline
-constexpr int kDarkening = 175;     // percent: styles lighten what they fill, and the text is white
+constexpr int kOutlineShare = 120;  // of the text's colour, of 255
+constexpr int kDarkening = 175;     // percent; styles lighten a button's colour
 
 /// A push button that stands out in the colour of selections while it is the default one.
 class PushButton final : public QPushButton {
  public:
   explicit PushButton(QWidget& parent) : QPushButton(&parent) {
-    // Return is the dialog's; and a click leaves the focus in the field, so that the person is
-    // still there when the entry has to be looked at first.
+    // DialogWindow handles Return. A click leaves the focus in the field, in case its entry is
+    // refused or clamped.
     setAutoDefault(false);
     setFocusPolicy(Qt::TabFocus);
   }
@@ -44,8 +44,8 @@ class PushButton final : public QPushButton {
   }
 };
 
-/// A check box or radio button whose outline can be told from its surroundings: Fusion draws it as
-/// a darker shade of the window's colour, less than 3 to 1 apart from it.
+/// A check box or radio button with a stronger outline. Fusion's has a contrast of less than 3 to 1
+/// to the window's colour.
 template <class Button>
 class Outlined final : public Button {
  public:
@@ -60,8 +60,8 @@ class Outlined final : public Button {
   }
 };
 
-/// A check box or radio button for assistive technology. Qt's own toggles the button without a
-/// click, which the dialog would not notice, and names no keys.
+/// A check box or radio button for assistive technology. Qt's own interface toggles the button
+/// without a click, so that the dialog's handler is not called, and reports no mnemonic.
 class AccessibleToggle final : public QAccessibleWidget {
  public:
   static QAccessibleInterface* Make(const QString&, QObject* object) {
@@ -87,7 +87,7 @@ class AccessibleToggle final : public QAccessibleWidget {
     return names;
   }
   void doAction(const QString& action) override {
-    // Not click: the caller waits for the reply, and a handler may run an event loop.
+    // Asynchronous, because the caller waits for the reply and a handler can run an event loop.
     action == toggleAction() ? button.animateClick() : QAccessibleWidget::doAction(action);
   }
   QStringList keyBindingsForAction(const QString& action) const override {
@@ -99,8 +99,8 @@ class AccessibleToggle final : public QAccessibleWidget {
   QAbstractButton& button;
 };
 
-void KnowAccessibleToggles() {
-  [[maybe_unused]] static const bool isKnown = [] {
+void InstallAccessibleToggles() {
+  [[maybe_unused]] static const bool isInstalled = [] {
     QAccessible::installFactory(AccessibleToggle::Make);
     return true;
   }();
@@ -110,7 +110,7 @@ void KnowAccessibleToggles() {
 
 ButtonView::ButtonView(DialogRun& modalRun, UI_ControlView& shown, QAbstractButton& widget)
     : CaptionedView(shown), button(widget) {
-  KnowAccessibleToggles();
+  InstallAccessibleToggles();
   QObject::connect(&button, &QAbstractButton::clicked, &button,
                    [this, &modalRun] { modalRun.Click(Node()); });
 }
@@ -131,9 +131,9 @@ CheckBoxView::CheckBoxView(DialogRun& modalRun, UI_Checkbox& shown, QWidget& par
       checkbox(shown),
       widget(static_cast<QCheckBox&>(*Widget())) {}
 
-void CheckBoxView::Follow() {
+void CheckBoxView::Sync() {
   widget.setChecked(checkbox.IsChecked());
-  ButtonView::Follow();
+  ButtonView::Sync();
 }
 
 RadioButtonView::RadioButtonView(DialogRun& modalRun, UI_RadioButton& shown,
@@ -145,17 +145,17 @@ RadioButtonView::RadioButtonView(DialogRun& modalRun, UI_RadioButton& shown,
   group.addButton(&widget);
 }
 
-void RadioButtonView::Follow() {
-  // Code may select none of a group, or two.
+void RadioButtonView::Sync() {
+  // Code can select no button of a group, or two.
   const bool isSelected = radio.GetValue() == nrvui::controls::kRadioOn;
   group.setExclusive(false);
   widget.setChecked(isSelected);
   group.setExclusive(true);
-  if (isSelected) LetTabEnterHere();
-  ButtonView::Follow();
+  if (isSelected) MakeTabStop();
+  ButtonView::Sync();
 }
 
-void RadioButtonView::LetTabEnterHere() {
+void RadioButtonView::MakeTabStop() {
   // Qt does this when the user selects a button, but not for a selection by code.
   for (QAbstractButton* button : group.buttons()) {
     button->setFocusPolicy(button == &widget ? Qt::StrongFocus : Qt::ClickFocus);

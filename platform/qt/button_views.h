@@ -10,7 +10,7 @@
 
 namespace qtui {
 
-/// A control that is clicked.
+/// The base of the views of buttons, check boxes and radio buttons.
 class ButtonView : public CaptionedView {
  public:
   QWidget* Widget() const override { return &button; }
@@ -31,7 +31,7 @@ class PushButtonView final : public ButtonView {
 class CheckBoxView final : public ButtonView {
  public:
   CheckBoxView(DialogRun& modalRun, nrvui::controls::UI_Checkbox& shown, QWidget& parent);
-  void Follow() override;
+  void Sync() override;
 
  private:
   nrvui::controls::UI_Checkbox& checkbox;
@@ -40,14 +40,14 @@ class CheckBoxView final : public ButtonView {
 
 class RadioButtonView final : public ButtonView {
  public:
-  /// Arrow keys move within `buttonGroup`, which holds the buttons of the node's group.
+  /// `buttonGroup` holds the buttons of the node's group, within which the arrow keys move.
   RadioButtonView(DialogRun& modalRun, nrvui::controls::UI_RadioButton& shown,
                   QButtonGroup& buttonGroup, QWidget& parent);
-  void Follow() override;
+  void Sync() override;
 
  private:
-  /// Has Tab, on its way through the dialog, stop at this button of the group.
-  void LetTabEnterHere();
+  /// Makes this button the one of its group that Tab stops at.
+  void MakeTabStop();
 
   nrvui::controls::UI_RadioButton& radio;
   QButtonGroup& group;

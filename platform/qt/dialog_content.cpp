@@ -25,7 +25,7 @@ Node* As(UI_Node& node) {
   return dynamic_cast<Node*>(&node);
 }
 
-/// Wants to be as large as what scrolls in it.
+/// A scroll area whose size hint is that of its content.
 class Scroller final : public QScrollArea {
  public:
   explicit Scroller(QWidget& parent) : QScrollArea(&parent) {
@@ -70,7 +70,7 @@ NodeView& DialogContent::Make(UI_Node& node, QWidget& parent) {
   viewOfNode.emplace(&node, &view);
   if (view.Widget() != nullptr) view.Widget()->setObjectName(ToQString(node.UI_GetNodeID()));
   if (auto* panel = dynamic_cast<PanelView*>(&view)) MakeChildren(*panel);
-  view.Follow();
+  view.Sync();
   node.UI_SetObserver(this);
   return view;
 }
@@ -135,8 +135,7 @@ bool DialogContent::HasFields() const {
 }
 
 void DialogContent::PlaceMessages() {
-  // Above the row of the OK button. In a window that is too large the free room is above the
-  // messages.
+  // The messages go above the row of the OK button. Extra height of the window goes above them.
   const auto& okButton = run.Dialog().GetOkButton();
   QWidget* row = okButton != nullptr ? WidgetOf(*okButton) : nullptr;
   for (; row != nullptr && row != &pane; row = row->parentWidget()) {
@@ -154,7 +153,7 @@ void DialogContent::PlaceMessages() {
   column->addWidget(messages);
 }
 
-void DialogContent::LetScroll() {
+void DialogContent::MakeScrollable() {
   if (scroller != nullptr) return;
   QWidget* const focus = pane.window()->focusWidget();
   auto& column = static_cast<QBoxLayout&>(*messages->parentWidget()->layout());
@@ -197,12 +196,12 @@ void DialogContent::ShowEntry(const UI_Node& field, const nrvui::gestures::Outco
   if (auto* const view = dynamic_cast<FieldView*>(found->second)) view->ShowEntry(outcome);
 }
 
-void DialogContent::Explain(const QObject* widget) {
+void DialogContent::ShowHintOf(const QObject* widget) {
   const auto found = std::ranges::find_if(
       views, [&](const auto& view) { return widget != nullptr && view->Widget() == widget; });
   if (found == views.end()) return;
-  explained = found->get();
-  messages->SetHint(explained->Hint());
+  hinted = found->get();
+  messages->SetHint(hinted->Hint());
 }
 
 QWidget* DialogContent::FirstFocus() const {
@@ -240,10 +239,10 @@ QSize DialogContent::Align() {
   for (PanelView* panel : panels) {
     if (panel->LabelWidth() > 0) panel->AlignLabels(labelWidth, fieldHeight);
   }
-  std::ranges::reverse(panels);  // what is inside first
+  std::ranges::reverse(panels);  // children before their parents
   for (PanelView* panel : panels) {
     panel->Equalize();
-    // Until then a layout answers with the sizes that its children had before.
+    // A layout that is not activated reports the former sizes of its children.
     if (panel->Widget() != nullptr) panel->Widget()->layout()->activate();
     if (scroller == nullptr) continue;
     scroller->widget()->layout()->activate();
@@ -255,9 +254,9 @@ QSize DialogContent::Align() {
 void DialogContent::NodeChanged(UI_Node& node) {
   const auto found = viewOfNode.find(&node);
   if (found == viewOfNode.end()) return;
-  if (found->second->StillFits()) {
-    found->second->Follow();
-    if (found->second == explained) messages->SetHint(explained->Hint());
+  if (found->second->CanSync()) {
+    found->second->Sync();
+    if (found->second == hinted) messages->SetHint(hinted->Hint());
     return;
   }
   if (isOutdated) return;

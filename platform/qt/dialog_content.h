@@ -16,38 +16,40 @@ class QButtonGroup;
 
 namespace qtui {
 
-/// The widgets for everything in a dialog, in a pane of their own, kept as the nodes are: it
-/// observes every node below the dialog. The labels' buddies, the radio buttons' groups and the OK
-/// button are those that it finds at first.
+/// The widgets of a dialog's nodes, and its message line. Observes every node below the dialog and
+/// updates the widgets when a node changes. Buddies of labels, groups of radio buttons and the OK
+/// button are looked up once, in the constructor. User-interface thread only.
 class DialogContent final : private nrvui::ui::NodeObserver {
  public:
-  /// `rebuild` is called when the nodes have changed so that other widgets are needed.
+  /// Fills `itsPane`, which must outlive the content and owns the widgets. `rebuild` is called
+  /// once, when the nodes have changed in a way that needs a new content.
   DialogContent(DialogRun& modalRun, QWidget& itsPane, std::function<void()> rebuild);
   ~DialogContent();
 
   DialogContent(const DialogContent&) = delete;
   DialogContent& operator=(const DialogContent&) = delete;
 
-  /// Null for a node that is not shown here.
+  /// Null for a node without a widget.
   QWidget* WidgetOf(const nrvui::ui::UI_Node& node) const;
-  /// What is wrong with entries; a content that comes in the place of this one goes on saying it.
+  /// The problems that are shown; to be passed to the content that replaces this one.
   const MessageLine::Problems& Problems() const { return messages->AllProblems(); }
   void ShowProblems(const MessageLine::Problems& problems);
   /// Shows what was wrong with an entry in the field; ignores other nodes.
   void ShowEntry(const nrvui::ui::UI_Node& field, const nrvui::gestures::Outcome& outcome) const;
   void SetSummary(const Summary& text) { messages->SetSummary(text); }
-  /// Says what the control is for that `widget` shows; anything else is passed over.
-  void Explain(const QObject* widget);
-  /// Has what stands above the messages scroll, for a screen that has no room for all; messages and
-  /// buttons stay in sight.
-  void LetScroll();
-  /// Scrolls to a widget.
+  /// Shows the hint of the control that has this widget. Ignores other objects.
+  void ShowHintOf(const QObject* widget);
+  /// Puts the part above the messages into a scroll area, for a small screen; messages and buttons
+  /// remain visible.
+  void MakeScrollable();
+  /// Scrolls to a widget; nothing if it does not scroll.
   void Reveal(QWidget& widget) const;
-  /// The first widget that a person can type or click in; null when there is none.
+  /// The first enabled, visible widget that takes the focus; null when there is none.
   QWidget* FirstFocus() const;
 
   void ShowMnemonics(bool always);
-  /// Lines up labels, buttons and groups by the fonts in use, and says how much room that takes.
+  /// Aligns labels, buttons and groups for the present fonts. Returns the size that the content
+  /// needs.
   QSize Align();
 
  private:
@@ -70,8 +72,8 @@ class DialogContent final : private nrvui::ui::NodeObserver {
   std::vector<std::unique_ptr<NodeView>> views;  // parents before their children
   std::unordered_map<const nrvui::ui::UI_Node*, NodeView*> viewOfNode;
   QHash<QString, QButtonGroup*> groups;
-  QScrollArea* scroller = nullptr;      // null until something scrolls
-  const NodeView* explained = nullptr;  // what the messages say is about it
+  QScrollArea* scroller = nullptr;   // null until something scrolls
+  const NodeView* hinted = nullptr;  // whose hint is shown
   bool isOutdated = false;
 };
 

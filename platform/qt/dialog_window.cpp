@@ -218,7 +218,7 @@ void DialogWindow::NodeChanged(UI_Node&) {
 void DialogWindow::FitContent() {
   QSize needed = content->Align();
   if (Limited(needed) != needed) {
-    content->LetScroll();
+    content->MakeScrollable();
     needed = content->Align();
   }
   if (needed == neededSize) return;
@@ -306,10 +306,10 @@ bool DialogWindow::eventFilter(QObject* watched, QEvent* event) {
       if (!run.IsOver()) content->Reveal(static_cast<QWidget&>(*watched));
       [[fallthrough]];
     case QEvent::Enter:
-      if (!run.IsOver()) content->Explain(watched);
+      if (!run.IsOver()) content->ShowHintOf(watched);
       break;
     case QEvent::Leave:
-      if (!run.IsOver()) content->Explain(focusWidget());
+      if (!run.IsOver()) content->ShowHintOf(focusWidget());
       break;
     case QEvent::LayoutRequest:
       if (isPane && !run.IsOver()) run.Guard([this] { FitContent(); });

@@ -15,9 +15,9 @@
 
 namespace qtui {
 
-/// The window of one modal run. Its size is the dialog's content size, both ways: what the fonts
-/// need goes to the dialog's layout node, what a person makes of the window to the dialog, and the
-/// window follows the dialog. On a screen that is too small its content scrolls.
+/// The window of one modal run. Its size and the dialog's content size are kept equal: the size
+/// that the fonts need is set on the dialog's layout node, the user's resizing on the dialog, and
+/// the window resizes with the dialog. Its content scrolls on a screen that is too small.
 class DialogWindow final : public QDialog,
                            private DialogRun::Listener,
                            private nrvui::ui::NodeObserver {

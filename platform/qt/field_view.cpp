@@ -35,8 +35,8 @@ QString Localized(const char* key, const Values&... values) {
   return ToQString(Localizer::Get().Localize(key, {ReplacementValue(FromQString(values))...}));
 }
 
-/// The same text for a place where no line may break.
-QString Unbroken(QString text) {
+/// The text with non-breaking spaces.
+QString NonBreaking(QString text) {
   return text.replace(u' ', QChar::Nbsp);
 }
 
@@ -61,19 +61,19 @@ FieldView::~FieldView() {
   edit.SetListener(nullptr);
 }
 
-void FieldView::Follow() {
+void FieldView::Sync() {
   const QString value = ToQString(field.GetValue());
   const QString range = Range();
   if (value != shownValue) {
     const auto* const touched = dynamic_cast<const nrvui::controls::UI_ControlView*>(run.Touched());
     origin = touched != nullptr ? SpokenName(ToQString(touched->GetCaption())) : QString();
     ShowValue();
-    JudgeValue();
+    CheckValue();
   } else if (range != shownRange) {
-    JudgeValue();
+    CheckValue();
   }
   shownRange = range;
-  NodeView::Follow();
+  NodeView::Sync();
 }
 
 void FieldView::SetName(const QString& spokenName) {
@@ -93,12 +93,11 @@ void FieldView::ShowValue() {
 
 void FieldView::Edited() {
   const QString text = edit.text();
-  // Qt takes a text that assistive technology sets for an unmodified one, like the text that Undo
-  // brings back.
+  // Qt reports a text that assistive technology sets as unmodified, like a text that Undo restores.
   if (!edit.isModified() && text != shownValue) edit.setModified(true);
   SetProblem({});
   run.NoteEdit(*this);
-  if (edit.text() != text) {  // an edit that was pending elsewhere has changed this value
+  if (edit.text() != text) {  // committing another field's edit has changed this value
     const QScopedValueRollback showing(isShowing, true);
     edit.setText(text);
     edit.setModified(true);
@@ -121,7 +120,7 @@ bool FieldView::ShowEntry(const Outcome& outcome) {
   if (run.IsOver()) return false;
   ShowValue();
   if (!outcome.IsRefused() && !outcome.IsPulled()) {
-    JudgeValue();
+    CheckValue();
     return true;
   }
   const QString reason = ToQString(Describe(outcome));
@@ -130,7 +129,7 @@ bool FieldView::ShowEntry(const Outcome& outcome) {
 }
 
 void FieldView::FieldLeft() {
-  if (!edit.isModified()) JudgeValue();
+  if (!edit.isModified()) CheckValue();
   Commit();
 }
 
@@ -147,14 +146,14 @@ QString FieldView::Hint() const {
 QString FieldView::EntryProblem(const QString& reason) const {
   const QString range = Range();
   return range.isEmpty() ? Localized(kProblem, name, reason)
-                         : Localized(kProblemAndRange, name, reason, Unbroken(range));
+                         : Localized(kProblemAndRange, name, reason, NonBreaking(range));
 }
 
 FieldView::ProblemText FieldView::ValueProblem(const QString&) const {
   return {};
 }
 
-void FieldView::JudgeValue() {
+void FieldView::CheckValue() {
   SetProblem(ValueProblem(origin));
 }
 
@@ -178,18 +177,18 @@ NumberFieldView::~NumberFieldView() {
   widget.SetListener(nullptr);
 }
 
-void NumberFieldView::Follow() {
-  FieldView::Follow();
+void NumberFieldView::Sync() {
+  FieldView::Sync();
   widget.SetNumber({number.GetNumber(), number.GetLowerBound(), number.GetUpperBound()});
 }
 
-void NumberFieldView::StepAsked(int count) {
+void NumberFieldView::StepRequested(int count) {
   if (!Commit()) return;
   const double stepped = std::min(number.GetNumber() + count, number.GetUpperBound());
   Enter(number.Format(std::max(stepped, number.GetLowerBound())));
 }
 
-void NumberFieldView::NumberAsked(double value) {
+void NumberFieldView::NumberRequested(double value) {
   Enter(number.Format(value));
 }
 
@@ -203,8 +202,8 @@ FieldView::ProblemText NumberFieldView::ValueProblem(const QString& origin) cons
   const UTF16String shown = number.Format(value);
   const double nearest = std::min(std::max(value, number.GetLowerBound()), number.GetUpperBound());
   if (shown == number.Format(nearest)) return {};
-  return [this, origin, shown = Unbroken(ToQString(shown))] {
-    const QString range = Unbroken(Range());
+  return [this, origin, shown = NonBreaking(ToQString(shown))] {
+    const QString range = NonBreaking(Range());
     return origin.isEmpty() ? Localized(kNotEntered, Name(), shown, range)
                             : Localized(kProduced, Name(), shown, range, origin);
   };

@@ -11,14 +11,14 @@
 
 namespace qtui {
 
-/// A field that can be edited, by keys or by assistive technology. The text reaches the node when
-/// the field is left, Return is pressed or something is clicked; until then the field shows the
-/// text, afterwards what the node made of it. A text that was not changed is not entered.
+/// A field that can be edited with keys or by assistive technology. The text is entered in the node
+/// when the field loses the focus, Return is pressed or a control is clicked; then the field shows
+/// the node's value. A text that was not edited is not entered.
 ///
-/// A field has at most one problem, which is shown with a mark. A problem of an entry (refused or
-/// clamped) ends when the field is edited, when its value or bounds change, and when the user comes
-/// back to it and leaves it as it is. A value outside the bounds, which only code can set, is a
-/// problem as long as it stays.
+/// A field has at most one problem, which is shown in the message line and by a mark. The problem
+/// of an entry that was refused or clamped ends when the field is edited, when its value or bounds
+/// change, and when the user returns to the field and leaves it unedited. A value outside the
+/// bounds, which only code can set, is a problem until it changes.
 class FieldView : public NodeView, public Editor, public FieldListener {
  public:
   FieldView(DialogRun& modalRun, MessageLine& messageLine, nrvui::controls::UI_TextEdit& shown,
@@ -26,7 +26,7 @@ class FieldView : public NodeView, public Editor, public FieldListener {
   ~FieldView() override;
 
   QWidget* Widget() const override { return &edit; }
-  void Follow() override;
+  void Sync() override;
   void SetName(const QString& spokenName) override;
   QString Description() const override;
   QString Hint() const override;
@@ -44,16 +44,16 @@ class FieldView : public NodeView, public Editor, public FieldListener {
  protected:
   using ProblemText = std::function<QString()>;
 
-  /// What may be entered, for the person; empty when anything may.
+  /// A text for the range of valid entries; empty when every entry is valid.
   virtual QString Range() const { return {}; }
-  /// Localises to what the field takes: %1 is its name, %2 its range.
+  /// The key of the hint; %1 is the field's name, %2 its range.
   virtual const char* HintKey() const { return "$$$/nrvui/Field/Hint=%1: %2"; }
-  /// What is wrong with the node's value; null when nothing is. `origin` is the caption of the
-  /// control whose gesture led to the value, empty for another origin.
+  /// The problem of the node's value, null for none. `origin` is the caption of the control whose
+  /// handler set the value, empty if there is none.
   virtual ProblemText ValueProblem(const QString& origin) const;
-  /// The widget has another text.
+  /// Called when the widget's text has changed.
   virtual void TextChanged() {}
-  /// False when the person must look at what became of it.
+  /// False when the user has to look at the result.
   bool Enter(const nrvcore::UTF16String& text);
   bool IsEdited() const { return edit.isModified(); }
   QString Text() const { return edit.text(); }
@@ -62,7 +62,7 @@ class FieldView : public NodeView, public Editor, public FieldListener {
  private:
   void Edited();
   void ShowValue();
-  void JudgeValue();
+  void CheckValue();
   void SetProblem(ProblemText text);
   QString EntryProblem(const QString& reason) const;
 
@@ -73,7 +73,7 @@ class FieldView : public NodeView, public Editor, public FieldListener {
   QString shownValue;
   QString shownRange;
   QString origin;       // of the value, for ValueProblem
-  ProblemText problem;  // composed anew when the name changes; null when there is none
+  ProblemText problem;  // a function, since the field's name can change; null for none
   QString name;
   bool isShowing = false;
 };
@@ -86,12 +86,12 @@ class NumberFieldView final : public FieldView {
   ~NumberFieldView() override;
 
   QWidget* Widget() const override { return &widget; }
-  void Follow() override;
+  void Sync() override;
   void SetMnemonic(const QKeySequence& keys) override { widget.SetMnemonic(keys); }
   std::optional<PendingEntry> Pending() const override;
-  /// By so many of the field's unit, as far as the bounds allow.
-  void StepAsked(int count) override;
-  void NumberAsked(double value) override;
+  /// Steps by `count` of the field's unit, clamped to the bounds.
+  void StepRequested(int count) override;
+  void NumberRequested(double value) override;
 
  protected:
   QString Range() const override;

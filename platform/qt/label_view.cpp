@@ -34,7 +34,7 @@ void LabelView::SetName(const QString& spokenName) {
 
 QString LabelView::Caption(bool withMnemonic) const {
   if (IsLabel()) return CaptionedView::Caption(withMnemonic);
-  // A number and its unit stand from left to right also in a text of the other direction.
+  // A number and its unit are written from left to right in every language.
   const QString value = ToQString(text.GetValue());
   return label.isRightToLeft() ? kLeftToRightMark + value : value;
 }

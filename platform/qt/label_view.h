@@ -7,16 +7,16 @@
 
 namespace qtui {
 
-/// The label of another control, or a value that is shown as it stands.
+/// The label of another control, or a read-only value.
 class LabelView final : public CaptionedView {
  public:
   LabelView(nrvui::controls::UI_StaticText& shown, QWidget& parent);
 
   QWidget* Widget() const override { return &label; }
   bool IsLabel() const;
-  /// The control that the label belongs to.
+  /// Sets the control that the label names.
   void SetBuddy(NodeView& buddy);
-  /// Of a value: what it is the value of.
+  /// Sets the name of the quantity, for a read-only value.
   void SetName(const QString& spokenName) override;
 
  protected:

@@ -70,12 +70,12 @@ void MessageLine::AnnounceAfter(int delay) {
 
 void MessageLine::Announce() {
   const QString problem = problems.empty() ? QString() : problems.back().second;
-  QStringList news;
-  if (problem != announcedProblem) news += problem;
+  QStringList texts;
+  if (problem != announcedProblem) texts += problem;
   if (summary.text != announcedSummary && (problem.isEmpty() || summary.isWarning))
-    news += announcedSummary = summary.text;
+    texts += announcedSummary = summary.text;
   announcedProblem = problem;
-  qtui::Announce(*window(), news.join(' ').trimmed());
+  qtui::Announce(*window(), texts.join(' ').trimmed());
 }
 
 void MessageLine::showEvent(QShowEvent* event) {
@@ -94,7 +94,7 @@ QString MessageLine::Text() const {
 
 void MessageLine::Show() {
   const bool isWarning = IsWarning();
-  // A wrapped text would otherwise go to the side from which its own script is read.
+  // QLabel would align a wrapped text by the direction of its script.
   label.setAlignment((isRightToLeft() ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignAbsolute |
                      Qt::AlignTop);
   label.setText(Text());
@@ -108,8 +108,8 @@ void MessageLine::Show() {
 }
 
 void MessageLine::Arrange() {
-  // No layout does this: one that asks how high a text becomes asks for the whole dialog, and a
-  // message never widens it.
+  // Without a layout: height-for-width in one widget makes QLayout compute it for the whole dialog,
+  // and a message must not widen the dialog.
   const QFontMetricsF metrics(font());
   const int iconRoom = icon.isHidden() ? 0 : icon.sizeHint().width() + kIconGap;
   const int textWidth = std::max(width() - iconRoom, 1);

@@ -10,34 +10,33 @@
 
 namespace qtui {
 
-/// What follows from a dialog's present values, in one sentence that whoever opened it has made.
+/// What a dialog's present values will lead to, in one sentence by the dialog's caller.
 struct Summary {
   QString text;  // may be empty
   bool isWarning = false;
 };
 
-/// The dialog's messages: what follows from its present values, what the control is for that a
-/// person is at, and what is wrong with an entry. It keeps room for three lines, so that a message
-/// does not move the controls. Screen readers announce warnings when the gesture that led to them
-/// has ended, and a new read-out after a second without another one.
+/// The dialog's messages: the summary of its values, the hint of the control that has the focus or
+/// the pointer, and the problem of an entry. It reserves three lines, so that a message does not
+/// move the controls. Screen readers announce warnings when the gesture that led to them has ended,
+/// and a summary when it has not changed for a second.
 class MessageLine final : public QWidget {
  public:
   using Problems = std::vector<std::pair<const nrvui::ui::UI_Node*, QString>>;
 
   explicit MessageLine(QWidget& parent);
 
-  /// What follows from the dialog's present values. Without a warning it is shown only while no
-  /// field has a problem.
+  /// A summary that is not a warning is shown only while no field has a problem.
   void SetSummary(const Summary& text);
-  /// Shown below the read-out while there is no warning.
+  /// The hint is shown below the summary while there is no warning.
   void SetHint(const QString& text);
-  /// Shown above all else; replaces the field's former problem.
+  /// Shows the problem first; it replaces the field's former problem.
   void SetProblem(const nrvui::ui::UI_Node& field, const QString& text);
   void ClearProblem(const nrvui::ui::UI_Node& field);
   const Problems& AllProblems() const { return problems; }
-  /// What is to be read now.
+  /// The text that is shown.
   QString Text() const;
-  /// Whether that is something that a person must see to.
+  /// Whether the text shows a problem or a warning.
   bool IsWarning() const { return !problems.empty() || summary.isWarning; }
 
  protected:
@@ -48,7 +47,7 @@ class MessageLine final : public QWidget {
  private:
   void Show();
   void Arrange();
-  /// In so many ms; an announcement that is due at once (0 ms) is not delayed again.
+  /// Announces the text in `delay` ms. Does not delay an announcement that is due at once (0 ms).
   void AnnounceAfter(int delay);
   void Announce();
 

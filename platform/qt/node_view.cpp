@@ -12,7 +12,7 @@ NodeView::~NodeView() {
   node->UI_SetObserver(nullptr);
 }
 
-void NodeView::Follow() {
+void NodeView::Sync() {
   QWidget* const widget = Widget();
   if (widget == nullptr) return;
   if (const auto* control = dynamic_cast<const UI_ControlView*>(node.get())) {
@@ -44,18 +44,18 @@ QString CaptionedView::Caption(bool withMnemonic) const {
   return withMnemonic ? caption : WithoutMnemonic(caption);
 }
 
-void CaptionedView::Follow() {
+void CaptionedView::Sync() {
   const QString caption = Caption(mnemonicAlways || control.IsMnemonicShown());
   if (caption != shownCaption) {
     shownCaption = caption;
     SetCaption(caption);
   }
-  NodeView::Follow();
+  NodeView::Sync();
 }
 
 void CaptionedView::ShowMnemonic(bool always) {
   mnemonicAlways = always;
-  Follow();
+  Sync();
 }
 
 }  // namespace qtui

@@ -7,8 +7,8 @@
 
 namespace qtui {
 
-/// Shows one node as a widget. The destructor removes the node's observer, which is the content
-/// that made the view. The parent widget owns the widget; views are destroyed before it.
+/// Shows one node as a widget, which its parent widget owns and which outlives the view. The
+/// destructor removes the node's observer, the content that created the view.
 class NodeView {
  public:
   explicit NodeView(nrvui::ui::UI_Node& shownNode);
@@ -17,20 +17,20 @@ class NodeView {
   virtual ~NodeView();
 
   nrvui::ui::UI_Node& Node() const { return *node; }
-  /// Null for a node that only leaves room.
+  /// Null for a panel that is only space between others.
   virtual QWidget* Widget() const = 0;
 
-  /// Makes the widget show the node as it is now.
-  virtual void Follow();
-  /// Whether the view still fits the node after a change of its children or arrangement.
-  virtual bool StillFits() const { return true; }
+  /// Updates the widget from the node.
+  virtual void Sync();
+  /// Whether the view can show the node after a change of its children or arrangement.
+  virtual bool CanSync() const { return true; }
 
-  /// While the Alt key is down every mnemonic is shown, otherwise those that the nodes want.
+  /// Shows every mnemonic (while the Alt key is down), or only those of nodes that ask for it.
   virtual void ShowMnemonic(bool) {}
-  /// What the control is for, or why it is disabled, and what it takes; empty for other nodes.
-  /// Shown as tool tip and told to assistive technology.
+  /// The purpose of the control or why it is disabled, and its range; empty for other nodes. Used
+  /// as tool tip and as accessible description.
   virtual QString Description() const;
-  /// The same as the message line has room for it.
+  /// The longer form for the message line.
   virtual QString Hint() const { return Description(); }
 
   /// Sets the name that screen readers say, taken from the node's label.
@@ -50,7 +50,7 @@ class CaptionedView : public NodeView {
  public:
   explicit CaptionedView(nrvui::controls::UI_ControlView& shownControl);
 
-  void Follow() override;
+  void Sync() override;
   void ShowMnemonic(bool always) override;
 
  protected:

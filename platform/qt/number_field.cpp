@@ -20,7 +20,8 @@ int StepSize(Qt::KeyboardModifiers modifiers) {
   return modifiers.testFlag(Qt::ShiftModifier) ? kManySteps : 1;
 }
 
-/// Tells assistive technology what only this kind of spin box knows of its number.
+/// A number field for assistive technology. Qt's own interface reads the numbers of its own spin
+/// boxes only.
 class AccessibleNumber final : public QAccessibleWidget, public QAccessibleValueInterface {
  public:
   static QAccessibleInterface* Make(const QString&, QObject* object) {
@@ -53,7 +54,7 @@ class AccessibleNumber final : public QAccessibleWidget, public QAccessibleValue
 
   QVariant currentValue() const override { return field.ShownNumber().value; }
   void setCurrentValue(const QVariant& value) override {
-    if (field.Listener() != nullptr) field.Listener()->NumberAsked(value.toDouble());
+    if (field.Listener() != nullptr) field.Listener()->NumberRequested(value.toDouble());
   }
   QVariant minimumValue() const override { return Bound(field.ShownNumber().lower); }
   QVariant maximumValue() const override { return Bound(field.ShownNumber().upper); }
@@ -68,7 +69,7 @@ class AccessibleNumber final : public QAccessibleWidget, public QAccessibleValue
 }  // namespace
 
 NumberField::NumberField(QWidget& parent) : QAbstractSpinBox(&parent), text(*new TextField(*this)) {
-  [[maybe_unused]] static const bool isKnown = [] {
+  [[maybe_unused]] static const bool isInstalled = [] {
     QAccessible::installFactory(AccessibleNumber::Make);
     return true;
   }();
@@ -113,7 +114,7 @@ void NumberField::stepBy(int count) {
 }
 
 void NumberField::Step(int count) {
-  if (listener != nullptr && count != 0) listener->StepAsked(count);
+  if (listener != nullptr && count != 0) listener->StepRequested(count);
 }
 
 QSize NumberField::sizeHint() const {
@@ -145,7 +146,7 @@ void NumberField::keyPressEvent(QKeyEvent* event) {
 
 void NumberField::wheelEvent(QWheelEvent* event) {
   if (!hasFocus()) return event->ignore();
-  // Some platforms turn the wheel sideways while Shift is down.
+  // Some platforms swap the axes of the wheel while Shift is down.
   const QPoint turned = event->angleDelta();
   wheelRemainder += turned.y() != 0 ? turned.y() : turned.x();
   const int notches = wheelRemainder / kWheelNotch;

@@ -8,11 +8,11 @@
 
 namespace qtui {
 
-/// A line of text that shows a number, with buttons, keys and wheel to step it. It neither reads
-/// nor checks what is typed; its listener does.
+/// A text field for a number that can be stepped with buttons, keys and wheel. Its listener parses
+/// the text.
 class NumberField final : public QAbstractSpinBox {
  public:
-  /// What the field holds, for steps and for assistive technology; bounds may be infinite.
+  /// The number and its bounds, for steps and assistive technology. Bounds can be infinite.
   struct Number {
     double value = 0;
     double lower = 0;
@@ -21,14 +21,14 @@ class NumberField final : public QAbstractSpinBox {
 
   explicit NumberField(QWidget& parent);
 
-  /// It must outlive the field or be taken away (null).
+  /// The listener must outlive the field or be removed (null).
   void SetListener(FieldListener* fieldListener);
   TextField& Text() const { return text; }
   FieldListener* Listener() const { return listener; }
   void SetNumber(const Number& newNumber);
   const Number& ShownNumber() const { return number; }
-  /// The number that is being typed, from which steps would start; nothing when the field is not
-  /// being edited or its text is not a number.
+  /// The number that is being typed, which steps start from; nothing when the field is not being
+  /// edited or its text is not a number.
   void SetTyped(std::optional<double> typedNumber);
   /// The keys that focus the field, as its label shows them.
   void SetMnemonic(const QKeySequence& keys) { mnemonic = keys; }
@@ -56,7 +56,7 @@ class NumberField final : public QAbstractSpinBox {
   std::optional<double> typed;
   QKeySequence mnemonic;
   int wheelRemainder = 0;
-  mutable int textWidth = 0;  // of the widest usual text in the present font; 0: not measured yet
+  mutable int textWidth = 0;  // of the widest usual text in the font; 0 until it is measured
 };
 
 }  // namespace qtui

@@ -45,7 +45,7 @@ Qt::Alignment AlignmentOf(const NodeView& view) {
   return TakesAllWidth(view) ? Qt::Alignment() : Qt::AlignLeft | Qt::AlignVCenter;
 }
 
-/// QGridLayout computes itself anew and posts a layout request even when the width stays the same.
+/// QGridLayout invalidates itself and posts a layout request even for the same width.
 void SetColumnWidth(QGridLayout& grid, int column, int width) {
   if (grid.columnMinimumWidth(column) != width) grid.setColumnMinimumWidth(column, width);
 }
@@ -71,14 +71,14 @@ int PanelView::RowCount() const {
   return (static_cast<int>(views.size()) + columnCount - 1) / columnCount;
 }
 
-void PanelView::Follow() {
+void PanelView::Sync() {
   if (auto* section = dynamic_cast<Section*>(widget)) {
     section->setTitle(AsCaption(ToQString(panel->GetTitle())));
   }
-  NodeView::Follow();
+  NodeView::Sync();
 }
 
-bool PanelView::StillFits() const {
+bool PanelView::CanSync() const {
   if ((widget == nullptr) != IsSpace(panel)) return false;
   if ((dynamic_cast<Section*>(widget) != nullptr) != IsTitled(panel)) return false;
   return arrangement == CurrentArrangement() && columnCount == ColumnCount() &&
@@ -116,7 +116,7 @@ void PanelView::ArrangeBox() {
     }
     isFilled |= view->Widget() == nullptr || (isRow && TakesAllWidth(*view));
   }
-  // The panels of a column share the room that is left over; other content keeps its size.
+  // The panels of a column share extra height; other content keeps its size.
   if (!isFilled && (isRow || IsTitled(panel) || !HoldsPanels())) box->addStretch(1);
 }
 
@@ -137,7 +137,7 @@ void PanelView::ArrangeGrid() {
   } else {
     grid->setColumnStretch(columnCount - 1, 1);
   }
-  // In a section that is higher than its content the rows stay together at the top.
+  // Extra height of a section goes below its rows.
   if (IsTitled(panel)) grid->setRowStretch(RowCount(), 1);
 }
 

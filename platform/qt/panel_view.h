@@ -7,23 +7,23 @@
 
 namespace qtui {
 
-/// A node with children, arranged as a panel says; nodes that are no panels arrange theirs in a
-/// column. A panel without content has no widget: it leaves room between its neighbours.
+/// A node with children, in the panel's arrangement or else in a column. A space panel has no
+/// widget; it is stretch between its neighbours.
 class PanelView final : public NodeView {
  public:
   PanelView(nrvui::ui::UI_Node& shown, QWidget& parent);
 
   QWidget* Widget() const override { return widget; }
-  void Follow() override;
-  bool StillFits() const override;
+  void Sync() override;
+  bool CanSync() const override;
 
-  /// Puts the children's views in place, once.
+  /// Adds the children's views to the layout. To be called once.
   void Arrange(std::vector<NodeView*> children);
 
-  /// What the labels of a grid with labels in front need; 0 for all other panels.
+  /// The width of the widest label in the first column of a grid; 0 for all other panels.
   int LabelWidth() const;
   void AlignLabels(int width, int rowHeight);
-  /// Makes the buttons of a row equally large, and the groups of a grid equally wide.
+  /// Gives the buttons of a row the same size, and the groups of a grid the same width.
   void Equalize();
 
  private:

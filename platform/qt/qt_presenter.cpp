@@ -19,7 +19,8 @@ using nrvui::gestures::Verb;
 
 namespace {
 
-/// The window that the next dialog belongs to; null when there is none. A menu does not last.
+/// The window that a dialog belongs to; null when there is none. Popup menus, which close, do not
+/// count.
 QWidget* CurrentWindow() {
   QWidget* window = QApplication::activeModalWidget();
   if (window == nullptr) window = QApplication::activeWindow();

@@ -14,8 +14,9 @@
 
 namespace qtui {
 
-/// Shows dialogs as windows, by default application-modal over the active window if there is one.
-/// The QApplication must exist. An exception of a handler closes the window and leaves Present.
+/// Shows dialogs as windows, by default application-modal over the active window. Used on the
+/// user-interface thread. An exception of a handler or listener closes the window and leaves
+/// Present.
 class QtPresenter final : public nrvui::ui::DialogPresenter {
  public:
   /// Throws std::logic_error without a QApplication.
@@ -28,13 +29,13 @@ class QtPresenter final : public nrvui::ui::DialogPresenter {
   /// gesture. Errors and the texts that `report` gets are those of the scripted presenter.
   void PlayScript(nrvui::gestures::GestureScript gestureScript,
                   std::function<void(const std::string&)> report = {});
-  /// What stopped the script in the last dialog, if anything did.
+  /// The error that stopped the script in the last dialog.
   const std::optional<nrvui::gestures::ScriptError>& Error() const { return error; }
 
-  /// Every dialog then leaves a picture: as it is when it opens, or after the last gesture of a
-  /// script that left it open.
+  /// Takes a screenshot of each dialog: when it opens, and after each gesture of a script that
+  /// leaves it open. The last one is kept.
   void TakeScreenshots() { takesScreenshots = true; }
-  /// Of the last dialog; null when it was closed before it showed.
+  /// Of the last dialog; null when it was closed before its first paint.
   const QImage& Screenshot() const { return screenshot; }
 
   /// The listener must outlive the presenter or be removed. Listeners are called in the order in
@@ -42,18 +43,18 @@ class QtPresenter final : public nrvui::ui::DialogPresenter {
   void AddListener(DialogListener& listener);
   void RemoveListener(DialogListener& listener);
 
-  /// A rectangle of the screen that dialogs open beside, where there is room, if the toolkit places
-  /// them; an empty one means nothing.
+  /// A rectangle of the screen. Dialogs without a position of their own open beside it if there is
+  /// room. Empty for none.
   void OpenBeside(const QRect& rect) { beside = rect; }
-  /// A place for the frames of these dialogs, which counts before the rectangle.
+  /// A position for the frames of these dialogs, which takes precedence over the rectangle.
   void OpenAt(const std::optional<QPoint>& framePosition) { position = framePosition; }
   /// Where the frame of the last dialog was when it closed.
   QPoint LastPosition() const { return lastPosition; }
   /// Whether the user had moved that dialog.
   bool WasMoved() const { return wasMoved; }
 
-  /// Dialogs belong to this window and block no input: the window itself disables what must not be
-  /// used while one is open. The window must outlive the presenter's use. Null restores the
+  /// Makes dialogs children of this window that do not block its input: the window itself disables
+  /// what may not be used while one is open. It must outlive the dialogs. Null restores the
   /// default.
   void ShareInputWith(QWidget* window) { sharingWindow = window; }
 

@@ -35,7 +35,7 @@ QString AsCaption(const QString& text) {
 }
 
 QString SpokenName(const QString& caption) {
-  // Scripts without letters for mnemonics put one in parentheses behind the text.
+  // In Japanese captions the mnemonic is a Latin letter in parentheses after the text.
   QString plain = caption;
   const qsizetype mark = plain.indexOf(QStringLiteral("(&"));
   if (mark >= 0 && plain.mid(mark + 3, 1) == QStringLiteral(")")) plain.remove(mark, 4);

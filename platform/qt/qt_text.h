@@ -4,8 +4,8 @@
 
 #include "platform/nrvcore/string.h"
 
-/// Texts on their way between the toolkit and Qt. In captions of both, '&' stands before the
-/// mnemonic and "&&" for itself.
+/// Conversion of texts between the toolkit and Qt. In captions of both, '&' precedes the mnemonic
+/// and "&&" is an ampersand.
 
 namespace qtui {
 
@@ -13,11 +13,11 @@ QString ToQString(const nrvcore::UTF16String& text);
 QString ToQString(const nrvcore::String& utf8);
 nrvcore::UTF16String FromQString(const QString& text);
 
-/// The caption without the mark before its mnemonic; still a caption.
+/// The caption without the '&' of its mnemonic; ampersands remain doubled.
 QString WithoutMnemonic(const QString& caption);
-/// A text that is no caption, for a widget that takes one.
+/// Converts plain text to a caption: doubles its ampersands.
 QString AsCaption(const QString& text);
-/// The caption as a screen reader should say it: no mnemonic, no colon at its end.
+/// The caption for a screen reader: without mnemonic and trailing colon.
 QString SpokenName(const QString& caption);
 
 }  // namespace qtui

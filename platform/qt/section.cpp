@@ -13,10 +13,10 @@ namespace qtui {
 namespace {
 
 constexpr int kCorner = 6;
-constexpr int kFrameShare = 40;  // of 255, how much of the text's colour is in the frame
-constexpr int kFillShare = 9;    // and inside it
+constexpr int kFrameShare = 40;  // of the text's colour, of 255
+constexpr int kFillShare = 9;
 
-/// The four corners of a frame, side by side as in the frame.
+/// A rounded rectangle that consists of the frame's four corners only.
 QPixmap Corners(const QPalette& palette, qreal ratio) {
   const QColor line = Faint(palette, kFrameShare);
   const QColor fill = Faint(palette, kFillShare);
@@ -80,7 +80,7 @@ void Section::paintEvent(QPaintEvent*) {
 }
 
 void Section::PaintFrame(QPainter& painter, const QRect& frame) const {
-  // Opaque rectangles are by far the quickest to fill; only the corners need more.
+  // Filling opaque rectangles is much faster than antialiasing; only the corners need it.
   const QColor line = Faint(palette(), kFrameShare);
   painter.fillRect(frame.adjusted(1, 1, -1, -1), Faint(palette(), kFillShare));
   painter.fillRect(frame.left(), frame.top(), frame.width(), 1, line);

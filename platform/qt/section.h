@@ -5,7 +5,7 @@
 
 namespace qtui {
 
-/// A group of controls in a faint frame, under a title that stands out.
+/// A group box with a bold title above a faint frame.
 class Section final : public QGroupBox {
  public:
   explicit Section(QWidget& parent);

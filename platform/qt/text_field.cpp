@@ -25,7 +25,7 @@ void TextField::focusInEvent(QFocusEvent* event) {
 
 void TextField::focusOutEvent(QFocusEvent* event) {
   QLineEdit::focusOutEvent(event);
-  // A menu or another application's window only interrupts the person.
+  // The focus returns from a popup menu or another application.
   const bool isInterrupted =
       event->reason() == Qt::PopupFocusReason || event->reason() == Qt::ActiveWindowFocusReason;
   if (!isInterrupted && listener != nullptr) listener->FieldLeft();
@@ -33,7 +33,7 @@ void TextField::focusOutEvent(QFocusEvent* event) {
 
 void TextField::mouseReleaseEvent(QMouseEvent* event) {
   QLineEdit::mouseReleaseEvent(event);
-  // The press of the click that brought the focus has put the cursor somewhere.
+  // The press of the click that gave the focus has removed the selection.
   if (std::exchange(clickedInto, false) && !hasSelectedText()) selectAll();
 }
 

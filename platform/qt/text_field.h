@@ -4,29 +4,29 @@
 
 namespace qtui {
 
-/// Told by the widget of a field what a person does in it.
+/// Receives the user's actions in the widget of a field.
 class FieldListener {
  public:
-  /// The person has gone on to another control.
+  /// Another control has the focus now.
   virtual void FieldLeft() = 0;
-  /// Up or down by so many steps.
-  virtual void StepAsked(int) {}
-  /// Assistive technology puts a number there.
-  virtual void NumberAsked(double) {}
+  /// A number of steps, negative for down.
+  virtual void StepRequested(int /*count*/) {}
+  /// A number that assistive technology sets.
+  virtual void NumberRequested(double) {}
 
  protected:
   ~FieldListener() = default;
 };
 
-/// A line of text that tells its listener when a person leaves it.
+/// A line edit that notifies its listener when the user leaves it.
 class TextField final : public QLineEdit {
  public:
   explicit TextField(QWidget& parent);
 
-  /// It must outlive the field or be taken away (null).
+  /// The listener must outlive the field or be removed (null).
   void SetListener(FieldListener* fieldListener) { listener = fieldListener; }
 
-  /// Draws attention to the field.
+  /// Frames the field in the warning colour.
   void SetMarked(bool mark);
   bool IsMarked() const { return isMarked; }
 
@@ -42,7 +42,7 @@ class TextField final : public QLineEdit {
   bool isMarked = false;
 };
 
-/// Paints the frame that draws attention to a field.
+/// Paints a frame in the warning colour over a field.
 void PaintMark(QWidget& field);
 
 }  // namespace qtui

@@ -13,7 +13,7 @@ namespace {
 
 constexpr const char* kNames[] = {"system", "light", "dark"};
 
-constexpr const char* kSystemStyle = "systemStyle";  // the application's own, remembered on it
+constexpr const char* kSystemStyle = "systemStyle";  // the property with the original style's name
 
 struct Colors {
   QRgb window, text, base, alternateBase, button, highlight, faint, disabled, link, toolTip;
