@@ -5,7 +5,7 @@
 #include "tests/nrvui/test_dialog.h"
 #include "tests/qt/test_window.h"
 
-/// Fields of the real dialog: what a person sees while they type.
+/// The fields of the module's dialog: what the user sees while typing.
 class Field : public MosaicWindowTest {};
 
 TEST_F(Field, SaysWhatItTakesAndWhatWasWrong) {
@@ -25,7 +25,7 @@ TEST_F(Field, SaysWhatItTakesAndWhatWasWrong) {
               "Width: 9000 is more than 8640 pt; 8640 pt was put in its place. "
               "Allowed here: 0 pt to 8640 pt.");
 
-    // It stays while the person is busy elsewhere, and another problem only covers it.
+    // The problem remains while the user edits other fields; a newer problem hides it.
     open.Click("GrayRadio");
     EXPECT_EQ(open.Message(), tooMuch);
     open.Type("VerticalCountTxt", "tiles");
@@ -52,7 +52,7 @@ TEST_F(Field, SaysWhatItTakesAndWhatWasWrong) {
     EXPECT_FALSE(open.Field("NewWidthTxt").IsMarked());
     EXPECT_TRUE(open.Message().contains("Height: 0 pt to 8640 pt;"));
 
-    // The value is still out of bounds after an edit that is undone.
+    // After Undo the value is out of bounds again.
     open.Type("VerticalCountTxt", "8640");
     open.Click("MosaicUseRatioButton");
     open.Type("HorizontalCountTxt", "1");
@@ -61,7 +61,7 @@ TEST_F(Field, SaysWhatItTakesAndWhatWasWrong) {
     EXPECT_TRUE(open.Message().contains("produced 12960")) << open.Message().toStdString();
     open.Type("HorizontalCountTxt", "21");
 
-    // The user comes back to what was put there and leaves it: they have seen it.
+    // The problem ends when the user returns to the field and leaves it unedited.
     open.Type("NewWidthTxt", "x");
     open.Click("GrayRadio");
     EXPECT_TRUE(open.Field("NewWidthTxt").IsMarked());
@@ -69,7 +69,7 @@ TEST_F(Field, SaysWhatItTakesAndWhatWasWrong) {
     open.Key(Qt::Key_Tab);
     EXPECT_FALSE(open.Field("NewWidthTxt").IsMarked());
 
-    // The bound that clamped the entry is another one now.
+    // The problem ends when the bound changes.
     open.Type("TileSpaceHorzTxt", "50");
     open.Type("HorizontalCountTxt", "60");
     EXPECT_TRUE(open.Message().contains("50 is more than 19 pt"));
@@ -111,7 +111,7 @@ TEST_F(Field, CountsWhatIsTypedAsPendingUntilItIsEntered) {
     open.Key(Qt::Key_Tab);
     EXPECT_FALSE(pending);
 
-    // Assistive technology edits fields that have no focus; each edit is entered in its turn.
+    // Assistive technology edits fields that have no focus; each edit commits the one before.
     const auto edit = [&](const char* id) -> QAccessibleEditableTextInterface& {
       return *QAccessible::queryAccessibleInterface(&open.Get(id))->editableTextInterface();
     };
@@ -127,7 +127,7 @@ TEST_F(Field, CountsWhatIsTypedAsPendingUntilItIsEntered) {
   EXPECT_EQ(record.tileSpacingHorizontal, 2);
 }
 
-TEST_F(Field, IsEnteredByOkAndReturnUnlessThePersonMustLook) {
+TEST_F(Field, OkAndReturnEnterThePendingEditAndWaitIfItIsClamped) {
   const auto enter = [&](const char* text, bool byKey, bool mustLook) {
     EXPECT_EQ(Run([&](const OpenWindow& open) {
                 const auto confirm = [&] {
@@ -186,11 +186,11 @@ TEST_F(Field, StepsByKeysWheelAndButtons) {
       QCoreApplication::sendEvent(&field, &event);
     };
     wheel("NewWidthTxt", -180, Qt::NoModifier);
-    wheel("NewWidthTxt", -60, Qt::NoModifier);  // smooth wheels turn by parts of a notch
+    wheel("NewWidthTxt", -60, Qt::NoModifier);  // smooth wheels report parts of a notch
     expect("8638 pt");
     wheel("NewWidthTxt", -120, Qt::ShiftModifier);
     expect("8628 pt");
-    wheel("NewHeightTxt", 120, Qt::NoModifier);  // the person only scrolls by
+    wheel("NewHeightTxt", 120, Qt::NoModifier);  // a field without the focus ignores it
     EXPECT_EQ(open.Text("NewHeightTxt"), "200 pt");
 
     const QRect field = open.Get("HorizontalCountTxt").rect();
@@ -203,7 +203,7 @@ TEST_F(Field, StepsByKeysWheelAndButtons) {
   });
 }
 
-/// Hand-built fields, whose nodes the test can look at.
+/// Fields of a dialog whose nodes the test can access.
 TEST(FieldOfAnyDialog, KeepsDecimalsThatItDoesNotShowAndTextAsItIsTyped) {
   TestDialog test;
   test.width->SetNumber(1.0 / 3);

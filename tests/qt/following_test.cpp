@@ -25,7 +25,7 @@ TEST_F(Following, ShowsWhatCodeSetsAtOnce) {
        "12.5 %"},
       {[&] { test.name->SetValue(u"name"); }, "name", "text", "name"},
       {[&] { test.percent->SetChecked(true); }, "percent", "checked", true},
-      {[&] { test.gray->SetValue(kRadioOn); }, "gray", "checked", true},  // code may select two
+      {[&] { test.gray->SetValue(kRadioOn); }, "gray", "checked", true},  // code can select two
       {[&] { test.color->SetValue(kRadioOff); }, "color", "checked", false},
       {[&] { test.gray->SetValue(kRadioOff); }, "gray", "checked", false},  // or none
       {[&] { test.ratio->SetCaption(u"&Ratio && more"); }, "ratio", "text", "Ratio && more"},
@@ -45,7 +45,7 @@ TEST_F(Following, ShowsWhatCodeSetsAtOnce) {
       change();
       EXPECT_EQ(open.Get(control).property(property), shown) << control << ' ' << property;
     }
-    // A value that code sets takes the place of what is being typed, and of a complaint.
+    // A value that code sets replaces the text being typed, and ends the field's problem.
     open.Type("width", "400 %");
     test.width->SetNumber(3);
     EXPECT_EQ(open.Text("width"), "3 %");
@@ -100,7 +100,7 @@ TEST_F(Following, ScrollsWhatNoScreenIsWideEnoughFor) {
   });
 }
 
-/// A dialog whose content size is the window's, and the other way round.
+/// The dialog's content size and the window's size are kept equal.
 TEST_F(Following, KeepsWindowAndDialogOfOneSize) {
   Present(*test.dialog, [&](const OpenWindow& open) {
     const auto contentSize = [&] {
@@ -117,7 +117,7 @@ TEST_F(Following, KeepsWindowAndDialogOfOneSize) {
     EXPECT_EQ(open.window.size(), natural + QSize(8, 10));
     EXPECT_EQ(open.window.geometry().center(), middle);
 
-    // A larger text makes the dialog larger; what the person added stays.
+    // A larger text makes the dialog larger; a side that the user made longer keeps its length.
     test.ratio->SetCaption(nrvcore::UTF16String(std::u16string(100, u'w')));
     const int wanted = open.Get("ratio").sizeHint().width();
     EXPECT_TRUE(QTest::qWaitFor([&] { return open.window.width() > wanted; }));

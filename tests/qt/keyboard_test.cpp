@@ -6,7 +6,7 @@
 #include "platform/nrvui/ui_node_manager.h"
 #include "tests/qt/test_window.h"
 
-/// What people need who have no mouse, or do not see the window.
+/// Operation by keyboard and by assistive technology.
 class Keyboard : public MosaicWindowTest {};
 
 TEST_F(Keyboard, GoesThroughTheControlsInTheirOrderAndNamesThem) {
@@ -100,7 +100,7 @@ TEST_F(Keyboard, HearsWarningsAndSummaries) {
     open.Type("HorizontalCountTxt", "70");
     EXPECT_TRUE(hears("70 typed"));
     EXPECT_TRUE(open.Message().endsWith("1 to 8640.\n70 typed")) << "a warning each";
-    // A state that passes within a gesture, here 200 % for a moment, is nothing to be told.
+    // A state within a gesture, here 200 %, is not announced.
     open.Click("UsePercentChk");
     QTest::qWait(1);
     EXPECT_TRUE(hears("70 typed"));
@@ -172,7 +172,7 @@ TEST_F(Keyboard, ShowsMnemonicsWhileAltIsDown) {
     QTest::keyRelease(open.window.windowHandle(), Qt::Key_Alt);
     EXPECT_EQ(labelOf(open, "HorizontalCountTxt"), "Across:");
     QTest::keyPress(open.window.windowHandle(), Qt::Key_Alt, Qt::AltModifier);
-    QApplication::setActiveWindow(nullptr);  // the key goes up in another window
+    QApplication::setActiveWindow(nullptr);  // the key is released in another window
     EXPECT_EQ(labelOf(open, "HorizontalCountTxt"), "Across:");
   });
   auto& settings = nrvui::ui::UI_NodeManager::Get(true).GetCustomSettingsManager();

@@ -27,7 +27,7 @@ constexpr Look kLooks[] = {
     {"DarkSmallRightToLeft", "ja", qtui::Theme::kDark, 0.7, Qt::RightToLeft, false},
 };
 
-/// Everything that a person reads, types in or clicks.
+/// All visible labels, fields and buttons.
 QList<QWidget*> VisibleControls(const QWidget& window) {
   QList<QWidget*> controls;
   for (QWidget* widget : window.findChildren<QWidget*>()) {
@@ -44,7 +44,7 @@ QRect RectIn(const QWidget& window, const QWidget& widget) {
   return {widget.mapTo(&window, QPoint()), widget.size()};
 }
 
-/// From 1 to 21.
+/// The contrast ratio of WCAG 2, from 1 to 21.
 double Contrast(QRgb one, QRgb other) {
   const auto luminance = [](QRgb color) {
     const auto light = [](int value) {
@@ -58,7 +58,7 @@ double Contrast(QRgb one, QRgb other) {
   return std::max(ratio, 1 / ratio);
 }
 
-/// The most that a pixel of the rectangle stands out from the one in its corner.
+/// The highest contrast of a pixel to the one in the top left corner.
 double ContrastIn(const QImage& picture) {
   double most = 1;
   for (int y = 0; y < picture.height(); ++y) {
@@ -100,11 +100,11 @@ void Wear(const Look& look) {
   QApplication::setLayoutDirection(look.direction);
 }
 
-/// Brings up a message, and waits until it has its place.
+/// Causes a problem message, and waits until it is laid out.
 void Blunder(const OpenWindow& open) {
   open.Type("TileSpaceHorzTxt", "100000.0001 in");
   open.Key(Qt::Key_Tab);
-  QTest::mouseMove(open.window.windowHandle(), QPoint(1, 1));  // lights up nothing there
+  QTest::mouseMove(open.window.windowHandle(), QPoint(1, 1));  // over no control
   QTest::qWait(20);
 }
 
@@ -128,7 +128,7 @@ TEST_P(LookTest, ClipsAndCoversNothing) {
   const bool isDark = GetParam().theme == qtui::Theme::kDark;
   EXPECT_EQ(QApplication::palette().color(QPalette::Window).lightness() < 100, isDark);
   LookAt([](const OpenWindow& open) {
-    // Ten labels of which two are values, six fields, six to click, three buttons and the hint.
+    // Ten labels (two of them values), six fields, six toggles, three buttons and the message.
     constexpr int kControls = 26;
     const QSize opened = open.window.size();
     ExpectWellLaidOut(open.window, kControls);
@@ -141,7 +141,7 @@ TEST_P(LookTest, ClipsAndCoversNothing) {
     EXPECT_EQ(open.Get("okButton").size(), open.Get("cancelButton").size());
     EXPECT_TRUE(open.Get<QPushButton>("okButton").isDefault());
 
-    // A message has its place already, or makes one.
+    // A message fits in the reserved lines, or the window grows.
     Blunder(open);
     ExpectWellLaidOut(open.window, kControls + 1);
     EXPECT_EQ(open.window.width(), opened.width());

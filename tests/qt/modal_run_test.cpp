@@ -85,7 +85,7 @@ TEST_F(ModalRun, MayContainAnother) {
   WhenChanged(*test.ratio, [&] {
     Present(*inner.dialog, [&](const OpenWindow& open) {
       EXPECT_NE(open.window.parentWidget(), nullptr);
-      test.dialog->DefaultCloseOk();  // the one below closes first
+      test.dialog->DefaultCloseOk();  // the outer dialog closes first
       EXPECT_TRUE(open.window.isVisible());
       open.Type("name", "inner");
       open.Click("ok");
@@ -97,7 +97,7 @@ TEST_F(ModalRun, MayContainAnother) {
   EXPECT_EQ(test.dialog->GetResponse(), nrvui::ui::kOkResponse);
 }
 
-/// A handler's own widget must last until it returns.
+/// The widget whose handler is running must not be deleted.
 TEST_F(ModalRun, MakesNoWidgetsWhileAHandlerRunsAnother) {
   TestDialog inner;
   QPointer<QWidget> field;

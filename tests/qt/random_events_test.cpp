@@ -20,8 +20,8 @@ constexpr Qt::KeyboardModifiers::Int kModifiers[] = {Qt::NoModifier, Qt::NoModif
 
 class RandomEvents : public MosaicWindowTest {};
 
-/// Keys, clicks and resizings anywhere but on the two buttons that close the dialog: it stays open
-/// and well, and OK gives a record that a caller can use. A failure prints its seed.
+/// Sends random keys, clicks and resizings, except to the two buttons that close the dialog. The
+/// dialog stays open, and OK gives a valid record. A failure prints its seed.
 TEST_F(RandomEvents, LeaveAValidRecord) {
   for (int seed = 0; seed < kSeeds; ++seed) {
     SCOPED_TRACE("seed " + std::to_string(seed));
@@ -51,7 +51,7 @@ TEST_F(RandomEvents, LeaveAValidRecord) {
         if (below(10) == 0) QCoreApplication::processEvents();
       }
       EXPECT_TRUE(open.window.isVisible());
-      open.Click("okButton");  // it may have to be looked at first
+      open.Click("okButton");  // waits if an entry was clamped
       if (open.window.isVisible()) open.Click("okButton");
     });
     EXPECT_EQ(code, ResultCode::kSuccess);

@@ -9,7 +9,7 @@ static QStringList warnings;
 int main(int argc, char** argv) {
   testing::InitGoogleTest(&argc, argv);
   const QApplication application(argc, argv);
-  QApplication::setCursorFlashTime(0);  // pictures must not depend on the moment
+  QApplication::setCursorFlashTime(0);  // screenshots must not depend on the time
   qInstallMessageHandler(
       [](QtMsgType, const QMessageLogContext&, const QString& message) { warnings += message; });
   return RUN_ALL_TESTS();
@@ -27,8 +27,7 @@ QString OpenWindow::Message() const {
 
 void OpenWindow::Click(const char* objectName) const {
   QWidget& widget = Get(objectName);
-  const int inset =
-      widget.height() / 2;  // from where the line begins, as boxes have their mark there
+  const int inset = widget.height() / 2;  // check boxes react at their leading edge only
   const QPoint target(widget.isRightToLeft() ? widget.width() - inset : inset, inset);
   QTest::mouseClick(window.windowHandle(), Qt::LeftButton, Qt::NoModifier,
                     widget.mapTo(&window, target));
@@ -47,22 +46,22 @@ void OpenWindow::Key(Qt::Key key, Qt::KeyboardModifiers modifiers) const {
   QTest::keyClick(window.windowHandle(), key, modifiers);
 }
 
-static void ShowTo(const Person& person, FunctionListener& listener) {
-  listener.WhenPainted([person](QWidget& window) {
+static void ShowTo(const User& user, FunctionListener& listener) {
+  listener.WhenPainted([user](QWidget& window) {
     EXPECT_TRUE(QTest::qWaitForWindowActive(&window));
-    person(OpenWindow(window));
+    user(OpenWindow(window));
     if (window.isVisible()) window.close();
   });
 }
 
-void Present(nrvui::ui::UI_Dialog& dialog, const Person& person) {
+void Present(nrvui::ui::UI_Dialog& dialog, const User& user) {
   qtui::QtPresenter presenter;
-  const auto personWhoLeaves = [&](const OpenWindow& open) {
-    person(open);
+  const auto userWhoCancels = [&](const OpenWindow& open) {
+    user(open);
     if (dialog.GetResponse() == nrvui::ui::kNoResponse) dialog.DefaultCloseCancel();
   };
   FunctionListener listener(presenter);
-  ShowTo(personWhoLeaves, listener);
+  ShowTo(userWhoCancels, listener);
   const nrvui::ui::InstalledPresenter installed(presenter);
   dialog.RunModal();
 }
@@ -81,13 +80,13 @@ ResultCode MosaicWindowTest::RunWith(nrvui::ui::DialogPresenter& presenter) {
   return built.RunDialog(record, state);
 }
 
-ResultCode MosaicWindowTest::Run(const Person& person) {
+ResultCode MosaicWindowTest::Run(const User& user) {
   qtui::QtPresenter presenter;
   FunctionListener listener(presenter);
-  ShowTo(person, listener);
+  ShowTo(user, listener);
   return RunWith(presenter);
 }
 
-void MosaicWindowTest::LookAt(const Person& person) {
-  EXPECT_EQ(Run(person), ResultCode::kCancelled);
+void MosaicWindowTest::LookAt(const User& user) {
+  EXPECT_EQ(Run(user), ResultCode::kCancelled);
 }

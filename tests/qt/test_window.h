@@ -13,7 +13,7 @@
 #include "tests/support/built_module.h"
 #include "tests/support/function_listener.h"
 
-/// An open window as a test drives it.
+/// Drives an open window with real mouse and key events.
 class OpenWindow {
  public:
   explicit OpenWindow(QWidget& openWindow) : window(openWindow) {}
@@ -24,40 +24,41 @@ class OpenWindow {
     if (widget == nullptr) throw std::logic_error(std::string("no widget ") + objectName);
     return *widget;
   }
-  /// Where the text of a field is typed and shown.
+  /// The line edit of a field.
   qtui::TextField& Field(const char* objectName) const;
   QString Text(const char* objectName) const { return Field(objectName).text(); }
-  QString Message() const;  // with plain blanks
+  QString Message() const;  // non-breaking spaces replaced
 
   void Click(const char* objectName) const;
-  /// Replaces the field's text and stays in it.
+  /// Replaces the field's text; the field keeps the focus.
   void Type(const char* objectName, const char* text) const;
-  /// Presses a key wherever the focus is.
+  /// Sends a key to the widget that has the focus.
   void Key(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) const;
 
   QWidget& window;
 };
 
-using Person = std::function<void(const OpenWindow&)>;
+/// What a test does in an open window, in place of the user.
+using User = std::function<void(const OpenWindow&)>;
 
-/// Presents a dialog to `person`, and cancels it when they leave it open.
-void Present(nrvui::ui::UI_Dialog& dialog, const Person& person);
+/// Shows a dialog to `user`, and cancels it if it is still open afterwards.
+void Present(nrvui::ui::UI_Dialog& dialog, const User& user);
 
-/// No test may leave a window, or a line on the console.
+/// Expects that a test leaves no window open and causes no warning of Qt.
 class WindowTest : public testing::Test {
  protected:
   WindowTest();
   ~WindowTest() override;
 };
 
-/// The real dialog: the built module under a host, and a caller.
+/// The dialog of the built module, which a stand-in host loads.
 class MosaicWindowTest : public WindowTest {
  protected:
   ResultCode RunWith(nrvui::ui::DialogPresenter& presenter);
-  /// `person` has the open window, which is closed after them.
-  ResultCode Run(const Person& person);
-  /// The same for a person who confirms nothing.
-  void LookAt(const Person& person);
+  /// Shows the dialog to `user`, and closes the window if it is still open afterwards.
+  ResultCode Run(const User& user);
+  /// The same; expects that the dialog was cancelled.
+  void LookAt(const User& user);
 
   BuiltModule built;
   MosaicParameters record = SampleRecord();
