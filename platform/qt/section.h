@@ -17,9 +17,6 @@ class Section final : public QGroupBox {
   void paintEvent(QPaintEvent* event) override;
 
  private:
-  QString PlainTitle() const;
-  void PaintFrame(QPainter& painter, const QRect& frame) const;
-
   QFont titleFont;
 };
 
