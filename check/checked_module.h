@@ -163,6 +163,15 @@ class CheckedModule : public ModuleUnderHost<WatchedModule> {
     Expect("dialogs shown", shown, 1u);
   }
 
+  /// Expects a request to be refused without a call of the host, whose plug-in may be gone.
+  void ExpectNoDialog(std::string_view what, decltype(MosaicSuite::RunMosaicDialog) run,
+                      MosaicDialogState* state, MosaicParameters** params) {
+    const Trying trying(what);
+    const FunctionPresenter presenter([](auto&) { Fail("a dialog is shown"); });
+    const Calls during = CallsDuring([&] { Expect("the answer", run(state, params), kCannot); });
+    Expect("calls of the host", during, Calls());
+  }
+
   /// A record for a message of the caller's own, with nothing kept in it.
   NotifierMessage PlainMessage() {
     NotifierMessage message{};

@@ -373,14 +373,13 @@ void RefusesBadCalls() {
   const auto run = caller.host.Suites().Find<MosaicSuite>()->RunMosaicDialog;
   MosaicParameters* params = &caller.record;
   MosaicParameters* none = nullptr;
-  const FunctionPresenter presenter([](UI_Dialog&) { Fail("a dialog is shown"); });
-  Expect("without a state", run(nullptr, &params), kCannot);
-  Expect("without an address", run(&caller.state, nullptr), kCannot);
-  Expect("without a record", run(&caller.state, &none), kCannot);
+  caller.ExpectNoDialog("without a state", run, nullptr, &params);
+  caller.ExpectNoDialog("without an address", run, &caller.state, nullptr);
+  caller.ExpectNoDialog("without a record", run, &caller.state, &none);
   Expect("the unload", caller.module.Send("QP Access", "Unload"), kSuccess);
-  Expect("after an unload", run(&caller.state, &params), kCannot);
+  caller.ExpectNoDialog("after an unload", run, &caller.state, &params);
   Expect("the shut-down", caller.module.ShutDown(), kSuccess);
-  Expect("after a shut-down", run(&caller.state, &params), kCannot);
+  caller.ExpectNoDialog("after a shut-down", run, &caller.state, &params);
 }
 
 void WritesToRecordOfTheMoment() {

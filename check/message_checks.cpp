@@ -57,12 +57,14 @@ void ExpectLatestBasicSuite() {
   Expect("the unload", module.Send("QP Access", "Unload"), kSuccess);
   First::ExpectCalls(0, 0);
   Second::ExpectCalls(0, kAll);
-  Expect("the reload", module.Send("QP Access", "Reload"), kSuccess);
-  Second::ExpectCalls(kAll, 0);
   module.basicSuite = &First::table;
+  Expect("the reload", module.Send("QP Access", "Reload"), kSuccess);
+  First::ExpectCalls(kAll, 0);
+  module.basicSuite = &Second::table;
   Expect("a message", module.Send("VX Menu", "VX Go"), kSuccess);
   checked.ExpectDialog("a dialog");
-  First::ExpectCalls(2, 2);
+  Second::ExpectCalls(2, 2);
+  module.basicSuite = &First::table;
   Expect("the shut-down", module.ShutDown(), kSuccess);
   First::ExpectCalls(0, kAll);
   Second::ExpectCalls(0, 0);
