@@ -1,6 +1,7 @@
 #include "tests/qt/test_window.h"
 
 #include <QApplication>
+#include <QScrollArea>
 
 #include "platform/nrvui/ui_dialog.h"
 
@@ -27,6 +28,9 @@ QString OpenWindow::Message() const {
 
 void OpenWindow::Click(const char* objectName) const {
   QWidget& widget = Get(objectName);
+  auto* const scroller = window.findChild<QScrollArea*>();  // on a small screen only
+  if (scroller != nullptr && scroller->isAncestorOf(&widget))
+    scroller->ensureWidgetVisible(&widget);
   const int inset = widget.height() / 2;  // check boxes react at their leading edge only
   const QPoint target(widget.isRightToLeft() ? widget.width() - inset : inset, inset);
   QTest::mouseClick(window.windowHandle(), Qt::LeftButton, Qt::NoModifier,
