@@ -350,10 +350,10 @@ void DamagedLayouts() {
   ForEachSeed(0, Count(1500, 150000), [&](Random& random) {
     const std::string layout = Once(random, 2) ? original : Damaged(random, original);
     const std::string played = Once(random, 2) ? gestures : Damaged(random, gestures);
-    const auto script = ReadOrRefused<nrvui::gestures::ScriptError>(
+    const auto script = ReadOrRefused<nrvcore::FileError>(
         [&] { return nrvui::gestures::GestureScript::Parse(played, "gestures"); });
     if (!script) return;
-    const bool isRead = ReadOrRefused<standin::ResourceError>([&] {
+    const bool isRead = ReadOrRefused<nrvcore::FileError>([&] {
                           return standin::ParseLayout(layout, kLayout, standin::MakeLiveToken());
                         }).has_value();
     resources.Write(kLayout, layout);
@@ -373,7 +373,7 @@ void DamagedTexts() {
   const std::string original = ContentOf(Resources().plugin / "strings/16050.txt");
   ForEachSeed(0, Count(1500, 150000), [&](Random& random) {
     std::istringstream text(Damaged(random, original));
-    const auto list = ReadOrRefused<standin::ResourceError>(
+    const auto list = ReadOrRefused<nrvcore::FileError>(
         [&] { return standin::ReadStringList(text, "16050.txt"); });
     if (!list) return;
     CheckedModule checked;

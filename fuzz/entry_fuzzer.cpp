@@ -20,9 +20,9 @@
 
 namespace {
 
+using nrvcore::FileError;
 using nrvui::gestures::GestureScript;
 using nrvui::gestures::ScriptedPresenter;
-using nrvui::gestures::ScriptError;
 
 constexpr size_t kLongestSession = 64;
 
@@ -95,7 +95,7 @@ class Session {
         Require(std::memcmp(&record.boundsLeft, &given[offsetof(MosaicParameters, boundsLeft)],
                             4 * sizeof record.boundsLeft) == 0);
       }
-    } catch (const ScriptError&) {
+    } catch (const FileError&) {
       gestures.clear();
     }
   }

@@ -3,8 +3,8 @@
 #include "fuzz/fuzzer.h"
 #include "platform/nrvui/gesture_script.h"
 
+using nrvcore::FileError;
 using nrvui::gestures::GestureScript;
-using nrvui::gestures::ScriptError;
 using nrvui::gestures::Step;
 
 /// The input is a gesture file. Parsing throws an error with line and reason, or returns the steps
@@ -18,7 +18,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
       line = step.line;
       Require(step.text.find('\n') == step.text.npos && step.target.find(' ') == step.target.npos);
     }
-  } catch (const ScriptError& error) {
+  } catch (const FileError& error) {
     Require(std::string_view(error.what()).find(": ", sizeof("file:")) != std::string_view::npos);
   }
   return 0;

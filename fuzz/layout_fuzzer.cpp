@@ -13,7 +13,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     const standin::SheetTree tree =
         standin::ParseLayout({reinterpret_cast<const char*>(data), size}, "layout.xml", token);
     Require(tree.view->UI_GetLocalRectF() == tree.layout->UI_GetLocalRectF());
-  } catch (const standin::ResourceError& error) {
+  } catch (const nrvcore::FileError& error) {
     Require(std::strlen(error.what()) > std::strlen("layout.xml: "));
   }
   Require(standin::CountLive(token) == 0);

@@ -131,9 +131,9 @@ Outcome Resize(UI_Dialog& dialog, PointT<float> contentSize) {
   Outcome outcome;
   outcome.changed = !(accepted == dialog.GetContentSize());
   if (!(accepted == wanted)) {
-    outcome.kind = OutcomeKind::kPulledUp;
+    outcome.kind = OutcomeKind::kClampedToLowerBound;
     outcome.entered = SizeText(contentSize);
-    outcome.put = SizeText(accepted);
+    outcome.replacement = SizeText(accepted);
   }
   dialog.SetContentSize(accepted);
   return outcome;

@@ -10,9 +10,6 @@
 
 namespace nrvui::gestures {
 
-/// A line of a gesture file that cannot be read or played.
-using ScriptError = nrvcore::FileError;
-
 enum class Verb { kEnter, kClick, kKey, kClose, kResize };
 
 struct Step {

@@ -6,10 +6,10 @@ namespace nrvui::gestures {
 
 namespace {
 
-constexpr const char* kPulledDownText =
-    "$$$/nrvui/Gesture/PulledDown=%1 is more than %2; %2 was put in its place.";
-constexpr const char* kPulledUpText =
-    "$$$/nrvui/Gesture/PulledUp=%1 is less than %2; %2 was put in its place.";
+constexpr const char* kAboveUpperBoundText =
+    "$$$/nrvui/Gesture/AboveUpperBound=%1 is more than %2; it was changed to %2.";
+constexpr const char* kBelowLowerBoundText =
+    "$$$/nrvui/Gesture/BelowLowerBound=%1 is less than %2; it was changed to %2.";
 
 constexpr const char* kMissingText =
     "$$$/nrvui/Gesture/MissingKeeps=A number is missing; the field keeps %2.";
@@ -18,10 +18,10 @@ const char* TextFor(const Outcome& outcome) {
   switch (outcome.kind) {
     case OutcomeKind::kDone:
       break;
-    case OutcomeKind::kPulledDown:
-      return kPulledDownText;
-    case OutcomeKind::kPulledUp:
-      return kPulledUpText;
+    case OutcomeKind::kClampedToUpperBound:
+      return kAboveUpperBoundText;
+    case OutcomeKind::kClampedToLowerBound:
+      return kBelowLowerBoundText;
     case OutcomeKind::kRefused:
       return outcome.refusal == Refusal::kMissing ? kMissingText : TextFor(outcome.refusal);
   }
@@ -56,7 +56,7 @@ const char* TextFor(Refusal refusal) {
       return "$$$/nrvui/Gesture/TwoReadings=\"%1\" can be read in two ways; decimals follow a "
              "point.";
     case Refusal::kOutOfRange:
-      return "$$$/nrvui/Gesture/OutOfRange=\"%1\" is not a number that can be counted with.";
+      return "$$$/nrvui/Gesture/OutOfRange=\"%1\" is outside the range of numbers.";
     case Refusal::kOtherUnit:
       return "$$$/nrvui/Gesture/OtherUnit=\"%1\" is in a unit that doesn't fit here.";
     case Refusal::kNotASize:
@@ -72,7 +72,7 @@ Outcome Refused(Refusal refusal, const nrvcore::UTF16String& entered) {
 nrvcore::UTF16String Describe(const Outcome& outcome) {
   using nrvcore::config::ReplacementValue;
   return nrvcore::config::Localizer::Get().Localize(
-      TextFor(outcome), {ReplacementValue(outcome.entered), ReplacementValue(outcome.put)});
+      TextFor(outcome), {ReplacementValue(outcome.entered), ReplacementValue(outcome.replacement)});
 }
 
 }  // namespace nrvui::gestures

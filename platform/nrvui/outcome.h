@@ -8,7 +8,7 @@ namespace nrvui::gestures {
 enum class Refusal {
   kNone,
   kDialogClosed,
-  kStaysOpen,  // the key or button does not close the dialog as things stand
+  kStaysOpen,  // the key or button does not close the dialog in its present state
   kNoCloseBox,
   kDisabled,
   kHidden,
@@ -22,33 +22,33 @@ enum class Refusal {
   kNotASize,
 };
 
-/// The key of the sentence that a person reads; its %1 is what they asked for.
+/// The key of the sentence for the user; its %1 is the entry.
 NRV_EXPORT const char* TextFor(Refusal refusal);
 
 enum class OutcomeKind {
   kDone,
-  kPulledDown,  // more than the upper bound, which was put in its place
-  kPulledUp,    // less than the lower bound, likewise
+  kClampedToUpperBound,
+  kClampedToLowerBound,
   kRefused,
 };
 
-/// What became of a gesture.
+/// The result of a gesture.
 struct Outcome {
   OutcomeKind kind = OutcomeKind::kDone;
-  Refusal refusal = Refusal::kNone;  // kNone unless refused
-  bool changed = false;              // whether the control now has another value
-  nrvcore::UTF16String entered{};    // as it was typed, when pulled or refused for what it is
-  nrvcore::UTF16String put{};        // what the field holds instead, when pulled or refused
+  Refusal refusal = Refusal::kNone;    // kNone unless refused
+  bool changed = false;                // whether the control has another value now
+  nrvcore::UTF16String entered{};      // as typed, when clamped or refused
+  nrvcore::UTF16String replacement{};  // what the field holds instead, when clamped or refused
 
   bool IsRefused() const { return kind == OutcomeKind::kRefused; }
-  bool IsPulled() const {
-    return kind == OutcomeKind::kPulledDown || kind == OutcomeKind::kPulledUp;
+  bool IsClamped() const {
+    return kind == OutcomeKind::kClampedToUpperBound || kind == OutcomeKind::kClampedToLowerBound;
   }
 };
 
 NRV_EXPORT Outcome Refused(Refusal refusal, const nrvcore::UTF16String& entered = {});
 
-/// A sentence for the person, in their language. Empty when all was done as asked.
+/// A sentence for the user, in their language. Empty when the gesture was done as entered.
 NRV_EXPORT nrvcore::UTF16String Describe(const Outcome& outcome);
 
 }  // namespace nrvui::gestures

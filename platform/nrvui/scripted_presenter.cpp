@@ -36,11 +36,12 @@ ScriptRun::ScriptRun(const GestureScript& gestureScript, ui::UI_Dialog& playedDi
                      const std::function<void(const std::string&)>& report)
     : script(gestureScript), dialog(playedDialog), reportFunction(report) {}
 
-std::optional<ScriptError> ScriptRun::Play(const std::function<Outcome(const Step&)>& play) const {
+std::optional<nrvcore::FileError> ScriptRun::Play(
+    const std::function<Outcome(const Step&)>& play) const {
   for (const Step& step : script.Steps()) {
     try {
       Note(step, play(step));
-    } catch (const ScriptError& unplayable) {
+    } catch (const nrvcore::FileError& unplayable) {
       dialog.SetResponse(ui::kCancelResponse);
       return unplayable;
     }
@@ -74,7 +75,7 @@ Outcome ScriptRun::Perform(const Step& step) const {
 UI_Node& ScriptRun::Control(const Step& step) const {
   UI_Node* const node = FindControl(dialog, step.target);
   if (node != nullptr) return *node;
-  throw ScriptError(
+  throw nrvcore::FileError(
       script.Name(), step.line,
       Message("$$$/nrvui/Script/NoControl=the dialog has no control \"%1\"", {step.target}));
 }
@@ -89,8 +90,8 @@ nrvcore::UTF16String ScriptRun::Typed(const Step& step, const UI_Node& field) {
 }
 
 void ScriptRun::Note(const Step& step, const Outcome& outcome) const {
-  if (outcome.IsRefused()) throw ScriptError(script.Name(), step.line, Sentence(outcome));
-  if (!outcome.IsPulled()) return;
+  if (outcome.IsRefused()) throw nrvcore::FileError(script.Name(), step.line, Sentence(outcome));
+  if (!outcome.IsClamped()) return;
   Report(script.Name() + ":" + std::to_string(step.line) + ": " + Sentence(outcome));
 }
 

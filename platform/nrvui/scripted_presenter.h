@@ -20,14 +20,14 @@ class NRV_EXPORT ScriptRun {
             const std::function<void(const std::string&)>& report);
 
   /// Calls `play` for each step. Reports clamped values; cancels a dialog that is still open at the
-  /// end. A ScriptError from `play`, or a refused gesture, stops the run and cancels the dialog;
-  /// returns that error.
-  std::optional<ScriptError> Play(const std::function<Outcome(const Step&)>& play) const;
+  /// end. A nrvcore::FileError from `play`, or a refused gesture, stops the run and cancels the
+  /// dialog; returns that error.
+  std::optional<nrvcore::FileError> Play(const std::function<Outcome(const Step&)>& play) const;
 
   /// Performs the step's gesture on the nodes.
   Outcome Perform(const Step& step) const;
 
-  /// Throws ScriptError when the dialog has no such control.
+  /// Throws nrvcore::FileError when the dialog has no such control.
   ui::UI_Node& Control(const Step& step) const;
 
   /// The step's text as the user would type it: a script has '.' as the decimal sign of numbers in
@@ -55,12 +55,12 @@ class NRV_EXPORT ScriptedPresenter final : public ui::DialogPresenter {
   void Present(ui::UI_Dialog& dialog) override;
 
   /// The error that stopped the last run.
-  const std::optional<ScriptError>& Error() const { return error; }
+  const std::optional<nrvcore::FileError>& Error() const { return error; }
 
  private:
   GestureScript script;
   std::function<void(const std::string&)> reportFunction;
-  std::optional<ScriptError> error;
+  std::optional<nrvcore::FileError> error;
 };
 
 }  // namespace nrvui::gestures

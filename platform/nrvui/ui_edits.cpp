@@ -88,18 +88,18 @@ UI_NumberEdit::Reading UI_NumberEdit::Read(const nrvcore::UTF16String& entry) co
   const ParsedNumber parsed = Parse(entry, GetUnit());
   if (parsed.refusal != Refusal::kNone) {
     Reading refused{0, gestures::Refused(parsed.refusal, entry)};
-    refused.outcome.put = GetValue();
+    refused.outcome.replacement = GetValue();
     return refused;
   }
   Reading reading{std::clamp(parsed.value, lowerBound, GetUpperBound()), {}};
   Outcome& outcome = reading.outcome;
-  const nrvcore::UTF16String put = Format(reading.number);
+  const nrvcore::UTF16String shown = Format(reading.number);
   // A bound is shown rounded. An entry that reads like the bound is not reported as clamped.
-  if (reading.number != parsed.value && put != Format(parsed.value)) {
-    outcome.kind =
-        parsed.value > reading.number ? OutcomeKind::kPulledDown : OutcomeKind::kPulledUp;
+  if (reading.number != parsed.value && shown != Format(parsed.value)) {
+    outcome.kind = parsed.value > reading.number ? OutcomeKind::kClampedToUpperBound
+                                                 : OutcomeKind::kClampedToLowerBound;
     outcome.entered = entry;
-    outcome.put = put;
+    outcome.replacement = shown;
   }
   // An entry that reads like the field can change it: the number can have more decimals.
   outcome.changed = reading.number != GetNumber();

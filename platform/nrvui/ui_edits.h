@@ -8,7 +8,7 @@
 
 namespace nrvui::controls {
 
-/// A field in which a person edits a text.
+/// A field in which the user edits a text.
 class NRV_EXPORT UI_TextEdit : public UI_ControlView {
  public:
   ~UI_TextEdit() override;
@@ -17,16 +17,16 @@ class NRV_EXPORT UI_TextEdit : public UI_ControlView {
   virtual nrvcore::UTF16String GetValue() const;
   virtual void SetValue(const nrvcore::UTF16String& newText);
 
-  /// Takes what a person entered, as far as it is fit for the field, without notifying.
+  /// Sets the value to an entry of the user, if it is valid, without notifying the handler.
   virtual gestures::Outcome AcceptEntry(const nrvcore::UTF16String& entry);
 
  private:
   nrvcore::UTF16String text;
 };
 
-/// A text field that shows a number; its text is always the formatted value. Code sets any value,
-/// whatever the bounds; what a person enters is pulled to the nearest bound. An upper bound below
-/// the lower one counts as the lower one.
+/// A text field that shows a number; its text is always the formatted value. Code can set any
+/// value, whatever the bounds; the user's entries are clamped to them. An upper bound below the
+/// lower bound is treated as equal to it.
 class NRV_EXPORT UI_NumberEdit : public UI_TextEdit {
  public:
   ~UI_NumberEdit() override;
@@ -36,13 +36,13 @@ class NRV_EXPORT UI_NumberEdit : public UI_TextEdit {
   virtual void SetLowerBound(double bound);
   virtual void SetUpperBound(double bound);
   double GetLowerBound() const { return lowerBound; }
-  /// The lower bound where that is greater.
+  /// At least the lower bound.
   double GetUpperBound() const;
 
   virtual NumberUnit GetUnit() const;
 
   nrvcore::UTF16String GetValue() const override;
-  /// Throws an Error when the text is no number that fits the field's unit.
+  /// Throws an Error unless the text is a number in the field's unit.
   void SetValue(const nrvcore::UTF16String& newText) override;
   gestures::Outcome AcceptEntry(const nrvcore::UTF16String& entry) override;
 
@@ -62,7 +62,7 @@ class NRV_EXPORT UI_NumberEdit : public UI_TextEdit {
   double upperBound = std::numeric_limits<double>::infinity();
 };
 
-/// Gives a number field a unit of the caller's choice. Without one it shows a bare number.
+/// A number field with a unit; without one it shows a bare number.
 template <class Base>
 class NRV_EXPORT UI_UnitNumberBaseT : public Base {
  public:
@@ -70,7 +70,7 @@ class NRV_EXPORT UI_UnitNumberBaseT : public Base {
 
   ~UI_UnitNumberBaseT() override;
 
-  /// The number stays as it is: 100 % becomes 100 pt.
+  /// Does not convert the number: 100 % becomes 100 pt.
   void SetCustomUnit(CustomNumberEditUnit customUnit);
   NumberUnit GetUnit() const override;
 

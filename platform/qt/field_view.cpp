@@ -119,7 +119,7 @@ bool FieldView::Enter(const UTF16String& text) {
 bool FieldView::ShowEntry(const Outcome& outcome) {
   if (run.IsOver()) return false;
   ShowValue();
-  if (!outcome.IsRefused() && !outcome.IsPulled()) {
+  if (!outcome.IsRefused() && !outcome.IsClamped()) {
     CheckValue();
     return true;
   }
@@ -221,7 +221,7 @@ void NumberFieldView::TextChanged() {
 std::optional<PendingEntry> NumberFieldView::Pending() const {
   if (!IsEdited()) return std::nullopt;
   const auto reading = number.Read(FromQString(Text()));
-  if (reading.outcome.IsRefused() || reading.outcome.IsPulled()) return std::nullopt;
+  if (reading.outcome.IsRefused() || reading.outcome.IsClamped()) return std::nullopt;
   return PendingEntry{&number, reading.number};
 }
 

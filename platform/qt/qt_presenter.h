@@ -30,7 +30,7 @@ class QtPresenter final : public nrvui::ui::DialogPresenter {
   void PlayScript(nrvui::gestures::GestureScript gestureScript,
                   std::function<void(const std::string&)> report = {});
   /// The error that stopped the script in the last dialog.
-  const std::optional<nrvui::gestures::ScriptError>& Error() const { return error; }
+  const std::optional<nrvcore::FileError>& Error() const { return error; }
 
   /// Takes a screenshot of each dialog: when it opens, and after each gesture of a script that
   /// leaves it open. The last one is kept.
@@ -61,7 +61,7 @@ class QtPresenter final : public nrvui::ui::DialogPresenter {
  private:
   std::optional<nrvui::gestures::GestureScript> script;
   std::function<void(const std::string&)> reportFunction;
-  std::optional<nrvui::gestures::ScriptError> error;
+  std::optional<nrvcore::FileError> error;
   bool takesScreenshots = false;
   QImage screenshot;
   std::vector<DialogListener*> listeners;

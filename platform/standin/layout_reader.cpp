@@ -63,7 +63,7 @@ void Reader::Refuse(size_t offset, const std::string& reason) const {
   const auto end =
       original.begin() + static_cast<std::ptrdiff_t>(std::min(offset, original.size()));
   const auto line = static_cast<size_t>(std::count(original.begin(), end, '\n')) + 1;
-  throw ResourceError(file, line, reason);
+  throw nrvcore::FileError(file, line, reason);
 }
 
 SheetTree Reader::Read() {

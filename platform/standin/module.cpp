@@ -1,15 +1,6 @@
 #include "platform/standin/module.h"
 
 #include <dlfcn.h>
-#ifdef __ELF__
-#include <link.h>
-#endif
-
-#include <algorithm>
-#include <cstring>
-#include <fstream>
-#include <span>
-#include <vector>
 
 #include "platform/nrvcore/localizer.h"
 #include "platform/standin/host_codes.h"
@@ -19,27 +10,6 @@ namespace standin {
 using nrvcore::config::Message;
 
 namespace {
-
-/// Whether all that the loader would map is in the file; it looks itself only when it is too late.
-bool IsCutShort(const std::filesystem::path& file) {
-#ifdef __ELF__
-  std::error_code error;
-  const uint64_t size = file_size(file, error);
-  std::ifstream stream(file, std::ios::binary);
-  ElfW(Ehdr) header{};
-  stream.read(reinterpret_cast<char*>(&header), sizeof header);
-  if (!stream || std::memcmp(header.e_ident, ELFMAG, SELFMAG) != 0) return false;  // dlopen refuses
-  stream.seekg(std::streamoff(header.e_phoff));
-  std::vector<ElfW(Phdr)> parts(header.e_phnum);
-  stream.read(reinterpret_cast<char*>(parts.data()),
-              std::streamsize(std::span(parts).size_bytes()));
-  return !stream || std::ranges::any_of(parts, [size](const auto& part) {
-    return part.p_offset > size || part.p_filesz > size - part.p_offset;
-  });
-#else
-  return false;
-#endif
-}
 
 std::string LastLoadFailure() {
   const char* const reason = dlerror();
@@ -53,14 +23,11 @@ ModuleImage::ModuleImage(const std::filesystem::path& file) {
   if (!std::filesystem::exists(file, error))
     throw LoadError(Message("$$$/standin/Module/Absent=cannot load %1: there is no such file",
                             {file.string()}));
-  // dlopen would wait for a writer of a pipe.
+  // dlopen would wait for the writer of a pipe.
   if (!std::filesystem::is_regular_file(file, error))
     throw LoadError(Message(
         "$$$/standin/Module/NotRegular=cannot load %1: it is not a regular file", {file.string()}));
-  if (IsCutShort(file))
-    throw LoadError(Message("$$$/standin/Module/CutShort=cannot load %1: the file is cut short",
-                            {file.string()}));
-  // A bare name would be searched for elsewhere.
+  // dlopen searches the library path for a name without a folder.
   handle = dlopen(std::filesystem::absolute(file).c_str(), RTLD_NOW | RTLD_LOCAL);
   if (!handle)
     throw LoadError(Message("$$$/standin/Module/Refused=cannot load %1: %2",
@@ -69,7 +36,8 @@ ModuleImage::ModuleImage(const std::filesystem::path& file) {
   if (entry) return;
   dlclose(handle);
   throw LoadError(
-      Message("$$$/standin/Module/NoPlugin=cannot use %1: it is no plug-in, since it has no %2",
+      Message("$$$/standin/Module/NoPlugin=cannot use %1: it is not a plug-in, because it does not "
+              "export %2",
               {file.string(), kPluginEntryName}));
 }
 
@@ -88,7 +56,7 @@ Module::Module(Host& host, PluginEntryPoint entry, const std::string& name)
 Module::~Module() {
   try {
     if (globals) static_cast<void>(ShutDown());
-  } catch (...) {  // whatever it is, the plug-in's leftovers tell of it
+  } catch (...) {  // Leftovers lists what stays
   }
   host.RemovePlugin(plugin);
 }

@@ -11,13 +11,13 @@
 
 namespace standin {
 
-/// A module that cannot be loaded; `what` says which and why.
+/// A module that cannot be loaded; what() has the file and the reason.
 class LoadError : public std::runtime_error {
  public:
   using std::runtime_error::runtime_error;
 };
 
-/// A module's code in memory, from construction to destruction.
+/// Loads a module's code; the destructor unloads it.
 class ModuleImage {
  public:
   /// Throws LoadError when the file cannot be loaded or has no entry point.
@@ -34,11 +34,11 @@ class ModuleImage {
   PluginEntryPoint entry;
 };
 
-/// A plug-in under the host: its code, and what the host keeps for it from message to message.
-/// The host must outlive it. The destructor shuts down what still runs.
+/// A plug-in in the host: its code, and what the host keeps for it between messages. The host must
+/// outlive it. The destructor shuts down a running plug-in.
 class Module {
  public:
-  /// Loads the file and sends nothing yet. Throws LoadError.
+  /// Loads the file and sends no message. Throws LoadError.
   Module(Host& host, const std::filesystem::path& file);
   /// A plug-in whose code is linked into this program.
   Module(Host& host, PluginEntryPoint entry, const std::string& name);
@@ -48,28 +48,26 @@ class Module {
   Module& operator=(const Module&) = delete;
 
   ResultCode StartUp();
-  /// Loads the code first if it is away, since only the code can end what it began. Throws
-  /// LoadError.
+  /// Loads the code first if it is unloaded. Throws LoadError.
   ResultCode ShutDown();
-  /// Sends the message and removes the code from memory. kPluginInUse when something needs it;
-  /// a failure leaves the code where it is.
+  /// Sends the message and unloads the code, unless the plug-in returns a failure. kPluginInUse
+  /// while it is in use.
   ResultCode Unload();
-  /// Loads the code again, from another file if one is given, and sends the message. Throws
-  /// LoadError, with the plug-in still away. A code that is not away stays and is told only.
+  /// Loads the code, from another file if one is given, unless it is loaded, and sends the message.
+  /// Throws LoadError; the code then stays unloaded.
   ResultCode Reload();
   ResultCode Reload(const std::filesystem::path& otherFile);
 
-  /// Any message; its further content, where it has some, is empty. kNotLoaded while the code is
-  /// away.
+  /// Sends a message whose further fields are null. kNotLoaded while the code is unloaded.
   ResultCode Send(const char* caller, const char* selector);
   ResultCode Send(const MessageName& name) { return Send(name.caller, name.selector); }
-  /// Says that something of the notifier's `type` happened.
+  /// Sends the message of a notifier of `type`.
   ResultCode Notify(const char* type, const char* selector = messages::kNotify.selector);
   ResultCode About() { return Send(messages::kAbout); }
 
   bool IsLoaded() const { return entry; }
   PluginRef Ref() const { return plugin; }
-  /// What the plug-in keeps with the host; null when it does not run.
+  /// The plug-in's globals; null when it does not run.
   void* Globals() const { return globals; }
 
  protected:

@@ -6,9 +6,6 @@
 
 namespace standin {
 
-/// A resource that cannot be used.
-using ResourceError = nrvcore::FileError;
-
 /// The folders that hold a host's resources.
 struct ResourceFolders {
   std::filesystem::path host;    // the host's lists, in "host", and the "translations"

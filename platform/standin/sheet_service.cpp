@@ -107,7 +107,7 @@ boost::shared_ptr<SheetHolder> SheetService::CreateSheetHolder(OpaqueModule* plu
     return boost::make_shared<LayoutSheetHolder>(ReadLayout(layouts / (layout + ".xml"), nodes),
                                                  boost::make_shared<PropertySheet>(sheets),
                                                  holders);
-  } catch (const ResourceError& error) {
+  } catch (const nrvcore::FileError& error) {
     host.NoteResourceProblem(error.what());
     return nullptr;
   }

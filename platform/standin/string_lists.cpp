@@ -25,7 +25,7 @@ StringList ReadStringList(std::istream& stream, const std::filesystem::path& fil
   for (std::string line; std::getline(stream, line);) {
     ++lineNumber;
     const auto refuse = [&](const std::string& reason) {
-      throw ResourceError(file, lineNumber, reason);
+      throw nrvcore::FileError(file, lineNumber, reason);
     };
     if (line.ends_with('\r')) line.pop_back();
     if (line.empty() || line.front() == '#') continue;

@@ -98,7 +98,7 @@ ResultCode GetListString(ModuleRef module, int32_t list, int32_t index, char* bu
     const std::string* entry = nullptr;
     try {
       entry = host.Lists().Find(owner, list, index);
-    } catch (const ResourceError& error) {
+    } catch (const nrvcore::FileError& error) {
       host.NoteResourceProblem(error.what());
       return kDamagedList;
     }

@@ -19,9 +19,9 @@ TEST(Enter, TakesANumberOrPullsItToTheNearestBoundAndSaysSo) {
   } cases[] = {
       {u"2 in", 0, 8640, 144, u""},
       {u"99999999999999999999", 0, 8640, 8640,
-       u"99999999999999999999 is more than 8640 pt; 8640 pt was put in its place."},
-      {u"-1 mm", 1, 8640, 1, u"-1 mm is less than 1 pt; 1 pt was put in its place."},
-      {u"5", 0, -1, 0, u"5 is more than 0 pt; 0 pt was put in its place."},
+       u"99999999999999999999 is more than 8640 pt; it was changed to 8640 pt."},
+      {u"-1 mm", 1, 8640, 1, u"-1 mm is less than 1 pt; it was changed to 1 pt."},
+      {u"5", 0, -1, 0, u"5 is more than 0 pt; it was changed to 0 pt."},
       {u"8.7", 0, 8.69999981, 8.69999981, u""},  // the bound as the field shows it
       {u"0", 0, -1, 0, u""},  // an upper bound below the lower one counts as the lower one
   };
@@ -31,7 +31,7 @@ TEST(Enter, TakesANumberOrPullsItToTheNearestBoundAndSaysSo) {
     test.width->SetUpperBound(upper);
     const Outcome outcome = Enter(*test.dialog, *test.width, entered);
     EXPECT_EQ(Describe(outcome), notice);
-    EXPECT_EQ(outcome.IsPulled(), *notice != 0);
+    EXPECT_EQ(outcome.IsClamped(), *notice != 0);
     EXPECT_EQ(outcome.entered.IsEmpty(), *notice == 0);
     EXPECT_EQ(test.width->GetNumber(), number);
     EXPECT_EQ(test.Notified(), "width:1");
@@ -60,7 +60,7 @@ TEST(Enter, WhatStaysOrIsRefusedNotifiesNobody) {
   test.width->SetNumber(9000);
   test.percent->SetChecked(true);
   EXPECT_EQ(test.Notified(), "");
-  EXPECT_TRUE(Enter(*test.dialog, *test.width, u"9000 pt").IsPulled());
+  EXPECT_TRUE(Enter(*test.dialog, *test.width, u"9000 pt").IsClamped());
   test.width->SetNumber(99.99996);
   Enter(*test.dialog, *test.width, u"100 pt");
   EXPECT_EQ(test.width->GetNumber(), 100) << "although the field showed 100 before";
@@ -156,14 +156,14 @@ TEST(Gestures, ResizeKeepsToTheMinimum) {
   EXPECT_TRUE(Resize(*test.dialog, {90, 70}).changed);
   EXPECT_FALSE(Resize(*test.dialog, {90, 70}).changed);
   const Outcome outcome = Resize(*test.dialog, {90.5, 10});
-  EXPECT_EQ(Describe(outcome), u"90.5 × 10 is less than 90 × 60; 90 × 60 was put in its place.");
+  EXPECT_EQ(Describe(outcome), u"90.5 × 10 is less than 90 × 60; it was changed to 90 × 60.");
   for (const float wrong : {-1.0f, 32768.0f, NAN}) {
     EXPECT_EQ(Resize(*test.dialog, {100, wrong}).refusal, Refusal::kNotASize);
   }
   EXPECT_EQ(test.dialog->GetContentSize(), (nrvcore::geom::PointT<float>{90, 60}));
   EXPECT_EQ(test.dialog->GetRootView()->UI_GetLocalRectF(),
             (nrvcore::geom::RectT<float>{0, 0, 90, 60}));
-  EXPECT_TRUE(Resize(*test.dialog, {0, 32767}).IsPulled());
+  EXPECT_TRUE(Resize(*test.dialog, {0, 32767}).IsClamped());
   test.dialog->SetMinimumSize({NAN, 1e30f});
   EXPECT_EQ(test.dialog->GetMinimumSize(), (nrvcore::geom::PointT<float>{0, 1e6f}));
   test.dialog->SetMinimumSize({5, -5});

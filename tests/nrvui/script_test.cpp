@@ -21,7 +21,7 @@ std::string Play(const std::string& text, TestDialog& test) {
     const InstalledPresenter installed(presenter);
     test.dialog->RunModal();
     if (presenter.Error()) say(presenter.Error()->what());
-  } catch (const ScriptError& unreadable) {
+  } catch (const nrvcore::FileError& unreadable) {
     say(unreadable.what());
   }
   constexpr const char* kResponses[] = {"open", "ok", "cancel"};
@@ -48,13 +48,13 @@ TEST(Script, PlaysEveryGesture) {
   EXPECT_EQ(test.dialog->GetContentSize(), (nrvcore::geom::PointT<float>{120, 90}));
 }
 
-TEST(Script, SaysWhatWasPulledOrLeftOpenAndWhereItCannotBeReadOrPlayed) {
+TEST(Script, SaysWhatWasClampedOrLeftOpenAndWhereItCannotBeReadOrPlayed) {
   const struct {
     const char* script;
     const char* story;
   } cases[] = {
       {"enter width 9000\nclick percent\n",
-       "cancel percent:1 width:1|f:1: 9000 is more than 8640 pt; 8640 pt was put in its place."
+       "cancel percent:1 width:1|f:1: 9000 is more than 8640 pt; it was changed to 8640 pt."
        "|f: the script ended with the dialog open; it was cancelled"},
       {"close\nwave ok", "open |f:2: there is no gesture \"wave\""},
       {"enter", "open |f:1: the expected form is: enter ID TEXT"},
@@ -100,7 +100,7 @@ TEST(Script, IsReadFromAFileOfAnyLength) {
     try {
       GestureScript::ReadFile(file);
       ADD_FAILURE() << "no error: " << file;
-    } catch (const ScriptError& error) {
+    } catch (const nrvcore::FileError& error) {
       EXPECT_EQ(error.what(), file.string() + reason);
     }
   folder.Write("long", std::string(10000, '\n').append("close\n"));

@@ -22,7 +22,7 @@ TEST_F(Field, SaysWhatItTakesAndWhatWasWrong) {
     EXPECT_TRUE(open.Field("NewWidthTxt").IsMarked());
     const QString tooMuch = open.Message();
     EXPECT_EQ(tooMuch,
-              "Width: 9000 is more than 8640 pt; 8640 pt was put in its place. "
+              "Width: 9000 is more than 8640 pt; it was changed to 8640 pt. "
               "Allowed here: 0 pt to 8640 pt.");
 
     // The problem remains while the user edits other fields; a newer problem hides it.

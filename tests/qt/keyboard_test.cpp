@@ -96,7 +96,7 @@ TEST_F(Keyboard, HearsWarningsAndSummaries) {
     EXPECT_TRUE(hears("60 typed"));
     open.Type("VerticalCountTxt", "0");
     open.Key(Qt::Key_Tab);
-    EXPECT_TRUE(hears("Down: 0 is less than 1; 1 was put in its place. Allowed here: 1 to 8640."));
+    EXPECT_TRUE(hears("Down: 0 is less than 1; it was changed to 1. Allowed here: 1 to 8640."));
     open.Type("HorizontalCountTxt", "70");
     EXPECT_TRUE(hears("70 typed"));
     EXPECT_TRUE(open.Message().endsWith("1 to 8640.\n70 typed")) << "a warning each";

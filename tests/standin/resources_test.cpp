@@ -32,7 +32,7 @@ std::string Refusal(Read read) {
   try {
     read();
     return "none";
-  } catch (const standin::ResourceError& error) {
+  } catch (const nrvcore::FileError& error) {
     return error.what();
   }
 }

@@ -54,7 +54,7 @@ class RandomPerson final : public nrvui::ui::DialogPresenter {
     const nrvcore::UTF16String typed = field.Format(int(random() % 60) / 4.0);
     const UI_NumberEdit::Reading reading = field.Read(typed);
     std::optional<qtui::PendingEntry> pending;
-    if (!reading.outcome.IsPulled()) pending = {&field, reading.number};
+    if (!reading.outcome.IsClamped()) pending = {&field, reading.number};
     expected = ForecastFor(dialog, asked, pending).choices;
     if (pending) (void)nrvui::gestures::Enter(dialog, field, typed);
     (void)nrvui::gestures::Press(dialog, nrvui::gestures::Key::kReturn);
