@@ -36,6 +36,10 @@ void AddDialogChecks(const Add& add);
 void AddFaultChecks(const Add& add);
 void AddRandomChecks(const Add& add);
 
+/// Throws std::runtime_error when the module's file lacks a part that the loader would map:
+/// touching it raises SIGBUS.
+void ExpectWholeModuleFile();
+
 /// For campaigns, from one case to the next that is played: 1 in the long form, `inShort` or, where
 /// a sanitizer slows everything down, twice as much in the short one.
 inline size_t Step(size_t inShort = 1) {

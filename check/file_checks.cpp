@@ -17,33 +17,24 @@
 namespace check {
 namespace {
 
-/// The parts of an ELF file that say so.
-class ModuleFile {
+/// The module's file as ELF.
+class ElfFile {
  public:
-  struct Symbol {
-    std::string name;
-    bool isDefined;
-    unsigned char binding;
-    unsigned char type;
-  };
-
-  /// Throws std::runtime_error for a file that is none or is cut short.
-  ModuleFile() {
-    const auto header = At<Elf64_Ehdr>(0);
+  /// Throws std::runtime_error unless the file is ELF and holds all segments that the loader maps.
+  ElfFile() {
     if (std::memcmp(header.e_ident, ELFMAG, SELFMAG) != 0 || header.e_ident[EI_CLASS] != ELFCLASS64)
-      throw std::runtime_error("the file is no 64-bit ELF file");
-    for (size_t i = 0; i < header.e_phnum; ++i)
-      if (At<Elf64_Phdr>(header.e_phoff + i * sizeof(Elf64_Phdr)).p_type == PT_TLS) hasTls = true;
-    for (size_t i = 0; i < header.e_shnum; ++i) ReadSection(header, i);
-    if (symbols.empty()) throw std::runtime_error("the file has no table of symbols");
+      throw std::runtime_error("the file is not a 64-bit ELF file");
+    for (size_t i = 0; i < header.e_phnum; ++i) {
+      const auto segment = At<Elf64_Phdr>(header.e_phoff + i * sizeof(Elf64_Phdr));
+      if (segment.p_offset > bytes.size() || segment.p_filesz > bytes.size() - segment.p_offset)
+        throw std::runtime_error("the file is cut short");
+      if (segment.p_type == PT_TLS) hasTls = true;
+    }
   }
 
-  std::vector<Symbol> symbols;
-  size_t constructors = 0, destructors = 0;
   bool hasTls = false;
-  bool staysForGood = false;
 
- private:
+ protected:
   template <typename Entry>
   Entry At(size_t offset) const {
     Entry entry;
@@ -53,12 +44,37 @@ class ModuleFile {
     return entry;
   }
 
-  Elf64_Shdr Section(const Elf64_Ehdr& header, size_t index) const {
+  const std::string bytes = ContentOf(settings.module);
+  const Elf64_Ehdr header = At<Elf64_Ehdr>(0);
+};
+
+/// Its symbols, and what its sections say.
+class ModuleFile : public ElfFile {
+ public:
+  struct Symbol {
+    std::string name;
+    bool isDefined;
+    unsigned char binding;
+    unsigned char type;
+  };
+
+  /// Throws std::runtime_error for a file without a symbol table too.
+  ModuleFile() {
+    for (size_t i = 0; i < header.e_shnum; ++i) ReadSection(i);
+    if (symbols.empty()) throw std::runtime_error("the file has no table of symbols");
+  }
+
+  std::vector<Symbol> symbols;
+  size_t constructors = 0, destructors = 0;
+  bool staysForGood = false;
+
+ private:
+  Elf64_Shdr Section(size_t index) const {
     return At<Elf64_Shdr>(header.e_shoff + index * sizeof(Elf64_Shdr));
   }
 
-  void ReadSection(const Elf64_Ehdr& header, size_t index) {
-    const auto section = Section(header, index);
+  void ReadSection(size_t index) {
+    const auto section = Section(index);
     const size_t end = section.sh_offset + section.sh_size;
     if (section.sh_type == SHT_INIT_ARRAY) constructors += section.sh_size / sizeof(Elf64_Addr);
     if (section.sh_type == SHT_FINI_ARRAY) destructors += section.sh_size / sizeof(Elf64_Addr);
@@ -69,7 +85,7 @@ class ModuleFile {
       }
     }
     if (section.sh_type != SHT_DYNSYM) return;
-    const size_t names = Section(header, section.sh_link).sh_offset;
+    const size_t names = Section(section.sh_link).sh_offset;
     for (size_t at = section.sh_offset + sizeof(Elf64_Sym); at < end; at += sizeof(Elf64_Sym)) {
       const auto symbol = At<Elf64_Sym>(at);
       const size_t name = names + symbol.st_name;
@@ -80,8 +96,6 @@ class ModuleFile {
                          static_cast<unsigned char>(ELF64_ST_TYPE(symbol.st_info))});
     }
   }
-
-  const std::string bytes = ContentOf(settings.module);
 };
 
 std::string Readable(const std::string& name) {
@@ -101,6 +115,10 @@ void ExpectNone(const char* what, IsFault isFault) {
 }
 
 }  // namespace
+
+void ExpectWholeModuleFile() {
+  const ElfFile file;
+}
 
 void AddFileChecks(const Add& add) {
   add("file/exports-entry-point-alone", [] {

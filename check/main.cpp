@@ -137,7 +137,10 @@ int RunAll(const std::vector<Check>& checks) {
 
 /// Nothing of the module may be loaded in this process, so this is tried apart. Throws Refusal.
 void ExpectModule() {
-  const Ending ending = RunWithinLimit([] { standin::ModuleImage(settings.module); });
+  const Ending ending = RunWithinLimit([] {
+    if (is_regular_file(settings.module)) ExpectWholeModuleFile();
+    standin::ModuleImage(settings.module);
+  });
   if (ending.passed) return;
   const std::string& said = ending.findings.empty() ? ending.why : ending.findings;
   const std::string reason = said.substr(0, said.find('\n'));
