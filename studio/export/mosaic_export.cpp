@@ -1,5 +1,6 @@
 #include "studio/export/mosaic_export.h"
 
+#include <QIODevice>
 #include <algorithm>
 #include <iterator>
 
@@ -13,7 +14,43 @@ constexpr ExportKind kKinds[] = {
     {".png", "$$$/Studio/Export/Png=PNG picture (*.png)", MakePngSink, true},
 };
 
+/// Counts the bytes that are written to it.
+class CountingDevice final : public QIODevice {
+ public:
+  CountingDevice() { open(WriteOnly | Unbuffered); }
+  qint64 Count() const { return count; }
+
+ protected:
+  qint64 readData(char*, qint64) override { return -1; }
+  qint64 writeData(const char*, qint64 bytes) override {
+    count += bytes;
+    return bytes;
+  }
+
+ private:
+  qint64 count = 0;
+};
+
 }  // namespace
+
+double EstimatedBytes(const Mosaic& mosaic, const ExportKind& kind) {
+  constexpr int kSampledRows = 16;
+  constexpr double kBytesPerTileOfPicture = 4;  // the other pixels of a tile repeat the first
+  MosaicGeometry sample = mosaic.geometry;
+  if (kind.hasPixels) return kBytesPerTileOfPicture * sample.tilesAcross * sample.tilesDown;
+  const int rows = std::min(kSampledRows, sample.tilesDown);
+  sample.tilesDown = rows;
+  sample.size.setHeight(sample.Top(rows) - sample.spacing.height());
+  CountingDevice device;
+  const auto sink = kind.makeSink(device, sample, {}, 0);
+  for (int i = 0; i < rows; ++i) {
+    const int row = int(qint64(i) * mosaic.tiles.height() / rows);
+    const auto* line = reinterpret_cast<const QRgb*>(mosaic.tiles.constScanLine(row));
+    sink->AddRow({line, size_t(mosaic.tiles.width())});
+  }
+  sink->Finish();
+  return double(device.Count()) * mosaic.geometry.tilesDown / rows;
+}
 
 std::span<const ExportKind> ExportKinds() {
   return kKinds;

@@ -6,6 +6,7 @@
 #include <memory>
 #include <span>
 
+#include "studio/mosaic/artwork.h"
 #include "studio/mosaic/mosaic_geometry.h"
 #include "studio/mosaic/mosaic_sink.h"
 
@@ -17,12 +18,12 @@ class QIODevice;
 using SinkMaker = std::unique_ptr<MosaicSink>(QIODevice& device, const MosaicGeometry& geometry,
                                               const QImage& below, double pixelsPerPoint);
 
-/// An SVG drawing, a user unit a point: one `rect` per tile in one group, in row order. Transparent
-/// tiles are there too, with their opacity, so that the count always holds.
+/// An SVG drawing with user units of one point: one group with a `rect` for each tile that is not
+/// fully transparent, in row order.
 SinkMaker MakeSvgSink;
-/// A PDF document of one page, exactly as large as the mosaic, a filled rectangle per tile. The
-/// page's content goes out in compressed pieces as it comes in, so that memory doesn't grow with
-/// the tiles.
+/// A PDF document of one page of the mosaic's size: one filled rectangle for each tile that is not
+/// fully transparent. Its title is the device's object name without folder and ending. The page's
+/// content is written in compressed pieces as rows arrive, so memory does not grow with the tiles.
 SinkMaker MakePdfSink;
 /// A PNG picture of the mosaic's size on the page, with so many pixels a point, at most
 /// MostPngScale.
@@ -43,6 +44,13 @@ double PngScale(const MosaicGeometry& geometry);
 /// The most that a PNG picture of this size in points can have: 32 000 pixels a side, 256 million
 /// together.
 double MostPngScale(QSizeF size);
+
+/// The size of a PNG picture of this size in points.
+QSize PngPixels(QSizeF size, double pixelsPerPoint);
+
+/// About how many bytes the tiles of an export take: extrapolated from some rows for a drawing, an
+/// upper bound for a picture.
+double EstimatedBytes(const Mosaic& mosaic, const ExportKind& kind);
 
 /// The first is proposed.
 std::span<const ExportKind> ExportKinds();

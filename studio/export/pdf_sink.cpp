@@ -1,8 +1,10 @@
+#include <QFileInfo>
 #include <QPainter>
 #include <cstdio>
 #include <string>
 #include <vector>
 
+#include "studio/base/file_name.h"
 #include "studio/base/output.h"
 #include "studio/base/text.h"
 #include "studio/export/mosaic_export.h"
@@ -13,7 +15,7 @@ namespace {
 constexpr size_t kPieceSize = 1 << 18;
 constexpr int kFastCompression = 1;
 
-enum Object { kNone, kCatalog, kPages, kPage, kFirstFree };
+enum Object { kNone, kCatalog, kPages, kPage, kInfo, kFirstFree };
 
 std::string ChannelText(int value) {
   return NumberText(value / 255.0) + " ";
@@ -44,6 +46,17 @@ QImage OnPaper(const QImage& picture) {
   paper.fill(Qt::white);
   QPainter(&paper).drawImage(0, 0, picture);
   return paper;
+}
+
+/// A text as a PDF string: UTF-16 in hexadecimal digits, behind a byte order mark.
+std::string StringText(const QString& text) {
+  std::string digits = "<FEFF";
+  for (const QChar unit : text) {
+    char hex[8];
+    std::snprintf(hex, sizeof hex, "%04X", unsigned(unit.unicode()));
+    digits += hex;
+  }
+  return digits + ">";
 }
 
 class PdfSink final : public MosaicSink {
@@ -107,7 +120,11 @@ void PdfSink::AddRow(std::span<const QRgb> tiles) {
 void PdfSink::Finish() {
   WriteContentPiece();
   BeginObject(kCatalog);
-  Write("<< /Type /Catalog /Pages " + Reference(kPages) + " >>\nendobj\n");
+  Write("<< /Type /Catalog /Pages " + Reference(kPages) +
+        " /ViewerPreferences << /DisplayDocTitle true >> >>\nendobj\n");
+  BeginObject(kInfo);
+  const QString title = QFileInfo(OnOneLine(device.objectName())).completeBaseName();
+  Write("<< /Title " + StringText(title) + " >>\nendobj\n");
   BeginObject(kPages);
   Write("<< /Type /Pages /Count 1 /Kids [" + Reference(kPage) + "] >>\nendobj\n");
   BeginObject(kPage);
@@ -129,7 +146,8 @@ void PdfSink::Finish() {
     table += entry;
   }
   Write(table + "trailer\n<< /Size " + std::to_string(offsets.size()) + " /Root " +
-        Reference(kCatalog) + " >>\nstartxref\n" + std::to_string(tableStart) + "\n%%EOF\n");
+        Reference(kCatalog) + " /Info " + Reference(kInfo) + " >>\nstartxref\n" +
+        std::to_string(tableStart) + "\n%%EOF\n");
 }
 
 void PdfSink::Write(const std::string& bytes) {

@@ -89,8 +89,7 @@ PngSink::PngSink(QIODevice& device, const MosaicGeometry& geometry, const QImage
       geometry(geometry),
       below(below),
       scale(scale),
-      image(PixelCount(geometry.size.width(), scale), PixelCount(geometry.size.height(), scale),
-            QImage::Format_ARGB32) {
+      image(PngPixels(geometry.size, scale), QImage::Format_ARGB32) {
   if (image.isNull()) throw StudioError(kNoMemory);
   image.fill(Qt::transparent);
   across.resize(size_t(image.width()));
@@ -186,6 +185,10 @@ double PngScale(const MosaicGeometry& geometry) {
   const double chosen = std::min(
       {sharp, std::sqrt(kMostPixels / (size.width() * size.height())), kMostSide / longSide});
   return std::max(chosen, LeastScale(geometry));
+}
+
+QSize PngPixels(QSizeF size, double pixelsPerPoint) {
+  return {PixelCount(size.width(), pixelsPerPoint), PixelCount(size.height(), pixelsPerPoint)};
 }
 
 double MostPngScale(QSizeF size) {

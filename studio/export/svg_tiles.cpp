@@ -31,8 +31,9 @@ void SvgTiles::AppendRow(std::span<const QRgb> tiles, std::string& text) {
   const std::string rest = NumberText(y, place.decimals) + sizeAttributes;
   const char* const opacity = place.hasStyleSheet ? ";fill-opacity:" : "\" fill-opacity=\"";
   for (size_t column = 0; column < tiles.size(); ++column) {
-    text.append(columnStarts[column]).append(rest).append(ColorText(tiles[column]));
     const int alpha = qAlpha(tiles[column]);
+    if (alpha == 0) continue;
+    text.append(columnStarts[column]).append(rest).append(ColorText(tiles[column]));
     if (alpha < 255) text.append(opacity).append(NumberText(alpha / 255.0));
     text.append("\"/>\n");
   }

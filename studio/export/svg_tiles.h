@@ -9,7 +9,7 @@
 
 #include "studio/mosaic/mosaic_geometry.h"
 
-/// Writes the tiles of a mosaic as SVG: a `rect` element for each, row by row.
+/// Writes the tiles of a mosaic as SVG: a `rect` element for each visible one, row by row.
 class SvgTiles {
  public:
   /// Where the mosaic lies in the coordinate system of its elements.
@@ -23,8 +23,7 @@ class SvgTiles {
 
   SvgTiles(const MosaicGeometry& geometry, const Place& place);
 
-  /// Appends the next row, from the top, to a text. Transparent tiles are there too, with their
-  /// opacity, so that the count always holds.
+  /// Appends the next row, from the top, to a text, without its fully transparent tiles.
   void AppendRow(std::span<const QRgb> tiles, std::string& text);
 
  private:

@@ -45,11 +45,11 @@ std::unique_ptr<QMimeData> MimeDataOf(QWidget& window, const Artwork& artwork) {
   return data;
 }
 
-QString FileIn(const QMimeData& data) {
-  for (const QUrl& url : data.urls()) {
-    if (url.isLocalFile()) return url.toLocalFile();
-  }
-  return {};
+QStringList FilesIn(const QMimeData& data) {
+  QStringList files;
+  for (const QUrl& url : data.urls())
+    if (url.isLocalFile()) files += url.toLocalFile();
+  return files;
 }
 
 std::optional<Picture> PictureIn(const QMimeData& data) {

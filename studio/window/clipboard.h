@@ -13,8 +13,8 @@ class QWidget;
 /// StudioError.
 std::unique_ptr<QMimeData> MimeDataOf(QWidget& window, const Artwork& artwork);
 
-/// The local file that is dragged, dropped or on the clipboard; empty when there is none.
-QString FileIn(const QMimeData& data);
+/// The local files that are dragged, dropped or on the clipboard.
+QStringList FilesIn(const QMimeData& data);
 
 /// The picture that the data hold themselves; nothing when there is none. Throws StudioError when
 /// there is no memory for it.

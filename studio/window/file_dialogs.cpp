@@ -2,6 +2,9 @@
 
 #include <QFileDialog>
 #include <QFileInfo>
+#include <QGridLayout>
+#include <QLabel>
+#include <QLineEdit>
 #include <algorithm>
 
 #include "studio/base/studio_error.h"
@@ -31,6 +34,73 @@ QString WithoutPictureEnding(const QString& path) {
   return PictureEndings().contains(ending) ? path.chopped(ending.size() + 1) : path;
 }
 
+/// Completes the name that the user types, and says so below it.
+class ExportDialog final : public QFileDialog {
+ public:
+  ExportDialog(QWidget& window, const QString& proposed)
+      : QFileDialog(&window, Text("$$$/Studio/Export/Title=Export Mosaic"),
+                    QFileInfo(proposed).absolutePath()),
+        notice(new QLabel) {
+    setObjectName("export");
+    setOption(DontUseNativeDialog);  // which could not show the notice
+    setAcceptMode(AcceptSave);
+    QStringList filters;
+    for (const ExportKind& kind : ExportKinds()) filters << Text(kind.filter);
+    setNameFilters(filters);
+    selectNameFilter(Text(ExportKindOf(proposed).filter));
+    selectFile(QFileInfo(proposed).fileName());
+    name = findChild<QLineEdit*>("fileNameEdit");
+    notice->setTextFormat(Qt::PlainText);
+    notice->setWordWrap(true);
+    notice->setObjectName("exportNotice");
+    auto& grid = static_cast<QGridLayout&>(*layout());
+    grid.addWidget(notice, grid.rowCount(), 0, 1, grid.columnCount());
+    connect(name, &QLineEdit::textChanged, this, [this] { ShowNotice(); });
+    connect(this, &QFileDialog::filterSelected, this, [this] { TakeEnding(); });
+    ShowNotice();
+  }
+
+  void accept() override {
+    name->setText(Whole(name->text()));
+    QFileDialog::accept();  // asks before a file is replaced
+  }
+
+ private:
+  const ExportKind& Chosen() const {
+    const auto index = nameFilters().indexOf(selectedNameFilter());
+    return ExportKinds()[size_t(std::max<qsizetype>(0, index))];
+  }
+
+  /// With an ending. What follows a dot is not always one.
+  QString Whole(const QString& typed) const {
+    if (typed.isEmpty() || FindExportKind(typed) || QFileInfo(directory(), typed).isDir())
+      return typed;
+    return WithoutPictureEnding(typed) + Chosen().ending;
+  }
+
+  /// Another kind changes the ending of the other kinds.
+  void TakeEnding() {
+    const QString typed = name->text();
+    if (const ExportKind* const kind = FindExportKind(typed))
+      name->setText(typed.chopped(qsizetype(qstrlen(kind->ending))) + Chosen().ending);
+    ShowNotice();
+  }
+
+  void ShowNotice() {
+    const QString whole = Whole(name->text());
+    QString text;
+    if (QFileInfo(directory(), whole).isFile()) {
+      text = Text("$$$/Studio/Export/Replaces=%1 exists and will be replaced.", whole);
+    } else if (whole != name->text()) {
+      text = Text("$$$/Studio/Export/SavedAs=The file will be named %1.", whole);
+    }
+    notice->setText(text);
+  }
+
+  QLineEdit* name;
+  QLabel* const notice;
+};
+
 }  // namespace
 
 QString AskForPicture(QWidget& window, const QString& folder) {
@@ -38,23 +108,7 @@ QString AskForPicture(QWidget& window, const QString& folder) {
                                       PictureFilter(), nullptr, QFileDialog::HideNameFilterDetails);
 }
 
-QString AskForExport(QWidget& window, const QString& folder, const QString& name,
-                     const ExportKind& proposed) {
-  QFileDialog dialog(&window, Text("$$$/Studio/Export/Title=Export Mosaic"), folder);
-  dialog.setObjectName("export");
-  dialog.setAcceptMode(QFileDialog::AcceptSave);
-  QStringList filters;
-  for (const ExportKind& kind : ExportKinds()) filters << Text(kind.filter);
-  dialog.setNameFilters(filters);
-  dialog.selectNameFilter(Text(proposed.filter));
-  dialog.selectFile(name + proposed.ending);
-  while (dialog.exec() == QDialog::Accepted) {
-    QString path = dialog.selectedFiles().constFirst();
-    if (FindExportKind(path)) return path;  // what follows a dot is not always an ending
-    const auto chosen = std::max<qsizetype>(0, filters.indexOf(dialog.selectedNameFilter()));
-    QString whole = WithoutPictureEnding(path) + ExportKinds()[size_t(chosen)].ending;
-    if (!QFileInfo::exists(whole)) return whole;
-    dialog.selectFile(whole);  // to be asked whether it may be replaced
-  }
-  return {};
+QString AskForExport(QWidget& window, const QString& proposed) {
+  ExportDialog dialog(window, proposed);
+  return dialog.exec() == QDialog::Accepted ? dialog.selectedFiles().constFirst() : QString();
 }

@@ -4,6 +4,7 @@
 #include <QLabel>
 #include <QMessageBox>
 #include <QPushButton>
+#include <cmath>
 
 #include "studio/base/studio_error.h"
 #include "studio/base/text.h"
@@ -55,6 +56,22 @@ void MessageBoxes::ShowAbout(const std::string& firstText, const std::string& se
 
 void MessageBoxes::ShowError(const QString& text, const std::exception& error) const {
   Warn(window, "error", text, Sentence(ReasonText(error)));
+}
+
+bool MessageBoxes::AskBeforeLargeExport(double bytes) const {
+  QMessageBox box(QMessageBox::Question, Text("$$$/Studio/Box/AlertTitle=Tesserae Studio"),
+                  Text("$$$/Studio/Box/LargeExport=The file will have about %1 GB.",
+                       NumberForUser(std::round(bytes / 1e8) / 10)),
+                  QMessageBox::NoButton, window);
+  box.setObjectName("largeExport");
+  box.setInformativeText(
+      Text("$$$/Studio/Box/LargeExportHint=Other programs may not open it. Fewer tiles or a PNG "
+           "picture take less room."));
+  auto* const exporting =
+      box.addButton(Text("$$$/Studio/Box/ExportAnyway=&Export"), QMessageBox::AcceptRole);
+  box.setEscapeButton(box.addButton(Text("$$$/Studio/Box/Cancel=Cancel"), QMessageBox::RejectRole));
+  Run(box);
+  return box.clickedButton() == exporting;
 }
 
 MessageBoxes::Answer MessageBoxes::AskBeforeClosing(const QString& picture) const {

@@ -16,6 +16,9 @@ class MessageBoxes final : public standin::UserInterface {
   /// `text` says what could not be done; `error` why.
   void ShowError(const QString& text, const std::exception& error) const;
 
+  /// Returns whether to write an export of about so many bytes.
+  bool AskBeforeLargeExport(double bytes) const;
+
   enum class Answer { kExport, kDiscard, kStay };
   /// `picture` names the one whose mosaic would be lost.
   Answer AskBeforeClosing(const QString& picture) const;

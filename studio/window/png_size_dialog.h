@@ -3,8 +3,8 @@
 #include <optional>
 
 struct MosaicGeometry;
-class QWidget;
 
-/// How many pixels a point a PNG picture of a mosaic has, chosen as its width or its resolution;
-/// nothing when the dialog was cancelled. Throws StudioError when its tiles are too many for one.
-std::optional<double> AskForPngScale(QWidget& window, const MosaicGeometry& geometry);
+/// Asks in a dialog over the active window how many pixels a point a PNG picture of a mosaic has:
+/// by its width, height or resolution. Returns nothing when the dialog was cancelled. Throws
+/// StudioError when the tiles are too many for a PNG.
+std::optional<double> AskForPngScale(const MosaicGeometry& geometry);

@@ -34,6 +34,7 @@ namespace {
 constexpr QSize kFirstSize(1080, 760);
 constexpr QSize kFrameAllowance(16, 48);  // what a window manager puts around a window
 constexpr int kMessageTime = 6000;        // ms
+constexpr double kLargeExport = 500e6;    // bytes
 constexpr Qt::Key kCompareKey = Qt::Key_F8;
 
 QString ExportFailure() {
@@ -361,43 +362,60 @@ bool StudioWindow::AskForExport() {
   const QFileInfo source(Shown()->path);
   const QString former = settings::kExportFolder.Get();
   const QString folder = QFileInfo(former).isDir() ? former : source.absolutePath();
-  const QString name = Text("$$$/Studio/Export/FileName=%1 mosaic", source.completeBaseName());
   const ExportKind* const lastKind = FindExportKind(settings::kExportEnding.Get());
+  const char* const ending = (lastKind ? *lastKind : ExportKinds().front()).ending;
+  QString path = folder + '/' +
+                 Text("$$$/Studio/Export/FileName=%1 mosaic", source.completeBaseName()) + ending;
 
-  const QString path =
-      ::AskForExport(*this, folder, name, lastKind ? *lastKind : ExportKinds().front());
-  if (path.isEmpty()) return false;
-  std::optional<double> pixelsPerPoint = 0;
-  const auto askForScale = [&] {
-    pixelsPerPoint = AskForPngScale(*this, Shown()->mosaic->geometry);
-    return pixelsPerPoint.has_value();
-  };
-  if (ExportKindOf(path).hasPixels && !Do(ExportFailure(), askForScale)) return false;
-  return Export({Shown()->path, path, *pixelsPerPoint});
+  std::optional<bool> isDone = false;  // nothing after a failure, which opens the dialog again
+  do {
+    Do(ExportFailure(), [&] {
+      isDone.reset();
+      const QString chosen = ::AskForExport(*this, path);
+      if (!chosen.isEmpty()) path = chosen;
+      isDone = !chosen.isEmpty() && ExportTo(path);
+      return true;
+    });
+  } while (!isDone);
+  return *isDone;
+}
+
+bool StudioWindow::ExportTo(const QString& path) {
+  LastExport how{Shown()->path, path, 0};
+  const Mosaic& mosaic = *Shown()->mosaic;
+  const ExportKind& kind = ExportKindOf(path);
+  if (kind.hasPixels) {
+    const auto pixelsPerPoint = AskForPngScale(mosaic.geometry);
+    if (!pixelsPerPoint) return false;
+    how.pixelsPerPoint = *pixelsPerPoint;
+  }
+  const double bytes = EstimatedBytes(mosaic, kind);
+  return (bytes < kLargeExport || boxes.AskBeforeLargeExport(bytes)) && Write(how);
 }
 
 void StudioWindow::ExportAgain() {
   const bool isSame = lastExport && lastExport->picture == Shown()->path;
-  isSame ? Export(*lastExport) : AskForExport();
+  if (!isSame) {
+    AskForExport();
+    return;
+  }
+  Do(ExportFailure(), [this] { return Write(*lastExport); });
 }
 
-bool StudioWindow::Export(LastExport how) {
-  if (!Shown() || !Shown()->mosaic) return false;
-  return Do(ExportFailure(), [&] {
-    const auto image = placedImages.find(Shown()->path);
-    const bool isDrawing =
-        image != placedImages.end() && &ExportKindOf(how.path) == FindExportKind(".svg");
-    const bool isDone = isDrawing ? ExportDrawing(*this, image->second, Shown()->mosaic, how.path)
-                                  : ExportMosaic(*this, *Shown(), how.path, how.pixelsPerPoint);
-    if (!isDone) return TellOfCancel();
-    document.NoteExport();
-    setWindowModified(!document.Unexported().empty());
-    settings::kExportFolder.Set(QFileInfo(how.path).absolutePath());
-    settings::kExportEnding.Set(ExportKindOf(how.path).ending);
-    Tell(Text("$$$/Studio/Status/Exported=Exported %1", QDir::toNativeSeparators(how.path)));
-    lastExport = std::move(how);
-    return true;
-  });
+bool StudioWindow::Write(LastExport how) {
+  const auto image = placedImages.find(Shown()->path);
+  const bool isDrawing =
+      image != placedImages.end() && &ExportKindOf(how.path) == FindExportKind(".svg");
+  const bool isDone = isDrawing ? ExportDrawing(*this, image->second, Shown()->mosaic, how.path)
+                                : ExportMosaic(*this, *Shown(), how.path, how.pixelsPerPoint);
+  if (!isDone) return TellOfCancel();
+  document.NoteExport();
+  setWindowModified(!document.Unexported().empty());
+  settings::kExportFolder.Set(QFileInfo(how.path).absolutePath());
+  settings::kExportEnding.Set(ExportKindOf(how.path).ending);
+  Tell(Text("$$$/Studio/Status/Exported=Exported %1", QDir::toNativeSeparators(how.path)));
+  lastExport = std::move(how);
+  return true;
 }
 
 void StudioWindow::Copy() {
@@ -412,7 +430,7 @@ void StudioWindow::Copy() {
 
 void StudioWindow::Paste() {
   const QMimeData* const data = QGuiApplication::clipboard()->mimeData();
-  const QString file = data ? FileIn(*data) : QString();
+  const QString file = data ? FilesIn(*data).value(0) : QString();
   if (!file.isEmpty()) {
     OpenPicture(file);
     return;
@@ -522,7 +540,7 @@ void StudioWindow::keyPressEvent(QKeyEvent* event) {
 }
 
 void StudioWindow::dragEnterEvent(QDragEnterEvent* event) {
-  if (isBusy || FileIn(*event->mimeData()).isEmpty()) return;
+  if (isBusy || FilesIn(*event->mimeData()).isEmpty()) return;
   AcceptCopy(*event);
   SetInviting(true);
 }
@@ -539,10 +557,14 @@ void StudioWindow::SetInviting(bool isInviting) {
 
 void StudioWindow::dropEvent(QDropEvent* event) {
   SetInviting(false);
-  const QString path = FileIn(*event->mimeData());
-  if (path.isEmpty()) return;
+  const QStringList paths = FilesIn(*event->mimeData());
+  if (paths.isEmpty()) return;
   AcceptCopy(*event);
   // Later, as the other application waits for the answer to the drop.
-  QMetaObject::invokeMethod(
-      this, [this, path] { OpenPicture(path); }, Qt::QueuedConnection);
+  const auto open = [this, paths] {
+    if (!OpenPicture(paths.front()) || paths.size() == 1) return;
+    Tell(Text("$$$/Studio/Status/OnlyFirst=Opened %1. Only one picture can be dropped: not %2.",
+              QFileInfo(paths[0]).fileName(), QFileInfo(paths[1]).fileName()));
+  };
+  QMetaObject::invokeMethod(this, open, Qt::QueuedConnection);
 }

@@ -77,7 +77,9 @@ class StudioWindow final : public QMainWindow {
   bool AskForPicture();
   bool AskForExport();
   void ExportAgain();
-  bool Export(LastExport how);
+  /// Both return false when the user cancelled and throw when it failed.
+  bool ExportTo(const QString& path);
+  bool Write(LastExport how);
   void Copy();
   void Paste();
   std::optional<Picture> ReadAgain(const QString& path);

@@ -9,6 +9,8 @@
 #include "studio/base/studio_error.h"
 #include "studio/base/text.h"
 #include "studio/export/mosaic_export.h"
+#include "studio/mosaic/mosaic_job.h"
+#include "tests/support/random_picture.h"
 
 namespace {
 
@@ -76,7 +78,7 @@ QImage RedPicture() {
   return picture;
 }
 
-TEST(SvgExport, HasOneRectPerTileInRowOrderInOneGroupOverThePicture) {
+TEST(SvgExport, HasOneRectPerVisibleTileInRowOrderInOneGroupOverThePicture) {
   const std::string head = R"(<?xml version="1.0" encoding="UTF-8"?>
 <svg xmlns="http://www.w3.org/2000/svg" width="34pt" height="42pt" viewBox="0 0 34 42">
 )";
@@ -86,7 +88,6 @@ TEST(SvgExport, HasOneRectPerTileInRowOrderInOneGroupOverThePicture) {
 <rect x="24" y="0" width="10" height="20" fill="#ffffff"/>
 <rect x="0" y="22" width="10" height="20" fill="#00ff00" fill-opacity="0.502"/>
 <rect x="12" y="22" width="10" height="20" fill="#000000"/>
-<rect x="24" y="22" width="10" height="20" fill="#000000" fill-opacity="0"/>
 </g>
 </svg>
 )";
@@ -162,7 +163,13 @@ TEST(PdfExport, IsOnePageWithATableThatFindsItsObjects) {
     const QByteArray head = QByteArray::number(objects + 1) + " 0 obj\n";
     EXPECT_TRUE(pdf.mid(entries[objects].left(10).toLongLong()).startsWith(head)) << objects + 1;
   }
-  EXPECT_EQ(objects, 5);
+  EXPECT_EQ(objects, 6);
+
+  QBuffer named;
+  named.setObjectName("/a/Größe 1.2.pdf");
+  named.open(QIODevice::WriteOnly);
+  Write(named, "a.pdf", 2, {});
+  EXPECT_TRUE(named.data().contains("/Title <FEFF0047007200F600DF006500200031002E0032>"));
 
   const QByteArray content = Unpacked(pdf);
   EXPECT_EQ(content.count(" re f"), 5) << "all but the clear tile";
@@ -224,6 +231,18 @@ TEST(Export, OfManyTilesIsWhole) {
     EXPECT_EQ(content.count(" " + number + " 1 1 re f\n"), 1000) << row;
   }
   EXPECT_TRUE(svg.endsWith("fill=\"#1303e7\"/>\n</g>\n</svg>\n"));
+}
+
+TEST(Export, IsEstimatedFromAFewRows) {
+  Mosaic mosaic{Touching(200, 300, {1, 1}), RandomImage(200, 300, QImage::Format_ARGB32, 1), {}};
+  for (const char* ending : {".svg", ".pdf"}) {
+    QBuffer buffer;
+    buffer.open(QIODevice::WriteOnly);
+    const auto sink = ExportKindOf(ending).makeSink(buffer, mosaic.geometry, {}, 0);
+    ASSERT_TRUE(WriteMosaic(mosaic, *sink, [](int) { return true; }));
+    const double estimate = EstimatedBytes(mosaic, ExportKindOf(ending));
+    EXPECT_NEAR(estimate / double(buffer.size()), 1, 0.25) << ending;
+  }
 }
 
 TEST(Export, ShowsAClearPictureBelowTheTiles) {

@@ -131,7 +131,6 @@ TEST_F(Program, DrawsADrawingThatStandsAlone) {
   Save("gestures", "enter HorizontalCountTxt 2\nenter VerticalCountTxt 1\nkey Return\n");
   EXPECT_EQ(Run("in.svg --gestures gestures --export a.svg --record -platform").status, 0);
   const QByteArray mosaic = Load("a.svg");
-  EXPECT_EQ(mosaic.count("<rect "), 2) << mosaic.toStdString();
   EXPECT_TRUE(mosaic.contains("x=\"6\" y=\"0\" width=\"6\" height=\"8\" fill=\"#ff0000\""));
   EXPECT_NE(Load("-platform"), "") << "no option of Qt's, a file's name";
 

@@ -7,7 +7,6 @@
 #include <QActionGroup>
 #include <QApplication>
 #include <QClipboard>
-#include <QDoubleSpinBox>
 #include <QDropEvent>
 #include <QElapsedTimer>
 #include <QFile>
@@ -353,37 +352,35 @@ TEST_F(StudioWindowTest, APictureBecomesAMosaicThatCanBeUndoneAndExported) {
 
   Export("a.svg");
   EXPECT_TRUE(QFile::exists(Path("a.svg")));
-  // A dot in the name makes no ending, and a picture's ending no drawing.
-  const std::pair<const char*, const char*> kTyped[] = {
-      {"10.15", "10.15.svg"}, {"10.15.svg", "10.15.svg"}, {"it.jpg", "it.svg"}, {"a.pdf", "a.pdf"}};
-  for (const auto& [typed, path] : kTyped) {
-    WhenOpen<QDialog>("export", [typed = typed](QDialog& dialog) {
-      EXPECT_EQ(dialog.findChild<QLineEdit*>()->text(), "at 10.15 mosaic.svg");
-      dialog.findChild<QLineEdit*>()->setText(typed);
-      dialog.accept();
-    });
-    EXPECT_EQ(AskForExport(*window, folder.path(), "at 10.15 mosaic", ExportKindOf(".svg")),
-              Path(path));
-  }
-  // A PNG's width is asked for once; the next time the same happens without a question.
-  WhenOpen<QDialog>("export", [&](QDialog& dialog) {
-    EXPECT_EQ(dialog.findChild<QLineEdit*>()->text(), "in mosaic.svg") << "the kind of last time";
-    dialog.findChild<QLineEdit*>()->setText("a.png");
-    dialog.accept();
-  });
+  // A PNG's size is asked for once; the next time the same happens without a question.
+  Type("a.png");
   WhenOpen<QDialog>("pngSize", [](QDialog& dialog) {
-    auto& width = *dialog.findChild<QSpinBox*>();
-    auto& resolution = *dialog.findChild<QDoubleSpinBox*>();
-    EXPECT_EQ(width.text(), "1608 px");
-    EXPECT_TRUE(width.findChild<QLineEdit*>()->hasSelectedText()) << "to be typed over";
-    EXPECT_EQ(width.maximum(), 19595) << "of 256 million";
-    EXPECT_NEAR(resolution.maximum(), 19595 * 72 / 60.0, 2);
-    resolution.setValue(36);
-    EXPECT_EQ(width.value(), 30);
-    width.setValue(90);
-    EXPECT_EQ(resolution.text(), "108.00 dpi");
-    EXPECT_EQ(dialog.findChildren<QLabel*>().back()->text(), "90 × 60 pixels");
-    dialog.accept();
+    const auto shown = [&] {
+      QStringList texts;
+      for (const char* field : {"pngWidth", "pngHeight", "pngResolution"})
+        texts += dialog.findChild<QWidget*>(field)->findChild<QLineEdit*>()->text();
+      return texts.join(' ').toStdString();
+    };
+    const auto enter = [&](const char* field, const char* text) {
+      auto& edit = *dialog.findChild<QWidget*>(field)->findChild<QLineEdit*>();
+      edit.setFocus();
+      edit.selectAll();
+      QTest::keyClicks(&edit, text);
+      QTest::keyClick(&edit, Qt::Key_Tab);
+    };
+    EXPECT_TRUE(QTest::qWaitForWindowActive(&dialog));
+    EXPECT_EQ(shown(), "1608 1072 1929.6");
+    EXPECT_TRUE(Message(dialog).contains("134 pixels from tile to tile, a whole number"));
+    enter("pngWidth", "40000");
+    EXPECT_TRUE(Message(dialog).contains("40000 is more than 19595"))
+        << Message(dialog).toStdString();
+    enter("pngResolution", "36");
+    EXPECT_EQ(shown(), "30 20 36");
+    enter("pngHeight", "60");
+    EXPECT_EQ(shown(), "90 60 108");
+    EXPECT_TRUE(Message(dialog).contains("7.5 pixels from tile to tile"))
+        << Message(dialog).toStdString();
+    QTest::keyClick(&dialog, Qt::Key_Return);
   });
   Action("export").trigger();
   EXPECT_EQ(QImage(Path("a.png")).size(), QSize(90, 60));
@@ -391,6 +388,11 @@ TEST_F(StudioWindowTest, APictureBecomesAMosaicThatCanBeUndoneAndExported) {
   Action("exportAgain").trigger();
   EXPECT_EQ(QImage(Path("a.png")).size(), QSize(90, 60));
   EXPECT_EQ(settings::kExportEnding.Get(), ".png");
+  WhenOpen<QDialog>("export", [&](QDialog& dialog) {
+    EXPECT_EQ(dialog.findChild<QLineEdit*>()->text(), "in mosaic.png") << "the kind of last time";
+    dialog.reject();
+  });
+  Action("export").trigger();
 
   Action("copy").trigger();
   EXPECT_EQ(QApplication::clipboard()->mimeData()->data("image/svg+xml").count("<rect "), 96);
@@ -449,7 +451,7 @@ TEST_F(StudioWindowTest, TakesWhatIsDroppedAndSaysWhatItCannotTake) {
   Save("text.png", {});
   const auto drop = [&](const QString& name) {
     QMimeData data;
-    data.setUrls({QUrl::fromLocalFile(Path(name))});
+    data.setUrls({QUrl::fromLocalFile(Path(name)), QUrl::fromLocalFile(Path("other.png"))});
     const QImage before = window->grab().toImage();
     for (const bool leaves : {true, false}) {
       QDragEnterEvent enter({9, 9}, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
@@ -475,6 +477,8 @@ TEST_F(StudioWindowTest, TakesWhatIsDroppedAndSaysWhatItCannotTake) {
   drop("in.png");
   ASSERT_TRUE(QTest::qWaitFor([&] { return window->Shown() != nullptr; }));
   const ArtworkPtr placed = window->Shown();
+  EXPECT_EQ(window->statusBar()->currentMessage(),
+            "Opened in.png. Only one picture can be dropped: not other.png.");
 
   QString text;
   Hear("error", text);
@@ -736,7 +740,14 @@ TEST_F(StudioWindowTest, AnExportThatFailsLeavesTheEarlierFileAsItWas) {
              "enter NewWidthTxt 3000\nkey Return"));
   QString text;
   const auto expectRefusal = [&](const char* action, const char* reason) {
-    Hear("error", text);
+    WhenOpen<QMessageBox>("error", [&](QMessageBox& box) {
+      text = "|" + box.text() + "|" + box.informativeText();
+      WhenOpen<QDialog>("export", [](QDialog& dialog) {
+        EXPECT_EQ(dialog.findChild<QLineEdit*>()->text(), "b.png") << "what failed";
+        dialog.reject();
+      });
+      box.close();
+    });
     Action(action).trigger();
     EXPECT_TRUE(text.contains("|The mosaic cannot be exported.|")) << text.toStdString();
     EXPECT_TRUE(text.contains(reason)) << text.toStdString();
@@ -768,26 +779,42 @@ TEST_F(StudioWindowTest, FileDialogsKnowTheKindsOfFiles) {
     dialog.close();
   });
   Action("open").trigger();
-  // A name without an ending gets that of the kind that is chosen, unless such a file is there.
+  // What follows a dot is not always an ending, and a picture's ending is not kept.
+  const std::tuple<const char*, const char*, const char*> kTyped[] = {
+      {"10.15", "10.15.svg", "The file will be named 10.15.svg."},
+      {"10.15.svg", "10.15.svg", ""},
+      {"it.jpg", "it.svg", "The file will be named it.svg."},
+      {"a.pdf", "a.pdf", ""}};
+  for (const auto& [typed, path, notice] : kTyped) {
+    WhenOpen<QDialog>("export", [typed = typed, notice = notice](QDialog& dialog) {
+      EXPECT_EQ(dialog.findChild<QLineEdit*>()->text(), "at 10.15 mosaic.svg");
+      dialog.findChild<QLineEdit*>()->setText(typed);
+      EXPECT_EQ(dialog.findChild<QLabel*>("exportNotice")->text(), notice);
+      dialog.accept();
+    });
+    EXPECT_EQ(AskForExport(*window, Path("at 10.15 mosaic.svg")), Path(path));
+  }
   Save("taken.pdf", "earlier");
-  int asked = 0;
-  const std::function<void(QFileDialog&)> choose = [&](QFileDialog& dialog) {
+  WhenOpen<QFileDialog>("export", [&](QFileDialog& dialog) {
     EXPECT_EQ(dialog.nameFilters().size(), 3);
-    EXPECT_EQ(dialog.acceptMode(), QFileDialog::AcceptSave);
-    dialog.selectNameFilter(dialog.nameFilters()[1]);
     auto& name = *dialog.findChild<QLineEdit*>();
-    if (++asked == 1) {
-      WhenOpen<QFileDialog>("export", choose);
-      name.setText("taken");
-    } else {
-      EXPECT_EQ(name.text(), "taken.pdf") << "may it be replaced?";
-      name.setText("free");
-    }
+    dialog.selectNameFilter(dialog.nameFilters()[1]);
+    emit dialog.filterSelected(dialog.nameFilters()[1]);
+    EXPECT_EQ(name.text(), "in mosaic.pdf") << "the ending follows the kind";
+    name.setText("taken");
+    EXPECT_EQ(dialog.findChild<QLabel*>("exportNotice")->text(),
+              "taken.pdf exists and will be replaced.");
+    QTimer::singleShot(50, &dialog, [&] {
+      auto* const question = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+      ASSERT_TRUE(question);
+      question->button(QMessageBox::No)->click();
+    });
     static_cast<QDialog&>(dialog).accept();
-  };
-  WhenOpen<QFileDialog>("export", choose);
+    EXPECT_TRUE(dialog.isVisible()) << "it may not be replaced";
+    name.setText("free");
+    static_cast<QDialog&>(dialog).accept();
+  });
   Action("export").trigger();
-  EXPECT_EQ(asked, 2);
   EXPECT_EQ(Load("taken.pdf"), "earlier");
   EXPECT_TRUE(Load("free.pdf").startsWith("%PDF"));
 }
