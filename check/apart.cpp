@@ -120,6 +120,7 @@ std::string RandomToken() {
   } catch (...) {
     Fail("an exception of unknown type was thrown");
   }
+  NoteOperation(nullptr);
   CountOtherFindings();
   Report(token + (HasFailed() ? " failed" : " passed"));
   std::exit(0);

@@ -268,11 +268,13 @@ void NeedsEachControlInItsClass() {
       const Trying trying(control);
       layout.Write({{" id=\"" + control, " id=\"Other"}});
       expectAnswer(kCannot);
-      // A button and a box have the same attributes, and a label has some of them.
-      const std::string begin = "<" + std::string(element) + " id=\"" + control + "\"";
-      layout.Write({{begin, "<row id=\"" + control + "\"/>" + begin + " id=\"Other"}});
+      const std::string begin = "<" + std::string(element) + " id=\"";
+      layout.Write({{begin + control, "<row id=\"" + control + "\"/>" + begin + "Other"}});
+      expectAnswer(kCannot);
     }
   }
+  layout.Write({{"<text-button id=\"MosaicUse", "<button id=\"MosaicUse"}});
+  expectAnswer(kCannot);
 }
 
 void ShowsSourceAsLengths() {
@@ -378,6 +380,7 @@ void RefusesBadCalls() {
   caller.ExpectNoDialog("without a record", run, &caller.state, &none);
   Expect("the unload", caller.module.Send("QP Access", "Unload"), kSuccess);
   caller.ExpectNoDialog("after an unload", run, &caller.state, &params);
+  Expect("the reload", caller.module.Send("QP Access", "Reload"), kSuccess);
   Expect("the shut-down", caller.module.ShutDown(), kSuccess);
   caller.ExpectNoDialog("after a shut-down", run, &caller.state, &params);
 }
