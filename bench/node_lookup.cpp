@@ -110,7 +110,7 @@ void Measure(benchmark::State& state, const void* last, const Find& find) {
 void FindLast(benchmark::State& state) {
   const std::vector<NodeRef> nodes = MakeNodes(int(state.range(0)));
   const nrvcore::String nodeID = nodes.back()->UI_GetNodeID();
-  Measure(state, nodes.back().get(), [&] { return FindNodeByID(nodes.front(), nodeID).get(); });
+  Measure(state, nodes.back().get(), [&] { return FindNodeByID(*nodes.front(), nodeID).get(); });
 }
 
 template <class Walk>

@@ -4,10 +4,9 @@
 
 using nrvui::ui::UI_Node;
 
-boost::intrusive_ptr<UI_Node> FindNodeByID(const boost::intrusive_ptr<UI_Node>& root,
-                                           const nrvcore::String& nodeID) {
+boost::intrusive_ptr<UI_Node> FindNodeByID(UI_Node& root, const nrvcore::String& nodeID) {
   std::queue<boost::intrusive_ptr<UI_Node>> queue;
-  queue.push(root);
+  queue.emplace(&root);
   while (!queue.empty()) {
     boost::intrusive_ptr<UI_Node> node = queue.front();
     if (node->UI_GetNodeID() == nodeID) return node;

@@ -195,7 +195,7 @@ void VXUIBaseDialog<T>::OnSheetMessage(const vx::UnicodeString&) {}
 
 template <class T>
 boost::intrusive_ptr<UI_Node> VXUIBaseDialog<T>::FindNodeByID(const nrvcore::String& nodeID) const {
-  return ::FindNodeByID(this->GetRootView(), nodeID);
+  return ::FindNodeByID(*this->GetRootView(), nodeID);
 }
 
 template class VXUIBaseDialog<nrvui::ui::UI_Dialog>;

@@ -30,14 +30,14 @@ TEST(FindNodeByID, FirstMatchInBreadthFirstOrder) {
   Add(right, "twin");
   Add(right, "root");
 
-  EXPECT_EQ(FindNodeByID(root, "root"), root);
-  EXPECT_EQ(FindNodeByID(root, "right"), right) << "nearer the root wins";
-  EXPECT_EQ(FindNodeByID(root, "twin"), firstTwin) << "then child order";
-  EXPECT_EQ(FindNodeByID(root, "deep"), deep);
+  EXPECT_EQ(FindNodeByID(*root, "root"), root);
+  EXPECT_EQ(FindNodeByID(*root, "right"), right) << "nearer the root wins";
+  EXPECT_EQ(FindNodeByID(*root, "twin"), firstTwin) << "then child order";
+  EXPECT_EQ(FindNodeByID(*root, "deep"), deep);
   for (const char* none : {"Deep", "dee", "deep ", "", "nobody"})
-    EXPECT_FALSE(FindNodeByID(root, none)) << none;
+    EXPECT_FALSE(FindNodeByID(*root, none)) << none;
   root->UI_SetNodeID("h\xC3\xA9");
-  EXPECT_EQ(FindNodeByID(root, "h\xC3\xA9"), root);
+  EXPECT_EQ(FindNodeByID(*root, "h\xC3\xA9"), root);
 }
 
 TEST(FindNodeByID, QueuesEveryNodeAndReleasesItsReferenceHoweverItEnds) {
@@ -50,7 +50,7 @@ TEST(FindNodeByID, QueuesEveryNodeAndReleasesItsReferenceHoweverItEnds) {
     toolkit_memory::untilRefusal = refusals + 1;
     toolkit_memory::isArmed = true;
     try {
-      const NodeRef node = FindNodeByID(root, "last");
+      const NodeRef node = FindNodeByID(*root, "last");
       toolkit_memory::isArmed = false;
       found = node == last;
       EXPECT_EQ(last->UI_GetReferenceCount(), 3);
