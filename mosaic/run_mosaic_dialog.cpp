@@ -29,7 +29,8 @@ ResultCode RunAndHandBack(TesseraeUIDialog& dialog, MosaicDialogState* state,
 ResultCode RunMosaicDialog(MosaicDialogState* state, MosaicParameters** params) {
   if (!currentPlugin || !state || !params || !*params) return ResultCode::kCannot;
   return OrCannot([&] {
-    auto* dialog = new TesseraeUIDialog(params, *state, currentPlugin->Reference());
+    const PluginRef pluginRef = currentPlugin->Reference();
+    auto* dialog = new TesseraeUIDialog(params, *state, pluginRef);
     intrusive_ptr_add_ref(dialog);
     const ResultCode result = OrCannot([&] { return RunAndHandBack(*dialog, state, params); });
     // Not left to a smart pointer, whose destructor could not let a failing destruction through.

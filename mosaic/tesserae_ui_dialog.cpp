@@ -53,6 +53,7 @@ TesseraeUIDialog::TesseraeUIDialog(MosaicParameters** params, MosaicDialogState 
 }
 
 void TesseraeUIDialog::InitializeControls() {
+  state.aspectRatio = 1.0f;
   state.noOriginalSize = parameters.sizeUnavailable;
   if (parameters.sizeUnavailable) state.usePercent = parameters.sizeUnavailable;
   state.reserved6 = 0;
@@ -151,8 +152,10 @@ void TesseraeUIDialog::ShowSourceSize() {
     heightLabel->SetValue(notAvailable);
     return;
   }
-  widthLabel->SetValue(Control<UI_TextEdit>("NewWidthTxt")->GetValue());
-  heightLabel->SetValue(Control<UI_TextEdit>("NewHeightTxt")->GetValue());
+  const auto width = Control<UI_TextEdit>("NewWidthTxt");
+  const auto height = Control<UI_TextEdit>("NewHeightTxt");
+  widthLabel->SetValue(width->GetValue());
+  heightLabel->SetValue(height->GetValue());
 }
 
 void TesseraeUIDialog::SetUpCountField(const char* nodeID, int32_t count) {
