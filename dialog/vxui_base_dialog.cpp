@@ -20,12 +20,12 @@ using nrvui::ui::UI_Node;
 
 namespace {
 
-// Every dialog starts from this size; its layout then decides.
+// The content size until the layout is loaded.
 constexpr nrvcore::geom::PointT<float> kInitialContentSize = {100.0f, 100.0f};
 constexpr uint32_t kDialogFlags = 1;
 
-/// A Boolean platform setting, or `defaultValue` when nobody has set it. Throws
-/// boost::bad_any_cast when the setting is not a Boolean.
+/// A Boolean platform setting, or `defaultValue` if it is not set. Throws boost::bad_any_cast if
+/// the setting is not a Boolean.
 bool GetCustomSetting(const nrvui::ui::CustomSettingsManager& manager, const char* key,
                       bool defaultValue) {
   const auto& settings = manager.GetSettings();
@@ -126,7 +126,7 @@ void VXUIBaseDialog<T>::BindButtons() {
   if (cancelButton) {
     this->SetCancelButton(cancelButton);
   } else {
-    // A button that cancels or resets stands where Cancel would, but is not the toolkit's Cancel.
+    // Takes Cancel's place in the button order. Not registered, because it may reset instead.
     cancelButton = findButton("cancel_ResetButton");
   }
   if (okButton && cancelButton) SwapPlaces(*okButton, *cancelButton);

@@ -18,11 +18,11 @@ namespace vx {
 class UnicodeString;
 }
 
-/// A toolkit dialog of class T whose content comes from a layout resource of the plug-in. Without
-/// the host's sheet factory, or without the layout, the dialog comes up empty.
+/// A toolkit dialog of class T whose content comes from a layout resource of the plug-in. If the
+/// host has no sheet factory, or the layout cannot be built, the dialog is empty. Main thread only.
 ///
-/// The dialog is a node with the toolkit's reference count and is destroyed with its last
-/// reference. Derived dialogs find their controls afresh by ID each time; no pointers are kept.
+/// The dialog is a node with the toolkit's reference count; releasing the last reference destroys
+/// it. Derived dialogs look their controls up by ID for each use and keep no pointers to them.
 template <class T>
 class VXUIBaseDialog : public T, public VXUICairnSheetInterface {
  public:
@@ -30,36 +30,36 @@ class VXUIBaseDialog : public T, public VXUICairnSheetInterface {
   using Rect = nrvcore::geom::RectT<float>;
   using Size = nrvcore::geom::PointT<float>;
 
-  /// `resourceID` is the number of the layout. The dialog is placed where the toolkit positions
-  /// dialogs (`positionDialog`), otherwise in the middle of the screen (`centerDialog`), or not at
-  /// all; with `centerDialog` its window also grows around its middle. `modalContextFlag` goes to
-  /// the host's modal context. `themeName` is ASCII and must outlive the dialog; null asks for the
-  /// toolkit's default theme. Without `attachSheetView` the layout's view stays outside the dialog,
-  /// and its buttons are not bound. `platformWindow`, `styleValue` and `dialogPoint` go to the
-  /// toolkit as they are. Throws what host and toolkit throw.
+  /// `resourceID` is the number of the layout. With `positionDialog` the toolkit chooses the
+  /// dialog's position; otherwise `centerDialog` puts it in the middle of the screen; with neither
+  /// it stays at `dialogPoint`. With `centerDialog` the window also keeps its centre when it is
+  /// resized. `modalContextFlag` is the argument of the host's modal context. `themeName` is ASCII
+  /// and must outlive the dialog; null means the toolkit's default theme. Without `attachSheetView`
+  /// the layout's view is not added to the dialog, and its buttons are not bound. `platformWindow`,
+  /// `styleValue` and `dialogPoint` are passed to the toolkit. Throws what host and toolkit throw.
   VXUIBaseDialog(PluginRef pluginRef, const nrvcore::String& nodeID,
                  const nrvcore::UTF16String& title, uint32_t resourceID, bool positionDialog,
                  NSWindow* platformWindow, bool centerDialog, uint32_t styleValue,
                  bool modalContextFlag, const char* themeName, bool attachSheetView,
                  Size dialogPoint);
 
-  /// The window has a new content rectangle: the content follows.
+  /// Called after the window's content rectangle has changed; resizes the root view and the sheet.
   void UI_ContentRectChanged(const Rect& rect) override;
 
   /// Runs the dialog inside the host's modal context and returns when it has closed.
   void RunModal() override;
 
-  /// The theme that the sheet factory is asked for. The constructor asks this class, so that an
-  /// override does not change the dialog's own theme.
+  /// The theme in which the layout is built. The constructor calls this class's version, so an
+  /// override does not change the theme of its own dialog.
   virtual nrvcore::UTF16String GetThemeName() const;
 
-  /// The layout has a new size: the sheet and the window follow.
+  /// Called after the layout's size has changed; resizes the sheet view and the window.
   virtual void OnSheetSizeChanged();
 
-  /// The sheet has something to say; nothing is done with it here.
+  /// Called with each message of the sheet; does nothing.
   virtual void OnSheetMessage(const vx::UnicodeString& message);
 
-  /// The first node below the root view, or the root view itself, with that ID; null if none.
+  /// The first node with that ID, breadth first from the root view; null if there is none.
   boost::intrusive_ptr<Node> FindNodeByID(const nrvcore::String& nodeID) const;
 
  private:

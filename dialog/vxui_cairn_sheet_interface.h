@@ -4,12 +4,12 @@
 
 #include "platform/vxui/host_interfaces.h"
 
-/// Keeps a dialog's property sheet alive for as long as the dialog, even when the holder of its
-/// layout has let go of it.
+/// Owns a share of a dialog's property sheet, so that the sheet lives as long as the dialog, even
+/// if the sheet holder has released it.
 class VXUICairnSheetInterface {
  public:
   VXUICairnSheetInterface() = default;
-  // A dialog is a node as well, and the destruction of a node may throw.
+  // A dialog is also a node, and a node's destructor may throw.
   virtual ~VXUICairnSheetInterface() noexcept(false) = default;
   VXUICairnSheetInterface(const VXUICairnSheetInterface&) = delete;
   VXUICairnSheetInterface& operator=(const VXUICairnSheetInterface&) = delete;

@@ -5,48 +5,45 @@
 
 #include "platform/suites/result_code.h"
 
-/// Everything that a caller of the mosaic dialog needs: acquire MosaicSuite::kName at
-/// MosaicSuite::kVersion from the host, fill a MosaicParameters, call RunMosaicDialog, and on
-/// success build the mosaic from what came back. Lengths are in points of 1/72 inch.
+/// The interface for callers of the mosaic dialog: acquire MosaicSuite::kName, version
+/// MosaicSuite::kVersion, from the host, fill a MosaicParameters, call RunMosaicDialog, and on
+/// success build the mosaic from the returned record. Lengths are in points of 1/72 inch.
 
-/// The caller's record. The dialog works on a copy; all 80 bytes come back on OK and only on OK,
-/// so the bytes that the dialog does not write return as they went in; spacings and new size are
-/// not read.
+/// The caller's record. The dialog works on a copy and writes all 80 bytes back on OK, and only on
+/// OK; bytes that it does not set are returned unchanged. Spacings and new size are not read.
 ///
-/// Flags: any value but 0 counts as 1; a flag that the person has not touched returns with the
-/// value that it had.
-/// Counts, spacings, new size: what a person enters is pulled into the range given below, and of a
-/// count or spacing the whole part comes back. A number that nobody entered comes back without a
-/// bound, between -32768 and 32767: a count or size that the caller gave, or that the ratio button
-/// derived.
-/// Spacings: at most the tile count less two, but at least 0, limited when the dialog opens and
-/// whenever the person changes a count; the ratio button changes a count without limiting its
+/// Flags: any value but 0 counts as 1. A flag that the user does not change keeps its value.
+/// Counts, spacings, new size: user input is clamped to the range given below; counts and spacings
+/// are returned truncated to integers. A count or size that the caller or the ratio button has set
+/// is not clamped; it lies between -32768 and 32767.
+/// Spacings: at most the tile count minus two, but at least 0; clamped when the dialog opens and
+/// whenever the user changes a count. The ratio button changes a count without clamping its
 /// spacing.
-/// New size: in points, or in percent mode a hundredth of the percentage.
+/// New size: in points, or in percent mode the percentage divided by 100.
 struct MosaicParameters {
   uint8_t reserved0[8];           // passes through
-  uint8_t isColor;                // in, out: colour tiles, otherwise grey ones
-  uint8_t deleteRaster;           // in, out: the raster goes when the mosaic stands
-  uint8_t keepHorizontal;         // in, out: the ratio button derives the vertical values
+  uint8_t isColor;                // in, out: colour tiles; 0: grey tiles
+  uint8_t deleteRaster;           // in, out: delete the raster after building the mosaic
+  uint8_t keepHorizontal;         // in, out: the ratio button keeps the horizontal values
   uint8_t reserved11;             // passes through
-  int32_t tilesAcross;            // in (its low 16 bits), out: when entered 1 to 8640
-  int32_t tilesDown;              // in (its low 16 bits), out: when entered 1 to 8640
+  int32_t tilesAcross;            // in (its low 16 bits), out: user input 1 to 8640
+  int32_t tilesDown;              // in (its low 16 bits), out: user input 1 to 8640
   int32_t tileSpacingHorizontal;  // out: whole points, at least 0
   int32_t tileSpacingVertical;    // out: whole points, at least 0
   int32_t reserved28;             // out: 0
   int32_t reserved32;             // out: 0
   int32_t tilesAcrossCopy;        // out: the same as tilesAcross
   int32_t tilesDownCopy;          // out: the same as tilesDown
-  int32_t boundsLeft;             // in: bounds of the source picture; beyond 32767 in width
-                                  // or height the size that the dialog shows wraps to 16 bits
+  int32_t boundsLeft;             // in: bounds of the source picture; a width or height above
+                                  // 32767 is shown modulo 2^16, as a signed number
   int32_t boundsTop;              // in
   int32_t boundsRight;            // in
   int32_t boundsBottom;           // in
   int32_t reserved60;             // out: 0
   int32_t reserved64;             // out: 0
-  float newWidth;                 // out: when entered 0 to 8640 points, in percent mode 0 to 1
+  float newWidth;                 // out: user input 0 to 8640 points, in percent mode 0 to 1
   float newHeight;                // out: the same rule
-  uint8_t sizeUnavailable;        // in: the source's size is not known, only percentages make sense
+  uint8_t sizeUnavailable;        // in: the source's size is unknown; percent mode is forced
   uint8_t reserved77[3];          // passes through
 };
 
@@ -74,13 +71,13 @@ static_assert(offsetof(MosaicParameters, newHeight) == 72, "");
 static_assert(offsetof(MosaicParameters, sizeUnavailable) == 76, "");
 static_assert(offsetof(MosaicParameters, reserved77) == 77, "");
 
-/// The caller keeps this value from one showing of the dialog to the next; start with all zero.
+/// Owned by the caller, who passes it back to the next dialog. Zero-initialise it at first.
 struct MosaicDialogState {
-  float aspectRatio;       // source width by the height's low 16 bits, which have a sign;
-                           // 1 when the size is unknown or that height is 0
-  uint8_t noOriginalSize;  // the record's sizeUnavailable, as the dialog took it
-  uint8_t usePercent;      // the new size was given in percent; the next dialog opens so
-  uint8_t reserved6;       // comes back 0
+  float aspectRatio;       // out: source width / (low 16 bits of the height, signed);
+                           // 1 if the size is unknown or that height is 0
+  uint8_t noOriginalSize;  // out: the record's sizeUnavailable
+  uint8_t usePercent;      // in, out: percent mode; comes back 0 or 1
+  uint8_t reserved6;       // out: 0
   uint8_t reserved7;       // passes through
 };
 
@@ -96,14 +93,13 @@ struct MosaicSuite {
   static constexpr const char* kName = "VX TesseraeUI Suite";
   static constexpr int32_t kVersion = 1001;
 
-  /// Shows the dialog "Create Tesserae" over `**params` and `*state` and returns when it is
-  /// closed. To be called on the host's main thread, between Acquire and Release of the suite.
-  /// Record, state and the pointer to the record are the caller's throughout; the pointer is not
-  /// changed, and nothing is kept. Answers kSuccess after OK, with both rewritten whole; kCancelled
-  /// when the dialog was closed any other way and kCannot when it could not be shown or run, when
-  /// an argument is null or the plug-in does not run, with nothing written. Only if the dialog
-  /// cannot be destroyed after OK does kCannot come with both written. No exception leaves it, and
-  /// the user is shown no alert.
+  /// Shows the modal dialog "Create Tesserae" for `**params` and `*state` and returns when it has
+  /// closed. Call it on the host's main thread, between Acquire and Release of the suite. The
+  /// caller owns record, state and the pointer to the record; the module keeps no pointer to them.
+  /// Returns kSuccess after OK, with record and state written; kCancelled if the dialog was closed
+  /// any other way; kCannot if the dialog could not be built or run, an argument is null or the
+  /// plug-in is not running. kCancelled and kCannot leave record and state unchanged, with one
+  /// exception: kCannot after OK, if destroying the dialog fails. Throws nothing, shows no alert.
   ResultCode (*RunMosaicDialog)(MosaicDialogState* state, MosaicParameters** params);
 };
 

@@ -5,7 +5,7 @@
 
 namespace {
 
-/// Runs an operation; whatever it throws means kCannot.
+/// Returns the operation's code, or kCannot if it throws.
 template <class Operation>
 ResultCode OrCannot(Operation operation) noexcept {
   try {
@@ -33,7 +33,7 @@ ResultCode RunMosaicDialog(MosaicDialogState* state, MosaicParameters** params) 
     auto* dialog = new TesseraeUIDialog(params, *state, pluginRef);
     intrusive_ptr_add_ref(dialog);
     const ResultCode result = OrCannot([&] { return RunAndHandBack(*dialog, state, params); });
-    // Not left to a smart pointer, whose destructor could not let a failing destruction through.
+    // Not a smart pointer: its destructor is noexcept, and the dialog's destructor may throw.
     intrusive_ptr_release(dialog);
     return result;
   });

@@ -35,8 +35,8 @@ constexpr double kGreatestLength = 8640.0;
 constexpr double kLeastCount = 1.0;
 constexpr double kGreatestCount = 8640.0;
 
-// The greatest spacing in points is the tile count less this number. The two have different units;
-// callers depend on the result.
+// The maximum spacing in points is the tile count minus this number. The units differ, but callers
+// depend on this formula.
 constexpr float kCountLessGreatestSpacing = 2.0f;
 
 }  // namespace
@@ -62,7 +62,7 @@ void TesseraeUIDialog::InitializeControls() {
   UpdateRadioButtons();
   Control<UI_Checkbox>("DeleteRasterChk")->SetChecked(parameters.deleteRaster != 0);
 
-  // ShowSourceSize copies the texts of the size fields, which must show lengths at that moment.
+  // ShowSourceSize copies the texts of the size fields, which must show lengths during the copy.
   const bool usePercent = state.usePercent != 0;
   state.usePercent = 0;
   ResetNewSize();
@@ -191,10 +191,10 @@ void TesseraeUIDialog::OnUsePercentChanged(UI_ControlChangedMessage*) {
 }
 
 void TesseraeUIDialog::OnUseRatioButton(UI_ControlChangedMessage*) {
-  // After a reload that failed, the dialog can be asked for although the module holds no suites.
+  // After a failed reload the module holds no suites, but the dialog can still be requested.
   const ScopedSuite<VXRealMathSuite> math;
   if (!math) return;
-  // A host that refuses the arithmetic answers NaN; the field then keeps its value.
+  // The host's arithmetic returns NaN on failure; the field then keeps its value.
   const auto setDerived = [this](const char* nodeID, float derived) {
     if (!std::isnan(derived)) SetControlNumber(nodeID, RoundToShort(derived));
   };
@@ -204,7 +204,7 @@ void TesseraeUIDialog::OnUseRatioButton(UI_ControlChangedMessage*) {
     setDerived("HorizontalCountTxt", math->Multiply(fixed, state.aspectRatio));
     GetControlShort("NewHeightTxt", fixed);
     setDerived("NewWidthTxt", math->Multiply(fixed, state.aspectRatio));
-  } else if (state.aspectRatio != 0.0f) {  // a ratio of 0 has no inverse; both fields stay
+  } else if (state.aspectRatio != 0.0f) {  // 0 has no inverse: both fields keep their values
     GetControlShort("HorizontalCountTxt", fixed);
     const float inverse = math->Divide(1.0f, state.aspectRatio);
     setDerived("VerticalCountTxt", math->Multiply(fixed, inverse));

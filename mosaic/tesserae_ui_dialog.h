@@ -14,8 +14,8 @@ namespace nrvui::controls {
 class UI_UnitNumberEdit;
 }
 
-/// A control as class T. An empty handle stays empty; a control of another class raises the
-/// toolkit's invalid-type-conversion error.
+/// The node as control class T; null stays null. A node of another class throws the toolkit's
+/// invalid-type-conversion error.
 template <class T>
 boost::intrusive_ptr<T> CheckedCast(const boost::intrusive_ptr<nrvui::ui::UI_Node>& node) {
   boost::intrusive_ptr<T> control = boost::dynamic_pointer_cast<T>(node);
@@ -23,17 +23,17 @@ boost::intrusive_ptr<T> CheckedCast(const boost::intrusive_ptr<nrvui::ui::UI_Nod
   return control;
 }
 
-/// The dialog "Create Tesserae". It works on copies of the caller's record and state; its change
-/// handlers keep the fields consistent while it runs, and OK brings the number fields into the
-/// copy of the record. A control that the layout lacks, or holds in another class, raises the
-/// toolkit's invalid-type-conversion error wherever it is used.
+/// The dialog "Create Tesserae", created by RunMosaicDialog. It works on copies of the caller's
+/// record and state. While it runs, its change handlers keep the fields consistent; OK stores the
+/// number fields in the copy of the record. Using a control that is missing from the layout, or of
+/// another class there, throws the toolkit's invalid-type-conversion error. Main thread only.
 class TesseraeUIDialog : public VXUIBaseDialog<nrvui::ui::UI_Dialog> {
  public:
-  /// Builds the dialog from layout 16301 of the plug-in and gives every control its first value.
+  /// Builds the dialog from layout 16301 of the plug-in and sets every control's initial state.
   /// Reads `**params` once and keeps no pointer to it. Throws what host and toolkit throw.
   TesseraeUIDialog(MosaicParameters** params, MosaicDialogState state, PluginRef pluginRef);
 
-  /// Takes the number fields over and closes the dialog with the OK response.
+  /// Stores the number fields in the record's copy and closes the dialog with the OK response.
   void DefaultCloseOk() override;
 
   const MosaicParameters& Parameters() const { return parameters; }
@@ -42,7 +42,7 @@ class TesseraeUIDialog : public VXUIBaseDialog<nrvui::ui::UI_Dialog> {
  private:
   using ChangeHandler = void (TesseraeUIDialog::*)(nrvui::ui::UI_ControlChangedMessage*);
 
-  // Handlers and first values of the controls; some are set again by the handlers.
+  // Initialisation. Handlers call ResetNewSize and ClampTileSpacing again.
   void InitializeControls();
   /// Always 0.
   int32_t ConnectControls();
@@ -52,7 +52,7 @@ class TesseraeUIDialog : public VXUIBaseDialog<nrvui::ui::UI_Dialog> {
   /// The full 32-bit width, from which the ratio is computed; the width field shows its low 16
   /// bits.
   int32_t SourceWidth() const;
-  /// The low 16 bits of the height, for the ratio as well as for the field.
+  /// The low 16 bits of the height, used for both the ratio and the height field.
   int16_t SourceHeight() const;
   float SourceAspectRatio() const;
   void ShowSourceSize();
@@ -81,7 +81,7 @@ class TesseraeUIDialog : public VXUIBaseDialog<nrvui::ui::UI_Dialog> {
   void SetControlNumber(const char* nodeID, int32_t value);
   void GetControlShort(const char* nodeID, int16_t& value) const;
   float GetControlFloat(const char* nodeID) const;
-  /// Binds nothing, and reports nothing, when the layout has no such control.
+  /// Does nothing if the layout has no such control.
   void InstallChangeHandler(const char* nodeID, ChangeHandler handler);
 
   MosaicParameters parameters;
