@@ -804,11 +804,8 @@ TEST_F(StudioWindowTest, FileDialogsKnowTheKindsOfFiles) {
     name.setText("taken");
     EXPECT_EQ(dialog.findChild<QLabel*>("exportNotice")->text(),
               "taken.pdf exists and will be replaced.");
-    QTimer::singleShot(50, &dialog, [&] {
-      auto* const question = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
-      ASSERT_TRUE(question);
-      question->button(QMessageBox::No)->click();
-    });
+    WhenOpen<QMessageBox>("",
+                          [](QMessageBox& question) { question.button(QMessageBox::No)->click(); });
     static_cast<QDialog&>(dialog).accept();
     EXPECT_TRUE(dialog.isVisible()) << "it may not be replaced";
     name.setText("free");
