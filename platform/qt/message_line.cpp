@@ -99,9 +99,8 @@ void MessageLine::Show() {
                      Qt::AlignTop);
   label.setText(Text());
   QPalette colors;
-  if (isWarning) colors.setColor(QPalette::WindowText, WarningColor(*this));
+  colors.setColor(QPalette::WindowText, isWarning ? WarningColor(*this) : FaintText(palette()));
   label.setPalette(colors);
-  label.setForegroundRole(isWarning ? QPalette::WindowText : QPalette::PlaceholderText);
   icon.setVisible(isWarning);
   if (isWarning) icon.setPixmap(WarningIcon(*this));
   Arrange();

@@ -106,6 +106,12 @@ QColor Faint(const QPalette& palette, int share) {
           mixed(back.blue(), text.blue())};
 }
 
+QColor FaintText(const QPalette& palette) {
+  // The contrast of the placeholder colour of some styles is below 4.5.
+  constexpr int kShare = 185;
+  return Faint(palette, kShare);
+}
+
 QColor WarningColor(const QWidget& widget) {
   return QColor(IsDark(widget.palette()) ? 0xFFF2A33A : 0xFFA04E00);
 }

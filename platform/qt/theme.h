@@ -22,6 +22,8 @@ void ApplyTheme(Theme theme);
 bool IsDark(const QPalette& palette);
 /// Mixes the window's colour with `share` / 255 of the text's.
 QColor Faint(const QPalette& palette, int share);
+/// The colour for text of less importance on the window's colour.
+QColor FaintText(const QPalette& palette);
 /// The colour for warnings on the widget's background.
 QColor WarningColor(const QWidget& widget);
 /// As high as a line of the widget's text, at its screen's resolution.

@@ -40,10 +40,6 @@ bool MosaicCaller::Ask(MosaicParameters& params, MosaicDialogState& state) {
   return !isCancelled;
 }
 
-QString MosaicCaller::ModuleName() const {
-  return QString::fromStdString(module->Ref()->name);
-}
-
 void MosaicCaller::ShowAbout() {
   BeginCall();
   EndCall(module->About(), "$$$/Studio/Module/NoAbout=the module says nothing about itself: %1");

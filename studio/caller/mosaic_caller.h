@@ -21,8 +21,6 @@ class MosaicCaller : private standin::UserInterface {
   /// Shows the dialog over both. Answers whether OK ended it; otherwise they stay as they were.
   bool Ask(MosaicParameters& params, MosaicDialogState& state);
 
-  /// The module's name for menus, as it gave it to the host.
-  QString ModuleName() const;
   /// Asks the module to show its about box.
   void ShowAbout();
 

@@ -13,6 +13,19 @@ QRectF Around(QSizeF size) {
   return {-size.width() / 2, -size.height() / 2, size.width(), size.height()};
 }
 
+/// A checkerboard behind transparent art, with squares of a constant size on the screen.
+void PaintCheckerboard(QPainter& painter, const QRectF& rect, double scale) {
+  constexpr double kSquare = 8;  // pixels
+  QImage squares(2, 2, QImage::Format_RGB32);
+  squares.fill(Qt::white);
+  for (int i : {0, 1}) squares.setPixel(i, i, 0xFFD9D9D9);
+  QBrush brush(squares);
+  brush.setTransform(
+      QTransform::fromTranslate(rect.left(), rect.top()).scale(kSquare / scale, kSquare / scale));
+  painter.setRenderHint(QPainter::SmoothPixmapTransform, false);
+  painter.fillRect(rect, brush);
+}
+
 /// Large pixels keep their edges, small ones are smoothed.
 void PaintPicture(QPainter& painter, ImageLevels& levels, const QRectF& target) {
   const QTransform transform = painter.combinedTransform();
@@ -66,7 +79,11 @@ void ArtboardItem::paint(QPainter* painter, const QStyleOptionGraphicsItem* opti
   const double line = 1 / scale;
   painter->setBrush(QColor(0, 0, 0, 40));
   painter->drawRect(art.adjusted(-line, -line, line, line));
-  painter->fillRect(art, Qt::white);
+  if (picture.Full().hasAlphaChannel()) {
+    PaintCheckerboard(*painter, art, scale);
+  } else {
+    painter->fillRect(art, Qt::white);
+  }
 
   if (isComparing || !tiles) return PaintPicture(*painter, picture, art);
   if (below) PaintPicture(*painter, *below, art);

@@ -48,10 +48,12 @@ void MessageBoxes::ShowAlert(const std::string& text) {
 
 void MessageBoxes::ShowAbout(const std::string& firstText, const std::string& secondText) {
   QMessageBox box(window);
-  box.setWindowTitle(Text("$$$/Studio/Box/AboutTitle=About %1", QString::fromStdString(firstText)));
+  box.setWindowTitle(Text("$$$/Studio/Box/AboutTitle=About Tesserae Studio"));
   box.setIconPixmap(LineIcon(Drawing::kTesserae)
                         .pixmap({kAboutIconSide, kAboutIconSide}, window->devicePixelRatioF()));
-  RunWithOk(box, "about", QString::fromStdString(firstText), QString::fromStdString(secondText));
+  RunWithOk(box, "about", Text("$$$/Studio/Title=Tesserae Studio"),
+            Text("$$$/Studio/Box/AboutPlugIn=Plug-in %1: %2", QString::fromStdString(firstText),
+                 QString::fromStdString(secondText)));
 }
 
 void MessageBoxes::ShowError(const QString& text, const std::exception& error) const {

@@ -7,6 +7,7 @@
 #include <QStyle>
 #include <QToolButton>
 
+#include "platform/qt/theme.h"
 #include "studio/base/text.h"
 #include "studio/window/captions.h"
 #include "studio/window/line_icon.h"
@@ -17,7 +18,7 @@ constexpr int kIconSide = 72;
 constexpr int kMostPictures = 4;
 constexpr int kPadding = 40;
 
-QLabel* MakeLabel(const QString& text, const char* name, double size, bool isFaint) {
+QLabel* MakeLabel(const QString& text, const char* name, double size) {
   auto* const label = new QLabel(text);
   label->setObjectName(name);
   label->setAlignment(Qt::AlignCenter);
@@ -25,7 +26,6 @@ QLabel* MakeLabel(const QString& text, const char* name, double size, bool isFai
   QFont font = label->font();
   font.setPointSizeF(font.pointSizeF() * size);
   label->setFont(font);
-  if (isFaint) label->setForegroundRole(QPalette::PlaceholderText);
   return label;
 }
 
@@ -55,8 +55,9 @@ StartPage::StartPage(std::function<void()> open, std::function<void(const QStrin
   recent = new QWidget;
   auto* const recentColumn = new QVBoxLayout(recent);
   recentColumn->setContentsMargins(0, kPadding / 2, 0, 0);
-  recentColumn->addWidget(
-      MakeLabel(Text("$$$/Studio/Start/Recent=Recent pictures"), "recentTitle", 0.95, true));
+  auto* const title =
+      MakeLabel(Text("$$$/Studio/Start/Recent=Recent pictures"), "recentTitle", 0.95);
+  recentColumn->addWidget(title);
   recentList = new QVBoxLayout;
   recentList->setSpacing(2);
   recentColumn->addLayout(recentList);
@@ -65,11 +66,13 @@ StartPage::StartPage(std::function<void()> open, std::function<void(const QStrin
   column->setContentsMargins(kPadding, kPadding, kPadding, kPadding);
   column->addWidget(new IconLabel, 0, Qt::AlignHCenter);
   column->addSpacing(8);
-  column->addWidget(
-      MakeLabel(Text("$$$/Studio/Start/Drop=Drop a picture here"), "dropHint", 1.6, false));
-  column->addWidget(MakeLabel(Text("$$$/Studio/Start/What=It becomes a mosaic of as many tiles as "
-                                   "you like."),
-                              "whatHint", 1, true));
+  column->addWidget(MakeLabel(Text("$$$/Studio/Start/Drop=Drop a picture here"), "dropHint", 1.6));
+  auto* const what =
+      MakeLabel(Text("$$$/Studio/Start/What=It becomes a mosaic of as many tiles as you like."),
+                "whatHint", 1);
+  column->addWidget(what);
+  faintLabels = {title, what};
+  TakeColors();
   column->addSpacing(12);
   column->addWidget(button, 0, Qt::AlignHCenter);
   column->addWidget(recent);
@@ -106,6 +109,17 @@ void StartPage::ShowRecent(const QStringList& paths) {
         Qt::QueuedConnection);
     recentList->addWidget(button, 0, Qt::AlignHCenter);
   }
+}
+
+void StartPage::changeEvent(QEvent* event) {
+  QWidget::changeEvent(event);
+  if (event->type() == QEvent::PaletteChange) TakeColors();
+}
+
+void StartPage::TakeColors() {
+  QPalette colors;
+  colors.setColor(QPalette::WindowText, qtui::FaintText(palette()));
+  for (QLabel* label : faintLabels) label->setPalette(colors);
 }
 
 void StartPage::SetInviting(bool isInviting) {

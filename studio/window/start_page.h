@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QLabel>
 #include <QVBoxLayout>
 #include <QWidget>
 #include <functional>
@@ -15,12 +16,16 @@ class StartPage final : public QWidget {
   void SetInviting(bool isInviting);
 
  protected:
+  void changeEvent(QEvent* event) override;
   void paintEvent(QPaintEvent* event) override;
 
  private:
+  void TakeColors();
+
   const std::function<void(const QString&)> openFile;
   QWidget* const frame;
   QWidget* recent;
   QVBoxLayout* recentList;
+  QList<QLabel*> faintLabels;
   bool isInvited = false;
 };

@@ -122,10 +122,9 @@ StudioWindow::StudioWindow(const QString& statePath, qtui::QtPresenter& presente
     resize(kFirstSize.boundedTo(screen()->availableGeometry().size() - kFrameAllowance));
   }
   try {
-    const QString name = Caller().ModuleName();
-    actions.about->setText(Text("$$$/Studio/Menu/AboutModule=&About %1", name));
+    Caller();  // now, so that the first dialog opens without delay
   } catch (const StudioError&) {
-    // Asking for the dialog or the about box tries again and says why there is none.
+    // Asking for the dialog or the about box tries again and reports the reason.
   }
 }
 
@@ -257,7 +256,7 @@ bool StudioWindow::OpenImage(const QString& path, const QString& id) {
 
 bool StudioWindow::PlaceImage(const std::shared_ptr<const SvgDrawing>& drawing,
                               const ImageElement& image) {
-  const auto placed = ReadImage(*this, drawing, image, actions.placeUnknown->isChecked());
+  const auto placed = ReadImage(*this, drawing, image, isSizeUnknown);
   if (!placed) return TellOfCancel();
   Artwork artwork = *placed->artwork;
   // The folder is where to export to; the end tells the images of a drawing apart.
@@ -275,7 +274,7 @@ bool StudioWindow::PlaceImage(const std::shared_ptr<const SvgDrawing>& drawing,
 
 void StudioWindow::PlacePicture(const QString& path, Picture picture) {
   document.Change(Text("$$$/Studio/Undo/Place=Place Picture"),
-                  Place(path, std::move(picture), actions.placeUnknown->isChecked()));
+                  Place(path, std::move(picture), isSizeUnknown));
   ShowDocument();
 }
 

@@ -34,7 +34,7 @@ class StudioWindow final : public QMainWindow {
   bool OpenImage(const QString& path, const QString& id);
 
   /// Whether pictures are placed as if their files did not say how large they are.
-  void SetSizeUnknown(bool isUnknown) { actions.placeUnknown->setChecked(isUnknown); }
+  void SetSizeUnknown(bool isUnknown) { isSizeUnknown = isUnknown; }
 
   /// Shows it without a way back to what was there before.
   void Show(const ArtworkPtr& artwork);
@@ -124,6 +124,7 @@ class StudioWindow final : public QMainWindow {
   std::map<QString, PlacedImage> placedImages;  // of drawings, by the paths of their artworks
   std::optional<LastExport> lastExport;
   int pasted = 0;  // how many pictures were; each has a name of its own
+  bool isSizeUnknown = false;
   bool isBusy = false;
   bool closesAfterWork = false;  // closed during background work, which is stopping
 };

@@ -26,10 +26,6 @@ struct Row {
 constexpr Row kRows[] = {
     {&WindowActions::open, "open", "$$$/Studio/Menu/Open=&Open Picture…",
      "$$$/Studio/Tip/Open=Place a picture on the artboard", "Ctrl+O", Drawing::kOpen},
-    {&WindowActions::placeUnknown, "placeUnknown",
-     "$$$/Studio/Menu/PlaceUnknown=Place With &Unknown Size",
-     "$$$/Studio/Tip/PlaceUnknown=Place pictures as if their files did not say how large they are",
-     ""},
     {&WindowActions::exportMosaic, "export", "$$$/Studio/Menu/Export=&Export…",
      "$$$/Studio/Tip/Export=Save the mosaic as SVG, PDF or PNG", "Ctrl+E", Drawing::kExport},
     {&WindowActions::exportAgain, "exportAgain", "$$$/Studio/Menu/ExportAgain=Export A&gain",
@@ -58,7 +54,7 @@ constexpr Row kRows[] = {
      "$$$/Studio/Tip/Fit=Fit in the window", "Ctrl+0", Drawing::kFit, true},
     {&WindowActions::preview, "previewWhileChoosing",
      "$$$/Studio/Menu/Preview=&Preview While Choosing", "", ""},
-    {&WindowActions::about, "about", "$$$/Studio/Menu/About=&About", "", ""},
+    {&WindowActions::about, "about", "$$$/Studio/Menu/About=&About Tesserae Studio", "", ""},
     {&WindowActions::zoom, "zoom", "$$$/Studio/Menu/Zoom=&Zoom", "$$$/Studio/Tip/Zoom=Zoom", "",
      std::nullopt, true},
     {&WindowActions::compare, "compare", "$$$/Studio/Menu/Compare=Co&mpare",
@@ -117,7 +113,6 @@ void FillMenus(QMainWindow& window, WindowActions& actions) {
   file->addAction(actions.open);
   actions.recent = file->addMenu(Text("$$$/Studio/Menu/Recent=Open &Recent"));
   actions.recent->setObjectName("recent");
-  file->addAction(actions.placeUnknown);
   file->addSeparator();
   file->addActions({actions.exportMosaic, actions.exportAgain});
   file->addSeparator();
@@ -128,7 +123,7 @@ void FillMenus(QMainWindow& window, WindowActions& actions) {
   edit->addSeparator();
   edit->addActions({actions.copy, actions.paste});
 
-  QMenu* const object = bar.addMenu(Text("$$$/Studio/Menu/Object=&Object"));
+  QMenu* const object = bar.addMenu(Text("$$$/Studio/Menu/Object=O&bject"));
   object->addActions({actions.tesserae, actions.tesseraeAgain});
 
   QMenu* const view = bar.addMenu(Text("$$$/Studio/Menu/View=&View"));
@@ -185,7 +180,6 @@ void FillToolBar(QMainWindow& window, WindowActions& actions) {
 WindowActions::WindowActions(QMainWindow& window) : blocked(new QActionGroup(&window)) {
   blocked->setExclusionPolicy(QActionGroup::ExclusionPolicy::None);
   for (const Row& row : kRows) MakeAction(window, *this, row);
-  placeUnknown->setCheckable(true);
   preview->setCheckable(true);
   preview->setChecked(settings::kPreviewsWhileChoosing.Get());
   QObject::connect(preview, &QAction::toggled,

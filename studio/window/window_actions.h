@@ -17,7 +17,6 @@ struct WindowActions {
   QActionGroup* const blocked;
 
   QAction* open;
-  QAction* placeUnknown;
   QAction* exportMosaic;
   QAction* exportAgain;
   QAction* quit;

@@ -2,11 +2,11 @@
 #include <QApplication>
 #include <QLabel>
 #include <QStyle>
-#include <cmath>
 
 #include "platform/nrvcore/localizer.h"
 #include "platform/qt/theme.h"
 #include "tests/qt/test_window.h"
+#include "tests/support/contrast.h"
 
 struct Look {
   const char* name;
@@ -42,30 +42,6 @@ QList<QWidget*> VisibleControls(const QWidget& window) {
 
 QRect RectIn(const QWidget& window, const QWidget& widget) {
   return {widget.mapTo(&window, QPoint()), widget.size()};
-}
-
-/// The contrast ratio of WCAG 2, from 1 to 21.
-double Contrast(QRgb one, QRgb other) {
-  const auto luminance = [](QRgb color) {
-    const auto light = [](int value) {
-      const double share = value / 255.0;
-      return share <= 0.04045 ? share / 12.92 : std::pow((share + 0.055) / 1.055, 2.4);
-    };
-    return 0.2126 * light(qRed(color)) + 0.7152 * light(qGreen(color)) +
-           0.0722 * light(qBlue(color)) + 0.05;
-  };
-  const double ratio = luminance(one) / luminance(other);
-  return std::max(ratio, 1 / ratio);
-}
-
-/// The highest contrast of a pixel to the one in the top left corner.
-double ContrastIn(const QImage& picture) {
-  double most = 1;
-  for (int y = 0; y < picture.height(); ++y) {
-    for (int x = 0; x < picture.width(); ++x)
-      most = std::max(most, Contrast(picture.pixel(x, y), picture.pixel(0, 0)));
-  }
-  return most;
 }
 
 void ExpectWellLaidOut(const QWidget& window, int controlCount) {
@@ -169,8 +145,8 @@ TEST_P(LookTest, ComesToAnOpenDialogAsToANewOne) {
 
 class Contrasts : public MosaicWindowTest {};
 
-TEST_F(Contrasts, AreEnoughToReadBothThemes) {
-  for (const auto theme : {qtui::Theme::kLight, qtui::Theme::kDark}) {
+TEST_F(Contrasts, AreEnoughToReadAllThemes) {
+  for (const auto theme : {qtui::Theme::kSystem, qtui::Theme::kLight, qtui::Theme::kDark}) {
     qtui::ApplyTheme(theme);
     LookAt([](const OpenWindow& open) {
       const QImage picture = open.window.grab().toImage();
