@@ -86,7 +86,7 @@ void QtPresenter::Present(nrvui::ui::UI_Dialog& dialog) {
     if (!script || run.IsOver()) return;
     const ScriptRun scriptRun(*script, dialog, reportFunction);
     error = scriptRun.Play([&](const Step& step) {
-      const Outcome outcome = Perform(step, scriptRun, run, window);
+      Outcome outcome = Perform(step, scriptRun, run, window);
       QCoreApplication::processEvents();
       run.RethrowFailure();
       photograph();
