@@ -223,7 +223,9 @@ void DrawingReader::AddImage(QualifiedName name, const XML_Char** attributes, co
   image.viewport = level.viewport;
   image.fontSize = level.fontSize;
   image.problem = level.problem;
-  if (XML_GetCurrentByteCount(parser.get()) == 0)
+  // The position of an element that an entity holds is that of the reference, "&". Two bytes, for
+  // UTF-16.
+  if (!drawing.bytes.mid(image.start, 2).contains('<'))
     image.problem = ::Text("$$$/Studio/Drawing/InEntity=it stands in an entity of the document");
   for (; *attributes; attributes += 2) {
     const QualifiedName attribute{attributes[0]};
