@@ -39,7 +39,7 @@ constexpr std::string_view kSuffixes[] = {"", " %", " pt"};  // by NumberUnit
 
 constexpr std::u16string_view kBlanks = u" \t\u00A0\u2009\u202F\u3000";
 constexpr char16_t kMinusSign = u'\u2212';
-constexpr char kForeign = '\x7F';  // replaces characters of no number and no unit
+constexpr char kForeign = '\x7F';  // replaces characters that numbers and units lack
 constexpr char kDecimal = '\x1F';  // replaces the language's decimal sign
 constexpr std::size_t kGroup = 3;  // digits
 

@@ -11,10 +11,10 @@ QString FileName(const QByteArray& bytes);
 /// The path that a text stands for, to the byte.
 std::filesystem::path SystemPath(const QString& name);
 
-/// A text on one line: control characters and bytes that are no UTF-8 are written as \n, \t or
-/// \x1B, so that they can be seen.
+/// A text on one line: control characters and bytes outside UTF-8 become visible escapes such as
+/// \n, \t or \x1B.
 QString OnOneLine(const QString& text);
 
-/// All that an ordinary file holds. Throws StudioError with the reason alone when it is none, has
-/// more than `mostBytes`, or cannot be read.
+/// The contents of a regular file. Throws StudioError with the reason alone when the file is not
+/// regular, holds more than `mostBytes`, or cannot be read.
 QByteArray ReadFile(const QString& name, qint64 mostBytes);

@@ -4,7 +4,7 @@
 
 /// Gives a picture pixels to show: all of its own up to 100 million, otherwise a reduction to at
 /// most 4096 by 3072, each the mean of its share. Throws StudioError when the picture cannot be
-/// read to its end, when it `isStopped`, and when there is no memory.
+/// read to its end, when `isStopped` returns true, or when memory is short.
 void MakeShowable(
     Picture& picture, const IsStopped& isStopped = [] { return false; });
 

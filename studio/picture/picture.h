@@ -12,8 +12,8 @@
 /// each time. Copies share them.
 class Picture {
  public:
-  /// Reads only what the file says of the picture. `isStopped` is asked until then. Throws
-  /// StudioError when the file is no picture that can be read, damaged or too large.
+  /// Reads only the header, and polls `isStopped` meanwhile. Throws StudioError when the format is
+  /// not supported, the file is damaged, or the picture is too large.
   static Picture Open(
       PictureFile file, const IsStopped& isStopped = [] { return false; });
 

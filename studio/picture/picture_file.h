@@ -8,7 +8,7 @@
 /// The file of a picture, which can be read several times and is the same each time.
 class PictureFile {
  public:
-  /// Throws StudioError when there is no ordinary file, it is empty, or it cannot be opened.
+  /// Throws StudioError unless the path is a regular file that can be opened and holds something.
   explicit PictureFile(const QString& path);
 
   /// The file that a descriptor stands for, which stays the caller's. `name` is for messages.
