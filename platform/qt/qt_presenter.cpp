@@ -36,7 +36,7 @@ QWidget* CurrentWindow() {
 Outcome Perform(const Step& step, const ScriptRun& script, DialogRun& run, DialogWindow* window) {
   const bool hasControl = step.verb == Verb::kEnter || step.verb == Verb::kClick;
   nrvui::ui::UI_Node* const control = hasControl ? &script.Control(step) : nullptr;
-  const Outcome outcome = run.Perform(control, [&] { return script.Perform(step); });
+  Outcome outcome = run.Perform(control, [&] { return script.Perform(step); });
   if (step.verb == Verb::kEnter && !run.IsOver()) window->Content().ShowEntry(*control, outcome);
   return outcome;
 }
