@@ -2,8 +2,8 @@
 
 #include <ctime>
 
-#include "check/hosted_module.h"
 #include "platform/nrvui/dialog_presenter.h"
+#include "testkit/hosted_module.h"
 
 namespace bench {
 

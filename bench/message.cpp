@@ -3,8 +3,8 @@
 
 #include "bench/built_module.h"
 #include "bench/figures.h"
-#include "check/known_messages.h"
 #include "platform/suites/message_names.h"
+#include "testkit/known_messages.h"
 
 namespace {
 

@@ -9,11 +9,11 @@
 #include "check/caller_data.h"
 #include "check/check.h"
 #include "check/findings.h"
-#include "check/function_presenter.h"
 #include "check/guarded_page.h"
-#include "check/hosted_module.h"
 #include "platform/nrvui/gesture.h"
 #include "platform/qpbasic/ledger.h"
+#include "testkit/function_presenter.h"
+#include "testkit/hosted_module.h"
 
 namespace check {
 

@@ -4,14 +4,14 @@
 
 #include "check/basic_suite.h"
 #include "check/checked_module.h"
-#include "check/function_presenter.h"
-#include "check/open_dialog.h"
-#include "check/temporary_folder.h"
 #include "platform/nrvcore/localizer.h"
 #include "platform/nrvui/ui_node_manager.h"
 #include "platform/nrvui/ui_views.h"
 #include "platform/standin/sheet_service.h"
 #include "platform/vxui/modal_context.h"
+#include "testkit/function_presenter.h"
+#include "testkit/open_dialog.h"
+#include "testkit/temporary_folder.h"
 
 namespace check {
 namespace {
@@ -20,6 +20,7 @@ using nrvui::controls::UI_Checkbox;
 using nrvui::controls::UI_UnitNumberEdit;
 using nrvui::ui::UI_Dialog;
 using nrvui::ui::UI_Node;
+using namespace testkit;
 
 /// A running module and a caller of its dialog.
 struct Caller : RunningModule {

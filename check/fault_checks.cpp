@@ -5,9 +5,9 @@
 #include <string_view>
 
 #include "check/session.h"
-#include "check/toolkit_memory.h"
 #include "host/error.h"
 #include "platform/qpbasic/ledger.h"
+#include "testkit/toolkit_memory.h"
 
 // Every operation of the host, and every allocation, fails once at every place of whole sessions.
 // Afterwards the same module must go through a whole life cycle as expected.

@@ -9,7 +9,7 @@
 
 #include "check/check.h"
 #include "check/findings.h"
-#include "check/temporary_folder.h"
+#include "testkit/temporary_folder.h"
 
 // What the module's file says of it: what it exports, whose memory it takes, and whether anything
 // would keep it in the process.
@@ -44,7 +44,7 @@ class ElfFile {
     return entry;
   }
 
-  const std::string bytes = ContentOf(settings.module);
+  const std::string bytes = testkit::ContentOf(settings.module);
   const Elf64_Ehdr header = At<Elf64_Ehdr>(0);
 };
 

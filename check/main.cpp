@@ -13,8 +13,8 @@
 #include "check/apart.h"
 #include "check/check.h"
 #include "check/findings.h"
-#include "check/temporary_folder.h"
 #include "platform/standin/module.h"
+#include "testkit/temporary_folder.h"
 
 namespace check {
 namespace {
@@ -211,7 +211,7 @@ int Run(int count, char** arguments) {
   if (settings.module.empty()) throw Refusal("a module is needed; --help says more");
   ReceiveSignals();
   // Holds what checks leave that are ended.
-  const TemporaryFolder folder;
+  const testkit::TemporaryFolder folder;
   setenv("TMPDIR", folder.path.c_str(), 1);
   ExpectModule();
   return RunAll(wanted);

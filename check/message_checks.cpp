@@ -3,7 +3,7 @@
 
 #include "check/basic_suite.h"
 #include "check/checked_module.h"
-#include "check/known_messages.h"
+#include "testkit/known_messages.h"
 
 namespace check {
 namespace {

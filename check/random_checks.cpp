@@ -8,11 +8,7 @@
 #include <sstream>
 
 #include "check/checked_module.h"
-#include "check/known_messages.h"
 #include "check/mosaic_model.h"
-#include "check/open_dialog.h"
-#include "check/random.h"
-#include "check/temporary_folder.h"
 #include "platform/nrvcore/unicode.h"
 #include "platform/nrvui/gesture.h"
 #include "platform/nrvui/scripted_presenter.h"
@@ -21,6 +17,10 @@
 #include "platform/qpbasic/ledger.h"
 #include "platform/standin/layout_reader.h"
 #include "platform/standin/sheet_service.h"
+#include "testkit/known_messages.h"
+#include "testkit/open_dialog.h"
+#include "testkit/random.h"
+#include "testkit/temporary_folder.h"
 
 namespace check {
 namespace {
@@ -33,6 +33,7 @@ using nrvui::gestures::Key;
 using nrvui::gestures::Press;
 using nrvui::ui::UI_Dialog;
 using nrvui::ui::UI_Node;
+using namespace testkit;
 
 /// Plays with `count` seeds, one after the other, until something is found.
 void ForEachSeed(size_t part, size_t count, const std::function<void(Random& random)>& play) {

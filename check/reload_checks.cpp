@@ -9,18 +9,18 @@
 #include <new>
 
 #include "check/checked_module.h"
-#include "check/temporary_folder.h"
 #include "platform/standin/host_codes.h"
+#include "testkit/temporary_folder.h"
 
 namespace check {
 namespace {
 
 bool IsInMemory(const std::filesystem::path& file) {
-  return ContentOf("/proc/self/maps").find(canonical(file).string()) != std::string::npos;
+  return testkit::ContentOf("/proc/self/maps").find(canonical(file).string()) != std::string::npos;
 }
 
 /// The module's file in another place, so that its code is another image at another address.
-struct ModuleCopy : TemporaryFolder {
+struct ModuleCopy : testkit::TemporaryFolder {
   ModuleCopy() { std::filesystem::copy_file(settings.module, file); }
   const std::filesystem::path file = path / settings.module.filename();
 };

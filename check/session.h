@@ -6,9 +6,9 @@
 #include <optional>
 
 #include "check/checked_module.h"
-#include "check/random.h"
 #include "platform/nrvui/scripted_presenter.h"
 #include "platform/standin/host_codes.h"
+#include "testkit/random.h"
 
 namespace check {
 

@@ -4,7 +4,6 @@
 #include <string>
 #include <string_view>
 
-#include "check/function_presenter.h"
 #include "dialog/vxui_base_dialog.h"
 #include "host/suite_access.h"
 #include "host/unicode_string.h"
@@ -14,6 +13,7 @@
 #include "platform/standin/layout_reader.h"
 #include "platform/vxui/host_interfaces.h"
 #include "platform/vxui/modal_context.h"
+#include "testkit/function_presenter.h"
 
 namespace {
 

@@ -4,8 +4,8 @@
 
 #include <new>
 
-#include "check/toolkit_memory.h"
 #include "platform/nrvui/ui_views.h"
+#include "testkit/toolkit_memory.h"
 
 namespace {
 

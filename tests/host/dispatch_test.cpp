@@ -1,4 +1,4 @@
-#include "check/known_messages.h"
+#include "testkit/known_messages.h"
 #include "tests/host/test_plugin.h"
 
 namespace {

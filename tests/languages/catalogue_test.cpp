@@ -1,12 +1,12 @@
-#include "check/function_presenter.h"
-#include "check/open_dialog.h"
 #include "platform/nrvcore/localizer.h"
+#include "testkit/function_presenter.h"
+#include "testkit/open_dialog.h"
 #include "tests/support/built_module.h"
 
 namespace {
 
-using check::Utf8;
 using nrvcore::config::Localizer;
+using testkit::Utf8;
 
 TEST(Languages, TheDialogShowsEachLanguageThatHasACatalogue) {
   Localizer::Get().SetCatalogues(standin::ResourceFolders::OfProgram().host / "translations");
@@ -31,7 +31,7 @@ TEST(Languages, TheDialogShowsEachLanguageThatHasACatalogue) {
     MosaicDialogState state{};
     record.sizeUnavailable = 1;
     const FunctionPresenter person([&expected](nrvui::ui::UI_Dialog& dialog) {
-      const check::OpenDialog open{dialog};
+      const testkit::OpenDialog open{dialog};
       EXPECT_EQ(Utf8(open.dialog.GetTitle()), expected.title);
       EXPECT_EQ(Utf8(open.Get("UsePercentChk").GetCaption()), expected.percent);
       EXPECT_EQ(open.Label("OrigWidthStatic"), expected.notAvailable);

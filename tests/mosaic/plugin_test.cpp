@@ -1,10 +1,10 @@
 #include <gtest/gtest.h>
 
-#include "check/function_presenter.h"
-#include "check/hosted_module.h"
 #include "host/plugin_main.h"
 #include "mosaic/tesserae_ui.h"
 #include "platform/vxui/modal_context.h"
+#include "testkit/function_presenter.h"
+#include "testkit/hosted_module.h"
 
 static bool isApplicationBlocked = false;
 

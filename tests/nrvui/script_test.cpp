@@ -2,9 +2,9 @@
 
 #include <stdexcept>
 
-#include "check/temporary_folder.h"
 #include "platform/nrvcore/error.h"
 #include "platform/nrvui/scripted_presenter.h"
+#include "testkit/temporary_folder.h"
 #include "tests/nrvui/test_dialog.h"
 
 using namespace nrvui::gestures;
@@ -94,7 +94,7 @@ TEST(Script, ErrorsOfHandlersPassThrough) {
 }
 
 TEST(Script, IsReadFromAFileOfAnyLength) {
-  const check::TemporaryFolder folder;
+  const testkit::TemporaryFolder folder;
   for (const auto& [file, reason] : {std::pair(folder.path, ": Is a directory"),
                                      {"/dev/zero", ": the file is larger than 16777216 bytes"}})
     try {

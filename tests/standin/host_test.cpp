@@ -6,7 +6,6 @@
 #include <boost/smart_ptr/make_shared.hpp>
 #include <stdexcept>
 
-#include "check/temporary_folder.h"
 #include "platform/nrvui/ui_controls.h"
 #include "platform/qpbasic/ledger.h"
 #include "platform/qpbasic/qpbasic.h"
@@ -16,6 +15,7 @@
 #include "platform/standin/sheet_service.h"
 #include "platform/vxui/host_interfaces.h"
 #include "platform/vxui/modal_context.h"
+#include "testkit/temporary_folder.h"
 
 namespace {
 
@@ -45,7 +45,7 @@ class HostTest : public testing::Test {
     return CreateSheet(7);
   }
 
-  check::TemporaryFolder resources;
+  testkit::TemporaryFolder resources;
   standin::RecordingUserInterface screen;
   standin::Host host{screen, {resources.path, resources.path}};
   const PluginRef plugin = host.AddPlugin("plugin.so");

@@ -8,9 +8,9 @@
 #include <csignal>
 #include <iterator>
 
-#include "check/temporary_folder.h"
 #include "studio/base/output.h"
 #include "studio/base/studio_error.h"
+#include "testkit/temporary_folder.h"
 
 namespace {
 
@@ -45,7 +45,7 @@ class Output : public testing::Test {
     return std::distance(begin(files), end(files));
   }
 
-  const check::TemporaryFolder folder;
+  const testkit::TemporaryFolder folder;
 };
 
 TEST_F(Output, IsAllInPlaceOrAsItWas) {

@@ -7,8 +7,8 @@
 #include <QPainter>
 #include <QtEndian>
 
-#include "check/random.h"
 #include "studio/base/studio_error.h"
+#include "testkit/random.h"
 #include "tests/support/random_picture.h"
 
 namespace {
@@ -51,12 +51,12 @@ TEST(PictureFile, IsRefusedOrReadWhateverItsDamage) {
   constexpr const char* kFormats[] = {"png", "jpg", "bmp", "ppm", "tif", "webp"};
   for (unsigned seed = 0; seed < 60 && !HasFailure(); ++seed) {
     SCOPED_TRACE(seed);
-    check::Random random(seed);
+    testkit::Random random(seed);
     const QImage image = RandomImage(21, 20, QImage::Format_RGB32, 1);
-    const std::string whole = Encoded(image, check::Pick(random, kFormats)).toStdString();
-    const std::string damaged = check::Once(random, 2)
-                                    ? whole.substr(0, check::Below(random, whole.size()))
-                                    : check::Damaged(random, whole);
+    const std::string whole = Encoded(image, testkit::Pick(random, kFormats)).toStdString();
+    const std::string damaged = testkit::Once(random, 2)
+                                    ? whole.substr(0, testkit::Below(random, whole.size()))
+                                    : testkit::Damaged(random, whole);
     try {
       const Picture picture = Read(QByteArray::fromStdString(damaged));
       EXPECT_FALSE(picture.Pixels().isNull() || picture.SizeInPoints().isEmpty());

@@ -8,8 +8,8 @@
 #include <cmath>
 #include <numeric>
 
-#include "check/random.h"
 #include "studio/base/studio_error.h"
+#include "testkit/random.h"
 
 namespace {
 
@@ -65,14 +65,15 @@ TEST(RecordJson, ReadsBackChoicesAndNothingElseAndRefusesDamage) {
 
   for (unsigned seed = 0; seed < 5000 && !HasFailure(); ++seed) {
     SCOPED_TRACE(seed);
-    check::Random random(seed);
-    const auto damaged = QByteArray::fromStdString(check::Damaged(random, json.toStdString()));
+    testkit::Random random(seed);
+    const auto damaged = QByteArray::fromStdString(testkit::Damaged(random, json.toStdString()));
     try {
       const MosaicChoices read = ChoicesFromJson(damaged);
       for (const int32_t count : {read.params.tilesAcross, read.params.tilesDown})
         EXPECT_TRUE(count >= 1 && count <= 32767) << count;
       EXPECT_TRUE(std::isfinite(read.state.aspectRatio));
-      EXPECT_EQ(check::Bytes(ChoicesFromJson(ToJson(read, Fields::kChoices))), check::Bytes(read));
+      EXPECT_EQ(testkit::Bytes(ChoicesFromJson(ToJson(read, Fields::kChoices))),
+                testkit::Bytes(read));
     } catch (const StudioError& refusal) {
       EXPECT_STRNE(refusal.what(), "");
     }

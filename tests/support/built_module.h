@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "check/hosted_module.h"
+#include "testkit/hosted_module.h"
 
 /// The module as it is built, started; nothing may be left of it in the end.
 struct BuiltModule : HostedModule {

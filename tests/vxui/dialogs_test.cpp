@@ -6,7 +6,7 @@
 #include <stdexcept>
 #include <string>
 
-#include "check/function_presenter.h"
+#include "testkit/function_presenter.h"
 
 using namespace vx::ui;
 

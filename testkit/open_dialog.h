@@ -8,7 +8,7 @@
 #include "platform/nrvui/ui_controls.h"
 #include "platform/nrvui/ui_edits.h"
 
-namespace check {
+namespace testkit {
 
 inline std::string Utf8(const nrvcore::UTF16String& text) {
   return nrvcore::utility::UTF16ToUTF8(text.View());
@@ -46,4 +46,4 @@ struct OpenDialog {
   nrvui::ui::UI_Dialog& dialog;
 };
 
-}  // namespace check
+}  // namespace testkit

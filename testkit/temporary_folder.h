@@ -8,7 +8,7 @@
 #include <string>
 #include <system_error>
 
-namespace check {
+namespace testkit {
 
 /// A folder of this process's own, gone at the end of the scope.
 class TemporaryFolder {
@@ -43,4 +43,4 @@ inline std::string ContentOf(const std::filesystem::path& file) {
   return content.str();
 }
 
-}  // namespace check
+}  // namespace testkit

@@ -1,4 +1,4 @@
-#include "check/toolkit_memory.h"
+#include "testkit/toolkit_memory.h"
 
 #include <cstdlib>
 #include <new>

@@ -7,7 +7,7 @@
 #include <random>
 #include <string>
 
-namespace check {
+namespace testkit {
 
 using Random = std::mt19937_64;
 
@@ -54,4 +54,4 @@ inline std::string Damaged(Random& random, std::string bytes) {
   return bytes;
 }
 
-}  // namespace check
+}  // namespace testkit
