@@ -43,7 +43,7 @@ Outcome Perform(const Step& step, const ScriptRun& script, DialogRun& run, Dialo
 
 }  // namespace
 
-QtPresenter::QtPresenter() {
+QtPresenter::QtPresenter(QWidget* owner) : ownerWindow(owner) {
   if (qobject_cast<QApplication*>(QCoreApplication::instance()) == nullptr) {
     throw std::logic_error("windows need a QApplication");
   }
@@ -73,7 +73,8 @@ void QtPresenter::Present(nrvui::ui::UI_Dialog& dialog) {
   const QPointer<DialogWindow> window =
       sharingWindow != nullptr
           ? new DialogWindow(run, listeners, sharingWindow, Qt::NonModal)
-          : new DialogWindow(run, listeners, CurrentWindow(), Qt::ApplicationModal);
+          : new DialogWindow(run, listeners, ownerWindow != nullptr ? ownerWindow : CurrentWindow(),
+                             Qt::ApplicationModal);
   const auto close = qScopeGuard([&] { delete window.data(); });  // null if its parent has gone
   const auto photograph = [&] {
     if (takesScreenshots && !run.IsOver()) screenshot = window->grab().toImage();

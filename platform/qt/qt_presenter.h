@@ -14,13 +14,13 @@
 
 namespace qtui {
 
-/// Shows dialogs as windows, by default application-modal over the active window. Used on the
-/// user-interface thread. An exception of a handler or listener closes the window and leaves
-/// Present.
+/// Shows dialogs as windows, by default application-modal. Used on the user-interface thread. An
+/// exception of a handler or listener closes the window and leaves Present.
 class QtPresenter final : public nrvui::ui::DialogPresenter {
  public:
-  /// Throws std::logic_error without a QApplication.
-  QtPresenter();
+  /// Dialogs open over `owner`, which must outlive them; null for the window that is active when
+  /// one opens. Throws std::logic_error without a QApplication.
+  explicit QtPresenter(QWidget* owner = nullptr);
   ~QtPresenter();
 
   void Present(nrvui::ui::UI_Dialog& dialog) override;
@@ -59,6 +59,7 @@ class QtPresenter final : public nrvui::ui::DialogPresenter {
   void ShareInputWith(QWidget* window) { sharingWindow = window; }
 
  private:
+  QWidget* const ownerWindow;
   std::optional<nrvui::gestures::GestureScript> script;
   std::function<void(const std::string&)> reportFunction;
   std::optional<nrvcore::FileError> error;

@@ -2,6 +2,7 @@
 
 #include <QSize>
 #include <algorithm>
+#include <array>
 #include <boost/smart_ptr/make_shared.hpp>
 #include <cmath>
 
@@ -17,36 +18,60 @@ using namespace nrvui::ui;
 namespace {
 
 constexpr double kPointsPerInch = 72;
+constexpr int kLeastWidth = 360;  // so that the summary has room in three lines
 
-/// A dialog of the toolkit, so that its fields read numbers and report problems as those of "Create
-/// Tesserae" do.
+struct FieldTexts {
+  const char* id;
+  const char* caption;
+  const char* help;
+};
+
+constexpr size_t kFieldCount = 3;
+constexpr FieldTexts kFieldTexts[kFieldCount] = {
+    {"pngWidth", "$$$/Studio/Png/Width=&Width in pixels:",
+     "$$$/Studio/Png/WidthHelp=How wide the picture becomes."},
+    {"pngHeight", "$$$/Studio/Png/Height=&Height in pixels:",
+     "$$$/Studio/Png/HeightHelp=How high the picture becomes."},
+    {"pngResolution", "$$$/Studio/Png/Resolution=&Resolution in dpi:",
+     "$$$/Studio/Png/ResolutionHelp=Pixels per inch on the page."},
+};
+using FieldValues = std::array<double, kFieldCount>;
+
+template <class Control>
+boost::intrusive_ptr<Control> Add(UI_Node& parent, const char* id, const char* caption) {
+  boost::intrusive_ptr<Control> control = new Control;
+  control->UI_SetNodeID(id);
+  control->SetCaption(ToToolkit(caption ? Text(caption) : QString()));
+  parent.ChildPushBack(control);
+  return control;
+}
+
+/// A dialog of the toolkit, so that its fields read numbers and report problems like those of
+/// "Create Tesserae". A number in one field sets the scale, which sets the other fields.
 class PngSizeDialog final : public UI_Dialog, public qtui::DialogListener {
  public:
-  /// Builds the content, which the constructor cannot: it takes references to the dialog.
+  /// Adds the controls, which the constructor cannot: it must not take references to the dialog.
   static boost::intrusive_ptr<PngSizeDialog> Make(const MosaicGeometry& geometry);
 
   double PixelsPerPoint() const { return scale; }
 
-  /// Explains what the size means for the tiles, also while it is being typed.
+  /// Explains the effect of the size on the tiles, also while a number is being typed.
   std::optional<qtui::Summary> DialogChanged(
       const UI_Dialog&, const std::optional<qtui::PendingEntry>& pending) override;
 
  private:
   explicit PngSizeDialog(const MosaicGeometry& geometry);
 
-  template <class Control>
-  boost::intrusive_ptr<Control> Add(UI_Node& parent, const char* id, const char* caption);
-  boost::intrusive_ptr<UI_NumberEdit> AddField(UI_Node& parent, const char* id, const char* caption,
-                                               const char* help, double perPoint);
+  void AddFields(UI_Node& column);
   void AddButtons(UI_Node& column);
   void SetScale(double pixelsPerPoint);
-  /// What the field shows for a scale of 1.
-  double PerPoint(const UI_NumberEdit& field) const;
+  FieldValues ValuesFor(double pixelsPerPoint) const;
+  double ScaleFor(size_t field, double number) const;
 
   const MosaicGeometry geometry;
   const double proposed;
   double scale = 0;
-  boost::intrusive_ptr<UI_NumberEdit> width, height, resolution;
+  std::array<boost::intrusive_ptr<UI_NumberEdit>, kFieldCount> fields;
 };
 
 PngSizeDialog::PngSizeDialog(const MosaicGeometry& mosaicGeometry)
@@ -59,75 +84,67 @@ boost::intrusive_ptr<PngSizeDialog> PngSizeDialog::Make(const MosaicGeometry& ge
   boost::intrusive_ptr<PngSizeDialog> dialog = new PngSizeDialog(geometry);
   dialog->UI_SetNodeID("pngSize");
   dialog->Position();
-  const boost::intrusive_ptr<UI_Panel> column = new UI_Panel, grid = new UI_Panel;
+  dialog->SetMinimumSize({kLeastWidth, 0});
+  const boost::intrusive_ptr<UI_Panel> column = new UI_Panel;
   dialog->GetRootView()->ChildPushBack(column);
-  column->ChildPushBack(grid);
-  grid->SetArrangement(PanelArrangement::kGrid);
-  grid->SetColumnCount(2);
-  dialog->width = dialog->AddField(*grid, "pngWidth", "$$$/Studio/Png/Width=&Width in pixels:",
-                                   "$$$/Studio/Png/WidthHelp=How wide the picture becomes.",
-                                   geometry.size.width());
-  dialog->height = dialog->AddField(*grid, "pngHeight", "$$$/Studio/Png/Height=&Height in pixels:",
-                                    "$$$/Studio/Png/HeightHelp=How high the picture becomes.",
-                                    geometry.size.height());
-  dialog->resolution = dialog->AddField(
-      *grid, "pngResolution", "$$$/Studio/Png/Resolution=&Resolution in dpi:",
-      "$$$/Studio/Png/ResolutionHelp=Pixels per inch on the page.", kPointsPerInch);
+  dialog->AddFields(*column);
   dialog->AddButtons(*column);
   dialog->SetScale(dialog->proposed);
   return dialog;
 }
 
-template <class Control>
-boost::intrusive_ptr<Control> PngSizeDialog::Add(UI_Node& parent, const char* id,
-                                                 const char* caption) {
-  boost::intrusive_ptr<Control> control = new Control;
-  control->UI_SetNodeID(id);
-  control->SetCaption(ToToolkit(caption ? Text(caption) : QString()));
-  parent.ChildPushBack(control);
-  return control;
-}
-
-boost::intrusive_ptr<UI_NumberEdit> PngSizeDialog::AddField(UI_Node& parent, const char* id,
-                                                            const char* caption, const char* help,
-                                                            double perPoint) {
-  Add<UI_StaticText>(parent, "", caption)->SetBuddy(id);
-  auto field = Add<UI_NumberEdit>(parent, id, nullptr);
-  field->SetHelp(help);
-  field->SetLowerBound(1);
-  field->SetUpperBound(std::max(1.0, std::floor(perPoint * MostPngScale(geometry.size))));
-  field->NotifyWhenChanged(boost::make_shared<ChangeNotifyFunction>(
-      [this, &number = *field, perPoint](MessageT<UI_Node>*) {
-        SetScale(number.GetNumber() / perPoint);
-      }));
-  return field;
+void PngSizeDialog::AddFields(UI_Node& column) {
+  const boost::intrusive_ptr<UI_Panel> grid = new UI_Panel;
+  grid->SetArrangement(PanelArrangement::kGrid);
+  grid->SetColumnCount(2);
+  column.ChildPushBack(grid);
+  const FieldValues most = ValuesFor(MostPngScale(geometry.size));
+  for (size_t i = 0; i < kFieldCount; ++i) {
+    const auto& [id, caption, help] = kFieldTexts[i];
+    Add<UI_StaticText>(*grid, "", caption)->SetBuddy(id);
+    fields[i] = Add<UI_NumberEdit>(*grid, id, nullptr);
+    fields[i]->SetHelp(help);
+    fields[i]->SetLowerBound(1);
+    fields[i]->SetUpperBound(most[i]);
+    fields[i]->NotifyWhenChanged(boost::make_shared<ChangeNotifyFunction>(
+        [this, i](MessageT<UI_Node>*) { SetScale(ScaleFor(i, fields[i]->GetNumber())); }));
+  }
 }
 
 void PngSizeDialog::AddButtons(UI_Node& column) {
   const boost::intrusive_ptr<UI_Panel> row = new UI_Panel;
   row->SetArrangement(PanelArrangement::kRow);
   column.ChildPushBack(row);
-  row->ChildPushBack(boost::intrusive_ptr<UI_Panel>(new UI_Panel));  // the buttons stand at the end
+  row->ChildPushBack(boost::intrusive_ptr<UI_Panel>(new UI_Panel));  // moves the buttons to the end
   SetCancelButton(Add<UI_Button>(*row, "cancelButton", "$$$/Studio/Box/Cancel=Cancel"));
   SetOkButton(Add<UI_Button>(*row, "okButton", "$$$/Studio/Box/OK=OK"));
 }
 
-void PngSizeDialog::SetScale(double pixelsPerPoint) {
-  scale = pixelsPerPoint;
-  const QSize pixels = PngPixels(geometry.size, scale);
-  width->SetNumber(pixels.width());
-  height->SetNumber(pixels.height());
-  resolution->SetNumber(std::round(scale * kPointsPerInch * 100) / 100);
+FieldValues PngSizeDialog::ValuesFor(double pixelsPerPoint) const {
+  const QSize pixels = PngPixels(geometry.size, pixelsPerPoint);
+  const double resolution = std::round(pixelsPerPoint * kPointsPerInch * 100) / 100;
+  return {double(pixels.width()), double(pixels.height()), resolution};
 }
 
-double PngSizeDialog::PerPoint(const UI_NumberEdit& field) const {
-  if (&field == width.get()) return geometry.size.width();
-  return &field == height.get() ? geometry.size.height() : kPointsPerInch;
+double PngSizeDialog::ScaleFor(size_t field, double number) const {
+  // The fields show rounded numbers, which would lead to another scale.
+  if (number == ValuesFor(proposed)[field]) return proposed;
+  const double perScale[] = {geometry.size.width(), geometry.size.height(), kPointsPerInch};
+  return std::min(number / perScale[field], MostPngScale(geometry.size));
+}
+
+void PngSizeDialog::SetScale(double pixelsPerPoint) {
+  scale = pixelsPerPoint;
+  const FieldValues values = ValuesFor(scale);
+  for (size_t i = 0; i < kFieldCount; ++i) fields[i]->SetNumber(values[i]);
 }
 
 std::optional<qtui::Summary> PngSizeDialog::DialogChanged(
     const UI_Dialog&, const std::optional<qtui::PendingEntry>& pending) {
-  const double shown = pending ? pending->number / PerPoint(*pending->field) : scale;
+  double shown = scale;
+  for (size_t i = 0; pending && i < kFieldCount; ++i) {
+    if (pending->field == fields[i].get()) shown = ScaleFor(i, pending->number);
+  }
   const double pitch = (geometry.tile.width() + geometry.spacing.width()) * shown;
   const bool isSharp = std::abs(pitch - std::round(pitch)) < 1e-6;
   const QString pixels = NumberForUser(std::round(pitch * 100) / 100);
@@ -155,9 +172,9 @@ std::optional<qtui::Summary> PngSizeDialog::DialogChanged(
 
 }  // namespace
 
-std::optional<double> AskForPngScale(const MosaicGeometry& geometry) {
+std::optional<double> AskForPngScale(QWidget& window, const MosaicGeometry& geometry) {
   const auto dialog = PngSizeDialog::Make(geometry);
-  qtui::QtPresenter presenter;
+  qtui::QtPresenter presenter(&window);
   presenter.AddListener(*dialog);
   const InstalledPresenter installed(presenter);
   dialog->RunModal();

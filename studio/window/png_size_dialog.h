@@ -2,9 +2,10 @@
 
 #include <optional>
 
+class QWidget;
 struct MosaicGeometry;
 
-/// Asks in a dialog over the active window how many pixels a point a PNG picture of a mosaic has:
-/// by its width, height or resolution. Returns nothing when the dialog was cancelled. Throws
-/// StudioError when the tiles are too many for a PNG.
-std::optional<double> AskForPngScale(const MosaicGeometry& geometry);
+/// Asks in a modal dialog over `window` for the size of a PNG of a mosaic: by width, height or
+/// resolution. Returns pixels per point, or nothing when the user cancelled. Throws StudioError
+/// when a PNG cannot give each tile a pixel.
+std::optional<double> AskForPngScale(QWidget& window, const MosaicGeometry& geometry);

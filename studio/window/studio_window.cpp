@@ -384,7 +384,7 @@ bool StudioWindow::ExportTo(const QString& path) {
   const Mosaic& mosaic = *Shown()->mosaic;
   const ExportKind& kind = ExportKindOf(path);
   if (kind.hasPixels) {
-    const auto pixelsPerPoint = AskForPngScale(mosaic.geometry);
+    const auto pixelsPerPoint = AskForPngScale(*this, mosaic.geometry);
     if (!pixelsPerPoint) return false;
     how.pixelsPerPoint = *pixelsPerPoint;
   }

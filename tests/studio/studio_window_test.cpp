@@ -356,7 +356,7 @@ TEST_F(StudioWindowTest, APictureBecomesAMosaicThatCanBeUndoneAndExported) {
   EXPECT_TRUE(QFile::exists(Path("a.svg")));
   // A PNG's size is asked for once; the next time the same happens without a question.
   Type("a.png");
-  WhenOpen<QDialog>("pngSize", [](QDialog& dialog) {
+  WhenOpen<QDialog>("pngSize", [this](QDialog& dialog) {
     const auto shown = [&] {
       QStringList texts;
       for (const char* field : {"pngWidth", "pngHeight", "pngResolution"})
@@ -374,8 +374,12 @@ TEST_F(StudioWindowTest, APictureBecomesAMosaicThatCanBeUndoneAndExported) {
     EXPECT_EQ(shown(), "1608 1072 1929.6");
     EXPECT_TRUE(Message(dialog).contains("134 pixels from tile to tile, a whole number"));
     enter("pngWidth", "40000");
-    EXPECT_TRUE(Message(dialog).contains("40000 is more than 19595"))
+    EXPECT_TRUE(Message(dialog).contains("40000 is more than 19596"))
         << Message(dialog).toStdString();
+    EXPECT_EQ(shown(), "19596 13064 23515.1");
+    for (const char* number : {"13064", "1072"}) enter("pngHeight", number);
+    EXPECT_TRUE(Message(dialog).startsWith("Proposed")) << Message(dialog).toStdString();
+    EXPECT_EQ(dialog.parentWidget(), &*window);
     enter("pngResolution", "36");
     EXPECT_EQ(shown(), "30 20 36");
     enter("pngHeight", "60");
