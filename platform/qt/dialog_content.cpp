@@ -45,11 +45,8 @@ class Scroller final : public QScrollArea {
 
 }  // namespace
 
-DialogContent::DialogContent(DialogRun& modalRun, QWidget& itsPane, std::function<void()> rebuild)
-    : run(modalRun),
-      pane(itsPane),
-      whenOutdated(std::move(rebuild)),
-      messages(new MessageLine(itsPane)) {
+DialogContent::DialogContent(DialogRun& modalRun, QWidget& itsPane)
+    : run(modalRun), pane(itsPane), messages(new MessageLine(itsPane)) {
   messages->setObjectName(QStringLiteral("messages"));
   auto* const column = new QVBoxLayout(&pane);
   column->setContentsMargins(kMargin, kMargin, kMargin, kMargin);
@@ -57,7 +54,6 @@ DialogContent::DialogContent(DialogRun& modalRun, QWidget& itsPane, std::functio
   column->addWidget(Make(*run.Dialog().GetRootView(), pane).Widget());
   NameByLabels();
   PlaceMessages();
-  if (!HasFields()) messages->hide();
   MarkDefaultButton();
 }
 
@@ -128,12 +124,6 @@ void DialogContent::NameByLabels() {
   }
 }
 
-bool DialogContent::HasFields() const {
-  return std::ranges::any_of(views, [](const auto& view) {
-    return dynamic_cast<const FieldView*>(view.get()) != nullptr;
-  });
-}
-
 void DialogContent::PlaceMessages() {
   // The messages go above the row of the OK button. Extra height of the window goes above them.
   const auto& okButton = run.Dialog().GetOkButton();
@@ -181,13 +171,6 @@ void DialogContent::Reveal(QWidget& widget) const {
 QWidget* DialogContent::WidgetOf(const UI_Node& node) const {
   const auto found = viewOfNode.find(&node);
   return found == viewOfNode.end() ? nullptr : found->second->Widget();
-}
-
-void DialogContent::ShowProblems(const MessageLine::Problems& problems) {
-  for (const auto& [field, text] : problems) {
-    const auto found = viewOfNode.find(field);
-    if (found != viewOfNode.end()) static_cast<FieldView&>(*found->second).ShowProblem(text);
-  }
 }
 
 void DialogContent::ShowEntry(const UI_Node& field, const nrvui::gestures::Outcome& outcome) const {
@@ -252,16 +235,9 @@ QSize DialogContent::Align() {
 }
 
 void DialogContent::NodeChanged(UI_Node& node) {
-  const auto found = viewOfNode.find(&node);
-  if (found == viewOfNode.end()) return;
-  if (found->second->CanSync()) {
-    found->second->Sync();
-    if (found->second == hinted) messages->SetHint(hinted->Hint());
-    return;
-  }
-  if (isOutdated) return;
-  isOutdated = true;
-  whenOutdated();
+  NodeView& view = *viewOfNode.at(&node);
+  view.Sync();
+  if (&view == hinted) messages->SetHint(hinted->Hint());
 }
 
 }  // namespace qtui

@@ -2,7 +2,6 @@
 
 #include <QHash>
 #include <QScrollArea>
-#include <functional>
 #include <memory>
 #include <unordered_map>
 #include <vector>
@@ -17,13 +16,13 @@ class QButtonGroup;
 namespace qtui {
 
 /// The widgets of a dialog's nodes, and its message line. Observes every node below the dialog and
-/// updates the widgets when a node changes. Buddies of labels, groups of radio buttons and the OK
-/// button are looked up once, in the constructor. User-interface thread only.
+/// updates its widget when a property of the node changes. The constructor reads the tree, the
+/// arrangement of panels, the buddies of labels, the groups of radio buttons and the OK button;
+/// later changes of these are ignored. User-interface thread only.
 class DialogContent final : private nrvui::ui::NodeObserver {
  public:
-  /// Fills `itsPane`, which must outlive the content and owns the widgets. `rebuild` is called
-  /// once, when the nodes have changed in a way that needs a new content.
-  DialogContent(DialogRun& modalRun, QWidget& itsPane, std::function<void()> rebuild);
+  /// Fills `itsPane`, which must outlive the content and owns the widgets.
+  DialogContent(DialogRun& modalRun, QWidget& itsPane);
   ~DialogContent();
 
   DialogContent(const DialogContent&) = delete;
@@ -31,9 +30,6 @@ class DialogContent final : private nrvui::ui::NodeObserver {
 
   /// Null for a node without a widget.
   QWidget* WidgetOf(const nrvui::ui::UI_Node& node) const;
-  /// The problems that are shown; to be passed to the content that replaces this one.
-  const MessageLine::Problems& Problems() const { return messages->AllProblems(); }
-  void ShowProblems(const MessageLine::Problems& problems);
   /// Shows what was wrong with an entry in the field; ignores other nodes.
   void ShowEntry(const nrvui::ui::UI_Node& field, const nrvui::gestures::Outcome& outcome) const;
   void SetSummary(const Summary& text) { messages->SetSummary(text); }
@@ -61,20 +57,17 @@ class DialogContent final : private nrvui::ui::NodeObserver {
   QButtonGroup& GroupOf(const QString& name, QWidget& parent);
   NodeView* Find(const nrvcore::String& nodeID) const;
   void NameByLabels();
-  bool HasFields() const;
   void PlaceMessages();
   void MarkDefaultButton();
 
   DialogRun& run;
   QWidget& pane;
-  std::function<void()> whenOutdated;
   MessageLine* messages;
   std::vector<std::unique_ptr<NodeView>> views;  // parents before their children
   std::unordered_map<const nrvui::ui::UI_Node*, NodeView*> viewOfNode;
   QHash<QString, QButtonGroup*> groups;
   QScrollArea* scroller = nullptr;   // null until something scrolls
   const NodeView* hinted = nullptr;  // whose hint is shown
-  bool isOutdated = false;
 };
 
 }  // namespace qtui

@@ -1,13 +1,26 @@
 #pragma once
 
+#include <QString>
 #include <QWidget>
 #include <optional>
 
 #include "platform/nrvui/ui_dialog.h"
-#include "platform/qt/message_line.h"
-#include "platform/qt/pending_entry.h"
+#include "platform/nrvui/ui_edits.h"
 
 namespace qtui {
+
+/// What a dialog's present values will lead to, in one sentence by the dialog's caller.
+struct Summary {
+  QString text;  // may be empty
+  bool isWarning = false;
+};
+
+/// A number that the user has typed but not entered: the field is still being edited, and its node
+/// holds the previous number. The number is within the field's bounds.
+struct PendingEntry {
+  const nrvui::controls::UI_NumberEdit* field;
+  double number;
+};
 
 /// Follows the dialogs of a QtPresenter, which calls it on the user-interface thread. An exception
 /// closes the dialog and leaves QtPresenter::Present.

@@ -13,8 +13,7 @@ constexpr int kTypingPause = 300;  // ms
 
 }  // namespace
 
-DialogRun::DialogRun(nrvui::ui::UI_Dialog& modalDialog)
-    : dialog(modalDialog), isShared(modalDialog.UI_GetReferenceCount() > 1) {
+DialogRun::DialogRun(nrvui::ui::UI_Dialog& modalDialog) : dialog(modalDialog) {
   typingPause.setSingleShot(true);
   typingPause.setInterval(kTypingPause);
   typingPause.callOnTimeout([this] { NotifyOfChange(); });
@@ -32,8 +31,6 @@ void DialogRun::Guard(const std::function<void()>& work) {
   if (HasFailed()) return;
   try {
     work();
-    const bool isAbandoned = isShared && dialog.UI_GetReferenceCount() == 1;
-    if (isAbandoned && !IsOver()) dialog.SetResponse(nrvui::ui::kCancelResponse);
   } catch (...) {
     failure = std::current_exception();
     if (listener != nullptr) listener->RunFailed();
@@ -48,13 +45,12 @@ Outcome DialogRun::Perform(const UI_Node* control, const std::function<Outcome()
     Guard([&] { outcome = gesture(); });
   }
   --gestureDepth;
-  if (!IsInGesture() && listener != nullptr) listener->GestureEnded();
   NotifyOfChange();
   return outcome;
 }
 
 void DialogRun::NotifyOfChange() {
-  if (IsInGesture() || IsOver() || listener == nullptr) return;
+  if (gestureDepth > 0 || IsOver() || listener == nullptr) return;
   typingPause.stop();
   Guard([this] { listener->ValuesChanged(); });
 }

@@ -7,7 +7,7 @@
 #include <optional>
 
 #include "platform/nrvui/gesture.h"
-#include "platform/qt/pending_entry.h"
+#include "platform/qt/dialog_listener.h"
 
 namespace qtui {
 
@@ -33,8 +33,6 @@ class DialogRun {
    public:
     /// Something threw; the run is over.
     virtual void RunFailed() = 0;
-    /// The outermost gesture has ended.
-    virtual void GestureEnded() = 0;
     /// The dialog is still open after a gesture, or 300 ms have passed since the last edit of a
     /// field's text. An exception ends the run.
     virtual void ValuesChanged() = 0;
@@ -58,10 +56,6 @@ class DialogRun {
 
   /// Calls `work`; an exception ends the run. Does nothing after a failure.
   void Guard(const std::function<void()>& work);
-
-  /// Whether a gesture is being performed. Its handler can run an event loop of its own, in which
-  /// the widgets of this run must not be deleted.
-  bool IsInGesture() const { return gestureDepth > 0; }
 
   /// Performs a gesture on `control`, null for a gesture on the whole dialog. Returns its outcome,
   /// a default one when a handler throws.
@@ -95,12 +89,9 @@ class DialogRun {
   void NotifyOfChange();
 
   nrvui::ui::UI_Dialog& dialog;
-  // Whether others hold references to the dialog. When all of them are released during the run, the
-  // dialog is cancelled.
-  const bool isShared;
   Listener* listener = nullptr;
   Editor* editor = nullptr;
-  int gestureDepth = 0;
+  int gestureDepth = 0;  // a handler can run an event loop, which can perform another gesture
   const nrvui::ui::UI_Node* touched = nullptr;
   QTimer typingPause;
   std::exception_ptr failure;

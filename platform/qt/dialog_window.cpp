@@ -65,7 +65,8 @@ DialogWindow::DialogWindow(DialogRun& modalRun, const std::vector<DialogListener
       run(modalRun),
       listeners(dialogListeners),
       dialog(modalRun.Dialog()),
-      column(*new QVBoxLayout(this)) {
+      column(*new QVBoxLayout(this)),
+      pane(new QWidget(this)) {
   setObjectName(ToQString(dialog.UI_GetNodeID()));
   setWindowTitle(ToQString(dialog.GetTitle()));
   setWindowModality(modality);
@@ -94,45 +95,16 @@ DialogWindow::~DialogWindow() {
 }
 
 void DialogWindow::Build() {
-  content.reset();
-  auto newPane = std::make_unique<QWidget>();
-  content = std::make_unique<DialogContent>(run, *newPane, [this] { RebuildLater(); });
-  delete std::exchange(pane, newPane.release());
+  content = std::make_unique<DialogContent>(run, *pane);
   column.addWidget(pane);
-  if (isVisible()) pane->show();
   pane->installEventFilter(this);
   for (QWidget* widget : pane->findChildren<QWidget*>()) {
     if (widget->focusPolicy() != Qt::NoFocus) widget->installEventFilter(this);
   }
-  content->SetSummary(summary);
   const auto& focused = dialog.GetInitialFocus();
   QWidget* focus = focused != nullptr ? content->WidgetOf(*focused) : nullptr;
   if (focus == nullptr) focus = content->FirstFocus();
   if (focus != nullptr) focus->setFocus();
-}
-
-void DialogWindow::RebuildLater() {
-  // Deferred, because a widget that Build deletes may be handling the event that led here.
-  QTimer::singleShot(0, this, [this] {
-    if (run.IsOver()) return;
-    isRebuildDue = run.IsInGesture();
-    if (isRebuildDue) return;
-    run.Guard([this] {
-      run.CommitEdit();
-      if (run.IsOver()) return;
-      const QString focus = focusWidget() != nullptr ? focusWidget()->objectName() : QString();
-      const MessageLine::Problems problems = content->Problems();
-      Build();
-      content->ShowProblems(problems);
-      QWidget* const former = focus.isEmpty() ? nullptr : findChild<QWidget*>(focus);
-      if (former != nullptr) former->setFocus();
-      FitContent();
-    });
-  });
-}
-
-void DialogWindow::GestureEnded() {
-  if (std::exchange(isRebuildDue, false)) RebuildLater();
 }
 
 void DialogWindow::RunModal(std::function<void()> painted) {
@@ -160,22 +132,21 @@ void DialogWindow::Place() {
   using nrvui::ui::DialogPlacement;
   switch (dialog.GetPlacement()) {
     case DialogPlacement::kAtPoint: {
-      const PointT<float> wanted = dialog.GetDialogPoint();
-      const QPoint point = QPointF(wanted.x, wanted.y).toPoint();
-      const QScreen* const there = QGuiApplication::screenAt(point);
-      return MoveWithin((there != nullptr ? there : screen())->availableGeometry(), point);
+      const PointT<float> point = dialog.GetDialogPoint();
+      return MoveOnScreen(QPointF(point.x, point.y).toPoint());
     }
     case DialogPlacement::kCentered:
       return move(screen()->availableGeometry().center() - rect().center());
     case DialogPlacement::kPositioned:
-      if (wantedPosition) {
-        const QScreen* const there = QGuiApplication::screenAt(*wantedPosition);
-        return MoveWithin((there != nullptr ? there : screen())->availableGeometry(),
-                          *wantedPosition);
-      }
+      if (wantedPosition) return MoveOnScreen(*wantedPosition);
       if (!beside.isEmpty()) return PlaceBeside();
       return;  // Qt centres a dialog over its parent window, or on the screen
   }
+}
+
+void DialogWindow::MoveOnScreen(QPoint wanted) {
+  const QScreen* const there = QGuiApplication::screenAt(wanted);
+  MoveWithin((there != nullptr ? there : screen())->availableGeometry(), wanted);
 }
 
 void DialogWindow::MoveWithin(const QRect& room, QPoint wanted) {
@@ -204,10 +175,11 @@ bool DialogWindow::WasMoved() const {
 }
 
 void DialogWindow::ValuesChanged() {
+  std::optional<Summary> summary;
   for (DialogListener* listener : listeners) {
-    if (const auto changed = listener->DialogChanged(dialog, run.Pending())) summary = *changed;
+    if (const auto changed = listener->DialogChanged(dialog, run.Pending())) summary = changed;
   }
-  content->SetSummary(summary);
+  if (summary) content->SetSummary(*summary);
 }
 
 void DialogWindow::NodeChanged(UI_Node&) {

@@ -52,16 +52,16 @@ class DialogWindow final : public QDialog,
  private:
   void NodeChanged(nrvui::ui::UI_Node& node) override;
   void RunFailed() override { End(); }
-  void GestureEnded() override;
   void ValuesChanged() override;
 
   void Build();
-  void RebuildLater();
   void End();
   void FitContent();
   void SyncSize();
   void Place();
-  /// Moves the window to `wanted`, clamped so that its frame stays within `room`.
+  /// Moves the window to `wanted`, clamped so that its frame stays on one screen.
+  void MoveOnScreen(QPoint wanted);
+  /// The same within a rectangle.
   void MoveWithin(const QRect& room, QPoint wanted);
   void PlaceBeside();
   /// Limits a size to the screen, with room for the scroll bars that this makes necessary.
@@ -73,17 +73,15 @@ class DialogWindow final : public QDialog,
   const std::vector<DialogListener*>& listeners;
   nrvui::ui::UI_Dialog& dialog;
   QVBoxLayout& column;
-  QWidget* pane = nullptr;
+  QWidget* const pane;
   std::unique_ptr<DialogContent> content;
   QEventLoop* loop = nullptr;
   std::function<void()> whenPainted;
   QSize neededSize;  // by the content
-  Summary summary;
   QRect beside;
   std::optional<QPoint> wantedPosition;
   std::optional<QPoint> placedAt;  // by this class and the window manager; empty before painting
   bool isSyncingSize = false;
-  bool isRebuildDue = false;  // when the gesture has ended
 };
 
 }  // namespace qtui

@@ -157,10 +157,6 @@ void FieldView::CheckValue() {
   SetProblem(ValueProblem(origin));
 }
 
-void FieldView::ShowProblem(const QString& text) {
-  SetProblem([text] { return text; });
-}
-
 void FieldView::SetProblem(ProblemText text) {
   problem = std::move(text);
   problem ? messages.SetProblem(field, problem()) : messages.ClearProblem(field);

@@ -38,8 +38,6 @@ class FieldView : public NodeView, public Editor, public FieldListener {
   /// Shows the node's value and what was wrong with an entry that led to it. False when the user
   /// has to look at the result.
   bool ShowEntry(const nrvui::gestures::Outcome& outcome);
-  /// Shows a problem that another view of the same node had.
-  void ShowProblem(const QString& text);
 
  protected:
   using ProblemText = std::function<QString()>;

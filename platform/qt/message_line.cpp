@@ -56,7 +56,8 @@ void MessageLine::SetProblem(const UI_Node& field, const QString& text) {
 }
 
 void MessageLine::ClearProblem(const UI_Node& field) {
-  const auto cleared = std::ranges::find(problems, &field, &Problems::value_type::first);
+  const auto cleared =
+      std::ranges::find(problems, &field, [](const auto& problem) { return problem.first; });
   if (cleared == problems.end()) return;
   if (cleared->second == announcedProblem) announcedProblem.clear();
   problems.erase(cleared);

@@ -7,14 +7,9 @@
 #include <vector>
 
 #include "platform/nrvui/ui_node.h"
+#include "platform/qt/dialog_listener.h"
 
 namespace qtui {
-
-/// What a dialog's present values will lead to, in one sentence by the dialog's caller.
-struct Summary {
-  QString text;  // may be empty
-  bool isWarning = false;
-};
 
 /// The dialog's messages: the summary of its values, the hint of the control that has the focus or
 /// the pointer, and the problem of an entry. It reserves three lines, so that a message does not
@@ -22,8 +17,6 @@ struct Summary {
 /// and a summary when it has not changed for a second.
 class MessageLine final : public QWidget {
  public:
-  using Problems = std::vector<std::pair<const nrvui::ui::UI_Node*, QString>>;
-
   explicit MessageLine(QWidget& parent);
 
   /// A summary that is not a warning is shown only while no field has a problem.
@@ -33,7 +26,6 @@ class MessageLine final : public QWidget {
   /// Shows the problem first; it replaces the field's former problem.
   void SetProblem(const nrvui::ui::UI_Node& field, const QString& text);
   void ClearProblem(const nrvui::ui::UI_Node& field);
-  const Problems& AllProblems() const { return problems; }
   /// The text that is shown.
   QString Text() const;
   /// Whether the text shows a problem or a warning.
@@ -55,8 +47,8 @@ class MessageLine final : public QWidget {
   QLabel& label;
   Summary summary;
   QString hint;
-  Problems problems;  // the last one is shown
-  QTimer pause;       // before the text is announced
+  std::vector<std::pair<const nrvui::ui::UI_Node*, QString>> problems;  // the last one is shown
+  QTimer pause;  // before the text is announced
   QString announcedProblem;
   QString announcedSummary;
 };

@@ -22,8 +22,6 @@ class NodeView {
 
   /// Updates the widget from the node.
   virtual void Sync();
-  /// Whether the view can show the node after a change of its children or arrangement.
-  virtual bool CanSync() const { return true; }
 
   /// Shows every mnemonic (while the Alt key is down), or only those of nodes that ask for it.
   virtual void ShowMnemonic(bool) {}

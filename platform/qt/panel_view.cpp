@@ -1,15 +1,17 @@
 #include "platform/qt/panel_view.h"
 
 #include <QBoxLayout>
+#include <QEvent>
 #include <QGridLayout>
+#include <QGroupBox>
 #include <QPushButton>
+#include <QStylePainter>
 #include <algorithm>
 #include <utility>
 
 #include "platform/qt/field_view.h"
 #include "platform/qt/label_view.h"
 #include "platform/qt/qt_text.h"
-#include "platform/qt/section.h"
 
 namespace qtui {
 
@@ -21,6 +23,44 @@ namespace {
 constexpr int kControlGap = 8;
 constexpr int kPanelGap = 16;
 constexpr int kSectionPadding = 12;
+
+/// A group box with a bold title. A bold font of the box itself would pass to its children.
+class Section final : public QGroupBox {
+ public:
+  explicit Section(QWidget& parent) : QGroupBox(&parent), titleFont(Bold(font())) {}
+
+  QSize minimumSizeHint() const override {
+    QStyleOptionGroupBox option;
+    initStyleOption(&option);
+    const QSize titleSize = QFontMetrics(titleFont).size(Qt::TextShowMnemonic, title());
+    return style()
+        ->sizeFromContents(QStyle::CT_GroupBox, &option, titleSize, this)
+        .expandedTo(QWidget::minimumSizeHint());  // NOLINT: its own measures the title's plain font
+  }
+
+ protected:
+  void changeEvent(QEvent* event) override {
+    if (event->type() == QEvent::FontChange) titleFont = Bold(font());
+    QGroupBox::changeEvent(event);
+  }
+
+  void paintEvent(QPaintEvent*) override {
+    QStylePainter painter(this);
+    QStyleOptionGroupBox option;
+    initStyleOption(&option);
+    option.fontMetrics = QFontMetrics(titleFont);
+    painter.setFont(titleFont);
+    painter.drawComplexControl(QStyle::CC_GroupBox, option);
+  }
+
+ private:
+  static QFont Bold(QFont font) {
+    font.setBold(true);
+    return font;
+  }
+
+  QFont titleFont;
+};
 
 bool IsSpace(const UI_Panel* panel) {
   return panel != nullptr && panel->IsSpace();
@@ -56,16 +96,8 @@ PanelView::PanelView(UI_Node& shown, QWidget& parent)
     : NodeView(shown),
       panel(dynamic_cast<UI_Panel*>(&shown)),
       widget(MakeWidget(panel, parent)),
-      arrangement(CurrentArrangement()),
-      columnCount(ColumnCount()) {}
-
-PanelView::Arrangement PanelView::CurrentArrangement() const {
-  return panel != nullptr ? panel->GetArrangement() : Arrangement::kColumn;
-}
-
-int PanelView::ColumnCount() const {
-  return panel != nullptr ? static_cast<int>(panel->GetColumnCount()) : 1;
-}
+      arrangement(panel != nullptr ? panel->GetArrangement() : Arrangement::kColumn),
+      columnCount(panel != nullptr ? static_cast<int>(panel->GetColumnCount()) : 1) {}
 
 int PanelView::RowCount() const {
   return (static_cast<int>(views.size()) + columnCount - 1) / columnCount;
@@ -76,15 +108,6 @@ void PanelView::Sync() {
     section->setTitle(AsCaption(ToQString(panel->GetTitle())));
   }
   NodeView::Sync();
-}
-
-bool PanelView::CanSync() const {
-  if ((widget == nullptr) != IsSpace(panel)) return false;
-  if ((dynamic_cast<Section*>(widget) != nullptr) != IsTitled(panel)) return false;
-  return arrangement == CurrentArrangement() && columnCount == ColumnCount() &&
-         std::ranges::equal(
-             views, nrvui::ui::Children(Node()),
-             [](const NodeView* view, const auto& child) { return &view->Node() == child.get(); });
 }
 
 void PanelView::Arrange(std::vector<NodeView*> children) {

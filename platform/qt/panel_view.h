@@ -15,7 +15,6 @@ class PanelView final : public NodeView {
 
   QWidget* Widget() const override { return widget; }
   void Sync() override;
-  bool CanSync() const override;
 
   /// Adds the children's views to the layout. To be called once.
   void Arrange(std::vector<NodeView*> children);
@@ -29,8 +28,6 @@ class PanelView final : public NodeView {
  private:
   using Arrangement = nrvui::ui::PanelArrangement;
 
-  Arrangement CurrentArrangement() const;
-  int ColumnCount() const;
   int RowCount() const;
   void ArrangeBox();
   void ArrangeGrid();
@@ -39,8 +36,8 @@ class PanelView final : public NodeView {
   nrvui::ui::UI_Panel* panel;  // null for another kind of node
   QWidget* widget;
   std::vector<NodeView*> views;
-  Arrangement arrangement;
-  int columnCount;
+  const Arrangement arrangement;
+  const int columnCount;
 };
 
 }  // namespace qtui

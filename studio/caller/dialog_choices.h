@@ -5,8 +5,7 @@
 #include <optional>
 #include <string>
 
-#include "platform/nrvui/ui_dialog.h"
-#include "platform/qt/pending_entry.h"
+#include "platform/qt/dialog_listener.h"
 #include "studio/mosaic/mosaic_choices.h"
 
 /// What OK would return for an open dialog.

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/qt/message_line.h"
+#include "platform/qt/dialog_listener.h"
 #include "studio/caller/dialog_choices.h"
 #include "studio/picture/picture.h"
 

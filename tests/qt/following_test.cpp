@@ -57,33 +57,6 @@ TEST_F(Following, ShowsWhatCodeSetsAtOnce) {
   });
 }
 
-TEST_F(Following, MakesWidgetsForNodesThatCome) {
-  Present(*test.dialog, [&](const OpenWindow& open) {
-    open.Type("name", "begun");
-    const boost::intrusive_ptr<UI_Panel> group = new UI_Panel;
-    group->SetTitle(u"A & B");
-    test.panel->ChildPushBack(group);
-    test.Add<UI_Checkbox>(group, "late")->SetCaption(u"Late");
-    QCoreApplication::processEvents();
-    EXPECT_TRUE(open.Field("name").hasFocus());
-    open.Click("late");
-    EXPECT_EQ(test.Notified(), "late:1 name:1");
-    EXPECT_EQ(test.name->GetValue().View(), u"begun");
-    EXPECT_TRUE(open.window.rect().contains(
-        QRect(open.Get("late").mapTo(&open.window, QPoint()), open.Get("late").size())));
-    open.Type("width", "9000");
-    test.panel->ChildSwapOrder(0, 1);
-    QCoreApplication::processEvents();
-    EXPECT_TRUE(open.Field("width").IsMarked());
-    EXPECT_TRUE(open.Message().contains("9000 is more than 8640 pt"));
-    EXPECT_LT(open.Get("count").y(), open.Get("width").y());
-    test.panel->ChildSwapOrder(0, 1);
-    test.width->SetNumber(4);
-    QCoreApplication::processEvents();
-    EXPECT_FALSE(open.Field("width").IsMarked()) << "code has put another number there";
-  });
-}
-
 TEST_F(Following, ScrollsWhatNoScreenIsWideEnoughFor) {
   test.ratio->SetCaption(nrvcore::UTF16String(std::u16string(1500, u'w')));
   Present(*test.dialog, [&](const OpenWindow& open) {
