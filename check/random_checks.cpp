@@ -9,6 +9,7 @@
 
 #include "check/checked_module.h"
 #include "check/mosaic_model.h"
+#include "platform/nrvcore/file.h"
 #include "platform/nrvcore/unicode.h"
 #include "platform/nrvui/gesture.h"
 #include "platform/nrvui/scripted_presenter.h"

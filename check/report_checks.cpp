@@ -68,7 +68,7 @@ void FindsTextOfCode() {
       {362, "The operation failed (362)."},
   };
   for (const auto& [code, text] : cases) reporting.ExpectShown(code, text);
-  const auto& operations = reporting.host.Operations();
+  auto& operations = reporting.host.Operations();
   Expect("strings given back", operations.Calls("VX Unicode String Suite/Dispose"),
          operations.Calls("VX Unicode String Suite/CreateFromText"));
 }

@@ -2,8 +2,8 @@
 #include <string>
 
 #include "fuzz/fuzzer.h"
+#include "platform/nrvcore/file.h"
 #include "platform/standin/layout_reader.h"
-#include "platform/standin/resources.h"
 
 /// The input is a layout file. Parsing throws an error with a reason, or makes nodes of the size
 /// that the file states; no node is leaked.

@@ -65,7 +65,7 @@ std::string ReasonFor(int systemError) {
                                      : std::generic_category().message(systemError);
 }
 
-std::string ReadFile(const std::filesystem::path& file, std::size_t limit, FileKind kind) {
+std::string ReadFile(const std::filesystem::path& file, FileKind kind, std::size_t limit) {
   // Without O_NONBLOCK opening a pipe waits for its writer.
   const OpenFile descriptor(file, kind == FileKind::kRegular ? O_RDONLY | O_NONBLOCK : O_RDONLY);
   if (descriptor < 0) throw FileError(file, 0, ReasonFor(errno));

@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <filesystem>
+#include <limits>
 #include <stdexcept>
 #include <string>
 
@@ -36,7 +37,8 @@ enum class FileKind {
 
 /// Returns all bytes of the file. Throws FileError when it is of another kind, holds more than
 /// `limit` bytes or cannot be read.
-NRV_EXPORT std::string ReadFile(const std::filesystem::path& file, std::size_t limit,
-                                FileKind kind = FileKind::kRegular);
+NRV_EXPORT std::string ReadFile(const std::filesystem::path& file,
+                                FileKind kind = FileKind::kRegular,
+                                std::size_t limit = std::numeric_limits<std::size_t>::max());
 
 }  // namespace nrvcore

@@ -2,8 +2,6 @@
 
 #include <algorithm>
 #include <boost/locale/utf.hpp>
-#include <cstdint>
-#include <cstring>
 #include <iterator>
 #include <string>
 
@@ -21,16 +19,10 @@ bool IsMalformed(code_point decoded) {
   return decoded == boost::locale::utf::illegal || decoded == boost::locale::utf::incomplete;
 }
 
-/// The number of ASCII bytes at the start. Most texts are ASCII, so it tests eight bytes at a time.
+/// The number of ASCII bytes at the start. Most texts are ASCII and need no decoding.
 std::size_t AsciiLength(std::string_view text) {
-  constexpr uint64_t kBeyondAscii = 0x8080808080808080;
-  std::size_t length = 0;
-  for (uint64_t bytes; length + sizeof bytes <= text.size(); length += sizeof bytes) {
-    std::memcpy(&bytes, text.data() + length, sizeof bytes);
-    if (bytes & kBeyondAscii) break;
-  }
-  while (length < text.size() && static_cast<unsigned char>(text[length]) < 0x80) ++length;
-  return length;
+  const auto isAscii = [](unsigned char byte) { return byte < 0x80; };
+  return std::find_if_not(text.begin(), text.end(), isAscii) - text.begin();
 }
 
 /// The length of the sequence that this byte starts; 1 for a byte that starts none.

@@ -42,7 +42,7 @@ Outcome DoneIfClosed(const UI_Dialog& dialog) {
 }
 
 Outcome Changed(UI_ControlView& control) {
-  control.NotifyChangedByPerson();
+  control.NotifyChangedByUser();
   return {.changed = true};
 }
 
@@ -63,7 +63,7 @@ Outcome Select(UI_Dialog& dialog, UI_RadioButton& selected) {
 }
 
 Outcome Push(UI_Dialog& dialog, UI_Button& button) {
-  button.NotifyChangedByPerson();
+  button.NotifyChangedByUser();
   const bool isOk = dialog.GetOkButton() == &button;
   const bool isCancel = dialog.GetCancelButton() == &button;
   if (!isOk && !isCancel) return {};
@@ -92,7 +92,7 @@ Outcome Enter(UI_Dialog& dialog, UI_Node& field, const UTF16String& text) {
   const Refusal refusal = WhyUnusable(dialog, field);
   if (refusal != Refusal::kNone) return Refused(refusal);
   Outcome outcome = edit->AcceptEntry(text);
-  if (outcome.changed) edit->NotifyChangedByPerson();
+  if (outcome.changed) edit->NotifyChangedByUser();
   return outcome;
 }
 

@@ -82,7 +82,7 @@ bool TakeArguments(std::string_view rest, Step& step) {
 }  // namespace
 
 GestureScript GestureScript::ReadFile(const std::filesystem::path& path) {
-  return Parse(nrvcore::ReadFile(path, kLargestFile, nrvcore::FileKind::kAny), path.string());
+  return Parse(nrvcore::ReadFile(path, nrvcore::FileKind::kAny, kLargestFile), path.string());
 }
 
 GestureScript GestureScript::Parse(std::string_view text, const std::string& name) {

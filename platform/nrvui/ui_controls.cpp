@@ -11,7 +11,7 @@ void UI_ControlView::NotifyWhenChanged(
   changed = notifyFunction;
 }
 
-void UI_ControlView::NotifyChangedByPerson() {
+void UI_ControlView::NotifyChangedByUser() {
   const auto notify = changed;
   if (notify == nullptr) return;
   ui::UI_ControlChangedMessage message;

@@ -16,7 +16,7 @@ class NRV_EXPORT UI_ControlView : public ui::UI_SubView {
   /// Sets the handler, which is called after the user has changed the control; null removes it.
   void NotifyWhenChanged(const boost::shared_ptr<ChangeNotifyFunction>& notifyFunction);
   /// Calls the handler. For gestures.
-  void NotifyChangedByPerson();
+  void NotifyChangedByUser();
 
   void SetDisabled(bool disable);
   bool IsDisabled() const { return isDisabled; }

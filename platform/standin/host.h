@@ -10,7 +10,6 @@
 #include "platform/standin/host_objects.h"
 #include "platform/standin/operation_registry.h"
 #include "platform/standin/resources.h"
-#include "platform/standin/string_lists.h"
 #include "platform/standin/suite_registry.h"
 #include "platform/standin/user_interface.h"
 #include "platform/suites/host_suites.h"

@@ -3,12 +3,9 @@
 #include <algorithm>
 #include <charconv>
 #include <cmath>
-#include <cstdlib>
-#include <string_view>
-#include <utility>
+#include <string>
 
 #include "platform/nrvcore/localizer.h"
-#include "platform/nrvcore/unicode.h"
 #include "platform/nrvui/ui_controls.h"
 #include "platform/nrvui/ui_edits.h"
 #include "platform/nrvui/ui_views.h"
@@ -34,21 +31,14 @@ bool Parse(std::string_view text, Number* number) {
 
 }  // namespace
 
-LayoutAttribute::LayoutAttribute(const char* name, const char* value, Refuse refusal)
-    : name(name), value(value), refuse(std::move(refusal)) {
-  if (!nrvcore::utility::IsValidUTF8(value))
-    refuse(Message("$$$/standin/Layout/Encoding=%1 is not UTF-8", {name}));
-}
-
-void LayoutAttribute::RefuseAs(const char* key, std::string_view limit) const {
-  refuse(Message(key, {name, value, limit}));
-  std::abort();  // refuse throws
+InvalidValue LayoutAttribute::Invalid(const char* key, std::string_view limit) const {
+  return InvalidValue(Message(key, {name, value, limit}));
 }
 
 nrvcore::String LayoutAttribute::AsName() const {
   const std::string_view text = value;
   if (text.empty() || !std::all_of(text.begin(), text.end(), IsNameCharacter))
-    RefuseAs(
+    throw Invalid(
         "$$$/standin/Layout/NoName=%1=\"%2\" is not a name of letters, digits and underscores");
   return nrvcore::String(text);
 }
@@ -57,7 +47,7 @@ const char* LayoutAttribute::AsKey() const {
   const std::string_view key = value;
   const size_t equals = key.find('=');
   if (!key.starts_with("$$$/") || equals == std::string_view::npos || equals + 1 == key.size())
-    RefuseAs(
+    throw Invalid(
         "$$$/standin/Layout/NoKey=%1=\"%2\" is not a localisation key of the form $$$/path=text");
   return value;
 }
@@ -69,15 +59,15 @@ nrvcore::UTF16String LayoutAttribute::AsCaption() const {
 double LayoutAttribute::AsNumber() const {
   double number{};
   if (!Parse(value, &number) || !std::isfinite(number))
-    RefuseAs("$$$/standin/Layout/NoNumber=%1=\"%2\" is not a number");
+    throw Invalid("$$$/standin/Layout/NoNumber=%1=\"%2\" is not a number");
   return number;
 }
 
 unsigned LayoutAttribute::AsCount(unsigned last) const {
   unsigned count{};
   if (!Parse(value, &count) || count < 1 || count > last)
-    RefuseAs("$$$/standin/Layout/NoCount=%1=\"%2\" is not a whole number from 1 to %3",
-             std::to_string(last));
+    throw Invalid("$$$/standin/Layout/NoCount=%1=\"%2\" is not a whole number from 1 to %3",
+                  std::to_string(last));
   return count;
 }
 

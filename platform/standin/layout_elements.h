@@ -1,9 +1,8 @@
 #pragma once
 
 #include <boost/smart_ptr/intrusive_ptr.hpp>
-#include <functional>
 #include <span>
-#include <string>
+#include <stdexcept>
 #include <string_view>
 
 #include "platform/nrvcore/string.h"
@@ -12,14 +11,19 @@
 
 namespace standin {
 
-/// The value of one attribute in a layout file, read as the type that the element expects. An
-/// invalid value calls `refuse`, which throws.
+/// The value of an attribute is of another type than the element expects; what() says so.
+class InvalidValue : public std::runtime_error {
+ public:
+  using std::runtime_error::runtime_error;
+};
+
+/// The value of one attribute in a layout file, read as the type that the element expects. The
+/// functions throw InvalidValue.
 class LayoutAttribute {
  public:
-  using Refuse = std::function<void(const std::string& reason)>;
-
   /// The texts must outlive this object.
-  LayoutAttribute(const char* name, const char* value, Refuse refusal);
+  LayoutAttribute(const char* attributeName, const char* attributeValue)
+      : name(attributeName), value(attributeValue) {}
 
   /// A name of letters, digits and underscores.
   nrvcore::String AsName() const;
@@ -33,11 +37,10 @@ class LayoutAttribute {
 
  private:
   /// `key` is a message; its %1 and %2 are the attribute and its value.
-  [[noreturn]] void RefuseAs(const char* key, std::string_view limit = {}) const;
+  InvalidValue Invalid(const char* key, std::string_view limit = {}) const;
 
   const char* name;
   const char* value;
-  Refuse refuse;
 };
 
 enum class Presence { kOptional, kRequired };

@@ -9,10 +9,10 @@
 #include <utility>
 #include <vector>
 
+#include "platform/nrvcore/file.h"
 #include "platform/nrvcore/localizer.h"
 #include "platform/standin/layout_elements.h"
 #include "platform/standin/live_token.h"
-#include "platform/standin/resources.h"
 
 namespace standin {
 namespace {
@@ -21,9 +21,6 @@ using nrvcore::config::Message;
 using nrvui::ui::UI_Layout;
 using nrvui::ui::UI_Node;
 using nrvui::ui::UI_SubView;
-
-constexpr size_t kLargestFile = 1 << 18;
-constexpr int kDeepestNesting = 32;
 
 class Reader {
  public:
@@ -40,7 +37,7 @@ class Reader {
   };
 
   boost::intrusive_ptr<UI_Node> MakeNode(const pugi::xml_node& xml, const LayoutElement& element);
-  void AddChildren(const pugi::xml_node& xml, UI_Node& parent, int depth);
+  void AddChildren(const pugi::xml_node& xml, UI_Node& parent);
   void ApplyAttributes(const pugi::xml_node& xml, const LayoutElement& element, UI_Node& node);
   void NoteId(const pugi::xml_attribute& attribute, UI_Node& node);
   boost::intrusive_ptr<UI_Node> Resolve(const Reference& reference) const;
@@ -67,8 +64,6 @@ void Reader::Refuse(size_t offset, const std::string& reason) const {
 }
 
 SheetTree Reader::Read() {
-  if (const size_t nul = original.find('\0'); nul != std::string::npos)
-    Refuse(nul, Message("$$$/standin/Layout/Nul=the file contains a NUL"));
   pugi::xml_document document;
   const pugi::xml_parse_result result = document.load_buffer_inplace(
       parsed.data(), parsed.size(), pugi::parse_default, pugi::encoding_utf8);
@@ -87,26 +82,23 @@ SheetTree Reader::Read() {
   tree.layout = boost::static_pointer_cast<UI_Layout>(MakeNode(root, SheetElement()));
   tree.view->UI_SetLocalRectF(tree.layout->UI_GetLocalRectF());
   tree.view->ChildPushBack(tree.layout);
-  AddChildren(root, *tree.layout, 1);
+  AddChildren(root, *tree.layout);
   for (const Reference& buddy : buddies) Resolve(buddy);
   if (initialFocus) tree.initialFocus = Resolve(*initialFocus);
   return tree;
 }
 
-void Reader::AddChildren(const pugi::xml_node& xml, UI_Node& parent, int depth) {
+void Reader::AddChildren(const pugi::xml_node& xml, UI_Node& parent) {
   for (const pugi::xml_node& child : xml.children()) {
     if (child.type() != pugi::node_element)
       Refuse(child.value(), Message("$$$/standin/Layout/Text=text between the elements"));
-    if (depth > kDeepestNesting)
-      Refuse(child.name(), Message("$$$/standin/Layout/Deep=nested deeper than %1",
-                                   {std::to_string(kDeepestNesting)}));
     const LayoutElement* const element = FindLayoutElement(child.name());
     if (!element)
       Refuse(child.name(),
              Message("$$$/standin/Layout/Element=unknown element <%1>", {child.name()}));
     const boost::intrusive_ptr<UI_Node> node = MakeNode(child, *element);
     parent.ChildPushBack(node);
-    AddChildren(child, *node, depth + 1);
+    AddChildren(child, *node);
   }
 }
 
@@ -129,8 +121,11 @@ void Reader::ApplyAttributes(const pugi::xml_node& xml, const LayoutElement& ele
              Message("$$$/standin/Layout/Attribute=<%1> has no attribute %2", {xml.name(), name}));
     if (xml.attribute(name) != attribute)
       Refuse(name, Message("$$$/standin/Layout/Twice=%1 is given twice", {name}));
-    rule->apply(
-        node, {name, attribute.value(), [&](const std::string& reason) { Refuse(name, reason); }});
+    try {
+      rule->apply(node, {name, attribute.value()});
+    } catch (const InvalidValue& error) {
+      Refuse(name, error.what());
+    }
     if (std::string_view(name) == "id") NoteId(attribute, node);
     if (std::string_view(name) == "for") buddies.push_back({name, attribute.value()});
     if (std::string_view(name) == "focus") initialFocus = Reference{name, attribute.value()};
@@ -162,7 +157,7 @@ SheetTree ParseLayout(std::string text, const std::filesystem::path& file, const
 }
 
 SheetTree ReadLayout(const std::filesystem::path& file, const LiveToken& token) {
-  return ParseLayout(nrvcore::ReadFile(file, kLargestFile), file, token);
+  return ParseLayout(nrvcore::ReadFile(file), file, token);
 }
 
 }  // namespace standin

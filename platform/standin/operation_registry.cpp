@@ -25,15 +25,11 @@ std::vector<std::string> OperationRegistry::Names() const {
   return names;
 }
 
-const OperationRegistry::Operation& OperationRegistry::Find(std::string_view name) const {
+OperationRegistry::Operation& OperationRegistry::Find(std::string_view name) {
   const auto found = operations.find(name);
   if (found == operations.end())
     throw std::invalid_argument("the host has no operation \"" + std::string(name) + "\"");
   return found->second;
-}
-
-OperationRegistry::Operation& OperationRegistry::Find(std::string_view name) {
-  return const_cast<Operation&>(std::as_const(*this).Find(name));
 }
 
 void OperationRegistry::Refuse(std::string_view name, ResultCode code, size_t callsFromNow) {
@@ -47,10 +43,6 @@ void OperationRegistry::Throw(std::string_view name, std::exception_ptr exceptio
 
 void OperationRegistry::ClearFaults() {
   for (auto& [name, operation] : operations) operation.fault.reset();
-}
-
-size_t OperationRegistry::Calls(std::string_view name) const {
-  return Find(name).calls;
 }
 
 ResultCode OperationRegistry::CheckIn(Operation& operation) {

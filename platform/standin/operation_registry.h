@@ -58,7 +58,7 @@ class OperationRegistry {
   size_t InjectedFaults() const { return injectedFaults; }
 
   /// How often the operation was called, including calls that failed.
-  size_t Calls(std::string_view name) const;
+  size_t Calls(std::string_view name) { return Find(name).calls; }
 
   /// Sets the function that is called with the name of each operation as it checks in; null for
   /// none.
@@ -82,7 +82,6 @@ class OperationRegistry {
   inline static const bool kIsListed = (ListedNames().push_back(kName.text), true);
 
   Operation& Find(std::string_view name);
-  const Operation& Find(std::string_view name) const;
 
   std::map<std::string, Operation, std::less<>> operations;
   size_t injectedFaults = 0;

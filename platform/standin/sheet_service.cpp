@@ -4,10 +4,10 @@
 #include <boost/smart_ptr/make_shared.hpp>
 #include <utility>
 
+#include "platform/nrvcore/file.h"
 #include "platform/nrvui/ui_controls.h"
 #include "platform/standin/host.h"
 #include "platform/standin/layout_reader.h"
-#include "platform/standin/resources.h"
 
 namespace standin {
 

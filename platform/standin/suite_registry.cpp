@@ -4,7 +4,6 @@
 #include <stdexcept>
 
 #include "platform/standin/host_codes.h"
-#include "platform/standin/host_objects.h"
 
 namespace standin {
 

@@ -5,7 +5,7 @@
 #include <string>
 #include <string_view>
 
-#include "platform/standin/handle_registry.h"
+#include "platform/standin/host_objects.h"
 #include "platform/standin/operation_registry.h"
 #include "platform/suites/host_suites.h"
 

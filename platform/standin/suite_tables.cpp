@@ -2,10 +2,10 @@
 #include <cstring>
 #include <limits>
 
+#include "platform/nrvcore/file.h"
 #include "platform/qpbasic/ledger.h"
 #include "platform/standin/host.h"
 #include "platform/standin/host_codes.h"
-#include "platform/standin/resources.h"
 #include "platform/standin/sheet_service.h"
 
 namespace standin {
