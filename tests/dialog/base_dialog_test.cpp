@@ -52,7 +52,7 @@ class TestHolder final : public SheetHolder {
   inline static long usersOfSheetAtEnd = 0;
 };
 
-/// The host's half: its suite hands out this test's factory.
+/// Provides the host's user-interface suite, with this object as sheet factory.
 class TestHost final : public SheetFactory, public DrawingSupplierSource {
  public:
   TestHost() {
@@ -132,8 +132,8 @@ std::string Button(const std::string& nodeID, const std::string& element = "butt
 template <class T>
 class BaseDialogTest : public testing::Test {
  protected:
-  /// What the next dialogs hold.
-  TestHolder& Lay(const std::string& controls) {
+  /// Sets the controls of the dialogs that are made from now on.
+  TestHolder& SetLayout(const std::string& controls) {
     host.holder.reset(new TestHolder(controls));
     return *host.holder;
   }
@@ -148,8 +148,8 @@ using Kinds =
     testing::Types<nrvui::ui::UI_Dialog, vx::ui::UI_PopupModalDialog, vx::ui::UI_FloatingDialog>;
 TYPED_TEST_SUITE(BaseDialogTest, Kinds);
 
-TYPED_TEST(BaseDialogTest, SetsUpTheLayout) {
-  TestHolder& holder = this->Lay(Button("okButton") + Button("cancelButton"));
+TYPED_TEST(BaseDialogTest, BuildsItsContentFromTheLayout) {
+  TestHolder& holder = this->SetLayout(Button("okButton") + Button("cancelButton"));
   auto dialog = this->Make();
 
   EXPECT_EQ(this->host.requested, std::make_pair(kPlugin, 4711u));
@@ -179,14 +179,14 @@ TYPED_TEST(BaseDialogTest, SetsUpTheLayout) {
   EXPECT_EQ(TestHolder::usersOfSheetAtEnd, 2) << "the sheet outlives its holder";
 }
 
-TYPED_TEST(BaseDialogTest, ButtonsAreFoundSwappedAndRegisteredByTheirRules) {
+TYPED_TEST(BaseDialogTest, OkAndCancelButtonsAreRegisteredAndSwapPlaces) {
   const std::string ok = Button("okButton");
   const std::string help = Button("help");
   const std::string cancel = Button("cancelButton");
   const std::string reset = Button("cancel_ResetButton");
   const struct {
     std::string layout;
-    std::string order;  // in which the buttons then stand
+    std::string order;  // of the buttons afterwards
     bool isOkRegistered = true;
     bool isCancelRegistered = true;
   } cases[] = {
@@ -201,7 +201,7 @@ TYPED_TEST(BaseDialogTest, ButtonsAreFoundSwappedAndRegisteredByTheirRules) {
   };
   for (const auto& [layout, order, isOkRegistered, isCancelRegistered] : cases) {
     SCOPED_TRACE(layout);
-    const TestHolder& holder = this->Lay(layout);
+    const TestHolder& holder = this->SetLayout(layout);
     const auto dialog = this->Make();
     const auto expected = [&](const char* nodeID, bool isRegistered) {
       return isRegistered ? dialog->FindNodeByID(nodeID) : nullptr;
@@ -215,8 +215,8 @@ TYPED_TEST(BaseDialogTest, ButtonsAreFoundSwappedAndRegisteredByTheirRules) {
   }
 }
 
-TYPED_TEST(BaseDialogTest, PlacesThemesAndAttachesAsAsked) {
-  const NodeRef view = this->Lay(Button("okButton")).view;
+TYPED_TEST(BaseDialogTest, FollowsTheConstructorsArgumentsForPlaceThemeAndAttachment) {
+  const NodeRef view = this->SetLayout(Button("okButton")).view;
   const auto still =
       this->Make({.position = false, .center = false, .attach = false, .theme = "dark"});
   EXPECT_EQ(still->GetPlacement(), DialogPlacement::kAtPoint);
@@ -227,7 +227,7 @@ TYPED_TEST(BaseDialogTest, PlacesThemesAndAttachesAsAsked) {
   EXPECT_EQ(this->Make({.position = false})->GetPlacement(), DialogPlacement::kCentered);
 }
 
-TYPED_TEST(BaseDialogTest, DoesWithoutWhatTheHostDoesNotGive) {
+TYPED_TEST(BaseDialogTest, IsEmptyIfTheHostProvidesNoLayoutOrFactory) {
   const auto empty = this->Make();
   EXPECT_EQ(empty->GetPlacement(), DialogPlacement::kPositioned);
   EXPECT_EQ(empty->GetContentSize(), (Point{100, 100}));
@@ -235,7 +235,7 @@ TYPED_TEST(BaseDialogTest, DoesWithoutWhatTheHostDoesNotGive) {
   empty->UI_ContentRectChanged({0, 0, 50, 50});
   EXPECT_EQ(empty->GetRootView()->UI_GetLocalRectF(), (Rect{0, 0, 50, 50}));
 
-  const NodeRef plain = this->Lay("<space/>").view = NodeRef(new UI_Node);
+  const NodeRef plain = this->SetLayout("<space/>").view = NodeRef(new UI_Node);
   const auto withoutMnemonics = this->Make();
   EXPECT_EQ(plain->UI_GetParentContainer(), withoutMnemonics->GetRootView().get());
   this->host.registered = nullptr;
@@ -246,8 +246,8 @@ TYPED_TEST(BaseDialogTest, DoesWithoutWhatTheHostDoesNotGive) {
   EXPECT_EQ(unplaced->GetDrawingSupplier(), nullptr);
 }
 
-TYPED_TEST(BaseDialogTest, SheetAndWindowFollowEachOther) {
-  TestHolder& holder = this->Lay("<space/>");
+TYPED_TEST(BaseDialogTest, ResizingTheSheetOrTheWindowResizesTheOther) {
+  TestHolder& holder = this->SetLayout("<space/>");
   const NodeRef layout = holder.tree.layout;
   holder.view->UI_SetLocalRectF({0, 0, 300, 200});
   const auto dialog = this->Make();
@@ -269,7 +269,7 @@ TYPED_TEST(BaseDialogTest, SheetAndWindowFollowEachOther) {
   EXPECT_EQ(dialog->GetRootView()->UI_GetLocalRectF().right, 99.9f);
 }
 
-TYPED_TEST(BaseDialogTest, RunsInsideTheModalContext) {
+TYPED_TEST(BaseDialogTest, LeavesTheModalContextAlsoIfTheRunThrows) {
   bool throws = false;
   const FunctionPresenter presenter([&](nrvui::ui::UI_Dialog& dialog) {
     EXPECT_EQ(vx::ui::ModalContext::Depth(), 1);

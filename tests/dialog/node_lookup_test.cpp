@@ -20,7 +20,7 @@ NodeRef Add(const NodeRef& parent, const char* nodeID) {
   return node;
 }
 
-TEST(FindNodeByID, FirstMatchInBreadthFirstOrder) {
+TEST(FindNodeByID, FindsTheFirstMatchInBreadthFirstOrder) {
   const NodeRef root = Add(nullptr, "root");
   const NodeRef left = Add(root, "left");
   const NodeRef right = Add(root, "right");
@@ -40,7 +40,7 @@ TEST(FindNodeByID, FirstMatchInBreadthFirstOrder) {
   EXPECT_EQ(FindNodeByID(*root, "h\xC3\xA9"), root);
 }
 
-TEST(FindNodeByID, QueuesEveryNodeAndReleasesItsReferenceHoweverItEnds) {
+TEST(FindNodeByID, ReleasesEveryReferenceAlsoIfMemoryRunsOut) {
   constexpr size_t kLeaves = 1000;
   const NodeRef root = Add(nullptr, "root");
   for (size_t i = 0; i < kLeaves; ++i) Add(root, i + 1 < kLeaves ? "leaf" : "last");
@@ -61,7 +61,7 @@ TEST(FindNodeByID, QueuesEveryNodeAndReleasesItsReferenceHoweverItEnds) {
       ASSERT_EQ(node->UI_GetReferenceCount(), node == last ? 2 : 1) << refusals;
     ASSERT_EQ(root->UI_GetReferenceCount(), 1) << refusals;
   }
-  EXPECT_GT(refusals, kLeaves / 100) << "leaves have entries, too";
+  EXPECT_GT(refusals, kLeaves / 100) << "every node needs a queue entry";
 }
 
 }  // namespace

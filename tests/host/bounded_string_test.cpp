@@ -7,7 +7,7 @@
 
 namespace {
 
-TEST(BoundedCopy, TruncatesAtSizeOrCount) {
+TEST(BoundedCopy, CopiesAtMostCountCharactersAndAlwaysTerminates) {
   const struct {
     const char* source;
     size_t size;
@@ -48,7 +48,7 @@ int32_t Format(char* destination, size_t size, const char* format, ...) {
   return outcome;
 }
 
-TEST(BoundedFormat, ReturnsLengthOrFailure) {
+TEST(BoundedFormat, ReturnsTheLengthOrAFailureAndAlwaysTerminates) {
   char buffer[10] = "###";
   EXPECT_EQ(Format(nullptr, 4, "x"), kBadArgument);
   EXPECT_EQ(Format(buffer, 0, "x"), kBadArgument);

@@ -8,7 +8,7 @@ class DispatchTest : public FrameworkTest {
   DispatchTest() { EXPECT_EQ(module.StartUp(), ResultCode::kSuccess); }
 };
 
-/// Records the name of the operation that each message calls.
+/// Records the name of the last operation called.
 class EchoPlugin : public Plugin {
  public:
   EchoPlugin() : Plugin(nullptr) {}
@@ -28,7 +28,7 @@ class EchoPlugin : public Plugin {
   std::string called;
 };
 
-TEST(Dispatch, EachMessageCallsItsOperation) {
+TEST(Dispatch, EachMessageCallsItsOperationAndOthersAreNotHandled) {
   EchoPlugin plugin;
   PluginMessage message{};
   std::vector<KnownMessage> messages(std::begin(kKnownMessages), std::end(kKnownMessages));
@@ -52,7 +52,7 @@ TEST(Dispatch, EachMessageCallsItsOperation) {
       << "without the context suite";
 }
 
-TEST_F(DispatchTest, ScriptMessageAndPurgeShowNoAlert) {
+TEST_F(DispatchTest, ScriptMessagesAndPurgeAreHandledWithoutAnAlert) {
   void* const object = module.Globals();
   EXPECT_EQ(module.Send("QP Interface", "Startup "), ResultCode::kSuccess);
   EXPECT_EQ(module.Globals(), object);
@@ -64,7 +64,7 @@ TEST_F(DispatchTest, ScriptMessageAndPurgeShowNoAlert) {
   EXPECT_TRUE(user.alerts.empty());
 }
 
-TEST_F(DispatchTest, ShowsRepeatedFailureUnlessSuppressed) {
+TEST_F(DispatchTest, RepeatedFailureIsShownAgainIfNotSuppressed) {
   plan.menuGo = [] { return ResultCode::kParameter; };
   Object()->suppressRepeatedErrors = false;
   for (const size_t alerts : {1u, 2u}) {
@@ -73,7 +73,7 @@ TEST_F(DispatchTest, ShowsRepeatedFailureUnlessSuppressed) {
   }
 }
 
-TEST_F(DispatchTest, OnlyStartedNotifierCallsOnApplicationStarted) {
+TEST_F(DispatchTest, OnApplicationStartedIsCalledOnlyForTheStartedNotifier) {
   handled.clear();
   EXPECT_EQ(module.Notify(messages::kStartedNotifierType), ResultCode::kSuccess);
   EXPECT_EQ(handled, (std::vector<std::string>{"started", "notified"}));

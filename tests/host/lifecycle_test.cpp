@@ -6,7 +6,7 @@ namespace {
 
 class LifecycleTest : public FrameworkTest {};
 
-TEST_F(LifecycleTest, FailedStartUpReleasesEverything) {
+TEST_F(LifecycleTest, StartUpThatFailsReleasesEverythingAndCanBeRepeated) {
   plan.continueStartup = ResultCode::kParameter;
   EXPECT_EQ(module.StartUp(), ResultCode::kParameter);
   EXPECT_EQ(module.Globals(), nullptr);
@@ -22,7 +22,7 @@ TEST_F(LifecycleTest, FailedStartUpReleasesEverything) {
       << "only in the first start-up";
 }
 
-TEST_F(LifecycleTest, UnloadAndReloadCallHooksAndKeepMembers) {
+TEST_F(LifecycleTest, MembersSurviveUnloadAndReloadAndTheHooksAreCalled) {
   ASSERT_EQ(module.StartUp(), ResultCode::kSuccess);
   EXPECT_EQ(runningPlugin, Object());
   char buffer[5];
@@ -40,7 +40,7 @@ TEST_F(LifecycleTest, UnloadAndReloadCallHooksAndKeepMembers) {
   EXPECT_EQ(module.Send(messages::kMenuGo), ResultCode::kParameter);
 }
 
-TEST_F(LifecycleTest, ShutDownOfOneObjectUnloadsTheOther) {
+TEST_F(LifecycleTest, ShutDownOfOneObjectLeavesTheOtherUnloadedUntilItsReload) {
   for (const bool reloads : {true, false}) {
     ASSERT_EQ(module.StartUp(), ResultCode::kSuccess);
     {
@@ -61,7 +61,7 @@ TEST_F(LifecycleTest, ShutDownOfOneObjectUnloadsTheOther) {
   }
 }
 
-TEST_F(LifecycleTest, DestroyedModuleIsShutDownFirst) {
+TEST_F(LifecycleTest, ModuleIsShutDownBeforeItIsDestroyed) {
   PluginRef plugin;
   {
     standin::Module destroyed(host, &PluginMain, "Destroyed");
@@ -73,7 +73,7 @@ TEST_F(LifecycleTest, DestroyedModuleIsShutDownFirst) {
   EXPECT_EQ(runningPlugin, nullptr);
 }
 
-TEST_F(LifecycleTest, LocksNest) {
+TEST_F(LifecycleTest, OnlyTheFirstLockAndTheLastUnlockReachTheHost) {
   ASSERT_EQ(module.StartUp(), ResultCode::kSuccess);
   for (const bool lock : {false, true}) (void)Object()->SetLocked(lock);
   EXPECT_EQ(host.Objects().accesses.Objects().size(), 1u);

@@ -3,7 +3,7 @@
 #include "platform/qpbasic/ledger.h"
 #include "platform/standin/module.h"
 
-TEST(ModuleMemory, EveryOperatorUsesTheHostsBlocks) {
+TEST(ModuleMemory, EveryAllocationOperatorUsesTheHostsBlocks) {
   const standin::ModuleImage plugin(MEMORY_PLUGIN);
   EXPECT_EQ(plugin.Entry()("allowed", "", nullptr), ResultCode::kSuccess);
   qpbasic::Ledger& ledger = qpbasic::Ledger::Get();

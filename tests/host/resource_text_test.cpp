@@ -15,7 +15,7 @@ ResultCode GetListString(ModuleRef, int32_t, int32_t, char* buffer, size_t) {
   return kAnswer;
 }
 
-TEST(ReadListEntry, ReturnsTextOnlyIfHostWritesItAndSucceeds) {
+TEST(ReadListEntry, ReturnsTextOnlyIfTheHostWritesItAndSucceeds) {
   const std::pair<decltype(KDMBasicSuite::GetListString), const char*> cases[] = {
       {&GetListString<true, ResultCode::kSuccess>, "x"},
       {&GetListString<true, ResultCode::kCannot>, ""},

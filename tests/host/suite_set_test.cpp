@@ -17,7 +17,7 @@ class SuiteSetTest : public FrameworkTest {
   void TearDown() override {}  // some tests make a release fail, which leaves suites held
 };
 
-TEST_F(SuiteSetTest, LastSetReleasesSharedSuites) {
+TEST_F(SuiteSetTest, SuitesStayHeldUntilTheLastSetIsDestroyed) {
   {
     SuiteSet first;
     EXPECT_EQ(first.Error(), ResultCode::kSuccess);
@@ -33,7 +33,7 @@ TEST_F(SuiteSetTest, LastSetReleasesSharedSuites) {
   EXPECT_EQ(Suite<VXUserSuite>(), nullptr);
 }
 
-TEST_F(SuiteSetTest, ReleaseWithoutBasicSuiteStopsAtFirst) {
+TEST_F(SuiteSetTest, ReleaseStopsAtTheFirstFailure) {
   {
     const SuiteSet set;
     basicSuite = nullptr;
@@ -42,13 +42,13 @@ TEST_F(SuiteSetTest, ReleaseWithoutBasicSuiteStopsAtFirst) {
   EXPECT_NE(Suite<QPPluginsSuite>(), nullptr);
 }
 
-TEST_F(SuiteSetTest, ReleaseCountsMissingOptionalSuite) {
+TEST_F(SuiteSetTest, MissingOptionalSuiteUsesUpOneReleaseOfTheOptionalList) {
   host.Suites().SetAbsent("VX User Suite");
   { const SuiteSet set; }
   EXPECT_EQ(host.Suites().Users("VX User Interface Main Suite"), 1u);
 }
 
-TEST_F(SuiteSetTest, EachMessageTriesToAcquireOptionalSuites) {
+TEST_F(SuiteSetTest, OptionalSuiteThatAppearsIsAcquiredByTheNextMessage) {
   host.Suites().SetAbsent("VX User Suite");
   ASSERT_EQ(module.StartUp(), ResultCode::kSuccess);
   EXPECT_EQ(Suite<VXUserSuite>(), nullptr);

@@ -8,7 +8,7 @@ namespace {
 using nrvcore::config::Localizer;
 using testkit::Utf8;
 
-TEST(Languages, TheDialogShowsEachLanguageThatHasACatalogue) {
+TEST(Languages, DialogIsShownInTheChosenLanguageOrEnglish) {
   Localizer::Get().SetCatalogues(standin::ResourceFolders::OfProgram().host / "translations");
   BuiltModule built;
   const struct {
@@ -16,8 +16,8 @@ TEST(Languages, TheDialogShowsEachLanguageThatHasACatalogue) {
     const char* title;
     const char* percent;
     const char* notAvailable;
-    const char* bareComma;  // what becomes of "12,5" in a field that counts in percent
-    float width;            // and in the record
+    const char* bareComma;  // shown after "12,5" is entered in percent mode
+    float width;            // in the record
   } languages[] = {
       {"de", "Mosaik erstellen", "&Prozentwerte verwenden", "k. A.", "12,5 %", 0.125f},
       {"ja", "モザイクを作成", "パーセントで指定(&P)", "不明", "100 %", 1},

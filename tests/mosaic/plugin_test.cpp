@@ -8,7 +8,7 @@
 
 static bool isApplicationBlocked = false;
 
-// These take the place of the library's, which has no use for the argument.
+// These replace the toolkit's, which ignore the argument.
 vx::ui::ModalContext::ModalContext(bool blocksApplication) {
   isApplicationBlocked = blocksApplication;
 }
@@ -25,7 +25,7 @@ class PluginTest : public testing::Test {
   standin::Module module{host, &PluginMain, "TesseraeUI"};
 };
 
-TEST_F(PluginTest, ItsDialogBlocksTheApplication) {
+TEST_F(PluginTest, DialogRunsInAModalContextThatBlocksTheApplication) {
   bool wasBlocked = false;
   const FunctionPresenter presenter(
       [&](nrvui::ui::UI_Dialog&) { wasBlocked = isApplicationBlocked; });
@@ -37,7 +37,7 @@ TEST_F(PluginTest, ItsDialogBlocksTheApplication) {
   EXPECT_TRUE(wasBlocked);
 }
 
-TEST_F(PluginTest, IsFoundByNobodyAfterAShutDownThatFails) {
+TEST_F(PluginTest, NoPluginIsCurrentAfterAShutDownThatFails) {
   host.Operations().Refuse("QP Blocks Suite/FreeBlock", ResultCode::kParameter);
   EXPECT_EQ(static_cast<Plugin*>(module.Globals())->OnShutdown(nullptr), ResultCode::kParameter);
   EXPECT_EQ(currentPlugin, nullptr);

@@ -16,7 +16,7 @@ Operation Find(void* library, const char* symbol) {
   return reinterpret_cast<Operation>(found);
 }
 
-TEST(LocalizerReload, EachLoadOfTheLibraryFindsTheUsersLanguage) {
+TEST(LocalizerReload, EachLoadOfTheLibraryReadsTheUsersLanguageAgain) {
   using Set = void (*)(Localizer*, const std::string&);
   setenv("LC_ALL", "de_AT.UTF-8", true);
   for (const char* language : {"de", static_cast<const char*>(nullptr)}) {

@@ -11,7 +11,7 @@ using nrvcore::config::ReplacementValue;
 constexpr const char* kKey = "$$$/nrvui/Gesture/Disabled=The control is disabled.";
 constexpr const char16_t* kEnglish = u"The control is disabled.";
 
-TEST(Localizer, ShowsWhatFollowsTheFirstEqualSignOfAKeyWithoutTranslation) {
+TEST(Localizer, ShowsTheTranslationOrElseTheTextAfterTheKeysEqualSign) {
   Localizer& localizer = Localizer::Get();
   localizer.SetCatalogues(CATALOGUES);
   localizer.SetLanguage("xx:de_AT.UTF-8@euro:de");
@@ -29,11 +29,11 @@ TEST(Localizer, ShowsWhatFollowsTheFirstEqualSignOfAKeyWithoutTranslation) {
     localizer.SetLanguage(english);
     EXPECT_FALSE(localizer.HasCatalogue()) << english;
   }
-  EXPECT_STREQ(std::setlocale(LC_ALL, nullptr), "C") << "the process's locale is its own";
+  EXPECT_STREQ(std::setlocale(LC_ALL, nullptr), "C") << "the process's locale does not change";
 }
 
-TEST(LocalizerDeathTest, FollowsTheEnvironmentUnlessTheLocaleIsThePlainOne) {
-  GTEST_FLAG_SET(death_test_style, "threadsafe");  // each case has a process and its one localizer
+TEST(LocalizerDeathTest, TakesTheLanguageFromTheEnvironmentUnlessTheLocaleIsC) {
+  GTEST_FLAG_SET(death_test_style, "threadsafe");  // each case needs a new process
   const struct {
     const char *language, *all, *messages, *lang;
     bool isGerman;
@@ -59,7 +59,7 @@ TEST(LocalizerDeathTest, FollowsTheEnvironmentUnlessTheLocaleIsThePlainOne) {
   }
 }
 
-TEST(Localizer, PutsValuesInTheirPlacesOnce) {
+TEST(Localizer, ReplacesEachPlaceholderOnce) {
   const ReplacementValue value(u"%2"), empty;
   const Localizer& localizer = Localizer::Get();
   const char* const key = "$$$/Test/Width=%1 is wide, %0 %2 is %3 % so";

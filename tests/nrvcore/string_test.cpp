@@ -9,8 +9,8 @@ namespace {
 
 using nrvcore::String;
 
-// Short texts stand in the string and long ones are shared; nobody can tell from outside.
-TEST(String, IsAValueOfAnyLength) {
+// Short texts are stored in the string, long ones are shared. Both must behave the same.
+TEST(String, CopiesAreIndependentAtEveryLength) {
   for (const size_t length : {0, 1, 30, 31, 32, 33, 254, 255, 256, 1000}) {
     SCOPED_TRACE(length);
     const std::string text(length, 'x');

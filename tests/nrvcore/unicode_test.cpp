@@ -4,7 +4,7 @@
 
 using namespace nrvcore::utility;
 
-TEST(Unicode, BothEncodingsSayTheSameAndReplaceOnlyWhatIsMalformed) {
+TEST(Unicode, ConversionsReplaceMalformedSequencesAndKeepAllOthers) {
   const struct {
     std::string_view utf8;
     std::u16string_view utf16;
@@ -17,11 +17,11 @@ TEST(Unicode, BothEncodingsSayTheSameAndReplaceOnlyWhatIsMalformed) {
       {"a\xC3", u"a\uFFFD"},    // cut at the end
       {"\xC3z", u"\uFFFDz"},
       {"\xE2\x82z", u"\uFFFDz"},                     // cut in the middle
-      {"\xC0\xAF!", u"\uFFFD!"},                     // longer than need be
-      {"\xED\xA0\x80!", u"\uFFFD!"},                 // half of a pair
+      {"\xC0\xAF!", u"\uFFFD!"},                     // overlong
+      {"\xED\xA0\x80!", u"\uFFFD!"},                 // a lone surrogate
       {"\xF4\x90\x80\x80!", u"\uFFFD!"},             // beyond the last code point
       {"\xFF\xFE", u"\uFFFD\uFFFD"},                 // bytes that never occur
-      {std::string_view("\xC3\xBC", 1), u"\uFFFD"},  // what follows the text is not its
+      {std::string_view("\xC3\xBC", 1), u"\uFFFD"},  // ends inside a sequence
       // A sequence ends after as many bytes as its first one announces.
       {"\xC0\xAF\x80", u"\uFFFD\uFFFD"},
       {"\xE0\x80\x80\x80", u"\uFFFD\uFFFD"},

@@ -11,7 +11,7 @@ using namespace nrvui::controls;
 using namespace nrvui::gestures;
 using namespace nrvui::ui;
 
-TEST(Enter, TakesANumberOrPullsItToTheNearestBoundAndSaysSo) {
+TEST(Enter, ClampsTheNumberToTheBoundsWithAMessage) {
   const struct {
     const char16_t* entered;
     double lower, upper, number;
@@ -38,7 +38,7 @@ TEST(Enter, TakesANumberOrPullsItToTheNearestBoundAndSaysSo) {
   }
 }
 
-TEST(Enter, WhatStaysOrIsRefusedNotifiesNobody) {
+TEST(Enter, NotifiesNobodyIfTheValueStaysOrTheEntryIsRefused) {
   TestDialog test;
   EXPECT_FALSE(Enter(*test.dialog, *test.width, u" 300.0 px ").changed);
   EXPECT_EQ(Enter(*test.dialog, *test.width, u"5 %").refusal, Refusal::kOtherUnit);
@@ -47,8 +47,21 @@ TEST(Enter, WhatStaysOrIsRefusedNotifiesNobody) {
   EXPECT_EQ(test.width->GetNumber(), 300);
   test.width->SetNumber(NAN);
   EXPECT_EQ(Enter(*test.dialog, *test.width, test.width->GetValue()).refusal, Refusal::kNotANumber);
+  EXPECT_EQ(test.Notified(), "");
+}
 
-  // Code may set what a person may not confirm; it is told of no change of its own.
+TEST(Enter, ConfirmingAValueThatCodeSetStoresTheEnteredNumber) {
+  TestDialog test;
+  test.width->SetNumber(9000);
+  EXPECT_TRUE(Enter(*test.dialog, *test.width, u"9000 pt").IsClamped());
+  test.width->SetNumber(99.99996);
+  Enter(*test.dialog, *test.width, u"100 pt");
+  EXPECT_EQ(test.width->GetNumber(), 100) << "although the field showed 100 before";
+  EXPECT_EQ(test.Notified(), "width:2");
+}
+
+TEST(SetValue, RefusesTextLikeEnterAndNotifiesNobody) {
+  TestDialog test;
   for (const char16_t* text : {u"many", u"5 %"}) {
     try {
       test.width->SetValue(text);
@@ -57,17 +70,11 @@ TEST(Enter, WhatStaysOrIsRefusedNotifiesNobody) {
       EXPECT_EQ(error.Text(), Describe(Enter(*test.dialog, *test.width, text)));
     }
   }
-  test.width->SetNumber(9000);
   test.percent->SetChecked(true);
   EXPECT_EQ(test.Notified(), "");
-  EXPECT_TRUE(Enter(*test.dialog, *test.width, u"9000 pt").IsClamped());
-  test.width->SetNumber(99.99996);
-  Enter(*test.dialog, *test.width, u"100 pt");
-  EXPECT_EQ(test.width->GetNumber(), 100) << "although the field showed 100 before";
-  EXPECT_EQ(test.Notified(), "width:2");
 }
 
-TEST(Click, TogglesAndSelectsWithinTheGroup) {
+TEST(Click, TogglesCheckboxesAndMovesTheSelectionWithinARadioGroup) {
   TestDialog test;
   EXPECT_TRUE(Click(*test.dialog, *test.percent).changed);
   EXPECT_TRUE(test.percent->IsChecked());
@@ -84,7 +91,7 @@ TEST(Click, TogglesAndSelectsWithinTheGroup) {
   EXPECT_EQ(test.Notified(), "gray:1") << "the button that lost its selection stays silent";
 }
 
-TEST(Click, ButtonsNotifyAndTheRegisteredOnesClose) {
+TEST(Click, ClosesTheDialogOnlyOnTheOkAndCancelButtons) {
   TestDialog test;
   EXPECT_FALSE(Click(*test.dialog, *test.ratio).IsRefused());
   EXPECT_EQ(test.dialog->GetResponse(), kNoResponse);
@@ -98,7 +105,7 @@ TEST(Click, ButtonsNotifyAndTheRegisteredOnesClose) {
   EXPECT_EQ(closedByHandler.dialog->GetResponse(), kCancelResponse);
 }
 
-TEST(Gestures, OutOfReachDoNothing) {
+TEST(Gestures, DoNothingOnHiddenOrDisabledControlsOrAClosedDialog) {
   for (const Refusal refusal : {Refusal::kHidden, Refusal::kDisabled, Refusal::kDialogClosed}) {
     TestDialog test;
     if (refusal == Refusal::kHidden) test.panel->UI_Show(false);
@@ -116,7 +123,7 @@ TEST(Gestures, OutOfReachDoNothing) {
   }
 }
 
-TEST(Gestures, KeysAndCloseBoxAnswerToTheButtons) {
+TEST(Gestures, ReturnAndEscapeActLikeTheOkAndCancelButtons) {
   const struct {
     bool areSet, areDisabled, areShown;
     DialogResponse onReturn, onEscape;
@@ -150,7 +157,7 @@ TEST(Gestures, KeysAndCloseBoxAnswerToTheButtons) {
   EXPECT_EQ(Close(*boxless).refusal, Refusal::kNoCloseBox);
 }
 
-TEST(Gestures, ResizeKeepsToTheMinimum) {
+TEST(Gestures, ResizeIsClampedToTheMinimumSize) {
   TestDialog test;
   test.dialog->SetMinimumSize({80, 60});
   EXPECT_TRUE(Resize(*test.dialog, {90, 70}).changed);

@@ -33,7 +33,7 @@ std::string ChildIDs(const UI_Node& node) {
 
 }  // namespace
 
-TEST(Node, LastReleaseDestroysOnceUnlessTheStorageIsAnothers) {
+TEST(Node, LastReleaseDestroysItOnceUnlessItIsKept) {
   int destroyed = 0;
   NodePtr node = new Counted(destroyed);
   NodePtr parent = new UI_Node;
@@ -51,7 +51,7 @@ TEST(Node, LastReleaseDestroysOnceUnlessTheStorageIsAnothers) {
   EXPECT_EQ(destroyed, 2);
 }
 
-TEST(Node, ChildrenKeepTheirOrderAndKnowTheirParent) {
+TEST(Node, ChildHasOneParentAndItsPlaceInTheOrder) {
   NodePtr parent = new UI_Node, other = new UI_Node, a = new UI_Node, b = new UI_Node;
   a->UI_SetNodeID("a");
   b->UI_SetNodeID("b");
@@ -78,31 +78,30 @@ TEST(Node, ChildrenKeepTheirOrderAndKnowTheirParent) {
   EXPECT_EQ(b->UI_GetParentContainer(), nullptr) << "the parent is gone";
 }
 
-TEST(Node, OnlyASizeThatDiffersIsTold) {
+TEST(Node, SizeNotificationComesOnlyIfTheSizeChanges) {
   const NodePtr node = new UI_Node;
-  int told = 0;
+  int notified = 0;
   node->UI_InstallSizeChangedNotifyFunction(
-      boost::make_shared<boost::function<void()>>([&] { ++told; }));
+      boost::make_shared<boost::function<void()>>([&] { ++notified; }));
   node->UI_SetLocalRectF({5, 5, 35, 25});
   node->UI_SetLocalRectF({0, 0, 30, 20});
-  EXPECT_EQ(told, 1);
+  EXPECT_EQ(notified, 1);
   EXPECT_EQ(node->UI_GetLocalRectF(), (nrvcore::geom::RectT<float>{0, 0, 30, 20}));
   node->UI_SetLocalRectF({9, 9, 5, 5});
   EXPECT_EQ(node->UI_GetLocalRectF(), (nrvcore::geom::RectT<float>{0, 0, 0, 0}));
 }
 
-// Beside what the window's tests see.
-TEST(Node, IsToldWhenItIsDisabledOrEnabled) {
-  struct Told : UI_Checkbox {
-    void UI_DisabledStateChanged(bool disabled) override { told += disabled ? 'd' : 'e'; }
-    std::string told;
+TEST(Node, DisabledStateChangedIsCalledOnlyIfTheStateChanges) {
+  struct Recorder : UI_Checkbox {
+    void UI_DisabledStateChanged(bool disabled) override { states += disabled ? 'd' : 'e'; }
+    std::string states;
   };
-  const boost::intrusive_ptr<Told> node = new Told;
+  const boost::intrusive_ptr<Recorder> node = new Recorder;
   for (const bool disable : {false, true, true, false}) node->SetDisabled(disable);
-  EXPECT_EQ(node->told, "de");
+  EXPECT_EQ(node->states, "de");
 }
 
-TEST(Node, TellsItsObserverOfHelpAndArrangementAndPlaceToo) {
+TEST(Node, ObserverIsNotifiedOnceForEachChange) {
   struct Counter final : NodeObserver {
     void NodeChanged(UI_Node&) override { ++changes; }
     int changes = 0;
@@ -132,14 +131,14 @@ TEST(Node, TellsItsObserverOfHelpAndArrangementAndPlaceToo) {
   test.ok->SetDisabled(false);
   test.ok->ShowMnemonic(false);
   test.ok->UI_Show(true);
-  EXPECT_EQ(observer.changes, before) << "it was so before";
+  EXPECT_EQ(observer.changes, before) << "nothing changed";
   grid->ChildPushBack(test.ok);
   EXPECT_EQ(observer.changes, before + 2) << "both parents";
   for (const unsigned wrong : {0u, grid->kMostColumns + 1})
     EXPECT_THROW(grid->SetColumnCount(wrong), std::invalid_argument);
 }
 
-TEST(MessageFunctionAdapter, DeliversOnlyItsOwnClassOfMessage) {
+TEST(MessageFunctionAdapter, ThrowsForAMessageOfAnotherClass) {
   using Adapter = MessageFunctionAdapter<MessageT<UI_Node>, UI_ControlChangedMessage>;
   int delivered = 0;
   const Adapter adapter([&](UI_ControlChangedMessage*) { ++delivered; });

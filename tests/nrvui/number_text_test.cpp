@@ -9,7 +9,7 @@ using namespace nrvui::controls;
 using nrvui::gestures::Refusal;
 using enum nrvui::controls::NumberUnit;
 
-TEST(NumberText, ReadsNumbersWithTheirUnitsAndSaysWhyItRefuses) {
+TEST(ParseNumber, ConvertsUnitsAndRefusesAmbiguousOrMalformedText) {
   const struct {
     std::u16string_view text;
     NumberUnit unit;
@@ -24,7 +24,7 @@ TEST(NumberText, ReadsNumbersWithTheirUnitsAndSaysWhyItRefuses) {
       {u"300 PT", kLength, u'.', 300},
       {u"2,54\u202Fcm", kLength, u',', 72},
       {u"25.4mm", kLength, u'.', 72},
-      {u"\uFF0D\uFF10\uFF19\uFF0E\uFF15\u3000\uFF05", kPercent, u'.', -9.5},  // wide forms
+      {u"\uFF0D\uFF10\uFF19\uFF0E\uFF15\u3000\uFF05", kPercent, u'.', -9.5},  // full-width forms
       {u"2\uFF0C54\uFF43\uFF2D", kLength, u',', 72},
       {u"123,456,789.5 pt", kLength, u'.', 123456789.5},
       {u"-1.000", kNone, u',', -1000},
@@ -51,7 +51,7 @@ TEST(NumberText, ReadsNumbersWithTheirUnitsAndSaysWhyItRefuses) {
   }
 }
 
-TEST(NumberText, FormatsWithWhatSaysSomething) {
+TEST(FormatNumber, ShowsUnitAndAtMostFourDecimals) {
   const struct {
     double value;
     NumberUnit unit;

@@ -12,7 +12,7 @@ using namespace nrvui::ui;
 
 namespace {
 
-/// Plays a script on the dialog and tells the response, who was notified, and what was said.
+/// Plays a script on the dialog. Returns the response, the notifications and the messages.
 std::string Play(const std::string& text, TestDialog& test) {
   std::string said;
   const auto say = [&](const std::string& sentence) { said += "|" + sentence; };
@@ -48,7 +48,7 @@ TEST(Script, PlaysEveryGesture) {
   EXPECT_EQ(test.dialog->GetContentSize(), (nrvcore::geom::PointT<float>{120, 90}));
 }
 
-TEST(Script, SaysWhatWasClampedOrLeftOpenAndWhereItCannotBeReadOrPlayed) {
+TEST(Script, ReportsFileLineAndReasonForEachProblem) {
   const struct {
     const char* script;
     const char* story;
@@ -73,7 +73,7 @@ TEST(Script, SaysWhatWasClampedOrLeftOpenAndWhereItCannotBeReadOrPlayed) {
   }
 }
 
-TEST(Script, PlaysOnADialogWhoseStorageIsNotTheHeaps) {
+TEST(Script, PlaysOnADialogOnTheStack) {
   PlainDialog dialog;
   {
     ScriptedPresenter presenter(GestureScript::Parse("close", "f"));
@@ -81,10 +81,10 @@ TEST(Script, PlaysOnADialogWhoseStorageIsNotTheHeaps) {
     dialog.RunModal();
   }
   EXPECT_EQ(dialog.GetResponse(), kCancelResponse);
-  EXPECT_THROW(dialog.RunModal(), nrvcore::config::Error) << "nobody presents it any more";
+  EXPECT_THROW(dialog.RunModal(), nrvcore::config::Error) << "without a presenter";
 }
 
-TEST(Script, ErrorsOfHandlersPassThrough) {
+TEST(Script, ExceptionOfAHandlerPropagates) {
   TestDialog test;
   WhenChanged(*test.ratio, [&] { test.dialog->RunModal(); });
   EXPECT_THROW(Play("click ratio", test), std::logic_error) << "the dialog is open already";
@@ -93,7 +93,7 @@ TEST(Script, ErrorsOfHandlersPassThrough) {
   EXPECT_EQ(test.dialog->GetResponse(), kNoResponse);
 }
 
-TEST(Script, IsReadFromAFileOfAnyLength) {
+TEST(Script, IsReadFromARegularFileUpToTheSizeLimit) {
   const testkit::TemporaryFolder folder;
   for (const auto& [file, reason] : {std::pair(folder.path, ": Is a directory"),
                                      {"/dev/zero", ": the file is larger than 16777216 bytes"}})

@@ -14,10 +14,10 @@ class PlainDialog : public nrvui::ui::UI_Dialog {
   explicit PlainDialog(bool hasCloseBox = true, nrvcore::geom::PointT<float> point = {10, 20});
 };
 
-/// Calls `work` when a person has changed the control, in the place of whoever was called before.
+/// Makes `work` the control's change handler, instead of the earlier one.
 void WhenChanged(nrvui::controls::UI_ControlView& control, const std::function<void()>& work);
 
-/// One control of each kind on panels, with a count of the notifications that each got.
+/// A dialog with one control of each kind. Counts the notifications of each control.
 class TestDialog {
  public:
   TestDialog();

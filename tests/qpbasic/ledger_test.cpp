@@ -24,14 +24,14 @@ class LedgerTest : public testing::Test {
   const qpbasic::LedgerCounts before = ledger.Counts();
 };
 
-TEST_F(LedgerTest, NamesWhatIsForgottenForeignOrFreedTwice) {
+TEST_F(LedgerTest, ReportsLeakedForeignAndTwiceFreedBlocks) {
   void* empty = nullptr;
   void* block = nullptr;
   ASSERT_EQ(ledger.Allocate(40, "table", &block), ResultCode::kSuccess);
   ASSERT_EQ(QPBasicAllocateBlock(0, &empty), ResultCode::kSuccess);
   ASSERT_NE(empty, nullptr);
   EXPECT_EQ(QPBasicAllocateBlock(8, nullptr), ResultCode::kParameter);
-  EXPECT_TRUE(ledger.Forgotten(ledger.Mark()).empty()) << "of later ones";
+  EXPECT_TRUE(ledger.Forgotten(ledger.Mark()).empty()) << "after the mark";
   EXPECT_EQ(ledger.Counts().blocks, before.blocks + 2);
   EXPECT_EQ(ledger.Counts().bytes, before.bytes + 40);
   EXPECT_EQ(QPBasicFreeBlock(empty), ResultCode::kSuccess);
@@ -55,7 +55,7 @@ TEST_F(LedgerTest, NamesWhatIsForgottenForeignOrFreedTwice) {
   EXPECT_EQ(ledger.Counts().bytes, before.bytes);
 }
 
-TEST_F(LedgerTest, RemembersTheLastThousandFreesAndDescribesAHundredFaults) {
+TEST_F(LedgerTest, RecognisesDoubleFreesAmongTheLast1024AndKeepsAHundredFaults) {
   std::vector<void*> blocks(1025);
   for (void*& block : blocks) ASSERT_EQ(QPBasicAllocateBlock(8, &block), ResultCode::kSuccess);
   for (void* block : blocks) ASSERT_EQ(QPBasicFreeBlock(block), ResultCode::kSuccess);
@@ -69,7 +69,7 @@ TEST_F(LedgerTest, RemembersTheLastThousandFreesAndDescribesAHundredFaults) {
   EXPECT_EQ(ledger.Counts().faults, 0U);
 }
 
-TEST_F(LedgerTest, RefusesTheAllocationThatIsAskedFor) {
+TEST_F(LedgerTest, RefusesOnlyTheChosenAllocation) {
   for (const ResultCode answer : {ResultCode{-108}, ResultCode::kSuccess}) {
     ledger.Refuse({.countdown = 2, .code = answer});
     for (const bool given : {true, false, true}) {
@@ -82,8 +82,8 @@ TEST_F(LedgerTest, RefusesTheAllocationThatIsAskedFor) {
   }
 }
 
-TEST_F(LedgerTest, FindsEachOfManyBlocks) {
-  std::mt19937 random(1);  // as blocks of one size would lie too well apart
+TEST_F(LedgerTest, FindsEveryBlockAmongThousands) {
+  std::mt19937 random(1);  // blocks of one size would be evenly spaced
   std::vector<void*> blocks(10000);
   for (int step = 0; step < 50000; ++step) {
     void*& block = blocks[random() % blocks.size()];
@@ -99,7 +99,7 @@ TEST_F(LedgerTest, FindsEachOfManyBlocks) {
 // The last test of the ledger, since watching does not end. The sanitizers would stop at the first
 // write.
 #ifndef __SANITIZE_ADDRESS__
-TEST_F(LedgerTest, WatchedBlocksTellOfWritesBeyondAndAfter) {
+TEST_F(LedgerTest, WatchedBlocksReportWritesBeyondTheEndAndAfterTheRelease) {
   ledger.WatchContents();
   void* blocks[3];
   for (void*& block : blocks) ASSERT_EQ(QPBasicAllocateBlock(24, &block), ResultCode::kSuccess);

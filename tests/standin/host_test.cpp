@@ -34,7 +34,7 @@ struct Greeting {
   static constexpr int32_t kVersion = 5;
 };
 
-/// A host whose resources are what a test writes, with one plug-in.
+/// A host with one plug-in, whose resource folder is empty until the test writes files.
 class HostTest : public testing::Test {
  protected:
   boost::shared_ptr<SheetHolder> CreateSheet(std::uint32_t number) {
@@ -51,7 +51,7 @@ class HostTest : public testing::Test {
   const PluginRef plugin = host.AddPlugin("plugin.so");
 };
 
-TEST_F(HostTest, SuitesAreHandedOutByNameAndVersionAndCounted) {
+TEST_F(HostTest, SuitesAreFoundByNameAndVersionAndCountTheirUsers) {
   QPBasicSuite* const basic = host.BasicSuite();
   const char* const name = VXRealMathSuite::kName;
   const void* suite = &host;
@@ -71,107 +71,75 @@ TEST_F(HostTest, SuitesAreHandedOutByNameAndVersionAndCounted) {
   EXPECT_THROW(host.Operations().Refuse("VX User Suite/Typo", kDone), std::invalid_argument);
 }
 
-TEST_F(HostTest, WhatIsNotGivenBackIsNamedAndNothingIsGivenBackTwice) {
+TEST_F(HostTest, LeftoversNameEachObjectThatThePluginKeeps) {
   const HeldSuite<QPAccessSuite> access(host);
   const HeldSuite<VXContextSuite> contexts(host);
   const HeldSuite<VXUnicodeStringSuite> strings(host);
-  const HeldSuite<VXUserSuite> user(host);
+  AccessHandle held;
+  ContextHandle context;
+  StringHandle string = nullptr;
+  ASSERT_EQ(HeldSuite<QPPluginsSuite>(host)->SetPluginName(plugin, "Greeter"), kDone);
+  ASSERT_EQ(access->AcquirePlugin(plugin, &held), kDone);
+  ASSERT_EQ(contexts->PushAppContext(plugin, &context), kDone);
+  ASSERT_EQ(strings->CreateFromText(&string, "hello, cut", 5, 0), kDone);
+  const vx::ui::ModalContext run(true);
+  const Lines left = host.Leftovers();
+  ASSERT_EQ(left.size(), 7U) << "three suites come first";
+  EXPECT_EQ(Lines(left.begin() + 3, left.end()),
+            (Lines{"access to Greeter is held", "context of Greeter is open",
+                   "string \"hello\" is not disposed of", "1 modal contexts are alive"}));
+  host.RemovePlugin(plugin);
+  EXPECT_FALSE(host.IsInUse(host.AddPlugin("other.so"))) << "it takes the freed place";
+  EXPECT_EQ(host.Leftovers()[3], "access to plugin.so (removed) is held");
+  EXPECT_EQ(access->AcquirePlugin(plugin, &held), standin::kUnknownPlugin);
+}
+
+TEST_F(HostTest, EachHandleIsReleasedOnceAndContextsInReverseOrder) {
+  const HeldSuite<QPAccessSuite> access(host);
+  const HeldSuite<VXContextSuite> contexts(host);
+  const HeldSuite<VXUnicodeStringSuite> strings(host);
   AccessHandle held;
   ContextHandle outer, inner;
   StringHandle string = nullptr;
-  EXPECT_EQ(HeldSuite<QPPluginsSuite>(host)->SetPluginName(plugin, "Greeter"), kDone);
-  EXPECT_EQ(strings->CreateFromText(&string, "text", 4, 3), standin::kUnknownEncoding);
   ASSERT_EQ(access->AcquirePlugin(plugin, &held), kDone);
-  ASSERT_EQ(contexts->PushAppContext(plugin, &outer), kDone);
-  ASSERT_EQ(contexts->PushAppContext(plugin, &inner), kDone);
-  ASSERT_EQ(strings->CreateFromText(&string, "hello, cut", 5, 0), kDone);
-  EXPECT_EQ(user->ShowErrorAlert(&string), kDone);
-  EXPECT_EQ(screen.alerts, Lines{"hello"});
-  const Lines left = host.Leftovers();
-  ASSERT_EQ(left.size(), 8U);
-  EXPECT_EQ(left[4], "access to Greeter is held");
-  EXPECT_EQ(left[6], "context of Greeter is open");
-  EXPECT_EQ(left[7], "string \"hello\" is not disposed of");
-
   EXPECT_EQ(access->ReleasePlugin(held), kDone);
   EXPECT_EQ(access->ReleasePlugin(held), standin::kUnknownHandle);
+  ASSERT_EQ(contexts->PushAppContext(plugin, &outer), kDone);
+  ASSERT_EQ(contexts->PushAppContext(plugin, &inner), kDone);
   EXPECT_EQ(contexts->PopAppContext(outer), standin::kContextOrder);
   EXPECT_EQ(contexts->PopAppContext(inner), kDone);
   EXPECT_EQ(contexts->PopAppContext(outer), kDone);
   EXPECT_EQ(contexts->PopAppContext(nullptr), standin::kUnknownHandle);
+  EXPECT_EQ(strings->CreateFromText(&string, "text", 4, 3), standin::kUnknownEncoding);
+  ASSERT_EQ(strings->CreateFromText(&string, "text", 4, 0), kDone);
   StringHandle copy = string;
   EXPECT_EQ(strings->Dispose(&string), kDone);
   EXPECT_EQ(string, nullptr);
   EXPECT_EQ(strings->Dispose(&string), kDone) << "the empty string";
-  EXPECT_EQ(user->ShowErrorAlert(&string), kDone);
-  EXPECT_EQ(screen.alerts.back(), "");
   EXPECT_EQ(strings->Dispose(&copy), standin::kUnknownHandle);
+  EXPECT_EQ(host.Leftovers().size(), 3U) << "the suites";
+}
+
+TEST_F(HostTest, AlertShowsTheStringOrNothingForADisposedOne) {
+  const HeldSuite<VXUnicodeStringSuite> strings(host);
+  const HeldSuite<VXUserSuite> user(host);
+  StringHandle string = nullptr;
+  EXPECT_EQ(user->ShowErrorAlert(&string), kDone);
+  ASSERT_EQ(strings->CreateFromText(&string, "hello", 5, 0), kDone);
+  EXPECT_EQ(user->ShowErrorAlert(&string), kDone);
+  EXPECT_EQ(screen.alerts, (Lines{"", "hello"}));
+  StringHandle copy = string;
+  EXPECT_EQ(strings->Dispose(&string), kDone);
   EXPECT_EQ(user->ShowErrorAlert(&copy), standin::kUnknownHandle);
-  EXPECT_EQ(host.Leftovers().size(), 4U) << "the suites";
-
-  ASSERT_EQ(access->AcquirePlugin(plugin, &held), kDone);
-  {
-    const vx::ui::ModalContext run(true);
-    EXPECT_EQ(host.Leftovers().back(), "1 modal contexts are alive");
-  }
-  host.RemovePlugin(plugin);
-  EXPECT_FALSE(host.IsInUse(host.AddPlugin("other.so"))) << "in the place of the one that is gone";
-  EXPECT_EQ(host.Leftovers().back(), "access to plugin.so (removed) is held");
-  EXPECT_EQ(access->AcquirePlugin(plugin, &held), standin::kUnknownPlugin);
 }
 
-TEST_F(HostTest, OperationsRefuseNullsAndModulesThatAreNoPlugins) {
-  const auto& access = *host.Suites().Find<QPAccessSuite>();
-  const auto& plugins = *host.Suites().Find<QPPluginsSuite>();
-  const auto& notifiers = *host.Suites().Find<VXNotifierSuite>();
-  const auto& contexts = *host.Suites().Find<VXContextSuite>();
-  const auto& basic = *host.Suites().Find<KDMBasicSuite>();
-  const auto& suites = *host.Suites().Find<QPSuitesSuite>();
-  const auto& strings = *host.Suites().Find<VXUnicodeStringSuite>();
-  const auto& interface = *host.Suites().Find<VXUserInterfaceMainSuite>();
-  const ModuleRef texts = host.HostModule();
-  const void* table;
-  AccessHandle held;
-  ContextHandle context;
-  SuiteHandle suite;
-  StringHandle string;
-  for (const ResultCode code : {host.BasicSuite()->Acquire(nullptr, 1, &table),
-                                host.BasicSuite()->Release(nullptr, 1),
-                                host.BasicSuite()->Acquire("VX User Suite", 1011, nullptr),
-                                access.AcquirePlugin(plugin, nullptr),
-                                plugins.SetPluginName(plugin, nullptr),
-                                notifiers.AddNotifier(plugin, nullptr, "t", nullptr),
-                                notifiers.AddNotifier(plugin, "n", nullptr, nullptr),
-                                contexts.PushAppContext(plugin, nullptr),
-                                basic.GetListString(plugin, 5, 1, nullptr, 8),
-                                basic.ShowAboutBox(plugin, nullptr, ""),
-                                basic.ShowAboutBox(plugin, "", nullptr),
-                                suites.AddSuite(&host, plugin, "s", 1, 1, &host, &suite),
-                                suites.AddSuite(nullptr, plugin, nullptr, 1, 1, &host, &suite),
-                                suites.AddSuite(nullptr, plugin, "s", 1, 1, nullptr, &suite),
-                                suites.AddSuite(nullptr, plugin, "s", 1, 1, &host, nullptr),
-                                strings.CreateFromText(nullptr, "", 0, 0),
-                                strings.CreateFromText(&string, nullptr, 0, 0),
-                                strings.Dispose(nullptr),
-                                host.Suites().Find<VXUserSuite>()->ShowErrorAlert(nullptr),
-                                interface.GetSheetFactory(nullptr),
-                                interface.GetDrawingSupplierSource(nullptr)})
-    EXPECT_EQ(code, standin::kBadArgument);
-  for (const ResultCode code :
-       {access.AcquirePlugin(texts, &held), plugins.SetPluginName(texts, "n"),
-        notifiers.AddNotifier(texts, "n", "t", nullptr), contexts.PushAppContext(texts, &context),
-        basic.ShowAboutBox(texts, "", ""),
-        suites.AddSuite(nullptr, texts, "s", 1, 1, &host, &suite)})
-    EXPECT_EQ(code, standin::kUnknownPlugin);
-}
-
-TEST_F(HostTest, AReleaseThatThrowsLeavesTheSuiteHeld) {
+TEST_F(HostTest, SuiteStaysHeldIfItsReleaseThrows) {
   host.Operations().Throw("release/VX User Suite", std::make_exception_ptr(std::bad_alloc()));
   EXPECT_TRUE(HeldSuite<VXUserSuite>(host));
   EXPECT_EQ(host.Leftovers(), Lines{"suite \"VX User Suite\" 1011 has 1 users"});
 }
 
-TEST(HostsInTurn, TellOfTheirOwnFaultsOnly) {
+TEST(HostsInTurn, EachReportsOnlyItsOwnFaults) {
   standin::RecordingUserInterface screen;
   for (int i = 0; i < 2; ++i) {
     const standin::Host host(screen);
@@ -183,7 +151,7 @@ TEST(HostsInTurn, TellOfTheirOwnFaultsOnly) {
   EXPECT_THROW(standin::Host::Current(), std::logic_error);
 }
 
-TEST_F(HostTest, PluginsPublishSuitesForOthers) {
+TEST_F(HostTest, PublishedSuiteIsAvailableWhileItsPluginIsLoaded) {
   const Greeting greeting;
   SuiteHandle handle = nullptr;
   HeldSuite<QPSuitesSuite> registry(host);
@@ -209,7 +177,7 @@ TEST_F(HostTest, PluginsPublishSuitesForOthers) {
   EXPECT_EQ(host.Objects().notifiers.Objects()[0]->name, "other");
 }
 
-TEST_F(HostTest, ListStringsComeFromTheOwnersFilesAndFitTheBuffer) {
+TEST_F(HostTest, ListStringIsReadFromTheOwnersFileAndTruncatedToTheBuffer) {
   resources.Write("strings/5.txt", "1\tplug-in\n2\tgr\xC3\xBC\xC3\x9F\n4\t\xC3\xBC\n");
   resources.Write("host/5.txt", "1\thost\n");
   resources.Write("strings/6.txt", "1\tgood\nbad\n");
@@ -222,14 +190,14 @@ TEST_F(HostTest, ListStringsComeFromTheOwnersFilesAndFitTheBuffer) {
     const char* text;
   } cases[] = {
       {plugin, 5, 3, 8, standin::kNoListEntry, "before"},
-      {plugin, 7, 1, 8, standin::kDamagedList, "before"},  // a link to itself
+      {plugin, 7, 1, 8, standin::kDamagedList, "before"},  // a symbolic link to itself
       {plugin, 6, 1, 8, standin::kDamagedList, "before"},
       {nullptr, 5, 1, 8, standin::kUnknownPlugin, "before"},
       {plugin, 5, 1, 0, standin::kBadArgument, "before"},
       {plugin, 5, 1, 1, kDone, ""},
       {plugin, 5, 4, 2, kDone, ""},
-      {plugin, 5, 1, 8, kDone, "plug-in"},     // with its terminator it just fits
-      {plugin, 5, 2, 6, kDone, "gr\xC3\xBC"},  // no half character remains
+      {plugin, 5, 1, 8, kDone, "plug-in"},     // fits with its terminator
+      {plugin, 5, 2, 6, kDone, "gr\xC3\xBC"},  // truncated between characters
       {host.HostModule(), 5, 1, 8, kDone, "host"},
   };
   const HeldSuite<KDMBasicSuite> lists(host);
@@ -244,7 +212,7 @@ TEST_F(HostTest, ListStringsComeFromTheOwnersFilesAndFitTheBuffer) {
     EXPECT_TRUE(host.ResourceProblems().at(i).ends_with(reasons[i])) << reasons[i];
 }
 
-TEST_F(HostTest, AModuleIsALibraryWithAnEntryPoint) {
+TEST_F(HostTest, ModuleFileWithoutEntryPointIsRefusedAndUnloaded) {
   Dl_info library;
   ASSERT_NE(dladdr(reinterpret_cast<void*>(&QPBasicFreeBlock), &library), 0);
   resources.Write("text.so", std::string(100, 'x'));
@@ -261,7 +229,7 @@ TEST_F(HostTest, AModuleIsALibraryWithAnEntryPoint) {
   EXPECT_EQ(host.Objects().modules.Objects().size(), 2U) << "the host's own and the fixture's";
 }
 
-TEST_F(HostTest, AModuleStaysInMemoryWhileSomethingNeedsIt) {
+TEST_F(HostTest, ModuleUnloadsOnlyWhenItAgreesAndNobodyHoldsIt) {
   static ResultCode answer;
   answer = ResultCode::kCannot;
   Module module(
@@ -284,7 +252,7 @@ TEST_F(HostTest, AModuleStaysInMemoryWhileSomethingNeedsIt) {
   EXPECT_TRUE(HeldSuite<Greeting>(host));
 }
 
-TEST_F(HostTest, ASheetIsBuiltAfreshOrTheHostSaysWhyNot) {
+TEST_F(HostTest, SheetIsBuiltForEachRequestOrTheProblemIsReported) {
   EXPECT_EQ(CreateSheet(8), nullptr);
   EXPECT_TRUE(host.ResourceProblems().back().ends_with("8.xml: there is no such file or folder"));
   resources.Write("layouts/8.xml", "<sheet>\n<knob/></sheet>");
@@ -294,7 +262,7 @@ TEST_F(HostTest, ASheetIsBuiltAfreshOrTheHostSaysWhyNot) {
   EXPECT_EQ(host.Sheets().CreateSheetHolder(host.HostModule(), 7, u""), nullptr);
 }
 
-TEST_F(HostTest, WhatOutlivesASheetsHolderIsToldAndItsCallbacksGo) {
+TEST_F(HostTest, NodesThatOutliveTheSheetHolderAreReportedAndCallNobody) {
   int notified = 0;
   auto holder = CreateSheet();
   const auto sheet = holder->GetSheet();
@@ -313,7 +281,7 @@ TEST_F(HostTest, WhatOutlivesASheetsHolderIsToldAndItsCallbacksGo) {
   EXPECT_EQ(host.Leftovers(), (Lines{"1 sheets are alive", "2 nodes of sheets are alive"}));
 }
 
-TEST_F(HostTest, ALayoutTakesTheRoomThatItGetsButNotLessThanItNeeds) {
+TEST_F(HostTest, LayoutFollowsTheWindowDownToItsNaturalSize) {
   const auto holder = CreateSheet();
   const auto layout = holder->GetLayoutNode();
   const RectT<float> natural = {0, 0, 30, 20};
@@ -326,7 +294,7 @@ TEST_F(HostTest, ALayoutTakesTheRoomThatItGetsButNotLessThanItNeeds) {
   const RectT<float> measured = {0, 0, 50, 300};
   layout->UI_SetLocalRectF(measured);
   holder->ResizeSheet(10, 10);
-  EXPECT_EQ(layout->UI_GetLocalRectF(), measured) << "a presenter knows better";
+  EXPECT_EQ(layout->UI_GetLocalRectF(), measured) << "a presenter measured it";
 }
 
 }  // namespace

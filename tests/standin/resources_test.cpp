@@ -26,7 +26,7 @@ using standin::ParseLayout;
 using standin::SheetTree;
 using standin::StringList;
 
-/// Why `read` refuses what it reads; nothing when it doesn't.
+/// The error of `read`, or "none".
 template <typename Read>
 std::string Refusal(Read read) {
   try {
@@ -54,7 +54,7 @@ constexpr const char* kSample = R"(<?xml version="1.0"?>
   <row><space/><button id="ok" caption="$$$/Test/OK=OK"/></row>
 </sheet>)";
 
-TEST(Layout, BuildsNodesNestedAsTheElements) {
+TEST(Layout, BuildsTheNodesOfItsElements) {
   const SheetTree tree = ParseLayout(kSample, "sample.xml", standin::MakeLiveToken());
   EXPECT_EQ(Children(*tree.view)[0], tree.layout);
   EXPECT_EQ(tree.view->UI_GetLocalRectF(), (nrvcore::geom::RectT<float>{0, 0, 32767, 1}));
@@ -76,7 +76,7 @@ TEST(Layout, BuildsNodesNestedAsTheElements) {
   EXPECT_EQ(row.GetArrangement(), PanelArrangement::kRow);
 }
 
-TEST(Layout, TakesColumnsUpToItsLimitAndContentInPanelsOnly) {
+TEST(Layout, AcceptsColumnsUpToItsLimitAndNoContentInLeaves) {
   const auto refusal = [](const std::string& text) {
     return Refusal([&] { ParseLayout(text, "L.xml", standin::MakeLiveToken()); });
   };
@@ -90,7 +90,7 @@ TEST(Layout, TakesColumnsUpToItsLimitAndContentInPanelsOnly) {
     EXPECT_EQ(refusal(holding(leaf)), std::string("L.xml:1: <") + leaf + "> must be empty");
 }
 
-TEST(Layout, RefusesWithFileLineAndReasonAndLeavesNoNode) {
+TEST(Layout, RefusalStatesFileLineAndReasonAndReleasesAllNodes) {
   const std::pair<std::string, const char*> cases[] = {
       {"", "No document element found"},
       {"<dialog/>", "<dialog> instead of <sheet>"},
@@ -124,7 +124,7 @@ StringList ReadList(const std::string& text) {
   return standin::ReadStringList(stream, "list.txt");
 }
 
-TEST(StringList, ReadsEntriesWithGapsAndRefusesDamageWithFileLineAndReason) {
+TEST(StringList, KeepsGapsBetweenIndicesAndRefusesDamage) {
   const StringList list = ReadList("# about\n\n1\tfirst\r\n3\twith\ttab and # and %s\n32767\t");
   ASSERT_EQ(list.size(), 3U);
   EXPECT_EQ(list.at(1), "first");
@@ -144,13 +144,13 @@ TEST(StringList, ReadsEntriesWithGapsAndRefusesDamageWithFileLineAndReason) {
     EXPECT_EQ(Refusal([&bad = text] { ReadList(bad); }), reason);
 }
 
-TEST(StringLists, HoldUsableTextsInEveryLanguage) {
+TEST(StringLists, OfTheProjectAreCompleteInEveryLanguage) {
   const auto resources = standin::ResourceFolders::OfProgram();
   const auto read = [](const std::filesystem::path& file) {
     std::ifstream stream(file);
     return standin::ReadStringList(stream, file);
   };
-  // Codes, each with a text behind it; behind a gap nothing would be found.
+  // Pairs of code and text without a gap, which would end the search.
   const auto failures = read(resources.plugin / "strings/16050.txt");
   EXPECT_EQ(failures.rbegin()->first, int32_t(failures.size()));
   std::set<std::string> codes;

@@ -13,42 +13,42 @@ using namespace vx::ui;
 namespace {
 
 struct Popup final : UI_PopupModalDialog {
-  explicit Popup(std::string& itsStory)
+  explicit Popup(std::string& callLog)
       : UI_PopupModalDialog(nullptr, u"Popup", {0, 0}, {10, 10}, false, nullptr, false, false, true,
                             true, 0, 1),
-        story(itsStory) {}
-  ~Popup() override { story += "gone"; }
+        calls(callLog) {}
+  ~Popup() override { calls += "gone"; }
 
   bool MayPopUp() override { return allowed; }
-  void OnPopUp() override { story += "up "; }
-  void OnDismiss() noexcept override { story += "dismissed "; }
+  void OnPopUp() override { calls += "up "; }
+  void OnDismiss() noexcept override { calls += "dismissed "; }
 
   bool allowed = true;
-  std::string& story;
+  std::string& calls;
 };
 
 }  // namespace
 
-TEST(PopupModalDialog, IsDismissedHoweverItsRunEnds) {
-  std::string story;
-  boost::intrusive_ptr<Popup> popup = new Popup(story);
+TEST(PopupModalDialog, OnDismissFollowsEveryOnPopUp) {
+  std::string calls;
+  boost::intrusive_ptr<Popup> popup = new Popup(calls);
   std::function<void()> whilePresented = [] { throw std::runtime_error("presenter"); };
   const FunctionPresenter presenter([&](nrvui::ui::UI_Dialog&) { whilePresented(); });
   EXPECT_THROW(popup->RunModal(), std::runtime_error);
-  EXPECT_EQ(story, "up dismissed ");
+  EXPECT_EQ(calls, "up dismissed ");
 
   whilePresented = [] {};
   popup->RunModal();
-  EXPECT_EQ(story, "up dismissed up dismissed ");
+  EXPECT_EQ(calls, "up dismissed up dismissed ");
   EXPECT_EQ(popup->GetResponse(), nrvui::ui::kCancelResponse) << "no response counts as cancel";
 
   popup->allowed = false;
   popup->RunModal();
-  EXPECT_EQ(story, "up dismissed up dismissed ") << "it did not pop up again";
+  EXPECT_EQ(calls, "up dismissed up dismissed ") << "MayPopUp returned false";
 
-  story.clear();
+  calls.clear();
   popup->allowed = true;
   whilePresented = [&] { popup.reset(); };
   popup->RunModal();
-  EXPECT_EQ(story, "up dismissed gone");
+  EXPECT_EQ(calls, "up dismissed gone");
 }

@@ -20,7 +20,7 @@ Slots SlotsOf(Operations... operations) {
 
 }  // namespace
 
-TEST(Slots, HostObjectsAndDialogsGoByPosition) {
+TEST(Slots, VirtualOperationsHaveTheSlotsThatBinariesRelyOn) {
   EXPECT_EQ(SlotsOf(&SheetFactory::CreateSheetHolder, &SheetFactory::RegisterDialogView),
             (Slots{0, 6}));
   EXPECT_EQ(SlotsOf(&DrawingSupplierSource::GetDrawingSupplier), Slots{3});
