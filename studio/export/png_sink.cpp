@@ -9,7 +9,7 @@
 #include "studio/base/studio_error.h"
 #include "studio/export/mosaic_export.h"
 #include "studio/export/picture_encoding.h"
-#include "studio/picture/light_scale.h"
+#include "studio/mosaic/light.h"
 
 namespace {
 

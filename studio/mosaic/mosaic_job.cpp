@@ -37,7 +37,7 @@ bool MosaicJob::ShowsPicture() const {
 }
 
 QImage MosaicJob::Below() const {
-  return ShowsPicture() ? picture.PixelsInSrgb() : QImage();
+  return ShowsPicture() ? picture.Pixels() : QImage();
 }
 
 void MosaicJob::Add(std::unique_ptr<MosaicSink> sink) {

@@ -53,6 +53,6 @@ Mosaic Reduction::Preview(const Picture& original, const MosaicChoices& choices)
   Mosaic mosaic{geometry, {}, {}};
   mosaic.tiles = TilesOf(reduced, std::min(geometry.tilesAcross, kMostTilesShown),
                          std::min(geometry.tilesDown, kMostTilesShown), choices.params.isColor);
-  if (job.ShowsPicture()) mosaic.below = reduced.PixelsInSrgb();
+  if (job.ShowsPicture()) mosaic.below = reduced.Pixels();
   return mosaic;
 }

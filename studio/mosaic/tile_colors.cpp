@@ -14,7 +14,6 @@ TileColors::TileColors(const Picture& picture, int tilesAcross, int tilesDown, b
     : picture(picture),
       tilesDown(tilesDown),
       isColor(isColor),
-      scale(picture.ColorSpace()),
       columns(size_t(tilesAcross)),
       rowSums(size_t(tilesAcross)) {
   for (int column = 0; column < tilesAcross; ++column) {
@@ -23,7 +22,7 @@ TileColors::TileColors(const Picture& picture, int tilesAcross, int tilesDown, b
 }
 
 bool TileColors::Run(const RowTaker& takeRow, const IsStopped& isStopped) {
-  const auto rows = picture.Rows(isStopped);
+  const PictureRows nextRow = picture.Rows(isStopped);
   summedRow = -1;
   std::vector<Tally> tallies(columns.size());
   std::vector<QRgb> tiles(columns.size());
@@ -34,7 +33,7 @@ bool TileColors::Run(const RowTaker& takeRow, const IsStopped& isStopped) {
       const uint32_t weight = y == share.first  ? share.firstWeight
                               : y == share.last ? share.lastWeight
                                                 : uint32_t(tilesDown);
-      SumRow(*rows, y);
+      SumRow(nextRow, y);
       for (size_t column = 0; column < tallies.size(); ++column) {
         tallies[column].Add(rowSums[column], weight);
       }
@@ -58,10 +57,10 @@ TileColors::Share TileColors::ShareOf(int tile, int tiles, int pixels) {
 
 /// A row of pixels under a border belongs to two rows of tiles, one under small tiles to many; it
 /// is summed once.
-void TileColors::SumRow(PictureRows& rows, int y) {
+void TileColors::SumRow(const PictureRows& nextRow, int y) {
   if (y == summedRow) return;
   summedRow = y;
-  const QRgb* const line = rows.Next();
+  const QRgb* const line = nextRow();
   picture.HasAlpha() ? SumLine<true>(line) : SumLine<false>(line);
 }
 
@@ -83,9 +82,9 @@ TileColors::Tally TileColors::TallyOf(const QRgb* pixels, int count) const {
   Tally tally;
   for (const QRgb* pixel = pixels; pixel != pixels + count; ++pixel) {
     const uint64_t alpha = kHasAlpha ? uint64_t(qAlpha(*pixel)) : 1;
-    tally.red += alpha * scale.red[size_t(qRed(*pixel))];
-    tally.green += alpha * scale.green[size_t(qGreen(*pixel))];
-    tally.blue += alpha * scale.blue[size_t(qBlue(*pixel))];
+    tally.red += alpha * light[size_t(qRed(*pixel))];
+    tally.green += alpha * light[size_t(qGreen(*pixel))];
+    tally.blue += alpha * light[size_t(qBlue(*pixel))];
     if (kHasAlpha) tally.alpha += alpha;
   }
   if (!kHasAlpha) tally.alpha = uint64_t(count);
@@ -95,10 +94,11 @@ TileColors::Tally TileColors::TallyOf(const QRgb* pixels, int count) const {
 QRgb TileColors::MeanOf(const Tally& tally) const {
   if (tally.alpha == 0) return 0;
   const auto weight = double(tally.alpha);
-  const Light light = scale.OfScreen(double(tally.red) / weight, double(tally.green) / weight,
-                                     double(tally.blue) / weight);
+  const Light mean{double(tally.red) / weight / kFullLight,
+                   double(tally.green) / weight / kFullLight,
+                   double(tally.blue) / weight / kFullLight};
   const double area = double(picture.Size().width()) * picture.Size().height();
   const int alpha = picture.HasAlpha() ? int(std::lround(weight / area)) : 255;
   if (alpha == 0) return 0;
-  return NearestColor(isColor ? light : light.Grey(), alpha);
+  return NearestColor(isColor ? mean : mean.Grey(), alpha);
 }

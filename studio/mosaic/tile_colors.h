@@ -1,12 +1,13 @@
 #pragma once
 
 #include <QRgb>
+#include <array>
 #include <cstdint>
 #include <functional>
 #include <span>
 #include <vector>
 
-#include "studio/picture/light_scale.h"
+#include "studio/mosaic/light.h"
 #include "studio/picture/picture.h"
 
 /// Divides a picture into equal shares, one for each tile, and finds the mean colour of each. Where
@@ -51,7 +52,7 @@ class TileColors {
 
   static Share ShareOf(int tile, int tiles, int pixels);
 
-  void SumRow(PictureRows& rows, int y);
+  void SumRow(const PictureRows& nextRow, int y);
   template <bool kHasAlpha>
   void SumLine(const QRgb* line);
   template <bool kHasAlpha>
@@ -61,7 +62,7 @@ class TileColors {
   const Picture& picture;
   const int tilesDown;
   const bool isColor;
-  const LightScale scale;
+  const std::array<uint32_t, 256>& light = LightTable();
   std::vector<Share> columns;
   std::vector<Tally> rowSums;  // of the row of pixels `summedRow`, an entry a column
   int summedRow = -1;

@@ -1,70 +1,68 @@
 #pragma once
 
-#include <QColorSpace>
 #include <QImage>
 #include <QSizeF>
+#include <functional>
 #include <memory>
 
 #include "studio/picture/picture_reader.h"
 
-/// A raster picture as it lies on the page: upright rows of 8-bit RGB, the meaning of their values,
-/// and the size that it takes up. Its pixels are in memory, or in a file from which they are read
-/// each time. Copies share them.
+/// Returns the next row of a picture at each call, from top to bottom: sRGB, alpha not
+/// premultiplied, valid until the next call. To be called at most once per row. Throws StudioError
+/// when the file cannot be read; damage can show as late as the last row.
+using PictureRows = std::function<const QRgb*()>;
+
+/// A picture in sRGB, upright, with its size on the page. Its pixels are in memory, or are read
+/// from its file each time. Copies share them.
 class Picture {
  public:
-  /// Reads only the header, and polls `isStopped` meanwhile. Throws StudioError when the format is
-  /// not supported, the file is damaged, or the picture is too large.
+  /// Reads only the header, and polls `isStopped` meanwhile. Throws StudioError when the file is
+  /// not a supported picture, is damaged or too large, or when reading was stopped.
   static Picture Open(
       PictureFile file, const IsStopped& isStopped = [] { return false; });
 
-  /// The same, and holds all pixels.
+  /// Open, then Hold.
   static Picture Read(
       PictureFile file, const IsStopped& isStopped = [] { return false; });
 
-  /// A picture of these pixels at the resolution that they carry. Throws StudioError when there is
-  /// no memory for them, or was none when the image was made.
+  /// Converts the image to sRGB; its resolution gives the size. Throws StudioError when there is
+  /// not enough memory, or when the image is null because there was not enough before.
   explicit Picture(QImage image);
 
-  /// Upright, in pixels.
+  /// In pixels.
   QSize Size() const { return size; }
-  /// Whether some pixels can be transparent; exact when the pixels are in memory.
+  /// Whether pixels may be transparent; exact when all pixels are in memory.
   bool HasAlpha() const { return hasAlpha; }
-  /// The colour space of the values; invalid when the file doesn't say, which means sRGB.
-  QColorSpace ColorSpace() const { return space; }
-  /// The size on the page in points of 1/72 inch: what the resolution gives, or what was set.
-  QSizeF SizeInPoints() const;
-  /// Sets the size on the page, in points; both lengths are above 0.
-  void SetSizeInPoints(QSizeF points) { setSize = points; }
+  /// The size on the page, in points of 1/72 inch: by the resolution that the file states, else one
+  /// point per pixel.
+  QSizeF SizeInPoints() const { return sizeInPoints; }
+  /// Both lengths are above 0.
+  void SetSizeInPoints(QSizeF points) { sizeInPoints = points; }
 
-  /// The rows. Those of a file come from one process for each pass, which ends with the result.
-  /// `isStopped` must outlive it. Throws StudioError when the file cannot be read or has changed.
-  std::unique_ptr<PictureRows> Rows(const IsStopped& isStopped) const;
+  /// Starts a pass over the rows, which must not outlive the picture. The process that reads a file
+  /// ends with the result. What `isStopped` refers to must outlive the result. Copies of a picture
+  /// that is not held must not call this on two threads at once. Throws StudioError when the file
+  /// cannot be read or has changed.
+  PictureRows Rows(const IsStopped& isStopped) const;
 
   /// Reads all pixels into memory. Throws StudioError.
   void Hold(const IsStopped& isStopped);
-  /// Shows these pixels in sRGB in place of its own, which stay in the file.
+  /// Makes Pixels() a reduction of the picture, while Rows still reads the file.
   void ShowAs(QImage reduction) { pixels = std::move(reduction); }
   /// Whether all pixels are in memory.
   bool IsHeld() const { return pixels.size() == size; }
 
-  /// What is shown: the pixels, Format_RGB32 or, when some are transparent, Format_ARGB32; a
-  /// reduction of them; or null.
+  /// For display: all pixels, a reduction of them, or null. Format_ARGB32 when some are
+  /// transparent, otherwise Format_RGB32.
   const QImage& Pixels() const { return pixels; }
-  /// The same in sRGB. Made when first asked for, which must not be by two threads at once, and
-  /// kept. Throws StudioError when there is no memory.
-  const QImage& PixelsInSrgb() const;
 
  private:
   Picture() = default;
 
   QSize size;
   bool hasAlpha = false;
-  QColorSpace space;
-  QSize dotsPerMeter;
-  QSizeF setSize;                           // empty where the resolution counts
-  std::shared_ptr<const PictureFile> file;  // null for pixels that come from nowhere else
-  bool converts = false;                    // the file's profile says more than ColorSpace() can
-  std::shared_ptr<std::unique_ptr<PictureReader>> opened;  // answers the first call of Rows
+  QSizeF sizeInPoints;
+  std::shared_ptr<const PictureFile> file;                 // null for an image from the clipboard
+  std::shared_ptr<std::unique_ptr<PictureReader>> opened;  // past the header, for the first pass
   QImage pixels;
-  mutable QImage pixelsInSrgb;  // shares `pixels` where these are in sRGB already
 };

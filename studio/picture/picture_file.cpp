@@ -2,21 +2,28 @@
 
 #include <fcntl.h>
 #include <sys/mman.h>
-#include <sys/stat.h>
 #include <unistd.h>
 
 #include <cerrno>
+#include <tuple>
+#include <utility>
 
 #include "studio/base/studio_error.h"
 
-PictureFile::PictureFile(const QString& path) : PictureFile(Descriptor(), path) {}
+namespace {
 
-PictureFile::PictureFile(int descriptor, const QString& name)
-    : PictureFile(Descriptor(fcntl(descriptor, F_DUPFD_CLOEXEC, 0)), name) {}
+auto IdentityOf(const struct stat& status) {
+  return std::tuple(status.st_dev, status.st_ino, status.st_size, status.st_mtim.tv_sec,
+                    status.st_mtim.tv_nsec);
+}
 
-PictureFile::PictureFile(Descriptor keptDescriptor, QString nameForMessages)
-    : name(std::move(nameForMessages)), kept(std::move(keptDescriptor)) {
-  OpenAny(identity);
+}  // namespace
+
+PictureFile::PictureFile(const QString& path) : PictureFile(path, SystemPath(path), Descriptor()) {}
+
+PictureFile::PictureFile(const QString& name, std::filesystem::path path, Descriptor memory)
+    : name(name), path(std::move(path)), memory(std::move(memory)) {
+  OpenAny(status);
 }
 
 PictureFile PictureFile::OfBytes(QByteArrayView bytes, const QString& name) {
@@ -26,38 +33,28 @@ PictureFile PictureFile::OfBytes(QByteArrayView bytes, const QString& name) {
     if (written <= 0) throw StudioError(kNoMemory);
     at += written;
   }
-  return PictureFile(std::move(memory), name);
+  const std::string path = "/proc/self/fd/" + std::to_string(memory.Get());
+  return PictureFile(name, path, std::move(memory));
 }
 
 Descriptor PictureFile::Open() const {
-  Identity present;
+  struct stat present {};
   Descriptor descriptor = OpenAny(present);
-  if (present == identity) return descriptor;
+  if (IdentityOf(present) == IdentityOf(status)) return descriptor;
   throw StudioError("$$$/Studio/Picture/Changed=the picture %1 has changed since it was placed",
                     name);
 }
 
-Descriptor PictureFile::OpenAny(Identity& found) const {
-  const std::filesystem::path path =
-      kept.Get() < 0 ? SystemPath(name)
-                     : std::filesystem::path("/proc/self/fd/" + std::to_string(kept.Get()));
-  // A pipe without a writer would block.
+Descriptor PictureFile::OpenAny(struct stat& found) const {
+  // Without O_NONBLOCK opening a pipe waits for its writer.
   Descriptor descriptor(open(path.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC));
-  const int error = errno;
-  struct stat status {};
-  const bool isThere = descriptor.Get() >= 0 ? fstat(descriptor.Get(), &status) == 0
-                                             : stat(path.c_str(), &status) == 0;
-  if (!isThere && (error == ENOENT || error == ENOTDIR))
-    throw StudioError("$$$/Studio/Picture/None=there is no picture %1", name);
-  if (isThere && !S_ISREG(status.st_mode))
-    throw StudioError("$$$/Studio/Picture/NoFile=%1 is not a file", name);
-  if (descriptor.Get() < 0) {
-    throw StudioError("$$$/Studio/Picture/Unreadable=the picture %1 cannot be read: %2", name,
-                      ReasonText(error));
-  }
-  if (status.st_size == 0)
-    throw StudioError("$$$/Studio/Picture/Empty=the picture %1 is empty", name);
-  found = {status.st_dev, status.st_ino, status.st_size, status.st_mtim.tv_sec,
-           status.st_mtim.tv_nsec};
+  if (descriptor.Get() < 0 || fstat(descriptor.Get(), &found) != 0) Refuse(ReasonText(errno));
+  if (!S_ISREG(found.st_mode)) Refuse(Text("$$$/nrvcore/File/NotRegular=it is not a regular file"));
+  if (found.st_size == 0) Refuse(Text("$$$/Studio/Picture/Empty=the file is empty"));
   return descriptor;
+}
+
+void PictureFile::Refuse(const QString& reason) const {
+  throw StudioError("$$$/Studio/Picture/Unreadable=the picture %1 cannot be read: %2", name,
+                    reason);
 }

@@ -1,39 +1,37 @@
 #pragma once
 
+#include <sys/stat.h>
+
 #include <QByteArrayView>
 #include <QString>
+#include <filesystem>
 
 #include "studio/base/child_process.h"
 
-/// The file of a picture, which can be read several times and is the same each time.
+/// The file of a picture, or a picture that is embedded in a document. It is opened for each pass
+/// over the picture. Can be used on any thread.
 class PictureFile {
  public:
-  /// Throws StudioError unless the path is a regular file that can be opened and holds something.
+  /// Throws StudioError unless the path is a regular file that can be read and is not empty.
   explicit PictureFile(const QString& path);
 
-  /// The file that a descriptor stands for, which stays the caller's. `name` is for messages.
-  PictureFile(int descriptor, const QString& name);
-
-  /// Bytes in memory, which are copied. Throws StudioError when there is no memory.
+  /// Copies the bytes into a memory file. `name` appears in messages. Throws StudioError when there
+  /// is not enough memory.
   static PictureFile OfBytes(QByteArrayView bytes, const QString& name);
 
   const QString& Name() const { return name; }
 
-  /// A descriptor of its own at the file's start. Throws StudioError, also when the file is not the
-  /// same any more.
+  /// Opens the file at its start. Throws StudioError, also when the file has been replaced or
+  /// changed since this object was made.
   Descriptor Open() const;
 
  private:
-  PictureFile(Descriptor kept, QString name);
-
-  struct Identity {
-    uint64_t device, file;
-    int64_t size, seconds, nanoseconds;
-    bool operator==(const Identity&) const = default;
-  };
-  Descriptor OpenAny(Identity& identity) const;
+  PictureFile(const QString& name, std::filesystem::path path, Descriptor memory);
+  Descriptor OpenAny(struct stat& found) const;
+  [[noreturn]] void Refuse(const QString& reason) const;
 
   QString name;
-  Descriptor kept;  // of a file without a path; otherwise none
-  Identity identity;
+  std::filesystem::path path;
+  Descriptor memory;  // the memory file, or none
+  struct stat status {};
 };

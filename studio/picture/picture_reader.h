@@ -1,67 +1,54 @@
 #pragma once
 
-#include <QByteArray>
 #include <QRgb>
 #include <QStringList>
 #include <functional>
-#include <optional>
 #include <vector>
 
 #include "studio/base/child_process.h"
 #include "studio/picture/picture_file.h"
 #include "studio/reader/picture_protocol.h"
 
-/// Asked many times a second during work that takes long; the work ends soon after it returns true.
+/// Polled several times a second during long work, which stops when it returns true.
 using IsStopped = std::function<bool()>;
 
 inline constexpr const char* kReadingStopped = "$$$/Studio/Picture/Stopped=the reading was stopped";
 
-/// One pass over a picture's rows, from top to bottom.
-class PictureRows {
+/// One pass over a picture's file by a process of its own, tesserae-picture-reader, which is killed
+/// with this object. Used by one thread at a time.
+class PictureReader {
  public:
-  virtual ~PictureRows() = default;
-
-  /// The next row, valid until the next call; with alpha not premultiplied, otherwise opaque.
-  /// Called at most once a row. Throws StudioError, for the last row also when the file turns out
-  /// to be damaged.
-  virtual const QRgb* Next() = 0;
-};
-
-/// Reads a file in a process of its own, tesserae-picture-reader, which lives as long as this.
-class PictureReader final : public PictureRows {
- public:
-  /// Reads the header. With `converts` the rows are sRGB, otherwise in the colours of `Profile()`.
-  /// Throws StudioError when the file is no supported picture, damaged, too large, or `isStopped`.
-  PictureReader(const PictureFile& file, bool converts, IsStopped isStopped);
+  /// Starts the process and waits for the header. Throws StudioError when the file is not a
+  /// supported picture, is damaged or too large, or when `isStopped` returns true.
+  PictureReader(const PictureFile& file, IsStopped isStopped);
 
   const PictureHeader& Header() const { return header; }
-  const QByteArray& Profile() const { return profile; }
 
-  /// Asked from now on.
+  /// Replaces the function that the constructor received.
   void StopWhen(IsStopped newIsStopped) { isStopped = std::move(newIsStopped); }
 
-  const QRgb* Next() override;
+  /// The next row, valid until the next call; `height` rows in all. Throws StudioError like the
+  /// constructor; damage can show as late as the last row.
+  const QRgb* Next();
 
  private:
-  void Receive(char* to, size_t size);
-  [[noreturn]] void RefuseFile(int status) const;  // the exit status, as ChildProcess has it
+  void Receive(void* to, size_t size);
+  [[noreturn]] void Refuse(int status) const;  // a PictureOutcome, or the negative of a signal
 
   const QString name;
   IsStopped isStopped;
   ChildProcess process;
   PictureHeader header{};
-  QByteArray profile;
   uint32_t rowsRead = 0;
-  std::vector<char> row;
+  std::vector<unsigned char> row;
   std::vector<QRgb> pixels;
 };
 
 struct PictureFormat {
   QString name;
-  QStringList endings;  // without a dot, in small letters
-  QStringList mimeTypes;
+  QStringList endings;  // in lower case, without a dot
 };
 
-/// The formats that can be read; asks the reader the first time. Throws StudioError when the reader
-/// cannot be started.
+/// The formats that can be read. The first call asks the reader for them. Throws StudioError when
+/// the reader cannot be started. Can be called on any thread.
 const std::vector<PictureFormat>& PictureFormats();

@@ -1,24 +1,15 @@
 #pragma once
 
-#include <memory>
-#include <string>
 #include <vips/vips8>
 
-/// The first picture of a file. Pixels are computed as they are asked for, from top to bottom only.
-struct Decoded {
-  vips::VImage image;
-  int orientation = 1;           // how `image` must be turned, by its EXIF number
-  std::shared_ptr<void> toSrgb;  // LittleCMS' transform of its rows; null when they are 8-bit RGB
-  int channels = 3;              // of the rows after that; 4 with alpha, which is not premultiplied
-  std::string profile;           // ICC, RGB with a matrix; empty for sRGB
-
-  /// The image as the camera saw it. Orientations above 2 first need the whole image in memory.
-  vips::VImage Upright(const vips::VImage& source) const;
-};
-
+/// The file is not in one of the formats of the list.
 struct UnsupportedFormat {};
 
-/// Opens the file without reading its pixels. Unless `converts`, 8-bit RGB with a matrix profile
-/// keeps its values and the profile. All else is converted to sRGB, relative colorimetric with
-/// black point compensation. Throws UnsupportedFormat, and vips::VError when the file is damaged.
-Decoded Open(const vips::VSource& source, bool converts);
+/// Opens the first picture of a file as 8-bit sRGB, RGB or RGBA. Its pixels are decoded on demand,
+/// from top to bottom; it is still to be turned by its orientation. Colours follow the embedded ICC
+/// profile, relative colorimetric with black point compensation. Throws UnsupportedFormat, and
+/// vips::VError when the file is damaged.
+vips::VImage Open(const vips::VSource& source);
+
+/// Writes the formats to standard output as picture_protocol.h describes.
+void PrintFormats();

@@ -42,7 +42,7 @@ void PaintPicture(QPainter& painter, ImageLevels& levels, const QRectF& target) 
 }  // namespace
 
 ArtboardItem::ArtboardItem(const Artwork& artwork)
-    : art(Around(artwork.Size())), picture(artwork.picture.PixelsInSrgb()) {
+    : art(Around(artwork.Size())), picture(artwork.picture.Pixels()) {
   setFlag(ItemUsesExtendedStyleOption);  // to be told what is exposed
 
   // The page stays when the picture becomes a mosaic, unless that grows beyond it.

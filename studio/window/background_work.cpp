@@ -136,7 +136,6 @@ std::optional<Picture> ReadPicture(QWidget& window, const QString& path) {
     const auto isStopped = [&] { return promise.isCanceled(); };
     picture = Picture::Open(PictureFile(path), isStopped);
     MakeShowable(*picture, isStopped);
-    picture->PixelsInSrgb();  // the canvas would make the window wait for them
     return true;
   });
   return isComplete ? std::move(picture) : std::nullopt;
@@ -150,7 +149,6 @@ std::optional<PlacedImage> ReadImage(QWidget& window,
   const bool isComplete = DoInBackground(window, label, 0, [&](QPromise<void>& promise) {
     placed.emplace(
         PlacedImage::Read(drawing, image, isSizeUnknown, [&] { return promise.isCanceled(); }));
-    placed->artwork->picture.PixelsInSrgb();  // the canvas would make the window wait for them
     return true;
   });
   return isComplete ? std::move(placed) : std::nullopt;

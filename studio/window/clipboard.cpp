@@ -19,7 +19,7 @@ constexpr double kMostPixels = 16e6;
 std::unique_ptr<QMimeData> MimeDataOf(QWidget& window, const Artwork& artwork) {
   auto data = std::make_unique<QMimeData>();
   if (!artwork.mosaic) {
-    data->setImageData(artwork.picture.PixelsInSrgb());
+    data->setImageData(artwork.picture.Pixels());
     return data;
   }
   const auto write = [&](const char* ending, double pixelsPerPoint) {

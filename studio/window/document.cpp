@@ -20,7 +20,6 @@ class ImageBytes {
   }
   void AddPicture(const Artwork& artwork) {
     Add(artwork.picture.Pixels());
-    Add(artwork.picture.PixelsInSrgb());
     if (artwork.mosaic) Add(artwork.mosaic->below);
   }
   qint64 Sum() const { return sum; }
@@ -36,7 +35,7 @@ ArtworkPtr WithPicture(const Artwork& artwork, const Picture& picture) {
   made.picture = picture;
   if (made.mosaic && !made.mosaic->below.isNull()) {
     Mosaic mosaic = *made.mosaic;
-    mosaic.below = picture.PixelsInSrgb();
+    mosaic.below = picture.Pixels();
     made.mosaic = std::make_shared<const Mosaic>(std::move(mosaic));
   }
   return std::make_shared<const Artwork>(std::move(made));

@@ -107,8 +107,8 @@ TEST_F(DocumentFiles, AreReadAgainForStepsWhosePicturesWereReleased) {
   };
   place("1.png");
   const QImage tiles(3, 2, QImage::Format_ARGB32);
-  document.Change("create", WithMosaic(*document.Shown(),
-                                       {{}, tiles, document.Shown()->picture.PixelsInSrgb()}));
+  document.Change("create",
+                  WithMosaic(*document.Shown(), {{}, tiles, document.Shown()->picture.Pixels()}));
   place("2.png");
   EXPECT_EQ(heightAt(1), 1 << 16) << "two of 512 MB";
   place("3.png");

@@ -7,6 +7,7 @@
 #include <QActionGroup>
 #include <QApplication>
 #include <QClipboard>
+#include <QColorSpace>
 #include <QDropEvent>
 #include <QElapsedTimer>
 #include <QFile>
