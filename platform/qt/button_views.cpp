@@ -17,9 +17,7 @@ using nrvui::controls::UI_RadioButton;
 namespace {
 
 constexpr int kOutlineShare = 120;  // of the text's colour, of 255
-constexpr int kDarkening = 175;     // percent; styles lighten a button's colour
 
-/// A push button that stands out in the colour of selections while it is the default one.
 class PushButton final : public QPushButton {
  public:
   explicit PushButton(QWidget& parent) : QPushButton(&parent) {
@@ -33,15 +31,6 @@ class PushButton final : public QPushButton {
     return QPushButton::sizeHint() + QSize(fontMetrics().averageCharWidth(), 0);
   }
   QSize minimumSizeHint() const override { return sizeHint(); }
-
- protected:
-  void initStyleOption(QStyleOptionButton* option) const override {
-    QPushButton::initStyleOption(option);
-    if (!isDefault() || !isEnabled()) return;
-    option->palette.setColor(QPalette::Button,
-                             palette().color(QPalette::Highlight).darker(kDarkening));
-    option->palette.setColor(QPalette::ButtonText, palette().color(QPalette::HighlightedText));
-  }
 };
 
 /// A check box or radio button with a stronger outline. Fusion's has a contrast of less than 3 to 1

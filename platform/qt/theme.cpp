@@ -1,9 +1,11 @@
 #include "platform/qt/theme.h"
 
 #include <QApplication>
+#include <QDialogButtonBox>
 #include <QPainter>
 #include <QPainterPath>
-#include <QStyle>
+#include <QProxyStyle>
+#include <QStyleOptionButton>
 #include <algorithm>
 #include <iterator>
 
@@ -13,10 +15,13 @@ namespace {
 
 constexpr const char* kNames[] = {"system", "light", "dark"};
 
+constexpr int kDarkening = 175;  // percent; styles lighten a button's colour
+
 constexpr const char* kSystemStyle = "systemStyle";  // the property with the original style's name
 
 struct Colors {
   QRgb window, text, base, alternateBase, button, highlight, faint, disabled, link, toolTip;
+  QRgb menu, separator;
 };
 
 constexpr Colors kLightColors = {
@@ -27,9 +32,11 @@ constexpr Colors kLightColors = {
     .button = 0xFFFAFAFB,
     .highlight = 0xFF2B6CD4,
     .faint = 0xFF58585C,
-    .disabled = 0xFFA5A5AB,
+    .disabled = 0xFF84848A,
     .link = 0xFF1F5FC4,
     .toolTip = 0xFFFFFFE6,
+    .menu = 0xFFFFFFFF,
+    .separator = 0xFFA7A7A8,
 };
 constexpr Colors kDarkColors = {
     .window = 0xFF353538,
@@ -39,9 +46,11 @@ constexpr Colors kDarkColors = {
     .button = 0xFF4A4A50,
     .highlight = 0xFF2F6FD0,
     .faint = 0xFFB8B8BE,
-    .disabled = 0xFF77777E,
+    .disabled = 0xFF9A9AA1,
     .link = 0xFF7FB0FF,
     .toolTip = 0xFF4A4A50,
+    .menu = 0xFF3E3E43,
+    .separator = 0xFF6E6E76,
 };
 
 QPalette PaletteOf(const Colors& colors) {
@@ -69,6 +78,49 @@ QPalette PaletteOf(const Colors& colors) {
   return palette;
 }
 
+/// Menus have colours of their own, because Fusion's separators are invisible in a dark theme, and
+/// a dark menu over a dark canvas has no visible edge.
+QPalette MenuPaletteOf(const Colors& colors) {
+  QPalette palette = PaletteOf(colors);
+  palette.setColor(QPalette::Base, QColor(colors.menu));
+  palette.setColor(QPalette::Dark, QColor(colors.separator));
+  return palette;
+}
+
+/// Gives the boxes of Qt the looks of "Create Tesserae": first Cancel, then OK, both without icons.
+/// The default button has the colour of selections. Disabled text has no shadow, which makes it
+/// look bold in a dark theme.
+class UniformStyle final : public QProxyStyle {
+ public:
+  using QProxyStyle::QProxyStyle;
+
+  int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
+                QStyleHintReturn* data) const override {
+    if (hint == SH_DialogButtonLayout) return QDialogButtonBox::GnomeLayout;
+    if (hint == SH_DialogButtonBox_ButtonsHaveIcons || hint == SH_EtchDisabledText) return 0;
+    return QProxyStyle::styleHint(hint, option, widget, data);
+  }
+
+  void drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,
+                   const QWidget* widget) const override {
+    const auto* const button = qstyleoption_cast<const QStyleOptionButton*>(option);
+    const bool isDefault = element == CE_PushButton && button != nullptr &&
+                           button->features.testFlag(QStyleOptionButton::DefaultButton) &&
+                           button->state.testFlag(State_Enabled);
+    if (!isDefault) return QProxyStyle::drawControl(element, option, painter, widget);
+    QStyleOptionButton marked = *button;
+    QPalette& colors = marked.palette;
+    colors.setColor(QPalette::Button, colors.color(QPalette::Highlight).darker(kDarkening));
+    colors.setColor(QPalette::ButtonText, colors.color(QPalette::HighlightedText));
+    QProxyStyle::drawControl(element, &marked, painter, widget);
+  }
+};
+
+QString CurrentStyle() {
+  const auto* const proxy = dynamic_cast<const QProxyStyle*>(QApplication::style());
+  return (proxy != nullptr ? proxy->baseStyle() : QApplication::style())->name();
+}
+
 }  // namespace
 
 const char* NameOf(Theme theme) {
@@ -83,14 +135,18 @@ std::optional<Theme> ThemeNamed(const QString& name) {
 
 void ApplyTheme(Theme theme) {
   if (!qApp->property(kSystemStyle).isValid()) {
-    qApp->setProperty(kSystemStyle, QApplication::style()->name());
+    qApp->setProperty(kSystemStyle, CurrentStyle());
   }
   const bool isSystem = theme == Theme::kSystem;
   const QString style =
       isSystem ? qApp->property(kSystemStyle).toString() : QStringLiteral("fusion");
-  if (QApplication::style()->name() != style) QApplication::setStyle(style);
-  if (isSystem) return QApplication::setPalette(QPalette());
-  QApplication::setPalette(PaletteOf(theme == Theme::kDark ? kDarkColors : kLightColors));
+  if (dynamic_cast<const UniformStyle*>(QApplication::style()) == nullptr ||
+      CurrentStyle() != style) {
+    QApplication::setStyle(new UniformStyle(style));
+  }
+  const Colors& colors = theme == Theme::kDark ? kDarkColors : kLightColors;
+  QApplication::setPalette(isSystem ? QPalette() : PaletteOf(colors));
+  QApplication::setPalette(isSystem ? QPalette() : MenuPaletteOf(colors), "QMenu");
 }
 
 bool IsDark(const QPalette& palette) {

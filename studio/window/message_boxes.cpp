@@ -72,6 +72,7 @@ bool MessageBoxes::AskBeforeLargeExport(double bytes) const {
   auto* const exporting =
       box.addButton(Text("$$$/Studio/Box/ExportAnyway=&Export"), QMessageBox::AcceptRole);
   box.setEscapeButton(box.addButton(Text("$$$/Studio/Box/Cancel=Cancel"), QMessageBox::RejectRole));
+  box.setDefaultButton(exporting);
   Run(box);
   return box.clickedButton() == exporting;
 }

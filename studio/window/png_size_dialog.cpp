@@ -18,7 +18,7 @@ using namespace nrvui::ui;
 namespace {
 
 constexpr double kPointsPerInch = 72;
-constexpr int kLeastWidth = 360;  // so that the summary has room in three lines
+constexpr int kLeastWidth = 400;  // so that the summary has room in three lines
 
 struct FieldTexts {
   const char* id;

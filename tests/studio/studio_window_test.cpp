@@ -14,6 +14,8 @@
 #include <QFileDialog>
 #include <QLineEdit>
 #include <QListWidget>
+#include <QMenu>
+#include <QMenuBar>
 #include <QMessageBox>
 #include <QMimeData>
 #include <QProgressDialog>
@@ -639,6 +641,7 @@ TEST_F(StudioWindowTest, AsksBeforeClosingForEveryMosaicThatIsNotExported) {
     for (const auto role : {QMessageBox::DestructiveRole, QMessageBox::AcceptRole}) {
       WhenOpen<QMessageBox>("notExported", [&, role](QMessageBox& box) {
         asked += box.text().section(' ', 3, 3) + ' ';
+        EXPECT_LT(box.escapeButton()->x(), box.defaultButton()->x()) << "as in Create Tesserae";
         for (QAbstractButton* button : box.buttons()) {
           if (box.buttonRole(button) == role) return button->click();
         }
@@ -912,6 +915,14 @@ TEST_F(StudioWindowTest, TheStartPageCanBeReadAndUsedWithKeys) {
     const QLabel& hint = *window->findChild<QLabel*>("whatHint");
     const QImage picture = window->grab({hint.mapTo(&*window, QPoint()), hint.size()}).toImage();
     EXPECT_GE(ContrastIn(picture), 4.5) << qtui::NameOf(theme);
+    if (theme == qtui::Theme::kSystem) continue;  // the desktop's own colours
+    QMenu& menu = *window->menuBar()->actions()[1]->menu();
+    menu.ensurePolished();
+    const QImage entries = menu.grab().toImage();
+    for (QAction* entry : menu.actions()) {
+      const double contrast = ContrastIn(entries.copy(menu.actionGeometry(entry)));
+      EXPECT_GE(contrast, entry->isSeparator() ? 1.5 : 3) << entry->objectName().toStdString();
+    }
   }
   qtui::ApplyTheme(qtui::Theme::kLight);
   bool isOpen = false;
