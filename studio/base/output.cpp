@@ -50,8 +50,7 @@ QString Identity(const fs::path& place) {
 }
 
 [[noreturn]] void RefuseInUse(const QString& name) {
-  Refuse(name, Text("$$$/Studio/Write/InUse=the file is already used for something else, such as "
-                    "the picture"));
+  Refuse(name, Text("$$$/Studio/Write/InUse=it is also an input or another output of this run"));
 }
 
 /// In a sticky folder only a file's owner, the folder's owner and root may rename or remove a file,

@@ -138,8 +138,9 @@ int ConsoleRun::Run() {
 }
 
 void ConsoleRun::CheckExport(const QString& path) const {
-  ExportKindOf(path);
-  if (!line.images.isEmpty() && &ExportKindOf(path) != FindExportKind(".svg")) {
+  if (line.images.isEmpty()) {
+    ExportKindOf(path);
+  } else if (FindExportKind(path) != FindExportKind(".svg")) {
     throw StudioError(
         "$$$/Studio/Line/DrawingEnding=cannot export the drawing to %1: the name must end in .svg",
         path);

@@ -7,23 +7,34 @@
 #include <string_view>
 
 #include "studio/base/output.h"
-#include "studio/base/text.h"
+#include "studio/base/studio_error.h"
 #include "studio/drawing/svg_drawing.h"
+#include "studio/drawing/svg_values.h"
 #include "studio/export/svg_tiles.h"
 
 namespace {
 
-constexpr size_t kWrittenAtOnce = 1 << 16;
+constexpr size_t kBufferSize = 1 << 16;
 
-/// What a group takes over from the image that it stands for, besides its style.
-constexpr const char* kKept[] = {"transform",  "transform-origin", "class",   "clip-path",
-                                 "mask",       "filter",           "opacity", "display",
-                                 "visibility", "systemLanguage"};
+/// Attributes of the image that its group gets, besides `style`.
+constexpr const char* kCopiedAttributes[] = {"transform",
+                                             "transform-origin",
+                                             "class",
+                                             "clip-path",
+                                             "mask",
+                                             "filter",
+                                             "opacity",
+                                             "display",
+                                             "visibility",
+                                             "requiredFeatures",
+                                             "requiredExtensions",
+                                             "systemLanguage"};
 
-/// What the group's context could give to its tiles but never gave to the image.
-constexpr const char* kOwnStyle = "fill-opacity:1;stroke:none";
+/// Properties that tiles would inherit although they have no effect on an image.
+constexpr std::pair<const char*, const char*> kOwnStyle[] = {{"fill-opacity", "1"},
+                                                             {"stroke", "none"}};
 
-/// As the value of an attribute, in ASCII, which every supported encoding contains.
+/// An attribute value in ASCII, which every supported encoding contains.
 std::string Escaped(const QString& text) {
   std::string escaped;
   for (const char32_t c : text.toStdU32String()) {
@@ -37,7 +48,7 @@ std::string AttributeText(const char* name, const QString& value) {
   return std::string(" ") + name + "=\"" + Escaped(value) + '"';
 }
 
-/// Writes ASCII text in the encoding of the document.
+/// Writes copies of the document's bytes, and ASCII text in the document's encoding.
 class DocumentWriter {
  public:
   DocumentWriter(const SvgDrawing& drawing, QIODevice& device) : drawing(drawing), device(device) {}
@@ -62,8 +73,8 @@ class DocumentWriter {
   QIODevice& device;
 };
 
-/// The decimals with which a number in user units is exact to a ten thousandth of a point, as far
-/// as a number can have so many digits.
+/// The number of decimals that makes coordinates exact to a ten thousandth of a point, limited to
+/// the 17 significant digits of a double.
 int DecimalsFor(const Placement& placement, QSizeF mosaicSize) {
   constexpr int kMostDigits = 17;
   const auto& [box, size, visible] = placement;
@@ -83,7 +94,7 @@ class GroupSink final : public MosaicSink {
 
   void AddRow(std::span<const QRgb> row) override {
     tiles.AppendRow(row, text);
-    if (text.size() >= kWrittenAtOnce) Flush();
+    if (text.size() >= kBufferSize) Flush();
   }
 
   void Finish() override {
@@ -93,6 +104,7 @@ class GroupSink final : public MosaicSink {
 
  private:
   static SvgTiles::Place PlaceOf(const SvgDrawing& drawing, const PlacedMosaic& placed);
+  static QString StyleOf(const PlacedMosaic& placed);
 
   void Flush() {
     writer.Write(text);
@@ -102,7 +114,7 @@ class GroupSink final : public MosaicSink {
   DocumentWriter& writer;
   const std::string prefix;
   SvgTiles tiles;
-  std::string text;  // that is not written yet
+  std::string text;  // a buffer, not written yet
 };
 
 SvgTiles::Place GroupSink::PlaceOf(const SvgDrawing& drawing, const PlacedMosaic& placed) {
@@ -116,25 +128,61 @@ SvgTiles::Place GroupSink::PlaceOf(const SvgDrawing& drawing, const PlacedMosaic
   return place;
 }
 
+/// The image's declarations, overridden by those that tiles need.
+QString GroupSink::StyleOf(const PlacedMosaic& placed) {
+  std::map<std::string, Declaration> style = ParseStyle(placed.image->Attribute("style"));
+  for (const auto& [name, value] : kOwnStyle) style[name] = {value};
+  // Tiles that touch must not let the background show through between them.
+  if (placed.mosaic->geometry.TilesTouch()) style["shape-rendering"] = {"crispEdges"};
+  std::string text;
+  for (const auto& [name, declaration] : style) {
+    text += (text.empty() ? "" : ";") + name + ':' + declaration.value;
+    if (declaration.isImportant) text += " !important";
+  }
+  return QString::fromStdString(text);
+}
+
 GroupSink::GroupSink(DocumentWriter& writer, const SvgDrawing& drawing, const PlacedMosaic& placed,
                      const std::string& id)
     : writer(writer),
       prefix(placed.image->prefix),
       tiles(placed.mosaic->geometry, PlaceOf(drawing, placed)) {
   const ImageElement& image = *placed.image;
-  text = "<" + prefix + "g" + AttributeText("id", QString::fromStdString(id));
-  for (const char* name : kKept) {
+  text = "<" + prefix + "g";
+  if (image.declaresPrefix) {
+    const std::string name =
+        prefix.empty() ? "xmlns" : "xmlns:" + prefix.substr(0, prefix.size() - 1);
+    text += AttributeText(name.c_str(), "http://www.w3.org/2000/svg");
+  }
+  text += AttributeText("id", QString::fromStdString(id));
+  for (const char* name : kCopiedAttributes) {
     if (const std::string& value = image.Attribute(name); !value.empty())
       text += AttributeText(name, QString::fromStdString(value));
   }
-  QString style = QString::fromStdString(image.Attribute("style")).trimmed();
-  if (!style.isEmpty() && !style.endsWith(';')) style += ';';
-  style += kOwnStyle;
-  // Tiles that touch must not let anything shine through between them.
-  if (placed.mosaic->geometry.TilesTouch()) style += ";shape-rendering:crispEdges";
-  text += AttributeText("style", style) + ">\n<" + prefix + "title>" +
+  text += AttributeText("style", StyleOf(placed)) + ">\n<" + prefix + "title>" +
           Escaped(Text("$$$/Studio/Drawing/Title=Mosaic of %1", image.Name())) + "</" + prefix +
           "title>\n";
+}
+
+/// The ID of a group. A group that replaces its image takes over the image's ID, so that clones and
+/// other references show the mosaic. `added` contains the IDs of earlier groups.
+std::string GroupId(const SvgDrawing& drawing, const PlacedMosaic& placed,
+                    std::set<std::string>& added) {
+  const std::string& name = placed.image->Attribute("id");
+  if (!placed.mosaic->keepsPicture && drawing.IsReferable(*placed.image)) return name;
+  const std::string base = (name.empty() ? "image" : name) + "-mosaic";
+  std::string id = base;
+  for (int i = 2; drawing.HasId(id) || !added.insert(id).second; ++i)
+    id = base + '-' + std::to_string(i);
+  return id;
+}
+
+void CheckKept(const PlacedMosaic& placed) {
+  if (!placed.mosaic->keepsPicture || !placed.image->isInSwitch) return;
+  throw StudioError(
+      "$$$/Studio/Drawing/InSwitch=the image %1 is in a \"switch\", which shows one element only; "
+      "delete the raster to show its mosaic",
+      placed.image->Name());
 }
 
 }  // namespace
@@ -145,19 +193,14 @@ bool WriteDrawing(const SvgDrawing& drawing, std::vector<PlacedMosaic> mosaics, 
     return one.image->start < other.image->start;
   });
   DocumentWriter writer(drawing, device);
-  std::set<std::string> ids;  // that this adds
+  std::set<std::string> addedIds;
   qsizetype copied = 0;
   int rowsBefore = 0;
   for (const PlacedMosaic& placed : mosaics) {
-    const std::string name = placed.image->Attribute("id");
-    const std::string base = (name.empty() ? "image" : name) + "-mosaic";
-    std::string id = base;
-    for (int i = 2; drawing.HasId(id) || !ids.insert(id).second; ++i)
-      id = base + '-' + std::to_string(i);
-
+    CheckKept(placed);
     writer.Copy(copied, placed.mosaic->keepsPicture ? placed.image->end : placed.image->start);
     copied = placed.image->end;
-    GroupSink sink(writer, drawing, placed, id);
+    GroupSink sink(writer, drawing, placed, GroupId(drawing, placed, addedIds));
     if (!WriteMosaic(*placed.mosaic, sink, [&](int rows) { return goOn(rowsBefore + rows); }))
       return false;
     rowsBefore += placed.mosaic->geometry.tilesDown;

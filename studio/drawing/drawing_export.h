@@ -12,17 +12,19 @@ class SvgDrawing;
 class QIODevice;
 struct ImageElement;
 
-/// A mosaic made of an image in a drawing.
+/// A mosaic of an image in a drawing.
 struct PlacedMosaic {
-  const ImageElement* image;  // the drawing's
+  const ImageElement* image;  // owned by the drawing
   Placement placement;
   std::shared_ptr<const Mosaic> mosaic;
 };
 
-/// Writes the drawing's bytes as they are, with a group of tiles after each image, or in its place
-/// unless the mosaic keeps the picture. The mosaics are of different images. Tiles lie in the
-/// image's own coordinate system; the group has its transform, clip, mask, opacity and the like.
-/// Calls `goOn` with the number of rows that are done over all mosaics, and returns whether that
-/// was always true. Throws StudioError when the device cannot be written.
+/// Writes a copy of the drawing with a group of tiles for each mosaic: after its image if the
+/// mosaic keeps the picture, else in its place and with its ID. All other bytes stay the same. The
+/// tiles use the image's coordinate system; the group has its transform, clip, mask, opacity and
+/// style. Each mosaic must be of another image. Calls `goOn` with the number of finished rows of
+/// all mosaics, stops when it returns false, and returns whether everything is written. Throws
+/// StudioError if the device cannot be written, or if a kept image is in a `switch`. Any thread may
+/// call it.
 [[nodiscard]] bool WriteDrawing(const SvgDrawing& drawing, std::vector<PlacedMosaic> mosaics,
                                 QIODevice& device, const GoOn& goOn);

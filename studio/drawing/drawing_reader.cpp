@@ -1,5 +1,6 @@
 #include <expat.h>
 
+#include <algorithm>
 #include <cstring>
 #include <memory>
 #include <string_view>
@@ -15,16 +16,17 @@ namespace {
 constexpr qint64 kLargestDocument = qint64(512) << 20;
 constexpr size_t kMostLevels = 1000;
 constexpr double kPointsPerPixel = 0.75;
-constexpr double kFirstFontSize = 16;
-constexpr QSizeF kUnsaidViewport(300, 150);  // what CSS gives to content without any size
+constexpr double kDefaultFontSize = 16;
+constexpr QSizeF kDefaultViewport(300, 150);  // the size of replaced elements in CSS
 
-constexpr char kSeparator = '\n';  // which no namespace can contain
+constexpr char kSeparator =
+    '\n';  // never part of a namespace: attribute values have spaces instead
 constexpr std::string_view kSvg = "http://www.w3.org/2000/svg";
 constexpr std::string_view kXlink = "http://www.w3.org/1999/xlink";
 constexpr std::string_view kInkscape = "http://www.inkscape.org/namespaces/inkscape";
 constexpr std::string_view kSodipodi = "http://sodipodi.sourceforge.net/DTD/sodipodi-0.dtd";
 
-/// The name of an element or attribute in its three parts.
+/// A name as expat reports it with triplets: namespace, local name and prefix.
 struct QualifiedName {
   explicit QualifiedName(std::string_view text) {
     const size_t first = text.find(kSeparator);
@@ -40,12 +42,12 @@ struct QualifiedName {
     }
   }
 
-  std::string_view space;  // empty for none
+  std::string_view space;  // the namespace; empty if there is none
   std::string_view local;
   std::string_view prefix;
 };
 
-/// The value of an attribute without a namespace; empty when it is missing.
+/// The value of an attribute without a namespace; empty if it is missing.
 std::string_view Value(const XML_Char** attributes, const char* name) {
   for (; *attributes; attributes += 2) {
     if (std::strcmp(attributes[0], name) == 0) return attributes[1];
@@ -53,13 +55,14 @@ std::string_view Value(const XML_Char** attributes, const char* name) {
   return {};
 }
 
-/// A property of an element; only the few that are asked for are looked for in its style.
+/// The value of a property, from the `style` attribute or else the presentation attribute. Parses
+/// the style only if it contains the name, because most elements have a style.
 std::string PropertyOf(const XML_Char** attributes, const char* name) {
   const std::string_view style = Value(attributes, "style");
   if (style.find(name) != std::string_view::npos) {
     const auto declarations = ParseStyle(style);
     if (const auto found = declarations.find(name); found != declarations.end())
-      return found->second;
+      return found->second.value;
   }
   return std::string(Value(attributes, name));
 }
@@ -71,8 +74,8 @@ std::string PropertyOf(const XML_Char** attributes, const char* name) {
 
 }  // namespace
 
-/// Builds a SvgDrawing from the parser's events. An exception must not pass through the parser,
-/// which is C: it is kept, and the parser stopped.
+/// Fills a SvgDrawing from the parser's events. Exceptions must not pass through the parser, which
+/// is written in C: `Guard` stores the first one and stops the parser, and `Run` throws it again.
 class DrawingReader {
  public:
   explicit DrawingReader(SvgDrawing& drawing);
@@ -80,13 +83,15 @@ class DrawingReader {
   void Run();
 
  private:
-  /// What holds inside an open element.
+  /// The state inside an open element; the fields are those of ImageElement. Children inherit it,
+  /// except for `isSwitch`.
   struct Level {
-    QTransform toPage;  // from its user units to points; has no translation
+    QTransform toPage;
     QSizeF viewport;
-    double fontSize = kFirstFontSize;
+    double fontSize = kDefaultFontSize;
     size_t entry = SvgDrawing::kNoEntry;
     QString problem;
+    bool isSwitch = false;  // the element is a `switch`
   };
 
   void OnStart(QualifiedName name, const XML_Char** attributes);
@@ -99,7 +104,8 @@ class DrawingReader {
   SvgDrawing& drawing;
   std::unique_ptr<XML_ParserStruct, decltype(&XML_ParserFree)> parser;
   std::vector<Level> levels;
-  size_t imageDepth = 0;  // of the image element that is open; 0 for none
+  std::vector<std::string> svgPrefixes;  // that the next element declares for SVG, with the colon
+  size_t imageDepth = 0;                 // number of levels in the open image; 0 outside of images
   std::exception_ptr failure;
 };
 
@@ -118,6 +124,12 @@ DrawingReader::DrawingReader(SvgDrawing& drawing)
         auto& reader = *static_cast<DrawingReader*>(self);
         reader.Guard([&] { reader.OnEnd(); });
       });
+  XML_SetStartNamespaceDeclHandler(parser.get(), [](void* self, const XML_Char* prefix,
+                                                    const XML_Char* space) {
+    auto& reader = *static_cast<DrawingReader*>(self);
+    if (space != nullptr && space == kSvg)
+      reader.Guard([&] { reader.svgPrefixes.push_back(prefix ? std::string(prefix) + ':' : ""); });
+  });
   XML_SetProcessingInstructionHandler(
       parser.get(), [](void* self, const XML_Char* target, const XML_Char*) {
         if (std::strcmp(target, "xml-stylesheet") == 0)
@@ -147,9 +159,9 @@ void DrawingReader::Run() {
       throw std::bad_alloc();
     case XML_ERROR_UNKNOWN_ENCODING:
       throw StudioError(
-          "$$$/Studio/Drawing/Encoding=it has an encoding that is not supported; save it in UTF-8");
+          "$$$/Studio/Drawing/Encoding=its encoding is not supported; save it in UTF-8");
     case XML_ERROR_AMPLIFICATION_LIMIT_BREACH:
-      throw StudioError("$$$/Studio/Drawing/Amplification=its entities expand to far too much");
+      throw StudioError("$$$/Studio/Drawing/Amplification=its entities expand to too much text");
     default:
       throw StudioError("$$$/Studio/Drawing/NotXml=line %1 is not well-formed XML", line);
   }
@@ -166,6 +178,7 @@ void DrawingReader::OnStart(QualifiedName name, const XML_Char** attributes) {
     throw StudioError("$$$/Studio/Drawing/NotSvg=it is not an SVG document");
 
   Level level = isRoot ? Level() : levels.back();
+  level.isSwitch = isSvg && name.local == "switch";
   if (isRoot) level.toPage = QTransform::fromScale(kPointsPerPixel, kPointsPerPixel);
   const bool isImage = isSvg && name.local == "image";
   if (const std::string_view id = Value(attributes, "id"); !id.empty() || isImage) {
@@ -179,7 +192,7 @@ void DrawingReader::OnStart(QualifiedName name, const XML_Char** attributes) {
     if (const auto size = ParseLength(fontSize, {level.fontSize, level.fontSize}))
       level.fontSize = *size;
   } catch (const StudioError&) {
-    // A keyword such as "small" counts as not set; images with lengths in em are rare.
+    // Keywords such as "small" are ignored; images with lengths in em are rare.
   }
   try {
     level.toPage = ParseTransform(PropertyOf(attributes, "transform")) * level.toPage;
@@ -187,23 +200,24 @@ void DrawingReader::OnStart(QualifiedName name, const XML_Char** attributes) {
   } catch (const StudioError& error) {
     level.problem = error.what();
   }
-  levels.push_back(level);
   if (isImage && imageDepth == 0) AddImage(name, attributes, level);
+  levels.push_back(level);
+  svgPrefixes.clear();
 }
 
-/// Applies the size and viewBox of an `svg` element.
+/// Applies the size and `viewBox` of an `svg` element to its level.
 void DrawingReader::EnterViewport(Level& level, const XML_Char** attributes) {
   const bool isRoot = levels.empty();
   const auto viewBox = ParseViewBox(Value(attributes, "viewBox"));
-  const QSizeF around = !isRoot ? level.viewport : viewBox ? viewBox->size() : kUnsaidViewport;
-  auto width = ParseLength(PropertyOf(attributes, "width"), {around.width(), level.fontSize});
-  auto height = ParseLength(PropertyOf(attributes, "height"), {around.height(), level.fontSize});
+  const QSizeF outer = !isRoot ? level.viewport : viewBox ? viewBox->size() : kDefaultViewport;
+  auto width = ParseLength(PropertyOf(attributes, "width"), {outer.width(), level.fontSize});
+  auto height = ParseLength(PropertyOf(attributes, "height"), {outer.height(), level.fontSize});
   if (isRoot && viewBox) {
     const double ratio = viewBox->width() / viewBox->height();
     if (width && !height) height = *width / ratio;
     if (height && !width) width = *height * ratio;
   }
-  const QSizeF size(width.value_or(around.width()), height.value_or(around.height()));
+  const QSizeF size(width.value_or(outer.width()), height.value_or(outer.height()));
   level.viewport = viewBox ? viewBox->size() : size;
   if (!viewBox) return;
   const auto ratio = AspectRatio::Parse(Value(attributes, "preserveAspectRatio"));
@@ -214,19 +228,21 @@ void DrawingReader::EnterViewport(Level& level, const XML_Char** attributes) {
 }
 
 void DrawingReader::AddImage(QualifiedName name, const XML_Char** attributes, const Level& level) {
-  imageDepth = levels.size();
+  imageDepth = levels.size() + 1;
   ImageElement& image = drawing.images.emplace_back();
   image.start = qsizetype(XML_GetCurrentByteIndex(parser.get()));
   image.entry = level.entry;
   if (!name.prefix.empty()) image.prefix = std::string(name.prefix) + ':';
+  image.declaresPrefix = std::count(svgPrefixes.begin(), svgPrefixes.end(), image.prefix) > 0;
+  image.isInSwitch = levels.back().isSwitch;
   image.toPage = level.toPage;
   image.viewport = level.viewport;
   image.fontSize = level.fontSize;
   image.problem = level.problem;
-  // The position of an element that an entity holds is that of the reference, "&". Two bytes, for
-  // UTF-16.
+  // For an element inside an entity, expat reports the offset of the reference, which begins with
+  // "&". Two bytes hold the character in UTF-16 of either byte order.
   if (!drawing.bytes.mid(image.start, 2).contains('<'))
-    image.problem = ::Text("$$$/Studio/Drawing/InEntity=it stands in an entity of the document");
+    image.problem = ::Text("$$$/Studio/Drawing/InEntity=it is part of an entity of the document");
   for (; *attributes; attributes += 2) {
     const QualifiedName attribute{attributes[0]};
     const char* const prefix = attribute.space.empty()        ? ""
@@ -256,7 +272,7 @@ SvgDrawing SvgDrawing::Read(const QString& path) {
     const auto byte = [&](qsizetype at) {
       return at < drawing.bytes.size() ? uint8_t(drawing.bytes[at]) : 0;
     };
-    // UTF-16 begins with a byte order mark, or shows by the first "<" that it has none.
+    // UTF-16 begins with a byte order mark or with "<".
     drawing.isBigEndian = (byte(0) == 0xFE && byte(1) == 0xFF) || (byte(0) == 0 && byte(1) == '<');
     drawing.isUtf16 = drawing.isBigEndian || (byte(0) == 0xFF && byte(1) == 0xFE) ||
                       (byte(0) == '<' && byte(1) == 0);

@@ -14,7 +14,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-/// The reference of an image; `href` comes before its older name.
+/// The link of an image. `href` overrides `xlink:href`, its older name.
 std::string_view Reference(const ImageElement& image) {
   const std::string& href = image.Attribute("href");
   return href.empty() ? image.Attribute("xlink:href") : href;
@@ -26,7 +26,7 @@ bool StartsWith(std::string_view text, std::string_view lowerStart) {
                     [](char lower, char c) { return lower == std::tolower(uint8_t(c)); });
 }
 
-/// "http:" and the like: what stands before the first colon, if that can be a scheme's name.
+/// Whether the link starts with a URL scheme, as in "http:".
 bool HasScheme(std::string_view reference) {
   const size_t colon = reference.find(':');
   return colon != std::string_view::npos && colon > 0 &&
@@ -39,7 +39,7 @@ QByteArray Bytes(std::string_view text) {
   return QByteArray(text.data(), qsizetype(text.size()));
 }
 
-/// The content of a URL as RFC 2397 has it.
+/// The content of a `data:` URL, see RFC 2397.
 QByteArray DataOf(std::string_view url) {
   const size_t comma = std::min(url.find(','), url.size());
   const std::string_view head = url.substr(0, comma);
@@ -49,7 +49,7 @@ QByteArray DataOf(std::string_view url) {
   return isBase64 ? QByteArray::fromBase64(content) : content;
 }
 
-bool IsThere(const fs::path& path) {
+bool Exists(const fs::path& path) {
   std::error_code error;
   return exists(path, error);
 }
@@ -59,7 +59,7 @@ bool IsThere(const fs::path& path) {
 QString LinkedFile(const SvgDrawing& drawing, const ImageElement& image) {
   std::string_view reference = Reference(image);
   if (reference.empty() || reference.front() == '#')
-    throw StudioError("$$$/Studio/Drawing/NoPicture=the image %1 shows no picture", image.Name());
+    throw StudioError("$$$/Studio/Drawing/NoPicture=the image %1 has no picture", image.Name());
   if (StartsWith(reference, "data:")) return {};
   if (StartsWith(reference, "file:")) {
     reference.remove_prefix(5);
@@ -76,9 +76,9 @@ QString LinkedFile(const SvgDrawing& drawing, const ImageElement& image) {
   const QByteArray name =
       QByteArray::fromPercentEncoding(Bytes(reference.substr(0, reference.find('#'))));
   fs::path path = folder / name.toStdString();
-  // The application that made the document falls back on these two as well.
+  // Inkscape tries these two next: the link without decoding, and the absolute path that it saved.
   for (const std::string& other : {std::string(reference), image.Attribute("sodipodi:absref")}) {
-    if (!IsThere(path) && !other.empty() && IsThere(folder / other)) path = folder / other;
+    if (!Exists(path) && !other.empty() && Exists(folder / other)) path = folder / other;
   }
   return FileName(path.c_str());
 }

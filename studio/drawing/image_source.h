@@ -7,14 +7,13 @@
 class SvgDrawing;
 struct ImageElement;
 
-/// Reads the picture that an image element shows: from its `data:` URL, or from a file that it
-/// links to, by a path from the document's folder or a `file:` URL on this machine. Nothing is
-/// fetched from a network. Throws StudioError; a drawing is given up soon after `isStopped` says
-/// so.
+/// Reads the picture of an image element: from its `data:` URL, or from a local file, linked by a
+/// path relative to the document's folder or by a `file:` URL. Never accesses a network. Throws
+/// StudioError, also soon after `isStopped` returns true. Any thread may call it.
 Picture ReadImage(
     const SvgDrawing& drawing, const ImageElement& image,
     const std::function<bool()>& isStopped = [] { return false; });
 
-/// The file that an image links to; empty for an embedded one. Throws StudioError for links that
-/// are not files of this machine.
+/// The path of the file that an image links to; empty if the picture is embedded. Throws
+/// StudioError if the link is missing or is not a local file.
 QString LinkedFile(const SvgDrawing& drawing, const ImageElement& image);

@@ -9,15 +9,16 @@
 #include "studio/drawing/svg_drawing.h"
 #include "studio/mosaic/artwork.h"
 
-/// An image of a drawing with its picture, cut to what shows of it, at its size on the page.
+/// An image of a drawing together with its picture. Console and window make one for each image that
+/// becomes a mosaic.
 struct PlacedImage {
   std::shared_ptr<const SvgDrawing> drawing;
-  const ImageElement* image;  // the drawing's
+  const ImageElement* image;  // owned by `drawing`
   Placement placement;
-  ArtworkPtr artwork;  // its path is the image's name
+  ArtworkPtr artwork;  // the visible part of the picture at its size on the page; path: the name
 
-  /// `isSizeUnknown` when its size on the page is to be ignored. Throws StudioError; a picture that
-  /// is a drawing itself is given up soon after `isStopped` says so.
+  /// Reads the picture. With `isSizeUnknown` the artwork has no size. Throws StudioError, also soon
+  /// after `isStopped` returns true. Any thread may call it.
   static PlacedImage Read(
       std::shared_ptr<const SvgDrawing> drawing, const ImageElement& image, bool isSizeUnknown,
       const std::function<bool()>& isStopped = [] { return false; });

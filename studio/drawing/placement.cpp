@@ -8,7 +8,8 @@
 
 namespace {
 
-/// The rectangle that `x`, `y`, `width` and `height` say; a missing size follows the picture's.
+/// The rectangle of `x`, `y`, `width` and `height`. A missing width or height follows from the
+/// other one and the proportions of the picture; without both, a pixel is a user unit.
 QRectF ViewportOf(const ImageElement& image, QSizeF pixels) {
   const LengthBase across{image.viewport.width(), image.fontSize};
   const LengthBase down{image.viewport.height(), image.fontSize};
@@ -22,7 +23,7 @@ QRectF ViewportOf(const ImageElement& image, QSizeF pixels) {
           height.value_or(derivedHeight)};
 }
 
-/// The pixels of a picture shown in `fit` that lie in the viewport.
+/// The pixels inside the viewport, for a picture that is scaled to the rectangle `fit`.
 QRect VisiblePixels(const QRectF& fit, const QRectF& viewport, QSize pixels) {
   const QRectF part = fit & viewport;
   const auto across = [&](double x) {
@@ -36,9 +37,7 @@ QRect VisiblePixels(const QRectF& fit, const QRectF& viewport, QSize pixels) {
   return visible & QRect(QPoint(), pixels);
 }
 
-}  // namespace
-
-Placement Placement::Of(const ImageElement& image, QSize pixels) try {
+Placement PlacementIn(const ImageElement& image, QSize pixels) {
   if (!image.problem.isEmpty()) throw StudioError(image.problem);
   const QRectF viewport = ViewportOf(image, pixels);
   const QRectF fit =
@@ -55,7 +54,15 @@ Placement Placement::Of(const ImageElement& image, QSize pixels) try {
     throw StudioError("$$$/Studio/Drawing/NoArea=it covers no area of the page");
   }
   return placement;
-} catch (const StudioError& error) {
-  throw StudioError("$$$/Studio/Drawing/Unusable=the image %1 cannot be used: %2", image.Name(),
-                    QString(error.what()));
+}
+
+}  // namespace
+
+Placement Placement::Of(const ImageElement& image, QSize pixels) {
+  try {
+    return PlacementIn(image, pixels);
+  } catch (const StudioError& error) {
+    throw StudioError("$$$/Studio/Drawing/Unusable=the image %1 cannot be used: %2", image.Name(),
+                      QString(error.what()));
+  }
 }

@@ -6,13 +6,13 @@
 
 struct ImageElement;
 
-/// Where an image element shows its picture.
+/// The position of an image element's picture in its drawing.
 struct Placement {
-  QRectF box;     // that the picture covers, in the element's user units
-  QSizeF size;    // of the box on the page, in points, along its own sides
-  QRect visible;  // the pixels that show; those at the edge of a "slice" to the nearest pixel
+  QRectF box;     // the rectangle that the picture covers, in the element's user units
+  QSizeF size;    // the lengths of the box's sides on the page, in points
+  QRect visible;  // the visible pixels; "slice" cuts at the nearest pixel
 
-  /// For a picture of this size, upright, in pixels. Throws StudioError when the element's values
-  /// are not valid or leave nothing to see.
+  /// For a picture with this number of pixels after EXIF rotation. Throws StudioError if a value of
+  /// the element is not valid or no pixel is visible.
   static Placement Of(const ImageElement& image, QSize pixels);
 };

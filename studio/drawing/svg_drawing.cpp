@@ -15,7 +15,7 @@ const std::string& ImageElement::Attribute(const std::string& name) const {
 std::string ImageElement::Property(const std::string& name) const {
   const auto style = ParseStyle(Attribute("style"));
   const auto found = style.find(name);
-  return found == style.end() ? Attribute(name) : found->second;
+  return found == style.end() ? Attribute(name) : found->second.value;
 }
 
 QString ImageElement::Name() const {
@@ -36,6 +36,11 @@ const ImageElement& SvgDrawing::Image(const QString& id) const {
   if (image != images.end()) return *image;
   throw StudioError("$$$/Studio/Drawing/NotAnImage=the element %1 of %2 is not an image but \"%3\"",
                     id, path, QString::fromStdString(entries[found->second].name));
+}
+
+bool SvgDrawing::IsReferable(const ImageElement& image) const {
+  const auto found = byId.find(image.Attribute("id"));
+  return found != byId.end() && found->second == image.entry;
 }
 
 std::vector<const ImageElement*> SvgDrawing::ImagesIn(const QStringList& ids) const {

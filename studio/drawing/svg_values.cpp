@@ -47,11 +47,11 @@ std::string Lower(std::string_view text) {
 
 [[noreturn]] void Refuse(std::string_view text) {
   constexpr int kShown = 60;
-  throw StudioError("$$$/Studio/Drawing/BadValue=\"%1\" is not a value that it can have",
+  throw StudioError("$$$/Studio/Drawing/BadValue=\"%1\" is not a valid value",
                     QString::fromUtf8(text.data(), qsizetype(text.size())).left(kShown));
 }
 
-/// Reads a value from left to right.
+/// Reads the parts of a value from left to right.
 class Scanner {
  public:
   explicit Scanner(std::string_view text) : whole(text), rest(Trimmed(text)) {}
@@ -59,7 +59,7 @@ class Scanner {
   bool IsAtEnd() const { return rest.empty(); }
   void SkipSpace() { rest = Trimmed(rest); }
 
-  /// Whether the character was next.
+  /// Skips the next character if it is `c`, and returns whether it was.
   bool Skip(char c) {
     if (rest.empty() || rest.front() != c) return false;
     rest.remove_prefix(1);
@@ -90,7 +90,7 @@ class Scanner {
     return name;
   }
 
-  /// What lies before the next `c`, which is passed.
+  /// The text before the next `c`; continues after it.
   std::string_view Until(char c) {
     const size_t end = rest.find(c);
     if (end == std::string_view::npos) Refuse(whole);
@@ -104,7 +104,7 @@ class Scanner {
   std::string_view rest;
 };
 
-/// The numbers of a list, which white space or commas separate, in units of the first row.
+/// A list of numbers, separated by white space or commas, converted to the first unit.
 template <size_t kCount>
 std::vector<double> Numbers(std::string_view text, const Unit (&units)[kCount]) {
   Scanner scanner(text);
@@ -150,6 +150,20 @@ double Alignment(std::string_view name, std::string_view whole) {
   if (name == "Mid") return 0.5;
   if (name == "Max") return 1;
   Refuse(whole);
+}
+
+/// Adds a "name: value"; a text without a colon is ignored.
+void AddDeclaration(std::string_view text, std::map<std::string, Declaration>& declarations) {
+  const size_t colon = text.find(':');
+  if (colon == std::string_view::npos) return;
+  std::string_view value = text.substr(colon + 1);
+  const size_t mark = value.rfind('!');
+  const bool isImportant =
+      mark != std::string_view::npos && Lower(Trimmed(value.substr(mark + 1))) == "important";
+  if (isImportant) value = value.substr(0, mark);
+  Declaration& declaration = declarations[Lower(Trimmed(text.substr(0, colon)))];
+  if (isImportant || !declaration.isImportant)
+    declaration = {std::string(Trimmed(value)), isImportant};
 }
 
 }  // namespace
@@ -218,29 +232,39 @@ QRectF AspectRatio::Fit(QSizeF content, const QRectF& viewport) const {
           viewport.y() + (viewport.height() - size.height()) * alignY, size.width(), size.height()};
 }
 
-std::map<std::string, std::string> ParseStyle(std::string_view text) {
-  std::map<std::string, std::string> declarations;
-  char quote = 0;
-  int depth = 0;  // of parentheses, in which a data URL can have a semicolon
-  size_t start = 0;
-  for (size_t at = 0; at <= text.size(); ++at) {
-    const char c = at < text.size() ? text[at] : ';';
-    if (quote) {
+std::map<std::string, Declaration> ParseStyle(std::string_view text) {
+  std::map<std::string, Declaration> declarations;
+  std::string declaration;
+  char quote = 0;        // that the open string began with; 0 outside of strings
+  std::string unclosed;  // the closing parentheses that are missing
+  for (size_t at = 0; at < text.size(); ++at) {
+    const char c = text[at];
+    if (c == '\\') {
+      if (at + 1 < text.size()) declaration += text.substr(at, 2);
+      ++at;
+      continue;
+    }
+    if (quote != 0) {
       if (c == quote) quote = 0;
     } else if (c == '"' || c == '\'') {
       quote = c;
-    } else if (c == '(' || c == ')') {
-      depth += c == '(' ? 1 : -1;
+    } else if (c == '(') {
+      unclosed += ')';
+    } else if (c == ')' && !unclosed.empty()) {
+      unclosed.pop_back();
+    } else if (unclosed.empty() && c == ';') {
+      AddDeclaration(declaration, declarations);
+      declaration.clear();
+      continue;
+    } else if (unclosed.empty() && text.substr(at, 2) == "/*") {
+      const size_t end = text.find("*/", at + 2);
+      if (end == std::string_view::npos) break;
+      at = end + 1;
+      continue;
     }
-    const bool isEnd = at == text.size() || (c == ';' && !quote && depth <= 0);
-    if (!isEnd) continue;
-    const std::string_view declaration = text.substr(start, at - start);
-    start = at + 1;
-    const size_t colon = declaration.find(':');
-    if (colon == std::string_view::npos) continue;
-    const std::string_view value = declaration.substr(colon + 1);
-    declarations[Lower(Trimmed(declaration.substr(0, colon)))] =
-        Trimmed(value.substr(0, value.find("!important")));
+    declaration += c;
   }
+  if (quote != 0) declaration += quote;
+  AddDeclaration(declaration + unclosed, declarations);
   return declarations;
 }

@@ -14,7 +14,7 @@
 
 namespace {
 
-/// A picture of 60 by 40 pixels, "in.png", in documents that each test writes.
+/// Writes and reads documents that show "in.png", a picture of 60 by 40 pixels.
 class DrawingTest : public StudioFolder {
  protected:
   std::shared_ptr<const SvgDrawing> Read(const QByteArray& document) const {
@@ -63,110 +63,77 @@ TEST_F(DrawingTest, PlacesThePictureWhereTheDrawingShowsIt) {
   const QByteArray kMillimetres = "width='210mm' height='297mm' viewBox='0 0 210 297'";
   const double mm = 72 / 25.4;
   const struct {
-    QByteArray root;
-    const char* before;  // the image's element
-    const char* image;   // attributes
-    const char* after;
-    QRectF box;  // in user units
-    QSizeF size;
+    QByteArray root;     // attributes
+    QByteArray content;  // "@" is the image's name and link
+    QRectF box;          // in user units
+    QSizeF size;         // in points
   } kCases[] = {
-      {"", "", "width='60' height='40'", "", {0, 0, 60, 40}, {45, 30}},
+      {"", "<@ width='60' height='40'/>", {0, 0, 60, 40}, {45, 30}},
+      {"", "<@ x='1in' y='1pc' width='5.08cm' height='127.000q'/>", {102, 16, 180, 120}, {135, 90}},
+      {"", "<@ y='-3'/>", {0, -3, 60, 40}, {45, 30}},
+      {"", "<@ width='auto' height='20'/>", {0, 0, 30, 20}, {22.5, 15}},
       {"",
-       "",
-       "x='1in' y='1pc' width='5.08cm' height='127.000q'",
-       "",
-       {102, 16, 180, 120},
-       {135, 90}},
-      {"", "", "y='-3'", "", {0, -3, 60, 40}, {45, 30}},
-      {"", "", "width='auto' height='20'", "", {0, 0, 30, 20}, {22.5, 15}},
-      {"",
-       "<g font-size='20'>",
-       "width='3em' height='4ex' x='+1e1'",
-       "</g>",
+       "<g font-size='20'><@ width='3em' height='4ex' x='+1e1'/></g>",
        {10, 0, 60, 40},
        {45, 30}},
-      {kMillimetres,
-       "",
-       "x='10%' width='50%' height='70'",
-       "",
-       {21, 0, 105, 70},
-       {105 * mm, 70 * mm}},
-      // The picture is as large as fits, at the end that the alignment says, or fills the box.
+      {kMillimetres, "<@ x='10%' width='50%' height='70'/>", {21, 0, 105, 70}, {105 * mm, 70 * mm}},
+      // The aspect ratio.
       {"",
-       "",
-       "width='90' height='40' preserveAspectRatio='xMaxYMin meet'",
-       "",
+       "<@ width='90' height='40' preserveAspectRatio='xMaxYMin meet'/>",
        {30, 0, 60, 40},
        {45, 30}},
-      {"", "", "width='30' height='40'", "", {0, 10, 30, 20}, {22.5, 15}},
-      {"", "", "width='90' height='40' preserveAspectRatio='none'", "", {0, 0, 90, 40}, {67.5, 30}},
+      {"", "<@ width='30' height='40'/>", {0, 10, 30, 20}, {22.5, 15}},
+      {"", "<@ width='90' height='40' preserveAspectRatio='none'/>", {0, 0, 90, 40}, {67.5, 30}},
       {"",
-       "",
-       "width='30' height='40' preserveAspectRatio='xMaxYMid slice'",
-       "",
+       "<@ width='30' height='40' preserveAspectRatio='xMaxYMid slice'/>",
        {0, 0, 30, 40},
        {22.5, 30}},
-      // Every transform counts, whoever has it, and in CSS.
+      // Transforms of the image and of its ancestors, as attributes and in CSS.
       {"",
-       "",
-       "width='60' height='40' transform='rotate(30, 5 5) translate(7)scale(2,-3)'",
-       "",
+       "<@ width='60' height='40' transform='rotate(30, 5 5) translate(7)scale(2,-3)'/>",
        {0, 0, 60, 40},
        {90, 90}},
       {"",
-       "<g transform='matrix(0 2 -1 0 9 9)'>",
-       "width='60' height='40'",
-       "</g>",
+       "<g transform='matrix(0 2 -1 0 9 9)'><@ width='60' height='40'/></g>",
        {0, 0, 60, 40},
        {90, 30}},
       {"",
-       "<g transform='skewX(45)'>",
-       "width='60' height='40'",
-       "</g>",
+       "<g transform='skewX(45)'><@ width='60' height='40'/></g>",
        {0, 0, 60, 40},
        {45, 30 * std::sqrt(2)}},
       {"",
-       "<g style='fill:url(\"a;b\");transform: scale(2) rotate(.25turn)'>",
-       "width='60' height='40'",
-       "</g>",
+       "<g style='fill:url(\"a;b\");transform: scale(2) rotate(.25turn)'><@ width='60' "
+       "height='40'/></g>",
        {0, 0, 60, 40},
        {90, 60}},
       {"",
-       "",
-       "style='width:120px;height:80px' width='1' height='1'",
-       "",
+       "<@ style='width:120px !important;width:9px;/*height:1px;*/height:80px;/*' width='1' "
+       "height='1'/>",
        {0, 0, 120, 80},
        {90, 60}},
-      // Viewports within each other.
+      // Nested viewports.
       {kMillimetres,
-       "<svg x='9' width='50%' height='99' viewBox='0 0 10.5 1000'>",
-       "width='6' height='4' ",
-       "</svg>",
+       "<svg x='9' width='50%' height='99' viewBox='0 0 10.5 1000'><@ width='6' height='4'/></svg>",
        {0, 0, 6, 4},
        {0.594 * mm, 0.396 * mm}},
       {"viewBox='0 0 100 50' width='200'",
-       "<svg viewBox='0 0 1 1' preserveAspectRatio='none'>",
-       "width='1' height='1' preserveAspectRatio='none'",
-       "</svg>",
+       "<svg viewBox='0 0 1 1' preserveAspectRatio='none'><@ width='1' height='1' "
+       "preserveAspectRatio='none'/></svg>",
        {0, 0, 1, 1},
        {150, 75}},
       {"viewBox='0 0 100 50' width='200' height='200' preserveAspectRatio='xMinYMin slice'",
-       "",
-       "width='6' height='4'",
-       "",
+       "<@ width='6' height='4'/>",
        {0, 0, 6, 4},
        {18, 12}},
       {"viewBox='0 0 100 50' width='100%' style='stroke-width:3;height:auto'",
-       "",
-       "width='6' height='4'",
-       "",
+       "<@ width='6' height='4'/>",
        {0, 0, 6, 4},
        {4.5, 3}},
   };
-  for (const auto& [root, before, attributes, after, box, size] : kCases) {
-    SCOPED_TRACE(attributes + std::string(before) + root.toStdString());
-    const auto drawing = Read(
-        Document(root, before + QByteArray("<image href='in.png' ") + attributes + "/>" + after));
+  for (const auto& [root, content, box, size] : kCases) {
+    SCOPED_TRACE((root + content).toStdString());
+    const auto drawing =
+        Read(Document(root, QByteArray(content).replace("@", "image href='in.png'")));
     ASSERT_EQ(drawing->Images().size(), 1U);
     const PlacedImage placed = PlacedImage::Read(drawing, drawing->Images()[0], false);
     for (const auto& [is, should] : {std::pair(placed.placement.box.x(), box.x()),
@@ -234,16 +201,29 @@ TEST_F(DrawingTest, GivesTheGroupWhatTheImageHad) {
   const auto drawing = Read(Document(
       "",
       "<g id='a-mosaic' stroke='red'><image id='a' clip-path='url(#&quot;c&quot;)' opacity='.5' "
-      "transform='rotate(9)' style='mix-blend-mode:multiply' x='1.5' href='in.png'/></g>"
-      "<image href='in.png' id='a'/>"));
-  const QString result = WithMosaics(drawing, true);
-  const QString kGroup =
-      "<g id=\"a-mosaic-2\" transform=\"rotate(9)\" clip-path=\"url(#&#34;c&#34;)\" opacity=\".5\" "
-      "style=\"mix-blend-mode:multiply;fill-opacity:1;stroke:none;shape-rendering:crispEdges\">\n"
-      "<title>Mosaic of a</title>\n"
+      "transform='rotate(9)' x='1.5' href='in.png' style='fill-opacity:0 !important; stroke:red;"
+      "mix-blend-mode:multiply !important; filter:url(\"/*;'/></g><image href='in.png' id='a'/>"
+      "<s:image xmlns:s='http://www.w3.org/2000/svg' href='in.png'/>"));
+  const QString kRest =
+      " transform=\"rotate(9)\" clip-path=\"url(#&#34;c&#34;)\" opacity=\".5\" "
+      "style=\"fill-opacity:1;filter:url(&#34;/*;&#34;);mix-blend-mode:multiply !important;"
+      "shape-rendering:crispEdges;stroke:none\">\n<title>Mosaic of a</title>\n"
       "<rect x=\"1.5\" y=\"0\" width=\"30\" height=\"40\" fill=\"#000000\"/>\n";
-  EXPECT_TRUE(result.contains(kGroup)) << result.toStdString();
-  EXPECT_TRUE(result.contains("<g id=\"a-mosaic-3\" style"));
+  const QString replaced = WithMosaics(drawing, true);
+  EXPECT_TRUE(replaced.contains("<g id=\"a\"" + kRest)) << "clones show " << replaced.toStdString();
+  EXPECT_TRUE(replaced.contains("<g id=\"a-mosaic-2\" style")) << "the ID stays unique";
+  EXPECT_TRUE(
+      replaced.contains("<s:g xmlns:s=\"http://www.w3.org/2000/svg\" id=\"image-mosaic\" style"));
+  const QString kept = WithMosaics(drawing, false);
+  EXPECT_TRUE(kept.contains("<g id=\"a-mosaic-2\"" + kRest)) << kept.toStdString();
+  EXPECT_TRUE(kept.contains("<g id=\"a-mosaic-3\" style"));
+}
+
+TEST_F(DrawingTest, ReplacesAnImageInASwitchOnly) {
+  const auto drawing =
+      Read(Document("", "<switch><image id='a' systemLanguage='de' href='in.png'/><g/></switch>"));
+  EXPECT_TRUE(WithMosaics(drawing, true).contains("<g id=\"a\" systemLanguage=\"de\" style"));
+  EXPECT_THROW(WithMosaics(drawing, false), StudioError);
 }
 
 TEST_F(DrawingTest, IsExactToAThousandthOfAPointInAnyUnits) {
@@ -312,11 +292,11 @@ TEST_F(DrawingTest, SaysInOneLineWhatIsWrong) {
       {Document("", deep), "more than 1000 deep"},
       {laughs + "]>" + Document("", "&e29;" + kImage), "expand"},
       {"<!DOCTYPE svg [<!ENTITY i \"<image id='a' href='in.png'/>\">]>" + Document("", "&i;"),
-       "in an entity of the document"},
+       "part of an entity"},
       {Document("", "<use id='a' href='#b'/><image id='b'/>"), "not an image but \"use\""},
       {Document("", "<image id='b'/>"), "no element a"},
-      {Document("", "<image id='a'/>"), "shows no picture"},
-      {Document("", "<image id='a' href='#b'/>"), "shows no picture"},
+      {Document("", "<image id='a'/>"), "has no picture"},
+      {Document("", "<image id='a' href='#b'/>"), "has no picture"},
       {Document("", "<image id='a' href='gone.png'/>"), "gone.png"},
       {Document("", "<image id='a' href='.'/>"), "not a regular file"},
       {Document("", "<image id='a' href='/dev/zero'/>"), "not a regular file"},
@@ -328,12 +308,13 @@ TEST_F(DrawingTest, SaysInOneLineWhatIsWrong) {
        "a is not a supported picture"},
       {Document("", "<image id='a' href='in.png' width='0'/>"), "covers no area"},
       {Document("", "<image id='a' href='in.png' width='-1'/>"), "covers no area"},
-      {Document("", "<image id='a' href='in.png' width='9 9'/>"), "\"9 9\" is not a value"},
-      {Document("", "<image id='a' href='in.png' width='1e999'/>"), "is not a value"},
-      {Document("", "<image id='a' href='in.png' preserveAspectRatio='xMaxYmin'/>"), "not a value"},
-      {Document("", "<g transform='spin(3)'>" + kImage + "</g>"), "\"spin(3)\" is not a value"},
+      {Document("", "<image id='a' href='in.png' width='9 9'/>"), "\"9 9\" is not a valid value"},
+      {Document("", "<image id='a' href='in.png' width='1e999'/>"), "not a valid value"},
+      {Document("", "<image id='a' href='in.png' preserveAspectRatio='xMaxYmin'/>"),
+       "not a valid value"},
+      {Document("", "<g transform='spin(3)'>" + kImage + "</g>"), "\"spin(3)\" is not a valid"},
       {Document("", "<g transform='scale(0 1)'>" + kImage + "</g>"), "covers no area"},
-      {Document("viewBox='0 0 10'", kImage), "\"0 0 10\" is not a value"},
+      {Document("viewBox='0 0 10'", kImage), "\"0 0 10\" is not a valid"},
   };
   QElapsedTimer clock;
   clock.start();

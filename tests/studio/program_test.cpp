@@ -195,8 +195,8 @@ TEST_F(Program, MakesMosaicsOfImagesInADrawing) {
   EXPECT_EQ(result.status, 0) << result.errors.toStdString();
   const QByteArray drawn = Load("a.svg");
   EXPECT_EQ(drawn.count("<rect x="), 12);
-  EXPECT_TRUE(drawn.startsWith(kSvgStart + "<g id=\"a-mosaic\" transform=\"scale(2)\""));
-  EXPECT_TRUE(drawn.contains("</g>" + rect + "<g id=\"b-mosaic\"")) << "the images are gone";
+  EXPECT_TRUE(drawn.startsWith(kSvgStart + "<g id=\"a\" transform=\"scale(2)\""));
+  EXPECT_TRUE(drawn.contains("</g>" + rect + "<g id=\"b\"")) << "the images are gone";
   EXPECT_TRUE(drawn.endsWith("</g></svg>"));
   EXPECT_TRUE(drawn.contains("<rect x=\"16\" y=\"8\" width=\"8\" height=\"8\" fill"));
   const QJsonArray records = QJsonDocument::fromJson(Load("record")).array();
@@ -333,12 +333,12 @@ TEST_F(Program, SaysInOneLineWhatIsWrong) {
       {"in.png --gestures ok --export svg", ".svg, .png or .pdf"},
       {"in.png --language de --gestures ok --export a", "muss auf .svg, .png oder .pdf"},
       {"in.png --gestures ok --export a.svg --export none/a.svg", "no folder"},
-      {"in.png --gestures ok --export a.svg --export ./a.svg", "for something else"},
-      {"in.png --gestures ok --export in.png", "for something else"},
-      {"in.png --gestures ok --export folder/../link.png", "for something else"},
-      {"in.png --gestures ok --export IN.PNG", "for something else"},
+      {"in.png --gestures ok --export a.svg --export ./a.svg", "also an input"},
+      {"in.png --gestures ok --export in.png", "also an input"},
+      {"in.png --gestures ok --export folder/../link.png", "also an input"},
+      {"in.png --gestures ok --export IN.PNG", "also an input"},
       {"in.png --gestures ok --record pipe", "not a regular file"},
-      {"in.png --gestures ok --export a.svg --export folder/link.svg", "for something else"},
+      {"in.png --gestures ok --export a.svg --export folder/link.svg", "also an input"},
       {"in.png --image a --gestures ok --export a.svg", "in.png cannot be read: line 1"},
       {"linked.svg --image a --gestures ok --export a.svg", "no element a in linked.svg"},
       {"linked.svg --image a --gestures ok --export a.png", "the name must end in .svg"},
