@@ -36,8 +36,8 @@ void AddDialogChecks(const Add& add);
 void AddFaultChecks(const Add& add);
 void AddRandomChecks(const Add& add);
 
-/// Throws std::runtime_error when the module's file lacks a part that the loader would map:
-/// touching it raises SIGBUS.
+/// Throws std::runtime_error unless every PT_LOAD segment lies inside the module's file. dlopen
+/// does not check; a short file raises SIGBUS.
 void ExpectWholeModuleFile();
 
 /// For campaigns, from one case to the next that is played: 1 in the long form, `inShort` or, where

@@ -58,8 +58,8 @@ inline standin::ResourceFolders Resources() {
   return folders;
 }
 
-/// A module whose messages are watched: each comes in a record that ends where memory ends, and of
-/// which the module may change `globals` alone.
+/// A module whose messages are checked: each record ends at an inaccessible page, and the module
+/// may change only `globals`.
 class WatchedModule : public standin::Module {
  public:
   using standin::Module::Module;

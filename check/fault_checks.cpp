@@ -46,8 +46,8 @@ const Failure kFailures[] = {
 
 using enum Answer;
 
-/// What is answered when an operation is refused, and when it throws. The first row counts whose
-/// operation begins so.
+/// The expected answers if an operation refuses and if it throws. The first row whose operation is
+/// a prefix of the name applies.
 struct Contract {
   std::string_view operation;
   Answer whenRefused;

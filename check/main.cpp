@@ -210,7 +210,7 @@ int Run(int count, char** arguments) {
   }
   if (settings.module.empty()) throw Refusal("a module is needed; --help says more");
   ReceiveSignals();
-  // Holds what checks leave that are ended.
+  // For files of checks that are killed before they delete them.
   const testkit::TemporaryFolder folder;
   setenv("TMPDIR", folder.path.c_str(), 1);
   ExpectModule();

@@ -135,7 +135,7 @@ RadioButtonView::RadioButtonView(DialogRun& modalRun, UI_RadioButton& shown,
 }
 
 void RadioButtonView::Sync() {
-  // Code can select no button of a group, or two.
+  // Code can select none or several buttons of a group.
   const bool isSelected = radio.GetValue() == nrvui::controls::kRadioOn;
   group.setExclusive(false);
   widget.setChecked(isSelected);

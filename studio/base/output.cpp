@@ -151,7 +151,7 @@ void OutputSet::TakePlace(Output& output) {
     if (IsSomebodyElsesInStickyFolder(output.place, status))
       Refuse(output.device.objectName(), ReasonText(EPERM));
     output.former = FreeName(FolderOf(output.place));
-    // Not every disk can give a file a second name.
+    // Some file systems do not support hard links.
     if (link(output.place.c_str(), output.former.c_str()) != 0 &&
         rename(output.place.c_str(), output.former.c_str()) != 0) {
       Refuse(output.device.objectName(), ReasonText(errno));

@@ -57,7 +57,7 @@ std::string ValueText(std::integral auto value) {
   return std::to_string(value);
 }
 
-/// The shortest text that reads back as the same value; JSON has no word for what is no number.
+/// The shortest text that reads back as the same value. JSON cannot represent NaN and infinities.
 std::string ValueText(float value) {
   char text[64];
   return std::isfinite(value) ? std::string(text, std::to_chars(text, std::end(text), value).ptr)

@@ -76,7 +76,7 @@ qsizetype Columns(QStringView text) {
          std::count_if(text.begin(), text.end(), [&](QChar unit) { return unit >= kFirstWide; });
 }
 
-/// Broken into lines as long as a terminal's.
+/// The text wrapped at 80 columns.
 QString Paragraph(const QString& text) {
   constexpr qsizetype kLongestLine = 80;
   QTextBoundaryFinder finder(QTextBoundaryFinder::Line, text);

@@ -32,8 +32,8 @@ constexpr int kCancelled = 1;
 struct DialogUser {
   using Gestures = std::optional<nrvui::gestures::GestureScript>;
 
-  /// `report` is called with what the person would be told. Throws StudioError when there are no
-  /// gestures, a person is needed and there is no display.
+  /// `report` receives the messages of the script. Throws StudioError if a user must operate the
+  /// dialog and no display is available.
   DialogUser(const CommandLine& line, const Gestures& gestures,
              std::function<void(const std::string&)> report);
 

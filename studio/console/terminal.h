@@ -12,15 +12,15 @@ void SilenceLibraries();
 void Print(const QString& text);
 void PrintBytes(const QByteArray& bytes);
 
-/// Writes the program's name and what is wrong to the error output, as one line whatever the names
-/// in it hold.
+/// Writes the program's name and the message to the error output as one line; control characters
+/// in it are escaped.
 void PrintError(const QString& text);
 
 /// Writes a sentence for another program to show to the error output, as one line.
 void PrintSentence(const QString& text);
 
-/// Shows on the error output how far a long piece of work is. Stays silent in the first half second
-/// and when the error output is no terminal; the line is gone at the end.
+/// Shows the progress of a job in a line on the error output, if that is a terminal and the job
+/// takes longer than half a second. The destructor erases the line.
 class ProgressLine : boost::noncopyable {
  public:
   explicit ProgressLine(bool isWanted);

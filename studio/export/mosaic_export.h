@@ -12,9 +12,9 @@
 
 class QIODevice;
 
-/// Makes what writes a mosaic to the device, which must outlive it; `below` lies under the tiles,
-/// as large as the mosaic, and is null for nothing. `pixelsPerPoint` is for a picture, 0 for
-/// PngScale. Throws StudioError.
+/// Creates the sink that writes a mosaic to the device, which must outlive it. `below` is the
+/// picture under the tiles, as large as the mosaic, or null. `pixelsPerPoint` applies to PNG; 0
+/// means PngScale. Throws StudioError.
 using SinkMaker = std::unique_ptr<MosaicSink>(QIODevice& device, const MosaicGeometry& geometry,
                                               const QImage& below, double pixelsPerPoint);
 

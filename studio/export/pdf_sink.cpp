@@ -86,7 +86,7 @@ class PdfSink final : public MosaicSink {
 
 PdfSink::PdfSink(QIODevice& device, const MosaicGeometry& geometry, const QImage& below)
     : device(device), geometry(geometry), offsets(kFirstFree) {
-  // The bytes beyond ASCII tell transfer programs that this is no text.
+  // Bytes above 127 in the first lines mark the file as binary for transfer programs.
   Write("%PDF-1.4\n%\xE2\xE3\xCF\xD3\n");
   const std::string width = NumberText(geometry.size.width());
   const std::string height = NumberText(geometry.size.height());

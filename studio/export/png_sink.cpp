@@ -16,7 +16,7 @@ namespace {
 constexpr double kLongSide = 1600;  // in pixels, where the tiles ask for no more
 constexpr double kPixelsPerTile = 4;
 constexpr double kMostPixels = 64e6;       // unless the tiles need more
-constexpr double kMostPixelsEver = 256e6;  // beyond it there is no picture
+constexpr double kMostPixelsEver = 256e6;  // the export is refused above it
 constexpr double kMostSide = 32000;
 constexpr double kPointsPerMeter = 72 / 0.0254;
 
@@ -40,7 +40,7 @@ int PixelCount(double length, double scale) {
   return std::max(1, int(std::ceil(length * scale - kTolerance)));
 }
 
-/// Calls `use` with each pixel between two borders and the share of it that lies between them.
+/// Calls `use` with each pixel that overlaps [start, end) and the overlapping share, 0 to 1.
 template <typename Use>
 void ForEachPixel(double start, double end, int pixels, Use use) {
   const int last = std::min(pixels, int(std::ceil(end - kTolerance)));

@@ -39,10 +39,10 @@ class Picture {
   /// Both lengths are above 0.
   void SetSizeInPoints(QSizeF points) { sizeInPoints = points; }
 
-  /// Starts a pass over the rows, which must not outlive the picture. The process that reads a file
-  /// ends with the result. What `isStopped` refers to must outlive the result. Copies of a picture
-  /// that is not held must not call this on two threads at once. Throws StudioError when the file
-  /// cannot be read or has changed.
+  /// Starts a pass over the rows, which must not outlive the picture. Destroying the result ends
+  /// the process that reads the file. What `isStopped` refers to must outlive the result. Copies of
+  /// a picture that is not held must not call this on two threads at once. Throws StudioError when
+  /// the file cannot be read or has changed.
   PictureRows Rows(const IsStopped& isStopped) const;
 
   /// Reads all pixels into memory. Throws StudioError.

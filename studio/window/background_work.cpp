@@ -45,8 +45,8 @@ class WorkDialog final : public QProgressDialog {
     label->setTextFormat(Qt::PlainText);
     setLabel(label);
     setCancelButton(button);
-    // Qt makes one for each button that there was, and two of the same key answer to none. Without
-    // them Escape reaches reject(), as in any dialog.
+    // setCancelButton adds an Escape shortcut each time; two make Escape ambiguous. Without
+    // shortcuts Escape calls reject(), as in any dialog.
     qDeleteAll(findChildren<QShortcut*>());
     disconnect(this, SIGNAL(canceled()), this, SLOT(cancel()));  // which would hide it
     connect(this, &QProgressDialog::canceled, this, [this] {

@@ -75,7 +75,7 @@ void Canvas::ShowItem(bool isOther) {
   item = new ArtboardItem(*shown);
   item->SetComparing(isComparing);
   board.addItem(item);
-  // Room to move the page's edge to the middle.
+  // Margins that allow scrolling until an edge of the page is in the middle of the view.
   const QRectF page = item->Page();
   board.setSceneRect(
       page.adjusted(-page.width() / 2, -page.height() / 2, page.width() / 2, page.height() / 2));

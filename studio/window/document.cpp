@@ -12,7 +12,7 @@ namespace {
 constexpr size_t kMostSteps = 30;
 constexpr qint64 kMostBytes = qint64(1) << 30;
 
-/// Adds up the bytes of images, which artworks share.
+/// Sums the bytes of images; an image that several artworks share counts once.
 class ImageBytes {
  public:
   void Add(const QImage& image) {

@@ -13,7 +13,7 @@ class PictureWindow final : public QMainWindow {
   PictureWindow(const ArtworkPtr& artwork, const MosaicChoices& asked,
                 qtui::QtPresenter& presenter);
 
-  /// Shows the mosaic of other choices.
+  /// Previews the mosaic of these choices.
   void Follow(const MosaicChoices& choices) { preview.Follow(choices); }
 
  private:

@@ -8,8 +8,8 @@
 
 #include "studio/mosaic/artwork.h"
 
-/// An image at the sizes of halves, quarters and so on, each made when it is first wanted, so that
-/// drawing it small takes no longer than drawing it large.
+/// A mipmap: the image at half its size, a quarter and so on, each level computed on first use, so
+/// that drawing it small takes no longer than drawing it large.
 class ImageLevels {
  public:
   explicit ImageLevels(const QImage& full) : original(full) {}
