@@ -129,6 +129,7 @@ void VXUIBaseDialog<T>::BindButtons() {
     // Takes Cancel's place in the button order. Not registered, because it may reset instead.
     cancelButton = findButton("cancel_ResetButton");
   }
+  // Layouts list OK first; users see it last.
   if (okButton && cancelButton) SwapPlaces(*okButton, *cancelButton);
 }
 

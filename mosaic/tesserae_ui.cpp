@@ -54,6 +54,7 @@ ResultCode TesseraeUI::AddTesseraeSuite() {
     if (!suiteFunctions) return ResultCode::kParameter;
     suiteFunctions->RunMosaicDialog = &RunMosaicDialog;
     SuiteHandle suite = nullptr;
+    // If the host refuses, the block stays: the host may have kept the address of the table.
     return Suite<QPSuitesSuite>()->AddSuite(nullptr, pluginRef, MosaicSuite::kName,
                                             MosaicSuite::kVersion, kInternalVersion, suiteFunctions,
                                             &suite);

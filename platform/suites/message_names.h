@@ -62,6 +62,7 @@ constexpr MessageName kClipboardGo = {"VX Clipboard", "VX Go"};
 constexpr MessageName kClipboardCanCopy = {"VX Clipboard", "VX Can Copy"};
 constexpr MessageName kClipboardClone = {"VX Clipboard", "VX Clone"};
 constexpr MessageName kClipboardDispose = {"VX Clipboard", "VX Dispose"};
+// Hosts send this spelling.
 constexpr MessageName kWriteWorkspace = {"Workspace Manager", "Write Woskspace"};
 constexpr MessageName kRestoreWorkspace = {"Workspace Manager", "Restore Woskspace"};
 constexpr MessageName kDefaultWorkspace = {"Workspace Manager", "Default Woskspace"};
