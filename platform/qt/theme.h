@@ -15,8 +15,8 @@ const char* NameOf(Theme theme);
 /// Nothing for an unknown name.
 std::optional<Theme> ThemeNamed(const QString& name);
 
-/// Sets the colours of all windows, including open ones. kSystem uses the desktop's style and
-/// colours. Needs the QApplication.
+/// Sets the colours of all windows, including open ones, and one order of buttons for all dialogs.
+/// kSystem uses the desktop's style and colours. Needs the QApplication.
 void ApplyTheme(Theme theme);
 
 bool IsDark(const QPalette& palette);

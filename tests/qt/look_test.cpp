@@ -1,6 +1,8 @@
 #include <QAbstractSpinBox>
 #include <QApplication>
+#include <QDialogButtonBox>
 #include <QLabel>
+#include <QLayout>
 #include <QStyle>
 
 #include "platform/nrvcore/localizer.h"
@@ -166,6 +168,25 @@ TEST_F(Contrasts, AreEnoughToReadAllThemes) {
     });
   }
   qtui::ApplyTheme(qtui::Theme::kSystem);
+}
+
+class Themes : public MosaicWindowTest {};
+
+TEST_F(Themes, HaveNamesAndOneOrderOfButtonsInAllDialogs) {
+  EXPECT_FALSE(qtui::ThemeNamed("Dark"));
+  for (const char* name : {"dark", "light", "system"}) {
+    const auto theme = qtui::ThemeNamed(name);
+    ASSERT_TRUE(theme) << name;
+    EXPECT_STREQ(qtui::NameOf(*theme), name);
+    qtui::ApplyTheme(*theme);
+    QDialogButtonBox box(QDialogButtonBox::Ok | QDialogButtonBox::Cancel);
+    box.resize(box.sizeHint());
+    box.layout()->activate();
+    EXPECT_GT(box.button(QDialogButtonBox::Ok)->x(), box.button(QDialogButtonBox::Cancel)->x());
+    LookAt([](const OpenWindow& open) {
+      EXPECT_GT(open.Get("okButton").x(), open.Get("cancelButton").x());
+    });
+  }
 }
 
 INSTANTIATE_TEST_SUITE_P(Look, LookTest, testing::ValuesIn(kLooks),
