@@ -1,4 +1,3 @@
-#include <QApplication>
 #include <random>
 
 #include "tests/qt/test_window.h"
@@ -42,7 +41,7 @@ TEST_F(RandomEvents, LeaveAValidRecord) {
           const QPoint place(below(open.window.width()), below(open.window.height()));
           if (isClosing(open.window.childAt(place))) continue;
           QTest::mouseClick(open.window.windowHandle(), Qt::LeftButton, {}, place);
-        } else if (!isClosing(QApplication::focusWidget())) {
+        } else if (!isClosing(open.window.focusWidget())) {
           open.Key(kKeys[below(std::size(kKeys))],
                    Qt::KeyboardModifiers(kModifiers[below(std::size(kModifiers))]));
         } else {
