@@ -15,7 +15,7 @@ struct PlacedImage {
   std::shared_ptr<const SvgDrawing> drawing;
   const ImageElement* image;  // owned by `drawing`
   Placement placement;
-  ArtworkPtr artwork;  // the visible part of the picture at its size on the page; path: the name
+  ArtworkPtr artwork;  // the visible part of the picture; its path is the image's name
 
   /// Reads the picture. With `isSizeUnknown` the artwork has no size. Throws StudioError, also soon
   /// after `isStopped` returns true. Any thread may call it.
