@@ -192,6 +192,10 @@ TEST_F(Field, StepsByKeysWheelAndButtons) {
     expect("8628 pt");
     wheel("NewHeightTxt", 120, Qt::NoModifier);  // a field without the focus ignores it
     EXPECT_EQ(open.Text("NewHeightTxt"), "200 pt");
+    open.Click("NewHeightTxt");
+    EXPECT_EQ(open.Field("NewHeightTxt").selectedText(), "200 pt") << "by the click that enters it";
+    open.Click("NewHeightTxt");
+    EXPECT_EQ(open.Field("NewHeightTxt").selectedText(), "") << "the second click sets the cursor";
 
     const QRect field = open.Get("HorizontalCountTxt").rect();
     QTest::mouseClick(&open.Get("HorizontalCountTxt"), Qt::LeftButton, Qt::NoModifier,
