@@ -1,6 +1,7 @@
 #include <QAbstractSpinBox>
 #include <QApplication>
 #include <QDialogButtonBox>
+#include <QGroupBox>
 #include <QLabel>
 #include <QLayout>
 #include <QStyle>
@@ -117,6 +118,9 @@ TEST_P(LookTest, ClipsAndCoversNothing) {
               1);
     EXPECT_EQ(open.Get("NewWidthTxt").width(), open.Get("TileSpaceVertTxt").width());
     EXPECT_EQ(open.Get("okButton").size(), open.Get("cancelButton").size());
+    const auto groups = open.window.findChildren<QGroupBox*>();
+    for (const QGroupBox* group : groups)
+      EXPECT_NEAR(group->width(), groups[0]->width(), 1) << group->title().toStdString();
     EXPECT_TRUE(open.Get<QPushButton>("okButton").isDefault());
 
     // A message fits in the reserved lines, or the window grows.
