@@ -5,7 +5,7 @@
 #include <QPainter>
 #include <QPainterPath>
 #include <QProxyStyle>
-#include <QStyleOptionButton>
+#include <QStyleOption>
 #include <algorithm>
 #include <iterator>
 
@@ -21,7 +21,7 @@ constexpr const char* kSystemStyle = "systemStyle";  // the property with the or
 
 struct Colors {
   QRgb window, text, base, alternateBase, button, highlight, faint, disabled, link, toolTip;
-  QRgb menu, separator;
+  QRgb menu;
 };
 
 constexpr Colors kLightColors = {
@@ -36,7 +36,6 @@ constexpr Colors kLightColors = {
     .link = 0xFF1F5FC4,
     .toolTip = 0xFFFFFFE6,
     .menu = 0xFFFFFFFF,
-    .separator = 0xFFA7A7A8,
 };
 constexpr Colors kDarkColors = {
     .window = 0xFF353538,
@@ -50,7 +49,6 @@ constexpr Colors kDarkColors = {
     .link = 0xFF7FB0FF,
     .toolTip = 0xFF4A4A50,
     .menu = 0xFF3E3E43,
-    .separator = 0xFF6E6E76,
 };
 
 QPalette PaletteOf(const Colors& colors) {
@@ -78,18 +76,18 @@ QPalette PaletteOf(const Colors& colors) {
   return palette;
 }
 
-/// Menus have colours of their own, because Fusion's separators are invisible in a dark theme, and
-/// a dark menu over a dark canvas has no visible edge.
+/// Menus have a background of their own, because a dark menu over the dark canvas has no visible
+/// edge.
 QPalette MenuPaletteOf(const Colors& colors) {
   QPalette palette = PaletteOf(colors);
   palette.setColor(QPalette::Base, QColor(colors.menu));
-  palette.setColor(QPalette::Dark, QColor(colors.separator));
   return palette;
 }
 
 /// Gives the boxes of Qt the looks of "Create Tesserae": first Cancel, then OK, both without icons.
 /// The default button has the colour of selections. Disabled text has no shadow, which makes it
-/// look bold in a dark theme.
+/// look bold in a dark theme, and separators of dark menus are lighter than the menu instead of
+/// darker.
 class UniformStyle final : public QProxyStyle {
  public:
   using QProxyStyle::QProxyStyle;
@@ -103,6 +101,14 @@ class UniformStyle final : public QProxyStyle {
 
   void drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,
                    const QWidget* widget) const override {
+    const auto* const item = qstyleoption_cast<const QStyleOptionMenuItem*>(option);
+    if (item != nullptr && item->menuItemType == QStyleOptionMenuItem::Separator &&
+        item->text.isEmpty() && IsDark(item->palette)) {
+      constexpr int kGap = 5;
+      const QRect line(item->rect.left() + kGap, item->rect.center().y(),
+                       item->rect.width() - 2 * kGap, 1);
+      return painter->fillRect(line, item->palette.color(QPalette::Disabled, QPalette::Text));
+    }
     const auto* const button = qstyleoption_cast<const QStyleOptionButton*>(option);
     const bool isDefault = element == CE_PushButton && button != nullptr &&
                            button->features.testFlag(QStyleOptionButton::DefaultButton) &&
