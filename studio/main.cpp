@@ -5,6 +5,7 @@
 #include <QLocale>
 #include <QScopeGuard>
 #include <QSocketNotifier>
+#include <QTimer>
 #include <QTranslator>
 #include <algorithm>
 #include <csignal>
@@ -17,6 +18,7 @@
 #include "studio/base/file_name.h"
 #include "studio/base/interruption.h"
 #include "studio/base/studio_error.h"
+#include "studio/caller/kept_choices.h"
 #include "studio/console/command_line.h"
 #include "studio/console/console_run.h"
 #include "studio/console/inkscape_run.h"
@@ -89,12 +91,16 @@ int RunWindow(const CommandLine& line) {
   qtui::QtPresenter presenter;
   StudioWindow window(line.state, presenter);
   window.SetSizeUnknown(line.isSizeUnknown);
+  std::optional<DialogEntries> preset;
+  if (!line.preset.isEmpty()) preset = ChoicesFile(line.state).Load().Preset(line.preset);
   window.show();
+  bool isOpen = false;
   if (!line.images.isEmpty()) {
-    window.OpenImage(line.picture, line.images.front());
+    isOpen = window.OpenImage(line.picture, line.images.front());
   } else if (!line.picture.isEmpty()) {
-    window.OpenPicture(line.picture);
+    isOpen = window.OpenPicture(line.picture);
   }
+  if (isOpen && preset) QTimer::singleShot(0, &window, [&] { window.Create(*preset); });
   const int status = interruption.IsRequested() ? kStopped : QApplication::exec();
   ExitOnSignals(status);
   window.CloseModule();
@@ -123,8 +129,9 @@ int RunStudio(const CommandLine& line) {
   SpeakLanguage(line.language);
   qtui::ApplyTheme(qtui::ThemeNamed(line.theme).value_or(settings::ChosenTheme()));
   if (line.isFromInkscape) return RunForInkscape(line, WindowScreenshot);
-  if (line.WantsWindow() && HasDisplay()) return RunWindow(line);
-  if (line.WantsWindow() && line.picture.isEmpty())
+  const bool wantsStudio = line.ShownWindows() == CommandLine::Windows::kStudio;
+  if (wantsStudio && HasDisplay()) return RunWindow(line);
+  if (wantsStudio && line.picture.isEmpty())
     throw StudioError("$$$/Studio/Line/NoDisplay=no display is available; see --help");
   return ConsoleRun(line, WindowScreenshot).Run();
 }
@@ -184,7 +191,7 @@ int main(int argc, char** argv) try {
     Print("tesserae-studio " TESSERAE_VERSION "\n");
     return 0;
   }
-  ChoosePlatform(line.ShowsWindows());
+  ChoosePlatform(line.ShownWindows() != CommandLine::Windows::kNone);
   PassOverAbsurdScales();
   int onlyName = 1;  // the options are ours; Qt would take "-platform" for one of its own
   const QApplication application(onlyName, argv);

@@ -1,14 +1,6 @@
 #include "studio/base/file_name.h"
 
-#include <fcntl.h>
-#include <sys/stat.h>
-#include <unistd.h>
-
-#include <QFile>
 #include <boost/locale/utf.hpp>
-#include <cerrno>
-
-#include "studio/base/studio_error.h"
 
 namespace {
 
@@ -69,20 +61,4 @@ QString OnOneLine(const QString& text) {
     }
   }
   return line;
-}
-
-QByteArray ReadFile(const QString& name, qint64 mostBytes) {
-  // A pipe without a writer would hold up the call that opens it.
-  const int descriptor = open(SystemPath(name).c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC);
-  if (descriptor < 0) throw StudioError(ReasonText(errno));
-  QFile file(name);
-  file.open(descriptor, QIODevice::ReadOnly, QFileDevice::AutoCloseHandle);
-  struct stat status {};
-  if (fstat(descriptor, &status) == 0 && !S_ISREG(status.st_mode))
-    throw StudioError("$$$/nrvcore/File/NotRegular=it is not a regular file");
-  if (status.st_size > mostBytes)
-    throw StudioError("$$$/nrvcore/File/TooLarge=the file is too large");
-  QByteArray bytes = file.readAll();
-  if (file.error() != QFileDevice::NoError) throw StudioError(ReasonText(errno));
-  return bytes;
 }

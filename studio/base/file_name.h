@@ -14,7 +14,3 @@ std::filesystem::path SystemPath(const QString& name);
 /// A text on one line: control characters and bytes outside UTF-8 become visible escapes such as
 /// \n, \t or \x1B.
 QString OnOneLine(const QString& text);
-
-/// The contents of a regular file. Throws StudioError with the reason alone when the file is not
-/// regular, holds more than `mostBytes`, or cannot be read.
-QByteArray ReadFile(const QString& name, qint64 mostBytes);

@@ -1,17 +1,16 @@
 #include "studio/caller/dialog_choices.h"
 
-#include <QLocale>
-#include <QStringList>
 #include <algorithm>
+#include <cmath>
+#include <map>
+#include <string>
 
-#include "platform/nrvui/gesture.h"
 #include "platform/nrvui/ui_controls.h"
 #include "platform/nrvui/ui_edits.h"
 #include "platform/nrvui/ui_node.h"
 #include "studio/base/studio_error.h"
 
 using nrvui::controls::UI_Checkbox;
-using nrvui::controls::UI_ControlView;
 using nrvui::controls::UI_NumberEdit;
 using nrvui::controls::UI_RadioButton;
 using nrvui::controls::UI_UnitNumberEdit;
@@ -19,8 +18,20 @@ using nrvui::ui::UI_Node;
 
 namespace {
 
+constexpr int kFirstTilesAcross = 100;
+constexpr int kMostTilesEntered = 8640;  // that the dialog lets a user enter
+
 constexpr const char* kTilesAcross = "HorizontalCountTxt";
 constexpr const char* kTilesDown = "VerticalCountTxt";
+
+MosaicChoices FirstChoices() {
+  MosaicChoices choices;
+  choices.params.tilesAcross = kFirstTilesAcross;
+  choices.params.isColor = 1;
+  choices.params.deleteRaster = 1;
+  choices.params.keepHorizontal = 1;
+  return choices;
+}
 
 /// The controls of a dialog by their IDs, with the number that is being typed into one.
 class Controls {
@@ -82,6 +93,21 @@ int32_t Whole(float number, bool& cuts) {
 
 }  // namespace
 
+MosaicChoices ChoicesFor(const Artwork& artwork, const std::optional<MosaicChoices>& last,
+                         const std::optional<MosaicChoices>& former) {
+  const QSizeF size = artwork.picture.SizeInPoints();
+  MosaicChoices choices = former ? *former : last ? *last : FirstChoices();
+  MosaicParameters& params = choices.params;
+  if (!former) {
+    const double down = params.tilesAcross * size.height() / size.width();
+    params.tilesDown = int(std::lround(std::clamp(down, 1.0, double(kMostTilesEntered))));
+  }
+  params.sizeUnavailable = !artwork.isSizeKnown;
+  params.boundsRight = artwork.isSizeKnown ? int(std::lround(size.width())) : 0;
+  params.boundsBottom = artwork.isSizeKnown ? int(std::lround(size.height())) : 0;
+  return choices;
+}
+
 Forecast ForecastFor(const nrvui::ui::UI_Dialog& dialog, const MosaicChoices& asked,
                      const std::optional<qtui::PendingEntry>& pending) {
   const Controls controls(dialog, pending);
@@ -111,50 +137,4 @@ Forecast ForecastFor(const nrvui::ui::UI_Dialog& dialog, const MosaicChoices& as
   params.tilesDown = params.tilesDownCopy = Whole(controls.Number(kTilesDown), forecast.cutsTiles);
   params.reserved28 = params.reserved32 = params.reserved60 = params.reserved64 = 0;
   return forecast;
-}
-
-DialogEntries EntriesIn(const nrvui::ui::UI_Dialog& dialog) {
-  DialogEntries entries;
-  const auto note = [&](const UI_Node& node, double value) {
-    entries.emplace(node.UI_GetNodeID().View(), value);
-  };
-  ForEachBelow<UI_Checkbox>(dialog, [&](UI_Checkbox& box) { note(box, box.IsChecked()); });
-  ForEachBelow<UI_RadioButton>(dialog, [&](UI_RadioButton& radio) {
-    note(radio, radio.GetValue() == nrvui::controls::kRadioOn);
-  });
-  ForEachBelow<UI_NumberEdit>(dialog,
-                              [&](UI_NumberEdit& field) { note(field, field.GetNumber()); });
-  return entries;
-}
-
-void FocusFirst(nrvui::ui::UI_Dialog& dialog, const std::string& id) {
-  nrvui::ui::ForEachBelow<UI_Node>(dialog, [&](UI_Node& node) {
-    if (node.UI_GetNodeID().View() == id) dialog.SetInitialFocus(&node);
-  });
-}
-
-QString EnterAgain(nrvui::ui::UI_Dialog& dialog, const DialogEntries& entries) {
-  QStringList changes;
-  const auto note = [&](const nrvui::gestures::Outcome& outcome) {
-    if (const auto text = Describe(outcome); !text.IsEmpty()) changes += FromToolkit(text);
-  };
-  const DialogEntries first = EntriesIn(dialog);
-  ForEachBelow<UI_ControlView>(dialog, [&](UI_ControlView& control) {
-    const std::string id(control.UI_GetNodeID().View());
-    const auto wanted = entries.find(id);
-    const bool isField = dynamic_cast<UI_NumberEdit*>(&control) != nullptr;
-    if (wanted == entries.end() || isField || first.at(id) == wanted->second) return;
-    // A radio button goes off when another one of its group is clicked.
-    if (dynamic_cast<UI_RadioButton*>(&control) && wanted->second == 0) return;
-    note(nrvui::gestures::Click(dialog, control));
-  });
-  const QChar sign(nrvcore::config::Localizer::Get().GetDecimalSign());
-  ForEachBelow<UI_NumberEdit>(dialog, [&](UI_NumberEdit& field) {
-    const auto wanted = entries.find(std::string(field.UI_GetNodeID().View()));
-    if (wanted == entries.end() || field.GetNumber() == wanted->second) return;
-    QString text = QString::number(wanted->second, 'g', QLocale::FloatingPointShortest);
-    text.replace('.', sign);
-    note(nrvui::gestures::Enter(dialog, field, ToToolkit(text)));
-  });
-  return changes.join(' ');
 }

@@ -1,12 +1,19 @@
 #pragma once
 
-#include <QString>
-#include <map>
 #include <optional>
-#include <string>
 
+#include "platform/nrvui/ui_dialog.h"
 #include "platform/qt/dialog_listener.h"
+#include "studio/mosaic/artwork.h"
 #include "studio/mosaic/mosaic_choices.h"
+
+/// The choices that a dialog "Create Tesserae" starts with, and those that it would return.
+
+/// The record and state for the dialog over this picture. `former` are the choices that were made
+/// for the same picture before. Without them, flags and tiles across are those of `last`, or else
+/// colour and a hundred across, and the tiles are as square as they can be.
+MosaicChoices ChoicesFor(const Artwork& artwork, const std::optional<MosaicChoices>& last,
+                         const std::optional<MosaicChoices>& former = {});
 
 /// What OK would return for an open dialog.
 struct Forecast {
@@ -16,22 +23,8 @@ struct Forecast {
   bool cutsSpaces = false;
 };
 
-/// What OK would return now for the open dialog "Create Tesserae", read from its controls;
-/// `pending` counts as if it were entered. `asked` is what the dialog was asked with; its flags are
-/// 0 or 1. Throws StudioError when a control is absent or of another class.
+/// Reads the forecast from the controls of an open dialog; `pending` counts as if it were entered.
+/// `asked` are the choices that the dialog started with; its flags are 0 or 1. Throws StudioError
+/// when a control is absent or of another class.
 Forecast ForecastFor(const nrvui::ui::UI_Dialog& dialog, const MosaicChoices& asked,
                      const std::optional<qtui::PendingEntry>& pending = {});
-
-/// What a dialog's controls hold, by their IDs: numbers of fields, 1 for what is checked or
-/// selected and 0 for what is not.
-using DialogEntries = std::map<std::string, double>;
-
-DialogEntries EntriesIn(const nrvui::ui::UI_Dialog& dialog);
-
-/// Gives the control of this ID the focus when the dialog opens.
-void FocusFirst(nrvui::ui::UI_Dialog& dialog, const std::string& id);
-
-/// Does to a dialog that was just opened what a person would who wants these entries: clicks first,
-/// since they change what fields hold, then types the numbers that differ. Answers, in sentences,
-/// what did not become as it was; empty when all did.
-QString EnterAgain(nrvui::ui::UI_Dialog& dialog, const DialogEntries& entries);

@@ -12,11 +12,13 @@ namespace {
   throw StudioError(key, QString::fromStdString(reason));
 }
 
-std::unique_ptr<standin::Module> Load(standin::Host& host) try {
-  return std::make_unique<standin::Module>(
-      host, standin::ResourceFolders::OfProgram().plugin / TESSERAE_MODULE_FILE);
-} catch (const standin::LoadError& error) {
-  Fail("$$$/Studio/Module/NotLoaded=the module cannot be loaded: %1", error.what());
+std::unique_ptr<standin::Module> Load(standin::Host& host) {
+  try {
+    return std::make_unique<standin::Module>(
+        host, standin::ResourceFolders::OfProgram().plugin / TESSERAE_MODULE_FILE);
+  } catch (const standin::LoadError& error) {
+    Fail("$$$/Studio/Module/NotLoaded=the module cannot be loaded: %1", error.what());
+  }
 }
 
 }  // namespace
@@ -64,7 +66,8 @@ void MosaicCaller::EndCall(ResultCode code, const char* key) {
   for (const std::string& alert : std::exchange(alerts, {})) screen.ShowAlert(alert);
 }
 
-/// What the host found wrong during the call and alerted of says more than the code.
+/// The host's findings and alerts during the call, which are more specific than the code; without
+/// any, the code.
 std::string MosaicCaller::Reason(ResultCode code) const {
   std::vector<std::string> reasons = alerts;
   if (!host.ResourceProblems().empty()) {

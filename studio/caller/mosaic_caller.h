@@ -10,21 +10,24 @@
 #include "platform/standin/module.h"
 #include "platform/standin/user_interface.h"
 
-/// A caller of the module's dialog: brings up a host, loads the module into it, and asks.
+/// Starts a host, loads the module into it and calls the module's dialog. Owned by the window or
+/// the console run, which use it on the user-interface thread; owns host and module.
 class MosaicCaller : private standin::UserInterface {
  public:
-  /// Loads the module that belongs to this program and starts it. What the host shows goes to
-  /// `userInterface`, which must outlive the caller; but what it alerts of during a call that fails
-  /// is the reason in the StudioError that this and the operations below throw.
+  /// Loads the module that is installed with this program and starts it. `userInterface` must
+  /// outlive the caller; it shows the host's alerts and about boxes. If a call fails, it and the
+  /// operations below throw StudioError, and the alerts of that call become the error's reason.
   explicit MosaicCaller(standin::UserInterface& userInterface);
 
-  /// Shows the dialog over both. Answers whether OK ended it; otherwise they stay as they were.
+  /// Shows the dialog modally over a record and state. Returns whether OK ended it; otherwise both
+  /// stay unchanged.
   bool Ask(MosaicParameters& params, MosaicDialogState& state);
 
-  /// Asks the module to show its about box.
+  /// Has the module show its about box.
   void ShowAbout();
 
-  /// Shuts the module down. Throws also when the module holds anything after it.
+  /// Shuts the module down and unloads it. Also throws when the module has not released everything
+  /// that it acquired from the host. Call it before the destructor, which does not report.
   void Close();
 
  private:
@@ -34,7 +37,7 @@ class MosaicCaller : private standin::UserInterface {
   }
 
   void BeginCall();
-  /// Ends a call of the module or host; `key` is the error's text when it failed.
+  /// Throws with the text of `key` when the call failed; otherwise shows its alerts.
   void EndCall(ResultCode code, const char* key);
   std::string Reason(ResultCode code) const;
 

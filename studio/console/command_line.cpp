@@ -21,6 +21,7 @@ struct Option {
 constexpr const char* kFile = "$$$/Studio/Help/File=FILE";
 constexpr const char* kCode = "$$$/Studio/Help/Code=CODE";
 constexpr const char* kId = "$$$/Studio/Help/Id=ID";
+constexpr const char* kName = "$$$/Studio/Help/Name=NAME";
 constexpr const char* kTheme = "$$$/Studio/Help/Theme=THEME";
 
 constexpr Option kOptions[] = {
@@ -33,6 +34,11 @@ constexpr Option kOptions[] = {
      nullptr, nullptr, &CommandLine::exports},
     {"record", kFile, "$$$/Studio/Help/Record=Writes what the dialog gave back, as JSON.", nullptr,
      &CommandLine::record},
+    {"preset", kName,
+     "$$$/Studio/Help/Preset=Enters the values of this preset in the dialog. On the console it "
+     "also "
+     "confirms the dialog, unless there are gestures.",
+     nullptr, &CommandLine::preset},
     {"image", kId,
      "$$$/Studio/Help/Image=Makes the mosaic of the image with this ID in an SVG drawing, and "
      "exports the drawing with it; may be given more than once.",
@@ -164,6 +170,8 @@ CommandLine CommandLine::Parse(const QStringList& arguments) {
   if (!line.theme.isEmpty() && !qtui::ThemeNamed(line.theme)) {
     throw StudioError("$$$/Studio/Line/Theme=--theme is light, dark or system, not %1", line.theme);
   }
+  if (!line.preset.isEmpty() && line.picture.isEmpty())
+    throw StudioError("$$$/Studio/Line/WhichPicture=which picture? See --help");
   if (!line.images.isEmpty() && line.picture.isEmpty())
     throw StudioError("$$$/Studio/Line/WhichDrawing=which drawing? See --help");
   if (line.images.removeDuplicates() > 0)
@@ -171,20 +179,13 @@ CommandLine CommandLine::Parse(const QStringList& arguments) {
   return line;
 }
 
-bool CommandLine::WantsWindow() const {
-  return gestures.isEmpty() && exports.isEmpty() && record.isEmpty() && Screenshots().isEmpty();
-}
-
-bool CommandLine::WantsScreenshotsOnly() const {
-  return gestures.isEmpty() && exports.isEmpty() && record.isEmpty() && !Screenshots().isEmpty();
-}
-
-bool CommandLine::IsForPerson() const {
-  return gestures.isEmpty() && !WantsScreenshotsOnly();
-}
-
-bool CommandLine::ShowsWindows() const {
-  return gestures.isEmpty() || !Screenshots().isEmpty();
+CommandLine::Windows CommandLine::ShownWindows() const {
+  const bool hasScreenshots = !Screenshots().isEmpty();
+  const bool hasOutputs = !exports.isEmpty() || !record.isEmpty();
+  if (gestures.isEmpty() && !hasOutputs)
+    return hasScreenshots ? Windows::kForScreenshots : Windows::kStudio;
+  if (gestures.isEmpty() && preset.isEmpty()) return Windows::kDialogs;
+  return hasScreenshots ? Windows::kScripted : Windows::kNone;
 }
 
 QStringList CommandLine::Screenshots() const {

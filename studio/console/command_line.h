@@ -3,7 +3,7 @@
 #include <QString>
 #include <QStringList>
 
-/// What the user asked for on the command line. A text that was not given is empty.
+/// What the user asked for on the command line, made in main. A text that was not given is empty.
 struct CommandLine {
   bool showHelp = false;
   bool showVersion = false;
@@ -11,6 +11,7 @@ struct CommandLine {
   bool isSizeUnknown = false;
   QString picture;
   QString gestures;
+  QString preset;
   QStringList exports;
   QStringList images;  // of the drawing that `picture` names, by their IDs; empty for a picture
   bool isFromInkscape = false;
@@ -22,24 +23,25 @@ struct CommandLine {
   QString dialogScreenshot;
   QString windowScreenshot;
 
-  /// Whether the user wants to work in the window, rather than have something done.
-  bool WantsWindow() const;
-  /// Whether nothing is wanted but screenshots of what opens.
-  bool WantsScreenshotsOnly() const;
-  /// Whether a person answers the dialogs that open.
-  bool IsForPerson() const;
-  /// Whether a dialog or window opens, if only for a screenshot.
-  bool ShowsWindows() const;
+  enum class Windows {
+    kStudio,          // the studio's window, for the user to work in
+    kDialogs,         // dialogs, which the user answers
+    kScripted,        // dialogs, which gestures or a preset answer
+    kForScreenshots,  // what the screenshots are to show; the dialog is cancelled
+    kNone,            // gestures or a preset answer dialogs that do not show
+  };
+  /// Which windows the run shows where there is a display.
+  Windows ShownWindows() const;
 
-  /// The program's arguments, its name first. With "--inkscape=true" among them they are those that
+  /// Parses the program's arguments, its name first. With "--inkscape=true" they are those that
   /// Inkscape passes to an extension: "--id=ID" for each selected object, the extension's
-  /// parameters, of which "--gestures=FILE" counts, and the document. Throws StudioError for what
-  /// cannot be understood.
+  /// parameters, of which "--gestures=FILE" is used, and the document. Throws StudioError for an
+  /// unknown option, a missing value or options that exclude each other.
   static CommandLine Parse(const QStringList& arguments);
 
-  /// The screenshots that are wanted.
+  /// The files of the screenshots that the user asked for.
   QStringList Screenshots() const;
 
-  /// Needs a QCoreApplication, for the program's name.
+  /// The text of --help. Needs a QCoreApplication, for the program's name.
   static QString HelpText();
 };

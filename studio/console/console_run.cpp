@@ -11,9 +11,9 @@
 #include "studio/base/file_name.h"
 #include "studio/base/output.h"
 #include "studio/base/studio_error.h"
-#include "studio/caller/dialog_choices.h"
+#include "studio/caller/choices_json.h"
+#include "studio/caller/dialog_summary.h"
 #include "studio/caller/mosaic_caller.h"
-#include "studio/caller/outlook.h"
 #include "studio/console/terminal.h"
 #include "studio/drawing/image_source.h"
 #include "studio/export/mosaic_export.h"
@@ -24,59 +24,58 @@
 
 namespace {
 
+using Windows = CommandLine::Windows;
+
 constexpr int kDone = 0;
 constexpr int kCancelled = 1;
 
-/// Answers the dialogs that open while this lives, as the command line has it: plays a gesture
-/// file, with a window or without, or shows a window to a person, or only for its screenshot.
-struct DialogUser {
-  using Gestures = std::optional<nrvui::gestures::GestureScript>;
+using Report = std::function<void(const std::string&)>;
 
-  /// `report` receives the messages of the script. Throws StudioError if a user must operate the
-  /// dialog and no display is available.
-  DialogUser(const CommandLine& line, const Gestures& gestures,
-             std::function<void(const std::string&)> report);
+/// Plays a script on dialogs that do not show.
+class HiddenScript final : public nrvui::ui::DialogPresenter {
+ public:
+  /// Each dialog starts with the entries, which become those that it ends with.
+  HiddenScript(const nrvui::gestures::GestureScript& gestures, DialogEntries& keptEntries,
+               const Report& reportFunction)
+      : script(gestures, reportFunction), entries(keptEntries), report(reportFunction) {}
 
-  std::optional<nrvui::gestures::ScriptedPresenter> script;  // either this one
-  std::optional<qtui::QtPresenter> windows;                  // or this one is installed
-  std::optional<nrvui::ui::InstalledPresenter> installed;
+  void Present(nrvui::ui::UI_Dialog& dialog) override {
+    const QString changes = EnterAgain(dialog, entries);
+    if (!changes.isEmpty()) report(changes.toStdString());
+    script.Present(dialog);
+    entries = EntriesIn(dialog);
+  }
+  const std::optional<nrvcore::FileError>& Error() const { return script.Error(); }
+
+ private:
+  nrvui::gestures::ScriptedPresenter script;
+  DialogEntries& entries;
+  const Report report;
 };
 
-DialogUser::DialogUser(const CommandLine& line, const Gestures& gestures,
-                       std::function<void(const std::string&)> report) {
-  if (!line.ShowsWindows()) {
-    installed.emplace(script.emplace(*gestures, std::move(report)));
-    return;
-  }
-  if (!gestures && !line.WantsScreenshotsOnly() && !HasDisplay()) {
-    throw StudioError(
-        "$$$/Studio/Line/NeedsGestures=without a display the dialog needs --gestures FILE");
-  }
-  installed.emplace(windows.emplace());
-  if (!line.dialogScreenshot.isEmpty()) windows->TakeScreenshots();
-  if (gestures) {
-    windows->PlayScript(*gestures, std::move(report));
-  } else if (line.WantsScreenshotsOnly()) {
-    windows->PlayScript(nrvui::gestures::GestureScript());
-  }
-}
-
-/// Restores and keeps the dialog's entries, and has window and summary follow them.
+/// Restores and keeps the entries of dialogs that show, and has window and summary follow them.
 class AskListener final : public qtui::DialogListener {
  public:
-  /// `pictureWindow` may be null.
+  /// `pictureWindow` may be null; `report` may be empty.
   AskListener(const Picture& shown, const MosaicChoices& askedChoices, PictureWindow* pictureWindow,
-              DialogEntries& keptEntries)
-      : picture(shown), asked(askedChoices), window(pictureWindow), entries(keptEntries) {}
+              DialogEntries& keptEntries, Report reportFunction)
+      : picture(shown),
+        asked(askedChoices),
+        window(pictureWindow),
+        entries(keptEntries),
+        report(std::move(reportFunction)) {}
 
-  void DialogOpening(nrvui::ui::UI_Dialog& dialog) override { EnterAgain(dialog, entries); }
+  void DialogOpening(nrvui::ui::UI_Dialog& dialog) override {
+    const QString changes = EnterAgain(dialog, entries);
+    if (report && !changes.isEmpty()) report(changes.toStdString());
+  }
   std::optional<qtui::Summary> DialogChanged(
       const nrvui::ui::UI_Dialog& dialog,
       const std::optional<qtui::PendingEntry>& pending) override {
     entries = EntriesIn(dialog);
     const Forecast forecast = ForecastFor(dialog, asked, pending);
     if (window != nullptr) window->Follow(forecast.choices);
-    return OutlookFor(picture, forecast);
+    return SummaryFor(picture, forecast);
   }
 
  private:
@@ -84,7 +83,15 @@ class AskListener final : public qtui::DialogListener {
   const MosaicChoices& asked;
   PictureWindow* window;
   DialogEntries& entries;
+  const Report report;
 };
+
+/// A preset replaces the user where the studio's window cannot show.
+CommandLine::Windows ShownWindows(const CommandLine& line) {
+  const CommandLine::Windows windows = line.ShownWindows();
+  const bool isAnswered = !line.preset.isEmpty() && !HasDisplay();
+  return windows == Windows::kStudio && isAnswered ? Windows::kNone : windows;
+}
 
 }  // namespace
 
@@ -95,19 +102,20 @@ bool HasDisplay() {
 ConsoleRun::ConsoleRun(CommandLine commandLine, WindowCamera windowCamera)
     : line(std::move(commandLine)),
       windowCamera(std::move(windowCamera)),
-      lastChoices(line.state) {}
+      windows(ShownWindows(line)),
+      choicesFile(line.state) {}
 
 int ConsoleRun::Run() {
   const bool isEmptyWindow = line.picture.isEmpty() && line.dialogScreenshot.isEmpty();
-  if (line.WantsScreenshotsOnly() && isEmptyWindow) return TakeScreenshots();
+  if (windows == Windows::kForScreenshots && isEmptyWindow) return TakeScreenshots();
   if (line.picture.isEmpty())
     throw StudioError("$$$/Studio/Line/WhichPicture=which picture? See --help");
   for (const QString& path : line.exports) CheckExport(path);
+  LoadChoices();
   Open();
-  if (line.WantsScreenshotsOnly()) return TakeScreenshots();
+  if (windows == Windows::kForScreenshots) return TakeScreenshots();
 
-  if (!line.gestures.isEmpty())
-    gestures = nrvui::gestures::GestureScript::ReadFile(SystemPath(line.gestures));
+  ReadGestures();
   OpenOutputs();
   QByteArrayList records;
   for (const ArtworkPtr& next : artworks) {
@@ -117,8 +125,8 @@ int ConsoleRun::Run() {
       Tell(Text("$$$/Studio/Line/Cancelled=The dialog was cancelled."));
       return kCancelled;
     }
-    last = choices;
-    records << ToJson(choices, Fields::kAll);
+    kept.AddMosaic(choices, entries);
+    records << RecordJson(choices);
     Tell(records.last().trimmed());
     if (!Build(choices)) break;
   }
@@ -135,6 +143,26 @@ int ConsoleRun::Run() {
   ExitOnSignals(kDone);
   TellOfFiles();
   return kDone;
+}
+
+void ConsoleRun::LoadChoices() {
+  try {
+    kept = choicesFile.Load();
+  } catch (const StudioError& error) {
+    if (choicesFile.IsNamed() || !line.preset.isEmpty()) throw;
+    canKeepChoices = false;
+    Warn(Text("$$$/Studio/Line/NothingKept=%1; the file is left unchanged", QString(error.what())));
+  }
+  if (!line.preset.isEmpty()) preset = kept.Preset(line.preset);
+}
+
+void ConsoleRun::ReadGestures() {
+  using nrvui::gestures::GestureScript;
+  if (!line.gestures.isEmpty()) {
+    gestures = GestureScript::ReadFile(SystemPath(line.gestures));
+  } else if (!line.preset.isEmpty()) {
+    gestures = GestureScript::Parse("key Return", line.preset.toStdString());
+  }
 }
 
 void ConsoleRun::CheckExport(const QString& path) const {
@@ -172,6 +200,8 @@ int ConsoleRun::TakeScreenshots() {
   interruption.emplace();
   OpenScreenshots();
   MosaicChoices choices;
+  entries = preset;
+  gestures.emplace();  // none: the dialog is cancelled
   if (dialogScreenshotDevice) Ask(choices);
   SaveScreenshots();
   if (interruption->IsRequested()) return kCancelled;
@@ -201,45 +231,74 @@ QIODevice* ConsoleRun::OpenOutput(const QString& name) {
 }
 
 bool ConsoleRun::AskUntilUsable(MosaicChoices& choices) {
-  entries.clear();
+  entries = preset;
   while (Ask(choices)) {
     try {
       MosaicGeometry::From(choices, artwork->picture.SizeInPoints());
       return true;
     } catch (const ChoiceError&) {
-      if (!line.IsForPerson()) return true;  // the build reports it
+      if (gestures) return true;  // the build reports it
     }
   }
   return false;
 }
 
 bool ConsoleRun::Ask(MosaicChoices& choices) {
-  const auto warn = [this](const StudioError& error) { Warn(error.what()); };
-  choices = ChoicesFor(*artwork, last ? last : lastChoices.Load(warn));
-  DialogUser user(line, gestures,
-                  [this](const std::string& text) { Warn(QString::fromStdString(text)); });
-  std::optional<PictureWindow> window;
-  std::optional<AskListener> listener;
-  if (user.windows) {
-    if (drawing && line.IsForPerson()) window.emplace(artwork, choices, *user.windows);
-    listener.emplace(artwork->picture, choices, window ? &*window : nullptr, entries);
-    user.windows->AddListener(*listener);
+  if (!gestures && !HasDisplay()) {
+    throw StudioError(
+        "$$$/Studio/Line/NeedsGestures=without a display the dialog needs --gestures FILE or "
+        "--preset NAME");
   }
+  choices = ChoicesFor(*artwork, kept.last);
   const QSocketNotifier notifier(interruption->Descriptor(), QSocketNotifier::Read);
   QObject::connect(&notifier, &QSocketNotifier::activated, [] { QCoreApplication::exit(); });
+  return windows == Windows::kNone ? AskUnseen(choices) : AskInWindows(choices);
+}
+
+bool ConsoleRun::AskUnseen(MosaicChoices& choices) {
+  HiddenScript script(*gestures, entries, Reporter());
+  const nrvui::ui::InstalledPresenter installed(script);
+  return CallDialog(choices, script);
+}
+
+bool ConsoleRun::AskInWindows(MosaicChoices& choices) {
+  qtui::QtPresenter presenter;
+  std::optional<PictureWindow> window;
+  if (drawing && windows == Windows::kDialogs) window.emplace(artwork, choices, presenter);
+  const Report report = windows == Windows::kScripted ? Reporter() : Report();
+  AskListener listener(artwork->picture, choices, window ? &*window : nullptr, entries, report);
+  presenter.AddListener(listener);
+  if (gestures) presenter.PlayScript(*gestures, report);
+  if (dialogScreenshotDevice) presenter.TakeScreenshots();
+  const nrvui::ui::InstalledPresenter installed(presenter);
+  const bool isOk = CallDialog(choices, presenter);
+  if (dialogScreenshotDevice) dialogScreenshot = presenter.Screenshot();
+  return isOk;
+}
+
+/// Returns whether OK ended the dialog. Throws StudioError for a gesture that could not be played.
+template <typename Presenter>
+bool ConsoleRun::CallDialog(MosaicChoices& choices, const Presenter& presenter) {
   standin::RecordingUserInterface screen;
   MosaicCaller caller(screen);
   const bool isOk = caller.Ask(choices.params, choices.state);
   caller.Close();
   if (interruption->IsRequested()) return false;
-  const auto& problem = user.windows ? user.windows->Error() : user.script->Error();
-  if (problem) throw StudioError(QString(problem->what()));
-  if (dialogScreenshotDevice) dialogScreenshot = user.windows->Screenshot();
+  if (const auto& problem = presenter.Error()) throw StudioError(QString(problem->what()));
   return isOk;
 }
 
-/// Pixels are held only where the picture shows in the result; otherwise they pass through.
-bool ConsoleRun::Build(const MosaicChoices& choices) try {
+bool ConsoleRun::Build(const MosaicChoices& choices) {
+  try {
+    return RunJob(choices);
+  } catch (const StudioError&) {
+    if (interruption->IsRequested()) return false;
+    throw;
+  }
+}
+
+/// Holds pixels only where the picture shows in the result; otherwise they pass through.
+bool ConsoleRun::RunJob(const MosaicChoices& choices) {
   if (MosaicJob(artwork->picture, choices).ShowsPicture() && artwork->picture.Pixels().isNull()) {
     Picture picture = artwork->picture;
     MakeShowable(picture, [this] { return interruption->IsRequested(); });
@@ -251,8 +310,9 @@ bool ConsoleRun::Build(const MosaicChoices& choices) try {
     const ExportKind& kind = ExportKindOf(line.exports[int(i)]);
     job.Add(kind.makeSink(*exportDevices[i], geometry, job.Below(), 0));
   }
+  const bool isShown = drawing || windowScreenshotDevice;
   Mosaic mosaic;
-  if (drawing || windowScreenshotDevice) job.Add(mosaic);
+  if (isShown) job.Add(mosaic);
   ProgressLine progress(!line.isQuiet);
   const bool isComplete = job.Run([&](int rowsDone) {
     progress.Show(rowsDone, geometry.tilesDown);
@@ -262,16 +322,13 @@ bool ConsoleRun::Build(const MosaicChoices& choices) try {
   Tell(Text("$$$/Studio/Line/Built=Built %1 tiles, %2 across and %3 down.",
             QString::number(qint64(geometry.tilesAcross) * geometry.tilesDown),
             QString::number(geometry.tilesAcross), QString::number(geometry.tilesDown)));
-  if (!drawing && !windowScreenshotDevice) return true;
+  if (!isShown) return true;
   artwork = WithMosaic(*artwork, std::move(mosaic));
   if (drawing) {
     const auto& [from, image, placement, before] = placed[mosaics.size()];
     mosaics.push_back({image, placement, artwork->mosaic});
   }
   return true;
-} catch (const StudioError&) {
-  if (interruption->IsRequested()) return false;
-  throw;
 }
 
 /// Returns whether it ran to its end.
@@ -290,14 +347,14 @@ void ConsoleRun::SaveScreenshots() {
     WriteAll(*windowScreenshotDevice, EncodePicture(windowCamera(artwork), "png"));
 }
 
-/// Choices in a named place are one of the run's files; failing to keep those in the user's
-/// settings must not cost a finished mosaic.
+/// A file that the user named is one of the run's outputs. Otherwise a failure to keep the choices
+/// is only a warning, because the mosaic is finished.
 void ConsoleRun::KeepChoices() {
-  if (stateDevice) WriteAll(*stateDevice, ToJson(*last, Fields::kChoices));
+  if (stateDevice) WriteAll(*stateDevice, ToJson(kept));
   outputs.Commit();
-  if (stateDevice) return;
+  if (stateDevice || !canKeepChoices) return;
   try {
-    lastChoices.Save(*last);
+    choicesFile.Change([this](KeptChoices& stored) { stored.AddMosaic(*kept.last, entries); });
   } catch (const StudioError& error) {
     Warn(
         Text("$$$/Studio/Line/ChoicesNotKept=the choices are not kept: %1", QString(error.what())));
@@ -308,13 +365,19 @@ void ConsoleRun::Tell(const QString& text) const {
   if (!line.isQuiet) Print(text + '\n');
 }
 
-/// The files are in their places by now, so a failure to print this is a warning only.
-void ConsoleRun::TellOfFiles() const try {
+/// A failure to print is only a warning, because the files are complete.
+void ConsoleRun::TellOfFiles() const {
   QStringList paths = line.exports + line.Screenshots();
   if (!line.record.isEmpty()) paths << line.record;
-  for (const QString& path : paths) Tell(OnOneLine(Text("$$$/Studio/Line/Wrote=Wrote %1", path)));
-} catch (const StudioError& error) {
-  Warn(error.what());
+  try {
+    for (const QString& path : paths) Tell(OnOneLine(Text("$$$/Studio/Line/Wrote=Wrote %1", path)));
+  } catch (const StudioError& error) {
+    Warn(error.what());
+  }
+}
+
+std::function<void(const std::string&)> ConsoleRun::Reporter() const {
+  return [this](const std::string& text) { Warn(QString::fromStdString(text)); };
 }
 
 void ConsoleRun::Warn(const QString& text) const {

@@ -6,6 +6,7 @@
 #include <string_view>
 #include <utility>
 
+#include "platform/nrvcore/file.h"
 #include "studio/base/file_name.h"
 #include "studio/base/studio_error.h"
 #include "studio/drawing/svg_drawing.h"
@@ -266,7 +267,8 @@ void DrawingReader::OnEnd() {
 SvgDrawing SvgDrawing::Read(const QString& path) {
   SvgDrawing drawing(path);
   try {
-    drawing.bytes = ReadFile(path, kLargestDocument);
+    drawing.bytes = QByteArray::fromStdString(
+        nrvcore::ReadFile(SystemPath(path), nrvcore::FileKind::kRegular, kLargestDocument));
     if (drawing.bytes.startsWith("\x1f\x8b"))
       throw StudioError("$$$/Studio/Drawing/Packed=it is compressed; save it as plain SVG");
     const auto byte = [&](qsizetype at) {
@@ -277,6 +279,8 @@ SvgDrawing SvgDrawing::Read(const QString& path) {
     drawing.isUtf16 = drawing.isBigEndian || (byte(0) == 0xFF && byte(1) == 0xFE) ||
                       (byte(0) == '<' && byte(1) == 0);
     DrawingReader(drawing).Run();
+  } catch (const nrvcore::FileError& error) {
+    Refuse(path, FileName(error.Reason()));
   } catch (const StudioError& error) {
     Refuse(path, error.what());
   }

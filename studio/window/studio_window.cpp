@@ -19,7 +19,7 @@
 
 #include "platform/qt/announcement.h"
 #include "studio/base/studio_error.h"
-#include "studio/caller/outlook.h"
+#include "studio/caller/dialog_summary.h"
 #include "studio/export/mosaic_export.h"
 #include "studio/window/background_work.h"
 #include "studio/window/captions.h"
@@ -79,7 +79,7 @@ class EntryKeeper final : public qtui::DialogListener {
     const Forecast forecast = ForecastFor(dialog, asked, pending);
     if (preview != nullptr) preview->Follow(forecast.choices);
     if (!notice.isEmpty() && entries == opened && !pending) return qtui::Summary{notice, true};
-    return OutlookFor(picture, forecast);
+    return SummaryFor(picture, forecast);
   }
 
   DialogEntries entries;
@@ -96,7 +96,7 @@ class EntryKeeper final : public qtui::DialogListener {
 }  // namespace
 
 StudioWindow::StudioWindow(const QString& statePath, qtui::QtPresenter& presenter)
-    : lastChoices(statePath),
+    : choicesFile(statePath),
       boxes(*this),
       presenter(presenter),
       actions(*this),
@@ -152,6 +152,7 @@ void StudioWindow::Connect() {
   on(actions.fit, [this] { canvas->Fit(); });
   on(actions.about, [this] { ShowAbout(); });
   connect(actions.recent, &QMenu::aboutToShow, this, [this] { FillRecentMenu(); });
+  presetMenu.emplace(*this, *actions.presets, choicesFile);
   auto& compare = *findChild<QToolBar*>()->widgetForAction(actions.compare);
   comparison.emplace(static_cast<QAbstractButton&>(compare), kCompareKey,
                      [this](bool isHeld) { canvas->SetComparing(isHeld); });
@@ -284,13 +285,15 @@ const StudioWindow::Confirmed* StudioWindow::ConfirmedForShown() const {
   return found == confirmed.end() ? nullptr : &found->second;
 }
 
+std::optional<DialogEntries> StudioWindow::EntriesOfMosaic() const {
+  const Confirmed* const made = ConfirmedForShown();
+  if (!made) return std::nullopt;
+  return EntriesForOtherPictures(made->entries, made->choices);
+}
+
 void StudioWindow::Create(const DialogEntries& entries) {
   Do(Text("$$$/Studio/Error/Create=The mosaic cannot be made."), [&] {
-    const auto last = lastChoices.Load([this](const StudioError&) {
-      Tell(
-          Text("$$$/Studio/Status/ChoicesUnreadable=Your last choices cannot be read. The dialog "
-               "starts afresh."));
-    });
+    const auto last = LastChoices();
     const ArtworkPtr shown = Shown();
     const Confirmed* const former = ConfirmedForShown();
     std::optional<Built> built = AskUntilBuilt(
@@ -303,13 +306,31 @@ void StudioWindow::Create(const DialogEntries& entries) {
     Tell(Text("$$$/Studio/Status/Built=Built %1 tiles in %2 s.",
               QString::number(qint64(params.tilesAcross) * params.tilesDown),
               NumberForUser(std::round(built->seconds * 10) / 10)));
-    try {
-      lastChoices.Save(built->choices);
-    } catch (const StudioError&) {  // no reason to lose a finished mosaic
-      Tell(Text("$$$/Studio/Status/ChoicesNotKept=Your choices cannot be kept for the next time."));
-    }
+    KeepChoices(*ConfirmedForShown());
     return true;
   });
+}
+
+std::optional<MosaicChoices> StudioWindow::LastChoices() {
+  if (lastChoices) return lastChoices;
+  try {
+    return choicesFile.Load().last;
+  } catch (const StudioError&) {
+    if (choicesFile.IsNamed()) throw;
+    Tell(
+        Text("$$$/Studio/Status/ChoicesUnreadable=Your last choices cannot be read. The dialog "
+             "starts afresh."));
+    return std::nullopt;
+  }
+}
+
+void StudioWindow::KeepChoices(const Confirmed& made) {
+  lastChoices = made.choices;
+  try {
+    choicesFile.Change([&](KeptChoices& kept) { kept.AddMosaic(made.choices, made.entries); });
+  } catch (const StudioError&) {  // the mosaic is finished all the same
+    Tell(Text("$$$/Studio/Status/ChoicesNotKept=Your choices cannot be kept for the next time."));
+  }
 }
 
 std::optional<StudioWindow::Built> StudioWindow::AskUntilBuilt(const MosaicChoices& asked,

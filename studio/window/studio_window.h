@@ -9,7 +9,7 @@
 
 #include "platform/qt/qt_presenter.h"
 #include "studio/caller/dialog_choices.h"
-#include "studio/caller/last_choices.h"
+#include "studio/caller/kept_choices.h"
 #include "studio/caller/mosaic_caller.h"
 #include "studio/drawing/placed_image.h"
 #include "studio/mosaic/artwork.h"
@@ -18,13 +18,14 @@
 #include "studio/window/hold_to_compare.h"
 #include "studio/window/live_preview.h"
 #include "studio/window/message_boxes.h"
+#include "studio/window/preset_menu.h"
 #include "studio/window/start_page.h"
 #include "studio/window/window_actions.h"
 
 /// The application's window: a picture on an artboard, and what can be made of it.
 class StudioWindow final : public QMainWindow {
  public:
-  /// The last choices are kept where the user said, or in the user's settings when that is empty.
+  /// Choices are kept in the file `statePath`; if empty, in the user's configuration folder.
   /// The dialog shows through the presenter, which must outlive the window.
   StudioWindow(const QString& statePath, qtui::QtPresenter& presenter);
 
@@ -39,6 +40,18 @@ class StudioWindow final : public QMainWindow {
   /// Shows it without a way back to what was there before.
   void Show(const ArtworkPtr& artwork);
   ArtworkPtr Shown() const { return document.Shown(); }
+
+  /// Opens the dialog with these entries, and again after a building that was stopped or failed,
+  /// until a mosaic was built or the user cancelled.
+  void Create(const DialogEntries& entries);
+
+  /// The last mosaic's entries of the shown picture, for other pictures; nothing when it has none.
+  std::optional<DialogEntries> EntriesOfMosaic() const;
+
+  /// Does what the studio can do only one at a time, and shows `failure` with the reason when
+  /// `work` throws. Returns the result of `work`; false when it throws or something else is being
+  /// done.
+  bool Do(const QString& failure, const std::function<bool()>& work);
 
   /// Lets the module go. Throws StudioError when it kept something.
   void CloseModule();
@@ -86,17 +99,15 @@ class StudioWindow final : public QMainWindow {
   bool PlaceImage(const std::shared_ptr<const SvgDrawing>& drawing, const ImageElement& image);
   void PlacePicture(const QString& path, Picture picture);
   const Confirmed* ConfirmedForShown() const;
-  /// Begins with these entries.
-  void Create(const DialogEntries& entries);
+  /// Those of this window's last mosaic, or else of the file.
+  std::optional<MosaicChoices> LastChoices();
+  void KeepChoices(const Confirmed& made);
   /// Shows the dialog, again after a building that was stopped or failed, until a mosaic was built
   /// or the person cancelled; nothing in the latter case.
   std::optional<Built> AskUntilBuilt(const MosaicChoices& asked, DialogEntries entries);
   /// Shows the dialog beside the artwork, or where the user moved it; `reopensAt` counts before
   /// both. Returns whether OK closed it.
   bool Ask(MosaicChoices& choices, const std::optional<QPoint>& reopensAt);
-  /// Does what the studio can do only one at a time; tells what goes wrong. Answers whether it was
-  /// done.
-  bool Do(const QString& failure, const std::function<bool()>& work);
 
   /// Goes from one artwork to another.
   /// Each returns whether the document did.
@@ -108,7 +119,8 @@ class StudioWindow final : public QMainWindow {
   /// False, for what was cancelled was not done.
   bool TellOfCancel();
 
-  LastChoices lastChoices;
+  const ChoicesFile choicesFile;
+  std::optional<MosaicChoices> lastChoices;  // of this window
   MessageBoxes boxes;
   qtui::QtPresenter& presenter;
   std::unique_ptr<MosaicCaller> caller;  // null until it could be made
@@ -118,6 +130,7 @@ class StudioWindow final : public QMainWindow {
   StartPage* startPage;
   Canvas* canvas;
   std::optional<HoldToCompare> comparison;
+  std::optional<PresetMenu> presetMenu;
   QLabel* const summary;
   /// What OK confirmed last for a picture, by its path and whether its size was known.
   std::map<std::pair<QString, bool>, Confirmed> confirmed;

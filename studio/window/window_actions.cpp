@@ -125,6 +125,9 @@ void FillMenus(QMainWindow& window, WindowActions& actions) {
 
   QMenu* const object = bar.addMenu(Text("$$$/Studio/Menu/Object=O&bject"));
   object->addActions({actions.tesserae, actions.tesseraeAgain});
+  object->addSeparator();
+  actions.presets = object->addMenu(Text("$$$/Studio/Menu/Presets=&Presets"));
+  actions.presets->setObjectName("presets");
 
   QMenu* const view = bar.addMenu(Text("$$$/Studio/Menu/View=&View"));
   view->addActions({actions.zoomIn, actions.zoomOut, actions.actualSize, actions.fit});
@@ -136,7 +139,8 @@ void FillMenus(QMainWindow& window, WindowActions& actions) {
 
   QMenu* const help = bar.addMenu(Text("$$$/Studio/Menu/Help=&Help"));
   help->addAction(actions.about);
-  for (const QMenu* menu : {actions.recent, themes}) actions.Block(menu->menuAction());
+  for (const QMenu* menu : {actions.recent, actions.presets, themes})
+    actions.Block(menu->menuAction());
 }
 
 /// The buttons that a newcomer looks for say what they do.

@@ -34,5 +34,6 @@ struct WindowActions {
   QAction* about;
   QAction* compare;  // on the toolbar; its button and its key are held
   QMenu* recent;
+  QMenu* presets;
   QAction* zoom;  // on the toolbar; its text is the present zoom
 };

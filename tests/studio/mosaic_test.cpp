@@ -7,6 +7,7 @@
 #include <limits>
 
 #include "studio/base/studio_error.h"
+#include "studio/caller/dialog_choices.h"
 #include "studio/export/mosaic_export.h"
 #include "studio/mosaic/mosaic_geometry.h"
 #include "studio/mosaic/mosaic_job.h"

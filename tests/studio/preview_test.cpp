@@ -11,9 +11,8 @@
 #include "platform/nrvui/dialog_presenter.h"
 #include "platform/nrvui/gesture.h"
 #include "platform/nrvui/ui_node.h"
-#include "studio/caller/dialog_choices.h"
+#include "studio/caller/dialog_summary.h"
 #include "studio/caller/mosaic_caller.h"
-#include "studio/caller/outlook.h"
 #include "studio/mosaic/tile_colors.h"
 #include "tests/support/random_picture.h"
 
@@ -147,7 +146,7 @@ TEST(Preview, ShowsTheTilesThatAreBuiltWithin3Of255) {
 
 TEST(Preview, SaysWhatChoicesLeadTo) {
   const Picture picture(RandomImage(60, 40, QImage::Format_RGB32, 1));
-  const qtui::Summary good = OutlookFor(picture, {Choices(100, 50, true)});
+  const qtui::Summary good = SummaryFor(picture, {Choices(100, 50, true)});
   EXPECT_FALSE(good.isWarning);
   EXPECT_EQ(good.text, "5000 tiles of 10 by 20 pt");
   MosaicChoices percentages = Choices(60, 40, true);
@@ -157,18 +156,18 @@ TEST(Preview, SaysWhatChoicesLeadTo) {
   percentages.params.boundsBottom = 40;
   percentages.params.newWidth = 1;
   percentages.params.newHeight = 0.67F;
-  EXPECT_EQ(OutlookFor(picture, {percentages}).text.toStdString(),
+  EXPECT_EQ(SummaryFor(picture, {percentages}).text.toStdString(),
             "2400 tiles of 1 by 0.67 pt. The ratio is applied to the percentages.");
   MosaicChoices spaced = Choices(100, 50, true);
   spaced.params.tileSpacingHorizontal = 2;
-  const qtui::Summary whole = OutlookFor(picture, {spaced, true, true});
+  const qtui::Summary whole = SummaryFor(picture, {spaced, true, true});
   EXPECT_TRUE(whole.isWarning);
   EXPECT_EQ(whole.text.toStdString(),
             "5000 tiles of 8.02 by 20 pt. Tiles count in whole numbers: 100 by 50. Spaces count in "
             "whole points: 2 by 0 pt.");
   MosaicChoices crowded = Choices(100, 50, true);
   crowded.params.tileSpacingHorizontal = 98;
-  const qtui::Summary bad = OutlookFor(picture, {crowded});
+  const qtui::Summary bad = SummaryFor(picture, {crowded});
   EXPECT_TRUE(bad.isWarning);
   EXPECT_TRUE(bad.text.startsWith("No room for tiles")) << bad.text.toStdString();
 }

@@ -111,16 +111,51 @@ TEST_F(Program, RemembersChoicesFromRunToRun) {
   EXPECT_EQ(Record()["tilesDown"].toInt(), 67) << "square tiles, a hundred across";
   EXPECT_EQ(damaged.status, 0);
   EXPECT_EQ(damaged.errors.count('\n'), 1) << damaged.errors.toStdString();
+  EXPECT_EQ(Load("config/tesserae-studio/choices.json"), "{");
 
   // So does a place that takes none.
   QFile::remove(Path("config/tesserae-studio/choices.json"));
   ASSERT_TRUE(QDir(Path("config/tesserae-studio")).mkdir("choices.json"));
   const Result unkept = Run("in.png --gestures ok --export kept.svg");
   EXPECT_EQ(unkept.status, 0);
-  EXPECT_TRUE(unkept.errors.contains("cannot be read: it is not a regular file\n"));
-  EXPECT_TRUE(unkept.errors.contains("the choices are not kept")) << unkept.errors.toStdString();
+  EXPECT_EQ(unkept.errors.count('\n'), 1);
+  EXPECT_TRUE(unkept.errors.contains("cannot be read: it is not a regular file; the file is left"))
+      << unkept.errors.toStdString();
   EXPECT_EQ(Load("kept.svg").count("<rect "), 6700);
   EXPECT_EQ(Run("in.png --quiet --gestures ok").errors, "");
+}
+
+TEST_F(Program, APresetDoesWhatItsGesturesDo) {
+  Save("state", R"({"presets": {"Poster": {"HorizontalCountTxt": 9, "VerticalCountTxt": 4.9,
+      "ColorRadio": 0, "GrayRadio": 1, "UsePercentChk": 1, "DeleteRasterChk": 0,
+      "NewWidthTxt": 33.3, "NewHeightTxt": 20, "TileSpaceHorzTxt": 1.5},
+      "Wide": {"UsePercentChk": 0, "NewWidthTxt": 9000}}})");
+  Save("gestures",
+       "click UsePercentChk\nclick GrayRadio\nclick DeleteRasterChk\nenter NewWidthTxt 33.3\n"
+       "enter NewHeightTxt 20\nenter HorizontalCountTxt 9\nenter VerticalCountTxt 4.9\n"
+       "enter TileSpaceHorzTxt 1.5\nkey Return\n");
+  const QString outputs = "--quiet --export a.svg --export a.png --record record";
+  ASSERT_EQ(Run("in.png --gestures gestures " + outputs).status, 0);
+  const QByteArrayList expected{Load("a.svg"), Load("a.png"), Load("record")};
+  for (const char* shown : {"", " --screenshot dialog.png"}) {
+    const Result result = Run("in.png --state state --preset poster " + outputs + shown);
+    EXPECT_EQ(result.status, 0) << result.errors.toStdString();
+    EXPECT_EQ((QByteArrayList{Load("a.svg"), Load("a.png"), Load("record")}), expected) << shown;
+  }
+  // Alone, before gestures, and what does not fit.
+  const QByteArray recent = "\"VerticalCountTxt\": 4.9";
+  EXPECT_EQ(Run("in.png --state state --preset poster").status, 0);
+  EXPECT_EQ(Load("state").count(recent), 2) << "the preset, and one of the last mosaics";
+  Save("five", "enter VerticalCountTxt 5\nkey Return\n");
+  EXPECT_EQ(Run("in.png --state state --preset Poster --gestures five --record record").status, 0);
+  EXPECT_EQ(Record()["tilesDown"].toInt(), 5);
+  EXPECT_EQ(Record()["tilesAcross"].toInt(), 9);
+  EXPECT_TRUE(Run("in.png --state state --preset Wide").errors.contains("9000 is more than 8640"));
+  const Result unsized = Run("in.png --state new --preset Poster --size-unknown");
+  EXPECT_TRUE(unsized.errors.contains("there is no preset Poster; none is saved yet\n"));
+  EXPECT_EQ(unsized.status, 2);
+  EXPECT_TRUE(Run("in.png --state state --preset X").errors.contains("there are: Poster, Wide\n"));
+  EXPECT_TRUE(Run("--preset Poster").errors.contains("which picture"));
 }
 
 TEST_F(Program, DrawsADrawingThatStandsAlone) {
@@ -304,7 +339,7 @@ TEST_F(Program, SaysInOneLineWhatIsWrong) {
   Save("linked.svg", kSvgStart + "<image href='pipe' width='9' height='9'/></svg>");
   Save("flat", "enter NewHeightTxt 0\nkey Return\n");
   Save("badstate", "{}");
-  Save("largestate", QByteArray(1 << 20, ' ') + "{}");
+  Save("largestate", QByteArray(1 << 24, ' ') + "{}");
   QDir(folder.path()).mkdir("folder");
   ASSERT_TRUE(QFile::link(Path("in.png"), Path("link.png")));
   ASSERT_EQ(link(qPrintable(Path("in.png")), qPrintable(Path("IN.PNG"))), 0);
@@ -349,7 +384,7 @@ TEST_F(Program, SaysInOneLineWhatIsWrong) {
       {"-- --help", "the picture --help cannot be read"},
       {"in.png --gestures ok --export a.svg --record folder", "folder"},
       {"in.png --gestures ok --export a.svg --state badstate", "badstate cannot be read"},
-      {"in.png --gestures ok --state largestate", "cannot be read: the file is too large"},
+      {"in.png --gestures ok --state largestate", "cannot be read: the file is larger than"},
       {"in.png --gestures flat --export a.svg", "above 0"},
   };
   const QStringList before = Files();

@@ -563,6 +563,76 @@ TEST_F(StudioWindowTest, SaysWhyThereIsNoMosaicInThePersonsLanguage) {
   Export("a.svg");
 }
 
+TEST_F(StudioWindowTest, PresetsAreSavedRenamedDeletedAndAppliedToAnyPicture) {
+  QMenu* menu = nullptr;
+  const auto choose = [&](const QString& caption) {
+    emit menu->aboutToShow();
+    for (QAction* action : menu->actions()) {
+      if (action->text() != caption || !action->isEnabled()) continue;
+      action->trigger();
+      return true;
+    }
+    return false;
+  };
+  const auto save = [&](const char* name, const char* notice) {
+    WhenOpen<QDialog>("savePreset", [=](QDialog& dialog) {
+      dialog.findChild<QLineEdit*>()->setText(name);
+      EXPECT_EQ(dialog.findChild<QLabel*>("presetNotice")->text(), notice);
+      dialog.accept();
+    });
+    EXPECT_TRUE(choose("&Save Preset…"));
+  };
+  OpenPicture();
+  menu = window->findChild<QMenu*>("presets");
+  EXPECT_FALSE(choose("&Save Preset…")) << "there is no mosaic yet";
+  ASSERT_TRUE(
+      Create("enter HorizontalCountTxt 12\nenter VerticalCountTxt 8\nclick GrayRadio\n"
+             "enter TileSpaceHorzTxt 1.5\nkey Return"));
+  const QString description = "12 by 8 tiles, grey, spacing 1.5 by 0 pt";
+  save("R&D", qPrintable(description));
+  save("r&d", "The preset \"r&d\" will be replaced.");
+  ASSERT_TRUE(Create("enter HorizontalCountTxt 7\nenter NewWidthTxt 30\nkey Return"));
+  save("Poster", "7 by 8 tiles, grey, 30 by 40 pt");
+
+  Export("a.svg");
+
+  // Another picture, whose own size replaces that of the first one.
+  ASSERT_TRUE(QImage(Path("in.png")).scaled(80, 50).save(Path("other.png")));
+  ASSERT_TRUE(window->OpenPicture(Path("other.png")));
+  Play("key Return");
+  for (const QString& caption : {QString("r&&d"), description}) {
+    ASSERT_TRUE(choose(caption)) << caption.toStdString();
+    const MosaicGeometry& geometry = window->Shown()->mosaic->geometry;
+    EXPECT_EQ(window->Shown()->mosaic->tiles.size(), QSize(12, 8));
+    EXPECT_EQ(geometry.size.toSize(), QSize(80, 50));
+    EXPECT_EQ(geometry.spacing, QSizeF(1, 0));
+    EXPECT_TRUE(choose("Poster"));
+    EXPECT_EQ(window->Shown()->mosaic->geometry.size.toSize(), QSize(30, 40));
+  }
+
+  WhenOpen<QDialog>("managePresets", [](QDialog& dialog) {
+    auto& list = *dialog.findChild<QListWidget*>();
+    list.item(0)->setText("R&D");
+    EXPECT_EQ(list.item(0)->text(), "Poster") << "taken";
+    list.item(0)->setText("  Large poster ");
+    list.setCurrentRow(1);
+    dialog.findChild<QPushButton*>("deletePreset")->click();
+    dialog.accept();
+  });
+  EXPECT_TRUE(choose("&Manage Presets…"));
+  EXPECT_FALSE(choose("Poster") || choose("r&&d"));
+  EXPECT_TRUE(choose("Large poster"));
+
+  // A damaged file is reported and stays as it is.
+  Save("state", "[");
+  QString text;
+  Hear("error", text);
+  EXPECT_TRUE(choose("&Save Preset…"));
+  EXPECT_TRUE(text.contains("cannot be read: line 1 is not valid JSON.")) << text.toStdString();
+  EXPECT_EQ(Load("state"), "[");
+  Export("b.svg");
+}
+
 TEST_F(StudioWindowTest, EntriesComeBackAsTheyWere) {
   OpenPicture();
   int seen = 0;

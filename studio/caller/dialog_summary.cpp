@@ -1,4 +1,4 @@
-#include "studio/caller/outlook.h"
+#include "studio/caller/dialog_summary.h"
 
 #include <QStringList>
 #include <cmath>
@@ -21,9 +21,8 @@ bool IsRatioOfPercentages(const MosaicChoices& choices) {
          (follows(width / ratio, height) || follows(height * ratio, width));
 }
 
-}  // namespace
-
-qtui::Summary OutlookFor(const Picture& picture, const Forecast& forecast) try {
+/// Throws StudioError when there can be no mosaic.
+qtui::Summary SummaryOfTiles(const Picture& picture, const Forecast& forecast) {
   const MosaicChoices& choices = forecast.choices;
   const MosaicParameters& params = choices.params;
   const MosaicGeometry geometry = MosaicJob(picture, choices).Geometry();
@@ -48,6 +47,14 @@ qtui::Summary OutlookFor(const Picture& picture, const Forecast& forecast) try {
   const bool isWarning = forecast.cutsTiles || forecast.cutsSpaces;
   if (remarks.isEmpty()) return {tiles, isWarning};
   return {Text("$$$/Studio/Dialog/TilesAndMore=%1. %2", tiles, remarks.join(' ')), isWarning};
-} catch (const StudioError& error) {
-  return {Sentence(error.what()), true};
+}
+
+}  // namespace
+
+qtui::Summary SummaryFor(const Picture& picture, const Forecast& forecast) {
+  try {
+    return SummaryOfTiles(picture, forecast);
+  } catch (const StudioError& error) {
+    return {Sentence(error.what()), true};
+  }
 }
