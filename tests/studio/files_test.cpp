@@ -40,7 +40,7 @@ class Output : public testing::Test {
   Output() { folder.Write("old", "as it was"); }
 
   QString Name(const char* file) const { return QString((folder.path / file).c_str()); }
-  std::string Text(const char* file) const { return nrvcore::ReadFile(folder.path / file, 99); }
+  std::string Text(const char* file) const { return nrvcore::ReadFile(folder.path / file); }
   long Files() const {
     const fs::directory_iterator files(folder.path);
     return std::distance(begin(files), end(files));
