@@ -74,7 +74,7 @@ class AskListener final : public qtui::DialogListener {
       const std::optional<qtui::PendingEntry>& pending) override {
     entries = EntriesIn(dialog);
     const Forecast forecast = ForecastFor(dialog, asked, pending);
-    if (window != nullptr) window->Follow(forecast.choices);
+    if (window != nullptr) window->Sync(forecast.choices);
     return SummaryFor(picture, forecast);
   }
 

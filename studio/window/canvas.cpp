@@ -24,7 +24,7 @@ constexpr double kMostZoom = 64;
 constexpr double kMostFittedZoom = 8;
 constexpr double kWheelStep = 120;
 constexpr double kFactorPerStep = 1.2;
-constexpr int kFrame = 36;  // free around a page that is shown whole, with room for its label
+constexpr int kFrame = 36;  // free space around a fitted page, with room for its label
 constexpr int kLabelGap = 8;
 
 /// The artboard for assistive technology: one object, without the scroll area's parts.
@@ -52,7 +52,7 @@ Canvas::Canvas() {
   setAccessibleName(Text("$$$/Studio/Canvas/Name=Artboard"));
   setScene(&board);
   setFrameShape(QFrame::NoFrame);
-  setAcceptDrops(false);  // the window takes what is dropped
+  setAcceptDrops(false);  // the window accepts drops
   setTransformationAnchor(NoAnchor);
   setResizeAnchor(AnchorViewCenter);
   setViewportUpdateMode(FullViewportUpdate);
@@ -87,7 +87,7 @@ void Canvas::SetComparing(bool comparing) {
   if (item) item->SetComparing(isComparing);
 }
 
-/// A page that is shown whole needs no scroll bars, whatever room there is around it.
+/// A fitted page needs no scroll bars, although the scene is larger than the page.
 void Canvas::SetFitted(bool fitted) {
   isFitted = fitted;
   const auto policy = fitted ? Qt::ScrollBarAlwaysOff : Qt::ScrollBarAsNeeded;
@@ -219,20 +219,20 @@ void Canvas::changeEvent(QEvent* event) {
   if (event->type() == QEvent::PaletteChange) TakeColors();
 }
 
-/// A grey without any tint, which lets the colours of the art be judged.
+/// A neutral grey, which does not distort the perception of the artwork's colours.
 void Canvas::TakeColors() {
   const bool isDark = palette().color(QPalette::Window).lightness() < 128;
   setBackgroundBrush(isDark ? QColor(0xFF262626) : QColor(0xFFD4D4D4));
 }
 
-void Canvas::SetInviting(bool inviting) {
-  isInviting = inviting;
+void Canvas::SetDropHighlight(bool highlighted) {
+  isHighlighted = highlighted;
   viewport()->update();
 }
 
-/// The picture's name above the page and the size of what lies on it, at a size of their own.
+/// Paints the picture's name and size above the page; their size does not depend on the zoom.
 void Canvas::drawForeground(QPainter* painter, const QRectF&) {
-  if (isInviting) {
+  if (isHighlighted) {
     constexpr int kFrameWidth = 4;
     painter->save();
     painter->resetTransform();

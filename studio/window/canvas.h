@@ -7,36 +7,36 @@
 #include "studio/mosaic/artwork.h"
 #include "studio/window/artboard_item.h"
 
-/// Shows an artwork on its artboard. Zooms with Ctrl and the wheel or with two fingers, moves with
-/// the wheel, with the space bar or the middle button held.
+/// Shows an artwork on its artboard, in StudioWindow and PictureWindow. Ctrl and the wheel or a
+/// pinch zoom; the wheel scrolls; dragging with the space bar or the middle button pans.
 class Canvas final : public QGraphicsView {
  public:
   Canvas();
 
-  /// Null shows an empty board. A picture that is new is shown whole; its mosaic takes its place
-  /// without moving anything.
+  /// Null shows an empty board. A new picture is fitted into the window; its mosaic replaces it at
+  /// the same zoom and position.
   void Show(const ArtworkPtr& artwork);
 
-  /// Where the artwork is seen, in pixels of the screen; empty when it is not.
+  /// The visible part of the artwork, in screen coordinates; empty when there is none.
   QRect ArtOnScreen() const;
 
   /// Screen units a point: 1 at 100 %.
   double Zoom() const { return transform().m11(); }
-  /// Around the middle of what is seen.
+  /// Keeps the centre of the visible part where it is.
   void SetZoom(double zoom);
   void ZoomIn();
   void ZoomOut();
-  /// The whole page; it stays whole when the window's size changes, until the zoom is changed.
+  /// Shows the whole page, also when the window is resized, until the user zooms or pans.
   void Fit();
 
-  /// A frame says that a picture may be dropped here.
-  void SetInviting(bool isInviting);
+  /// Whether a frame shows that the dragged files can be dropped.
+  void SetDropHighlight(bool highlighted);
 
-  /// While true, the picture covers the place of its mosaic.
+  /// Whether the picture is shown in place of its mosaic.
   void SetComparing(bool isComparing);
 
   void WhenZoomed(std::function<void()> hook) { zoomed = std::move(hook); }
-  /// `hook` is called after each Show with what is shown.
+  /// `hook` is called after each Show with the same artwork.
   void WhenShown(std::function<void(const ArtworkPtr&)> hook) { whenShown = std::move(hook); }
 
  protected:
@@ -67,7 +67,7 @@ class Canvas final : public QGraphicsView {
   bool isSpaceHeld = false;
   bool isGrabbed = false;
   bool isFitted = true;
-  bool isInviting = false;
+  bool isHighlighted = false;
   bool isComparing = false;
   std::function<void()> zoomed;
   std::function<void(const ArtworkPtr&)> whenShown;

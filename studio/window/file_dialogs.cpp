@@ -13,13 +13,15 @@
 
 namespace {
 
-/// Empty when the formats are unknown, as opening a picture will say why.
-QStringList PictureEndings() try {
+/// Empty when the formats cannot be queried; opening a picture then reports the reason.
+QStringList PictureEndings() {
   QStringList endings;
-  for (const PictureFormat& format : PictureFormats()) endings << format.endings;
+  try {
+    for (const PictureFormat& format : PictureFormats()) endings << format.endings;
+  } catch (const StudioError&) {
+    endings.clear();
+  }
   return endings;
-} catch (const StudioError&) {
-  return {};
 }
 
 QString PictureFilter() {
@@ -28,13 +30,13 @@ QString PictureFilter() {
          Text("$$$/Studio/Open/AllFiles=All files (%1)", QString("*"));
 }
 
-/// "holiday" for "holiday.jpg": that ending is the picture's, no part of the name.
+/// "holiday" for "holiday.jpg"; other endings are part of the name.
 QString WithoutPictureEnding(const QString& path) {
   const QString ending = QFileInfo(path).suffix().toLower();
   return PictureEndings().contains(ending) ? path.chopped(ending.size() + 1) : path;
 }
 
-/// Completes the name that the user types, and says so below it.
+/// Adds the ending to the name that the user types, and announces that below it.
 class ExportDialog final : public QFileDialog {
  public:
   ExportDialog(QWidget& window, const QString& proposed)
@@ -71,14 +73,14 @@ class ExportDialog final : public QFileDialog {
     return ExportKinds()[size_t(std::max<qsizetype>(0, index))];
   }
 
-  /// With an ending. What follows a dot is not always one.
+  /// The name with the ending of an export kind. In "10.15" the dot starts no ending.
   QString Whole(const QString& typed) const {
     if (typed.isEmpty() || FindExportKind(typed) || QFileInfo(directory(), typed).isDir())
       return typed;
     return WithoutPictureEnding(typed) + Chosen().ending;
   }
 
-  /// Another kind changes the ending of the other kinds.
+  /// Replaces the ending of another kind by that of the chosen one.
   void TakeEnding() {
     const QString typed = name->text();
     if (const ExportKind* const kind = FindExportKind(typed))

@@ -18,25 +18,29 @@ LivePreview::LivePreview(Canvas& canvas, ArtworkPtr artworkToBuildFrom, const Mo
 }
 
 LivePreview::~LivePreview() {
-  reduction.cancel();  // one that waits for a thread is not begun any more
+  reduction.cancel();  // does not start if it still waits for a thread
   ShowArtwork();
 }
 
-void LivePreview::Follow(const MosaicChoices& newChoices) {
+void LivePreview::Sync(const MosaicChoices& newChoices) {
   choices = newChoices;
   if (reduction.isFinished()) timer.start();
 }
 
-void LivePreview::Draw() try {
+void LivePreview::Draw() {
   const ReductionPtr source = reduction.result();
   if (!source) return;
-  canvas.Show(WithMosaic(*artwork, source->Preview(artwork->picture, choices)));
-} catch (const std::exception&) {
-  ShowArtwork();
+  try {
+    canvas.Show(WithMosaic(*artwork, source->Preview(artwork->picture, choices)));
+  } catch (const std::exception&) {
+    ShowArtwork();
+  }
 }
 
-void LivePreview::ShowArtwork() noexcept try {
-  canvas.Show(artwork);
-} catch (const std::exception&) {
-  // Without memory the canvas stays empty until something else is shown.
+void LivePreview::ShowArtwork() noexcept {
+  try {
+    canvas.Show(artwork);
+  } catch (const std::exception&) {
+    // After bad_alloc the canvas stays empty until the next artwork is shown.
+  }
 }

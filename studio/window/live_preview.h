@@ -7,21 +7,21 @@
 #include "studio/mosaic/preview.h"
 #include "studio/window/canvas.h"
 
-/// While one lives, the canvas shows the mosaic that OK in the dialog would build now, in place of
-/// the artwork; afterwards the artwork again. Changes that come while a preview is drawn lead to
-/// one more. While no mosaic can be made, the artwork shows.
+/// Makes a canvas show the mosaic that OK in the dialog would build. The window creates one per
+/// dialog, on the user-interface thread; the destructor makes the canvas show the artwork again.
+/// The canvas also shows the artwork while no mosaic can be built from the choices.
 class LivePreview {
  public:
-  /// The canvas must outlive it. The reduction of the picture is made on another thread; the first
-  /// preview waits for it.
+  /// The canvas must outlive the preview. Another thread reduces the picture; the first preview is
+  /// shown when it has finished.
   LivePreview(Canvas& canvas, ArtworkPtr artwork, const MosaicChoices& asked);
   ~LivePreview();
 
-  /// Draws later, from the event loop.
-  void Follow(const MosaicChoices& newChoices);
+  /// Shows the mosaic of these choices, later, from the event loop.
+  void Sync(const MosaicChoices& newChoices);
 
  private:
-  using ReductionPtr = std::shared_ptr<const Reduction>;  // null when there was no memory
+  using ReductionPtr = std::shared_ptr<const Reduction>;  // null after bad_alloc
 
   void Draw();
   void ShowArtwork() noexcept;

@@ -14,7 +14,7 @@ class PictureWindow final : public QMainWindow {
                 qtui::QtPresenter& presenter);
 
   /// Previews the mosaic of these choices.
-  void Follow(const MosaicChoices& choices) { preview.Follow(choices); }
+  void Sync(const MosaicChoices& choices) { preview.Sync(choices); }
 
  private:
   Canvas* const canvas;

@@ -122,8 +122,8 @@ void StartPage::TakeColors() {
   for (QLabel* label : faintLabels) label->setPalette(colors);
 }
 
-void StartPage::SetInviting(bool isInviting) {
-  isInvited = isInviting;
+void StartPage::SetDropHighlight(bool highlighted) {
+  isHighlighted = highlighted;
   update();
 }
 
@@ -131,13 +131,13 @@ void StartPage::paintEvent(QPaintEvent*) {
   constexpr int kCorner = 14;
   QPainter painter(this);
   painter.setRenderHint(QPainter::Antialiasing);
-  QColor line = palette().color(isInvited ? QPalette::Highlight : QPalette::PlaceholderText);
-  if (!isInvited) line.setAlphaF(0.6F);
-  QPen pen(line, isInvited ? 2.5 : 1.5);
+  QColor line = palette().color(isHighlighted ? QPalette::Highlight : QPalette::PlaceholderText);
+  if (!isHighlighted) line.setAlphaF(0.6F);
+  QPen pen(line, isHighlighted ? 2.5 : 1.5);
   pen.setDashPattern({5, 4});
   painter.setPen(pen);
-  QColor fill = palette().color(isInvited ? QPalette::Highlight : QPalette::Base);
-  if (isInvited) fill.setAlphaF(0.12F);
+  QColor fill = palette().color(isHighlighted ? QPalette::Highlight : QPalette::Base);
+  if (isHighlighted) fill.setAlphaF(0.12F);
   painter.setBrush(fill);
   painter.drawRoundedRect(QRectF(frame->geometry()).adjusted(2, 2, -2, -2), kCorner, kCorner);
 }

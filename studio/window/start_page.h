@@ -5,15 +5,16 @@
 #include <QWidget>
 #include <functional>
 
-/// What the window shows before there is a picture: how to get one onto the page.
+/// The content of StudioWindow before a picture is open: a place to drop one, a button that opens
+/// one, and the recent pictures.
 class StartPage final : public QWidget {
  public:
   /// `openFile` is called for a picture of the list, `open` for the button.
   StartPage(std::function<void()> open, std::function<void(const QString&)> openFile);
 
   void ShowRecent(const QStringList& paths);
-  /// Whether something that can be dropped is over the window.
-  void SetInviting(bool isInviting);
+  /// Whether the page shows that the dragged files can be dropped.
+  void SetDropHighlight(bool highlighted);
 
  protected:
   void changeEvent(QEvent* event) override;
@@ -27,5 +28,5 @@ class StartPage final : public QWidget {
   QWidget* recent;
   QVBoxLayout* recentList;
   QList<QLabel*> faintLabels;
-  bool isInvited = false;
+  bool isHighlighted = false;
 };

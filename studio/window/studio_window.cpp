@@ -42,12 +42,14 @@ QString ExportFailure() {
 }
 
 /// Null for a file that is not an SVG document, or one without images.
-std::shared_ptr<const SvgDrawing> DrawingWithImages(const QString& path) try {
+std::shared_ptr<const SvgDrawing> DrawingWithImages(const QString& path) {
   if (!path.endsWith(".svg", Qt::CaseInsensitive)) return nullptr;
-  auto drawing = std::make_shared<const SvgDrawing>(SvgDrawing::Read(path));
-  return drawing->Images().empty() ? nullptr : drawing;
-} catch (const StudioError&) {
-  return nullptr;  // reading it as a picture says what is wrong with it
+  try {
+    auto drawing = std::make_shared<const SvgDrawing>(SvgDrawing::Read(path));
+    return drawing->Images().empty() ? nullptr : drawing;
+  } catch (const StudioError&) {
+    return nullptr;  // reading the file as a picture then reports the error
+  }
 }
 
 /// Only a copy, since an application that offers a file deletes it after a move.
@@ -77,7 +79,7 @@ class EntryKeeper final : public qtui::DialogListener {
       const std::optional<qtui::PendingEntry>& pending) override {
     entries = EntriesIn(dialog);
     const Forecast forecast = ForecastFor(dialog, asked, pending);
-    if (preview != nullptr) preview->Follow(forecast.choices);
+    if (preview != nullptr) preview->Sync(forecast.choices);
     if (!notice.isEmpty() && entries == opened && !pending) return qtui::Summary{notice, true};
     return SummaryFor(picture, forecast);
   }
@@ -562,21 +564,20 @@ void StudioWindow::keyPressEvent(QKeyEvent* event) {
 void StudioWindow::dragEnterEvent(QDragEnterEvent* event) {
   if (isBusy || FilesIn(*event->mimeData()).isEmpty()) return;
   AcceptCopy(*event);
-  SetInviting(true);
+  SetDropHighlight(true);
 }
 
 void StudioWindow::dragLeaveEvent(QDragLeaveEvent*) {
-  SetInviting(false);
+  SetDropHighlight(false);
 }
 
-/// Shows that what is dragged may be dropped here.
-void StudioWindow::SetInviting(bool isInviting) {
-  startPage->SetInviting(isInviting);
-  canvas->SetInviting(isInviting);
+void StudioWindow::SetDropHighlight(bool isHighlighted) {
+  startPage->SetDropHighlight(isHighlighted);
+  canvas->SetDropHighlight(isHighlighted);
 }
 
 void StudioWindow::dropEvent(QDropEvent* event) {
-  SetInviting(false);
+  SetDropHighlight(false);
   const QStringList paths = FilesIn(*event->mimeData());
   if (paths.isEmpty()) return;
   AcceptCopy(*event);

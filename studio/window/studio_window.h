@@ -22,14 +22,15 @@
 #include "studio/window/start_page.h"
 #include "studio/window/window_actions.h"
 
-/// The application's window: a picture on an artboard, and what can be made of it.
+/// The application's main window: the start page, or an artboard with the artwork. Creates the
+/// caller of the module and owns it. Used on the user-interface thread.
 class StudioWindow final : public QMainWindow {
  public:
   /// Choices are kept in the file `statePath`; if empty, in the user's configuration folder.
   /// The dialog shows through the presenter, which must outlive the window.
   StudioWindow(const QString& statePath, qtui::QtPresenter& presenter);
 
-  /// Tells the person when it cannot be done. Answers whether it was done.
+  /// Shows an error in a box. Returns whether the picture was opened.
   bool OpenPicture(const QString& path);
   /// Opens an image of an SVG drawing by its ID, in the same way.
   bool OpenImage(const QString& path, const QString& id);
@@ -37,7 +38,7 @@ class StudioWindow final : public QMainWindow {
   /// Whether pictures are placed as if their files did not say how large they are.
   void SetSizeUnknown(bool isUnknown) { isSizeUnknown = isUnknown; }
 
-  /// Shows it without a way back to what was there before.
+  /// Shows an artwork and forgets the steps of undo.
   void Show(const ArtworkPtr& artwork);
   ArtworkPtr Shown() const { return document.Shown(); }
 
@@ -53,7 +54,7 @@ class StudioWindow final : public QMainWindow {
   /// done.
   bool Do(const QString& failure, const std::function<bool()>& work);
 
-  /// Lets the module go. Throws StudioError when it kept something.
+  /// Unloads the module. Throws StudioError when it leaked something.
   void CloseModule();
 
  protected:
@@ -102,21 +103,21 @@ class StudioWindow final : public QMainWindow {
   /// Those of this window's last mosaic, or else of the file.
   std::optional<MosaicChoices> LastChoices();
   void KeepChoices(const Confirmed& made);
-  /// Shows the dialog, again after a building that was stopped or failed, until a mosaic was built
-  /// or the person cancelled; nothing in the latter case.
+  /// Shows the dialog until a mosaic is built or the user cancels, again after building was stopped
+  /// or failed. Returns nothing when the user cancelled.
   std::optional<Built> AskUntilBuilt(const MosaicChoices& asked, DialogEntries entries);
   /// Shows the dialog beside the artwork, or where the user moved it; `reopensAt` counts before
   /// both. Returns whether OK closed it.
   bool Ask(MosaicChoices& choices, const std::optional<QPoint>& reopensAt);
 
-  /// Goes from one artwork to another.
-  /// Each returns whether the document did.
+  /// Shows another step of the document. Both return false when that failed or was cancelled.
   bool Step(bool (Document::*step)());
   bool GoTo(size_t step);
   void ShowDocument();
-  void SetInviting(bool isInviting);
+  /// Whether the window shows that the dragged files can be dropped.
+  void SetDropHighlight(bool isHighlighted);
   void Tell(const QString& text);
-  /// False, for what was cancelled was not done.
+  /// Returns false, the result of cancelled work.
   bool TellOfCancel();
 
   const ChoicesFile choicesFile;
