@@ -23,8 +23,8 @@ TEST(FileName, KeepsEveryByteAndShowsWhatIsStrange) {
       {"a\tb\nc\x01", "a\\tb\\nc\\x01"},
       {"\x7F\xC2\x85", "\\x7F\\x85"},
       {"\xE4\xFF.png", "\\xE4\\xFF.png"},
-      {"ä😀", "ä😀"},
-      {"😀\x80", "😀\\x80"},
+      {"ä💀", "ä💀"},  // U+1F480, whose low surrogate alone would stand for a byte
+      {"💀\x80", "💀\\x80"},
       {"\xF0\x9F\x98", "\\xF0\\x9F\\x98"},
       {"\xED\xB2\x80", "\\xED\\xB2\\x80"},
       {"a\u2028b\u2029", "a\\x2028b\\x2029"},

@@ -22,6 +22,8 @@ TEST(MosaicCaller, SaysWhatFailedAndWhy) {
   } kCases[] = {
       {"acquire/VX TesseraeUI Suite", Ask, "the module offers no dialog: code 12"},
       {"Sheet Factory/CreateSheetHolder", Ask, "the dialog cannot be shown: 'CANT'"},
+      {"QP Blocks Suite/FreeBlock", &MosaicCaller::Close,
+       "the module cannot be shut down: The document is locked."},
       {"release/QP Access Suite", &MosaicCaller::Close,
        "the module gave back too little: suite \"QP Access Suite\" 3 has 1 users"},
   };

@@ -80,7 +80,7 @@ TEST(DialogChoices, AreThoseThatOkReturns) {
     asked.params.boundsRight = int(random() % 40000);
     asked.params.boundsBottom = int(random() % 3 ? random() % 1000 : 0);
     asked.state.usePercent = random() % 2;
-    asked.state.reserved7 = uint8_t(random());
+    asked.state.reserved6 = asked.state.reserved7 = uint8_t(random());
     const MosaicChoices before = asked;
     RandomPerson person(seed, before);
     const nrvui::ui::InstalledPresenter installed(person);

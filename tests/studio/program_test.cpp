@@ -58,6 +58,22 @@ class Program : public StudioFolder {
   QStringList Files() const {
     return QDir(folder.path()).entryList(QDir::Files | QDir::Hidden, QDir::Name);
   }
+
+  /// The run must end with status 2 and one line with the reason, and leave all files as they were.
+  void ExpectRefusal(const char* arguments, const char* reason,
+                     const QString& program = TESSERAE_STUDIO) const {
+    const QStringList before = Files();
+    Result result = Run(arguments, program);
+#ifdef __SANITIZE_ADDRESS__  // libraries write to the error output too
+    result.errors.remove(0, result.errors.indexOf("tesserae-studio: "));
+#endif
+    SCOPED_TRACE(arguments + (": " + result.errors.toStdString()));
+    EXPECT_EQ(result.status, 2);
+    EXPECT_TRUE(result.errors.startsWith("tesserae-studio: "));
+    EXPECT_TRUE(result.errors.contains(reason));
+    EXPECT_EQ(result.errors.indexOf('\n'), result.errors.size() - 1) << "one line";
+    EXPECT_EQ(Files(), before);
+  }
 };
 
 TEST_F(Program, BuildsWhatTheDialogAskedFor) {
@@ -387,24 +403,11 @@ TEST_F(Program, SaysInOneLineWhatIsWrong) {
       {"in.png --gestures ok --state largestate", "cannot be read: the file is larger than"},
       {"in.png --gestures flat --export a.svg", "above 0"},
   };
-  const QStringList before = Files();
-  const auto expectRefusal = [&](const QString& program, const char* arguments,
-                                 const char* reason) {
-    Result result = Run(arguments, program);
-#ifdef __SANITIZE_ADDRESS__  // libraries write to the error output too
-    result.errors.remove(0, result.errors.indexOf("tesserae-studio: "));
-#endif
-    SCOPED_TRACE(arguments + (": " + result.errors.toStdString()));
-    EXPECT_EQ(result.status, 2);
-    EXPECT_TRUE(result.errors.startsWith("tesserae-studio: "));
-    EXPECT_TRUE(result.errors.contains(reason));
-    EXPECT_EQ(result.errors.indexOf('\n'), result.errors.size() - 1) << "one line";
-    EXPECT_EQ(Files(), before);
-  };
-  for (const auto& [arguments, reason] : kCases) expectRefusal(TESSERAE_STUDIO, arguments, reason);
+  for (const auto& [arguments, reason] : kCases) ExpectRefusal(arguments, reason);
   EXPECT_FALSE(QDir(Path("config")).exists());
+}
 
-  // Runs without windows need no platform; others say so, and the libraries add nothing.
+TEST_F(Program, NeedsADisplayOnlyForWindowsAndSaysSo) {
   for (const char* platform : {"xcb", "none"}) {
     auto environment = QProcessEnvironment::systemEnvironment();
     environment.remove("DISPLAY");
@@ -422,26 +425,30 @@ TEST_F(Program, SaysInOneLineWhatIsWrong) {
                                  .arg(platform)
                                  .toUtf8());
   }
+}
 
-  // Has lost its reader of pictures, and then its module, but not its libraries.
+TEST_F(Program, NamesThePartOfItsInstallationThatIsMissing) {
   const QString alone = Path("bin/studio"), libraries = Path("lib/tesserae");
   ASSERT_TRUE(QDir().mkpath(Path("bin")) && QDir().mkpath(libraries));
   qputenv("LD_LIBRARY_PATH", TESSERAE_LIBRARIES);
   ASSERT_TRUE(QFile::copy(TESSERAE_STUDIO, alone));
   const char* const run = "in.png --gestures ok --export a.svg";
-  expectRefusal(alone, run, "tesserae-picture-reader cannot be started: there is no such file");
+  ExpectRefusal(run, "tesserae-picture-reader cannot be started: there is no such file", alone);
   const QString reader = libraries + "/tesserae-picture-reader";
   ASSERT_TRUE(QFile::copy(TESSERAE_LIBRARIES "/tesserae-picture-reader", reader));
   QFile::setPermissions(reader, QFile::ReadOwner);
-  expectRefusal(alone, run,
-                "tesserae-picture-reader cannot be started: you do not have permission");
+  ExpectRefusal(run, "tesserae-picture-reader cannot be started: you do not have permission",
+                alone);
   QFile::setPermissions(reader, QFile::ReadOwner | QFile::ExeOwner);
-  expectRefusal(alone, run, "module cannot be loaded");
+  ExpectRefusal(run, "module cannot be loaded", alone);
   qunsetenv("LD_LIBRARY_PATH");
 }
 
-TEST_F(Program, StopsCleanlyWhenInterruptedOrNotHeard) {
-  Save("huge", "enter HorizontalCountTxt 8640\nenter VerticalCountTxt 8640\nkey Return\n");
+constexpr const char* kHuge =
+    "enter HorizontalCountTxt 8640\nenter VerticalCountTxt 8640\nkey Return\n";
+
+TEST_F(Program, LeavesNoFileIfItIsInterruptedWhileBuilding) {
+  Save("huge", kHuge);
   const QStringList before = Files();
   QProcess process;
   Start(process, "in.png --gestures huge --export a.svg --record record");
@@ -449,17 +456,22 @@ TEST_F(Program, StopsCleanlyWhenInterruptedOrNotHeard) {
   process.terminate();
   EXPECT_EQ(Ended(process).status, 1);
   EXPECT_EQ(Files(), before);
+}
 
-  // Whoever starts it with nohup means it to go on without a terminal.
+TEST_F(Program, ContinuesAfterTheTerminalClosesIfStartedWithNohup) {
+  Save("huge", kHuge);
+  QProcess process;
   Start(process, QString(TESSERAE_STUDIO) + " in.png --gestures huge --export a.svg", "nohup");
   ASSERT_TRUE(process.waitForReadyRead(30000));
   kill(pid_t(process.processId()), SIGHUP);
   EXPECT_FALSE(process.waitForFinished(300));
   process.terminate();
   EXPECT_EQ(Ended(process).status, 1);
-  EXPECT_EQ(Files(), before);
+}
 
+TEST_F(Program, CanBeInterruptedWhileItWaitsForItsGestures) {
   ASSERT_EQ(mkfifo(qPrintable(Path("pipe")), 0600), 0);
+  QProcess process;
   Start(process, "in.png --gestures pipe --export a.svg");
   ASSERT_TRUE(process.waitForStarted());
   const auto catchesSignals = [&] {
@@ -473,9 +485,11 @@ TEST_F(Program, StopsCleanlyWhenInterruptedOrNotHeard) {
   QTest::qWait(200);  // for it to open the pipe
   process.terminate();
   EXPECT_EQ(Ended(process).status, 1) << "nobody writes into the pipe";
-  QFile::remove(Path("pipe"));
+}
 
-  // The dialog and the window ask nobody, as there may be nobody left.
+TEST_F(Program, ClosesDialogAndWindowWithoutAQuestionIfItIsInterrupted) {
+  const QStringList before = Files();
+  QProcess process;
   auto environment = QProcessEnvironment::systemEnvironment();
   environment.insert("QT_QPA_PLATFORM", "minimal");  // as if seen
   process.setProcessEnvironment(environment);
@@ -491,9 +505,10 @@ TEST_F(Program, StopsCleanlyWhenInterruptedOrNotHeard) {
     EXPECT_EQ(Ended(process).status, 1) << arguments;
     EXPECT_EQ(Files(), before) << arguments;
   }
+}
 
-  // Once its outputs are in their places the run has succeeded.
-  process.setProcessEnvironment(QProcessEnvironment::systemEnvironment());
+TEST_F(Program, SucceedsIfItIsInterruptedAfterItsOutputsAreInPlace) {
+  QProcess process;
   for (unsigned i = 0; i < 12; ++i) {
     Start(process, "in.png --gestures ok --export late.svg");
     ASSERT_TRUE(process.waitForStarted());
@@ -504,7 +519,11 @@ TEST_F(Program, StopsCleanlyWhenInterruptedOrNotHeard) {
     EXPECT_EQ(Ended(process).status, 0) << i;
     QFile::remove(Path("late.svg"));
   }
+}
 
+TEST_F(Program, LeavesNoFileIfItsOutputCannotBeWritten) {
+  const QStringList before = Files();
+  QProcess process;
   process.setStandardOutputFile("/dev/full");
   Start(process, "in.png --gestures ok --export a.svg");
   const Result unheard = Ended(process);

@@ -177,6 +177,9 @@ class StudioWindowTest : public StudioFolder {
   QTimer watchdog;
 };
 
+constexpr const char* kTwelveByEight =
+    "enter HorizontalCountTxt 12\nenter VerticalCountTxt 8\nkey Return";
+
 TEST_F(StudioWindowTest, TheCanvasShowsWhatOkWouldBuildWhileTheDialogIsOpen) {
   OpenPicture();
   const QImage picture = Canvas();
@@ -326,17 +329,14 @@ TEST_F(StudioWindowTest, TellsAssistiveTechnologyWhatIsThere) {
   EXPECT_TRUE(hasZoomAction);
 }
 
-TEST_F(StudioWindowTest, APictureBecomesAMosaicThatCanBeUndoneAndExported) {
+TEST_F(StudioWindowTest, MosaicReplacesThePictureAndEnablesItsCommands) {
   OpenPicture();
   EXPECT_EQ(Summary(), "60 × 40 pt   ·   21.2 × 14.1 mm");
   EXPECT_EQ(Usable(),
             "open quit undo copy paste createTesserae zoomIn zoomOut "
             "actualSize fit previewWhileChoosing about zoom");
-  const QImage before = Canvas();
-
-  Play("enter HorizontalCountTxt 12\nenter VerticalCountTxt 8\nkey Return");
-  Action("createTesserae").trigger();
-  ASSERT_TRUE(window->Shown()->mosaic);
+  const QImage picture = Canvas();
+  ASSERT_TRUE(Create(kTwelveByEight));
   EXPECT_EQ(window->Shown()->mosaic->tiles.size(), QSize(12, 8));
   EXPECT_TRUE(Summary().startsWith("12 × 8 tiles")) << Summary().toStdString();
   EXPECT_EQ(Usable(),
@@ -344,20 +344,54 @@ TEST_F(StudioWindowTest, APictureBecomesAMosaicThatCanBeUndoneAndExported) {
             "createTesseraeAgain zoomIn zoomOut actualSize fit previewWhileChoosing "
             "about zoom compare");
   EXPECT_TRUE(window->isWindowModified());
-  const QImage mosaic = Canvas();
-  EXPECT_NE(mosaic, before);
+  EXPECT_NE(Canvas(), picture);
+  Export("a.svg");
+  EXPECT_EQ(Load("a.svg").count("<rect "), 96);
+}
 
+TEST_F(StudioWindowTest, UndoAndRedoGoThroughEveryStep) {
+  OpenPicture();
+  const QImage picture = Canvas();
+  ASSERT_TRUE(Create(kTwelveByEight));
+  const QImage mosaic = Canvas();
   Action("undo").trigger();
   EXPECT_FALSE(window->Shown()->mosaic);
-  EXPECT_EQ(Canvas(), before);
+  EXPECT_EQ(Canvas(), picture);
   EXPECT_EQ(Action("undo").text() + Action("redo").text(),
             "&Undo Place Picture&Redo Create Tesserae");
   Action("redo").trigger();
   EXPECT_EQ(Canvas(), mosaic);
-
   Export("a.svg");
-  EXPECT_TRUE(QFile::exists(Path("a.svg")));
-  // A PNG's size is asked for once; the next time the same happens without a question.
+  Action("undo").trigger();
+  Action("undo").trigger();
+  EXPECT_FALSE(window->Shown());
+  EXPECT_TRUE(window->findChild<::Canvas*>()->ArtOnScreen().isEmpty());
+}
+
+TEST_F(StudioWindowTest, NextRunStartsWithTheLastChoicesAndRecentPicture) {
+  Open();
+  const auto canOpenRecent = [&] {
+    for (const QMenu* menu : window->findChildren<QMenu*>())
+      if (menu->title() == "Open &Recent") return menu->isEnabled();
+    throw std::logic_error("no such menu");
+  };
+  EXPECT_FALSE(canOpenRecent()) << "no picture has been opened yet";
+  Close();
+  OpenPicture();
+  ASSERT_TRUE(Create(kTwelveByEight));
+  Export("a.svg");
+  Close();
+  OpenPicture();
+  EXPECT_TRUE(canOpenRecent());
+  EXPECT_EQ(settings::RecentPictures(), QStringList(Path("in.png")));
+  EXPECT_TRUE(Create("key Return"));
+  EXPECT_EQ(window->Shown()->mosaic->tiles.size(), QSize(12, 8));
+  Export("b.svg");
+}
+
+TEST_F(StudioWindowTest, PngDialogKeepsWidthHeightAndResolutionConsistent) {
+  OpenPicture();
+  ASSERT_TRUE(Create(kTwelveByEight));
   Type("a.png");
   WhenOpen<QDialog>("pngSize", [this](QDialog& dialog) {
     const auto shown = [&] {
@@ -393,32 +427,31 @@ TEST_F(StudioWindowTest, APictureBecomesAMosaicThatCanBeUndoneAndExported) {
   });
   Action("export").trigger();
   EXPECT_EQ(QImage(Path("a.png")).size(), QSize(90, 60));
+}
+
+TEST_F(StudioWindowTest, ExportAgainRepeatsTheLastExportWithoutQuestions) {
+  OpenPicture();
+  ASSERT_TRUE(Create(kTwelveByEight));
+  Type("a.png");
+  WhenOpen<QDialog>("pngSize", [](QDialog& dialog) {
+    EXPECT_TRUE(QTest::qWaitForWindowActive(&dialog));
+    auto& width = *dialog.findChild<QWidget*>("pngWidth")->findChild<QLineEdit*>();
+    width.setFocus();
+    width.selectAll();
+    QTest::keyClicks(&width, "90");
+    QTest::keyClick(&width, Qt::Key_Tab);
+    QTest::keyClick(&dialog, Qt::Key_Return);
+  });
+  Action("export").trigger();
   ASSERT_TRUE(QFile::remove(Path("a.png")));
   Action("exportAgain").trigger();
   EXPECT_EQ(QImage(Path("a.png")).size(), QSize(90, 60));
   EXPECT_EQ(settings::kExportEnding.Get(), ".png");
   WhenOpen<QDialog>("export", [&](QDialog& dialog) {
-    EXPECT_EQ(dialog.findChild<QLineEdit*>()->text(), "in mosaic.png") << "the kind of last time";
+    EXPECT_EQ(dialog.findChild<QLineEdit*>()->text(), "in mosaic.png") << "the format of last time";
     dialog.reject();
   });
   Action("export").trigger();
-
-  Action("copy").trigger();
-  EXPECT_EQ(QApplication::clipboard()->mimeData()->data("image/svg+xml").count("<rect "), 96);
-  Action("paste").trigger();
-  EXPECT_EQ(window->Shown()->path, "Pasted picture 1");
-  EXPECT_NEAR(window->Shown()->picture.Pixels().width(), 1608, 8) << "sharp tiles";
-  Close();  // without a question, since all is exported
-
-  // The next time begins with the same choices.
-  OpenPicture();
-  EXPECT_TRUE(Create("key Return"));
-  EXPECT_EQ(window->Shown()->mosaic->tiles.size(), QSize(12, 8));
-  EXPECT_EQ(settings::RecentPictures(), QStringList(Path("in.png")));
-  Action("undo").trigger();
-  Action("undo").trigger();
-  EXPECT_FALSE(window->Shown());
-  EXPECT_TRUE(window->findChild<::Canvas*>()->ArtOnScreen().isEmpty());
 }
 
 TEST_F(StudioWindowTest, OpensAnImageOfADrawingAndExportsTheDrawing) {
@@ -901,6 +934,13 @@ TEST_F(StudioWindowTest, TheClipboardTakesWhatOthersCanTake) {
   const auto clipboard = [] { return QApplication::clipboard()->mimeData(); };
   Action("copy").trigger();
   EXPECT_EQ(qvariant_cast<QImage>(clipboard()->imageData()), window->Shown()->picture.Pixels());
+  ASSERT_TRUE(Create(kTwelveByEight));
+  Action("copy").trigger();
+  EXPECT_EQ(clipboard()->data("image/svg+xml").count("<rect "), 96);
+  Export("first.svg");
+  Action("paste").trigger();
+  EXPECT_EQ(window->Shown()->path, "Pasted picture 1");
+  EXPECT_NEAR(window->Shown()->picture.Pixels().width(), 1608, 8) << "sharp tiles";
   ASSERT_TRUE(Create("enter HorizontalCountTxt 500\nenter VerticalCountTxt 501\nkey Return"));
   Action("copy").trigger();
   EXPECT_FALSE(clipboard()->hasFormat("image/svg+xml")) << "more than 250 000 tiles";
