@@ -76,7 +76,7 @@ class HandMadeForm : public QDialog {
     field->setMaximum(8640);
     field->setValue(40);
     field->setSuffix(" pt");
-    field->setToolTip("0 pt to 8640 pt; mm, cm, in and px are understood too.");
+    field->setToolTip("0 pt to 8640 pt, also in mm, cm, in or px.");
     field->setAccessibleDescription("0 pt to 8640 pt");
     return field;
   }

@@ -150,6 +150,17 @@ UTF16String Localizer::Localize(const char* key,
   return WithReplacements(Localize(key).View(), values);
 }
 
+UTF16String Localizer::LocalizePlural(const char* key, const char* plural, unsigned long count,
+                                      std::initializer_list<ReplacementValue> values) const {
+  const char* text = count == 1 ? key : plural;
+  if (messagesLocale != nullptr) {
+    const LocaleInUse inUse(messagesLocale);
+    text = dngettext(kDomain, key, plural, count);
+  }
+  return WithReplacements(utility::UTF8ToUTF16(text == key ? EnglishText(key) : text).View(),
+                          values);
+}
+
 char16_t Localizer::GetDecimalSign() const {
   const UTF16String sign = Localize(kDecimalSignKey);
   return sign.IsEmpty() ? u'.' : sign.View().front();

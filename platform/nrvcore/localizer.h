@@ -56,6 +56,12 @@ class NRV_EXPORT Localizer {
   /// The same with %1 to %4 replaced.
   UTF16String Localize(const char* key, std::initializer_list<ReplacementValue> values) const;
 
+  /// The form of a text that the language's rules choose for `count` things, with %1 to %4
+  /// replaced. `key` has the English singular after its first "="; `plural` is the English plural
+  /// alone.
+  UTF16String LocalizePlural(const char* key, const char* plural, unsigned long count,
+                             std::initializer_list<ReplacementValue> values) const;
+
   /// The language's decimal sign: the translation of "$$$/nrvcore/Locale/DecimalSign=.".
   char16_t GetDecimalSign() const;
 

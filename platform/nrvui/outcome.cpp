@@ -37,9 +37,9 @@ const char* TextFor(Refusal refusal) {
     case Refusal::kDialogClosed:
       return "$$$/nrvui/Gesture/DialogClosed=The dialog has already closed.";
     case Refusal::kStaysOpen:
-      return "$$$/nrvui/Gesture/StaysOpen=The dialog can't be closed this way now.";
+      return "$$$/nrvui/Gesture/StaysOpen=The dialog cannot be closed this way now.";
     case Refusal::kNoCloseBox:
-      return "$$$/nrvui/Gesture/NoCloseBox=The dialog's window can't be closed.";
+      return "$$$/nrvui/Gesture/NoCloseBox=The dialog's window cannot be closed.";
     case Refusal::kDisabled:
       return "$$$/nrvui/Gesture/Disabled=The control is disabled.";
     case Refusal::kHidden:
@@ -47,20 +47,19 @@ const char* TextFor(Refusal refusal) {
     case Refusal::kNotEditable:
       return "$$$/nrvui/Gesture/NotEditable=Nothing can be entered here.";
     case Refusal::kNotClickable:
-      return "$$$/nrvui/Gesture/NotClickable=There is nothing to click here.";
+      return "$$$/nrvui/Gesture/NotClickable=This control cannot be clicked.";
     case Refusal::kMissing:
       return "$$$/nrvui/Gesture/Missing=A number is missing.";
     case Refusal::kNotANumber:
       return "$$$/nrvui/Gesture/NotANumber=\"%1\" is not a number.";
     case Refusal::kTwoReadings:
-      return "$$$/nrvui/Gesture/TwoReadings=\"%1\" can be read in two ways; decimals follow a "
-             "point.";
+      return "$$$/nrvui/Gesture/TwoReadings=\"%1\" is ambiguous; write a point before decimals.";
     case Refusal::kOutOfRange:
       return "$$$/nrvui/Gesture/OutOfRange=\"%1\" is outside the range of numbers.";
     case Refusal::kOtherUnit:
-      return "$$$/nrvui/Gesture/OtherUnit=\"%1\" is in a unit that doesn't fit here.";
+      return "$$$/nrvui/Gesture/OtherUnit=The unit of \"%1\" cannot be used here.";
     case Refusal::kNotASize:
-      return "$$$/nrvui/Gesture/NotASize=A window can't be %1 large.";
+      return "$$$/nrvui/Gesture/NotASize=A window cannot have the size %1.";
   }
   return "";
 }

@@ -17,16 +17,15 @@ using nrvui::gestures::Outcome;
 
 namespace {
 
-constexpr const char* kLengthHint =
-    "$$$/nrvui/Field/LengthHint=%1: %2; mm, cm, in and px are understood too.";
+constexpr const char* kLengthHint = "$$$/nrvui/Field/LengthHint=%1: %2, also in mm, cm, in or px.";
 constexpr const char* kBetween = "$$$/nrvui/Field/Between=%1 to %2";
 constexpr const char* kAtLeast = "$$$/nrvui/Field/AtLeast=at least %1";
 constexpr const char* kAtMost = "$$$/nrvui/Field/AtMost=at most %1";
 constexpr const char* kOnly = "$$$/nrvui/Field/Only=only %1";
 constexpr const char* kProduced =
-    "$$$/nrvui/Field/Produced=%1: \"%4\" produced %2, which is used. What can be entered: %3.";
+    "$$$/nrvui/Field/Produced=%1: \"%4\" set %2, which is used although it is out of range (%3).";
 constexpr const char* kNotEntered =
-    "$$$/nrvui/Field/NotEntered=%1: %2 was not entered but is used. What can be entered: %3.";
+    "$$$/nrvui/Field/NotEntered=%1: %2 is used although it is out of range (%3).";
 constexpr const char* kProblem = "$$$/nrvui/Field/Problem=%1: %2";
 constexpr const char* kProblemAndRange = "$$$/nrvui/Field/ProblemAndRange=%1: %2 Allowed here: %3.";
 

@@ -22,5 +22,10 @@ std::string NumberText(double value, int decimals) {
 
 QString NumberForUser(double value) {
   const QChar sign(nrvcore::config::Localizer::Get().GetDecimalSign());
-  return QString::fromStdString(NumberText(value)).replace('.', sign);
+  QString text = QString::fromStdString(NumberText(value)).replace('.', sign);
+  const qsizetype start = value < 0 ? 1 : 0;
+  const qsizetype end = text.indexOf(sign);
+  for (qsizetype i = (end < 0 ? text.size() : end) - 3; i > start; i -= 3)
+    text.insert(i, sign == '.' ? ',' : '.');
+  return text;
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QString>
+#include <cstdint>
 #include <string>
 
 #include "platform/nrvcore/localizer.h"
@@ -21,6 +22,16 @@ QString Text(const char* key, const Values&... values) {
       nrvcore::config::Localizer::Get().Localize(key, {ReplacementValue(ToToolkit(values))...}));
 }
 
+/// The form for `count` things of a text with a plural, with `values` in the places of %1 to %4;
+/// see Localizer::LocalizePlural. scripts/check-translations knows the keys by this function's
+/// name.
+template <typename... Values>
+QString PluralText(const char* key, const char* plural, uint64_t count, const Values&... values) {
+  using nrvcore::config::ReplacementValue;
+  return FromToolkit(nrvcore::config::Localizer::Get().LocalizePlural(
+      key, plural, count, {ReplacementValue(ToToolkit(values))...}));
+}
+
 inline constexpr int kMostDecimals = 12;
 
 /// A number for a file, with at most `decimals` decimals, 0 to kMostDecimals, and no more digits
@@ -29,5 +40,6 @@ inline constexpr int kMostDecimals = 12;
 /// not defined.
 std::string NumberText(double value, int decimals = 4);
 
-/// The same with the decimal sign of the user's language.
+/// The same for texts that people read, not for fields: with the user's decimal sign, and a "," or
+/// "." between thousands, whichever is not the decimal sign: "1,234.5".
 QString NumberForUser(double value);

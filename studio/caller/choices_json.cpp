@@ -86,7 +86,7 @@ void Read(const Json& json, const char* name, Number& field, Range range) {
   const bool isInRange = number >= range.least && number <= range.most;
   if (isInRange) field = Number(number);
   if (isInRange && (std::is_floating_point_v<Number> || field == number)) return;
-  throw StudioError("$$$/Studio/Choices/BadValue=\"%1\" is missing or not a value it can have",
+  throw StudioError("$$$/Studio/Choices/BadValue=\"%1\" is missing or has an invalid value",
                     QString(name));
 }
 

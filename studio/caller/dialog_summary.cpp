@@ -26,23 +26,24 @@ qtui::Summary SummaryOfTiles(const Picture& picture, const Forecast& forecast) {
   const MosaicChoices& choices = forecast.choices;
   const MosaicParameters& params = choices.params;
   const MosaicGeometry geometry = MosaicJob(picture, choices).Geometry();
+  const uint64_t count = uint64_t(geometry.tilesAcross) * geometry.tilesDown;
   const QString tiles =
-      Text("$$$/Studio/Dialog/Tiles=%1 tiles of %2 by %3 pt",
-           QString::number(qint64(geometry.tilesAcross) * geometry.tilesDown),
-           NumberForUser(geometry.tile.width()), NumberForUser(geometry.tile.height()));
+      PluralText("$$$/Studio/Dialog/Tiles=%1 tile of %2 by %3 pt", "%1 tiles of %2 by %3 pt", count,
+                 NumberForUser(double(count)), NumberForUser(geometry.tile.width()),
+                 NumberForUser(geometry.tile.height()));
   QStringList remarks;
   if (IsRatioOfPercentages(choices)) {
     remarks +=
         Text("$$$/Studio/Dialog/RatioOnPercentages=The ratio is applied to the percentages.");
   }
   if (forecast.cutsTiles) {
-    remarks += Text("$$$/Studio/Dialog/WholeTiles=Tiles count in whole numbers: %1 by %2.",
-                    QString::number(params.tilesAcross), QString::number(params.tilesDown));
+    remarks += Text("$$$/Studio/Dialog/WholeTiles=Tile numbers are rounded down: %1 by %2.",
+                    NumberForUser(params.tilesAcross), NumberForUser(params.tilesDown));
   }
   if (forecast.cutsSpaces) {
-    remarks += Text("$$$/Studio/Dialog/WholeSpaces=Spaces count in whole points: %1 by %2 pt.",
-                    QString::number(params.tileSpacingHorizontal),
-                    QString::number(params.tileSpacingVertical));
+    remarks += Text(
+        "$$$/Studio/Dialog/WholeSpaces=Spacing is rounded down to whole points: %1 by %2 pt.",
+        NumberForUser(params.tileSpacingHorizontal), NumberForUser(params.tileSpacingVertical));
   }
   const bool isWarning = forecast.cutsTiles || forecast.cutsSpaces;
   if (remarks.isEmpty()) return {tiles, isWarning};

@@ -44,7 +44,8 @@ bool MosaicCaller::Ask(MosaicParameters& params, MosaicDialogState& state) {
 
 void MosaicCaller::ShowAbout() {
   BeginCall();
-  EndCall(module->About(), "$$$/Studio/Module/NoAbout=the module says nothing about itself: %1");
+  EndCall(module->About(),
+          "$$$/Studio/Module/NoAbout=the module gives no information about itself: %1");
 }
 
 void MosaicCaller::Close() {
@@ -53,7 +54,7 @@ void MosaicCaller::Close() {
   module.reset();
   const std::vector<std::string> leftovers = host.Leftovers();
   if (!leftovers.empty())
-    Fail("$$$/Studio/Module/LeftOver=the module gave back too little: %1", leftovers.front());
+    Fail("$$$/Studio/Module/LeftOver=the module did not release everything: %1", leftovers.front());
 }
 
 void MosaicCaller::BeginCall() {

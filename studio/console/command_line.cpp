@@ -25,54 +25,52 @@ constexpr const char* kName = "$$$/Studio/Help/Name=NAME";
 constexpr const char* kTheme = "$$$/Studio/Help/Theme=THEME";
 
 constexpr Option kOptions[] = {
-    {"gestures", kFile,
-     "$$$/Studio/Help/Gestures=Plays these gestures on the dialog, as a person would.", nullptr,
-     &CommandLine::gestures},
+    {"gestures", kFile, "$$$/Studio/Help/Gestures=Plays the gestures in this file in the dialog.",
+     nullptr, &CommandLine::gestures},
     {"export", kFile,
-     "$$$/Studio/Help/Export=Writes the mosaic, by the name's ending: .svg, .png or .pdf; may be "
-     "given more than once.",
+     "$$$/Studio/Help/Export=Exports the mosaic; the ending selects the format: .svg, .png or "
+     ".pdf. Can be repeated.",
      nullptr, nullptr, &CommandLine::exports},
-    {"record", kFile, "$$$/Studio/Help/Record=Writes what the dialog gave back, as JSON.", nullptr,
-     &CommandLine::record},
+    {"record", kFile, "$$$/Studio/Help/Record=Writes the values that the dialog returned, as JSON.",
+     nullptr, &CommandLine::record},
     {"preset", kName,
      "$$$/Studio/Help/Preset=Enters the values of this preset in the dialog. On the console it "
      "also "
      "confirms the dialog, unless there are gestures.",
      nullptr, &CommandLine::preset},
     {"image", kId,
-     "$$$/Studio/Help/Image=Makes the mosaic of the image with this ID in an SVG drawing, and "
-     "exports the drawing with it; may be given more than once.",
+     "$$$/Studio/Help/Image=Turns the image with this ID in an SVG drawing into a mosaic and "
+     "exports the drawing with it. Can be repeated.",
      nullptr, nullptr, &CommandLine::images},
-    {"screenshot", kFile, "$$$/Studio/Help/Screenshot=Writes what the dialog looks like, as PNG.",
+    {"screenshot", kFile, "$$$/Studio/Help/Screenshot=Writes a screenshot of the dialog, as PNG.",
      nullptr, &CommandLine::dialogScreenshot},
     {"screenshot-window", kFile,
-     "$$$/Studio/Help/ScreenshotWindow=Writes what the window looks like, as PNG.", nullptr,
+     "$$$/Studio/Help/ScreenshotWindow=Writes a screenshot of the window, as PNG.", nullptr,
      &CommandLine::windowScreenshot},
     {"size-unknown", nullptr,
-     "$$$/Studio/Help/SizeUnknown=Places the picture as if its file did not say how large it is.",
+     "$$$/Studio/Help/SizeUnknown=Ignores the resolution in the picture's file, so that its size "
+     "is unknown.",
      &CommandLine::isSizeUnknown},
     {"state", kFile,
-     "$$$/Studio/Help/State=Keeps the last choices here instead of in your settings.", nullptr,
-     &CommandLine::state},
+     "$$$/Studio/Help/State=Keeps the last choices in this file instead of in your settings.",
+     nullptr, &CommandLine::state},
     {"language", kCode,
-     "$$$/Studio/Help/Language=Speaks this language, as in \"de\", instead of your own.", nullptr,
-     &CommandLine::language},
-    {"theme", kTheme, "$$$/Studio/Help/Look=Looks light, dark or like the system.", nullptr,
+     "$$$/Studio/Help/Language=Uses this language, such as \"de\", instead of the environment's.",
+     nullptr, &CommandLine::language},
+    {"theme", kTheme, "$$$/Studio/Help/Look=Selects the theme: light, dark or system.", nullptr,
      &CommandLine::theme},
-    {"quiet", nullptr, "$$$/Studio/Help/Quiet=Prints nothing but errors.", &CommandLine::isQuiet},
-    {"help", nullptr, "$$$/Studio/Help/Help=Prints this.", &CommandLine::showHelp},
-    {"version", nullptr, "$$$/Studio/Help/Version=Prints the program's version.",
-     &CommandLine::showVersion},
+    {"quiet", nullptr, "$$$/Studio/Help/Quiet=Prints only errors.", &CommandLine::isQuiet},
+    {"help", nullptr, "$$$/Studio/Help/Help=Shows this help.", &CommandLine::showHelp},
+    {"version", nullptr, "$$$/Studio/Help/Version=Prints the version.", &CommandLine::showVersion},
 };
 
 constexpr const char* kDescription[] = {
-    "$$$/Studio/Help/Runs=Opens its window, where there is a display. With one of the first three "
-    "options it places the picture, asks for a mosaic in the dialog \"Create Tesserae\", builds "
-    "it, "
-    "and ends. With screenshots alone it makes these, and ends.",
-    "$$$/Studio/Help/Status=Exit status: 0 after OK, 1 when the dialog or the building was "
-    "cancelled "
-    "and nothing was written, 2 with a line on the error output when something is wrong.",
+    "$$$/Studio/Help/Runs=Opens the picture in a window. With --gestures, --export or --record it "
+    "shows the dialog \"Create Tesserae\" without that window, builds the mosaic, writes the files "
+    "and ends. With screenshots alone it writes these and ends.",
+    "$$$/Studio/Help/Status=Exit status: 0 after OK; 1 if the dialog or the mosaic was cancelled, "
+    "in which case nothing is written; 2 after an error, with one line on the standard error "
+    "output.",
 };
 
 /// How many columns of a terminal it takes.
@@ -103,7 +101,7 @@ void Describe(QCommandLineParser& parser) {
   parser.setApplicationDescription('\n' + Paragraph(Text(kDescription[0])) + "\n\n" +
                                    Paragraph(Text(kDescription[1])));
   parser.addPositionalArgument("picture",
-                               Text("$$$/Studio/Help/Picture=The picture that becomes a mosaic."),
+                               Text("$$$/Studio/Help/Picture=The picture to turn into a mosaic."),
                                Text("$$$/Studio/Help/PictureName=[PICTURE]"));
   for (const Option& option : kOptions)
     parser.addOption({option.name, Text(option.help), Text(option.value)});
@@ -171,9 +169,9 @@ CommandLine CommandLine::Parse(const QStringList& arguments) {
     throw StudioError("$$$/Studio/Line/Theme=--theme is light, dark or system, not %1", line.theme);
   }
   if (!line.preset.isEmpty() && line.picture.isEmpty())
-    throw StudioError("$$$/Studio/Line/WhichPicture=which picture? See --help");
+    throw StudioError("$$$/Studio/Line/WhichPicture=no picture is given; see --help");
   if (!line.images.isEmpty() && line.picture.isEmpty())
-    throw StudioError("$$$/Studio/Line/WhichDrawing=which drawing? See --help");
+    throw StudioError("$$$/Studio/Line/WhichDrawing=no drawing is given; see --help");
   if (line.images.removeDuplicates() > 0)
     throw StudioError("$$$/Studio/Line/ImageTwice=--image is given twice for the same image");
   return line;

@@ -109,7 +109,7 @@ int ConsoleRun::Run() {
   const bool isEmptyWindow = line.picture.isEmpty() && line.dialogScreenshot.isEmpty();
   if (windows == Windows::kForScreenshots && isEmptyWindow) return TakeScreenshots();
   if (line.picture.isEmpty())
-    throw StudioError("$$$/Studio/Line/WhichPicture=which picture? See --help");
+    throw StudioError("$$$/Studio/Line/WhichPicture=no picture is given; see --help");
   for (const QString& path : line.exports) CheckExport(path);
   LoadChoices();
   Open();
@@ -131,7 +131,7 @@ int ConsoleRun::Run() {
     if (!Build(choices)) break;
   }
   if (interruption->IsRequested() || !ExportDrawing()) {
-    Tell(Text("$$$/Studio/Line/Stopped=The building was stopped."));
+    Tell(Text("$$$/Studio/Line/Stopped=The mosaic was cancelled."));
     return kCancelled;
   }
   if (recordDevice) {
@@ -319,9 +319,10 @@ bool ConsoleRun::RunJob(const MosaicChoices& choices) {
     return !interruption->IsRequested();
   });
   if (!isComplete || interruption->IsRequested()) return false;
-  Tell(Text("$$$/Studio/Line/Built=Built %1 tiles, %2 across and %3 down.",
-            QString::number(qint64(geometry.tilesAcross) * geometry.tilesDown),
-            QString::number(geometry.tilesAcross), QString::number(geometry.tilesDown)));
+  const uint64_t count = uint64_t(geometry.tilesAcross) * geometry.tilesDown;
+  Tell(PluralText("$$$/Studio/Line/Built=Built %1 tile, %2 across and %3 down.",
+                  "Built %1 tiles, %2 across and %3 down.", count, NumberForUser(double(count)),
+                  NumberForUser(geometry.tilesAcross), NumberForUser(geometry.tilesDown)));
   if (!isShown) return true;
   artwork = WithMosaic(*artwork, std::move(mosaic));
   if (drawing) {
@@ -356,8 +357,8 @@ void ConsoleRun::KeepChoices() {
   try {
     choicesFile.Change([this](KeptChoices& stored) { stored.AddMosaic(*kept.last, entries); });
   } catch (const StudioError& error) {
-    Warn(
-        Text("$$$/Studio/Line/ChoicesNotKept=the choices are not kept: %1", QString(error.what())));
+    Warn(Text("$$$/Studio/Line/ChoicesNotKept=the choices cannot be saved: %1",
+              QString(error.what())));
   }
 }
 

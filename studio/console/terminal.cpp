@@ -62,7 +62,7 @@ void ProgressLine::Show(int done, int all) {
   if (!isTerminal || sinceStart.elapsed() < nextTime) return;
   nextTime = sinceStart.elapsed() + kInterval;
   isShown = true;
-  const QString text = Text("$$$/Studio/Line/Building=Building the mosaic: %1 %  (Ctrl+C stops)",
+  const QString text = Text("$$$/Studio/Line/Building=Building the mosaic: %1 %  (Ctrl+C cancels)",
                             QString::number(int(100.0 * done / all)));
   std::fprintf(errorOutput, "\r%s", qPrintable(text));
 }

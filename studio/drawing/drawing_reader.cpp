@@ -162,7 +162,7 @@ void DrawingReader::Run() {
       throw StudioError(
           "$$$/Studio/Drawing/Encoding=its encoding is not supported; save it in UTF-8");
     case XML_ERROR_AMPLIFICATION_LIMIT_BREACH:
-      throw StudioError("$$$/Studio/Drawing/Amplification=its entities expand to too much text");
+      throw StudioError("$$$/Studio/Drawing/Amplification=its entities expand beyond the limit");
     default:
       throw StudioError("$$$/Studio/Drawing/NotXml=line %1 is not well-formed XML", line);
   }

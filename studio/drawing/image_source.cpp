@@ -59,7 +59,8 @@ bool Exists(const fs::path& path) {
 QString LinkedFile(const SvgDrawing& drawing, const ImageElement& image) {
   std::string_view reference = Reference(image);
   if (reference.empty() || reference.front() == '#')
-    throw StudioError("$$$/Studio/Drawing/NoPicture=the image %1 has no picture", image.Name());
+    throw StudioError("$$$/Studio/Drawing/NoPicture=the image %1 has no link to a picture",
+                      image.Name());
   if (StartsWith(reference, "data:")) return {};
   if (StartsWith(reference, "file:")) {
     reference.remove_prefix(5);

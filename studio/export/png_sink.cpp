@@ -30,7 +30,7 @@ double LeastScale(const MosaicGeometry& geometry) {
   throw StudioError(
       "$$$/Studio/Export/TooManyPixels=a PNG with a pixel for each tile would have %1 by %2 "
       "pixels, which is too many; SVG and PDF can hold these tiles",
-      QString::number(width, 'f', 0), QString::number(height, 'f', 0));
+      NumberForUser(width), NumberForUser(height));
 }
 
 // Borders this close to a pixel's edge lie on it, in pixels.

@@ -19,22 +19,20 @@ struct Refusals {
   const char* noRoom;
 };
 
-constexpr Refusals kAcross{
-    "HorizontalCountTxt",
-    "NewWidthTxt",
-    "TileSpaceHorzTxt",
-    "$$$/Studio/Mosaic/NoColumn=a mosaic needs at least one tile across",
-    "$$$/Studio/Mosaic/NoWidth=the new width leaves no mosaic: it must be above 0",
-    "$$$/Studio/Mosaic/NoRoomAcross=no room for tiles: %1 tiles across with a spacing of %2 pt "
-    "don't fit in a width of %3 pt"};
-constexpr Refusals kDown{
-    "VerticalCountTxt",
-    "NewHeightTxt",
-    "TileSpaceVertTxt",
-    "$$$/Studio/Mosaic/NoRow=a mosaic needs at least one tile down",
-    "$$$/Studio/Mosaic/NoHeight=the new height leaves no mosaic: it must be above 0",
-    "$$$/Studio/Mosaic/NoRoomDown=no room for tiles: %1 tiles down with a spacing of %2 pt "
-    "don't fit in a height of %3 pt"};
+constexpr Refusals kAcross{"HorizontalCountTxt",
+                           "NewWidthTxt",
+                           "TileSpaceHorzTxt",
+                           "$$$/Studio/Mosaic/NoColumn=a mosaic needs at least one tile across",
+                           "$$$/Studio/Mosaic/NoWidth=the new width must be greater than 0",
+                           "$$$/Studio/Mosaic/NoRoomAcross=no room for tiles: %1 tiles across with "
+                           "a spacing of %2 pt do not fit in a width of %3 pt"};
+constexpr Refusals kDown{"VerticalCountTxt",
+                         "NewHeightTxt",
+                         "TileSpaceVertTxt",
+                         "$$$/Studio/Mosaic/NoRow=a mosaic needs at least one tile down",
+                         "$$$/Studio/Mosaic/NoHeight=the new height must be greater than 0",
+                         "$$$/Studio/Mosaic/NoRoomDown=no room for tiles: %1 tiles down with a "
+                         "spacing of %2 pt do not fit in a height of %3 pt"};
 
 struct Side {
   const Refusals& refusals;

@@ -25,7 +25,7 @@ constexpr struct {
      "$$$/Studio/Picture/Unsupported=%1 is not a supported picture; supported are %2"},
     {kDamaged, "$$$/Studio/Picture/Damaged=the picture %1 is damaged"},
     {kTruncated,
-     "$$$/Studio/Picture/CutShort=the picture %1 is cut short: the file ends before the picture"},
+     "$$$/Studio/Picture/CutShort=the picture %1 is incomplete: its file ends too early"},
     {kTooLarge,
      "$$$/Studio/Picture/TooLarge=the picture %1 is too large: reading it takes too much memory"},
     {-SIGXCPU, "$$$/Studio/Picture/TooSlow=the picture %1 takes too long to read"}};

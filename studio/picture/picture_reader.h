@@ -12,7 +12,7 @@
 /// Polled several times a second during long work, which stops when it returns true.
 using IsStopped = std::function<bool()>;
 
-inline constexpr const char* kReadingStopped = "$$$/Studio/Picture/Stopped=the reading was stopped";
+inline constexpr const char* kReadingStopped = "$$$/Studio/Picture/Stopped=reading was cancelled";
 
 /// One pass over a picture's file by a process of its own, tesserae-picture-reader, which is killed
 /// with this object. Used by one thread at a time.

@@ -50,7 +50,7 @@ class WorkDialog final : public QProgressDialog {
     qDeleteAll(findChildren<QShortcut*>());
     disconnect(this, SIGNAL(canceled()), this, SLOT(cancel()));  // which would hide it
     connect(this, &QProgressDialog::canceled, this, [this] {
-      label->setText(Text("$$$/Studio/Progress/Stopping=Stopping…"));
+      label->setText(Text("$$$/Studio/Progress/Stopping=Cancelling…"));
       button->hide();
     });
   }

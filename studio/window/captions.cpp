@@ -38,8 +38,10 @@ QString SummaryText(const Artwork& artwork) {
   QStringList parts{SizeInPointsText(artwork)};
   if (artwork.mosaic) {
     const MosaicGeometry& geometry = artwork.mosaic->geometry;
-    parts.prepend(Text("$$$/Studio/Size/Tiles=%1 × %2 tiles", QString::number(geometry.tilesAcross),
-                       QString::number(geometry.tilesDown)));
+    const uint64_t count = uint64_t(geometry.tilesAcross) * geometry.tilesDown;
+    parts.prepend(PluralText("$$$/Studio/Size/Tiles=%1 × %2 tile", "%1 × %2 tiles", count,
+                             NumberForUser(geometry.tilesAcross),
+                             NumberForUser(geometry.tilesDown)));
   }
   if (IsSizeKnown(artwork)) {
     const QSizeF size = artwork.Size() * kMillimetersPerPoint;

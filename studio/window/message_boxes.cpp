@@ -62,13 +62,13 @@ void MessageBoxes::ShowError(const QString& text, const std::exception& error) c
 
 bool MessageBoxes::AskBeforeLargeExport(double bytes) const {
   QMessageBox box(QMessageBox::Question, Text("$$$/Studio/Box/AlertTitle=Tesserae Studio"),
-                  Text("$$$/Studio/Box/LargeExport=The file will have about %1 GB.",
+                  Text("$$$/Studio/Box/LargeExport=The file will be about %1 GB.",
                        NumberForUser(std::round(bytes / 1e8) / 10)),
                   QMessageBox::NoButton, window);
   box.setObjectName("largeExport");
   box.setInformativeText(
-      Text("$$$/Studio/Box/LargeExportHint=Other programs may not open it. Fewer tiles or a PNG "
-           "picture take less room."));
+      Text("$$$/Studio/Box/LargeExportHint=Other programs may not be able to open it. Fewer tiles "
+           "or a PNG picture need less space."));
   auto* const exporting =
       box.addButton(Text("$$$/Studio/Box/ExportAnyway=&Export"), QMessageBox::AcceptRole);
   box.setEscapeButton(box.addButton(Text("$$$/Studio/Box/Cancel=Cancel"), QMessageBox::RejectRole));
@@ -80,10 +80,10 @@ bool MessageBoxes::AskBeforeLargeExport(double bytes) const {
 MessageBoxes::Answer MessageBoxes::AskBeforeClosing(const QString& picture) const {
   QMessageBox box(
       QMessageBox::Question, Text("$$$/Studio/Box/AlertTitle=Tesserae Studio"),
-      Text("$$$/Studio/Box/NotExported=Your mosaic of %1 is not exported yet.", picture),
+      Text("$$$/Studio/Box/NotExported=Your mosaic of %1 has not been exported.", picture),
       QMessageBox::NoButton, window);
   box.setObjectName("notExported");
-  box.setInformativeText(Text("$$$/Studio/Box/LostOtherwise=If you close now, it is lost."));
+  box.setInformativeText(Text("$$$/Studio/Box/LostOtherwise=If you close now, it will be lost."));
   auto* const exporting =
       box.addButton(Text("$$$/Studio/Box/Export=&Export…"), QMessageBox::AcceptRole);
   auto* const discarding = box.addButton(Text("$$$/Studio/Box/Discard=Close &Without Exporting"),

@@ -29,11 +29,11 @@ struct FieldTexts {
 constexpr size_t kFieldCount = 3;
 constexpr FieldTexts kFieldTexts[kFieldCount] = {
     {"pngWidth", "$$$/Studio/Png/Width=&Width in pixels:",
-     "$$$/Studio/Png/WidthHelp=How wide the picture becomes."},
+     "$$$/Studio/Png/WidthHelp=The width of the picture."},
     {"pngHeight", "$$$/Studio/Png/Height=&Height in pixels:",
-     "$$$/Studio/Png/HeightHelp=How high the picture becomes."},
+     "$$$/Studio/Png/HeightHelp=The height of the picture."},
     {"pngResolution", "$$$/Studio/Png/Resolution=&Resolution in dpi:",
-     "$$$/Studio/Png/ResolutionHelp=Pixels per inch on the page."},
+     "$$$/Studio/Png/ResolutionHelp=Pixels per inch of the artboard."},
 };
 using FieldValues = std::array<double, kFieldCount>;
 
@@ -150,21 +150,24 @@ std::optional<qtui::Summary> PngSizeDialog::DialogChanged(
   const QString pixels = NumberForUser(std::round(pitch * 100) / 100);
   QString text;
   if (shown == proposed && isSharp) {
-    text = Text(
-        "$$$/Studio/Png/Proposed=Proposed: %1 pixels from tile to tile, a whole number, so that "
+    text = PluralText(
+        "$$$/Studio/Png/Proposed=Proposed: %1 pixel from tile to tile, a whole number, so that "
         "edges are sharp.",
-        pixels);
+        "Proposed: %1 pixels from tile to tile, a whole number, so that edges are sharp.",
+        uint64_t(std::round(pitch)), pixels);
   } else if (shown == proposed) {
     text = Text(
-        "$$$/Studio/Png/ProposedLimited=Proposed: %1 pixels from tile to tile, as many as fit in a "
-        "picture of usual size.",
+        "$$$/Studio/Png/ProposedLimited=Proposed: %1 pixels from tile to tile, the most that fit "
+        "in a picture of usual size.",
         pixels);
   } else if (isSharp) {
-    text = Text("$$$/Studio/Png/Sharp=%1 pixels from tile to tile: sharp edges.", pixels);
+    text = PluralText("$$$/Studio/Png/Sharp=%1 pixel from tile to tile: sharp edges.",
+                      "%1 pixels from tile to tile: sharp edges.", uint64_t(std::round(pitch)),
+                      pixels);
   } else {
     text = Text(
-        "$$$/Studio/Png/Blended=%1 pixels from tile to tile: pixels on an edge mix the colours "
-        "beside it.",
+        "$$$/Studio/Png/Blended=%1 pixels from tile to tile: pixels on an edge mix the colours of "
+        "both sides.",
         pixels);
   }
   return qtui::Summary{text, false};

@@ -201,7 +201,7 @@ MosaicCaller& StudioWindow::Caller() {
 }
 
 void StudioWindow::ShowAbout() {
-  Do(Text("$$$/Studio/Error/About=There is nothing to tell about the module."), [this] {
+  Do(Text("$$$/Studio/Error/About=No information about the module is available."), [this] {
     Caller().ShowAbout();
     return true;
   });
@@ -241,7 +241,7 @@ bool StudioWindow::OpenPicture(const QString& path) {
     PlacePicture(QFileInfo(path).absoluteFilePath(), std::move(*picture));
     if (!isHeld) {
       Tell(
-          Text("$$$/Studio/Status/Reduced=The picture is very large: it is shown smaller, and each "
+          Text("$$$/Studio/Status/Reduced=The picture is very large: it is shown reduced, and each "
                "mosaic is built from its file."));
     }
     settings::AddRecentPicture(path);
@@ -294,7 +294,7 @@ std::optional<DialogEntries> StudioWindow::EntriesOfMosaic() const {
 }
 
 void StudioWindow::Create(const DialogEntries& entries) {
-  Do(Text("$$$/Studio/Error/Create=The mosaic cannot be made."), [&] {
+  Do(Text("$$$/Studio/Error/Create=The mosaic cannot be created."), [&] {
     const auto last = LastChoices();
     const ArtworkPtr shown = Shown();
     const Confirmed* const former = ConfirmedForShown();
@@ -305,9 +305,10 @@ void StudioWindow::Create(const DialogEntries& entries) {
                     WithMosaic(*shown, std::move(built->mosaic)));
     ShowDocument();
     const MosaicParameters& params = built->choices.params;
-    Tell(Text("$$$/Studio/Status/Built=Built %1 tiles in %2 s.",
-              QString::number(qint64(params.tilesAcross) * params.tilesDown),
-              NumberForUser(std::round(built->seconds * 10) / 10)));
+    const uint64_t count = uint64_t(params.tilesAcross) * params.tilesDown;
+    Tell(PluralText("$$$/Studio/Status/Built=Built %1 tile in %2 s.", "Built %1 tiles in %2 s.",
+                    count, NumberForUser(double(count)),
+                    NumberForUser(std::round(built->seconds * 10) / 10)));
     KeepChoices(*ConfirmedForShown());
     return true;
   });
@@ -321,7 +322,7 @@ std::optional<MosaicChoices> StudioWindow::LastChoices() {
     if (choicesFile.IsNamed()) throw;
     Tell(
         Text("$$$/Studio/Status/ChoicesUnreadable=Your last choices cannot be read. The dialog "
-             "starts afresh."));
+             "starts with the defaults."));
     return std::nullopt;
   }
 }
@@ -331,7 +332,7 @@ void StudioWindow::KeepChoices(const Confirmed& made) {
   try {
     choicesFile.Change([&](KeptChoices& kept) { kept.AddMosaic(made.choices, made.entries); });
   } catch (const StudioError&) {  // the mosaic is finished all the same
-    Tell(Text("$$$/Studio/Status/ChoicesNotKept=Your choices cannot be kept for the next time."));
+    Tell(Text("$$$/Studio/Status/ChoicesNotKept=Your choices cannot be saved."));
   }
 }
 
@@ -355,7 +356,7 @@ std::optional<StudioWindow::Built> StudioWindow::AskUntilBuilt(const MosaicChoic
         return Built{choices, std::move(*mosaic), double(clock.elapsed()) / 1000};
       }
       if (closesAfterWork) return std::nullopt;
-      keeper.notice = Text("$$$/Studio/Line/Stopped=The building was stopped.");
+      keeper.notice = Text("$$$/Studio/Line/Stopped=The mosaic was cancelled.");
     } catch (const ChoiceError& error) {
       keeper.notice = Sentence(error.what());
       keeper.fieldAtFault = error.Field();
@@ -584,8 +585,10 @@ void StudioWindow::dropEvent(QDropEvent* event) {
   // Later, as the other application waits for the answer to the drop.
   const auto open = [this, paths] {
     if (!OpenPicture(paths.front()) || paths.size() == 1) return;
-    Tell(Text("$$$/Studio/Status/OnlyFirst=Opened %1. Only one picture can be dropped: not %2.",
-              QFileInfo(paths[0]).fileName(), QFileInfo(paths[1]).fileName()));
+    Tell(
+        Text("$$$/Studio/Status/OnlyFirst=Opened %1. Only one picture can be dropped at a time; %2 "
+             "was not opened.",
+             QFileInfo(paths[0]).fileName(), QFileInfo(paths[1]).fileName()));
   };
   QMetaObject::invokeMethod(this, open, Qt::QueuedConnection);
 }

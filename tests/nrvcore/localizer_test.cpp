@@ -20,6 +20,12 @@ TEST(Localizer, ShowsTheTranslationOrElseTheTextAfterTheKeysEqualSign) {
   EXPECT_TRUE(localizer.HasCatalogue());
   EXPECT_EQ(localizer.Localize("$$$/Studio/Error/Open=The picture cannot be opened."),
             u"Das Bild kann nicht geöffnet werden.");
+  const auto built = [&](unsigned long count) {
+    return localizer.LocalizePlural("$$$/Studio/Status/Built=Built %1 tile in %2 s.",
+                                    "Built %1 tiles in %2 s.", count, {});
+  };
+  EXPECT_EQ(built(1), u"%1 Kachel in %2 s erstellt.");
+  EXPECT_EQ(built(0), u"%1 Kacheln in %2 s erstellt.");
   EXPECT_EQ(localizer.Localize("$$$/Test/Title=Tiles = 1"), u"Tiles = 1");
   EXPECT_EQ(localizer.Localize("$$$/Test/NoText"), u"$$$/Test/NoText");
   EXPECT_EQ(localizer.Localize("$$$/Test/Empty="), u"");
@@ -28,6 +34,8 @@ TEST(Localizer, ShowsTheTranslationOrElseTheTextAfterTheKeysEqualSign) {
   for (const char* english : {"en:de", "C:de", "./de"}) {
     localizer.SetLanguage(english);
     EXPECT_FALSE(localizer.HasCatalogue()) << english;
+    EXPECT_EQ(built(1), u"Built %1 tile in %2 s.");
+    EXPECT_EQ(built(2), u"Built %1 tiles in %2 s.");
   }
   EXPECT_STREQ(std::setlocale(LC_ALL, nullptr), "C") << "the process's locale does not change";
 }

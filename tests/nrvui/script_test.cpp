@@ -65,7 +65,7 @@ TEST(Script, ReportsFileLineAndReasonForEachProblem) {
       {"close\n\nclick \xFF", "open |f:3: the line is not UTF-8 text"},
       {"\nenter nowhere 5", "cancel |f:2: the dialog has no control \"nowhere\""},
       {"enter width", "cancel |f:1: A number is missing; the field keeps 300 pt."},
-      {"resize 99999 1", "cancel |f:1: A window can't be 99999 × 1 large."},
+      {"resize 99999 1", "cancel |f:1: A window cannot have the size 99999 × 1."},
   };
   for (const auto& [script, story] : cases) {
     TestDialog test;

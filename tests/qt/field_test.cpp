@@ -13,8 +13,7 @@ TEST_F(Field, SaysWhatItTakesAndWhatWasWrong) {
     EXPECT_TRUE(open.Field("NewWidthTxt").hasFocus());
     EXPECT_EQ(open.Field("NewWidthTxt").selectedText(), "300 pt");
     EXPECT_EQ(open.Message(),
-              "How wide the mosaic becomes. Width: 0 pt to 8640 pt; mm, cm, in and px are "
-              "understood too.");
+              "The width of the mosaic. Width: 0 pt to 8640 pt, also in mm, cm, in or px.");
 
     open.Type("NewWidthTxt", "9000");
     open.Key(Qt::Key_Tab);
@@ -43,14 +42,14 @@ TEST_F(Field, SaysWhatItTakesAndWhatWasWrong) {
     open.Click("MosaicUseRatioButton");
     EXPECT_EQ(
         open.Message(),
-        "Across: \"Use Ratio\" produced 12960, which is used. What can be entered: 1 to 8640.");
+        "Across: \"Use Ratio\" set 12960, which is used although it is out of range (1 to 8640).");
     open.Type("HorizontalCountTxt", "21");
     open.Key(Qt::Key_Tab);
     open.Type("NewWidthTxt", "3in");
     open.Key(Qt::Key_Tab);
     EXPECT_EQ(open.Text("NewWidthTxt"), "216 pt");
     EXPECT_FALSE(open.Field("NewWidthTxt").IsMarked());
-    EXPECT_TRUE(open.Message().contains("Height: 0 pt to 8640 pt;"));
+    EXPECT_TRUE(open.Message().contains("Height: 0 pt to 8640 pt,"));
 
     // After Undo the value is out of bounds again.
     open.Type("VerticalCountTxt", "8640");
@@ -58,7 +57,7 @@ TEST_F(Field, SaysWhatItTakesAndWhatWasWrong) {
     open.Type("HorizontalCountTxt", "1");
     open.Key(Qt::Key_Z, Qt::ControlModifier);
     open.Key(Qt::Key_Tab);
-    EXPECT_TRUE(open.Message().contains("produced 12960")) << open.Message().toStdString();
+    EXPECT_TRUE(open.Message().contains("set 12960")) << open.Message().toStdString();
     open.Type("HorizontalCountTxt", "21");
 
     // The problem ends when the user returns to the field and leaves it unedited.

@@ -33,7 +33,7 @@ TEST_F(Keyboard, GoesThroughTheControlsInTheirOrderAndNamesThem) {
               "Current Size|New Size|Number of Tiles|Tile Spacing|Proportions|Result");
     EXPECT_EQ(name(&open.Get("OrigWidthStatic")), "Width: 300 pt");
     EXPECT_EQ(open.Get("HorizontalCountTxt").accessibleDescription(),
-              "How many tiles stand side by side, in whole numbers. 1 to 8640");
+              "The number of tiles side by side, a whole number. 1 to 8640");
     QAccessibleInterface& across =
         *QAccessible::queryAccessibleInterface(&open.Get("HorizontalCountTxt"));
     QAccessibleValueInterface& value = *across.valueInterface();

@@ -25,7 +25,7 @@ TEST(MosaicCaller, SaysWhatFailedAndWhy) {
       {"QP Blocks Suite/FreeBlock", &MosaicCaller::Close,
        "the module cannot be shut down: The document is locked."},
       {"release/QP Access Suite", &MosaicCaller::Close,
-       "the module gave back too little: suite \"QP Access Suite\" 3 has 1 users"},
+       "the module did not release everything: suite \"QP Access Suite\" 3 has 1 users"},
   };
   for (const auto& [refused, call, text] : kCases) {
     standin::RecordingUserInterface screen;

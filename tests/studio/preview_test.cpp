@@ -148,7 +148,8 @@ TEST(Preview, SaysWhatChoicesLeadTo) {
   const Picture picture(RandomImage(60, 40, QImage::Format_RGB32, 1));
   const qtui::Summary good = SummaryFor(picture, {Choices(100, 50, true)});
   EXPECT_FALSE(good.isWarning);
-  EXPECT_EQ(good.text, "5000 tiles of 10 by 20 pt");
+  EXPECT_EQ(good.text, "5,000 tiles of 10 by 20 pt");
+  EXPECT_EQ(SummaryFor(picture, {Choices(1, 1, true)}).text, "1 tile of 1,000 by 1,000 pt");
   MosaicChoices percentages = Choices(60, 40, true);
   percentages.state.aspectRatio = 1.5F;
   percentages.state.usePercent = 1;
@@ -157,14 +158,14 @@ TEST(Preview, SaysWhatChoicesLeadTo) {
   percentages.params.newWidth = 1;
   percentages.params.newHeight = 0.67F;
   EXPECT_EQ(SummaryFor(picture, {percentages}).text.toStdString(),
-            "2400 tiles of 1 by 0.67 pt. The ratio is applied to the percentages.");
+            "2,400 tiles of 1 by 0.67 pt. The ratio is applied to the percentages.");
   MosaicChoices spaced = Choices(100, 50, true);
   spaced.params.tileSpacingHorizontal = 2;
   const qtui::Summary whole = SummaryFor(picture, {spaced, true, true});
   EXPECT_TRUE(whole.isWarning);
   EXPECT_EQ(whole.text.toStdString(),
-            "5000 tiles of 8.02 by 20 pt. Tiles count in whole numbers: 100 by 50. Spaces count in "
-            "whole points: 2 by 0 pt.");
+            "5,000 tiles of 8.02 by 20 pt. Tile numbers are rounded down: 100 by 50. Spacing is "
+            "rounded down to whole points: 2 by 0 pt.");
   MosaicChoices crowded = Choices(100, 50, true);
   crowded.params.tileSpacingHorizontal = 98;
   const qtui::Summary bad = SummaryFor(picture, {crowded});

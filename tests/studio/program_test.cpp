@@ -171,7 +171,7 @@ TEST_F(Program, APresetDoesWhatItsGesturesDo) {
   EXPECT_TRUE(unsized.errors.contains("there is no preset Poster; none is saved yet\n"));
   EXPECT_EQ(unsized.status, 2);
   EXPECT_TRUE(Run("in.png --state state --preset X").errors.contains("there are: Poster, Wide\n"));
-  EXPECT_TRUE(Run("--preset Poster").errors.contains("which picture"));
+  EXPECT_TRUE(Run("--preset Poster").errors.contains("no picture is given"));
 }
 
 TEST_F(Program, DrawsADrawingThatStandsAlone) {
@@ -309,7 +309,7 @@ TEST_F(Program, TakesScreenshotsOfWhatWouldOpen) {
   }
   const QImage mosaic(Path("mosaic.png"));
   EXPECT_NE(mosaic.pixel(mosaic.rect().center()), 0xFFFFFFFF) << "tiles on the page";
-  EXPECT_TRUE(Run("--screenshot dialog.png").errors.contains("which picture"));
+  EXPECT_TRUE(Run("--screenshot dialog.png").errors.contains("no picture is given"));
 
   // A scale that no screen has counts as not set.
   for (const auto& [scale, width] : {std::pair("0", 1080), {"2;a=9", 1080}, {"2", 2160}}) {
@@ -341,8 +341,8 @@ TEST_F(Program, MirrorsALanguageItHasNoWordsOf) {
 TEST_F(Program, TellsOfItself) {
   EXPECT_TRUE(Run("--help").output.contains("--size-unknown"));
   // Lines of 80 columns, of which each of these characters takes two.
-  EXPECT_TRUE(Run("--help").output.contains(" first three options\nit places the picture,"));
-  EXPECT_TRUE(Run("--help --language ja").output.contains("のいずれかを指定\nすると、画像を"));
+  EXPECT_TRUE(Run("--help").output.contains(" it shows\nthe dialog"));
+  EXPECT_TRUE(Run("--help --language ja").output.contains("指定する\nと、ウィンドウを"));
 }
 
 TEST_F(Program, SaysInOneLineWhatIsWrong) {
@@ -363,7 +363,7 @@ TEST_F(Program, SaysInOneLineWhatIsWrong) {
   ASSERT_TRUE(QFile::link(Path("a.svg"), Path("folder/link.svg")));
   const std::pair<const char*, const char*> kCases[] = {
       {"", "no display is available"},
-      {"--export a.svg", "which picture"},
+      {"--export a.svg", "no picture is given"},
       {"in.png in.png", "more than one picture"},
       {"in.png --gestures", "needs a value"},
       {"in.png --gestures ok --gestures ok", "given twice"},
@@ -373,7 +373,7 @@ TEST_F(Program, SaysInOneLineWhatIsWrong) {
       {"folder --gestures ok --export a.svg", "folder cannot be read: it is not a regular file"},
       {"text.png --gestures ok --export a.svg",
        "text.png is not a supported picture; supported are JPEG, PNG"},
-      {"short.png --gestures ok --export a.svg", "cut short"},
+      {"short.png --gestures ok --export a.svg", "is incomplete"},
       {"damaged.png --gestures ok --export a.svg", "damaged"},
       {"in\n.png --gestures ok --export a.svg", "the picture in\\n.png cannot be read"},
       {"in.png --gestures none --export a.svg", "none"},
@@ -394,14 +394,14 @@ TEST_F(Program, SaysInOneLineWhatIsWrong) {
       {"linked.svg --image a --gestures ok --export a.svg", "no element a in linked.svg"},
       {"linked.svg --image a --gestures ok --export a.png", "the name must end in .svg"},
       {"linked.svg --image a --image a", "given twice"},
-      {"--image a --gestures ok", "which drawing"},
+      {"--image a --gestures ok", "no drawing is given"},
       {"in.png --theme=pink", "not pink"},
       {"in.png --theme=", "--theme needs a value"},
       {"-- --help", "the picture --help cannot be read"},
       {"in.png --gestures ok --export a.svg --record folder", "folder"},
       {"in.png --gestures ok --export a.svg --state badstate", "badstate cannot be read"},
       {"in.png --gestures ok --state largestate", "cannot be read: the file is larger than"},
-      {"in.png --gestures flat --export a.svg", "above 0"},
+      {"in.png --gestures flat --export a.svg", "the new height must be greater than 0"},
   };
   for (const auto& [arguments, reason] : kCases) ExpectRefusal(arguments, reason);
   EXPECT_FALSE(QDir(Path("config")).exists());

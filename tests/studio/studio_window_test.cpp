@@ -199,7 +199,7 @@ TEST_F(StudioWindowTest, TheCanvasShowsWhatOkWouldBuildWhileTheDialogIsOpen) {
   });
   EXPECT_FALSE(Create());
   EXPECT_NE(preview, picture);
-  EXPECT_TRUE(said.startsWith("6700 tiles of 0.6 by 0.597 pt")) << said.toStdString();
+  EXPECT_TRUE(said.startsWith("6,700 tiles of 0.6 by 0.597 pt")) << said.toStdString();
   EXPECT_EQ(Canvas(), picture);  // cancelled
 
   Action("previewWhileChoosing").trigger();
@@ -233,8 +233,8 @@ TEST_F(StudioWindowTest, TheCanvasShowsWhatOkWouldBuildWhileTheDialogIsOpen) {
   EXPECT_TRUE(Create());
   EXPECT_EQ(preview, Canvas());
   EXPECT_EQ(said.toStdString(),
-            "500 tiles of 0.6 by 5.6 pt. Tiles count in whole numbers: 100 by 5. Spaces count in "
-            "whole points: 0 by 3 pt.");
+            "500 tiles of 0.6 by 5.6 pt. Tile numbers are rounded down: 100 by 5. Spacing is "
+            "rounded down to whole points: 0 by 3 pt.");
   Export("out.svg");
 }
 
@@ -520,7 +520,7 @@ TEST_F(StudioWindowTest, TakesWhatIsDroppedAndSaysWhatItCannotTake) {
   ASSERT_TRUE(QTest::qWaitFor([&] { return window->Shown() != nullptr; }));
   const ArtworkPtr placed = window->Shown();
   EXPECT_EQ(window->statusBar()->currentMessage(),
-            "Opened in.png. Only one picture can be dropped: not other.png.");
+            "Opened in.png. Only one picture can be dropped at a time; other.png was not opened.");
 
   QString text;
   Hear("error", text);
@@ -573,7 +573,7 @@ TEST_F(StudioWindowTest, SaysWhyThereIsNoMosaicInThePersonsLanguage) {
   CreateTwice("enter NewHeightTxt 0\nkey Return",
               [&](const QWidget& dialog) { text = Message(dialog); });
   EXPECT_FALSE(window->Shown()->mosaic);
-  EXPECT_TRUE(text.startsWith("Die neue Höhe lässt kein Mosaik zu")) << text.toStdString();
+  EXPECT_TRUE(text.startsWith("Die neue Höhe muss ")) << text.toStdString();
   EXPECT_TRUE(text.endsWith("größer als 0 sein.")) << text.toStdString();
   Hear("about", text);
   Action("about").trigger();
@@ -591,8 +591,7 @@ TEST_F(StudioWindowTest, SaysWhyThereIsNoMosaicInThePersonsLanguage) {
   Open("in.png/state");
   ASSERT_TRUE(window->OpenPicture(Path("in.png")));
   EXPECT_TRUE(Create("key Return")) << "though its choices find no place";
-  EXPECT_EQ(window->statusBar()->currentMessage(),
-            "Your choices cannot be kept for the next time.");
+  EXPECT_EQ(window->statusBar()->currentMessage(), "Your choices cannot be saved.");
   Export("a.svg");
 }
 
@@ -778,11 +777,11 @@ TEST_F(StudioWindowTest, ALongBuildEndsByEscapeWithItsWindowAndWithTheProgram) {
       EXPECT_FALSE(end == End::kWindow && window->close()) << "not before the work has stopped";
       dialog.close();
       EXPECT_TRUE(dialog.isVisible() && !cancel.isVisible()) << "until the work has stopped";
-      EXPECT_EQ(dialog.labelText(), "Stopping…");
+      EXPECT_EQ(dialog.labelText(), "Cancelling…");
     });
     if (end == End::kEscape) {
       CreateTwice(kHuge, [](const QWidget& dialog) {
-        EXPECT_EQ(Message(dialog), "The building was stopped.");
+        EXPECT_EQ(Message(dialog), "The mosaic was cancelled.");
       });
     } else {
       Play(kHuge);
@@ -829,7 +828,7 @@ TEST_F(StudioWindowTest, AVeryLargePictureIsReadFromItsFileAgain) {
   large.fill(1);
   ASSERT_TRUE(large.save(Path("large.png"), nullptr, 0));
   ASSERT_TRUE(window->OpenPicture(Path("large.png")));
-  EXPECT_TRUE(window->statusBar()->currentMessage().contains("is shown smaller"));
+  EXPECT_TRUE(window->statusBar()->currentMessage().contains("is shown reduced"));
   EXPECT_EQ(window->Shown()->picture.Size(), large.size());
   EXPECT_EQ(window->Shown()->picture.Pixels().size(), QSize(4096, 3072));
   ASSERT_TRUE(Create("enter HorizontalCountTxt 9\nenter VerticalCountTxt 7\nkey Return"));
@@ -867,7 +866,7 @@ TEST_F(StudioWindowTest, AnExportThatFailsLeavesTheEarlierFileAsItWas) {
     EXPECT_TRUE(window->isWindowModified());
   };
   Type("b.png");
-  expectRefusal("export", "648000 by 8640 pixels, which is too many; SVG and PDF can hold");
+  expectRefusal("export", "648,000 by 8,640 pixels, which is too many; SVG and PDF can hold");
 
   auto* const former = std::signal(SIGXFSZ, SIG_IGN);
   rlimit limit{};
@@ -1014,7 +1013,7 @@ TEST_F(StudioWindowTest, ZoomsAtThePointerAndMovesUnderTheHand) {
   EXPECT_EQ(canvas.Zoom(), zoom);
   turnWheel(99);
   EXPECT_EQ(canvas.Zoom(), 64);
-  EXPECT_EQ(Action("zoom").iconText(), "6400 %");
+  EXPECT_EQ(Action("zoom").iconText(), "6,400 %");
 }
 
 TEST_F(StudioWindowTest, TheStartPageCanBeReadAndUsedWithKeys) {
