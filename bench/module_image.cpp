@@ -1,47 +1,40 @@
-#include <elf.h>
 #include <link.h>
 
-#include <cstring>
 #include <filesystem>
-#include <fstream>
-#include <iterator>
 #include <memory>
 #include <stdexcept>
-#include <vector>
 
 #include "bench/figures.h"
 #include "platform/standin/module.h"
 
 namespace {
 
-/// The loader's work for an image, read from its file.
+/// The loader's work for the module.
 struct ImageFacts {
   uint64_t mappedBytes = 0;
   uint64_t relocations = 0;
 };
 
-template <class Record>
-std::vector<Record> RecordsAt(const std::vector<char>& file, uint64_t offset, uint64_t count) {
-  std::vector<Record> records(count);
-  if (offset + count * sizeof(Record) > file.size()) throw std::runtime_error("a cut image");
-  std::memcpy(records.data(), file.data() + offset, count * sizeof(Record));
-  return records;
+/// For dl_iterate_phdr: adds up the module's segments and relocations.
+int AddFacts(dl_phdr_info* image, size_t, void* sum) {
+  if (std::filesystem::path(image->dlpi_name) != MODULE_FILE) return 0;
+  auto& facts = *static_cast<ImageFacts*>(sum);
+  for (int i = 0; i < image->dlpi_phnum; ++i) {
+    const ElfW(Phdr)& segment = image->dlpi_phdr[i];
+    if (segment.p_type == PT_LOAD) facts.mappedBytes += segment.p_memsz;
+    if (segment.p_type != PT_DYNAMIC) continue;
+    const auto* entry = reinterpret_cast<const ElfW(Dyn)*>(image->dlpi_addr + segment.p_vaddr);
+    for (; entry->d_tag != DT_NULL; ++entry)
+      if (entry->d_tag == DT_RELASZ || entry->d_tag == DT_PLTRELSZ)
+        facts.relocations += entry->d_un.d_val / sizeof(ElfW(Rela));
+  }
+  return 1;
 }
 
 ImageFacts ReadFacts() {
-  std::ifstream stream(MODULE_FILE, std::ios::binary);
-  const std::vector<char> file{std::istreambuf_iterator<char>(stream), {}};
-  const auto header = RecordsAt<ElfW(Ehdr)>(file, 0, 1).front();
+  const standin::ModuleImage image(MODULE_FILE);
   ImageFacts facts;
-  for (const auto& segment : RecordsAt<ElfW(Phdr)>(file, header.e_phoff, header.e_phnum)) {
-    if (segment.p_type == PT_LOAD) facts.mappedBytes += segment.p_memsz;
-    if (segment.p_type != PT_DYNAMIC) continue;
-    const uint64_t entries = segment.p_filesz / sizeof(ElfW(Dyn));
-    for (const auto& entry : RecordsAt<ElfW(Dyn)>(file, segment.p_offset, entries)) {
-      const bool isTable = entry.d_tag == DT_RELASZ || entry.d_tag == DT_PLTRELSZ;
-      if (isTable) facts.relocations += entry.d_un.d_val / sizeof(ElfW(Rela));
-    }
-  }
+  if (dl_iterate_phdr(AddFacts, &facts) == 0) throw std::runtime_error("the module is not loaded");
   return facts;
 }
 

@@ -4,37 +4,36 @@
 #include <functional>
 #include <string>
 
+/// Runs checks in processes of their own. Only main.cpp uses this.
 namespace check {
 
-/// How something ended that ran in a process of its own.
+/// How a check ended. Texts consist of lines.
 struct Ending {
-  bool passed = false;  // it reported success at its end
-  bool timedOut = false;
-  std::string why;       // why it failed without findings; empty otherwise
-  std::string findings;  // a line each
-  std::string output;    // what it wrote to standard output and error, up to a limit
+  bool HasPassed() const { return findings == 0 && why.empty(); }
 
-  bool IsGood() const { return passed && why.empty(); }
+  bool timedOut = false;
+  bool isComplete = false;  // it returned
+  std::string why;          // why it failed without findings; empty otherwise
+  std::string report;       // findings, and with --verbose what was done and seen
+  size_t findings = 0;      // how many
+  std::string steps;        // in progress when it ended
+  std::string story;        // what random input did
+  std::string output;       // what it wrote to standard output and error
 };
 
-/// A signal that asks this program to end, received while something runs apart.
+/// A signal that asks this program to end, received while a check runs.
 struct Interrupted {
   int signal;
 };
 
-/// Has RunApart throw Interrupted for SIGINT, SIGTERM and SIGHUP, which are blocked from now on.
+/// Makes RunApart throw Interrupted for SIGINT, SIGTERM and SIGHUP, which are blocked from now on.
 void ReceiveSignals();
 /// Ends this process by the signal.
 void EndBySignal(int signal);
 
-/// Runs a function in a process of its own and ends that process, with all that it has started,
-/// after `limit` at the latest. The function passes when it returns without a finding: the process
-/// then reports so over a pipe, with a token that only this call knows. An exception that leaves
-/// the function is a finding. Throws Interrupted, and std::system_error when no process can be
-/// started.
+/// Runs a check in a process of its own and ends that process, with all processes that it has
+/// started, after `limit` at the latest. The check passes when it returns without a finding and
+/// writes no output. Throws Interrupted, and std::system_error when no process can be started.
 Ending RunApart(const std::function<void()>& run, std::chrono::seconds limit);
-
-/// In such a process: sends a line to the process that started it.
-void Report(const std::string& line);
 
 }  // namespace check

@@ -10,8 +10,8 @@
 
 namespace check {
 
-/// A basic suite that passes calls on to the host's own: it counts them, and hands out other tables
-/// for some suites. There is one for each number.
+/// A basic suite that counts its calls and passes them on to the host's own. It returns other
+/// tables for the suites in `tables`. There is one for each number; checks put it into messages.
 template <int kNumber>
 struct BasicSuite {
   static ResultCode Acquire(const char* name, int32_t version, const void** table) {
@@ -24,7 +24,7 @@ struct BasicSuite {
     ++released;
     return standin::Host::Current().BasicSuite()->Release(name, version);
   }
-  /// Since the last call.
+  /// Counts from the previous call of this function.
   static void ExpectCalls(size_t acquisitions, size_t releases) {
     const Trying trying("basic suite " + std::to_string(kNumber));
     Expect("suites acquired", std::exchange(acquired, 0), acquisitions);

@@ -1,5 +1,8 @@
 #include "check/caller_data.h"
 
+#include <bit>
+#include <boost/preprocessor/seq/for_each.hpp>
+#include <boost/preprocessor/stringize.hpp>
 #include <cstddef>
 #include <cstdio>
 #include <cstring>
@@ -9,90 +12,66 @@
 namespace check {
 namespace {
 
+/// The text of the value at an address; the bytes of an array stand one by one.
+template <typename Value>
+std::string ValueAt(const char* address) {
+  if constexpr (std::is_array_v<Value>) {
+    std::string text = ValueAt<std::remove_extent_t<Value>>(address);
+    for (size_t i = 1; i < sizeof(Value); ++i)
+      text += ' ' + ValueAt<std::remove_extent_t<Value>>(address + i);
+    return text;
+  } else {
+    Value value;
+    std::memcpy(&value, address, sizeof value);
+    if constexpr (!std::is_same_v<Value, float>) return std::to_string(value);
+    char text[40];
+    std::snprintf(text, sizeof text, "%.9g (0x%08X)", static_cast<double>(value),
+                  std::bit_cast<unsigned>(static_cast<float>(value)));
+    return text;
+  }
+}
+
 struct Field {
   const char* name;
   size_t offset;
   size_t size;
-  enum { kInteger, kFloat, kBytes } type;
+  std::string (*valueAt)(const char* address);
 };
 
-#define RECORD_FIELD(name, type) \
-  { "record." #name, offsetof(CallerData, record.name), sizeof(MosaicParameters::name), type }
-#define STATE_FIELD(name, type) \
-  { "state." #name, offsetof(CallerData, state.name), sizeof(MosaicDialogState::name), type }
-
-constexpr Field kFields[] = {
-    RECORD_FIELD(reserved0, Field::kBytes),
-    RECORD_FIELD(isColor, Field::kBytes),
-    RECORD_FIELD(deleteRaster, Field::kBytes),
-    RECORD_FIELD(keepHorizontal, Field::kBytes),
-    RECORD_FIELD(reserved11, Field::kBytes),
-    RECORD_FIELD(tilesAcross, Field::kInteger),
-    RECORD_FIELD(tilesDown, Field::kInteger),
-    RECORD_FIELD(tileSpacingHorizontal, Field::kInteger),
-    RECORD_FIELD(tileSpacingVertical, Field::kInteger),
-    RECORD_FIELD(reserved28, Field::kInteger),
-    RECORD_FIELD(reserved32, Field::kInteger),
-    RECORD_FIELD(tilesAcrossCopy, Field::kInteger),
-    RECORD_FIELD(tilesDownCopy, Field::kInteger),
-    RECORD_FIELD(boundsLeft, Field::kInteger),
-    RECORD_FIELD(boundsTop, Field::kInteger),
-    RECORD_FIELD(boundsRight, Field::kInteger),
-    RECORD_FIELD(boundsBottom, Field::kInteger),
-    RECORD_FIELD(reserved60, Field::kInteger),
-    RECORD_FIELD(reserved64, Field::kInteger),
-    RECORD_FIELD(newWidth, Field::kFloat),
-    RECORD_FIELD(newHeight, Field::kFloat),
-    RECORD_FIELD(sizeUnavailable, Field::kBytes),
-    RECORD_FIELD(reserved77, Field::kBytes),
-    STATE_FIELD(aspectRatio, Field::kFloat),
-    STATE_FIELD(noOriginalSize, Field::kBytes),
-    STATE_FIELD(usePercent, Field::kBytes),
-    STATE_FIELD(reserved6, Field::kBytes),
-    STATE_FIELD(reserved7, Field::kBytes),
-};
-
-std::string ValueOf(const Field& field, const CallerData& data) {
-  const char* const bytes = reinterpret_cast<const char*>(&data) + field.offset;
-  char text[64];
-  int32_t integer = 0;
-  float number = 0;
-  if (field.type == Field::kBytes) {
-    std::string value;
-    for (size_t i = 0; i < field.size; ++i) {
-      std::snprintf(text, sizeof text, "%s%d", i > 0 ? " " : "", static_cast<uint8_t>(bytes[i]));
-      value += text;
-    }
-    return value;
-  }
-  std::memcpy(&integer, bytes, sizeof integer);
-  std::memcpy(&number, bytes, sizeof number);
-  if (field.type == Field::kInteger) {
-    std::snprintf(text, sizeof text, "%d", integer);
-  } else {
-    std::snprintf(text, sizeof text, "%.9g (0x%08X)", static_cast<double>(number),
-                  static_cast<unsigned>(integer));
-  }
-  return text;
+template <typename Value>
+constexpr Field FieldOf(const char* name, size_t offset) {
+  return {name, offset, sizeof(Value), &ValueAt<Value>};
 }
+
+#define FIELD(r, unused, member) \
+  FieldOf<decltype(CallerData().member)>(BOOST_PP_STRINGIZE(member), offsetof(CallerData, member)),
+
+constexpr Field kFields[] = {BOOST_PP_SEQ_FOR_EACH(
+    FIELD, ,
+    (record.reserved0)(record.isColor)(record.deleteRaster)(record.keepHorizontal)(
+        record.reserved11)(record.tilesAcross)(record.tilesDown)(record.tileSpacingHorizontal)(
+        record.tileSpacingVertical)(record.reserved28)(record.reserved32)(record.tilesAcrossCopy)(
+        record.tilesDownCopy)(record.boundsLeft)(record.boundsTop)(record.boundsRight)(
+        record.boundsBottom)(record.reserved60)(record.reserved64)(record.newWidth)(
+        record.newHeight)(record.sizeUnavailable)(record.reserved77)(state.aspectRatio)(
+        state.noOriginalSize)(state.usePercent)(state.reserved6)(state.reserved7))};
 
 }  // namespace
 
 std::string Text(const CallerData& data) {
   std::string text;
   for (const Field& field : kFields)
-    text += std::string(text.empty() ? "" : ", ") + field.name + " " + ValueOf(field, data);
+    text += (text.empty() ? "" : ", ") + std::string(field.name) + ' ' +
+            field.valueAt(reinterpret_cast<const char*>(&data) + field.offset);
   return text;
 }
 
 void ExpectFields(const CallerData& seen, const CallerData& expected) {
-  for (const Field& field : kFields) {
-    const auto at = [&](const CallerData& data) {
-      return reinterpret_cast<const char*>(&data) + field.offset;
-    };
-    if (std::memcmp(at(seen), at(expected), field.size) != 0)
-      Fail(std::string(field.name) + ": expected " + ValueOf(field, expected) + ", seen " +
-           ValueOf(field, seen));
+  for (const auto& [name, offset, size, valueAt] : kFields) {
+    const char* const bytes = reinterpret_cast<const char*>(&seen) + offset;
+    const char* const wanted = reinterpret_cast<const char*>(&expected) + offset;
+    if (std::memcmp(bytes, wanted, size) != 0)
+      Fail(name + (": expected " + valueAt(wanted)) + ", seen " + valueAt(bytes));
   }
 }
 

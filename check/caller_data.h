@@ -3,19 +3,20 @@
 #include <string>
 
 #include "mosaic/mosaic_suite.h"
+#include "testkit/hosted_module.h"
 
 namespace check {
 
-/// What a caller of the dialog owns.
+/// What a caller of the dialog owns and passes to RunMosaicDialog.
 struct CallerData {
-  MosaicParameters record;
-  MosaicDialogState state;
+  MosaicParameters record = SampleRecord();
+  MosaicDialogState state{};
 };
 
 /// All fields and their values on one line.
 std::string Text(const CallerData& data);
 
-/// A finding for each field that differs, byte for byte.
+/// Reports a finding for each field that differs, byte for byte.
 void ExpectFields(const CallerData& seen, const CallerData& expected);
 
 }  // namespace check

@@ -7,22 +7,21 @@
 #include <vector>
 
 #include "check/caller_data.h"
-#include "check/check.h"
 #include "check/findings.h"
 #include "check/guarded_page.h"
-#include "platform/nrvui/gesture.h"
 #include "platform/qpbasic/ledger.h"
 #include "testkit/function_presenter.h"
 #include "testkit/hosted_module.h"
+#include "testkit/open_dialog.h"
 
 namespace check {
 
 using enum ResultCode;
 
-/// The answer of a host that refuses.
+/// The code with which the host refuses.
 inline constexpr ResultCode kRefused{12};
 
-/// The host's operations that are called, in their order.
+/// Names of the host's operations, in the order of the calls.
 using Calls = std::vector<std::string>;
 
 inline Calls Joined(Calls calls, const Calls& more) {
@@ -36,21 +35,21 @@ inline const Calls kCallsForAbout = {"KDM Basic Suite/GetListString",
                                      "KDM Basic Suite/GetListString",
                                      "KDM Basic Suite/ShowAboutBox"};
 
-/// In the order in which the module takes and gives back its suites.
+/// In the order in which the module acquires and releases its suites.
 inline constexpr const char* kSuitesOfModule[] = {
     "QP Access Suite",  "QP Plug-ins Suite",  "VX Notifier Suite",
     "VX Context Suite", "KDM Basic Suite",    "QP Blocks Suite",
     "QP Suites Suite",  "VX Real Math Suite", "VX Unicode String Suite",
 };
 
-/// "acquire/" or "release/" with each of the first suites of the module.
+/// "acquire/" or "release/" with each of the module's first suites.
 inline Calls WithSuites(const std::string& verb, size_t count = std::size(kSuitesOfModule)) {
-  Calls operations;
-  for (size_t i = 0; i < count; ++i) operations.push_back(verb + kSuitesOfModule[i]);
-  return operations;
+  Calls calls;
+  for (size_t i = 0; i < count; ++i) calls.push_back(verb + kSuitesOfModule[i]);
+  return calls;
 }
 
-/// The module's own where its file lies in a folder with them, otherwise those of this program.
+/// The resources beside the module's file; this program's if there are none.
 inline standin::ResourceFolders Resources() {
   auto folders = standin::ResourceFolders::OfProgram();
   const auto beside = std::filesystem::absolute(settings.module).parent_path();
@@ -58,18 +57,19 @@ inline standin::ResourceFolders Resources() {
   return folders;
 }
 
-/// A module whose messages are checked: each record ends at an inaccessible page, and the module
-/// may change only `globals`.
+/// Checks each message: its record ends at an inaccessible page, and the module may change only
+/// `globals`.
 class WatchedModule : public standin::Module {
  public:
   using standin::Module::Module;
 
-  /// A message with a record of the caller's own, sent to the module's code itself.
-  ResultCode SendPlain(const char* caller, const char* selector, NotifierMessage& message) {
-    return Deliver(standin::ModuleImage(settings.module).Entry(), caller, selector, message);
+  /// Sends a message to the module's code, with a record of the caller's own.
+  ResultCode SendPlain(const MessageName& name, NotifierMessage& message) {
+    return Deliver(standin::ModuleImage(settings.module).Entry(), name.caller, name.selector,
+                   message);
   }
 
-  /// In place of the host's own in each message, where not null.
+  /// In place of the host's own in each message, unless null.
   QPBasicSuite* basicSuite = nullptr;
 
  private:
@@ -80,7 +80,7 @@ class WatchedModule : public standin::Module {
                   selector ? selector : "null");
     const Trying trying(name);
     // Only a notifier's record is longer than the common part.
-    const bool isLong = caller && std::strcmp(caller, "VX Notifier") == 0;
+    const bool isLong = caller && std::strcmp(caller, messages::kNotifierCaller) == 0;
     const size_t size = isLong ? sizeof(NotifierMessage) : sizeof(PluginMessage);
     message.reserved0 = &message;
     if (basicSuite) message.basicSuite = basicSuite;
@@ -92,7 +92,7 @@ class WatchedModule : public standin::Module {
     Expect("pluginRef", given->pluginRef, message.pluginRef);
     Expect("basicSuite", given->basicSuite, message.basicSuite);
     if (std::memcmp(given + 1, &message + 1, size - sizeof message) != 0)
-      Fail("what follows in the message's record is changed");
+      Fail("the notifier's part of the message record has changed");
     return code;
   }
 
@@ -107,13 +107,13 @@ class CheckedModule : public ModuleUnderHost<WatchedModule> {
 #ifndef __SANITIZE_ADDRESS__  // which watches blocks itself
     qpbasic::Ledger::Get().WatchContents();
 #endif
-    host.Operations().Listen([this](const std::string& operation) {
-      NoteOperation(operation.c_str());
-      if (calls) calls->push_back(operation);
-      if (settings.isVerbose) Report("  " + operation);
-    });
+    host.Operations().Listen([this](const std::string& name) { OnOperation(name); });
+  }
+  virtual ~CheckedModule() {
+    host.Operations().Listen(nullptr);
   }
 
+  /// The host's operations that the module calls while `act` runs.
   Calls CallsDuring(const std::function<void()>& act) {
     Calls during;
     calls = &during;
@@ -122,7 +122,7 @@ class CheckedModule : public ModuleUnderHost<WatchedModule> {
     return during;
   }
 
-  /// Expects success of what is sent, and these calls meanwhile.
+  /// Expects that `send` succeeds and that the module makes these calls meanwhile.
   void ExpectCalls(std::string_view what, const Calls& expected,
                    const std::function<ResultCode()>& send) {
     const Trying trying(what);
@@ -130,40 +130,49 @@ class CheckedModule : public ModuleUnderHost<WatchedModule> {
            expected);
   }
 
-  /// Calls the suite's function. While it runs, record and state lie where memory ends.
-  ResultCode RunDialog(MosaicParameters& record, MosaicDialogState& state) {
+  /// Requests the dialog, which the installed presenter shows. Meanwhile record and state lie where
+  /// memory ends.
+  ResultCode RunDialog(CallerData& data) {
     const auto* suite = host.Suites().Find<MosaicSuite>();
     if (!suite) return kCannot;
-    MosaicParameters* const givenRecord = pages[0].Put(record);
-    MosaicDialogState* const givenState = pages[1].Put(state);
-    MosaicParameters** const params = pages[2].Put(givenRecord);
+    MosaicParameters* const record = pages[0].Put(data.record);
+    MosaicDialogState* const state = pages[1].Put(data.state);
+    MosaicParameters** const params = pages[2].Put(record);
     const Trying trying("RunMosaicDialog");
-    const ResultCode code = suite->RunMosaicDialog(givenState, params);
+    const ResultCode code = suite->RunMosaicDialog(state, params);
     NoteOperation(nullptr);
-    record = *givenRecord;
-    state = *givenState;
-    if (*params != givenRecord) Fail("the address of the record is changed");
+    data = {*record, *state};
+    if (*params != record) Fail("the address of the record has changed");
     return code;
   }
-  /// The dialog over a record of its own, for the installed presenter.
-  ResultCode RunSampleDialog() {
-    MosaicParameters record = SampleRecord();
-    MosaicDialogState state{};
-    return RunDialog(record, state);
-  }
-  /// The same, and presses Return. Expects that the dialog is shown.
-  void ExpectDialog(std::string_view what) {
-    const Trying trying(what);
-    size_t shown = 0;
+  /// Requests the dialog, on which `act` acts. What it throws is a finding.
+  ResultCode RunDialog(CallerData& data,
+                       const std::function<void(const testkit::OpenDialog& open)>& act) {
     const FunctionPresenter presenter([&](nrvui::ui::UI_Dialog& dialog) {
-      ++shown;
-      (void)nrvui::gestures::Press(dialog, nrvui::gestures::Key::kReturn);
+      try {
+        act({dialog});
+      } catch (const std::exception& error) {
+        Fail(error.what());
+      }
     });
-    Expect("the answer to Return", RunSampleDialog(), kSuccess);
+    return RunDialog(data);
+  }
+  /// Expects that the dialog opens, and confirms it.
+  void ExpectDialog() {
+    CallerData data;
+    size_t shown = 0;
+    const auto confirm = [&](const testkit::OpenDialog& open) { ++shown, open.Confirm(); };
+    Expect("the answer to Return", RunDialog(data, confirm), kSuccess);
     Expect("dialogs shown", shown, 1u);
   }
-
-  /// Expects a request to be refused without a call of the host, whose plug-in may be gone.
+  /// Expects that the plug-in shows its about box and its dialog.
+  void ExpectRunning() {
+    const size_t boxes = person.aboutBoxes.size();
+    Expect("about", module.About(), kSuccess);
+    Expect("about boxes", person.aboutBoxes.size(), boxes + 1);
+    ExpectDialog();
+  }
+  /// Expects that a request fails and makes no call of the host, whose plug-in may be gone.
   void ExpectNoDialog(std::string_view what, decltype(MosaicSuite::RunMosaicDialog) run,
                       MosaicDialogState* state, MosaicParameters** params) {
     const Trying trying(what);
@@ -172,7 +181,7 @@ class CheckedModule : public ModuleUnderHost<WatchedModule> {
     Expect("calls of the host", during, Calls());
   }
 
-  /// A record for a message of the caller's own, with nothing kept in it.
+  /// The record of a message to an object that has not been started.
   NotifierMessage PlainMessage() {
     NotifierMessage message{};
     message.pluginRef = module.Ref();
@@ -184,19 +193,28 @@ class CheckedModule : public ModuleUnderHost<WatchedModule> {
     Expect("what is left", host.Leftovers(), Calls());
   }
 
+ protected:
+  /// Called for each call of an operation of the host, before the operation. Allocates nothing
+  /// outside of CallsDuring and --verbose.
+  virtual void OnOperation(const std::string& name) {
+    NoteOperation(name.c_str());
+    if (calls) calls->push_back(name);
+    if (settings.isVerbose) Report("  " + name);
+  }
+
  private:
   Calls* calls = nullptr;
   GuardedPage pages[3];
 };
 
-/// The same, started until the end of the scope; it may already be shut down then, and nothing may
-/// be left.
+/// A checked module that runs from the constructor to the destructor. A check may shut it down
+/// before. Nothing may be left at the end.
 struct RunningModule : CheckedModule {
   explicit RunningModule(const standin::ResourceFolders& resources = Resources())
       : CheckedModule(resources) {
     Expect("the start-up", module.StartUp(), kSuccess);
   }
-  ~RunningModule() {
+  ~RunningModule() override {
     Expect("the shut-down", module.ShutDown(), kSuccess);
     ExpectNothingLeft();
   }

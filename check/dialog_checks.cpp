@@ -9,8 +9,6 @@
 #include "platform/nrvui/ui_views.h"
 #include "platform/standin/sheet_service.h"
 #include "platform/vxui/modal_context.h"
-#include "testkit/function_presenter.h"
-#include "testkit/open_dialog.h"
 #include "testkit/temporary_folder.h"
 
 namespace check {
@@ -25,24 +23,24 @@ using namespace testkit;
 /// A running module and a caller of its dialog.
 struct Caller : RunningModule {
   using RunningModule::RunningModule;
-  using Person = std::function<void(const OpenDialog& open)>;
+  using Act = std::function<void(const OpenDialog& open)>;
 
-  /// Calls the suite's function; `person` acts on the open dialog.
-  ResultCode Run(const Person& person) {
-    const FunctionPresenter presenter([&](UI_Dialog& dialog) {
-      // The module turns an exception into its answer, so it is reported here.
-      try {
-        person({dialog});
-      } catch (const std::exception& error) {
-        Fail(error.what());
-      }
-    });
-    return RunDialog(data.record, data.state);
+  /// Leaves the dialog open after `act`, which cancels it.
+  void LookAt(const Act& act) { Expect("the answer", RunDialog(data, act), kCancelled); }
+  /// Presses Return after `act`.
+  void Confirm(const Act& act) {
+    const auto confirm = [&](const OpenDialog& open) { act(open), open.Confirm(); };
+    Expect("the answer to Return", RunDialog(data, confirm), kSuccess);
   }
-  /// The same for a dialog that `person` leaves open, which cancels it.
-  void LookAt(const Person& person) { Expect("the answer", Run(person), kCancelled); }
+  /// Passes the address of the record itself, where RunDialog passes that of a copy.
+  void ConfirmDirectly(MosaicParameters*& params, const Act& act) {
+    const FunctionPresenter presenter(
+        [&](UI_Dialog& dialog) { act({dialog}), dialog.OnReturnKey(); });
+    const auto run = host.Suites().Find<MosaicSuite>()->RunMosaicDialog;
+    Expect("the answer to Return", run(&data.state, &params), kSuccess);
+  }
 
-  CallerData data{SampleRecord(), {}};
+  CallerData data;
   MosaicParameters& record = data.record;
   MosaicDialogState& state = data.state;
 };
@@ -51,7 +49,6 @@ void UseRatio(const OpenDialog& open) {
   open.Enter("HorizontalCountTxt", "12");
   open.Enter("NewWidthTxt", "12");
   open.Click("MosaicUseRatioButton");
-  open.Confirm();
 }
 
 std::vector<float> Pair(const auto& point) {
@@ -63,22 +60,16 @@ std::vector<float> Extent(const UI_Node& node) {
   return {rect.right, rect.bottom};
 }
 
-std::string Without(const std::string& attribute, std::string text) {
-  for (size_t place; (place = text.find(attribute)) != text.npos;)
-    text.erase(place, text.find('"', place + attribute.size()) + 1 - place);
-  return text;
-}
-
-/// A host whose layout is in a folder of the check's own.
+/// A folder for layouts that differ from the module's.
 struct LayoutFolder {
-  /// The module's layout without references between its elements, as the host refuses a layout
-  /// that refers to a control that it lacks.
-  std::string Original() const {
-    return Without(" for=\"", Without(" focus=\"", ContentOf(Resources().plugin / kLayout)));
-  }
-  /// The original with each first text replaced by the second.
+  /// Writes the module's layout with the first occurrence of each first text replaced by the
+  /// second. It has no references between elements, because the host refuses those to a control
+  /// that is missing.
   void Write(const std::vector<std::pair<std::string, std::string>>& replacements) const {
-    std::string text = Original();
+    std::string text = ContentOf(Resources().plugin / kLayout);
+    for (const std::string reference : {" for=\"", " focus=\""})
+      for (size_t place; (place = text.find(reference)) != text.npos;)
+        text.erase(place, text.find('"', place + reference.size()) + 1 - place);
     for (const auto& [from, to] : replacements) {
       const size_t place = text.find(from);
       if (place == text.npos) throw std::runtime_error("the layout has no " + from);
@@ -92,7 +83,7 @@ struct LayoutFolder {
   const TemporaryFolder folder;
 };
 
-/// Hands out the host's layouts with a hidden view, and notes what it is asked.
+/// Creates the host's sheets with a hidden view, and records the arguments.
 class WatchingFactory final : public SheetFactory {
  public:
   explicit WatchingFactory(standin::Host& owner) : host(owner) { current = this; }
@@ -115,7 +106,7 @@ class WatchingFactory final : public SheetFactory {
   nrvui::ui::OS_View* registered = nullptr;
 
  private:
-  /// Its dialog must release it before its sheet, and keep the sheet till then.
+  /// The dialog must keep the sheet until it has released the holder.
   class Holder final : public SheetHolder {
    public:
     explicit Holder(const boost::shared_ptr<SheetHolder>& original) : holder(original) {}
@@ -144,9 +135,9 @@ class WatchingFactory final : public SheetFactory {
   inline static WatchingFactory* current = nullptr;
 };
 
-void OpensAsHostPlacesIt() {
+CHECK("dialog/opens-where-host-places-it") {
   Caller caller;
-  const Calls calls = caller.CallsDuring([&] {
+  Calls calls = caller.CallsDuring([&] {
     caller.LookAt([](const OpenDialog& open) {
       const UI_Dialog& dialog = open.dialog;
       Expect("its ID", dialog.UI_GetNodeID().View(), "CreateMosaicDialog");
@@ -172,10 +163,9 @@ void OpensAsHostPlacesIt() {
     });
   });
   Expect("modal contexts afterwards", vx::ui::ModalContext::Depth(), 0);
-  Calls asked = calls;
-  std::erase(asked, "Sheet Holder/GetSheetView");  // as often as the module likes
+  std::erase(calls, "Sheet Holder/GetSheetView");  // allowed any number of times
   const std::string suite = "VX User Interface Main Suite";
-  Expect("calls of the host", asked,
+  Expect("calls of the host", calls,
          Calls{"acquire/" + suite, suite + "/GetDrawingSupplierSource", "release/" + suite,
                "Drawing Supplier Source/GetDrawingSupplier", "acquire/" + suite,
                suite + "/GetSheetFactory", "release/" + suite, "Sheet Factory/CreateSheetHolder",
@@ -184,14 +174,14 @@ void OpensAsHostPlacesIt() {
                "Sheet Factory/RegisterDialogView", "Sheet Holder/GetSheet"});
 }
 
-void SharesLayoutWithHost() {
+CHECK("dialog/shows-sheet-of-host") {
   Caller caller;
   WatchingFactory factory(caller.host);
   VXUserInterfaceMainSuite suite = *caller.host.Suites().Find<VXUserInterfaceMainSuite>();
   suite.GetSheetFactory = &WatchingFactory::Get;
   BasicSuite<1>::tables[VXUserInterfaceMainSuite::kName] = &suite;
   caller.module.basicSuite = &BasicSuite<1>::table;
-  (void)caller.module.Send("VX Menu", "VX Go");
+  (void)caller.module.Send(messages::kMenuGo);
   caller.LookAt([&](const OpenDialog& open) {
     Expect("the layout is shown", open.Node("okButton").UI_IsVisible());
     Expect("the registered view", factory.registered,
@@ -202,7 +192,7 @@ void SharesLayoutWithHost() {
              Utf8(nrvui::ui::GetDefaultThemeName()) + "\"");
 }
 
-void FollowsSizes() {
+CHECK("dialog/follows-sizes") {
   Caller caller;
   caller.LookAt([](const OpenDialog& open) {
     const auto& root = open.dialog.GetRootView();
@@ -220,7 +210,7 @@ void FollowsSizes() {
   });
 }
 
-void BindsButtonsOfTheirClass() {
+CHECK("dialog/binds-buttons-of-their-class") {
   const LayoutFolder layout;
   Caller caller(layout.Folders());
   const auto expectButtons = [&](const char* ok, const char* cancel, const char* first) {
@@ -244,18 +234,19 @@ void BindsButtonsOfTheirClass() {
   expectButtons("okButton", "cancelButton", "okButton");
 }
 
-void NeedsEachControlInItsClass() {
+CHECK("dialog/needs-each-control-in-its-class") {
   const LayoutFolder layout;
   Caller caller(layout.Folders());
   const auto expectAnswer = [&](ResultCode expected) {
-    caller.record = SampleRecord();
-    const CallerData given = caller.data;
-    Expect("the answer", caller.Run([](const OpenDialog& open) { open.Confirm(); }), expected);
-    if (expected != kSuccess) ExpectFields(caller.data, given);
+    CallerData data;
+    const CallerData given = data;
+    const auto confirm = [](const OpenDialog& open) { open.Confirm(); };
+    Expect("the answer", caller.RunDialog(data, confirm), expected);
+    if (expected != kSuccess) ExpectFields(data, given);
   };
   layout.Write({});
   expectAnswer(kSuccess);
-  const std::pair<const char*, std::vector<const char*>> kControls[] = {
+  const std::pair<std::string, std::vector<std::string>> controls[] = {
       {"label", {"OrigWidthStatic", "OrigHeightStatic"}},
       {"number",
        {"NewWidthTxt", "NewHeightTxt", "HorizontalCountTxt", "VerticalCountTxt", "TileSpaceHorzTxt",
@@ -264,13 +255,13 @@ void NeedsEachControlInItsClass() {
       {"radio", {"HorizontalRadio", "VerticalRadio", "ColorRadio", "GrayRadio"}},
       {"text-button", {"MosaicUseRatioButton"}},
   };
-  for (const auto& [element, controls] : kControls) {
-    for (const std::string control : controls) {
-      const Trying trying(control);
-      layout.Write({{" id=\"" + control, " id=\"Other"}});
+  for (const auto& [element, ids] : controls) {
+    for (const std::string& id : ids) {
+      const Trying trying(id);
+      layout.Write({{" id=\"" + id, " id=\"Other"}});
       expectAnswer(kCannot);
-      const std::string begin = "<" + std::string(element) + " id=\"";
-      layout.Write({{begin + control, "<row id=\"" + control + "\"/>" + begin + "Other"}});
+      const std::string begin = "<" + element + " id=\"";
+      layout.Write({{begin + id, "<row id=\"" + id + "\"/>" + begin + "Other"}});
       expectAnswer(kCannot);
     }
   }
@@ -278,37 +269,35 @@ void NeedsEachControlInItsClass() {
   expectAnswer(kCannot);
 }
 
-void ShowsSourceAsLengths() {
+CHECK("dialog/shows-source-in-points") {
   Caller caller;
   caller.state.usePercent = 5;
   caller.record.deleteRaster = 9;
   caller.LookAt([](const OpenDialog& open) {
-    Expect("the raster goes", open.Get<UI_Checkbox>("DeleteRasterChk").IsChecked());
+    Expect("deletes the raster", open.Get<UI_Checkbox>("DeleteRasterChk").IsChecked());
     Expect("the source's height", open.Label("OrigHeightStatic"), "200 pt");
     Expect("the source's width", open.Label("OrigWidthStatic"), "300 pt");
     Expect("the new height", open.Text("NewHeightTxt"), "100 %");
   });
 }
 
-void KnowsNoSourceSize() {
+CHECK("dialog/ignores-bounds-without-size") {
   Caller caller;
   caller.record.sizeUnavailable = 2;
-  const ResultCode code = caller.Run([](const OpenDialog& open) {
+  caller.Confirm([](const OpenDialog& open) {
     Expect("the source's width", open.Label("OrigWidthStatic"), "N/A");
     Expect("the source's height", open.Label("OrigHeightStatic"), "N/A");
     open.Get("GrayRadio").SetDisabled(false);
     open.Click("GrayRadio");
     open.Get("UsePercentChk").SetDisabled(false);
     open.Click("UsePercentChk");
-    Expect("the new width, since bounds do not count", open.Text("NewWidthTxt"), "100 pt");
-    open.Confirm();
+    Expect("the new width", open.Text("NewWidthTxt"), "100 pt");
   });
-  Expect("the answer", code, kSuccess);
-  Expect("record.isColor, which has no handler", caller.record.isColor, 1);
+  Expect("record.isColor, since the button has no handler", caller.record.isColor, 1);
   Expect("state.noOriginalSize", caller.state.noOriginalSize, 2);
 }
 
-void SpeaksUsersLanguage() {
+CHECK("dialog/speaks-users-language") {
   auto& localizer = nrvcore::config::Localizer::Get();
   localizer.SetCatalogues(Resources().host / "translations");
   localizer.SetLanguage("de");
@@ -324,7 +313,7 @@ void SpeaksUsersLanguage() {
   });
 }
 
-void FollowsSettingOfMnemonics() {
+CHECK("dialog/shows-mnemonics-as-set") {
   Caller caller;
   auto& settings = nrvui::ui::UI_NodeManager::Get().GetCustomSettingsManager();
   const auto expectShown = [&](bool expected) {
@@ -336,42 +325,42 @@ void FollowsSettingOfMnemonics() {
   settings.SetSetting("windows.MnemonicsAlwaysOn", true);
   expectShown(true);
   settings.SetSetting("windows.MnemonicsAlwaysOn", 1);
-  Expect("with a number for it", caller.Run([](const OpenDialog&) {}), kCannot);
+  Expect("the answer, when the setting is a number",
+         caller.RunDialog(caller.data, [](const OpenDialog&) {}), kCannot);
   settings.SetSetting("windows.MnemonicsAlwaysOn", false);
   expectShown(false);
 }
 
-void WritesResultIfNotDestroyed() {
+CHECK("dialog/writes-result-if-destruction-fails") {
   class FailingWindow final : public nrvui::ui::NodeObserver {
    public:
     void NodeChanged(UI_Node&) override {}
     void NodeDestroyed(UI_Node&) override { throw std::runtime_error("window lost"); }
   } observer;
   Caller caller;
-  const ResultCode code = caller.Run([&](const OpenDialog& open) {
+  const ResultCode code = caller.RunDialog(caller.data, [&](const OpenDialog& open) {
     open.dialog.UI_SetObserver(&observer);
     open.Enter("HorizontalCountTxt", "9");
     open.Confirm();
   });
   Expect("the answer", code, kCannot);
-  Expect("tiles across", caller.record.tilesAcross, 9);
-  Expect("the ratio", caller.state.aspectRatio, 1.5f);
+  Expect("record.tilesAcross", caller.record.tilesAcross, 9);
+  Expect("state.aspectRatio", caller.state.aspectRatio, 1.5f);
 }
 
-// An exception ends the run, and nothing is written.
-void EndsWhenPresenterFails() {
+CHECK("dialog/writes-nothing-if-run-throws") {
   Caller caller;
   const FunctionPresenter presenter([](UI_Dialog& dialog) {
     dialog.DefaultCloseOk();
     throw std::runtime_error("window lost");
   });
   const CallerData given = caller.data;
-  Expect("the answer", caller.RunDialog(caller.record, caller.state), kCannot);
+  Expect("the answer", caller.RunDialog(caller.data), kCannot);
   ExpectFields(caller.data, given);
   Expect("modal contexts", vx::ui::ModalContext::Depth(), 0);
 }
 
-void RefusesBadCalls() {
+CHECK("dialog/refuses-invalid-requests") {
   Caller caller;
   const auto run = caller.host.Suites().Find<MosaicSuite>()->RunMosaicDialog;
   MosaicParameters* params = &caller.record;
@@ -379,48 +368,38 @@ void RefusesBadCalls() {
   caller.ExpectNoDialog("without a state", run, nullptr, &params);
   caller.ExpectNoDialog("without an address", run, &caller.state, nullptr);
   caller.ExpectNoDialog("without a record", run, &caller.state, &none);
-  Expect("the unload", caller.module.Send("QP Access", "Unload"), kSuccess);
+  Expect("the unload", caller.module.Send(messages::kUnload), kSuccess);
   caller.ExpectNoDialog("after an unload", run, &caller.state, &params);
-  Expect("the reload", caller.module.Send("QP Access", "Reload"), kSuccess);
+  Expect("the reload", caller.module.Send(messages::kReload), kSuccess);
   Expect("the shut-down", caller.module.ShutDown(), kSuccess);
   caller.ExpectNoDialog("after a shut-down", run, &caller.state, &params);
 }
 
-void WritesToRecordOfTheMoment() {
+CHECK("dialog/writes-to-record-given-at-its-end") {
   Caller caller;
   const CallerData given = caller.data;
   MosaicParameters moved{};
   MosaicParameters* params = &caller.record;
-  const FunctionPresenter presenter([&](UI_Dialog& dialog) {
-    params = &moved;
-    dialog.OnReturnKey();
-  });
-  const auto* const suite = caller.host.Suites().Find<MosaicSuite>();
-  Expect("the answer", suite->RunMosaicDialog(&caller.state, &params), kSuccess);
+  caller.ConfirmDirectly(params, [&](const OpenDialog&) { params = &moved; });
   Expect("the record's address", params, &moved);
-  Expect("tiles across", moved.tilesAcross, 30);
+  Expect("record.tilesAcross", moved.tilesAcross, 30);
   ExpectFields({caller.record, given.state}, given);
 }
 
-// The dialog works on copies until it has closed.
-void WritesNothingWhileOpen() {
+CHECK("dialog/writes-nothing-while-open") {
   Caller caller;
   const CallerData given = caller.data;
   MosaicParameters* params = &caller.record;
-  const FunctionPresenter presenter([&](UI_Dialog& dialog) {
-    const OpenDialog open{dialog};
+  caller.ConfirmDirectly(params, [&](const OpenDialog& open) {
     for (const char* control : {"GrayRadio", "UsePercentChk", "DeleteRasterChk"})
       open.Click(control);
-    open.Confirm();
     ExpectFields(caller.data, given);
   });
-  const auto* const suite = caller.host.Suites().Find<MosaicSuite>();
-  Expect("the answer", suite->RunMosaicDialog(&caller.state, &params), kSuccess);
   Expect("record.isColor", caller.record.isColor, 0);
 }
 
-// Without an answer of the host's, a field keeps its value; the other is set all the same.
-void ComputesRatioThroughHost() {
+// If the host refuses an operation, its field keeps its value; the other field is set.
+CHECK("dialog/computes-ratio-through-host") {
   struct {
     const char* refused;
     size_t call;
@@ -430,26 +409,27 @@ void ComputesRatioThroughHost() {
                      {"VX Real Math Suite/Multiply", 1, 20, 8},
                      {"VX Real Math Suite/Multiply", 2, 8, 200}};
   Caller caller;
+  const auto expect = [&](int32_t tilesDown, float newHeight) {
+    caller.record = SampleRecord();
+    caller.Confirm(UseRatio);
+    Expect("record.tilesDown", caller.record.tilesDown, tilesDown);
+    Expect("record.newHeight", caller.record.newHeight, newHeight);
+  };
   for (const auto& [refused, call, tilesDown, newHeight] : cases) {
     const Trying trying(std::string(refused) + ", call " + std::to_string(call));
-    caller.record = SampleRecord();
     caller.host.Operations().Refuse(refused, kCannot, call);
-    Expect("the answer", caller.Run(UseRatio), kSuccess);
-    Expect("tiles down", caller.record.tilesDown, tilesDown);
-    Expect("the new height", caller.record.newHeight, newHeight);
+    expect(tilesDown, newHeight);
   }
-  Expect("the unload", caller.module.Send("QP Access", "Unload"), kSuccess);
+  const Trying trying("with the suite acquired for the button");
+  Expect("the unload", caller.module.Send(messages::kUnload), kSuccess);
   caller.host.Operations().Refuse("acquire/QP Access Suite", kRefused);
-  Expect("the reload", caller.module.Send("QP Access", "Reload"), kRefused);
-  Expect("the answer, with the suite borrowed", caller.Run(UseRatio), kSuccess);
-  Expect("tiles down", caller.record.tilesDown, 8);
-  Expect("the new height", caller.record.newHeight, 8.0f);
+  Expect("the reload", caller.module.Send(messages::kReload), kRefused);
+  expect(8, 8);
 }
 
-// Code may give a field any value.
-void ReadsFieldsAsWholeNumbers() {
+CHECK("dialog/truncates-values-set-by-code") {
   Caller caller;
-  const ResultCode code = caller.Run([](const OpenDialog& open) {
+  caller.Confirm([](const OpenDialog& open) {
     const auto field = [&](const char* id) -> auto& {
       return open.Get<UI_UnitNumberEdit>(id);
     };
@@ -461,9 +441,7 @@ void ReadsFieldsAsWholeNumbers() {
     field("TileSpaceHorzTxt").SetNumber(2.9);
     field("TileSpaceVertTxt").SetNumber(-2.9);
     field("VerticalCountTxt").SetNumber(70000.9);
-    open.Confirm();
   });
-  Expect("the answer", code, kSuccess);
   Expect("record.tileSpacingHorizontal", caller.record.tileSpacingHorizontal, 2);
   Expect("record.tileSpacingVertical", caller.record.tileSpacingVertical, -2);
   Expect("record.tilesAcross", caller.record.tilesAcross, 65546);
@@ -471,12 +449,12 @@ void ReadsFieldsAsWholeNumbers() {
   Expect("record.newWidth", caller.record.newWidth, -7.9f);
 }
 
-void UsesFirstControlOfExactId() {
+CHECK("dialog/uses-first-control-of-exact-id") {
   Caller caller;
-  const ResultCode code = caller.Run([](const OpenDialog& open) {
+  caller.Confirm([](const OpenDialog& open) {
     const auto& former = open.Get<UI_UnitNumberEdit>("VerticalCountTxt");
     std::vector<boost::intrusive_ptr<UI_UnitNumberEdit>> fields;
-    // Nearer to the root than the layout's own; of two at one depth, the first counts.
+    // Closer to the root than the layout's field; of two at one depth, the first counts.
     for (const char* id : {"verticalCountTxt", "VerticalCountTx", "VerticalCountTxt ",
                            "VerticalCountTxt", "VerticalCountTxt"}) {
       fields.emplace_back(new UI_UnitNumberEdit)->UI_SetNodeID(id);
@@ -487,39 +465,15 @@ void UsesFirstControlOfExactId() {
     for (const auto& field : fields)
       Expect("a field", field->GetNumber(), field == fields[3] ? 8 : 0);
     Expect("the field of the layout", former.GetNumber(), 20);
-    // The root itself comes first, and the dialog is not searched.
-    open.dialog.UI_SetNodeID("okButton");
-    open.Confirm();
+    open.dialog.UI_SetNodeID("okButton");  // the search begins with the root view
   });
-  Expect("the answer", code, kSuccess);
-  Expect("tiles down", caller.record.tilesDown, 8);
+  Expect("record.tilesDown", caller.record.tilesDown, 8);
   const FunctionPresenter presenter([](UI_Dialog& dialog) {
     dialog.GetRootView()->UI_SetNodeID("VerticalCountTxt");
     OpenDialog{dialog}.Confirm();
   });
-  Expect("the answer where the root has the ID of a field", caller.RunSampleDialog(), kCannot);
+  Expect("the answer where the root has the ID of a field", caller.RunDialog(caller.data), kCannot);
 }
 
 }  // namespace
-
-void AddDialogChecks(const Add& add) {
-  add("dialog/opens-as-host-places-it", OpensAsHostPlacesIt);
-  add("dialog/shares-layout-with-host", SharesLayoutWithHost);
-  add("dialog/follows-sizes", FollowsSizes);
-  add("dialog/binds-buttons-of-their-class", BindsButtonsOfTheirClass);
-  add("dialog/needs-each-control-in-its-class", NeedsEachControlInItsClass);
-  add("dialog/shows-source-as-lengths", ShowsSourceAsLengths);
-  add("dialog/knows-no-source-size", KnowsNoSourceSize);
-  add("dialog/speaks-users-language", SpeaksUsersLanguage);
-  add("dialog/follows-setting-of-mnemonics", FollowsSettingOfMnemonics);
-  add("dialog/writes-result-if-not-destroyed", WritesResultIfNotDestroyed);
-  add("dialog/ends-when-presenter-fails", EndsWhenPresenterFails);
-  add("dialog/refuses-bad-calls", RefusesBadCalls);
-  add("dialog/writes-to-record-of-the-moment", WritesToRecordOfTheMoment);
-  add("dialog/writes-nothing-while-open", WritesNothingWhileOpen);
-  add("dialog/computes-ratio-through-host", ComputesRatioThroughHost);
-  add("dialog/reads-fields-as-whole-numbers", ReadsFieldsAsWholeNumbers);
-  add("dialog/uses-first-control-of-exact-id", UsesFirstControlOfExactId);
-}
-
 }  // namespace check

@@ -9,13 +9,11 @@
 #include "platform/qpbasic/ledger.h"
 #include "testkit/toolkit_memory.h"
 
-// Every operation of the host, and every allocation, fails once at every place of whole sessions.
-// Afterwards the same module must go through a whole life cycle as expected.
+// Each call of the host's operations and each allocation fails once during a session. Afterwards
+// the same module must go through a life cycle without failures.
 
 namespace check {
 namespace {
-
-using Lines = std::vector<std::string>;
 
 struct Sequence {
   const char* name;
@@ -44,55 +42,71 @@ const Failure kFailures[] = {
     {"int", kCannot, std::make_exception_ptr(7)},
 };
 
-using enum Answer;
+/// What a message or a dialog answers during which an operation fails.
+enum Answer {
+  kUnnoticed,  // as if it had not failed
+  kItsCode,    // the code of the refusal or the exception
+  kIsParameter,
+  kIsCannot,
+  kIsCannotOrUnnoticed,
+};
 
-/// The expected answers if an operation refuses and if it throws. The first row whose operation is
-/// a prefix of the name applies.
+/// The answers when an operation is refused and when it throws, in a message and in a dialog. An
+/// operation has the first row with the beginning of its name.
 struct Contract {
+  struct Answers {
+    Answer whenRefused, whenThrown;
+  };
   std::string_view operation;
-  Answer whenRefused;
-  Answer whenThrown;
+  Answers inMessage = {kUnnoticed, kUnnoticed};
+  Answers inDialog = {kUnnoticed, kIsCannot};
 };
 
-// Messages. In a report, nothing that fails is noticed.
-constexpr Contract kMessageContracts[] = {
-    {"acquire/", kItsCode, kItsCode},
-    {"release/", kUnnoticed, kUnnoticed},
-    {"QP Plug-ins Suite/SetPluginName", kItsCode, kItsCode},
-    {"VX Notifier Suite/AddNotifier", kItsCode, kItsCode},
-    {"VX Context Suite/PushAppContext", kUnnoticed, kItsCode},
-    {"VX Context Suite/PopAppContext", kUnnoticed, kUnnoticed},
-    {"KDM Basic Suite/", kUnnoticed, kItsCode},
-    {"QP Blocks Suite/AllocateBlock", kIsParameter, kIsParameter},
-    {"QP Blocks Suite/FreeBlock", kItsCode, kItsCode},
-    {"QP Suites Suite/AddSuite", kItsCode, kIsParameter},
+// Without a suite for its arithmetic, the ratio button changes nothing; without the drawing
+// supplier, the toolkit draws with its own.
+constexpr Contract kContracts[] = {
+    {"acquire/", {kItsCode, kItsCode}, {kIsCannotOrUnnoticed, kIsCannot}},
+    {"release/", {kUnnoticed, kUnnoticed}, {kUnnoticed, kIsCannotOrUnnoticed}},
+    {"QP Plug-ins Suite/SetPluginName", {kItsCode, kItsCode}},
+    {"VX Notifier Suite/AddNotifier", {kItsCode, kItsCode}},
+    {"VX Context Suite/PushAppContext", {kUnnoticed, kItsCode}},
+    {"VX Context Suite/PopAppContext", {kUnnoticed, kUnnoticed}},
+    {"KDM Basic Suite/", {kUnnoticed, kItsCode}},
+    {"QP Blocks Suite/AllocateBlock", {kIsParameter, kIsParameter}},
+    {"QP Blocks Suite/FreeBlock", {kItsCode, kItsCode}},
+    {"QP Suites Suite/AddSuite", {kItsCode, kIsParameter}},
+    {"VX User Interface Main Suite/GetSheetFactory", {}, {kIsCannot, kIsCannot}},
+    {"Sheet Factory/CreateSheetHolder", {}, {kIsCannot, kIsCannot}},
+    {"Sheet Holder/GetSheetView", {}, {kIsCannotOrUnnoticed, kIsCannot}},
+    {""},
 };
 
-// Dialogs. Without a suite for its ratio, the button changes nothing; without the drawing supplier,
-// the toolkit draws with its own.
-constexpr Contract kDialogContracts[] = {
-    {"acquire/", kEither, kIsCannot},
-    {"release/", kUnnoticed, kEither},
-    {"VX User Interface Main Suite/GetSheetFactory", kIsCannot, kIsCannot},
-    {"Sheet Factory/CreateSheetHolder", kIsCannot, kIsCannot},
-    {"Sheet Holder/GetSheetView", kEither, kIsCannot},
-    {"", kUnnoticed, kIsCannot},
-};
-
-template <size_t kCount>
-Answer AnswerOf(const Contract (&contracts)[kCount], const std::string& operation, bool isThrown) {
-  for (const Contract& contract : contracts)
-    if (operation.starts_with(contract.operation))
-      return isThrown ? contract.whenThrown : contract.whenRefused;
-  return kUnnoticed;
+std::vector<ResultCode> Allowed(const std::string& operation, const Failure& failure, bool isDialog,
+                                ResultCode expected) {
+  const Contract& contract = *std::ranges::find_if(
+      kContracts, [&](auto& row) { return operation.starts_with(row.operation); });
+  const auto& answers = isDialog ? contract.inDialog : contract.inMessage;
+  switch (failure.exception ? answers.whenThrown : answers.whenRefused) {
+    case kUnnoticed:
+      return {expected};
+    case kItsCode:
+      return {failure.code};
+    case kIsParameter:
+      return {kParameter};
+    case kIsCannot:
+      return {kCannot};
+    case kIsCannotOrUnnoticed:
+      return {expected, kCannot};
+  }
+  return {};
 }
 
-/// Runs with the fault in place, and then a life cycle without it. `expectLeft` judges what the
-/// first run leaves; the second must leave no more.
+/// Runs the sequence with the failure, and then a life cycle without it. `expectLeft` checks what
+/// the sequence leaves; the life cycle must leave nothing more.
 void RunWithFailure(const Sequence& sequence, Session& session,
-                    const std::function<void(const Lines& left)>& expectLeft) {
+                    const std::function<void(const Calls& left)>& expectLeft) {
   (session.*sequence.run)();
-  const Lines left = session.host.Leftovers();
+  const Calls left = session.host.Leftovers();
   expectLeft(left);
   session.Restore();
   const Trying trying("a life cycle afterwards");
@@ -102,12 +116,13 @@ void RunWithFailure(const Sequence& sequence, Session& session,
     if (std::ranges::find(left, line) == left.end()) Fail("left: " + line);
 }
 
-/// What may be left when an operation failed that would have taken it back.
-constexpr std::pair<std::string_view, std::string_view> kOwed[] = {
+/// What may be left after an operation failed: a part of the operation's name, and a part of what
+/// is left.
+constexpr std::pair<std::string_view, std::string_view> kMayBeLeft[] = {
     {"release/", "suite \""},
-    // The host may have kept the table of a suite that it refused, so the block is left to it.
+    // The host may have kept the address of the table that it refused, so the block stays.
     {"QP Suites Suite/AddSuite", "(TesseraeUI)"},
-    // Without its table freed, a plug-in goes at once and leaves its suites held, with their set.
+    // A shut-down that cannot free the table ends at once and keeps its suites, with their set.
     {"QP Blocks Suite/FreeBlock", "(TesseraeUI)"},
     {"QP Blocks Suite/FreeBlock", "of 12 bytes"},
     {"QP Blocks Suite/FreeBlock", "suite \""},
@@ -121,23 +136,23 @@ void FailCall(const Sequence& sequence, const std::string& operation, size_t cal
   const Trying trying(std::string(sequence.name) + ", call " + std::to_string(call) + " of " +
                       operation + ": " + failure.name);
   Session session;
-  const bool throws = failure.exception != nullptr;
-  session.fault =
-      HostFault{operation, call, failure.code, AnswerOf(kMessageContracts, operation, throws),
-                AnswerOf(kDialogContracts, operation, throws)};
   auto& operations = session.host.Operations();
-  if (throws) {
+  session.failing.strikes = [&] { return operations.InjectedFaults(); };
+  session.failing.answers = [&](bool isDialog, ResultCode expected) {
+    return Allowed(operation, failure, isDialog, expected);
+  };
+  if (failure.exception) {
     operations.Throw(operation, failure.exception, call);
   } else {
     operations.Refuse(operation, failure.code, call);
   }
-  RunWithFailure(sequence, session, [&](const Lines& left) {
+  RunWithFailure(sequence, session, [&](const Calls& left) {
     for (const std::string& line : left) {
-      const bool isOwed = std::ranges::any_of(kOwed, [&](const auto& owed) {
-        return operation.starts_with(owed.first) && line.find(owed.second) != line.npos &&
-               !(operation == "QP Suites Suite/AddSuite" && throws);
+      const bool mayBeLeft = std::ranges::any_of(kMayBeLeft, [&](const auto& row) {
+        return operation.starts_with(row.first) && line.find(row.second) != line.npos &&
+               !(operation == "QP Suites Suite/AddSuite" && failure.exception);
       });
-      if (!isOwed) Fail("left: " + line);
+      if (!mayBeLeft) Fail("left: " + line);
     }
   });
   Expect("calls that failed", operations.InjectedFaults(), 1u);
@@ -163,74 +178,78 @@ void FailOnceAtEveryCall(const std::string& operation) {
       for (const Failure& failure : kFailures)
         if (faults++ % Step() == 0 && !HasFailed()) FailCall(sequence, operation, call, failure);
   }
-  // Nothing locks this plug-in; all else must be part of a session.
+  // Sessions call every operation but those that lock a plug-in.
   const bool locks =
       operation == "QP Access Suite/AcquirePlugin" || operation == "QP Access Suite/ReleasePlugin";
   Expect("is called", allCalls > 0, !locks);
 }
 
-/// Refuses every n-th allocation, n growing by `step`, until a session gets through all of them.
-/// `refuse` begins with a refusal, and `wasRefused` ends it and says whether it happened.
-void RefuseOneByOne(size_t step,
-                    const std::function<void(Session& session, size_t countdown)>& refuse,
-                    const std::function<bool()>& wasRefused) {
+/// Lets each `step`-th allocation fail, one per session, until a session has no more of them.
+/// `refuse` makes the allocation `countdown` from now fail.
+void RefuseOneByOne(size_t step, const std::function<Failing(size_t countdown)>& refuse) {
   for (const Sequence& sequence : kSequences) {
     size_t place = 1;
-    for (bool goesOn = true; goesOn && !HasFailed(); place += step) {
+    for (bool wasRefused = true; wasRefused && !HasFailed(); place += step) {
       const Trying trying(std::string(sequence.name) + ", allocation " + std::to_string(place));
       Session session;
-      refuse(session, place);
-      RunWithFailure(sequence, session, [&](const Lines& left) {
-        goesOn = wasRefused();
-        if (!goesOn) Expect("goes as expected", session.WentAsExpected());
-        Expect("what is left", left, Lines());
+      session.failing = refuse(place);
+      session.failing.isAnywhere = true;
+      RunWithFailure(sequence, session, [&](const Calls& left) {
+        wasRefused = session.failing.strikes() > 0;
+        toolkit_memory::untilRefusal = 0;
+        qpbasic::Ledger::Get().RefuseNothing();
+        if (!wasRefused) Expect("goes as expected", session.WentAsExpected());
+        Expect("what is left", left, Calls());
       });
     }
-    Expect("allocations enough to say something", place > std::max<size_t>(50, 10 * step));
+    Expect("there are enough allocations", place > std::max<size_t>(50, 10 * step));
   }
 }
 
 void RefuseBlocks(ResultCode code) {
-  qpbasic::Ledger& ledger = qpbasic::Ledger::Get();
-  size_t refusals = 0;
-  const auto refuse = [&](Session& session, size_t countdown) {
-    refusals = ledger.Counts().refusals;
-    session.strikes = [&] { return ledger.Counts().refusals; };
-    session.answersWhenStruck = {kOutOfMemory, kParameter};
+  RefuseOneByOne(Step(), [code](size_t countdown) {
+    qpbasic::Ledger& ledger = qpbasic::Ledger::Get();
     ledger.Refuse({.countdown = countdown, .once = true, .code = code});
-  };
-  RefuseOneByOne(Step(), refuse, [&] {
-    ledger.RefuseNothing();
-    return ledger.Counts().refusals != refusals;
+    return Failing{.strikes =
+                       [&ledger, before = ledger.Counts().refusals] {
+                         return ledger.Counts().refusals - before;
+                       },
+                   .answers = [](bool isDialog, ResultCode) -> std::vector<ResultCode> {
+                     if (isDialog) return {kCannot};
+                     return {kOutOfMemory, kParameter};
+                   }};
   });
 }
 
-std::vector<std::string> OperationsOfTheHost() {
-  standin::RecordingUserInterface person;
-  return standin::Host(person).Operations().Names();
+CHECK("memory/blocks-are-refused") {
+  RefuseBlocks(kOutOfMemory);
 }
 
-}  // namespace
+CHECK("memory/blocks-are-missing-after-success") {
+  RefuseBlocks(kSuccess);
+}
 
-void AddFaultChecks(const Add& add) {
-  for (const std::string& operation : OperationsOfTheHost()) {
+CHECK("memory/toolkit-has-none") {
+  RefuseOneByOne(Step(17), [](size_t countdown) {
+    toolkit_memory::untilRefusal = countdown;
+    return Failing{.strikes = [] { return size_t{toolkit_memory::untilRefusal == 0}; },
+                   .answers = [](bool isDialog, ResultCode expected) -> std::vector<ResultCode> {
+                     if (isDialog) return {expected, kCannot};
+                     return {expected, kOutOfMemory, kCannot, kParameter};
+                   },
+                   .onCall = [](bool isInside) { toolkit_memory::isArmed = isInside; }};
+  });
+}
+
+/// One check for each operation of the host.
+const Registration kFaultChecks([](const Add& add) {
+  standin::RecordingUserInterface person;
+  for (const std::string& operation : standin::Host(person).Operations().Names()) {
     std::string name = "faults/" + operation;
     std::ranges::replace(name, ' ', '-');
     add(name, [operation] { FailOnceAtEveryCall(operation); });
   }
-  add("memory/blocks-are-refused", [] { RefuseBlocks(kOutOfMemory); });
-  add("memory/blocks-do-not-come", [] { RefuseBlocks(kSuccess); });
-  add("memory/toolkit-has-none", [] {
-    const auto refuse = [](Session& session, size_t countdown) {
-      toolkit_memory::untilRefusal = countdown;
-      session.strikes = [] { return toolkit_memory::untilRefusal == 0; };
-      session.answersWhenStruck = {kOutOfMemory, kCannot, kParameter};
-      session.mayGoUnnoticed = true;
-      session.onCall = [](bool isInside) { toolkit_memory::isArmed = isInside; };
-    };
-    RefuseOneByOne(Step(17), refuse,
-                   [] { return std::exchange(toolkit_memory::untilRefusal, 0) == 0; });
-  });
-}
+});
 
+}  // namespace
 }  // namespace check

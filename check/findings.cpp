@@ -1,11 +1,9 @@
 #include "check/findings.h"
 
-#include <sys/mman.h>
-
 #include <algorithm>
 #include <cstdio>
 #include <cstring>
-#include <new>
+#include <exception>
 
 #include "platform/nrvcore/unicode.h"
 
@@ -14,41 +12,52 @@ namespace {
 
 constexpr size_t kMostFindings = 8;
 
-size_t findings = 0;
+/// Writes as much of `added` as fits, and 0 after it.
+template <size_t kSize>
+void Put(char (&text)[kSize], size_t place, std::string_view added) {
+  const size_t length = std::min(added.size(), kSize - 1 - place);
+  std::memcpy(text + place, added.data(), length);
+  text[place + length] = '\0';
+}
 
-/// What a crash leaves to be read by the process that started the check. All texts end with 0.
-struct Notes {
-  char steps[1024];
-  char operation[128];
-  char story[16 << 10];
-};
-Notes ownNotes;
-Notes* notes = &ownNotes;
-
-/// `what`, a number from 1, and what stands there.
+/// The element at `index`, for a finding.
 std::string Entry(const std::vector<std::string>& list, size_t index) {
   return index < list.size() ? Text(list[index]) : "the end";
 }
 
 }  // namespace
 
+void Report(std::string_view line) {
+  static size_t end = 0;
+  for (const std::string_view text : {line, std::string_view("\n")}) {
+    Put(notes->findings, end, text);
+    end = std::min(end + text.size(), sizeof notes->findings - 1);
+  }
+}
+
 void Fail(const std::string& what) {
-  if (++findings > kMostFindings) return;
+  if (++notes->failures > kMostFindings) return;
   const std::string_view steps = notes->steps;
   Report(OnOneLine(std::string(steps) + (steps.empty() ? "" : ": ") + what));
 }
 
-bool HasFailed() {
-  return findings > 0;
-}
-
-void CountOtherFindings() {
-  if (findings > kMostFindings) Report("and " + std::to_string(findings - kMostFindings) + " more");
+void RunToEnd(const std::function<void()>& run) {
+  try {
+    run();
+  } catch (const std::exception& error) {
+    Fail(error.what());
+  } catch (...) {
+    Fail("an exception of unknown type was thrown");
+  }
+  NoteOperation(nullptr);
+  if (notes->failures > kMostFindings)
+    Report("and " + std::to_string(notes->failures - kMostFindings) + " more");
+  notes->isComplete = true;
 }
 
 Trying::Trying(std::string_view what) : outer(std::strlen(notes->steps)) {
-  std::snprintf(notes->steps + outer, sizeof notes->steps - outer, "%s%.*s", outer > 0 ? ", " : "",
-                static_cast<int>(what.size()), what.data());
+  if (outer > 0) Put(notes->steps, outer, ", ");
+  Put(notes->steps, std::strlen(notes->steps), what);
   if (settings.isVerbose) Report(notes->steps);
 }
 
@@ -57,35 +66,12 @@ Trying::~Trying() {
 }
 
 void NoteOperation(const char* name) {
-  std::snprintf(notes->operation, sizeof notes->operation, "%s", name ? name : "");
+  Put(notes->operation, 0, name ? name : "");
 }
 
 void Tell(std::string_view line) {
-  const size_t end = line.empty() ? 0 : std::strlen(notes->story);
-  std::snprintf(notes->story + end, sizeof notes->story - end, "%.*s%s",
-                static_cast<int>(line.size()), line.data(), line.empty() ? "" : "\n");
-}
-
-void ShareTrying() {
-  void* const shared =
-      mmap(nullptr, sizeof(Notes), PROT_READ | PROT_WRITE, MAP_SHARED | MAP_ANONYMOUS, -1, 0);
-  if (shared == MAP_FAILED) throw std::bad_alloc();
-  notes = static_cast<Notes*>(shared);
-}
-
-std::string Tried() {
-  std::string tried(notes->steps, strnlen(notes->steps, sizeof notes->steps));
-  const std::string operation(notes->operation, strnlen(notes->operation, sizeof notes->operation));
-  if (operation.empty()) return tried;
-  return tried + (tried.empty() ? "" : ", ") + "after the module's call of " + operation;
-}
-
-std::string Told() {
-  return {notes->story, strnlen(notes->story, sizeof notes->story)};
-}
-
-void ForgetTried() {
-  std::memset(notes, 0, sizeof *notes);
+  Put(notes->story, line.empty() ? 0 : std::strlen(notes->story), line);
+  if (!line.empty()) Put(notes->story, std::strlen(notes->story), "\n");
 }
 
 void Expect(std::string_view what, const std::vector<std::string>& seen,

@@ -8,19 +8,35 @@
 #include <type_traits>
 #include <vector>
 
-#include "check/apart.h"
 #include "check/check.h"
 #include "platform/suites/result_code.h"
 
-/// The findings of a check. Each check runs in a process of its own, so all of this belongs to the
-/// check that runs.
+/// What a check reports: findings, and what it was doing when it ended. Checks call these functions
+/// in their own process.
 namespace check {
 
-/// Reports a finding and lets the check continue. After eight, findings are only counted.
+/// The report of one check, in memory that its process shares with the process that started it, so
+/// that a crash does not lose it. Bytes after a text are 0.
+struct Notes {
+  bool isComplete;           // the check has returned
+  size_t failures;           // findings, including those that are only counted
+  char steps[1024];          // the steps in progress
+  char operation[128];       // the host's operation that the module called last
+  char story[16 << 10];      // what random input did
+  char findings[64u << 20];  // one per line
+};
+/// Null outside of checks. apart.cpp provides it.
+inline Notes* notes = nullptr;
+
+/// Adds a line to the report.
+void Report(std::string_view line);
+/// Reports a finding; the check continues. Findings after the eighth are only counted.
 void Fail(const std::string& what);
-bool HasFailed();
-/// Reports how many findings were only counted.
-void CountOtherFindings();
+inline bool HasFailed() {
+  return notes->failures > 0;
+}
+/// Runs the check to its end. An exception that leaves `run` is a finding.
+void RunToEnd(const std::function<void()>& run);
 
 /// A step of the check, until the end of the scope. Findings name the steps in progress, and so
 /// does the report of a crash or a time-out. Allocates nothing.
@@ -32,27 +48,19 @@ class Trying {
   Trying& operator=(const Trying&) = delete;
 
  private:
-  size_t outer;
+  const size_t outer;
 };
 
-/// Notes the host's operation that the module has called last, for the report of a crash; null when
-/// the module has returned.
+/// Records the host's operation that the module calls; null when the module has returned.
 void NoteOperation(const char* name);
-/// Adds a line to what is shown with the first finding or the crash of random input: what was done
-/// so far. Empty text begins anew.
+/// Adds a line to the story of random input, which is printed if the check fails. An empty line
+/// starts a new story.
 void Tell(std::string_view line);
-
-/// Has this process and those that it forks note steps in shared memory. Throws std::bad_alloc.
-void ShareTrying();
-/// The steps in progress, or those in which a forked process has ended.
-std::string Tried();
-std::string Told();
-void ForgetTried();
 
 /// Text on one line: control characters, and bytes that are not UTF-8, as \n, \t or \x1B.
 std::string OnOneLine(std::string_view text);
 
-/// Four characters, or a number.
+/// A code as its four characters, or as a number if they cannot be printed.
 std::string CodeText(ResultCode code);
 
 template <typename Value>
@@ -77,6 +85,7 @@ std::string Text(const Value& value) {
   return text.str();
 }
 
+/// Reports a finding unless `seen` equals `expected`.
 template <typename Seen, typename Expected>
 void Expect(std::string_view what, const Seen& seen, const Expected& expected) {
   if (settings.isVerbose) Report(std::string(what) + ": " + Text(seen));
@@ -84,7 +93,7 @@ void Expect(std::string_view what, const Seen& seen, const Expected& expected) {
   Fail(std::string(what) + ": expected " + Text(expected) + ", seen " + Text(seen));
 }
 
-/// Of long lists, names the first difference only.
+/// For long lists; the finding names only the first difference.
 void Expect(std::string_view what, const std::vector<std::string>& seen,
             const std::vector<std::string>& expected);
 

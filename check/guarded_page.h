@@ -9,7 +9,8 @@
 
 namespace check {
 
-/// A page of memory with nothing mapped behind it: an access beyond its end ends the process.
+/// A page of memory with an inaccessible page behind it: access beyond its end raises SIGSEGV.
+/// checked_module.h passes records to the module at the end of such pages.
 class GuardedPage {
  public:
   /// Throws std::system_error.
@@ -26,7 +27,7 @@ class GuardedPage {
 
   /// The last bytes of the page.
   void* Last(size_t bytes) { return start + size - bytes; }
-  /// A copy of the value at the page's end.
+  /// Copies the value to the end of the page.
   template <typename Value>
   Value* Put(const Value& value) {
     return new (Last(sizeof value)) Value(value);

@@ -2,22 +2,22 @@
 
 #include <algorithm>
 #include <boost/program_options.hpp>
-#include <chrono>
 #include <cstdio>
 #include <cstdlib>
 #include <exception>
+#include <iterator>
 #include <sstream>
 #include <stdexcept>
-#include <vector>
 
 #include "check/apart.h"
-#include "check/check.h"
 #include "check/findings.h"
 #include "platform/standin/module.h"
 #include "testkit/temporary_folder.h"
 
 namespace check {
 namespace {
+
+namespace options = boost::program_options;
 
 constexpr int kAllPassed = 0;
 constexpr int kSomeFailed = 1;
@@ -27,33 +27,20 @@ constexpr std::chrono::seconds kTimeLimit{30};
 constexpr std::chrono::seconds kLongTimeLimit{7200};
 constexpr std::chrono::seconds kLongestTimeLimit{1000000};
 
-/// After so many checks that reach the time limit, the others are left out.
+/// After this many checks that reach the time limit, the run ends.
 constexpr int kMostTimeOuts = 3;
 constexpr int kMostLinesOfOutput = 20;
 
-constexpr const char* kHelp =
-    R"(Usage: tesserae-check MODULE [OPTION]...
+constexpr const char* kUsage = R"(Usage: tesserae-check MODULE [OPTION]...
   or:  tesserae-check --list
 
-Plays a host to a built TesseraeUI module and checks what it does. Each check
-runs in a process of its own and reports in a line whether it passed.
+Acts as the host of a built TesseraeUI module and checks what the module does.
+Each check runs in a process of its own and reports in one line whether it
+passed.
 
-  --list        names the checks and runs none of them
-  --only NAME   runs the check or the group of this name, or all whose name
-                begins so; may be given more than once
-  --seed N      the first number from which random input is made; otherwise 1.
-                A finding names its seed; with that one the first of the
-                numbered checks shows it again
-  --long        tries every fault at every place and far more random input;
-                takes many minutes
-  --limit N     ends a check that takes longer than N seconds; otherwise 30, or
-                two hours with --long
-  --format F    text, or tap for the Test Anything Protocol
-  --verbose     reports which operations of the host the module calls, in their
-                order, and what each check looks at
-  -h, --help    shows this text
-  --version     shows the version
+)";
 
+constexpr const char* kExitStatus = R"(
 The exit status is 0 when all checks passed, 1 when some failed, and 2 when
 nothing could be checked or the results could not be written.
 )";
@@ -63,7 +50,7 @@ struct Check {
   std::function<void()> run;
 };
 
-/// A reason for which nothing can be checked.
+/// The reason why nothing can be checked.
 struct Refusal : std::runtime_error {
   using std::runtime_error::runtime_error;
 };
@@ -77,10 +64,11 @@ bool WritesTap() {
   return settings.format == "tap";
 }
 
-/// Each line behind the prefix, at most `most` of them.
-std::string Indented(const std::string& text, int most) {
+/// At most `most` lines of the text, each indented; none if the text is empty.
+std::string Indented(const std::string& title, const std::string& text, int most = -1) {
+  if (text.empty()) return "";
   const char* const prefix = WritesTap() ? "# " : "    ";
-  std::istringstream lines(text);
+  std::istringstream lines(title + text);
   std::string indented;
   for (std::string line; std::getline(lines, line); --most) {
     if (most == 0) return indented + prefix + "...\n";
@@ -90,14 +78,10 @@ std::string Indented(const std::string& text, int most) {
 }
 
 std::string Describe(const Ending& ending) {
-  std::string text = Indented(ending.findings, -1);
-  const std::string tried = Tried();
-  const char* const in = tried.empty() ? "" : ", in: ";
-  if (!ending.why.empty()) text += Indented(ending.why + in + tried, 1);
-  if (!ending.output.empty())
-    text += Indented("its output:\n" + ending.output, kMostLinesOfOutput + 1);
-  if (!ending.IsGood() && !Told().empty()) text += Indented("what was done:\n" + Told(), -1);
-  return text;
+  const std::string in = ending.why.empty() || ending.steps.empty() ? "" : ", in: " + ending.steps;
+  return Indented("", ending.report) + Indented("", ending.why + in, 1) +
+         Indented("its output:\n", ending.output, kMostLinesOfOutput + 1) +
+         (ending.HasPassed() ? "" : Indented("what was done:\n", ending.story));
 }
 
 Ending RunWithinLimit(const std::function<void()>& run) {
@@ -111,22 +95,18 @@ int RunAll(const std::vector<Check>& checks) {
   if (WritesTap()) Print("TAP version 13\n1.." + std::to_string(checks.size()) + "\n");
   for (const Check& check : checks) {
     const Ending ending = RunWithinLimit(check.run);
-    const bool isGood = ending.IsGood();
-    char line[200];
-    if (WritesTap()) {
-      std::snprintf(line, sizeof line, "%s %zu - %s\n", isGood ? "ok" : "not ok", played + 1,
-                    check.name.c_str());
-    } else {
-      std::snprintf(line, sizeof line, "%-62s %s\n", check.name.c_str(),
-                    isGood ? "passed" : "failed");
-    }
-    Print(line + Describe(ending));
+    const bool hasPassed = ending.HasPassed();
     ++played;
-    failed += !isGood;
+    failed += !hasPassed;
+    const std::string padding(check.name.size() < 62 ? 62 - check.name.size() : 0, ' ');
+    const std::string line =
+        WritesTap() ? (hasPassed ? "ok " : "not ok ") + std::to_string(played) + " - " + check.name
+                    : check.name + padding + (hasPassed ? " passed" : " failed");
+    Print(line + '\n' + Describe(ending));
     timeOuts += ending.timedOut;
     if (timeOuts == kMostTimeOuts && played < checks.size()) {
-      Print(WritesTap() ? "Bail out! Too many checks reach the time limit\n"
-                        : "Too many checks reach the time limit; the others are left out.\n");
+      Print(std::string(WritesTap() ? "Bail out! " : "") +
+            "Too many checks reach the time limit; the others are left out.\n");
       break;
     }
   }
@@ -135,86 +115,108 @@ int RunAll(const std::vector<Check>& checks) {
   return failed > 0 ? kSomeFailed : kAllPassed;
 }
 
-/// Nothing of the module may be loaded in this process, so this is tried apart. Throws Refusal.
+/// Loads the module in another process, because checks need one in which it has not been loaded
+/// before. Throws Refusal if that fails.
 void ExpectModule() {
   const Ending ending = RunWithinLimit([] {
     if (is_regular_file(settings.module)) ExpectWholeModuleFile();
     standin::ModuleImage(settings.module);
   });
-  if (ending.passed) return;
-  const std::string& said = ending.findings.empty() ? ending.why : ending.findings;
-  const std::string reason = said.substr(0, said.find('\n'));
+  // Its output concerns the checks.
+  if (ending.isComplete && ending.findings == 0) return;
+  const std::string& report = ending.report.empty() ? ending.why : ending.report;
+  const std::string reason = report.substr(0, report.find('\n'));
   const std::string file = OnOneLine(settings.module.string());
   throw Refusal(reason.find(file) == reason.npos ? "cannot load " + file + ": " + reason : reason);
 }
 
-/// Reads the command line into `settings`. Answers the names that are asked for. Throws Refusal and
-/// the library's exceptions.
-boost::program_options::variables_map ReadCommandLine(int count, char** arguments) {
-  namespace options = boost::program_options;
-  options::options_description known;
-  int64_t limit = 0;
-  std::string seed, module;
-  known.add_options()("list", "")("only", options::value<std::vector<std::string>>())(
-      "seed", options::value(&seed))("long", options::bool_switch(&settings.isLong))(
-      "limit", options::value(&limit))("format", options::value(&settings.format))(
-      "verbose", options::bool_switch(&settings.isVerbose))("help,h", "")("version", "")(
-      "module", options::value(&module));
+options::options_description KnownOptions() {
+  options::options_description known("Options");
+  known.add_options()("list", "print the names of the checks and run none")(
+      "only", options::value<std::vector<std::string>>()->value_name("NAME"),
+      "run the check or group with this name, or all whose name begins with it; can be repeated")(
+      "seed", options::value<std::string>()->value_name("N"),
+      "the first seed of random input, 1 by default. A finding names its seed; with that seed the "
+      "first of the numbered checks repeats it")(
+      "long", options::bool_switch(&settings.isLong),
+      "inject every fault at every call and use far more random input; takes many minutes")(
+      "limit", options::value<int64_t>()->value_name("N"),
+      "end a check that takes longer than N seconds; 30 by default, with --long two hours")(
+      "format", options::value(&settings.format)->value_name("F"),
+      "text, or tap for the Test Anything Protocol")(
+      "verbose", options::bool_switch(&settings.isVerbose),
+      "report the module's calls of the host's operations, in their order, and each value that a "
+      "check looks at")("help,h", "print this text")("version", "print the version");
+  return known;
+}
+
+/// Reads the command line into `settings` and returns the options that are given. Throws Refusal
+/// and the library's exceptions.
+options::variables_map ReadCommandLine(int count, char** arguments) {
+  options::options_description all = KnownOptions();
+  all.add_options()("module", options::value<std::string>());
   options::positional_options_description positions;
   positions.add("module", 1);
   options::variables_map given;
   options::store(
-      options::command_line_parser(count, arguments).options(known).positional(positions).run(),
+      options::command_line_parser(count, arguments).options(all).positional(positions).run(),
       given);
   options::notify(given);
 
-  if (!seed.empty()) {
+  if (given.count("module") > 0) settings.module = given["module"].as<std::string>();
+  if (given.count("seed") > 0) {
     // The library reads -1 as the greatest number.
+    const auto& seed = given["seed"].as<std::string>();
     if (seed.size() > 19 || seed.find_first_not_of("0123456789") != seed.npos)
       throw Refusal("--seed needs a number from 0 to 9999999999999999999");
     settings.seed = std::strtoull(seed.c_str(), nullptr, 10);
   }
-  if (given.count("limit") > 0 && limit < 1) throw Refusal("--limit needs a number from 1");
-  settings.limit = std::min(std::chrono::seconds(limit), kLongestTimeLimit);
+  if (given.count("limit") > 0) {
+    const std::chrono::seconds limit(given["limit"].as<int64_t>());
+    if (limit.count() < 1) throw Refusal("--limit needs a number from 1");
+    settings.limit = std::min(limit, kLongestTimeLimit);
+  }
   if (settings.format != "text" && settings.format != "tap")
     throw Refusal("--format needs text or tap");
-  settings.module = module;
   return given;
+}
+
+/// All checks, or those whose names begin with one of the given. Throws Refusal.
+std::vector<Check> Choose(const options::variables_map& given) {
+  std::vector<Check> checks;
+  for (const auto& addTo : Registration::All())
+    addTo([&](auto& name, auto run) { checks.push_back({name, std::move(run)}); });
+  if (given.count("only") == 0) return checks;
+  const auto& names = given["only"].as<std::vector<std::string>>();
+  for (const std::string& name : names)
+    if (std::ranges::none_of(checks, [&](auto& check) { return check.name.starts_with(name); }))
+      throw Refusal("there is no check " + name + "; --list names them");
+  std::erase_if(checks, [&](auto& check) {
+    return std::ranges::none_of(names, [&](auto& name) { return check.name.starts_with(name); });
+  });
+  return checks;
 }
 
 int Run(int count, char** arguments) {
   const auto given = ReadCommandLine(count, arguments);
-  if (given.count("help") > 0) return Print(kHelp), kAllPassed;
-  if (given.count("version") > 0) return Print("tesserae-check " TESSERAE_VERSION "\n"), kAllPassed;
-
-  std::vector<Check> all;
-  const Add add = [&](const std::string& name, const std::function<void()>& run) {
-    all.push_back({name, run});
-  };
-  for (const auto group : {AddFileChecks, AddStartUpChecks, AddMessageChecks, AddReportChecks,
-                           AddReloadChecks, AddDialogChecks, AddFaultChecks, AddRandomChecks})
-    group(add);
-  std::vector<Check> wanted = all;
-  if (given.count("only") > 0) {
-    const auto& names = given["only"].as<std::vector<std::string>>();
-    for (const std::string& name : names)
-      if (std::ranges::none_of(all, [&](auto& check) { return check.name.starts_with(name); }))
-        throw Refusal("there is no check " + name + "; --list names them");
-    std::erase_if(wanted, [&](auto& check) {
-      return std::ranges::none_of(names, [&](auto& name) { return check.name.starts_with(name); });
-    });
+  if (given.count("help") > 0) {
+    std::ostringstream help;
+    help << kUsage << KnownOptions() << kExitStatus;
+    return Print(help.str()), kAllPassed;
   }
+  if (given.count("version") > 0) return Print("tesserae-check " TESSERAE_VERSION "\n"), kAllPassed;
+  const auto checks = Choose(given);
   if (given.count("list") > 0) {
-    for (const Check& check : wanted) Print(check.name + '\n');
+    for (const Check& check : checks) Print(check.name + '\n');
     return kAllPassed;
   }
-  if (settings.module.empty()) throw Refusal("a module is needed; --help says more");
+  if (settings.module.empty()) throw Refusal("a module is needed; see --help");
   ReceiveSignals();
-  // For files of checks that are killed before they delete them.
+  // Checks that are ended leave their files in this folder.
   const testkit::TemporaryFolder folder;
   setenv("TMPDIR", folder.path.c_str(), 1);
   ExpectModule();
-  return RunAll(wanted);
+  return RunAll(checks);
 }
 
 }  // namespace
@@ -222,7 +224,6 @@ int Run(int count, char** arguments) {
 
 int main(int count, char** arguments) try {
   signal(SIGPIPE, SIG_IGN);  // a closed standard output is an error like others
-  check::ShareTrying();
   // Texts are English, whatever the user's environment asks for.
   setenv("LANGUAGE", "en", 1);
   return check::Run(count, arguments);

@@ -10,8 +10,9 @@
 
 namespace check {
 
-/// What the dialog "Create Tesserae" must do, worked out a second time: from what a caller hands in
-/// and a person does, what comes back. It shares nothing with the dialog but the rules.
+/// The oracle for the dialog "Create Tesserae": computes from the caller's record and state and the
+/// user's gestures what the controls show and what the caller gets. It shares no code with the
+/// dialog. random_checks.cpp compares the two.
 class MosaicModel {
  public:
   enum class Unit { kNone, kPercent, kLength };
@@ -19,7 +20,7 @@ class MosaicModel {
     double value = 0, least = 0, most = 0;
     Unit unit = Unit::kNone;
   };
-  /// What is typed into a control; `isNumber` says whether it reads as one at all.
+  /// User input for a field: a number, or other text, and a unit.
   struct Entry {
     std::string number;
     std::string unit;
@@ -60,7 +61,7 @@ class MosaicModel {
 
   void Click(const std::string& control) {
     if (isClosed || IsDisabled(control)) return;
-    // A button that is selected already stays as it is, and so does the caller's flag.
+    // The click on a selected button leaves the caller's flag unchanged.
     if (control.ends_with("Radio") && !IsOn(control))
       record.*kRadios.at(control).flag = kRadios.at(control).value;
     if (control == "DeleteRasterChk") record.deleteRaster = record.deleteRaster == 0;
@@ -95,7 +96,7 @@ class MosaicModel {
     return !hasSize && (control.ends_with("Radio") || control == "UsePercentChk" ||
                         control == "MosaicUseRatioButton");
   }
-  /// What the two labels of the source's size show when the dialog opens.
+  /// The texts of the labels of the source's size.
   std::map<std::string, std::string> SourceTexts() const {
     const auto text = [this](int32_t first, int32_t second) {
       const auto extent = static_cast<int16_t>(int64_t{second} - first);
@@ -104,14 +105,14 @@ class MosaicModel {
     return {{"OrigWidthStatic", text(record.boundsLeft, record.boundsRight)},
             {"OrigHeightStatic", text(record.boundsTop, record.boundsBottom)}};
   }
-  /// Of a radio button or a box.
+  /// Whether a radio button or check box is on.
   bool IsOn(const std::string& control) const {
     if (control == "UsePercentChk") return state.usePercent != 0;
     if (control == "DeleteRasterChk") return record.deleteRaster != 0;
     const Radio& radio = kRadios.at(control);
     return (record.*radio.flag != 0) == radio.value;
   }
-  /// Whether OK closed the dialog, and what is then in the caller's hands.
+  /// Whether OK closed the dialog. Record and State then return what the caller gets.
   bool IsOk() const { return isOk; }
   const MosaicParameters& Record() const { return record; }
   const MosaicDialogState& State() const { return state; }

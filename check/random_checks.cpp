@@ -47,12 +47,18 @@ void ForEachSeed(size_t part, size_t count, const std::function<void(Random& ran
   }
 }
 
+/// Registers numbered checks, each with seeds of its own.
+void AddParts(const Add& add, const std::string& name, size_t count, void (*run)(size_t part)) {
+  for (size_t part = 0; part < count; ++part)
+    add(name + std::to_string(part + 1), [run, part] { run(part); });
+}
+
 /// The number of cases in a part.
 size_t Count(size_t inShort, size_t inLong) {
   return settings.isLong ? inLong : inShort / Step();
 }
 
-// Whatever a caller hands in and a person does, the dialog does what the model says.
+// Random records and gestures: the dialog must do what the model does.
 
 constexpr const char* kFields[] = {"NewWidthTxt",      "NewHeightTxt",     "HorizontalCountTxt",
                                    "VerticalCountTxt", "TileSpaceHorzTxt", "TileSpaceVertTxt"};
@@ -61,7 +67,7 @@ constexpr const char* kClickable[] = {
     "UsePercentChk",   "DeleteRasterChk", "MosaicUseRatioButton", "MosaicUseRatioButton"};
 constexpr const char* kOthers[] = {"OrigWidthStatic", "OrigHeightStatic", "okButton",
                                    "cancelButton"};
-constexpr const char* kNoNumbers[] = {"", "+", "--5", "0x10", "nan", "inf", "1e999", "7 parsecs"};
+constexpr const char* kNotNumbers[] = {"", "+", "--5", "0x10", "nan", "inf", "1e999", "7 parsecs"};
 
 /// Random bytes.
 template <typename Value>
@@ -73,7 +79,7 @@ Value RandomValue(Random& random) {
   return value;
 }
 
-/// Random bytes, tamed in places so that not every source is absurd.
+/// Random bytes, with likely values in most of the fields that matter.
 MosaicParameters RandomRecord(Random& random) {
   constexpr int32_t kEdges[] = {0, 1, -1, 32767, 32768, -32768, 65536, INT32_MAX, INT32_MIN};
   auto record = RandomValue<MosaicParameters>(random);
@@ -91,7 +97,7 @@ MosaicParameters RandomRecord(Random& random) {
 MosaicModel::Entry RandomEntry(Random& random) {
   constexpr const char* kUnits[] = {"", "", "", "pt", "px", "in", "mm", "cm", "%"};
   constexpr size_t kRanges[] = {3, 20, 100, 1000, 10000, 1000000};
-  if (Once(random, 12)) return {Pick(random, kNoNumbers), "", false};
+  if (Once(random, 12)) return {Pick(random, kNotNumbers), "", false};
   std::string number = Once(random, 8) ? "-" : "";
   number += std::to_string(Below(random, Pick(random, kRanges)));
   if (Once(random, 3)) number += '.' + std::to_string(Below(random, 10000));
@@ -100,9 +106,9 @@ MosaicModel::Entry RandomEntry(Random& random) {
 }
 
 /// Makes random gestures and compares the dialog with the model after each.
-class ModelledPerson final : public nrvui::ui::DialogPresenter {
+class RandomUser final : public nrvui::ui::DialogPresenter {
  public:
-  ModelledPerson(Random& randomNumbers, MosaicModel& mosaicModel)
+  RandomUser(Random& randomNumbers, MosaicModel& mosaicModel)
       : random(randomNumbers), model(mosaicModel) {}
 
   void Present(UI_Dialog& dialog) override {
@@ -194,28 +200,32 @@ void PlayDialogs(size_t part) {
     Tell(Text(data));
     MosaicModel model(data.record, data.state);
     const CallerData given = data;
-    ModelledPerson person(random, model);
+    RandomUser person(random, model);
     const nrvui::ui::InstalledPresenter installed(person);
-    const ResultCode code = running.RunDialog(data.record, data.state);
-    // A dialog that was left open counts as cancelled.
+    const ResultCode code = running.RunDialog(data);
+    // A dialog that is left open is cancelled.
     Expect("the answer", code, model.IsOk() ? kSuccess : kCancelled);
     ExpectFields(data, model.IsOk() ? CallerData{model.Record(), model.State()} : given);
   });
 }
 
-// Any message may come at any time. What a message makes the plug-in ask of its host follows from
-// the message and from whether the plug-in holds its suites; the answer is always success.
+const Registration kDialogs([](const Add& add) {
+  AddParts(add, "random/dialogs-", 8, PlayDialogs);
+});
 
-constexpr const char* kNotifierTypes[] = {"VX Application Started Notifier", "VX Other", ""};
+// Random messages. The host's operations that the plug-in calls depend only on the message and on
+// whether the plug-in holds its suites; the answer is always success.
 
-/// The text, or one that differs from it a little.
+constexpr const char* kNotifierTypes[] = {messages::kStartedNotifierType, "VX Other", ""};
+
+/// The text, or one that differs slightly.
 std::string Near(Random& random, const std::string& text) {
   const std::string damaged = Damaged(random, text);
   return Once(random, 2) ? text : damaged.substr(0, damaged.find('\0'));
 }
 
-/// One of the messages that begin or end something; says whether the plug-in then holds suites.
-bool Live(Random& random, standin::Module& module) {
+/// Sends a random message of the lifecycle. Returns whether the plug-in then holds its suites.
+bool SendLifecycle(Random& random, standin::Module& module) {
   const bool exists = module.Globals();
   Tell(exists ? "shut-down, unload or reload" : "start-up");
   if (!exists || Once(random, 4)) {  // a host starts a plug-in once
@@ -224,20 +234,21 @@ bool Live(Random& random, standin::Module& module) {
     return !exists;
   }
   const bool unloads = Once(random, 2);
-  const char* const selector = unloads ? "Unload" : "Reload";
-  Expect(selector, module.Send("QP Access", selector), kSuccess);
+  const MessageName& name = unloads ? messages::kUnload : messages::kReload;
+  Expect(name.selector, module.Send(name), kSuccess);
   return !unloads;
 }
 
 void SendAny(Random& random, RunningModule& running, bool holdsSuites) {
   const KnownMessage& known = Pick(random, kKnownMessages);
-  const std::string caller = Near(random, Once(random, 8) ? "VX Notifier" : known.caller);
+  const std::string caller =
+      Near(random, Once(random, 8) ? messages::kNotifierCaller : known.caller);
   const std::string selector =
       Near(random, Once(random, 4) ? Pick(random, kKnownMessages).selector : known.selector);
   const std::string message = caller + " / " + selector;
   Tell(message);
   if (message == "QP Access / Unload") return;
-  const bool notifies = caller == "VX Notifier";
+  const bool notifies = caller == messages::kNotifierCaller;
 
   Calls expected;
   if (holdsSuites && notifies) expected = kCallsForNotifier;
@@ -254,94 +265,32 @@ void SendMessages(size_t part) {
   ForEachSeed(part, Count(1000, 50000), [&](Random& random) {
     for (int i = 0; i < 50; ++i) {
       if (Once(random, 10)) {
-        holdsSuites = Live(random, running.module);
+        holdsSuites = SendLifecycle(random, running.module);
       } else {
         SendAny(random, running, holdsSuites);
       }
     }
-    // Each seed begins with a plug-in that runs, so that it can be played alone.
-    while (!holdsSuites) holdsSuites = Live(random, running.module);
+    // A plug-in runs when a seed begins, so that the seed can be repeated alone.
+    while (!holdsSuites) holdsSuites = SendLifecycle(random, running.module);
   });
   Expect("alerts", running.person.alerts, Calls());
 }
 
-// The host's resources with random damage: nothing comes of them, or a dialog that can be used and
-// alerts that can be read.
+const Registration kMessages([](const Add& add) {
+  AddParts(add, "random/messages-", 4, SendMessages);
+});
 
-/// What `read` makes of it; nothing when it is refused.
-template <typename Error, typename Read>
-auto ReadOrRefused(Read read) -> std::optional<decltype(read())> try {
+// Damaged resources: the host rejects them, or the dialog can be used and the alerts can be read.
+
+/// The result of `read`; nothing if it rejects the file.
+template <typename Read>
+auto ReadOrReject(Read read) -> std::optional<decltype(read())> try {
   return read();
-} catch (const Error&) {
+} catch (const nrvcore::FileError&) {
   return std::nullopt;
 }
 
-// A long life: memory, descriptors and speed stay as they are.
-
-constexpr size_t kBatches = 20;
-
-/// What the process holds after a batch of work, and what the batch cost.
-struct Measure {
-  std::clock_t ticks;
-  size_t blocks = qpbasic::Ledger::Get().Counts().blocks;
-  long descriptors = std::distance(std::filesystem::directory_iterator("/proc/self/fd"), {});
-  size_t heapBytes = 0;
-  long residentPages = 0;
-};
-
-Measure PlayBatch(RunningModule& running, size_t dialogs, size_t reloads) {
-  const std::clock_t start = std::clock();
-  for (size_t i = 0; i < dialogs; ++i) Expect("a dialog", running.RunSampleDialog(), kSuccess);
-  for (size_t i = 0; i < reloads; ++i) {
-    Expect("an unload", running.module.Unload(), kSuccess);
-    Expect("a reload", running.module.Reload(), kSuccess);
-  }
-  Measure measure{std::clock() - start};
-  measure.heapBytes = mallinfo2().uordblks;
-  std::ifstream("/proc/self/statm") >> measure.residentPages >> measure.residentPages;
-  return measure;
-}
-
-/// More of something after the last batch than after the first of them.
-void ExpectNoMore(const char* what, auto last, auto first, decltype(first) allowance) {
-  if (last > first + allowance) Expect(what, last, first);
-}
-
-/// How much slower the second half of a life is than the first; other programs may delay either.
-bool BecomesSlower(RunningModule& running, size_t dialogs, size_t reloads) {
-  std::clock_t fastest[2] = {};
-  for (size_t i = 0; i < kBatches; ++i) {
-    const std::clock_t ticks = PlayBatch(running, dialogs, reloads).ticks;
-    std::clock_t& half = fastest[i * 2 / kBatches];
-    half = half == 0 ? ticks : std::min(half, ticks);
-  }
-  return fastest[1] > fastest[0] * 3 / 2;
-}
-
-void KeepMemoryAndSpeed() {
-  nrvui::gestures::ScriptedPresenter person(nrvui::gestures::GestureScript::Parse(
-      "enter HorizontalCountTxt 12\nclick MosaicUseRatioButton\nkey Return", "long run"));
-  const nrvui::ui::InstalledPresenter installed(person);
-  RunningModule running;
-  const size_t dialogs = Count(2000, 100000) / kBatches;
-  const size_t reloads = settings.isLong ? 50 : 3;
-  const size_t warmUp = kBatches * 3 / 4;
-  for (size_t i = 0; i < warmUp; ++i) PlayBatch(running, dialogs, reloads);
-  const Measure warm = PlayBatch(running, dialogs, reloads);
-  // A machine under load may slow one measurement down.
-  size_t attempts = 3;
-  while (BecomesSlower(running, dialogs, reloads) && --attempts > 0) continue;
-  if (attempts == 0) Fail("becomes slower by half in " + std::to_string(kBatches) + " batches");
-  const Measure last = PlayBatch(running, dialogs, reloads);
-  Expect("open descriptors", last.descriptors, warm.descriptors);
-  Expect("blocks", last.blocks, warm.blocks);
-#ifndef __SANITIZE_ADDRESS__  // which keeps freed memory for a while
-  ExpectNoMore("bytes of the system's allocator", last.heapBytes, warm.heapBytes, 8 << 10);
-  ExpectNoMore("pages of memory", last.residentPages, warm.residentPages, 32);
-#endif
-}
-
-void DamagedLayouts() {
+CHECK("random/damaged-layouts") {
   const char* const kLayout = "layouts/16301.xml";
   const std::string original = ContentOf(Resources().plugin / kLayout);
   const std::string gestures =
@@ -352,31 +301,30 @@ void DamagedLayouts() {
   ForEachSeed(0, Count(1500, 150000), [&](Random& random) {
     const std::string layout = Once(random, 2) ? original : Damaged(random, original);
     const std::string played = Once(random, 2) ? gestures : Damaged(random, gestures);
-    const auto script = ReadOrRefused<nrvcore::FileError>(
-        [&] { return nrvui::gestures::GestureScript::Parse(played, "gestures"); });
+    const auto script =
+        ReadOrReject([&] { return nrvui::gestures::GestureScript::Parse(played, "gestures"); });
     if (!script) return;
-    const bool isRead = ReadOrRefused<nrvcore::FileError>([&] {
+    const bool isRead = ReadOrReject([&] {
                           return standin::ParseLayout(layout, kLayout, standin::MakeLiveToken());
                         }).has_value();
     resources.Write(kLayout, layout);
     nrvui::gestures::ScriptedPresenter person(*script);
     const nrvui::ui::InstalledPresenter installed(person);
     Tell(played);
-    CallerData data{};
-    const ResultCode code = running.RunDialog(data.record, data.state);
-    if (code != kSuccess) ExpectFields(data, {});
+    CallerData data{{}, {}};
+    const ResultCode code = running.RunDialog(data);
+    if (code != kSuccess) ExpectFields(data, {{}, {}});
     if (person.Error()) Expect("the answer", code, kCancelled);
     if (!isRead) Expect("the answer without a layout", code, kCannot);
     Expect("left of the sheet", running.host.Sheets().Leftovers(), Calls());
   });
 }
 
-void DamagedTexts() {
+CHECK("random/damaged-texts") {
   const std::string original = ContentOf(Resources().plugin / "strings/16050.txt");
   ForEachSeed(0, Count(1500, 150000), [&](Random& random) {
     std::istringstream text(Damaged(random, original));
-    const auto list = ReadOrRefused<nrvcore::FileError>(
-        [&] { return standin::ReadStringList(text, "16050.txt"); });
+    const auto list = ReadOrReject([&] { return standin::ReadStringList(text, "16050.txt"); });
     if (!list) return;
     CheckedModule checked;
     checked.host.Lists().Replace(standin::ListOwner::kPlugin, 16050, *list);
@@ -390,20 +338,74 @@ void DamagedTexts() {
   });
 }
 
-}  // namespace
+// A long life: memory, descriptors and speed stay the same.
 
-void AddRandomChecks(const Add& add) {
-  const auto addParts = [&](const std::string& name, size_t count, void (*run)(size_t part)) {
-    for (size_t part = 0; part < count; ++part)
-      add(name + std::to_string(part + 1), [run, part] { run(part); });
-  };
-  addParts("random/dialogs-", 8, PlayDialogs);
-  addParts("random/messages-", 4, SendMessages);
+constexpr size_t kBatches = 20;
 
-  add("random/damaged-layouts", DamagedLayouts);
-  add("random/damaged-texts", DamagedTexts);
+/// The resources of the process after a batch of work, and the processor time of the batch.
+struct Measure {
+  std::clock_t ticks;
+  size_t blocks = qpbasic::Ledger::Get().Counts().blocks;
+  long descriptors = std::distance(std::filesystem::directory_iterator("/proc/self/fd"), {});
+  size_t heapBytes = 0;
+  long residentPages = 0;
+};
 
-  add("life/keeps-memory-and-speed", KeepMemoryAndSpeed);
+Measure PlayBatch(RunningModule& running, size_t dialogs, size_t reloads) {
+  const std::clock_t start = std::clock();
+  for (size_t i = 0; i < dialogs; ++i) {
+    CallerData data;
+    Expect("a dialog", running.RunDialog(data), kSuccess);
+  }
+  for (size_t i = 0; i < reloads; ++i) {
+    Expect("an unload", running.module.Unload(), kSuccess);
+    Expect("a reload", running.module.Reload(), kSuccess);
+  }
+  Measure measure{std::clock() - start};
+  measure.heapBytes = mallinfo2().uordblks;
+  std::ifstream("/proc/self/statm") >> measure.residentPages >> measure.residentPages;
+  return measure;
 }
 
+/// Expects that the amount has not grown by more than the allowance.
+void ExpectNoMore(const char* what, auto last, auto first, decltype(first) allowance) {
+  if (last > first + allowance) Expect(what, last, first);
+}
+
+/// Whether the second half of the batches takes half as long again as the first. Compares the
+/// fastest batches, because other programs delay some.
+bool BecomesSlower(RunningModule& running, size_t dialogs, size_t reloads) {
+  std::clock_t fastest[2] = {};
+  for (size_t i = 0; i < kBatches; ++i) {
+    const std::clock_t ticks = PlayBatch(running, dialogs, reloads).ticks;
+    std::clock_t& half = fastest[i * 2 / kBatches];
+    half = half == 0 ? ticks : std::min(half, ticks);
+  }
+  return fastest[1] > fastest[0] * 3 / 2;
+}
+
+CHECK("life/keeps-memory-and-speed") {
+  nrvui::gestures::ScriptedPresenter user(nrvui::gestures::GestureScript::Parse(
+      "enter HorizontalCountTxt 12\nclick MosaicUseRatioButton\nkey Return", "long run"));
+  const nrvui::ui::InstalledPresenter installed(user);
+  RunningModule running;
+  const size_t dialogs = Count(2000, 100000) / kBatches;
+  const size_t reloads = settings.isLong ? 50 : 3;
+  const size_t warmUp = kBatches * 3 / 4;
+  for (size_t i = 0; i < warmUp; ++i) PlayBatch(running, dialogs, reloads);
+  const Measure warm = PlayBatch(running, dialogs, reloads);
+  // Load on the machine can slow one measurement down.
+  size_t attempts = 3;
+  while (BecomesSlower(running, dialogs, reloads) && --attempts > 0) continue;
+  if (attempts == 0) Fail("becomes slower by half in " + std::to_string(kBatches) + " batches");
+  const Measure last = PlayBatch(running, dialogs, reloads);
+  Expect("open descriptors", last.descriptors, warm.descriptors);
+  Expect("blocks", last.blocks, warm.blocks);
+#ifndef __SANITIZE_ADDRESS__  // which keeps freed memory for a while
+  ExpectNoMore("bytes of the system's allocator", last.heapBytes, warm.heapBytes, 8 << 10);
+  ExpectNoMore("pages of memory", last.residentPages, warm.residentPages, 32);
+#endif
+}
+
+}  // namespace
 }  // namespace check

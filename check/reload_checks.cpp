@@ -19,7 +19,7 @@ bool IsInMemory(const std::filesystem::path& file) {
   return testkit::ContentOf("/proc/self/maps").find(canonical(file).string()) != std::string::npos;
 }
 
-/// The module's file in another place, so that its code is another image at another address.
+/// A copy of the module's file, which the loader maps as another image at another address.
 struct ModuleCopy : testkit::TemporaryFolder {
   ModuleCopy() { std::filesystem::copy_file(settings.module, file); }
   const std::filesystem::path file = path / settings.module.filename();
@@ -31,7 +31,7 @@ mode_t Umask() {
   return mask;
 }
 
-/// What a module could change in the process.
+/// What a module could change in its process.
 std::vector<std::string> StateOfProcess() {
   const auto text = [](const char* what, auto value) {
     return what + (" " + std::to_string(reinterpret_cast<uintptr_t>(value)));
@@ -62,7 +62,7 @@ std::vector<std::string> StateOfProcess() {
   return state;
 }
 
-void LeavesAndComesBackElsewhere() {
+CHECK("reload/continues-at-another-address") {
   RunningModule running;
   standin::Module& module = running.module;
   const MosaicSuite* const table = running.host.Suites().Find<MosaicSuite>();
@@ -73,18 +73,16 @@ void LeavesAndComesBackElsewhere() {
   Expect("in memory after the unload", IsInMemory(settings.module), false);
 
   const ModuleCopy copy;
-  const standin::ModuleImage occupant(settings.module);  // takes the place where the module was
+  const standin::ModuleImage occupant(settings.module);  // occupies the previous address
   running.ExpectCalls("the reload", WithSuites("acquire/"),
                       [&] { return module.Reload(copy.file); });
   Expect("the same object", module.Globals() == object);
   Expect("the same table", running.host.Suites().Find<MosaicSuite>() == table);
   Expect("the function's address has changed", table->RunMosaicDialog != firstAddress);
-  Expect("about", module.About(), kSuccess);
-  Expect("about boxes", running.person.aboutBoxes.size(), 1u);
-  running.ExpectDialog("a dialog");
+  running.ExpectRunning();
 }
 
-void WaitsWithoutSuitesAfterFailure() {
+CHECK("reload/holds-no-suites-after-failure") {
   RunningModule running;
   standin::Host& host = running.host;
   standin::Module& module = running.module;
@@ -98,10 +96,10 @@ void WaitsWithoutSuitesAfterFailure() {
   Expect("the next reload", module.Reload(), kSuccess);
   Expect("calls of SetPluginName", host.Operations().Calls("QP Plug-ins Suite/SetPluginName"), 1u);
   Expect("calls of AddNotifier", host.Operations().Calls("VX Notifier Suite/AddNotifier"), 1u);
-  running.ExpectDialog("a dialog");
+  running.ExpectDialog();
 }
 
-void ComesBackForIt() {
+CHECK("shut-down/acquires-suites-while-unloaded") {
   RunningModule running;
   Expect("the unload", running.module.Unload(), kSuccess);
   const Calls end = Joined({"QP Blocks Suite/FreeBlock"}, WithSuites("release/"));
@@ -109,7 +107,12 @@ void ComesBackForIt() {
                       [&] { return running.module.ShutDown(); });
 }
 
-void ElsewhereWithoutReload() {
+ResultCode Send(const standin::ModuleImage& image, const MessageName& name,
+                PluginMessage& message) {
+  return image.Entry()(name.caller, name.selector, &message);
+}
+
+CHECK("shut-down/works-at-another-address-without-reload") {
   standin::RecordingUserInterface person;
   standin::Host host(person);
   PluginMessage message{};
@@ -117,20 +120,20 @@ void ElsewhereWithoutReload() {
   message.basicSuite = host.BasicSuite();
   {
     const standin::ModuleImage first(settings.module);
-    Expect("the start-up", first.Entry()("QP Interface", "Startup", &message), kSuccess);
-    Expect("the unload", first.Entry()("QP Access", "Unload", &message), kSuccess);
+    Expect("the start-up", Send(first, messages::kStartup, message), kSuccess);
+    Expect("the unload", Send(first, messages::kUnload, message), kSuccess);
   }
   const ModuleCopy copy;
-  const standin::ModuleImage occupant(settings.module);  // takes the place where the module was
+  const standin::ModuleImage occupant(settings.module);  // occupies the previous address
   const standin::ModuleImage second(copy.file);
-  Expect("the shut-down", second.Entry()("QP Interface", "Shutdown", &message), kSuccess);
-  Expect("what is kept for the plug-in", message.globals, nullptr);
+  Expect("the shut-down", Send(second, messages::kShutdown, message), kSuccess);
+  Expect("globals", message.globals, nullptr);
   host.RemovePlugin(message.pluginRef);
   Expect("what is left", host.Leftovers(), Calls());
 }
 
-// A suite that cannot be given back ends the walk; it and those after it stay in use.
-void StopsAtSuiteThatCannotGoBack() {
+// The suite whose release fails and those after it stay in use.
+CHECK("shut-down/stops-at-suite-that-cannot-be-released") {
   CheckedModule checked;
   Expect("the start-up", checked.module.StartUp(), kSuccess);
   checked.host.Operations().Refuse("release/QP Plug-ins Suite", kRefused);
@@ -140,7 +143,7 @@ void StopsAtSuiteThatCannotGoBack() {
     Expect(suite, checked.host.Suites().Users(suite), std::exchange(users, 1));
 }
 
-void EndsWithoutFreeingTable() {
+CHECK("shut-down/ends-if-table-cannot-be-freed") {
   CheckedModule checked;
   standin::Host& host = checked.host;
   standin::Module& module = checked.module;
@@ -151,19 +154,19 @@ void EndsWithoutFreeingTable() {
   MosaicDialogState state{};
   MosaicParameters* params = &record;
   Expect("the shut-down", module.ShutDown(), kRefused);
-  Expect("what is kept for the plug-in", module.Globals(), nullptr);
+  Expect("globals", module.Globals(), nullptr);
   checked.ExpectNoDialog("a dialog", table->RunMosaicDialog, &state, &params);
   Expect("alerts", checked.person.alerts.size(), 1u);
   Expect("users of a suite", host.Suites().Users("QP Access Suite"), 1u);
 
   Expect("the next start-up", module.StartUp(), kSuccess);
-  Expect("the unload", module.Send("QP Access", "Unload"), kSuccess);
+  Expect("the unload", module.Send(messages::kUnload), kSuccess);
   host.Suites().SetAbsent("QP Blocks Suite");
   Expect("a shut-down without QP Blocks Suite", module.ShutDown(), kCannot);
-  Expect("what is kept for the plug-in", module.Globals(), nullptr);
+  Expect("globals", module.Globals(), nullptr);
 }
 
-void LeavesProcessAsItWas() {
+CHECK("life/leaves-process-unchanged") {
   const auto before = StateOfProcess();
   {
     RunningModule running;
@@ -171,24 +174,13 @@ void LeavesProcessAsItWas() {
     const auto expectSame = [&](const char* when) { Expect(when, StateOfProcess(), before); };
     expectSame("the process after the start-up");
     Expect("about", running.module.About(), kSuccess);
-    Expect("a notifier", running.module.Notify("VX Application Started Notifier"), kSuccess);
+    Expect("a notifier", running.module.Notify(messages::kStartedNotifierType), kSuccess);
     expectSame("the process after messages");
-    running.ExpectDialog("a dialog");
+    running.ExpectDialog();
     expectSame("the process after a dialog");
   }
   Expect("the process after the shut-down", StateOfProcess(), before);
 }
 
 }  // namespace
-
-void AddReloadChecks(const Add& add) {
-  add("reload/leaves-and-comes-back-elsewhere", LeavesAndComesBackElsewhere);
-  add("reload/waits-without-suites-after-failure", WaitsWithoutSuitesAfterFailure);
-  add("shut-down/comes-back-for-it", ComesBackForIt);
-  add("shut-down/elsewhere-without-reload", ElsewhereWithoutReload);
-  add("shut-down/stops-at-suite-that-cannot-go-back", StopsAtSuiteThatCannotGoBack);
-  add("shut-down/ends-without-freeing-table", EndsWithoutFreeingTable);
-  add("life/leaves-process-as-it-was", LeavesProcessAsItWas);
-}
-
 }  // namespace check

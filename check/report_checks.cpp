@@ -10,7 +10,7 @@ using standin::ListOwner;
 using standin::StringList;
 
 constexpr const char* kNothing = "no alert";
-/// Code 17: no more than 31 characters of a key are read.
+/// The key of code 17, because only the first 31 characters of a key count.
 constexpr const char* kLongKey = "00000000000000000000000000000179";
 constexpr const char* kDefault = "The operation failed (%s).";
 
@@ -18,7 +18,7 @@ int32_t Code(const std::string& text) {
   return text[0] << 24 | text[1] << 16 | text[2] << 8 | text[3];
 }
 
-/// A host that refuses start-ups with any code, so that the module reports it.
+/// A module whose start-ups the host refuses with any code, which the module then reports.
 struct ReportingModule : CheckedModule {
   ReportingModule() {
     SetOwnTexts(kDefault);
@@ -26,7 +26,7 @@ struct ReportingModule : CheckedModule {
     for (const int32_t code : {9, 10, 17, 899, 900}) hostTexts[code] = "Host's %s text";
     host.Lists().Replace(ListOwner::kHost, 257, hostTexts);
   }
-  ~ReportingModule() { ExpectNothingLeft(); }
+  ~ReportingModule() override { ExpectNothingLeft(); }
 
   void SetOwnTexts(const std::string& defaultText) {
     StringList list;
@@ -46,7 +46,7 @@ struct ReportingModule : CheckedModule {
   }
 };
 
-void FindsTextOfCode() {
+CHECK("report/finds-text-of-code") {
   ReportingModule reporting;
   const std::pair<int32_t, const char*> cases[] = {
       {-43, "Gone is file %d."},
@@ -69,11 +69,11 @@ void FindsTextOfCode() {
   };
   for (const auto& [code, text] : cases) reporting.ExpectShown(code, text);
   auto& operations = reporting.host.Operations();
-  Expect("strings given back", operations.Calls("VX Unicode String Suite/Dispose"),
+  Expect("disposed strings", operations.Calls("VX Unicode String Suite/Dispose"),
          operations.Calls("VX Unicode String Suite/CreateFromText"));
 }
 
-void SaysNothingOfSilentCodes() {
+CHECK("report/shows-nothing-for-silent-codes") {
   ReportingModule reporting;
   for (const char* silent :
        {"FMT?", "RFSE", "AFTR", "VALD", "MOOT", "TRSH", "CHEK", "CHIT", "TLTK", "pFls", "S!Fd",
@@ -82,7 +82,7 @@ void SaysNothingOfSilentCodes() {
   reporting.ExpectShown(361, kNothing);
 }
 
-void FormatsOnlyWhatIsFit() {
+CHECK("report/formats-texts-with-one-placeholder") {
   ReportingModule reporting;
   const std::string text119 = "%s" + std::string(117, 'y');
   const std::pair<std::string, std::string> cases[] = {
@@ -102,7 +102,7 @@ void FormatsOnlyWhatIsFit() {
   }
 }
 
-void SearchesListToItsEnd() {
+CHECK("report/searches-whole-list") {
   ReportingModule reporting;
   const auto showsAt = [&](int32_t last, int32_t code, const std::string& text) {
     StringList list;
@@ -122,7 +122,7 @@ void SearchesListToItsEnd() {
   if (calls > kMostCalls) Expect("texts asked for", calls, kMostCalls);
 }
 
-void DoesWithoutTexts() {
+CHECK("report/shows-nothing-without-texts") {
   ReportingModule reporting;
   reporting.host.Lists().Replace(ListOwner::kPlugin, 16050, {});
   reporting.ExpectShown(9, kNothing);
@@ -133,50 +133,39 @@ void DoesWithoutTexts() {
   reporting.ExpectShown(17, kNothing);
 }
 
-// While the plug-in runs, a code that comes again at once is not shown again.
-void RepeatsNothingAtOnce() {
+// A running plug-in does not show the code of the previous alert again within five seconds.
+CHECK("report/suppresses-repeated-alerts") {
   RunningModule running;
   const auto fail = [&](int32_t code, size_t alerts, const char* what) {
     running.host.Operations().Refuse("acquire/VX Context Suite", ResultCode{code});
-    Expect("the answer", running.module.Send("QP Access", "Reload"), ResultCode{code});
+    Expect("the answer", running.module.Send(messages::kReload), ResultCode{code});
     Expect(what, running.person.alerts.size(), alerts);
   };
-  Expect("the unload", running.module.Send("QP Access", "Unload"), kSuccess);
+  Expect("the unload", running.module.Send(messages::kUnload), kSuccess);
   fail(12, 1, "alerts after the first failure");
   fail(12, 1, "alerts after the same");
   fail(13, 2, "alerts after another");
   fail(Code("STOP"), 2, "alerts after a silent one");
-  fail(13, 2, "alerts after the former, since what is silent does not come between");
+  fail(13, 2, "alerts after the code before the silent one");
   fail(12, 3, "alerts after the first again");
 }
 
-// The interval is counted in whole seconds.
-void RepeatsAfterFiveSeconds() {
+// The module counts whole seconds.
+CHECK("report/repeats-alerts-after-five-seconds") {
   using std::chrono::milliseconds;
   RunningModule running;
-  Expect("the unload", running.module.Send("QP Access", "Unload"), kSuccess);
+  Expect("the unload", running.module.Send(messages::kUnload), kSuccess);
   const auto begin = std::chrono::steady_clock::now();
   for (const milliseconds wait : {milliseconds(0), milliseconds(3900), milliseconds(5050)}) {
     std::this_thread::sleep_until(begin + wait);
     running.host.Operations().Refuse("acquire/VX Context Suite", kRefused);
-    Expect("the answer", running.module.Send("QP Access", "Reload"), kRefused);
+    Expect("the answer", running.module.Send(messages::kReload), kRefused);
     const bool isLate = std::chrono::steady_clock::now() > begin + milliseconds(5000);
-    // A machine with more to do may be late for the second.
+    // Under load the second can come too late.
     if (wait.count() != 3900 || !isLate)
       Expect("alerts", running.person.alerts.size(), isLate ? 2u : 1u);
   }
 }
 
 }  // namespace
-
-void AddReportChecks(const Add& add) {
-  add("report/finds-text-of-code", FindsTextOfCode);
-  add("report/says-nothing-of-silent-codes", SaysNothingOfSilentCodes);
-  add("report/formats-only-what-is-fit", FormatsOnlyWhatIsFit);
-  add("report/searches-list-to-its-end", SearchesListToItsEnd);
-  add("report/does-without-texts", DoesWithoutTexts);
-  add("report/repeats-nothing-at-once", RepeatsNothingAtOnce);
-  add("report/repeats-after-five-seconds", RepeatsAfterFiveSeconds);
-}
-
 }  // namespace check

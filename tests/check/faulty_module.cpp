@@ -1,12 +1,12 @@
-// Passes every message on to the sound module, with the one fault that its file's name says; a name
-// without a fault leaves it sound. Between host and module stand a basic suite, tables of the
-// host's suites and a function of the published suite, all its own.
+// A module with one fault, for tests of tesserae-check. The name of its file selects the fault;
+// with any other name it has none. It passes each message on to the sound module and puts its own
+// basic suite, tables of the host's suites and function of the published suite between host and
+// module.
 
 #include <dlfcn.h>
 #include <fcntl.h>
 #include <unistd.h>
 
-#include <clocale>
 #include <cstdio>
 #include <cstdlib>
 #include <string_view>
@@ -36,14 +36,14 @@ struct Message {
   PluginMessage& record;
 };
 
-/// A dialog that has been run.
+/// A request for the dialog.
 struct Dialog {
   MosaicParameters** params;
   MosaicParameters& record = **params;
   const MosaicParameters given = record;
 };
 
-/// What a fault replaces. A code is what the sound module has answered.
+/// What a fault replaces. `code` is the answer of the sound module.
 using Sending = ResultCode (*)(Message message);
 using Answer = ResultCode (*)(Message message, ResultCode code);
 using DialogEnd = ResultCode (*)(Dialog dialog, ResultCode code);
@@ -54,7 +54,7 @@ struct Fault {
   std::variant<Sending, Answer, DialogEnd, Table> replacement;
 };
 
-/// Replaces an operation in its table by a function, whose first argument is the host's own.
+/// Replaces an operation in its table by a function, whose first argument is the host's operation.
 template <auto kOperation>
 struct Slot;
 template <class Suite, class Result, class... Arguments, Result (*Suite::*kOperation)(Arguments...)>
@@ -77,7 +77,7 @@ constexpr Table In(Function) {
   return &Slot<kOperation>::template Replace<Function>;
 }
 
-/// The suite's table, whose address is the last member of the plug-in's object.
+/// The published table, whose address is the last member of the plug-in object.
 MosaicSuite& PublishedTable(const PluginMessage& record) {
   return **(reinterpret_cast<MosaicSuite**>(static_cast<TesseraeUI*>(record.globals) + 1) - 1);
 }
@@ -109,35 +109,16 @@ constexpr Fault kFaults[] = {
        return (void)set(arguments...), kSuccess;
      })},
     {"block-not-freed", In<&QPBlocksSuite::FreeBlock>([](auto...) { return kSuccess; })},
-    {"context-left-open", In<&VXContextSuite::PopAppContext>([](auto...) { return kSuccess; })},
-    {"first-basic-suite-kept",
-     [](Message message) {
-       static QPBasicSuite* const kept = message.record.basicSuite;
-       QPBasicSuite* const latest = std::exchange(message.record.basicSuite, kept);
-       const ResultCode code = message.Send();
-       return message.record.basicSuite = latest, code;
-     }},
-    {"function-kept-over-reload",
-     [](Message message) {
-       if (!message.Is("Reload") || !message.record.globals) return message.Send();
-       const auto former = PublishedTable(message.record).RunMosaicDialog;
-       const ResultCode code = message.Send();
-       return PublishedTable(message.record).RunMosaicDialog = former, code;
-     }},
     {"stays-in-memory",
      [](Message message, ResultCode code) {
        Dl_info self{};
        if (message.Is("Startup") && dladdr(&host, &self)) (void)dlopen(self.dli_fname, RTLD_NOW);
        return code;
      }},
-    {"locale-changed",
-     [](Message, ResultCode code) { return std::setlocale(LC_NUMERIC, "C.UTF-8"), code; }},
     {"descriptor-left-at-reload",
      [](Message message, ResultCode code) {
        return message.Is("Reload") && open("/dev/null", O_RDONLY) < 0 ? ResultCode::kCannot : code;
      }},
-    {"record-of-message-changed",
-     [](Message message, ResultCode code) { return message.record.pluginRef = nullptr, code; }},
     {"reads-beyond-record",
      [](Dialog dialog, ResultCode code) {
        return dialog.params[0][1].isColor == 7 ? ResultCode::kCannot : code;
@@ -147,8 +128,6 @@ constexpr Fault kFaults[] = {
        if (code == ResultCode::kCancelled) dialog.record.reserved60 = 0;
        return code;
      }},
-    {"arithmetic-of-its-own",
-     In<&VXRealMathSuite::Multiply>([](auto, float a, float b) { return a * b; })},
 };
 
 const Fault* Find() {
@@ -161,7 +140,7 @@ const Fault* Find() {
   return nullptr;
 }
 
-/// Null where the fault is of another kind.
+/// Null if the fault is of another kind.
 template <class Replacement>
 Replacement Chosen() {
   static const Fault* const fault = Find();

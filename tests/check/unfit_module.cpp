@@ -1,6 +1,6 @@
-// Does nothing wrong but what its file shows: an image that exports too much, has memory and
-// strings that are not its own, work for the end of a thread and for its loading, and stays in the
-// process.
+// A module that fails each check of its file: it exports another symbol, uses the memory and
+// strings of the C++ library, runs functions when it is loaded and when a thread ends, and stays
+// loaded.
 
 #include <memory>
 #include <string>
