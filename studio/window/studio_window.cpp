@@ -405,15 +405,12 @@ bool StudioWindow::AskForExport() {
 
 bool StudioWindow::ExportTo(const QString& path) {
   LastExport how{Shown()->path, path, 0};
-  const Mosaic& mosaic = *Shown()->mosaic;
-  const ExportKind& kind = ExportKindOf(path);
-  if (kind.hasPixels) {
-    const auto pixelsPerPoint = AskForPngScale(*this, mosaic.geometry);
+  if (ExportKindOf(path).hasPixels) {
+    const auto pixelsPerPoint = AskForPngScale(*this, Shown()->mosaic->geometry);
     if (!pixelsPerPoint) return false;
     how.pixelsPerPoint = *pixelsPerPoint;
   }
-  const double bytes = EstimatedBytes(mosaic, kind);
-  return (bytes < kLargeExport || boxes.AskBeforeLargeExport(bytes)) && Write(how);
+  return Write(how);
 }
 
 void StudioWindow::ExportAgain() {
@@ -426,6 +423,8 @@ void StudioWindow::ExportAgain() {
 }
 
 bool StudioWindow::Write(LastExport how) {
+  const double bytes = EstimatedBytes(*Shown()->mosaic, ExportKindOf(how.path));
+  if (bytes >= kLargeExport && !boxes.AskBeforeLargeExport(bytes)) return false;
   const auto image = placedImages.find(Shown()->path);
   const bool isDrawing =
       image != placedImages.end() && &ExportKindOf(how.path) == FindExportKind(".svg");

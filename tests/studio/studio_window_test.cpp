@@ -454,6 +454,21 @@ TEST_F(StudioWindowTest, ExportAgainRepeatsTheLastExportWithoutQuestions) {
   Action("export").trigger();
 }
 
+TEST_F(StudioWindowTest, AsksBeforeALargeExportAlsoWhenItExportsAgain) {
+  OpenPicture();
+  ASSERT_TRUE(Create("key Return"));
+  Export("a.svg");
+  ASSERT_TRUE(Create("enter HorizontalCountTxt 4000\nenter VerticalCountTxt 4000\nkey Return"));
+  ASSERT_TRUE(QFile::remove(Path("a.svg")));
+  QString question;
+  Hear("largeExport", question);
+  Action("exportAgain").trigger();
+  EXPECT_TRUE(question.contains(" GB")) << question.toStdString();
+  EXPECT_FALSE(QFile::exists(Path("a.svg")));
+  EXPECT_TRUE(window->isWindowModified());
+  Action("undo").trigger();  // closing asks about mosaics that are not exported
+}
+
 TEST_F(StudioWindowTest, OpensAnImageOfADrawingAndExportsTheDrawing) {
   const QByteArray kRest = "<rect id='photo-mosaic'/><image href='none.png' id='b'/></svg>";
   const QByteArray kStart = "<svg xmlns='http://www.w3.org/2000/svg' width='60' height='40'>";
