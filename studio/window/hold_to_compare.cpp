@@ -19,7 +19,9 @@ bool HoldToCompare::eventFilter(QObject*, QEvent* event) {
   const bool isPress = event->type() == QEvent::KeyPress;
   if (!isShortcut && !isPress && event->type() != QEvent::KeyRelease) return false;
   const auto& keyEvent = static_cast<const QKeyEvent&>(*event);
-  if (keyEvent.key() != key || keyEvent.modifiers() != Qt::NoModifier) return false;
+  if (keyEvent.key() != key) return false;
+  // A modifier that is pressed after the key does not keep the release from ending the comparison.
+  if ((isShortcut || isPress) && keyEvent.modifiers() != Qt::NoModifier) return false;
   if (isShortcut) {
     event->accept();  // the key then arrives as a press and a release instead of a shortcut
   } else if (!keyEvent.isAutoRepeat() && isPress != isKeyHeld && (!isPress || button.isEnabled())) {
