@@ -46,18 +46,17 @@ void PresetMenu::Fill() {
     // Manage reports the reason.
   }
   menu.addSeparator();
-  for (const auto& [name, entries] : kept.presets)
-    AddEntries(name, entries)->setToolTip(DescriptionOf(entries));
+  for (const auto& [name, entries] : kept.presets) AddEntries(name, entries);
   if (kept.recent.empty()) return;
   menu.addSection(Text("$$$/Studio/Menu/RecentMosaics=Recent Mosaics"));
   for (const DialogEntries& entries : kept.recent) AddEntries(DescriptionOf(entries), entries);
 }
 
-QAction* PresetMenu::AddEntries(const QString& caption, const DialogEntries& entries) {
+void PresetMenu::AddEntries(const QString& caption, const DialogEntries& entries) {
   QAction* const action =
       menu.addAction(Caption(menu, caption), &window, [this, entries] { window.Create(entries); });
+  action->setToolTip(DescriptionOf(entries));  // the caption can be a name, or elided
   action->setEnabled(window.Shown() != nullptr);
-  return action;
 }
 
 void PresetMenu::Save() {

@@ -16,7 +16,7 @@ class PresetMenu {
 
  private:
   void Fill();
-  QAction* AddEntries(const QString& caption, const DialogEntries& entries);
+  void AddEntries(const QString& caption, const DialogEntries& entries);
   void Save();
   void Manage();
 
