@@ -106,7 +106,9 @@ Json EntriesJson(const DialogEntries& entries) {
 
 KeptChoices KeptFrom(const Json& json) {
   KeptChoices kept;
-  const bool isOld = !json.contains("presets");
+  // A file of version 1.0 is the object that "last" holds now.
+  const bool isOld =
+      !json.contains("last") && !json.contains("recent") && !json.contains("presets");
   if (isOld || json.contains("last")) kept.last = LastFrom(isOld ? json : json["last"]);
   kept.recent = json.value("recent", kept.recent);
   for (const auto& [name, entries] : json.value("presets", std::map<std::string, DialogEntries>()))

@@ -52,6 +52,7 @@ TEST(KeptChoices, AreReadBackAndRefusedWhenDamaged) {
   EXPECT_EQ(again.recent, kept.recent);
   EXPECT_EQ(again.presets, kept.presets);
   EXPECT_FALSE(KeptChoicesFromJson(ToJson({}).toStdString()).last);
+  EXPECT_TRUE(KeptChoicesFromJson(R"({"recent": []})").presets.empty()) << "a user removed them";
 
   const std::pair<const char*, const char*> kDamages[] = {{"{", ""},
                                                           {"}", ""},
