@@ -126,6 +126,7 @@ int ConsoleRun::Run() {
       return kCancelled;
     }
     kept.AddMosaic(choices, entries);
+    made.emplace_back(choices, entries);
     records << RecordJson(choices);
     Tell(records.last().trimmed());
     if (!Build(choices)) break;
@@ -355,7 +356,9 @@ void ConsoleRun::KeepChoices() {
   outputs.Commit();
   if (stateDevice || !canKeepChoices) return;
   try {
-    choicesFile.Change([this](KeptChoices& stored) { stored.AddMosaic(*kept.last, entries); });
+    choicesFile.Change([this](KeptChoices& stored) {
+      for (const auto& [choices, entered] : made) stored.AddMosaic(choices, entered);
+    });
   } catch (const StudioError& error) {
     Warn(Text("$$$/Studio/Line/ChoicesNotKept=the choices cannot be saved: %1",
               QString(error.what())));

@@ -77,7 +77,8 @@ class ConsoleRun {
   ArtworkPtr artwork;                 // the present one; null before a picture is placed
   std::vector<PlacedMosaic> mosaics;  // of `placed`, as far as they are built
   DialogEntries entries;              // of the dialog that is open or was last
-  QImage dialogScreenshot;            // of the last dialog
+  std::vector<std::pair<MosaicChoices, DialogEntries>> made;  // one for each mosaic of this run
+  QImage dialogScreenshot;                                    // of the last dialog
   OutputSet outputs;
   std::vector<QIODevice*> exportDevices;        // in the order of the command line's exports
   QIODevice* recordDevice = nullptr;            // null when not asked for
