@@ -80,8 +80,8 @@ std::string StartOf(const VSource& source) {
   return {reinterpret_cast<const char*>(bytes), size_t(std::max<gint64>(size, 0))};
 }
 
-uint32_t BigEndian(std::string_view bytes) {
-  uint32_t number = 0;
+uint64_t BigEndian(std::string_view bytes) {
+  uint64_t number = 0;
   for (const char byte : bytes) number = number << 8 | uint8_t(byte);
   return number;
 }
@@ -107,6 +107,30 @@ int OrientationOfPng(const VSource& source) {
   return 1;
 }
 
+/// ImageMagick does not report that the merged picture of a PSD or PSB is cut off. Three sections
+/// precede it, each with its length; it is raw (0) or has the lengths of its compressed rows first
+/// (1).
+bool IsCutPsd(std::string_view file) {
+  const auto number = [&](uint64_t at, size_t size) {
+    return at < file.size() ? BigEndian(file.substr(at, size)) : 0;
+  };
+  constexpr uint64_t kHeader = 26;
+  const size_t isLarge = number(4, 2) == 2 ? 1 : 0;
+  uint64_t at = kHeader;
+  for (const size_t lengthSize : {size_t{4}, size_t{4}, 4 + 4 * isLarge})
+    at += lengthSize + std::min<uint64_t>(number(at, lengthSize), file.size());
+  const uint64_t compression = number(at, 2), depth = number(22, 2);
+  const uint64_t rows = number(12, 2) * number(14, 4), rowSize = (number(18, 4) * depth + 7) / 8;
+  at += 2;
+  if (compression == 0) return at + rows * rowSize > file.size();
+  if (compression != 1) return at >= file.size();
+  const size_t countSize = 2 + 2 * isLarge;
+  uint64_t end = at + rows * countSize;
+  for (uint64_t row = 0; row < rows && end <= file.size(); ++row)
+    end += number(at + row * countSize, countSize);
+  return end > file.size();
+}
+
 /// For EXIF data without a resolution libvips assumes 72 dots per inch. This takes the resolution
 /// of the JFIF header instead, in dots per inch (1) or per centimetre (2).
 VImage WithJfifResolution(const VImage& image, std::string_view header) {
@@ -118,11 +142,13 @@ VImage WithJfifResolution(const VImage& image, std::string_view header) {
 }
 
 VImage Load(const VSource& source, std::string_view start) {
-  const std::string_view loader = FormatOf(source).loader;
+  const Format& format = FormatOf(source);
+  const std::string_view loader = format.loader;
   auto* const options =
       VImage::option()->set("access", VIPS_ACCESS_SEQUENTIAL)->set("fail_on", VIPS_FAIL_ON_WARNING);
   if (loader == kMagick) {
     const std::string_view bytes = BytesOf(source);
+    if (format.signatures[0] == "8BPS"sv && IsCutPsd(bytes)) throw vips::VError("truncated");
     return VImage::new_from_buffer(bytes.data(), bytes.size(), "", options);
   }
   // The limits of the process bound what a drawing can ask for.

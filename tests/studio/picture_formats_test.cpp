@@ -6,8 +6,11 @@
 #include <vips/vips8>
 // Before Qt, whose keywords are names there.
 
+#include <QFile>
 #include <QTemporaryDir>
+#include <cstring>
 
+#include "studio/base/studio_error.h"
 #include "studio/picture/picture.h"
 
 /// Asked by the leak checker: the HEIC encoder keeps a table until the process ends.
@@ -111,6 +114,22 @@ TEST(PictureFormats, AllHaveTheSameColours) {
       EXPECT_NEAR(color.green(), expected[expected.size() / 2], 3) << i;
       EXPECT_NEAR(color.blue(), expected.back(), 3) << i;
     }
+  }
+}
+
+TEST(PictureFormats, CutPicturesAreRefused) {
+  ASSERT_EQ(vips_init("studio_tests"), 0);
+  for (const char* ending : {".psd", ".psb", ".ico", ".bmp", ".hdr", ".heic", ".jp2"}) {
+    SCOPED_TRACE(ending);
+    const QTemporaryDir folder;
+    const QString path = folder.filePath("picture") + ending;
+    const std::string name = path.toStdString();
+    const bool isMagick = std::strchr("pi", ending[1]) != nullptr;
+    isMagick ? Patches().magicksave(name.c_str()) : Patches().write_to_file(name.c_str());
+    EXPECT_NO_THROW(Picture::Read(PictureFile(path)));
+    QFile file(path);
+    ASSERT_TRUE(file.resize(file.size() - 40));
+    EXPECT_THROW(Picture::Read(PictureFile(path)), StudioError);
   }
 }
 

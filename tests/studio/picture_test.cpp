@@ -116,6 +116,8 @@ TEST(PictureFile, StandsUprightWhateverTheCameraNoted) {
   image.setDotsPerMeterY(1000);
   const QByteArray jpeg = Encoded(image, "jpg");
   const QByteArray png = Encoded(image, "png");
+  const QByteArray tiff = Encoded(image, "tif");
+  const auto inEntry = tiff.indexOf(QByteArray("\x12\x01\x03\0\x01\0\0\0", 8)) + 8;
   QByteArray webp = Encoded(image, "webp");
   if (webp.size() % 2 != 0) webp += '\0';
   const auto number = [](char value) { return value + QByteArray(3, '\0'); };
@@ -143,8 +145,10 @@ TEST(PictureFile, StandsUprightWhateverTheCameraNoted) {
     QByteArray inWebp = QByteArray(webp).insert(12, header) + "JUNK" + number(3) + number('x') +
                         "EXIF" + number(char(note.size())) + note;
     qToLittleEndian(quint32(inWebp.size() - 8), inWebp.data() + 4);
+    const QByteArray inTiff =
+        QByteArray(tiff).replace(inEntry, 1, QByteArray(1, char(orientation)));
     const bool isOnItsSide = orientation >= 5 && orientation <= 8;
-    for (const QByteArray& bytes : {inJpeg, inPng, inWebp}) {
+    for (const QByteArray& bytes : {inJpeg, inPng, inWebp, inTiff}) {
       SCOPED_TRACE(testing::Message() << orientation << " in " << bytes.left(4).toStdString());
       const QImage turned = Read(bytes).Pixels();
       EXPECT_EQ(turned.size(), isOnItsSide ? QSize(20, 40) : QSize(40, 20));
