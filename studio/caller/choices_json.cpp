@@ -111,8 +111,11 @@ KeptChoices KeptFrom(const Json& json) {
       !json.contains("last") && !json.contains("recent") && !json.contains("presets");
   if (isOld || json.contains("last")) kept.last = LastFrom(isOld ? json : json["last"]);
   kept.recent = json.value("recent", kept.recent);
-  for (const auto& [name, entries] : json.value("presets", std::map<std::string, DialogEntries>()))
-    kept.presets.emplace(QString::fromStdString(name), entries);
+  for (const auto& [key, entries] : json.value("presets", std::map<std::string, DialogEntries>())) {
+    const QString name = QString::fromStdString(key);
+    if (!kept.presets.emplace(name, entries).second)
+      throw StudioError("$$$/Studio/Choices/SamePreset=two presets are named \"%1\"", name);
+  }
   return kept;
 }
 

@@ -1,8 +1,8 @@
 #include "studio/console/inkscape_run.h"
 
-#include <QFile>
 #include <QTemporaryDir>
 
+#include "platform/nrvcore/file.h"
 #include "studio/base/file_name.h"
 #include "studio/base/studio_error.h"
 #include "studio/console/terminal.h"
@@ -33,10 +33,8 @@ void Run(CommandLine& line, const ConsoleRun::WindowCamera& windowCamera) {
   line.exports = {result};
   line.isQuiet = true;
   const bool isCancelled = ConsoleRun(line, windowCamera).Run() != 0;
-  QFile document(result);
-  if (isCancelled || !document.open(QIODevice::ReadOnly)) return;
-  constexpr qint64 kBlock = 1 << 20;
-  while (!document.atEnd()) PrintBytes(document.read(kBlock));
+  if (isCancelled) return;
+  PrintBytes(QByteArray::fromStdString(nrvcore::ReadFile(SystemPath(result))));
 }
 
 }  // namespace

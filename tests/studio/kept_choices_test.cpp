@@ -140,6 +140,8 @@ TEST_F(ChoicesFileTest, KeepsPresetsAndIsNeverOverwrittenUnread) {
   Save("new/choices", "{\n  \"last\": {,");
   expectRefusal(file, "cannot be read: line 2 is not valid JSON");
   EXPECT_EQ(Load("new/choices"), "{\n  \"last\": {,");
+  Save("new/choices", R"({"presets": {"Wall": {}, "wall": {}}})");
+  expectRefusal(file, "two presets are named \"wall\"");
   expectRefusal(ChoicesFile(Path("in.png/choices")), "in.png");
 }
 
