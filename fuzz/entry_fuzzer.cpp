@@ -32,6 +32,11 @@ std::string_view Take(std::string_view& rest, char end) {
   return taken;
 }
 
+/// The host passes names as C strings, which end at the first null byte.
+std::string CString(std::string_view text) {
+  return std::string(text.substr(0, text.find('\0')));
+}
+
 class Session {
  public:
   void Play(std::string_view lines) {
@@ -52,9 +57,9 @@ class Session {
 
  private:
   void Send(std::string_view line) {
-    const std::string caller(Take(line, '|'));
-    const std::string selector(Take(line, '|'));
-    Require(Answer(caller, selector, std::string(line)) == ResultCode::kSuccess);
+    const std::string caller = CString(Take(line, '|'));
+    const std::string selector = CString(Take(line, '|'));
+    Require(Answer(caller, selector, CString(line)) == ResultCode::kSuccess);
   }
 
   ResultCode Answer(const std::string& caller, const std::string& selector,
