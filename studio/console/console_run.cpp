@@ -20,7 +20,7 @@
 #include "studio/export/picture_encoding.h"
 #include "studio/mosaic/mosaic_job.h"
 #include "studio/mosaic/preview.h"
-#include "studio/window/picture_window.h"
+#include "studio/window/live_preview.h"
 
 namespace {
 
@@ -56,12 +56,12 @@ class HiddenScript final : public nrvui::ui::DialogPresenter {
 /// Restores and keeps the entries of dialogs that show, and has window and summary follow them.
 class AskListener final : public qtui::DialogListener {
  public:
-  /// `pictureWindow` may be null; `report` may be empty.
-  AskListener(const Picture& shown, const MosaicChoices& askedChoices, PictureWindow* pictureWindow,
+  /// `previewWindow` may be null; `report` may be empty.
+  AskListener(const Picture& shown, const MosaicChoices& askedChoices, PreviewWindow* previewWindow,
               DialogEntries& keptEntries, Report reportFunction)
       : picture(shown),
         asked(askedChoices),
-        window(pictureWindow),
+        window(previewWindow),
         entries(keptEntries),
         report(std::move(reportFunction)) {}
 
@@ -81,7 +81,7 @@ class AskListener final : public qtui::DialogListener {
  private:
   const Picture& picture;
   const MosaicChoices& asked;
-  PictureWindow* window;
+  PreviewWindow* window;
   DialogEntries& entries;
   const Report report;
 };
@@ -264,7 +264,7 @@ bool ConsoleRun::AskUnseen(MosaicChoices& choices) {
 
 bool ConsoleRun::AskInWindows(MosaicChoices& choices) {
   qtui::QtPresenter presenter;
-  std::optional<PictureWindow> window;
+  std::optional<PreviewWindow> window;
   if (drawing && windows == Windows::kDialogs) window.emplace(artwork, choices, presenter);
   const Report report = windows == Windows::kScripted ? Reporter() : Report();
   AskListener listener(artwork->picture, choices, window ? &*window : nullptr, entries, report);

@@ -7,7 +7,7 @@
 #include "studio/mosaic/artwork.h"
 #include "studio/window/artboard_item.h"
 
-/// Shows an artwork on its artboard, in StudioWindow and PictureWindow. Ctrl and the wheel or a
+/// Shows an artwork on its artboard, in StudioWindow and PreviewWindow. Ctrl and the wheel or a
 /// pinch zoom; the wheel scrolls; dragging with the space bar or the middle button pans.
 class Canvas final : public QGraphicsView {
  public:

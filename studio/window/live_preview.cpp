@@ -1,7 +1,12 @@
 #include "studio/window/live_preview.h"
 
+#include <QCoreApplication>
+#include <QFileInfo>
+#include <QScreen>
 #include <QtConcurrentRun>
 #include <utility>
+
+#include "studio/base/text.h"
 
 LivePreview::LivePreview(Canvas& canvas, ArtworkPtr artworkToBuildFrom, const MosaicChoices& asked)
     : canvas(canvas), artwork(std::move(artworkToBuildFrom)), choices(asked) {
@@ -43,4 +48,22 @@ void LivePreview::ShowArtwork() noexcept {
   } catch (const std::exception&) {
     // After bad_alloc the canvas stays empty until the next artwork is shown.
   }
+}
+
+PreviewWindow::PreviewWindow(const ArtworkPtr& artwork, const MosaicChoices& asked,
+                             qtui::QtPresenter& presenter)
+    : canvas(new Canvas), preview(*canvas, artwork, asked) {
+  constexpr QSize kFirstSize(900, 640);
+  constexpr QSize kFrame(16, 48);  // around a window, at most
+  setObjectName("picture");
+  setWindowTitle(
+      Text("$$$/Studio/TitleWithPicture=%1 — Tesserae Studio", QFileInfo(artwork->path).fileName())
+          .remove("[*]"));
+  setCentralWidget(canvas);
+  resize(kFirstSize.boundedTo(screen()->availableGeometry().size() - kFrame));
+  canvas->Show(artwork);
+  show();
+  activateWindow();
+  QCoreApplication::processEvents();  // lays the canvas out
+  presenter.OpenBeside(canvas->ArtOnScreen());
 }

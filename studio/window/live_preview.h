@@ -1,9 +1,11 @@
 #pragma once
 
 #include <QFutureWatcher>
+#include <QMainWindow>
 #include <QTimer>
 #include <memory>
 
+#include "platform/qt/qt_presenter.h"
 #include "studio/mosaic/preview.h"
 #include "studio/window/canvas.h"
 
@@ -31,4 +33,19 @@ class LivePreview {
   MosaicChoices choices;
   QTimer timer;
   QFutureWatcher<ReductionPtr> reduction;
+};
+
+/// A window without menus that shows a picture while the dialog is open, and the mosaic that OK
+/// would build. Shows itself; the dialog opens beside the picture.
+class PreviewWindow final : public QMainWindow {
+ public:
+  PreviewWindow(const ArtworkPtr& artwork, const MosaicChoices& asked,
+                qtui::QtPresenter& presenter);
+
+  /// Previews the mosaic of these choices.
+  void Sync(const MosaicChoices& choices) { preview.Sync(choices); }
+
+ private:
+  Canvas* const canvas;
+  LivePreview preview;
 };

@@ -1,5 +1,6 @@
 #include "studio/window/start_page.h"
 
+#include <QEvent>
 #include <QLabel>
 #include <QPainter>
 #include <QPushButton>

@@ -15,10 +15,9 @@
 #include "studio/mosaic/artwork.h"
 #include "studio/window/canvas.h"
 #include "studio/window/document.h"
-#include "studio/window/hold_to_compare.h"
 #include "studio/window/live_preview.h"
 #include "studio/window/message_boxes.h"
-#include "studio/window/preset_menu.h"
+#include "studio/window/presets.h"
 #include "studio/window/start_page.h"
 #include "studio/window/window_actions.h"
 
@@ -130,7 +129,6 @@ class StudioWindow final : public QMainWindow {
   QStackedWidget* const pages;
   StartPage* startPage;
   Canvas* canvas;
-  std::optional<HoldToCompare> comparison;
   std::optional<PresetMenu> presetMenu;
   QLabel* const summary;
   /// What OK confirmed last for a picture, by its path and whether its size was known.

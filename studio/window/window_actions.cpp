@@ -1,6 +1,8 @@
 #include "studio/window/window_actions.h"
 
-#include <QActionGroup>
+#include <QAbstractButton>
+#include <QCoreApplication>
+#include <QKeyEvent>
 #include <QMenuBar>
 #include <QRegularExpression>
 #include <QToolBar>
@@ -150,7 +152,7 @@ void ShowText(QToolBar& bar, QAction* action) {
   button->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
 }
 
-void FillToolBar(QMainWindow& window, WindowActions& actions) {
+QToolBar& FillToolBar(QMainWindow& window, WindowActions& actions) {
   QToolBar* const bar = window.addToolBar(Text("$$$/Studio/Menu/ToolBar=Toolbar"));
   bar->setObjectName("toolBar");
   bar->setMovable(false);
@@ -178,11 +180,57 @@ void FillToolBar(QMainWindow& window, WindowActions& actions) {
                    Qt::QueuedConnection);
   zoom->setToolButtonStyle(Qt::ToolButtonTextOnly);
   zoom->setMinimumWidth(zoom->fontMetrics().horizontalAdvance("0000.0 %") + side);
+  return *bar;
 }
+
+/// Compares while the user holds a button or a key, which works in every window of the application.
+class HoldToCompare final : public QObject {
+ public:
+  /// `compare` is called with true when the user begins to hold either and with false when both are
+  /// released.
+  HoldToCompare(QAbstractButton& heldButton, Qt::Key heldKey, std::function<void(bool)> whenHeld)
+      : button(heldButton), key(heldKey), compare(std::move(whenHeld)) {
+    connect(&button, &QAbstractButton::pressed, this, [this] { compare(true); });
+    connect(&button, &QAbstractButton::released, this, [this] { compare(isKeyHeld); });
+    QCoreApplication::instance()->installEventFilter(this);
+  }
+
+  bool eventFilter(QObject*, QEvent* event) override {
+    // Another window that takes the focus also takes the release of the key.
+    if (event->type() == QEvent::WindowDeactivate && isKeyHeld) Hold(false);
+    const bool isShortcut = event->type() == QEvent::ShortcutOverride;
+    const bool isPress = event->type() == QEvent::KeyPress;
+    if (!isShortcut && !isPress && event->type() != QEvent::KeyRelease) return false;
+    const auto& keyEvent = static_cast<const QKeyEvent&>(*event);
+    if (keyEvent.key() != key) return false;
+    // A modifier that is pressed after the key does not keep the release from ending the
+    // comparison.
+    if ((isShortcut || isPress) && keyEvent.modifiers() != Qt::NoModifier) return false;
+    if (isShortcut) {
+      event->accept();  // the key then arrives as a press and a release instead of a shortcut
+    } else if (!keyEvent.isAutoRepeat() && isPress != isKeyHeld &&
+               (!isPress || button.isEnabled())) {
+      Hold(isPress);
+    }
+    return true;
+  }
+
+ private:
+  void Hold(bool isHeld) {
+    isKeyHeld = isHeld;
+    compare(isKeyHeld || button.isDown());
+  }
+
+  QAbstractButton& button;
+  const Qt::Key key;
+  const std::function<void(bool)> compare;
+  bool isKeyHeld = false;
+};
 
 }  // namespace
 
-WindowActions::WindowActions(QMainWindow& window) : blocked(new QActionGroup(&window)) {
+WindowActions::WindowActions(QMainWindow& window, std::function<void(bool)> comparing)
+    : blocked(new QActionGroup(&window)) {
   blocked->setExclusionPolicy(QActionGroup::ExclusionPolicy::None);
   for (const Row& row : kRows) MakeAction(window, *this, row);
   preview->setCheckable(true);
@@ -192,5 +240,8 @@ WindowActions::WindowActions(QMainWindow& window) : blocked(new QActionGroup(&wi
   about->setMenuRole(QAction::AboutRole);
   quit->setMenuRole(QAction::QuitRole);
   FillMenus(window, *this);
-  FillToolBar(window, *this);
+  QToolBar& bar = FillToolBar(window, *this);
+  holdToCompare =
+      std::make_unique<HoldToCompare>(*qobject_cast<QToolButton*>(bar.widgetForAction(compare)),
+                                      compare->shortcut()[0].key(), std::move(comparing));
 }

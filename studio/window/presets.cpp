@@ -1,5 +1,6 @@
-#include "studio/window/preset_dialogs.h"
+#include "studio/window/presets.h"
 
+#include <QAction>
 #include <QDialog>
 #include <QDialogButtonBox>
 #include <QHBoxLayout>
@@ -8,16 +9,23 @@
 #include <QListWidget>
 #include <QPushButton>
 #include <QVBoxLayout>
+#include <optional>
 #include <vector>
 
+#include "studio/base/studio_error.h"
 #include "studio/base/text.h"
+#include "studio/window/studio_window.h"
 
 namespace {
 
-constexpr int kColumns = 48;  // how wide the dialogs are at least, in characters
+constexpr int kDialogColumns = 48;  // how wide the dialogs are at least, in characters
 constexpr int kMostCharacters = 80;
 constexpr int kSavedName = Qt::UserRole;
 constexpr int kValidName = Qt::UserRole + 1;  // before the present edit
+constexpr int kMenuColumns = 48;              // of a name in the menu, in characters
+
+/// New names of presets by their former names; an empty name deletes the preset.
+using PresetChanges = std::map<QString, QString, PresetOrder>;
 
 QLabel* MakeLabel(const QString& text = {}) {
   auto* const label = new QLabel(text);
@@ -61,7 +69,7 @@ PresetsDialog::PresetsDialog(QWidget& window, const KeptChoices::Presets& shown)
     : QDialog(&window), presets(shown) {
   setObjectName("managePresets");
   setWindowTitle(Text("$$$/Studio/Preset/ManageTitle=Manage Presets"));
-  setMinimumWidth(fontMetrics().averageCharWidth() * kColumns);
+  setMinimumWidth(fontMetrics().averageCharWidth() * kDialogColumns);
   for (const auto& [name, entries] : presets) {
     auto* const item = new QListWidgetItem(name, list);
     item->setData(kSavedName, name);
@@ -129,14 +137,14 @@ void PresetsDialog::Delete() {
   list->setFocus();
 }
 
-}  // namespace
-
+/// Asks for a name for these entries and says when it replaces a preset. Returns nothing when the
+/// user cancelled.
 std::optional<QString> AskForPresetName(QWidget& window, const KeptChoices::Presets& presets,
                                         const DialogEntries& entries) {
   QDialog dialog(&window);
   dialog.setObjectName("savePreset");
   dialog.setWindowTitle(Text("$$$/Studio/Preset/SaveTitle=Save Preset"));
-  dialog.setMinimumWidth(dialog.fontMetrics().averageCharWidth() * kColumns);
+  dialog.setMinimumWidth(dialog.fontMetrics().averageCharWidth() * kDialogColumns);
   auto* const name = new QLineEdit(DescriptionOf(entries));
   auto* const caption = MakeLabel(Text("$$$/Studio/Preset/Name=&Name:"));
   auto* const notice = MakeLabel();
@@ -163,6 +171,7 @@ std::optional<QString> AskForPresetName(QWidget& window, const KeptChoices::Pres
   return name->text().simplified();
 }
 
+/// Lets the user rename and delete presets. Returns nothing to change when they cancelled.
 PresetChanges AskForPresetChanges(QWidget& window, const KeptChoices::Presets& presets) {
   PresetsDialog dialog(window, presets);
   return dialog.exec() == QDialog::Accepted ? dialog.Changes() : PresetChanges();
@@ -180,4 +189,75 @@ void Apply(const PresetChanges& changes, KeptChoices::Presets& presets) {
     if (presets.contains(preset.key())) preset.key() = former;  // another run took the name
     presets.insert(std::move(preset));
   }
+}
+
+/// A text as a menu shows it, where "&" would mark a mnemonic.
+QString Caption(const QMenu& menu, const QString& text) {
+  const QFontMetrics metrics = menu.fontMetrics();
+  return metrics.elidedText(text, Qt::ElideRight, metrics.averageCharWidth() * kMenuColumns)
+      .replace('&', "&&");
+}
+
+QString SaveFailure() {
+  return Text("$$$/Studio/Error/Presets=The presets cannot be saved.");
+}
+
+}  // namespace
+
+PresetMenu::PresetMenu(StudioWindow& studioWindow, QMenu& filledMenu,
+                       const ChoicesFile& choicesFile)
+    : window(studioWindow), menu(filledMenu), file(choicesFile) {
+  menu.setToolTipsVisible(true);
+  QObject::connect(&menu, &QMenu::aboutToShow, &window, [this] { Fill(); });
+}
+
+void PresetMenu::Fill() {
+  menu.clear();
+  QAction* const save =
+      menu.addAction(Text("$$$/Studio/Menu/SavePreset=&Save Preset…"), &window, [this] { Save(); });
+  save->setObjectName("savePreset");
+  save->setEnabled(window.EntriesOfMosaic().has_value());
+  QAction* const manage = menu.addAction(Text("$$$/Studio/Menu/ManagePresets=&Manage Presets…"),
+                                         &window, [this] { Manage(); });
+  manage->setObjectName("managePresets");
+  KeptChoices kept;
+  try {
+    kept = file.Load();
+  } catch (const StudioError&) {
+    // Manage reports the reason.
+  }
+  menu.addSeparator();
+  for (const auto& [name, entries] : kept.presets) AddEntries(name, entries);
+  if (kept.recent.empty()) return;
+  menu.addSection(Text("$$$/Studio/Menu/RecentMosaics=Recent Mosaics"));
+  for (const DialogEntries& entries : kept.recent) AddEntries(DescriptionOf(entries), entries);
+}
+
+void PresetMenu::AddEntries(const QString& caption, const DialogEntries& entries) {
+  QAction* const action =
+      menu.addAction(Caption(menu, caption), &window, [this, entries] { window.Create(entries); });
+  action->setToolTip(DescriptionOf(entries));  // the caption can be a name, or elided
+  action->setEnabled(window.Shown() != nullptr);
+}
+
+void PresetMenu::Save() {
+  window.Do(SaveFailure(), [this] {
+    const std::optional<DialogEntries> entries = window.EntriesOfMosaic();
+    const auto name = AskForPresetName(window, file.Load().presets, *entries);
+    if (!name) return false;
+    file.Change([&](KeptChoices& kept) {
+      kept.presets.erase(*name);  // the case of the new name counts
+      kept.presets.emplace(*name, *entries);
+    });
+    return true;
+  });
+}
+
+void PresetMenu::Manage() {
+  window.Do(SaveFailure(), [this] {
+    const PresetChanges changes = AskForPresetChanges(window, file.Load().presets);
+    if (changes.empty()) return false;
+    file.Change([&](KeptChoices& kept) { Apply(changes, kept.presets); });
+    return true;
+  });
 }
