@@ -8,7 +8,7 @@
 #include "platform/nrvui/ui_node_manager.h"
 #include "platform/nrvui/ui_views.h"
 #include "platform/standin/sheet_service.h"
-#include "platform/vxui/modal_context.h"
+#include "platform/vxui/dialogs.h"
 #include "testkit/temporary_folder.h"
 
 namespace check {

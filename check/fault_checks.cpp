@@ -197,7 +197,7 @@ void RefuseOneByOne(size_t step, const std::function<Failing(size_t countdown)>&
       RunWithFailure(sequence, session, [&](const Calls& left) {
         wasRefused = session.failing.strikes() > 0;
         toolkit_memory::untilRefusal = 0;
-        qpbasic::Ledger::Get().RefuseNothing();
+        qpbasic::Ledger::Get().ClearRefusal();
         if (!wasRefused) Expect("goes as expected", session.WentAsExpected());
         Expect("what is left", left, Calls());
       });

@@ -85,7 +85,7 @@ CHECK("start-up/registers-plug-in") {
                       [&] { return module.StartUp(); });
   Expect("the plug-in's name", module.Ref()->name, "TesseraeUI");
   Expect("blocks: the object, its set of suites and the published table", Blocks(), blocks + 3);
-  const std::string table = qpbasic::Ledger::Get().Forgotten().back();
+  const std::string table = qpbasic::Ledger::Get().Unfreed().back();
   Expect("the table has 8 bytes: " + table, table.find("of 8 bytes") != table.npos);
   Expect("the table is named: " + table, table.find("(TesseraeUI)") != table.npos);
   const auto& notifiers = host.Objects().notifiers.Objects();

@@ -12,7 +12,6 @@
 #include "platform/nrvui/ui_node_manager.h"
 #include "platform/nrvui/ui_views.h"
 #include "platform/vxui/host_interfaces.h"
-#include "platform/vxui/modal_context.h"
 
 using boost::placeholders::_1;
 using nrvui::controls::UI_Button;

@@ -8,7 +8,6 @@
 #include "dialog/vxui_cairn_sheet_interface.h"
 #include "platform/nrvcore/geometry.h"
 #include "platform/nrvcore/string.h"
-#include "platform/nrvui/os_dialog.h"
 #include "platform/nrvui/ui_dialog.h"
 #include "platform/suites/plugin_message.h"
 #include "platform/vxui/dialogs.h"

@@ -11,7 +11,6 @@
 #include "platform/nrvcore/localizer.h"
 #include "platform/nrvui/ui_controls.h"
 #include "platform/nrvui/ui_edits.h"
-#include "platform/nrvui/ui_message.h"
 
 using nrvcore::UTF16String;
 using nrvcore::config::Localizer;

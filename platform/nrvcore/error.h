@@ -9,7 +9,7 @@ namespace nrvcore::config {
 
 enum class ErrorLevel : int { kNotice = 0, kError = 1 };
 
-/// What ThrowError throws: its arguments, with the localised text in place of the values.
+/// The toolkit's exception: the arguments of ThrowError and the localised text.
 class NRV_EXPORT Error : public std::exception {
  public:
   Error(ErrorLevel errorLevel, const char* errorKey, unsigned errorNumber, int errorCode,
@@ -20,7 +20,7 @@ class NRV_EXPORT Error : public std::exception {
 
   /// The localisation key.
   const char* what() const noexcept override;
-  /// The localised text, with its replacements, as it was when the error was thrown.
+  /// The localised text with its placeholders replaced, in the language of the time of the throw.
   const UTF16String& Text() const noexcept { return text; }
   ErrorLevel Level() const noexcept { return level; }
   unsigned Number() const noexcept { return number; }
@@ -36,8 +36,8 @@ class NRV_EXPORT Error : public std::exception {
   UTF16String text;
 };
 
-/// Throws an Error; the values replace %1 to %4 in the localised key. The toolkit does not
-/// interpret level, number, code and flag.
+/// Throws an Error. The values replace the placeholders %1 to %4 in the localised key. Level,
+/// number, code and flag are stored only.
 [[noreturn]] NRV_EXPORT void ThrowError(ErrorLevel level, const char* key, unsigned number,
                                         int code, bool flag, const ReplacementValue& first,
                                         const ReplacementValue& second,
@@ -49,8 +49,8 @@ class NRV_EXPORT Error : public std::exception {
   ThrowError(ErrorLevel::kError, key, 0, 0, false, value, {}, {}, {});
 }
 
-/// What a checked conversion throws for an object of another class. Inline, so that each image
-/// throws it through ThrowError, the one operation that a host's toolkit has for this.
+/// Throws the error of a checked conversion for an object of another class. Inline, because a
+/// host's toolkit offers plug-ins only ThrowError.
 [[noreturn]] inline void ThrowInvalidTypeConversion() {
   ThrowError(ErrorLevel::kError,
              "$$$/nrvcore/utility/Error/InvalidTypeConversion=Invalid type conversion.", 105, 21,

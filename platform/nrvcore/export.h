@@ -1,4 +1,4 @@
 #pragma once
 
-/// Exports a symbol from a toolkit library. All other symbols are hidden.
+/// Exports a symbol from a toolkit library; all others are hidden.
 #define NRV_EXPORT __attribute__((visibility("default")))

@@ -66,7 +66,7 @@ std::string ReasonFor(int systemError) {
 }
 
 std::string ReadFile(const std::filesystem::path& file, FileKind kind, std::size_t limit) {
-  // Without O_NONBLOCK opening a pipe waits for its writer.
+  // With O_NONBLOCK, opening a pipe does not wait for its writer.
   const OpenFile descriptor(file, kind == FileKind::kRegular ? O_RDONLY | O_NONBLOCK : O_RDONLY);
   if (descriptor < 0) throw FileError(file, 0, ReasonFor(errno));
   struct stat status {};

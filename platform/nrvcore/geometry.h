@@ -5,11 +5,11 @@
 namespace nrvcore::geom {
 
 /// The upper bound of all lengths and coordinates of the toolkit, in points.
-inline constexpr float kGreatestLength = 1e6f;
+inline constexpr float kMaxLength = 1e6f;
 
-/// Clamps to [least, kGreatestLength]. NaN becomes `least`, by the order of std::max's arguments.
-inline float Bounded(float length, float least) {
-  return std::min(std::max(least, length), kGreatestLength);
+/// Clamps to [minimum, kMaxLength]. NaN becomes `minimum`: std::max returns its first argument.
+inline float ClampLength(float length, float minimum) {
+  return std::min(std::max(minimum, length), kMaxLength);
 }
 
 /// A position, or a size with x as its width; in points, y downwards.

@@ -14,7 +14,7 @@
 
 #include "platform/nrvcore/unicode.h"
 
-// gettext clears its cache of lookups when this changes; its manual documents it for this purpose.
+// gettext's manual documents this counter: changing it clears the cache of lookups.
 extern "C" int _nl_msg_cat_cntr;  // NOLINT(readability-identifier-naming)
 
 namespace nrvcore::config {
@@ -24,7 +24,7 @@ namespace {
 constexpr const char* kDomain = "tesserae";
 constexpr const char* kDecimalSignKey = "$$$/nrvcore/Locale/DecimalSign=.";
 constexpr const char* kUntranslated = "C";
-constexpr const char* kVariable = "LANGUAGE";  // where gettext looks for the user's languages
+constexpr const char* kVariable = "LANGUAGE";
 
 std::string FromEnvironment(std::initializer_list<const char*> names) {
   for (const char* name : names) {
@@ -34,20 +34,20 @@ std::string FromEnvironment(std::initializer_list<const char*> names) {
   return {};
 }
 
-/// As in gettext, LANGUAGE counts only when the locale is not "C".
-std::string LanguageOfEnvironment() {
+/// As in gettext, LANGUAGE has no effect in the locale "C".
+std::string LanguagesOfEnvironment() {
   const std::string locale = FromEnvironment({"LC_ALL", "LC_MESSAGES", "LANG"});
   if (locale.empty() || locale == "C" || locale == "POSIX") return kUntranslated;
   return FromEnvironment({kVariable, "LC_ALL", "LC_MESSAGES", "LANG"});
 }
 
-class LocaleInUse : boost::noncopyable {
+class ScopedLocale : boost::noncopyable {
  public:
-  explicit LocaleInUse(locale_t locale) : former(uselocale(locale)) {}
-  ~LocaleInUse() { uselocale(former); }
+  explicit ScopedLocale(locale_t locale) : previous(uselocale(locale)) {}
+  ~ScopedLocale() { uselocale(previous); }
 
  private:
-  locale_t former;
+  locale_t previous;
 };
 
 const char* EnglishText(const char* key) {
@@ -63,9 +63,9 @@ UTF16String WithReplacements(std::u16string_view text, std::span<const Replaceme
     text.remove_prefix(plain);
     if (text.empty()) break;
     const std::size_t index = text.substr(0, 2).back() - std::size_t{u'1'};
-    const bool isPlace = index < values.size();
-    out.Append(isPlace ? values[index].Text().View() : text.substr(0, 1));
-    text.remove_prefix(isPlace ? 2 : 1);
+    const bool isPlaceholder = index < values.size();
+    out.Append(isPlaceholder ? values[index].Text().View() : text.substr(0, 1));
+    text.remove_prefix(isPlaceholder ? 2 : 1);
   }
   return out;
 }
@@ -87,20 +87,8 @@ Localizer& Localizer::Get() {
   return localizer;
 }
 
-Localizer::Localizer() : userLanguage(LanguageOfEnvironment()) {
-  if (const char* value = std::getenv(kVariable)) formerVariable = value;
+Localizer::Localizer() : userLanguages(LanguagesOfEnvironment()) {
   bind_textdomain_codeset(kDomain, "UTF-8");
-}
-
-Localizer::~Localizer() {
-  if (messagesLocale == nullptr) return;
-  freelocale(messagesLocale);
-  // The environment outlives the library; the next localizer must find the user's languages.
-  if (formerVariable) {
-    setenv(kVariable, formerVariable->c_str(), 1);
-  } else {
-    unsetenv(kVariable);
-  }
 }
 
 void Localizer::SetCatalogues(const std::string& cataloguesFolder) {
@@ -108,13 +96,13 @@ void Localizer::SetCatalogues(const std::string& cataloguesFolder) {
   bindtextdomain(kDomain, folder.c_str());
 }
 
-std::string Localizer::WithCatalogue(std::string_view languages) {
+std::string Localizer::FindCatalogues(std::string_view languages) {
   std::vector<std::string> found;
   while (!languages.empty()) {
     std::string_view language = languages.substr(0, languages.find(':'));
     languages.remove_prefix(std::min(language.size() + 1, languages.size()));
     if (language.find('/') != language.npos) continue;
-    // "de_CH.UTF-8" may have a catalogue of its own, or that of "de_CH" or of "de".
+    // "de_CH.UTF-8@euro" can use the catalogues of "de_CH.UTF-8", "de_CH" and "de".
     for (const char* end : {"", "@", ".@", "_.@"}) {
       language = language.substr(0, language.find_first_of(end));
       const auto file =
@@ -123,7 +111,7 @@ std::string Localizer::WithCatalogue(std::string_view languages) {
       if (std::count(found.begin(), found.end(), language) == 0 && is_regular_file(file, error))
         found.emplace_back(language);
     }
-    if (language == "en" || language == kUntranslated) break;  // the keys themselves
+    if (language == "en" || language == kUntranslated) break;  // the keys contain the English text
   }
   hasCatalogue = !found.empty();
   found.emplace_back(kUntranslated);
@@ -131,16 +119,16 @@ std::string Localizer::WithCatalogue(std::string_view languages) {
 }
 
 void Localizer::SetLanguage(const std::string& code) {
-  setenv(kVariable, WithCatalogue(code.empty() ? userLanguage : code).c_str(), 1);
+  setenv(kVariable, FindCatalogues(code.empty() ? userLanguages : code).c_str(), 1);
   if (messagesLocale == nullptr) messagesLocale = newlocale(LC_MESSAGES_MASK, "C.UTF-8", nullptr);
   ++_nl_msg_cat_cntr;
 }
 
 UTF16String Localizer::Localize(const char* key) const {
-  // The empty message is a catalogue's header.
+  // gettext returns the catalogue's header for an empty message ID.
   if (key == nullptr || *key == '\0') return {};
   if (messagesLocale == nullptr) return utility::UTF8ToUTF16(EnglishText(key));
-  const LocaleInUse inUse(messagesLocale);
+  const ScopedLocale scope(messagesLocale);
   const char* text = dgettext(kDomain, key);
   return utility::UTF8ToUTF16(text == key ? EnglishText(key) : text);
 }
@@ -154,7 +142,7 @@ UTF16String Localizer::LocalizePlural(const char* key, const char* plural, unsig
                                       std::initializer_list<ReplacementValue> values) const {
   const char* text = count == 1 ? key : plural;
   if (messagesLocale != nullptr) {
-    const LocaleInUse inUse(messagesLocale);
+    const ScopedLocale scope(messagesLocale);
     text = dngettext(kDomain, key, plural, count);
   }
   return WithReplacements(utility::UTF8ToUTF16(text == key ? EnglishText(key) : text).View(),

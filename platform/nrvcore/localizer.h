@@ -3,7 +3,6 @@
 #include <locale.h>
 
 #include <initializer_list>
-#include <optional>
 #include <string>
 #include <string_view>
 
@@ -11,7 +10,7 @@
 
 namespace nrvcore::config {
 
-/// Replaces one of %1 to %4 in a localised text; an empty value removes it.
+/// A text that replaces one of the placeholders %1 to %4 in a localised text.
 class NRV_EXPORT ReplacementValue {
  public:
   ReplacementValue() noexcept;
@@ -26,39 +25,36 @@ class NRV_EXPORT ReplacementValue {
   UTF16String text;
 };
 
-/// Turns keys of the form "$$$/" path "=" English text into the user's language. Translations are
-/// gettext catalogues of the domain "tesserae" (FOLDER/LANGUAGE/LC_MESSAGES/tesserae.mo) whose
-/// messages are the whole keys. Texts are English until a language is set.
+/// Translates keys of the form "$$$/" path "=" English text into the user's language. Translations
+/// are gettext catalogues of the domain "tesserae" (FOLDER/LANGUAGE/LC_MESSAGES/tesserae.mo) with
+/// the whole key as the message ID. Texts are English until SetLanguage.
 ///
-/// It needs no locale but C.UTF-8 and leaves the process's locale alone. It sets the environment's
-/// LANGUAGE, which is where gettext looks, and restores it when the library is unloaded. Set the
-/// language before there are other threads; texts may then be asked for on any.
+/// SetCatalogues and SetLanguage may be called only while the process has one thread, because
+/// SetLanguage sets the environment variable LANGUAGE, which gettext reads. All other functions are
+/// safe on any thread. The process's locale does not change; only the locale C.UTF-8 is required.
 class NRV_EXPORT Localizer {
  public:
-  /// The one localizer. It is destroyed when the library is unloaded, which may be with the module.
   static Localizer& Get();
 
   Localizer(const Localizer&) = delete;
   Localizer& operator=(const Localizer&) = delete;
 
-  /// Sets the folder of the catalogues; texts are English when it has none. Takes effect with the
-  /// next SetLanguage. Catalogues are installed with the program and trusted: gettext checks little
-  /// of them.
+  /// Sets the folder of the catalogues, which are trusted. Takes effect with the next SetLanguage.
   void SetCatalogues(const std::string& folder);
-  /// `code` is a language as in "de" or "pt_BR", or several, separated by ":", of which the first
-  /// with a translation counts. An empty code means the language of the user's environment.
+  /// Sets a language, such as "de" or "pt_BR", or several in the order of preference, separated by
+  /// ":". An empty code selects the languages of the user's environment.
   void SetLanguage(const std::string& code);
-  /// Whether the last SetLanguage found a catalogue; texts are English otherwise.
+  /// Whether the last SetLanguage found a catalogue. Otherwise texts are English.
   bool HasCatalogue() const { return hasCatalogue; }
 
-  /// The key's translation. A key without one yields the text after its first "=", or itself.
+  /// The key's translation, or else the text after its first "=", or else the key. Null and "" give
+  /// an empty text.
   UTF16String Localize(const char* key) const;
-  /// The same with %1 to %4 replaced.
+  /// As above, with the placeholders %1 to %4 replaced by `values`. Others remain.
   UTF16String Localize(const char* key, std::initializer_list<ReplacementValue> values) const;
 
-  /// The form of a text that the language's rules choose for `count` things, with %1 to %4
-  /// replaced. `key` has the English singular after its first "="; `plural` is the English plural
-  /// alone.
+  /// As above, in the plural form that the language has for `count`. `key` contains the English
+  /// singular; `plural` is the English plural, without a path.
   UTF16String LocalizePlural(const char* key, const char* plural, unsigned long count,
                              std::initializer_list<ReplacementValue> values) const;
 
@@ -67,13 +63,11 @@ class NRV_EXPORT Localizer {
 
  private:
   Localizer();
-  ~Localizer();
 
-  /// Those of `languages` that have a catalogue, in the form of LANGUAGE.
-  std::string WithCatalogue(std::string_view languages);
+  /// Those of `languages` that have a catalogue, as a value for LANGUAGE.
+  std::string FindCatalogues(std::string_view languages);
 
-  std::string userLanguage;
-  std::optional<std::string> formerVariable;  // the environment's LANGUAGE before it was set
+  std::string userLanguages;
   std::string folder;
   bool hasCatalogue = false;
   locale_t messagesLocale = nullptr;  // null until a language is set

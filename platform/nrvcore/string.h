@@ -9,9 +9,9 @@
 
 namespace nrvcore {
 
-/// A string that one image may create and another destroy: this library allocates and releases all
-/// memory. A short text, such as a node ID, is stored in the object; copies of a longer one share
-/// it, so copying never fails.
+/// A string that one image may create and another destroy: only this library allocates and releases
+/// its memory. Short texts, such as node IDs, are stored in the object. Copies of longer texts
+/// share one allocation, with an atomic count of references, so copying never fails.
 template <class Char>
 class NRV_EXPORT StringT {
  public:
@@ -30,7 +30,7 @@ class NRV_EXPORT StringT {
     return *this;
   }
 
-  /// Terminated; valid until the string is changed or destroyed.
+  /// NUL-terminated. Valid until the string is changed or destroyed.
   std::basic_string_view<Char> View() const noexcept {
     return IsShared() ? SharedView() : std::basic_string_view<Char>(content.text, content.length);
   }
@@ -52,7 +52,7 @@ class NRV_EXPORT StringT {
       Char text[kShortText + 1] = {};
       SharedText* shared;
     };
-    uint8_t length = 0;  // kShared for a text that does not fit
+    uint8_t length = 0;  // kShared for a text that is too long for `text`
   };
 
   bool IsShared() const noexcept { return content.length == kShared; }
@@ -66,9 +66,9 @@ class NRV_EXPORT StringT {
 extern template class StringT<char>;
 extern template class StringT<char16_t>;
 
-/// Bytes: node IDs (ASCII) and UTF-8.
+/// Node IDs (ASCII) and UTF-8 texts.
 using String = StringT<char>;
-/// Titles, theme names and all other texts for users.
+/// Texts for users, and theme names.
 using UTF16String = StringT<char16_t>;
 
 }  // namespace nrvcore

@@ -25,19 +25,19 @@ std::size_t AsciiLength(std::string_view text) {
   return std::find_if_not(text.begin(), text.end(), isAscii) - text.begin();
 }
 
-/// The length of the sequence that this byte starts; 1 for a byte that starts none.
-std::ptrdiff_t AnnouncedLength(unsigned char first) {
+/// The length in bytes of a sequence that begins with this byte; 1 for an invalid first byte.
+std::ptrdiff_t SequenceLength(unsigned char first) {
   return first < 0xC0 || first >= 0xF8 ? 1 : first < 0xE0 ? 2 : first < 0xF0 ? 3 : 4;
 }
 
 /// Removes one code point from the front. A malformed sequence ends before the first byte that
-/// cannot belong to it; the library's decoder would consume that byte too.
+/// cannot belong to it; Boost's decoder would skip that byte as well.
 code_point TakeCodePoint(std::string_view& text) {
   const char* end = text.data();
   const code_point decoded = UTF8::decode(end, text.data() + text.size());
   if (IsMalformed(decoded)) {
-    const auto most = std::min<std::ptrdiff_t>(AnnouncedLength(text.front()), std::ssize(text));
-    end = std::find_if_not(text.data() + 1, text.data() + most, &UTF8::is_trail);
+    const auto length = std::min<std::ptrdiff_t>(SequenceLength(text.front()), std::ssize(text));
+    end = std::find_if_not(text.data() + 1, text.data() + length, &UTF8::is_trail);
   }
   text.remove_prefix(end - text.data());
   return decoded;

@@ -11,10 +11,10 @@ DialogPresenter* installedPresenter = nullptr;
 }  // namespace
 
 InstalledPresenter::InstalledPresenter(DialogPresenter& presenter)
-    : former(std::exchange(installedPresenter, &presenter)) {}
+    : previous(std::exchange(installedPresenter, &presenter)) {}
 
 InstalledPresenter::~InstalledPresenter() {
-  installedPresenter = former;
+  installedPresenter = previous;
 }
 
 DialogPresenter* InstalledPresenter::Current() {

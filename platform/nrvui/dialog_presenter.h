@@ -6,19 +6,20 @@ namespace nrvui::ui {
 
 class UI_Dialog;
 
-/// Shows a dialog to the user, or plays a script on it. RunModal calls the installed presenter, on
+/// Shows dialogs to the user, or plays a script in them. RunModal calls the installed presenter, on
 /// the user-interface thread.
 class DialogPresenter {
  public:
-  /// Returns when the dialog has a response. Returning without one cancels the dialog; an
-  /// exception ends the modal run and reaches its caller.
+  /// Returns when the dialog has a response; returning earlier cancels the dialog. An exception
+  /// ends the modal run and reaches the caller of RunModal.
   virtual void Present(UI_Dialog& dialog) = 0;
 
  protected:
   ~DialogPresenter() = default;
 };
 
-/// Installs a presenter, which must outlive it; its destructor reinstalls the previous one.
+/// Installs a presenter, which must outlive this object. The destructor reinstalls the previous
+/// one.
 class NRV_EXPORT InstalledPresenter {
  public:
   explicit InstalledPresenter(DialogPresenter& presenter);
@@ -26,11 +27,11 @@ class NRV_EXPORT InstalledPresenter {
   InstalledPresenter& operator=(const InstalledPresenter&) = delete;
   ~InstalledPresenter();
 
-  /// Null when none is installed.
+  /// The installed presenter, or null.
   static DialogPresenter* Current();
 
  private:
-  DialogPresenter* former;
+  DialogPresenter* previous;
 };
 
 }  // namespace nrvui::ui

@@ -23,32 +23,32 @@ using ui::UI_Node;
 
 namespace {
 
-constexpr float kLargestSize = 32767;
+constexpr float kMaxSide = 32767;
 
 bool IsOpen(const UI_Dialog& dialog) {
   return dialog.GetResponse() == ui::kNoResponse;
 }
 
-/// Why the user cannot operate a control; kNone if they can.
-Refusal WhyUnusable(const UI_Dialog& dialog, const UI_Node& node) {
+/// The reason why the user cannot operate a control, or kNone.
+Refusal RefusalFor(const UI_Dialog& dialog, const UI_Node& node) {
   if (!IsOpen(dialog)) return Refusal::kDialogClosed;
   if (!node.UI_IsVisible()) return Refusal::kHidden;
   const auto* control = dynamic_cast<const UI_ControlView*>(&node);
   return control != nullptr && control->IsDisabled() ? Refusal::kDisabled : Refusal::kNone;
 }
 
-Outcome DoneIfClosed(const UI_Dialog& dialog) {
+Outcome RefusedIfOpen(const UI_Dialog& dialog) {
   return IsOpen(dialog) ? Refused(Refusal::kStaysOpen) : Outcome();
 }
 
-Outcome Changed(UI_ControlView& control) {
+Outcome NotifyChange(UI_ControlView& control) {
   control.NotifyChangedByUser();
   return {.changed = true};
 }
 
 Outcome Toggle(UI_Checkbox& checkbox) {
   checkbox.SetChecked(!checkbox.IsChecked());
-  return Changed(checkbox);
+  return NotifyChange(checkbox);
 }
 
 Outcome Select(UI_Dialog& dialog, UI_RadioButton& selected) {
@@ -59,7 +59,7 @@ Outcome Select(UI_Dialog& dialog, UI_RadioButton& selected) {
     }
   });
   selected.SetValue(controls::kRadioOn);
-  return Changed(selected);
+  return NotifyChange(selected);
 }
 
 Outcome Push(UI_Dialog& dialog, UI_Button& button) {
@@ -69,7 +69,7 @@ Outcome Push(UI_Dialog& dialog, UI_Button& button) {
   if (!isOk && !isCancel) return {};
   if (!IsOpen(dialog)) return {};
   isOk ? dialog.DefaultCloseOk() : dialog.DefaultCloseCancel();
-  return DoneIfClosed(dialog);
+  return RefusedIfOpen(dialog);
 }
 
 UTF16String SizeText(PointT<float> size) {
@@ -80,8 +80,8 @@ UTF16String SizeText(PointT<float> size) {
   return text;
 }
 
-bool IsSize(float extent) {
-  return extent >= 0 && extent <= kLargestSize;
+bool IsValidSide(float extent) {
+  return extent >= 0 && extent <= kMaxSide;
 }
 
 }  // namespace
@@ -89,7 +89,7 @@ bool IsSize(float extent) {
 Outcome Enter(UI_Dialog& dialog, UI_Node& field, const UTF16String& text) {
   const boost::intrusive_ptr<UI_TextEdit> edit = dynamic_cast<UI_TextEdit*>(&field);
   if (edit == nullptr) return Refused(Refusal::kNotEditable);
-  const Refusal refusal = WhyUnusable(dialog, field);
+  const Refusal refusal = RefusalFor(dialog, field);
   if (refusal != Refusal::kNone) return Refused(refusal);
   Outcome outcome = edit->AcceptEntry(text);
   if (outcome.changed) edit->NotifyChangedByUser();
@@ -98,7 +98,7 @@ Outcome Enter(UI_Dialog& dialog, UI_Node& field, const UTF16String& text) {
 
 Outcome Click(UI_Dialog& dialog, UI_Node& control) {
   const boost::intrusive_ptr<UI_Node> clicked = &control;
-  const Refusal refusal = WhyUnusable(dialog, control);
+  const Refusal refusal = RefusalFor(dialog, control);
   if (refusal != Refusal::kNone) return Refused(refusal);
   if (auto* checkbox = dynamic_cast<UI_Checkbox*>(&control)) return Toggle(*checkbox);
   if (auto* radio = dynamic_cast<UI_RadioButton*>(&control)) return Select(dialog, *radio);
@@ -109,22 +109,22 @@ Outcome Click(UI_Dialog& dialog, UI_Node& control) {
 Outcome Press(UI_Dialog& dialog, Key key) {
   if (!IsOpen(dialog)) return Refused(Refusal::kDialogClosed);
   key == Key::kReturn ? dialog.OnReturnKey() : dialog.OnEscapeKey();
-  return DoneIfClosed(dialog);
+  return RefusedIfOpen(dialog);
 }
 
 Outcome Close(UI_Dialog& dialog) {
   if (!IsOpen(dialog)) return Refused(Refusal::kDialogClosed);
   if (!dialog.GetStyle().hasCloseBox) return Refused(Refusal::kNoCloseBox);
   dialog.OnCloseButton();
-  return DoneIfClosed(dialog);
+  return RefusedIfOpen(dialog);
 }
 
 Outcome Resize(UI_Dialog& dialog, PointT<float> contentSize) {
   if (!IsOpen(dialog)) return Refused(Refusal::kDialogClosed);
-  if (!IsSize(contentSize.x) || !IsSize(contentSize.y)) {
+  if (!IsValidSide(contentSize.x) || !IsValidSide(contentSize.y)) {
     return Refused(Refusal::kNotASize, SizeText(contentSize));
   }
-  // Layouts have whole points; a fraction would leave a gap between window and layout.
+  // Layouts have sizes in whole points; a fraction would leave a gap at the window's edge.
   const PointT<float> wanted = {std::floor(contentSize.x), std::floor(contentSize.y)};
   const PointT<float> minimum = dialog.GetMinimumSize();
   const PointT<float> accepted = {std::max(wanted.x, minimum.x), std::max(wanted.y, minimum.y)};

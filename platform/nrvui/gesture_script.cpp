@@ -5,7 +5,7 @@
 
 #include "platform/nrvcore/localizer.h"
 #include "platform/nrvcore/unicode.h"
-#include "platform/nrvui/read_number.h"
+#include "platform/nrvui/number_text.h"
 
 namespace nrvui::gestures {
 
@@ -14,7 +14,7 @@ using nrvcore::config::Message;
 
 namespace {
 
-constexpr std::size_t kLargestFile = 1 << 24;
+constexpr std::size_t kMaxFileSize = 1 << 24;
 constexpr std::string_view kBlanks = " \t\r";
 constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
 
@@ -37,7 +37,8 @@ std::string_view Trimmed(std::string_view text) {
   return text.substr(0, text.find_last_not_of(kBlanks) + 1);
 }
 
-/// Removes and returns the part of `text` before the first of `ends`, which is removed too.
+/// Removes the text up to the first of the characters `ends`, that character too, and returns the
+/// part before it.
 std::string_view TakeUntil(std::string_view& text, std::string_view ends) {
   const std::size_t end = std::min(text.find_first_of(ends), text.size());
   const std::string_view taken = text.substr(0, end);
@@ -54,9 +55,10 @@ std::string_view TakeWord(std::string_view& text) {
 
 bool TakeNumber(std::string_view& text, float& number) {
   const std::string_view word = TakeWord(text);
-  const char* const wordEnd = word.data() + word.size();
-  const auto [end, error] = controls::ReadNumber(word.data(), wordEnd, number);
-  return error == std::errc() && end == wordEnd;
+  double parsed = 0;
+  const auto [end, error] = controls::ReadNumber(word, parsed);
+  number = static_cast<float>(parsed);
+  return error == std::errc() && end == word.data() + word.size();
 }
 
 bool TakeArguments(std::string_view rest, Step& step) {
@@ -82,7 +84,7 @@ bool TakeArguments(std::string_view rest, Step& step) {
 }  // namespace
 
 GestureScript GestureScript::ReadFile(const std::filesystem::path& path) {
-  return Parse(nrvcore::ReadFile(path, nrvcore::FileKind::kAny, kLargestFile), path.string());
+  return Parse(nrvcore::ReadFile(path, nrvcore::FileKind::kAny, kMaxFileSize), path.string());
 }
 
 GestureScript GestureScript::Parse(std::string_view text, const std::string& name) {

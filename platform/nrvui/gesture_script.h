@@ -15,21 +15,21 @@ enum class Verb { kEnter, kClick, kKey, kClose, kResize };
 struct Step {
   std::size_t line;  // from 1
   Verb verb;
-  std::string target;  // the control's node ID, or the key
-  std::string text;    // to enter, UTF-8
-  float width = 0;     // to resize to, in points, as the height
+  std::string target;  // the control's node ID; for kKey the key
+  std::string text;    // for kEnter, in UTF-8
+  float width = 0;     // for kResize, in points
   float height = 0;
 };
 
-/// The gestures of a UTF-8 text, one on each line; `#` starts a comment:
+/// A parsed gesture file: UTF-8 text with one gesture on each line; `#` starts a comment.
 ///
 ///     enter ID TEXT    click ID    key Return    key Escape    close    resize WIDTH HEIGHT
 class NRV_EXPORT GestureScript {
  public:
-  /// The file may be a pipe and holds at most 16 MB. Throws nrvcore::FileError with the first line
-  /// that is not a gesture.
+  /// Reads a file of at most 16 MB, which may be a pipe. Throws nrvcore::FileError for a file that
+  /// cannot be read, and with the line number for the first line that is not a gesture.
   static GestureScript ReadFile(const std::filesystem::path& path);
-  /// `name` stands for the file in errors.
+  /// Errors contain `name` in place of the file's.
   static GestureScript Parse(std::string_view text, const std::string& name);
 
   const std::string& Name() const { return name; }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <charconv>
 #include <string_view>
 
 #include "platform/nrvcore/string.h"
@@ -15,15 +16,19 @@ struct ParsedNumber {
   gestures::Refusal refusal = gestures::Refusal::kNone;
 };
 
+/// Like std::from_chars for double, which libc++ 14 lacks.
+std::from_chars_result ReadNumber(std::string_view text, double& value);
+
 /// Parses a number with an optional unit: pt, px (one point), mm, cm, in for lengths, % for
-/// percentages; without one it is in the field's unit. `decimalSign` is ',' or '.'; the other one
-/// may separate groups of three digits. If it stands elsewhere, '.' is a decimal sign too, and ','
-/// is refused as ambiguous. Full-width forms are accepted. Refuses texts that are not numbers,
+/// percentages. A number without a unit is in the field's unit. `decimalSign` is ',' or '.'; the
+/// other sign may separate groups of three digits. Anywhere else '.' counts as a decimal sign and
+/// ',' is refused as ambiguous. Full-width forms are accepted. Refuses texts that are not numbers,
 /// numbers outside the range of double, and units of another kind.
 NRV_EXPORT ParsedNumber ParseNumber(std::u16string_view text, NumberUnit fieldUnit,
                                     char16_t decimalSign);
 
-/// As in "300 pt", "33.3333 %", "40": at most four decimals, without trailing zeros.
+/// Formats a number as in "300 pt", "33.3333 %" or "40": at most four decimals, without trailing
+/// zeros.
 NRV_EXPORT nrvcore::UTF16String FormatNumber(double value, NumberUnit unit, char16_t decimalSign);
 
 }  // namespace nrvui::controls

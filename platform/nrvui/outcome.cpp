@@ -52,8 +52,8 @@ const char* TextFor(Refusal refusal) {
       return "$$$/nrvui/Gesture/Missing=A number is missing.";
     case Refusal::kNotANumber:
       return "$$$/nrvui/Gesture/NotANumber=\"%1\" is not a number.";
-    case Refusal::kTwoReadings:
-      return "$$$/nrvui/Gesture/TwoReadings=\"%1\" is ambiguous; write a point before decimals.";
+    case Refusal::kAmbiguous:
+      return "$$$/nrvui/Gesture/Ambiguous=\"%1\" is ambiguous; write a point before decimals.";
     case Refusal::kOutOfRange:
       return "$$$/nrvui/Gesture/OutOfRange=\"%1\" is outside the range of numbers.";
     case Refusal::kOtherUnit:

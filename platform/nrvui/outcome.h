@@ -4,11 +4,11 @@
 
 namespace nrvui::gestures {
 
-/// Why a gesture did nothing.
+/// Why a gesture was refused.
 enum class Refusal {
   kNone,
   kDialogClosed,
-  kStaysOpen,  // the key or button does not close the dialog in its present state
+  kStaysOpen,  // the key or button cannot close the dialog in its present state
   kNoCloseBox,
   kDisabled,
   kHidden,
@@ -16,13 +16,13 @@ enum class Refusal {
   kNotClickable,
   kMissing,
   kNotANumber,
-  kTwoReadings,
+  kAmbiguous,
   kOutOfRange,
   kOtherUnit,
   kNotASize,
 };
 
-/// The key of the sentence for the user; its %1 is the entry.
+/// The localisation key of the sentence for the user; %1 in it stands for the entry.
 NRV_EXPORT const char* TextFor(Refusal refusal);
 
 enum class OutcomeKind {
@@ -35,10 +35,10 @@ enum class OutcomeKind {
 /// The result of a gesture.
 struct Outcome {
   OutcomeKind kind = OutcomeKind::kDone;
-  Refusal refusal = Refusal::kNone;    // kNone unless refused
-  bool changed = false;                // whether the control has another value now
-  nrvcore::UTF16String entered{};      // as typed, when clamped or refused
-  nrvcore::UTF16String replacement{};  // what the field holds instead, when clamped or refused
+  Refusal refusal = Refusal::kNone;    // the reason when kind is kRefused
+  bool changed = false;                // whether the control's value differs from before
+  nrvcore::UTF16String entered{};      // as typed; empty unless clamped or refused
+  nrvcore::UTF16String replacement{};  // what the field shows now; empty unless clamped or refused
 
   bool IsRefused() const { return kind == OutcomeKind::kRefused; }
   bool IsClamped() const {
@@ -48,7 +48,7 @@ struct Outcome {
 
 NRV_EXPORT Outcome Refused(Refusal refusal, const nrvcore::UTF16String& entered = {});
 
-/// A sentence for the user, in their language. Empty when the gesture was done as entered.
+/// A sentence for the user, in their language. Empty unless the outcome is clamped or refused.
 NRV_EXPORT nrvcore::UTF16String Describe(const Outcome& outcome);
 
 }  // namespace nrvui::gestures

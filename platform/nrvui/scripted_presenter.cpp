@@ -16,7 +16,7 @@ using ui::UI_Node;
 
 namespace {
 
-/// The first match in breadth-first order, as in the dialog's own lookup.
+/// The first match in breadth-first order, as in the lookup of the module's dialogs.
 UI_Node* FindControl(const ui::UI_Dialog& dialog, std::string_view id) {
   std::deque<UI_Node*> queue = {dialog.GetRootView().get()};
   for (; !queue.empty(); queue.pop_front()) {
@@ -24,6 +24,17 @@ UI_Node* FindControl(const ui::UI_Dialog& dialog, std::string_view id) {
     for (const auto& child : ui::Children(*queue.front())) queue.push_back(child.get());
   }
   return nullptr;
+}
+
+/// The step's text as the user would type it: scripts have '.' as the decimal sign of numbers,
+/// users the sign of their language.
+nrvcore::UTF16String TypedText(const Step& step, const UI_Node& field) {
+  std::u16string text(nrvcore::utility::UTF8ToUTF16(step.text).View());
+  if (dynamic_cast<const controls::UI_NumberEdit*>(&field) != nullptr) {
+    std::replace(text.begin(), text.end(), u'.',
+                 nrvcore::config::Localizer::Get().GetDecimalSign());
+  }
+  return nrvcore::UTF16String(text);
 }
 
 std::string Sentence(const Outcome& outcome) {
@@ -40,7 +51,7 @@ std::optional<nrvcore::FileError> ScriptRun::Play(
     const std::function<Outcome(const Step&)>& play) const {
   for (const Step& step : script.Steps()) {
     try {
-      Note(step, play(step));
+      Check(step, play(step));
     } catch (const nrvcore::FileError& unplayable) {
       dialog.SetResponse(ui::kCancelResponse);
       return unplayable;
@@ -58,7 +69,7 @@ Outcome ScriptRun::Perform(const Step& step) const {
   switch (step.verb) {
     case Verb::kEnter: {
       UI_Node& field = Control(step);
-      return Enter(dialog, field, Typed(step, field));
+      return Enter(dialog, field, TypedText(step, field));
     }
     case Verb::kClick:
       return Click(dialog, Control(step));
@@ -80,16 +91,7 @@ UI_Node& ScriptRun::Control(const Step& step) const {
       Message("$$$/nrvui/Script/NoControl=the dialog has no control \"%1\"", {step.target}));
 }
 
-nrvcore::UTF16String ScriptRun::Typed(const Step& step, const UI_Node& field) {
-  std::u16string text(nrvcore::utility::UTF8ToUTF16(step.text).View());
-  if (dynamic_cast<const controls::UI_NumberEdit*>(&field) != nullptr) {
-    std::replace(text.begin(), text.end(), u'.',
-                 nrvcore::config::Localizer::Get().GetDecimalSign());
-  }
-  return nrvcore::UTF16String(text);
-}
-
-void ScriptRun::Note(const Step& step, const Outcome& outcome) const {
+void ScriptRun::Check(const Step& step, const Outcome& outcome) const {
   if (outcome.IsRefused()) throw nrvcore::FileError(script.Name(), step.line, Sentence(outcome));
   if (!outcome.IsClamped()) return;
   Report(script.Name() + ":" + std::to_string(step.line) + ": " + Sentence(outcome));

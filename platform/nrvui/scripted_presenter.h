@@ -11,31 +11,28 @@
 
 namespace nrvui::gestures {
 
-/// One run of a script on a dialog. It defines, for every presenter, which control a line refers
-/// to, what stops the run and what is reported.
+/// One run of a script in a dialog, for presenters. It finds the controls, decides what stops the
+/// run, and reports.
 class NRV_EXPORT ScriptRun {
  public:
-  /// All must outlive the run. `report` may be empty.
+  /// All arguments must outlive the run. `report` may be empty.
   ScriptRun(const GestureScript& gestureScript, ui::UI_Dialog& playedDialog,
             const std::function<void(const std::string&)>& report);
 
-  /// Calls `play` for each step. Reports clamped values; cancels a dialog that is still open at the
-  /// end. A nrvcore::FileError from `play`, or a refused gesture, stops the run and cancels the
-  /// dialog; returns that error.
+  /// Calls `play` for each step. Reports clamped values. Cancels and reports a dialog that is still
+  /// open at the end. A FileError of `play` or a refused gesture stops the run, cancels the dialog
+  /// and is returned.
   std::optional<nrvcore::FileError> Play(const std::function<Outcome(const Step&)>& play) const;
 
-  /// Performs the step's gesture on the nodes.
+  /// Performs the step's gesture.
   Outcome Perform(const Step& step) const;
 
-  /// Throws nrvcore::FileError when the dialog has no such control.
+  /// The control of a step that has one. Throws nrvcore::FileError when the dialog lacks it.
   ui::UI_Node& Control(const Step& step) const;
 
-  /// The step's text as the user would type it: a script has '.' as the decimal sign of numbers in
-  /// every language.
-  static nrvcore::UTF16String Typed(const Step& step, const ui::UI_Node& field);
-
  private:
-  void Note(const Step& step, const Outcome& outcome) const;
+  /// Reports a clamped value. Throws nrvcore::FileError for a refused gesture.
+  void Check(const Step& step, const Outcome& outcome) const;
   void Report(const std::string& message) const;
 
   const GestureScript& script;
@@ -43,12 +40,12 @@ class NRV_EXPORT ScriptRun {
   const std::function<void(const std::string&)>& reportFunction;
 };
 
-/// Plays a gesture script from its start on every dialog. A line that cannot be played stops the
-/// run and cancels the dialog; the end of the script cancels a dialog that is still open.
+/// Plays the whole script in each dialog. A line that cannot be played stops the run and cancels
+/// the dialog; the end of the script cancels a dialog that is still open.
 class NRV_EXPORT ScriptedPresenter final : public ui::DialogPresenter {
  public:
-  /// `report` receives, in UTF-8 with file and line, what a window would show: clamped values, and
-  /// a dialog that was left open.
+  /// `report` receives lines in UTF-8 with file and line number: for clamped values, and for a
+  /// dialog that the script left open.
   explicit ScriptedPresenter(GestureScript gestureScript,
                              std::function<void(const std::string&)> report = {});
 

@@ -2,6 +2,20 @@
 
 #include "platform/nrvcore/localizer.h"
 
+namespace nrvui::ui {
+
+template <class Node>
+MessageT<Node>::MessageT() = default;
+
+template <class Node>
+MessageT<Node>::~MessageT() = default;
+
+template class MessageT<UI_Node>;
+
+UI_ControlChangedMessage::~UI_ControlChangedMessage() = default;
+
+}  // namespace nrvui::ui
+
 namespace nrvui::controls {
 
 UI_ControlView::~UI_ControlView() = default;

@@ -1,33 +1,76 @@
 #pragma once
 
-#include "platform/nrvui/ui_message.h"
+#include "platform/nrvcore/error.h"
 #include "platform/nrvui/ui_views.h"
+
+namespace nrvui::ui {
+
+/// A message about a node. The toolkit delivers it to one function; it exists only during the
+/// delivery. Its class states what happened.
+template <class Node>
+class NRV_EXPORT MessageT {
+ public:
+  MessageT();
+  MessageT(const MessageT&) = delete;
+  MessageT& operator=(const MessageT&) = delete;
+  virtual ~MessageT();
+};
+
+extern template class MessageT<UI_Node>;
+
+/// The user changed a control.
+class NRV_EXPORT UI_ControlChangedMessage : public MessageT<UI_Node> {
+ public:
+  ~UI_ControlChangedMessage() override;
+};
+
+/// Adapts a function that takes a specific message class to one that takes the generic class.
+template <class Generic, class Specific>
+class MessageFunctionAdapter {
+ public:
+  explicit MessageFunctionAdapter(const boost::function1<void, Specific*>& specificFunction)
+      : function(specificFunction) {}
+
+  /// Throws the invalid-type-conversion error for a null message or one of another class, and
+  /// boost::bad_function_call when the function is empty.
+  void operator()(Generic* message) const {
+    auto* specific = dynamic_cast<Specific*>(message);
+    if (specific == nullptr) nrvcore::config::ThrowInvalidTypeConversion();
+    function(specific);
+  }
+
+ private:
+  boost::function1<void, Specific*> function;
+};
+
+}  // namespace nrvui::ui
 
 namespace nrvui::controls {
 
 using ChangeNotifyFunction = boost::function<void(ui::MessageT<ui::UI_Node>*)>;
 
-/// A control. Its setters are for code and do not notify. User input goes through the gestures
-/// (gesture.h), which notify the handler of the control that the user touched.
+/// The base of all controls. Its setters are for code and do not call the change handler; user
+/// input goes through the gestures (gesture.h), which do.
 class NRV_EXPORT UI_ControlView : public ui::UI_SubView {
  public:
   ~UI_ControlView() override;
 
-  /// Sets the handler, which is called after the user has changed the control; null removes it.
+  /// Replaces the change handler, which is called after the user has changed the control; null
+  /// removes it.
   void NotifyWhenChanged(const boost::shared_ptr<ChangeNotifyFunction>& notifyFunction);
-  /// Calls the handler. For gestures.
+  /// Calls the change handler. For gestures.
   void NotifyChangedByUser();
 
   void SetDisabled(bool disable);
   bool IsDisabled() const { return isDisabled; }
 
-  /// In a caption '&' precedes the mnemonic; "&&" is an ampersand.
+  /// '&' precedes the mnemonic; "&&" is an ampersand.
   void SetCaption(const nrvcore::UTF16String& newCaption);
   const nrvcore::UTF16String& GetCaption() const { return caption; }
-  /// Keys of two sentences: the control's purpose, and why it is disabled.
+  /// Localisation keys of two sentences: the control's purpose, and why it is disabled.
   void SetHelp(const nrvcore::String& key);
   void SetDisabledHelp(const nrvcore::String& key);
-  /// The sentence for the present state, in the user's language; may be empty.
+  /// The sentence for the present state, in the user's language. Empty without a key.
   nrvcore::UTF16String GetHelp() const;
   void ShowMnemonic(bool show);
   bool IsMnemonicShown() const { return mnemonicShown; }
@@ -35,35 +78,35 @@ class NRV_EXPORT UI_ControlView : public ui::UI_SubView {
  private:
   boost::shared_ptr<ChangeNotifyFunction> changed;
   nrvcore::UTF16String caption;
-  nrvcore::String help;  // a key: localising each help text would slow the opening of every dialog
+  nrvcore::String help;  // a key, because localising all help texts would slow down each opening
   nrvcore::String disabledHelp;
   bool isDisabled = false;
   bool mnemonicShown = false;
 };
 
-/// A push button. It has no value; its handler is called for each press.
+/// A push button. Its change handler is called for each press.
 class NRV_EXPORT UI_Button : public UI_ControlView {
  public:
   ~UI_Button() override;
 };
 
-/// A button that shows only its caption.
+/// A button that shows a caption and no icon.
 class NRV_EXPORT UI_TextButton : public UI_Button {
  public:
   ~UI_TextButton() override;
 };
 
-/// A text that cannot be edited: with a buddy control it is the control's label and may have a
+/// A text that the user cannot edit. With a buddy it is the label of that control and may have a
 /// mnemonic; without one it is shown literally.
 class NRV_EXPORT UI_StaticText : public UI_ControlView {
  public:
   ~UI_StaticText() override;
 
-  /// The caption, under the name that fields have for it.
+  /// The caption, under the name that it has in fields.
   void SetValue(const nrvcore::UTF16String& text);
   const nrvcore::UTF16String& GetValue() const { return GetCaption(); }
 
-  /// The node ID of the control that this labels; empty for none.
+  /// The node ID of the labelled control; empty for none.
   void SetBuddy(const nrvcore::String& nodeID);
   const nrvcore::String& GetBuddy() const { return buddy; }
 
@@ -85,8 +128,8 @@ class NRV_EXPORT UI_Checkbox : public UI_ControlView {
 
 enum RadioValue { kRadioOff = 0, kRadioOn = 1 };
 
-/// One of a dialog's radio buttons with the same group name. A click (gesture.h) deselects the
-/// others of the group; setting a value from code does not.
+/// A radio button. Those of a dialog with the same group name form a group. A click (gesture.h)
+/// deselects the others of the group; setting a value from code does not.
 class NRV_EXPORT UI_RadioButton : public UI_ControlView {
  public:
   ~UI_RadioButton() override;

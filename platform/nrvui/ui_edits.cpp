@@ -79,31 +79,31 @@ void UI_NumberEdit::SetValue(const nrvcore::UTF16String& newText) {
 }
 
 Outcome UI_NumberEdit::AcceptEntry(const nrvcore::UTF16String& entry) {
-  const Reading reading = Read(entry);
-  if (reading.outcome.changed) SetNumber(reading.number);
-  return reading.outcome;
+  const ParsedEntry parsed = ParseEntry(entry);
+  if (parsed.outcome.changed) SetNumber(parsed.number);
+  return parsed.outcome;
 }
 
-UI_NumberEdit::Reading UI_NumberEdit::Read(const nrvcore::UTF16String& entry) const {
+UI_NumberEdit::ParsedEntry UI_NumberEdit::ParseEntry(const nrvcore::UTF16String& entry) const {
   const ParsedNumber parsed = Parse(entry, GetUnit());
   if (parsed.refusal != Refusal::kNone) {
-    Reading refused{0, gestures::Refused(parsed.refusal, entry)};
+    ParsedEntry refused{0, gestures::Refused(parsed.refusal, entry)};
     refused.outcome.replacement = GetValue();
     return refused;
   }
-  Reading reading{std::clamp(parsed.value, lowerBound, GetUpperBound()), {}};
-  Outcome& outcome = reading.outcome;
-  const nrvcore::UTF16String shown = Format(reading.number);
-  // A bound is shown rounded. An entry that reads like the bound is not reported as clamped.
-  if (reading.number != parsed.value && shown != Format(parsed.value)) {
-    outcome.kind = parsed.value > reading.number ? OutcomeKind::kClampedToUpperBound
-                                                 : OutcomeKind::kClampedToLowerBound;
+  ParsedEntry accepted{std::clamp(parsed.value, lowerBound, GetUpperBound()), {}};
+  Outcome& outcome = accepted.outcome;
+  const nrvcore::UTF16String shown = Format(accepted.number);
+  // Rounding for display may exceed the bound; an entry with the same text as the bound is valid.
+  if (accepted.number != parsed.value && shown != Format(parsed.value)) {
+    outcome.kind = parsed.value > accepted.number ? OutcomeKind::kClampedToUpperBound
+                                                  : OutcomeKind::kClampedToLowerBound;
     outcome.entered = entry;
     outcome.replacement = shown;
   }
-  // An entry that reads like the field can change it: the number can have more decimals.
-  outcome.changed = reading.number != GetNumber();
-  return reading;
+  // Compares numbers, not texts: the field's number may have more decimals than it shows.
+  outcome.changed = accepted.number != GetNumber();
+  return accepted;
 }
 
 nrvcore::UTF16String UI_NumberEdit::Format(double value) const {

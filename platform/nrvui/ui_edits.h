@@ -17,16 +17,16 @@ class NRV_EXPORT UI_TextEdit : public UI_ControlView {
   virtual nrvcore::UTF16String GetValue() const;
   virtual void SetValue(const nrvcore::UTF16String& newText);
 
-  /// Sets the value to an entry of the user, if it is valid, without notifying the handler.
+  /// Sets the value to a valid entry of the user, without calling the change handler.
   virtual gestures::Outcome AcceptEntry(const nrvcore::UTF16String& entry);
 
  private:
   nrvcore::UTF16String text;
 };
 
-/// A text field that shows a number; its text is always the formatted value. Code can set any
-/// value, whatever the bounds; the user's entries are clamped to them. An upper bound below the
-/// lower bound is treated as equal to it.
+/// A field for a number. Its text is always the formatted value. Code can set values outside the
+/// bounds; entries of the user are clamped to them. An upper bound below the lower bound counts as
+/// equal to it.
 class NRV_EXPORT UI_NumberEdit : public UI_TextEdit {
  public:
   ~UI_NumberEdit() override;
@@ -46,14 +46,14 @@ class NRV_EXPORT UI_NumberEdit : public UI_TextEdit {
   void SetValue(const nrvcore::UTF16String& newText) override;
   gestures::Outcome AcceptEntry(const nrvcore::UTF16String& entry) override;
 
-  struct Reading {
+  struct ParsedEntry {
     double number = 0;  // within the bounds; 0 when the entry is refused
     gestures::Outcome outcome;
   };
-  /// What AcceptEntry would make of an entry. The field stays as it is.
-  Reading Read(const nrvcore::UTF16String& entry) const;
+  /// The result that AcceptEntry would have. Changes nothing.
+  ParsedEntry ParseEntry(const nrvcore::UTF16String& entry) const;
 
-  /// A value as the field would show it.
+  /// A value as the field shows it.
   nrvcore::UTF16String Format(double value) const;
 
  private:
@@ -62,7 +62,7 @@ class NRV_EXPORT UI_NumberEdit : public UI_TextEdit {
   double upperBound = std::numeric_limits<double>::infinity();
 };
 
-/// A number field with a unit; without one it shows a bare number.
+/// A number field with a unit. Until SetCustomUnit it shows a bare number.
 template <class Base>
 class NRV_EXPORT UI_UnitNumberBaseT : public Base {
  public:
@@ -70,7 +70,7 @@ class NRV_EXPORT UI_UnitNumberBaseT : public Base {
 
   ~UI_UnitNumberBaseT() override;
 
-  /// Does not convert the number: 100 % becomes 100 pt.
+  /// Sets the unit and keeps the number: 100 % becomes 100 pt.
   void SetCustomUnit(CustomNumberEditUnit customUnit);
   NumberUnit GetUnit() const override;
 

@@ -9,7 +9,8 @@ namespace nrvui::ui {
 namespace {
 
 nrvcore::geom::PointT<float> SizeOf(const nrvcore::geom::RectT<float>& rect) {
-  return {nrvcore::geom::Bounded(rect.Width(), 0), nrvcore::geom::Bounded(rect.Height(), 0)};
+  return {nrvcore::geom::ClampLength(rect.Width(), 0),
+          nrvcore::geom::ClampLength(rect.Height(), 0)};
 }
 
 }  // namespace
@@ -24,14 +25,14 @@ UI_Node::~UI_Node() noexcept(false) {
 void UI_Node::ChildPushBack(const boost::intrusive_ptr<UI_Node>& child) {
   if (child == nullptr) throw std::invalid_argument("a child is null");
   if (child->IsAtOrAbove(*this)) throw std::invalid_argument("a node would contain itself");
-  boost::intrusive_ptr<UI_Node> added =
-      child;  // `child` may refer to an element that is erased below
-  UI_Node* const former = added->parent;
-  children.emplace_back();  // may throw, so before any change
-  if (former != nullptr) std::erase(former->children, added);
+  // A copy, because `child` may refer to an element that is erased below.
+  boost::intrusive_ptr<UI_Node> added = child;
+  UI_Node* const oldParent = added->parent;
+  children.emplace_back();  // may throw, so it precedes all changes
+  if (oldParent != nullptr) std::erase(oldParent->children, added);
   added->parent = this;
   children.back() = std::move(added);
-  if (former != nullptr && former != this) former->UI_Changed();
+  if (oldParent != nullptr && oldParent != this) oldParent->UI_Changed();
   UI_Changed();
 }
 

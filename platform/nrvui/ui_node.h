@@ -15,31 +15,32 @@ namespace nrvui::ui {
 
 class UI_Node;
 
-/// Receives every change of a node, by code or by the user: value, bounds, unit, caption, enabled
-/// and shown state, rectangle, position, children, a dialog's response. A presenter with real
-/// windows mirrors nodes this way.
+/// Receives every change of a node, whether by code or by the user: value, bounds, unit, caption,
+/// enabled and shown state, size, children, a dialog's placement and response. Presenters with real
+/// windows observe nodes to show them.
 class NodeObserver {
  public:
   virtual void NodeChanged(UI_Node& node) = 0;
-  /// Called by the node's destructor; only the address may be used. It may throw only for a node
-  /// that a direct call of intrusive_ptr_release destroys: a parent releases its children through
-  /// smart pointers, whose destructors must not throw.
+  /// Called by the node's destructor; use only the node's address. It may throw only if a direct
+  /// call of intrusive_ptr_release destroys the node: a parent releases its children through smart
+  /// pointers, whose destructors must not throw.
   virtual void NodeDestroyed(UI_Node&) {}
 
  protected:
   ~NodeObserver() = default;
 };
 
-/// An ordered, contiguous sequence of child nodes, each held by a reference. Leaves have none.
+/// An ordered, contiguous sequence of child nodes, each held by a reference. A leaf's is empty.
 class UI_Container {
  public:
-  /// Both are valid until the children change.
+  /// The pointers are valid until the children change.
   virtual const boost::intrusive_ptr<UI_Node>* ChildBegin() const = 0;
   virtual const boost::intrusive_ptr<UI_Node>* ChildEnd() const = 0;
-  /// Appends a child and removes it from its former parent. Throws std::invalid_argument for null,
-  /// for this node and for its ancestors.
+  /// Appends a child and removes it from its previous parent. Throws std::invalid_argument for
+  /// null, for this node and for its ancestors.
   virtual void ChildPushBack(const boost::intrusive_ptr<UI_Node>& child) = 0;
-  /// Exchanges the children at two positions; throws std::out_of_range when one doesn't exist.
+  /// Exchanges the children at two positions, counted from 0. Throws std::out_of_range for a
+  /// position without a child.
   virtual void ChildSwapOrder(unsigned long first, unsigned long second) = 0;
 
  protected:
@@ -61,7 +62,7 @@ class NRV_EXPORT UI_Node : public UI_Container {
   UI_Node& operator=(const UI_Node&) = delete;
   virtual ~UI_Node() noexcept(false);
 
-  // Final and inline, because a lookup calls them for every node.
+  // Final and inline, because lookups call them for every node.
   const boost::intrusive_ptr<UI_Node>* ChildBegin() const final { return children.data(); }
   const boost::intrusive_ptr<UI_Node>* ChildEnd() const final {
     return children.data() + children.size();
@@ -78,32 +79,35 @@ class NRV_EXPORT UI_Node : public UI_Container {
   void UI_SetNodeID(const nrvcore::String& id);
 
   UI_Container* UI_GetParentContainer() const;
-  /// The index among the parent's children; throws std::logic_error for a node without parent.
+  /// The position among the parent's children, from 0. Throws std::logic_error for a node without
+  /// a parent.
   unsigned long UI_GetIndex() const;
 
-  /// The node's size as a rectangle at (0, 0). Both values of `inParent` return the same, because
-  /// only presenters position nodes.
+  /// The node's size as a rectangle at (0, 0), in points. `inParent` has no effect, because only
+  /// presenters position nodes.
   nrvcore::geom::RectT<float> UI_GetLocalRectF(bool inParent = false) const;
-  /// Sets the size to the rectangle's width and height, clamped to 0 to 1,000,000 points. If it
-  /// differs, calls UI_ContentRectChanged, then the notify function.
+  /// Sets the size to the rectangle's width and height, clamped to 0 to 1,000,000 points. If the
+  /// size differs, calls UI_ContentRectChanged and then the notify function.
   void UI_SetLocalRectF(const nrvcore::geom::RectT<float>& rect);
+  /// Replaces the notify function; null removes it.
   void UI_InstallSizeChangedNotifyFunction(
       const boost::shared_ptr<boost::function<void()>>& notifyFunction);
 
   void UI_Show(bool show);
   bool UI_IsShown() const { return shown; }
-  /// Whether it and all its ancestors are shown.
+  /// Whether the node and all its ancestors are shown.
   bool UI_IsVisible() const;
 
-  /// At most one; null removes it. The node does not own it: remove it before its destruction.
+  /// Replaces the observer, which the node does not own; null removes it. Remove it before its
+  /// destruction.
   void UI_SetObserver(NodeObserver* nodeObserver);
 
   std::int32_t UI_GetReferenceCount() const;
-  /// For a node that is not on the heap: no release destroys it.
+  /// Protects a node on the stack: its last release does not delete it.
   void UI_KeepOnLastRelease(bool keep);
 
  protected:
-  /// Notifies the observer. Call it after every visible change.
+  /// Notifies the observer. Derived classes call it after every visible change.
   void UI_Changed();
 
  private:
@@ -112,7 +116,7 @@ class NRV_EXPORT UI_Node : public UI_Container {
 
   bool IsAtOrAbove(const UI_Node& other) const;
 
-  // The members that a lookup reads come first, so that it touches fewer cache lines.
+  // The members that lookups read come first, so that they share a cache line.
   mutable std::atomic<std::int32_t> referenceCount{0};
   mutable bool beingDestroyed = false;
   bool keptOnLastRelease = false;
@@ -129,8 +133,8 @@ inline void intrusive_ptr_add_ref(const UI_Node* node) noexcept {
   node->referenceCount.fetch_add(1, std::memory_order_relaxed);
 }
 
-/// Destroys the node when the count becomes 0, unless it is kept. An exception of the destruction
-/// reaches the caller, which the destructor of boost::intrusive_ptr does not allow.
+/// Deletes the node when the count becomes 0, unless it is kept. An exception of its destructor
+/// reaches a direct caller; in the destructor of boost::intrusive_ptr it ends the process.
 inline void intrusive_ptr_release(const UI_Node* node) {
   if (node->referenceCount.fetch_sub(1, std::memory_order_acq_rel) != 1) return;
   if (node->beingDestroyed || node->keptOnLastRelease) return;
@@ -138,7 +142,7 @@ inline void intrusive_ptr_release(const UI_Node* node) {
   delete node;
 }
 
-/// Calls `visit` with every descendant of `top` of a class, parents before their children.
+/// Calls `visit` with every descendant of `top` that is a `Node`, parents before their children.
 template <class Node, class Visit>
 void ForEachBelow(const UI_Container& top, const Visit& visit) {
   for (const auto& child : Children(top)) {

@@ -9,7 +9,8 @@
 
 namespace nrvui::ui {
 
-/// The platform settings by key, with values of any type. Dialogs read them during construction.
+/// The platform settings by key, with values of any type. Dialogs read them when they are
+/// constructed.
 class NRV_EXPORT CustomSettingsManager {
  public:
   CustomSettingsManager();
@@ -24,10 +25,10 @@ class NRV_EXPORT CustomSettingsManager {
   std::map<std::string, boost::any> settings;
 };
 
-/// The toolkit's only manager.
+/// The toolkit's singleton, which owns the platform settings. User-interface thread only.
 class NRV_EXPORT UI_NodeManager {
  public:
-  /// Never null: `create` has no effect, because the manager is always created.
+  /// `create` has no effect: the manager always exists.
   static UI_NodeManager& Get(bool create = false);
 
   UI_NodeManager(const UI_NodeManager&) = delete;
@@ -42,7 +43,7 @@ class NRV_EXPORT UI_NodeManager {
   mutable CustomSettingsManager customSettings;
 };
 
-/// The theme of layouts for which a dialog requests no other.
+/// The theme of a dialog that requests none.
 NRV_EXPORT nrvcore::UTF16String GetDefaultThemeName();
 
 }  // namespace nrvui::ui

@@ -26,7 +26,7 @@ void UI_Panel::SetArrangement(PanelArrangement newArrangement) {
 }
 
 void UI_Panel::SetColumnCount(unsigned count) {
-  if (count == 0 || count > kMostColumns) throw std::invalid_argument("a grid's columns");
+  if (count == 0 || count > kMaxColumns) throw std::invalid_argument("a grid's columns");
   columnCount = count;
   UI_Changed();
 }

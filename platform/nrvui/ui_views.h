@@ -13,14 +13,14 @@ class NRV_EXPORT UI_SubView : public UI_Node {
   void UI_TurnMnemonicsOnOffForAllChildren(bool on);
 };
 
-/// A view with a window of its own: the root view of a dialog.
+/// The root view of a dialog.
 class NRV_EXPORT OS_View : public UI_SubView {
  public:
   ~OS_View() override;
 };
 
-/// The layout node, between the sheet view and the panels. Its rectangle is the size of the
-/// content; a presenter that measures the content sets it, and the dialog follows.
+/// The layout node, between the sheet view and the panels. Its size is the size of the content. A
+/// presenter that measures the content sets it, and the dialog adapts to it.
 class NRV_EXPORT UI_Layout : public UI_SubView {
  public:
   ~UI_Layout() override;
@@ -28,28 +28,28 @@ class NRV_EXPORT UI_Layout : public UI_SubView {
 
 enum class PanelArrangement { kColumn, kRow, kGrid };
 
-/// States how its children are arranged. The presenter places them, because their sizes depend on
-/// its fonts.
+/// A group of nodes with an arrangement. Presenters place the nodes, because their sizes depend on
+/// the presenter's fonts.
 class NRV_EXPORT UI_Panel : public UI_SubView {
  public:
-  static constexpr unsigned kMostColumns = 16;
+  static constexpr unsigned kMaxColumns = 16;
 
   ~UI_Panel() override;
 
   void SetArrangement(PanelArrangement newArrangement);
   PanelArrangement GetArrangement() const { return arrangement; }
 
-  /// For a grid, which its children fill row by row. Throws std::invalid_argument unless `count` is
-  /// from 1 to kMostColumns.
+  /// The number of columns of a grid, whose children fill it row by row. Throws
+  /// std::invalid_argument unless `count` is from 1 to kMaxColumns.
   void SetColumnCount(unsigned count);
   unsigned GetColumnCount() const { return columnCount; }
 
-  /// A panel with a title has a frame. Empty means neither.
+  /// A panel with a title has a frame; an empty title removes both.
   void SetTitle(const nrvcore::UTF16String& newTitle);
   const nrvcore::UTF16String& GetTitle() const { return title; }
 
-  /// Whether it has neither title nor children. It then takes the remaining space of a row or
-  /// column, and one cell of a grid.
+  /// Whether the panel is a spacer: without title and children. A spacer takes the remaining space
+  /// of a row or column, or one cell of a grid.
   bool IsSpace() const;
 
  private:

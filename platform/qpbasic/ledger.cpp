@@ -4,57 +4,33 @@
 #include <array>
 #include <cstdlib>
 #include <cstring>
-#include <functional>
 #include <map>
 #include <new>
 #include <optional>
 #include <set>
 #include <sstream>
 #include <unordered_map>
-#include <utility>
 
 namespace qpbasic {
 
 struct Block {
   void* address;
   size_t size;
-  const char* debugName;
-  uint64_t serial;
-  size_t tail = 0;  // additional bytes that detect writes beyond the end, 0 without WatchContents
+  const char* debugName;  // null for none
+  uint64_t serial;        // numbers the blocks in the order of their allocation
+  size_t guardSize;       // bytes after the block that detect writes; 0 without WatchContents
 };
-
-/// Allocates with malloc. Tests count the calls of the global operator new, which must not include
-/// the ledger's own allocations: their number depends on the C++ library.
-template <typename T>
-struct MallocAllocator {
-  using value_type = T;
-
-  MallocAllocator() = default;
-  template <typename Other>
-  explicit(false) MallocAllocator(const MallocAllocator<Other>&) {}
-
-  T* allocate(size_t count) {
-    if (void* const memory = std::malloc(count * sizeof(T))) return static_cast<T*>(memory);
-    throw std::bad_alloc();
-  }
-  void deallocate(T* memory, size_t) { std::free(memory); }
-
-  bool operator==(const MallocAllocator&) const = default;
-};
-
-using Blocks = std::unordered_map<void*, Block, std::hash<void*>, std::equal_to<>,
-                                  MallocAllocator<std::pair<void* const, Block>>>;
 
 namespace {
 
-constexpr size_t kFaultTexts = 100;
-constexpr size_t kRememberedFrees = 1024;
+constexpr size_t kMaxFaultTexts = 100;
+constexpr size_t kRecentFrees = 1024;
 
-constexpr size_t kWatchedTail = 16;
-constexpr unsigned char kFresh = 0xA5;
-constexpr unsigned char kReleased = 0xDD;
+constexpr size_t kGuardSize = 16;
+constexpr unsigned char kAllocatedFill = 0xA5;
+constexpr unsigned char kFreedFill = 0xDD;
 
-bool Holds(const void* memory, size_t size, unsigned char byte) {
+bool IsFilledWith(const void* memory, size_t size, unsigned char byte) {
   const auto* const bytes = static_cast<const unsigned char*>(memory);
   return std::all_of(bytes, bytes + size, [byte](unsigned char each) { return each == byte; });
 }
@@ -69,22 +45,23 @@ std::string Describe(const Block& block) {
 }  // namespace
 
 struct Ledger::State {
-  Blocks allocated;
+  std::unordered_map<void*, Block> allocated;
   LedgerCounts counts;
   std::optional<Refusal> refusal;
   std::set<std::string, std::less<>> debugNames;
-  std::array<Block, kRememberedFrees> lastFreed;
-  size_t freed = 0;
+  std::array<Block, kRecentFrees> recentlyFreed{};  // a ring buffer
+  size_t freed = 0;                                 // the number of blocks freed so far
   std::vector<std::string> faults;
   bool watches = false;
 
   bool IsRefused(ResultCode* code);
-  const char* Keep(const char* debugName);
-  void Note(const std::string& fault);
-  void NoteUnknown(void* address);
-  /// Adds a block to those freed last, in place of the one freed the longest time ago.
-  void Remember(const Block& block);
-  void CheckReleased(Block& block);
+  /// A copy of the name that lives as long as the ledger.
+  const char* Intern(const char* debugName);
+  void AddFault(const std::string& fault);
+  void AddUnknownFree(void* address);
+  /// Adds a block to the ring buffer of freed blocks and returns the replaced one to the system.
+  void AddFreed(const Block& block);
+  void CheckFreed(const Block& block);
 };
 
 bool Ledger::State::IsRefused(ResultCode* code) {
@@ -99,47 +76,48 @@ bool Ledger::State::IsRefused(ResultCode* code) {
   return true;
 }
 
-const char* Ledger::State::Keep(const char* debugName) {
+const char* Ledger::State::Intern(const char* debugName) {
   if (!debugName) return nullptr;
   const auto known = debugNames.find(std::string_view(debugName));
   if (known != debugNames.end()) return known->c_str();
   return debugNames.emplace(debugName).first->c_str();
 }
 
-void Ledger::State::Note(const std::string& fault) {
+void Ledger::State::AddFault(const std::string& fault) {
   ++counts.faults;
-  if (faults.size() < kFaultTexts) faults.push_back(fault);
+  if (faults.size() < kMaxFaultTexts) faults.push_back(fault);
 }
 
-void Ledger::State::NoteUnknown(void* address) {
-  // Addresses are reused, so the last block that had this one was freed twice.
-  for (size_t back = 1; back <= std::min(freed, kRememberedFrees); ++back) {
-    const Block& earlier = lastFreed[(freed - back) % kRememberedFrees];
-    if (earlier.address == address) return Note("freed twice: " + Describe(earlier));
+void Ledger::State::AddUnknownFree(void* address) {
+  // The system reuses addresses: of the blocks with this one, the last was freed twice.
+  for (size_t back = 1; back <= std::min(freed, kRecentFrees); ++back) {
+    const Block& earlier = recentlyFreed[(freed - back) % kRecentFrees];
+    if (earlier.address == address) return AddFault("freed twice: " + Describe(earlier));
   }
   std::ostringstream text;
   text << "freed but foreign: " << address;
-  Note(text.str());
+  AddFault(text.str());
 }
 
-void Ledger::State::Remember(const Block& block) {
-  Block& place = lastFreed[freed++ % kRememberedFrees];
-  if (place.tail > 0) {
-    CheckReleased(place);
-    std::free(place.address);
+void Ledger::State::AddFreed(const Block& block) {
+  Block& entry = recentlyFreed[freed++ % kRecentFrees];
+  if (entry.guardSize > 0) {
+    CheckFreed(entry);
+    std::free(entry.address);
   }
-  place = block;
-  if (block.tail == 0) return std::free(block.address);
+  entry = block;
+  if (block.guardSize == 0) return std::free(block.address);
   char* const bytes = static_cast<char*>(block.address);
-  if (!Holds(bytes + block.size, block.tail, kFresh))
-    Note("written beyond its end: " + Describe(block));
-  std::memset(bytes, kReleased, block.size + block.tail);
+  if (!IsFilledWith(bytes + block.size, block.guardSize, kAllocatedFill))
+    AddFault("written beyond its end: " + Describe(block));
+  std::memset(bytes, kFreedFill, block.size + block.guardSize);
 }
 
-void Ledger::State::CheckReleased(Block& block) {
-  if (block.tail == 0 || Holds(block.address, block.size + block.tail, kReleased)) return;
-  Note("written after its release: " + Describe(block));
-  std::memset(block.address, kReleased, block.size + block.tail);
+void Ledger::State::CheckFreed(const Block& block) {
+  if (block.guardSize == 0 || IsFilledWith(block.address, block.size + block.guardSize, kFreedFill))
+    return;
+  AddFault("written after its release: " + Describe(block));
+  std::memset(block.address, kFreedFill, block.size + block.guardSize);
 }
 
 Ledger::Ledger() : state(new State) {}
@@ -154,14 +132,14 @@ ResultCode Ledger::Allocate(size_t size, const char* debugName, void** block) no
   *block = nullptr;
   ResultCode code = ResultCode::kSuccess;
   if (state->IsRefused(&code)) return code;
-  // At least one byte, so that an empty block has an address of its own.
-  const size_t tail = state->watches ? kWatchedTail : 0;
-  void* memory = std::malloc(std::max<size_t>(size + tail, 1));
+  // At least one byte, so that empty blocks have distinct addresses.
+  const size_t guardSize = state->watches ? kGuardSize : 0;
+  void* memory = std::malloc(std::max<size_t>(size + guardSize, 1));
   if (!memory) return ResultCode::kOutOfMemory;
-  if (state->watches) std::memset(memory, kFresh, size + tail);
+  if (state->watches) std::memset(memory, kAllocatedFill, size + guardSize);
   try {
-    state->allocated.try_emplace(
-        memory, Block{memory, size, state->Keep(debugName), state->counts.totalBlocks + 1, tail});
+    state->allocated.try_emplace(memory, Block{memory, size, state->Intern(debugName),
+                                               state->counts.totalBlocks + 1, guardSize});
   } catch (...) {
     std::free(memory);
     return ResultCode::kOutOfMemory;
@@ -178,7 +156,7 @@ ResultCode Ledger::Free(void* block) noexcept {
   const auto entry = state->allocated.find(block);
   if (entry == state->allocated.end()) {
     try {
-      state->NoteUnknown(block);
+      state->AddUnknownFree(block);
     } catch (...) {  // no memory for the text; the fault is counted
     }
     return kUnknownBlock;
@@ -187,7 +165,7 @@ ResultCode Ledger::Free(void* block) noexcept {
   state->counts.bytes -= freed.size;
   state->allocated.erase(entry);
   try {
-    state->Remember(freed);
+    state->AddFreed(freed);
   } catch (...) {  // no memory for the text; the fault is counted
   }
   return ResultCode::kSuccess;
@@ -203,7 +181,7 @@ uint64_t Ledger::Mark() const {
   return state->counts.totalBlocks;
 }
 
-std::vector<std::string> Ledger::Forgotten(uint64_t mark) const {
+std::vector<std::string> Ledger::Unfreed(uint64_t mark) const {
   std::map<uint64_t, Block> blocks;
   for (const auto& [address, block] : state->allocated)
     if (block.serial > mark) blocks.emplace(block.serial, block);
@@ -213,11 +191,11 @@ std::vector<std::string> Ledger::Forgotten(uint64_t mark) const {
 }
 
 std::vector<std::string> Ledger::Faults() const {
-  for (Block& released : state->lastFreed) state->CheckReleased(released);
+  for (const Block& freed : state->recentlyFreed) state->CheckFreed(freed);
   return state->faults;
 }
 
-void Ledger::ForgetFaults() {
+void Ledger::ClearFaults() {
   state->faults.clear();
   state->counts.faults = 0;
 }
@@ -230,7 +208,7 @@ void Ledger::Refuse(const Refusal& refusal) {
   state->refusal = refusal;
 }
 
-void Ledger::RefuseNothing() {
+void Ledger::ClearRefusal() {
   state->refusal.reset();
 }
 

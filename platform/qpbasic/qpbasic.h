@@ -10,12 +10,11 @@
 extern "C" {
 
 /// Allocates `size` bytes, 0 or more, and writes the block's address to `*block`, aligned for any
-/// ordinary type. The caller owns the block until QPBasicFreeBlock, even while its code is
-/// unloaded. After a failure the result is not 0 and `*block` is null.
+/// type without extended alignment. The caller owns the block until QPBasicFreeBlock, even while
+/// its code is unloaded. Fails with a result other than 0, or with 0 and a null `*block`.
 __attribute__((visibility("default"))) ResultCode QPBasicAllocateBlock(size_t size,
                                                                        void** block) noexcept;
 
-/// Frees a block of QPBasicAllocateBlock. Null is allowed and does nothing. Callers ignore the
-/// result.
+/// Frees a block of QPBasicAllocateBlock. Null has no effect. The module ignores the result.
 __attribute__((visibility("default"))) ResultCode QPBasicFreeBlock(void* block) noexcept;
 }

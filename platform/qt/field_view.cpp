@@ -207,7 +207,7 @@ FieldView::ProblemText NumberFieldView::ValueProblem(const QString& origin) cons
 void NumberFieldView::TextChanged() {
   std::optional<double> typed;
   if (IsEdited()) {
-    const auto reading = number.Read(FromQString(Text()));
+    const auto reading = number.ParseEntry(FromQString(Text()));
     if (!reading.outcome.IsRefused()) typed = reading.number;
   }
   widget.SetTyped(typed);
@@ -215,7 +215,7 @@ void NumberFieldView::TextChanged() {
 
 std::optional<PendingEntry> NumberFieldView::Pending() const {
   if (!IsEdited()) return std::nullopt;
-  const auto reading = number.Read(FromQString(Text()));
+  const auto reading = number.ParseEntry(FromQString(Text()));
   if (reading.outcome.IsRefused() || reading.outcome.IsClamped()) return std::nullopt;
   return PendingEntry{&number, reading.number};
 }

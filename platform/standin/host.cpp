@@ -5,7 +5,7 @@
 
 #include "platform/qpbasic/ledger.h"
 #include "platform/standin/sheet_service.h"
-#include "platform/vxui/modal_context.h"
+#include "platform/vxui/dialogs.h"
 
 namespace standin {
 namespace {
@@ -27,7 +27,7 @@ Host::Host(UserInterface& screen, const ResourceFolders& resources)
       hostModule(objects.modules.Add({.fileName = "host", .name = "host", .isHost = true})),
       ledgerMark(qpbasic::Ledger::Get().Mark()) {
   if (currentHost) throw std::logic_error("a process has one host at a time");
-  qpbasic::Ledger::Get().ForgetFaults();  // of an earlier host
+  qpbasic::Ledger::Get().ClearFaults();  // of an earlier host
   AddSuites();
   currentHost = this;
 }
@@ -89,7 +89,7 @@ std::vector<std::string> Host::Leftovers() const {
   if (const int depth = vx::ui::ModalContext::Depth())
     lines.push_back(std::to_string(depth) + " modal contexts are alive");
   const qpbasic::Ledger& ledger = qpbasic::Ledger::Get();
-  for (const std::string& block : ledger.Forgotten(ledgerMark))
+  for (const std::string& block : ledger.Unfreed(ledgerMark))
     lines.push_back("not freed: " + block);
   for (const std::string& fault : ledger.Faults()) lines.push_back(fault);
   return lines;

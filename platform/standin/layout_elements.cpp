@@ -137,7 +137,7 @@ void CheckName(UI_Node&, const LayoutAttribute& value) {
 void SetColumns(UI_Node& node, const LayoutAttribute& value) {
   auto& panel = static_cast<UI_Panel&>(node);
   panel.SetArrangement(PanelArrangement::kGrid);
-  panel.SetColumnCount(value.AsCount(UI_Panel::kMostColumns));
+  panel.SetColumnCount(value.AsCount(UI_Panel::kMaxColumns));
 }
 
 constexpr AttributeRule kSheetAttributes[] = {

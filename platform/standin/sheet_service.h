@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "platform/nrvui/os_dialog.h"
+#include "platform/nrvui/ui_dialog.h"
 #include "platform/standin/live_token.h"
 #include "platform/vxui/host_interfaces.h"
 

@@ -4,6 +4,19 @@
 
 namespace vx::ui {
 
+/// Exists during a modal run, so that the host knows whether a plug-in runs a dialog.
+class NRV_EXPORT ModalContext {
+ public:
+  /// `blocksApplication` has no effect: presenters always block the application's input.
+  explicit ModalContext(bool blocksApplication);
+  ModalContext(const ModalContext&) = delete;
+  ModalContext& operator=(const ModalContext&) = delete;
+  ~ModalContext();
+
+  /// The number of contexts that exist.
+  static int Depth();
+};
+
 /// A modal dialog that pops up from another element.
 class NRV_EXPORT UI_PopupModalDialog : public nrvui::ui::UI_Dialog {
  public:
@@ -12,12 +25,10 @@ class NRV_EXPORT UI_PopupModalDialog : public nrvui::ui::UI_Dialog {
 
   void RunModal() override;
 
-  /// Called first by RunModal, which cancels the dialog if it returns false.
-  virtual bool MayPopUp();
-  /// Called before the run; an exception ends RunModal.
-  virtual void OnPopUp();
-  /// Called after the run if OnPopUp returned, also when the run throws.
-  virtual void OnDismiss() noexcept;
+  // They reserve the class's three slots in the virtual table; nothing calls them.
+  virtual void Unused0();
+  virtual void Unused1();
+  virtual void Unused2();
 };
 
 /// A dialog that floats above the host's documents.

@@ -5,9 +5,8 @@
 #include <boost/smart_ptr/shared_ptr.hpp>
 #include <cstdint>
 
-#include "platform/nrvcore/export.h"
 #include "platform/nrvcore/string.h"
-#include "platform/nrvui/os_dialog.h"
+#include "platform/nrvui/ui_dialog.h"
 #include "platform/nrvui/ui_node.h"
 
 struct OpaqueModule;
@@ -20,34 +19,36 @@ namespace vx {
 class UnicodeString;
 }
 
-// The host owns these objects. Plug-ins call the supplier source, the holder and the factory by
-// virtual-table slot: the order and number of the slots are fixed, so the destructors are not
-// virtual.
+// The host implements these classes and owns their objects. Plug-ins call them on the
+// user-interface thread, by slot of the virtual table. The order and number of the slots are fixed,
+// so only VXUICairnSheet has a virtual destructor. An exception of an operation ends the plug-in's
+// dialog: RunMosaicDialog returns kCannot.
 
 /// Provides the drawing supplier. Plug-ins call only the named operation.
-class NRV_EXPORT DrawingSupplierSource {
+class DrawingSupplierSource {
  public:
-  virtual void Unused0();
-  virtual void Unused1();
-  virtual void Unused2();
+  virtual void Unused0() {}
+  virtual void Unused1() {}
+  virtual void Unused2() {}
+  /// The host's drawing functions, which outlive all dialogs; may be null.
   virtual const nrvui::drawbot::SupplierInterface* GetDrawingSupplier() = 0;
 
  protected:
   ~DrawingSupplierSource() = default;
 };
 
-/// The property sheet of a built layout. Dialogs share its ownership and call nothing of it.
-class NRV_EXPORT VXUICairnSheet {
+/// The property sheet of a layout. Dialogs share its ownership and call none of its operations.
+class VXUICairnSheet {
  public:
-  virtual ~VXUICairnSheet();
+  virtual ~VXUICairnSheet() = default;
 };
 
-/// A layout that the host has built. If an operation throws, RunMosaicDialog returns kCannot.
+/// A layout that the host has built for one dialog. The dialog shares its ownership.
 class SheetHolder {
  public:
-  /// The content of the dialog; null for none.
+  /// The dialog's content, a nrvui::ui::UI_SubView; null for none.
   virtual boost::intrusive_ptr<nrvui::ui::UI_Node> GetSheetView() = 0;
-  /// The node in the view whose size is the content's; with null the dialog keeps the view's
+  /// The node in the view whose size is the content's. If it is null, the dialog keeps the view's
   /// initial size.
   virtual boost::intrusive_ptr<nrvui::ui::UI_Node> GetLayoutNode() = 0;
   /// May be null.
@@ -56,9 +57,8 @@ class SheetHolder {
   virtual boost::intrusive_ptr<nrvui::ui::UI_Node> GetInitialFocus() = 0;
   /// Gives the layout the size of its dialog, in whole points, 0 to 1,000,000.
   virtual void ResizeSheet(std::int32_t width, std::int32_t height) = 0;
-  /// Sets the function that receives the sheet's messages, on the user-interface thread; null
-  /// removes it. The dialog never removes it, so the holder must not call it after the dialog's
-  /// destruction.
+  /// Sets the function that receives the sheet's messages; null removes it. The dialog never
+  /// removes it, so the holder must not call it after the dialog's destruction.
   virtual void SetMessageCallback(
       boost::shared_ptr<boost::function<void(const vx::UnicodeString&)>> callback) = 0;
 
@@ -67,18 +67,18 @@ class SheetHolder {
 };
 
 /// Builds layouts. Plug-ins call only the two named operations.
-class NRV_EXPORT SheetFactory {
+class SheetFactory {
  public:
-  /// Builds layout `resourceID` of a plug-in in a theme; null if the host cannot.
+  /// Builds layout `resourceID` of the plug-in in the named theme. Null if the host cannot.
   virtual boost::shared_ptr<SheetHolder> CreateSheetHolder(OpaqueModule* pluginRef,
                                                            std::uint32_t resourceID,
                                                            const nrvcore::UTF16String& theme) = 0;
-  virtual void Unused1();
-  virtual void Unused2();
-  virtual void Unused3();
-  virtual void Unused4();
-  virtual void Unused5();
-  /// Called with the root view of every dialog that has been set up; the dialog owns it.
+  virtual void Unused1() {}
+  virtual void Unused2() {}
+  virtual void Unused3() {}
+  virtual void Unused4() {}
+  virtual void Unused5() {}
+  /// Called with the root view of each dialog after its set-up. The dialog owns the view.
   virtual void RegisterDialogView(nrvui::ui::OS_View* rootView) = 0;
 
  protected:

@@ -11,8 +11,8 @@
 #include "platform/nrvui/ui_node.h"
 #include "platform/nrvui/ui_node_manager.h"
 #include "platform/standin/layout_reader.h"
+#include "platform/vxui/dialogs.h"
 #include "platform/vxui/host_interfaces.h"
-#include "platform/vxui/modal_context.h"
 #include "testkit/function_presenter.h"
 
 namespace {

@@ -10,6 +10,6 @@ TEST(ModuleMemory, EveryAllocationOperatorUsesTheHostsBlocks) {
   for (const auto code : {ResultCode::kOutOfMemory, ResultCode::kSuccess}) {
     ledger.Refuse({.countdown = 1, .once = false, .code = code});
     EXPECT_EQ(plugin.Entry()("refused", "", nullptr), ResultCode::kSuccess);
-    ledger.RefuseNothing();
+    ledger.ClearRefusal();
   }
 }

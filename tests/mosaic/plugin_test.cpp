@@ -2,7 +2,7 @@
 
 #include "host/plugin_main.h"
 #include "mosaic/tesserae_ui.h"
-#include "platform/vxui/modal_context.h"
+#include "platform/vxui/dialogs.h"
 #include "testkit/function_presenter.h"
 #include "testkit/hosted_module.h"
 

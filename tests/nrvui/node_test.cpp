@@ -5,7 +5,7 @@
 #include <string>
 
 #include "platform/nrvcore/error.h"
-#include "platform/nrvui/ui_message.h"
+#include "platform/nrvui/ui_controls.h"
 #include "platform/nrvui/ui_node.h"
 #include "tests/nrvui/test_dialog.h"
 
@@ -117,7 +117,7 @@ TEST(Node, ObserverIsNotifiedOnceForEachChange) {
                                          [&] { test.gray->SetGroup("a"); },
                                          [&] { grid->SetArrangement(PanelArrangement::kGrid); },
                                          [&] { grid->SetColumnCount(1); },
-                                         [&] { grid->SetColumnCount(grid->kMostColumns); },
+                                         [&] { grid->SetColumnCount(grid->kMaxColumns); },
                                          [&] { grid->SetTitle(u"Grid"); },
                                          [&] { test.dialog->Center(); },
                                          [&] { test.dialog->SetMinimumSize({}); },
@@ -134,7 +134,7 @@ TEST(Node, ObserverIsNotifiedOnceForEachChange) {
   EXPECT_EQ(observer.changes, before) << "nothing changed";
   grid->ChildPushBack(test.ok);
   EXPECT_EQ(observer.changes, before + 2) << "both parents";
-  for (const unsigned wrong : {0u, grid->kMostColumns + 1})
+  for (const unsigned wrong : {0u, grid->kMaxColumns + 1})
     EXPECT_THROW(grid->SetColumnCount(wrong), std::invalid_argument);
 }
 

@@ -15,8 +15,8 @@ using qpbasic::Ledger;
 class LedgerTest : public testing::Test {
  protected:
   ~LedgerTest() override {
-    ledger.RefuseNothing();
-    ledger.ForgetFaults();
+    ledger.ClearRefusal();
+    ledger.ClearFaults();
   }
 
   Ledger& ledger = Ledger::Get();
@@ -31,11 +31,11 @@ TEST_F(LedgerTest, ReportsLeakedForeignAndTwiceFreedBlocks) {
   ASSERT_EQ(QPBasicAllocateBlock(0, &empty), ResultCode::kSuccess);
   ASSERT_NE(empty, nullptr);
   EXPECT_EQ(QPBasicAllocateBlock(8, nullptr), ResultCode::kParameter);
-  EXPECT_TRUE(ledger.Forgotten(ledger.Mark()).empty()) << "after the mark";
+  EXPECT_TRUE(ledger.Unfreed(ledger.Mark()).empty()) << "after the mark";
   EXPECT_EQ(ledger.Counts().blocks, before.blocks + 2);
   EXPECT_EQ(ledger.Counts().bytes, before.bytes + 40);
   EXPECT_EQ(QPBasicFreeBlock(empty), ResultCode::kSuccess);
-  const auto forgotten = ledger.Forgotten(mark);
+  const auto forgotten = ledger.Unfreed(mark);
   ASSERT_EQ(forgotten.size(), 1U);
   EXPECT_NE(forgotten[0].find("of 40 bytes"), std::string::npos);
   EXPECT_NE(forgotten[0].find("(table)"), std::string::npos);
@@ -65,7 +65,7 @@ TEST_F(LedgerTest, RecognisesDoubleFreesAmongTheLast1024AndKeepsAHundredFaults) 
   EXPECT_TRUE(ledger.Faults()[1].starts_with("freed twice: "));
   EXPECT_EQ(ledger.Faults().size(), 100U);
   EXPECT_EQ(ledger.Counts().faults, before.faults + 101);
-  ledger.ForgetFaults();
+  ledger.ClearFaults();
   EXPECT_EQ(ledger.Counts().faults, 0U);
 }
 

@@ -13,8 +13,8 @@
 #include "platform/standin/host_codes.h"
 #include "platform/standin/module.h"
 #include "platform/standin/sheet_service.h"
+#include "platform/vxui/dialogs.h"
 #include "platform/vxui/host_interfaces.h"
-#include "platform/vxui/modal_context.h"
 #include "testkit/temporary_folder.h"
 
 namespace {

@@ -34,10 +34,9 @@ TEST(Slots, VirtualOperationsHaveTheSlotsThatBinariesRelyOn) {
   const std::size_t view = SlotsOf(&UI_Dialog::UI_ActivationChanged)[0];
   EXPECT_EQ(SlotsOf(&UI_Dialog::UI_ContentRectChanged, &UI_Dialog::UI_DisabledStateChanged),
             (Slots{view + 1, view + 2}));
-  const Slots answers =
-      SlotsOf(&UI_Dialog::OnReturnKey, &UI_Dialog::OnEscapeKey, &UI_Dialog::OnCloseButton,
-              &UI_Dialog::SetResponse, &UI_Dialog::DefaultCloseOk, &UI_Dialog::DefaultCloseCancel,
-              &UI_PopupModalDialog::MayPopUp, &UI_PopupModalDialog::OnPopUp,
-              &UI_PopupModalDialog::OnDismiss);
+  const Slots answers = SlotsOf(
+      &UI_Dialog::OnReturnKey, &UI_Dialog::OnEscapeKey, &UI_Dialog::OnCloseButton,
+      &UI_Dialog::SetResponse, &UI_Dialog::DefaultCloseOk, &UI_Dialog::DefaultCloseCancel,
+      &UI_PopupModalDialog::Unused0, &UI_PopupModalDialog::Unused1, &UI_PopupModalDialog::Unused2);
   for (std::size_t i = 0; i < answers.size(); ++i) EXPECT_EQ(answers[i], answers[0] + i);
 }
