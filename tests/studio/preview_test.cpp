@@ -51,9 +51,9 @@ class RandomPerson final : public nrvui::ui::DialogPresenter {
     }
     auto& field = dynamic_cast<UI_NumberEdit&>(*nodes.at(kFields[random() % std::size(kFields)]));
     const nrvcore::UTF16String typed = field.Format(int(random() % 60) / 4.0);
-    const UI_NumberEdit::Reading reading = field.Read(typed);
+    const UI_NumberEdit::ParsedEntry entry = field.ParseEntry(typed);
     std::optional<qtui::PendingEntry> pending;
-    if (!reading.outcome.IsClamped()) pending = {&field, reading.number};
+    if (!entry.outcome.IsClamped()) pending = {&field, entry.number};
     expected = ForecastFor(dialog, asked, pending).choices;
     if (pending) (void)nrvui::gestures::Enter(dialog, field, typed);
     (void)nrvui::gestures::Press(dialog, nrvui::gestures::Key::kReturn);
