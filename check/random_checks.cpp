@@ -5,7 +5,6 @@
 #include <ctime>
 #include <fstream>
 #include <optional>
-#include <sstream>
 
 #include "check/checked_module.h"
 #include "check/mosaic_model.h"
@@ -323,8 +322,8 @@ CHECK("random/damaged-layouts") {
 CHECK("random/damaged-texts") {
   const std::string original = ContentOf(Resources().plugin / "strings/16050.txt");
   ForEachSeed(0, Count(1500, 150000), [&](Random& random) {
-    std::istringstream text(Damaged(random, original));
-    const auto list = ReadOrReject([&] { return standin::ReadStringList(text, "16050.txt"); });
+    const std::string text = Damaged(random, original);
+    const auto list = ReadOrReject([&] { return standin::ParseStringList(text, "16050.txt"); });
     if (!list) return;
     CheckedModule checked;
     checked.host.Lists().Replace(standin::ListOwner::kPlugin, 16050, *list);

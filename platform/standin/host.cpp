@@ -19,8 +19,8 @@ std::string NameOf(PluginRef plugin) {
 
 }  // namespace
 
-Host::Host(UserInterface& screen, const ResourceFolders& resources)
-    : userInterface(screen),
+Host::Host(UserInterface& interface, const ResourceFolders& resources)
+    : userInterface(interface),
       suites(operations),
       lists(resources),
       sheets(std::make_unique<SheetService>(*this, resources.plugin / "layouts")),
@@ -68,7 +68,7 @@ bool Host::IsInUse(PluginRef plugin) const {
                      [plugin](const auto& access) { return access->plugin == plugin; });
 }
 
-void Host::NoteResourceProblem(const std::string& reason) {
+void Host::AddResourceProblem(const std::string& reason) {
   if (std::find(resourceProblems.begin(), resourceProblems.end(), reason) == resourceProblems.end())
     resourceProblems.push_back(reason);
 }

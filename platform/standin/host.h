@@ -18,42 +18,40 @@ namespace standin {
 
 class SheetService;
 
-/// The host application as a plug-in sees it: the suites, and the objects that they work on. The
-/// suites' functions find the host through Current, so a process has one host at a time. Main
-/// thread only.
+/// The host application as a plug-in sees it: the suites and the objects behind their handles. The
+/// functions of the suites use the current host, so a process has one host at a time. Main thread
+/// only.
 class Host {
  public:
-  /// Alerts and about boxes go to `screen`, which must outlive the host. Throws std::logic_error
-  /// when there is a host already.
-  explicit Host(UserInterface& screen,
+  /// Shows alerts and about boxes through `interface`, which must outlive the host. Throws
+  /// std::logic_error if a host exists already.
+  explicit Host(UserInterface& interface,
                 const ResourceFolders& resources = ResourceFolders::OfProgram());
   ~Host();
 
   Host(const Host&) = delete;
   Host& operator=(const Host&) = delete;
 
-  /// Throws std::logic_error when there is none.
+  /// Throws std::logic_error if no host exists.
   static Host& Current();
 
-  /// The table through which plug-ins acquire all others. The functions of all tables work on the
-  /// current host.
+  /// The table through which plug-ins acquire all others.
   QPBasicSuite* BasicSuite();
 
-  /// Adds a plug-in; Module calls this.
+  /// Adds a plug-in. For Module.
   PluginRef AddPlugin(std::string fileName);
-  /// Removes what the plug-in has registered: its name, notifiers and suites.
+  /// Removes the plug-in's name, notifiers and suites.
   void RemoveRegistrations(PluginRef plugin);
-  /// Removes its registrations and invalidates its reference. What it still holds stays in
-  /// Leftovers.
+  /// Removes the plug-in's registrations and invalidates its reference. Leftovers continues to list
+  /// what it holds.
   void RemovePlugin(PluginRef plugin);
-  /// While a plug-in's code is unloaded, its suites cannot be acquired.
+  /// States whether the plug-in's code is unloaded. Its suites cannot be acquired then.
   void SetUnloaded(PluginRef plugin, bool isUnloaded);
-  /// Whether the plug-in must stay in memory: somebody holds an access handle or one of its suites.
+  /// Whether an access handle or one of its suites is held, so that the plug-in must stay loaded.
   bool IsInUse(PluginRef plugin) const;
   /// The module that owns the host's string lists.
   ModuleRef HostModule() const { return hostModule; }
 
-  /// For tests: counts calls and injects faults.
   OperationRegistry& Operations() { return operations; }
   SuiteRegistry& Suites() { return suites; }
   HostObjects& Objects() { return objects; }
@@ -61,14 +59,13 @@ class Host {
   SheetService& Sheets() { return *sheets; }
   UserInterface& Interface() { return userInterface; }
 
-  /// What was wrong with resources since the last ForgetResourceProblems, each reason once, in the
-  /// order of discovery.
+  /// The errors in resources since the last ClearResourceProblems, each once, the oldest first.
   const std::vector<std::string>& ResourceProblems() const { return resourceProblems; }
-  void NoteResourceProblem(const std::string& reason);
-  void ForgetResourceProblems() { resourceProblems.clear(); }
+  void AddResourceProblem(const std::string& reason);
+  void ClearResourceProblems() { resourceProblems.clear(); }
 
-  /// A line for each thing that plug-ins have acquired and not released, and for each fault of the
-  /// ledger. Blocks and faults count from this host's construction.
+  /// A line for each object that plug-ins have acquired and not released, and for each fault of the
+  /// ledger. Covers blocks and faults since this host's construction.
   std::vector<std::string> Leftovers() const;
 
  private:

@@ -8,15 +8,15 @@
 
 #include "platform/suites/host_suites.h"
 
-// The types behind the handles of the host's suites.
+// The objects behind the handles of the host's suites.
 
 /// A plug-in, or the host's own module of texts.
 struct OpaqueModule {
   std::string fileName;
   std::string name{};       // set by SetPluginName; empty before
   bool isHost = false;      // the host's own module, which has string lists but no code
-  bool isUnloaded = false;  // its code is not in memory, so its suites cannot be called
-  bool isRemoved = false;   // kept, so that its reference is not reused
+  bool isUnloaded = false;  // its code is not in memory
+  bool isRemoved = false;   // the object remains, so that no other plug-in gets its reference
 };
 
 struct OpaqueAccess {
@@ -39,8 +39,8 @@ struct OpaqueString {
 
 namespace standin {
 
-/// Owns the objects behind handles; a handle is its object's address. Handles are compared, not
-/// dereferenced, so an unknown or released one is recognised until its address is reused.
+/// Owns the objects of one type of handles. A handle is the address of its object. It is compared
+/// before use, so unknown and released handles are recognised, until their addresses are reused.
 template <typename Object>
 class HandleRegistry {
  public:
@@ -51,7 +51,7 @@ class HandleRegistry {
 
   bool Holds(const Object* handle) const { return Find(handle) != objects.end(); }
 
-  /// False when the handle is unknown.
+  /// Returns false for an unknown handle.
   bool Remove(const Object* handle) {
     const auto found = Find(handle);
     if (found == objects.end()) return false;

@@ -2,25 +2,224 @@
 
 #include <algorithm>
 #include <boost/container/flat_map.hpp>
-#include <iterator>
-#include <optional>
+#include <charconv>
+#include <cmath>
 #include <pugixml.hpp>
+#include <span>
+#include <stdexcept>
 #include <string_view>
 #include <utility>
-#include <vector>
 
 #include "platform/nrvcore/file.h"
 #include "platform/nrvcore/localizer.h"
-#include "platform/standin/layout_elements.h"
-#include "platform/standin/live_token.h"
+#include "platform/nrvui/ui_controls.h"
+#include "platform/nrvui/ui_edits.h"
 
 namespace standin {
 namespace {
 
 using nrvcore::config::Message;
+using nrvui::controls::UI_Button;
+using nrvui::controls::UI_Checkbox;
+using nrvui::controls::UI_ControlView;
+using nrvui::controls::UI_RadioButton;
+using nrvui::controls::UI_StaticText;
+using nrvui::controls::UI_TextButton;
+using nrvui::controls::UI_UnitNumberEdit;
+using nrvui::ui::PanelArrangement;
 using nrvui::ui::UI_Layout;
 using nrvui::ui::UI_Node;
+using nrvui::ui::UI_Panel;
 using nrvui::ui::UI_SubView;
+
+/// The value of an attribute is malformed; what() is the reason.
+class InvalidValue : public std::runtime_error {
+ public:
+  using std::runtime_error::runtime_error;
+};
+
+struct Attribute {
+  const char* name;
+  const char* value;
+};
+
+const char* Text(const Attribute& attribute) {
+  return attribute.value;
+}
+
+/// The text of a localisation key in the user's language.
+nrvcore::UTF16String Caption(const Attribute& attribute) {
+  return nrvcore::config::Localizer::Get().Localize(attribute.value);
+}
+
+/// Whether the whole text is a number of this type.
+template <typename Number>
+bool Parse(std::string_view text, Number* number) {
+  const char* const end = text.data() + text.size();
+  const auto result = std::from_chars(text.data(), end, *number);
+  return result.ec == std::errc() && result.ptr == end;
+}
+
+double Number(const Attribute& attribute) {
+  double number{};
+  if (!Parse(attribute.value, &number) || !std::isfinite(number))
+    throw InvalidValue(Message("$$$/standin/Layout/NoNumber=%1=\"%2\" is not a number",
+                               {attribute.name, attribute.value}));
+  return number;
+}
+
+/// A whole number from 1 to `max`.
+unsigned Count(const Attribute& attribute, unsigned max) {
+  unsigned count{};
+  if (!Parse(attribute.value, &count) || count < 1 || count > max)
+    throw InvalidValue(
+        Message("$$$/standin/Layout/NoCount=%1=\"%2\" is not a whole number from 1 to %3",
+                {attribute.name, attribute.value, std::to_string(max)}));
+  return count;
+}
+
+/// A node that holds a token until it is destroyed.
+template <class Node>
+class LiveNode final : public Node {
+ public:
+  static boost::intrusive_ptr<Node> Make(const LiveToken& token) {
+    return boost::intrusive_ptr<Node>(new LiveNode(token));
+  }
+
+ private:
+  explicit LiveNode(const LiveToken& nodeToken) : token(nodeToken) {}
+
+  LiveToken token;
+};
+
+template <class Node>
+boost::intrusive_ptr<UI_Node> Make(const LiveToken& token) {
+  return LiveNode<Node>::Make(token);
+}
+
+template <PanelArrangement kArrangement>
+boost::intrusive_ptr<UI_Node> MakePanel(const LiveToken& token) {
+  const boost::intrusive_ptr<UI_Panel> panel = LiveNode<UI_Panel>::Make(token);
+  panel->SetArrangement(kArrangement);
+  return panel;
+}
+
+enum class Presence { kOptional, kRequired };
+using enum Presence;
+
+/// An attribute of an element.
+struct AttributeRule {
+  std::string_view name;
+  Presence presence;
+  /// Sets the value on the element's node. Throws InvalidValue.
+  void (*apply)(UI_Node& node, const Attribute& attribute);
+};
+
+/// An element of layouts.
+struct Element {
+  std::string_view name;
+  boost::intrusive_ptr<UI_Node> (*make)(const LiveToken& token);
+  std::span<const AttributeRule> attributes;
+};
+
+/// Calls a setter of class `Node` with the attribute's value.
+template <class Node, auto kSet, auto kRead>
+void Apply(UI_Node& node, const Attribute& attribute) {
+  (static_cast<Node&>(node).*kSet)(kRead(attribute));
+}
+
+constexpr auto kSetId = Apply<UI_Node, &UI_Node::UI_SetNodeID, Text>;
+constexpr auto kSetCaption = Apply<UI_ControlView, &UI_ControlView::SetCaption, Caption>;
+constexpr auto kSetHelp = Apply<UI_ControlView, &UI_ControlView::SetHelp, Text>;
+constexpr auto kSetDisabledHelp = Apply<UI_ControlView, &UI_ControlView::SetDisabledHelp, Text>;
+constexpr auto kSetTitle = Apply<UI_Panel, &UI_Panel::SetTitle, Caption>;
+constexpr auto kSetBuddy = Apply<UI_StaticText, &UI_StaticText::SetBuddy, Text>;
+constexpr auto kSetRadioGroup = Apply<UI_RadioButton, &UI_RadioButton::SetGroup, Text>;
+constexpr auto kSetNumber = Apply<UI_UnitNumberEdit, &UI_UnitNumberEdit::SetNumber, Number>;
+
+constexpr unsigned kMaxSide = 32767;
+
+void SetWidth(UI_Node& node, const Attribute& attribute) {
+  const auto width = static_cast<float>(Count(attribute, kMaxSide));
+  node.UI_SetLocalRectF({0, 0, width, node.UI_GetLocalRectF().bottom});
+}
+
+void SetHeight(UI_Node& node, const Attribute& attribute) {
+  const auto height = static_cast<float>(Count(attribute, kMaxSide));
+  node.UI_SetLocalRectF({0, 0, node.UI_GetLocalRectF().right, height});
+}
+
+/// The reader sets the initial focus after it has read all nodes.
+void AcceptFocus(UI_Node&, const Attribute&) {}
+
+void SetColumns(UI_Node& node, const Attribute& attribute) {
+  auto& panel = static_cast<UI_Panel&>(node);
+  panel.SetArrangement(PanelArrangement::kGrid);
+  panel.SetColumnCount(Count(attribute, UI_Panel::kMaxColumns));
+}
+
+constexpr AttributeRule kSheetAttributes[] = {
+    {"focus", kOptional, AcceptFocus},
+    {"width", kOptional, SetWidth},
+    {"height", kOptional, SetHeight},
+};
+constexpr AttributeRule kPanelAttributes[] = {{"id", kOptional, kSetId}};
+constexpr AttributeRule kGridAttributes[] = {
+    {"id", kOptional, kSetId},
+    {"columns", kRequired, SetColumns},
+};
+constexpr AttributeRule kGroupAttributes[] = {
+    {"id", kOptional, kSetId},
+    {"caption", kRequired, kSetTitle},
+    {"columns", kOptional, SetColumns},  // one by default
+};
+constexpr AttributeRule kLabelAttributes[] = {
+    {"id", kOptional, kSetId},
+    {"caption", kOptional, kSetCaption},
+    {"for", kOptional, kSetBuddy},
+};
+constexpr AttributeRule kNumberAttributes[] = {
+    {"id", kRequired, kSetId},
+    {"help", kOptional, kSetHelp},
+    {"help-disabled", kOptional, kSetDisabledHelp},
+    {"value", kOptional, kSetNumber},
+};
+constexpr AttributeRule kButtonAttributes[] = {
+    {"id", kRequired, kSetId},
+    {"help", kOptional, kSetHelp},
+    {"help-disabled", kOptional, kSetDisabledHelp},
+    {"caption", kRequired, kSetCaption},
+};
+constexpr AttributeRule kRadioAttributes[] = {
+    {"id", kRequired, kSetId},
+    {"help", kOptional, kSetHelp},
+    {"help-disabled", kOptional, kSetDisabledHelp},
+    {"caption", kRequired, kSetCaption},
+    {"group", kRequired, kSetRadioGroup},
+};
+
+constexpr Element kSheet = {"sheet", Make<UI_Layout>, kSheetAttributes};
+constexpr Element kElements[] = {
+    {"column", MakePanel<PanelArrangement::kColumn>, kPanelAttributes},
+    {"row", MakePanel<PanelArrangement::kRow>, kPanelAttributes},
+    {"grid", MakePanel<PanelArrangement::kGrid>, kGridAttributes},
+    {"group", MakePanel<PanelArrangement::kColumn>, kGroupAttributes},
+    {"space", MakePanel<PanelArrangement::kColumn>, {}},
+    {"label", Make<UI_StaticText>, kLabelAttributes},
+    {"number", Make<UI_UnitNumberEdit>, kNumberAttributes},
+    {"checkbox", Make<UI_Checkbox>, kButtonAttributes},
+    {"radio", Make<UI_RadioButton>, kRadioAttributes},
+    {"button", Make<UI_Button>, kButtonAttributes},
+    {"text-button", Make<UI_TextButton>, kButtonAttributes},
+};
+
+/// The row with this name, or null.
+template <typename Row>
+const Row* FindByName(std::span<const Row> rows, std::string_view name) {
+  const auto row = std::find_if(rows.begin(), rows.end(),
+                                [name](const Row& candidate) { return candidate.name == name; });
+  return row == rows.end() ? nullptr : &*row;
+}
 
 class Reader {
  public:
@@ -30,30 +229,20 @@ class Reader {
   SheetTree Read();
 
  private:
-  /// An attribute that names another node.
-  struct Reference {
-    const char* position;
-    std::string_view id;
-  };
-
-  boost::intrusive_ptr<UI_Node> MakeNode(const pugi::xml_node& xml, const LayoutElement& element);
+  boost::intrusive_ptr<UI_Node> MakeNode(const pugi::xml_node& xml, const Element& element);
   void AddChildren(const pugi::xml_node& xml, UI_Node& parent);
-  void ApplyAttributes(const pugi::xml_node& xml, const LayoutElement& element, UI_Node& node);
-  void NoteId(const pugi::xml_attribute& attribute, UI_Node& node);
-  boost::intrusive_ptr<UI_Node> Resolve(const Reference& reference) const;
+  void ApplyAttributes(const pugi::xml_node& xml, const Element& element, UI_Node& node);
 
   [[noreturn]] void Refuse(size_t offset, const std::string& reason) const;
   [[noreturn]] void Refuse(const char* position, const std::string& reason) const {
     Refuse(static_cast<size_t>(position - parsed.data()), reason);
   }
 
-  const std::string original;  // the parser changes the other one
+  const std::string original;  // to count lines; the parser changes the other copy
   std::string parsed;
   const std::filesystem::path& file;
   const LiveToken& token;
-  boost::container::flat_map<std::string_view, UI_Node*> nodes;
-  std::vector<Reference> buddies;
-  std::optional<Reference> initialFocus;
+  boost::container::flat_map<std::string_view, UI_Node*> nodes;  // by ID
 };
 
 void Reader::Refuse(size_t offset, const std::string& reason) const {
@@ -68,23 +257,18 @@ SheetTree Reader::Read() {
   const pugi::xml_parse_result result = document.load_buffer_inplace(
       parsed.data(), parsed.size(), pugi::parse_default, pugi::encoding_utf8);
   if (!result) Refuse(static_cast<size_t>(result.offset), result.description());
-  const pugi::xml_node root = document.first_child();
-  const auto offset = [](const pugi::xml_node& node) {
-    return static_cast<size_t>(std::max<std::ptrdiff_t>(node.offset_debug(), 0));
-  };
-  if (std::string_view(root.name()) != SheetElement().name)
-    Refuse(offset(root), Message("$$$/standin/Layout/Root=<%1> instead of <sheet>", {root.name()}));
-  if (const pugi::xml_node second = root.next_sibling())
-    Refuse(offset(second), Message("$$$/standin/Layout/AfterEnd=content after the end of <sheet>"));
+  const pugi::xml_node root = document.document_element();
+  if (root.name() != kSheet.name)
+    Refuse(root.name(), Message("$$$/standin/Layout/Root=<%1> instead of <sheet>", {root.name()}));
 
   SheetTree tree;
   tree.view = LiveNode<UI_SubView>::Make(token);
-  tree.layout = boost::static_pointer_cast<UI_Layout>(MakeNode(root, SheetElement()));
+  tree.layout = boost::static_pointer_cast<UI_Layout>(MakeNode(root, kSheet));
   tree.view->UI_SetLocalRectF(tree.layout->UI_GetLocalRectF());
   tree.view->ChildPushBack(tree.layout);
   AddChildren(root, *tree.layout);
-  for (const Reference& buddy : buddies) Resolve(buddy);
-  if (initialFocus) tree.initialFocus = Resolve(*initialFocus);
+  const auto focus = nodes.find(root.attribute("focus").value());
+  if (focus != nodes.end()) tree.initialFocus = focus->second;
   return tree;
 }
 
@@ -92,7 +276,7 @@ void Reader::AddChildren(const pugi::xml_node& xml, UI_Node& parent) {
   for (const pugi::xml_node& child : xml.children()) {
     if (child.type() != pugi::node_element)
       Refuse(child.value(), Message("$$$/standin/Layout/Text=text between the elements"));
-    const LayoutElement* const element = FindLayoutElement(child.name());
+    const auto* const element = FindByName(std::span<const Element>(kElements), child.name());
     if (!element)
       Refuse(child.name(),
              Message("$$$/standin/Layout/Element=unknown element <%1>", {child.name()}));
@@ -102,52 +286,33 @@ void Reader::AddChildren(const pugi::xml_node& xml, UI_Node& parent) {
   }
 }
 
-boost::intrusive_ptr<UI_Node> Reader::MakeNode(const pugi::xml_node& xml,
-                                               const LayoutElement& element) {
-  if (!element.holdsOthers && xml.first_child())
-    Refuse(xml.name(), Message("$$$/standin/Layout/Content=<%1> must be empty", {xml.name()}));
+boost::intrusive_ptr<UI_Node> Reader::MakeNode(const pugi::xml_node& xml, const Element& element) {
   boost::intrusive_ptr<UI_Node> node = element.make(token);
   ApplyAttributes(xml, element, *node);
+  const pugi::xml_attribute id = xml.attribute("id");
+  if (id && !nodes.emplace(id.value(), node.get()).second)
+    Refuse(id.name(),
+           Message("$$$/standin/Layout/SecondId=a second node with the ID %1", {id.value()}));
   return node;
 }
 
-void Reader::ApplyAttributes(const pugi::xml_node& xml, const LayoutElement& element,
-                             UI_Node& node) {
+void Reader::ApplyAttributes(const pugi::xml_node& xml, const Element& element, UI_Node& node) {
   for (const pugi::xml_attribute& attribute : xml.attributes()) {
     const char* const name = attribute.name();
-    const AttributeRule* const rule = FindAttributeRule(element, name);
+    const AttributeRule* const rule = FindByName(element.attributes, name);
     if (!rule)
       Refuse(name,
              Message("$$$/standin/Layout/Attribute=<%1> has no attribute %2", {xml.name(), name}));
-    if (xml.attribute(name) != attribute)
-      Refuse(name, Message("$$$/standin/Layout/Twice=%1 is given twice", {name}));
     try {
       rule->apply(node, {name, attribute.value()});
     } catch (const InvalidValue& error) {
       Refuse(name, error.what());
     }
-    if (std::string_view(name) == "id") NoteId(attribute, node);
-    if (std::string_view(name) == "for") buddies.push_back({name, attribute.value()});
-    if (std::string_view(name) == "focus") initialFocus = Reference{name, attribute.value()};
   }
   for (const AttributeRule& rule : element.attributes)
-    if (rule.presence == Presence::kRequired && !xml.attribute(rule.name.data()))
+    if (rule.presence == kRequired && !xml.attribute(rule.name.data()))
       Refuse(xml.name(), Message("$$$/standin/Layout/Missing=<%1> needs the attribute %2",
                                  {xml.name(), rule.name}));
-}
-
-void Reader::NoteId(const pugi::xml_attribute& attribute, UI_Node& node) {
-  if (!nodes.emplace(attribute.value(), &node).second)
-    Refuse(attribute.name(), Message("$$$/standin/Layout/SecondId=a second node with the ID %1",
-                                     {attribute.value()}));
-}
-
-boost::intrusive_ptr<UI_Node> Reader::Resolve(const Reference& reference) const {
-  const auto found = nodes.find(reference.id);
-  if (found == nodes.end())
-    Refuse(reference.position,
-           Message("$$$/standin/Layout/NoNode=no node has the ID \"%1\"", {reference.id}));
-  return found->second;
 }
 
 }  // namespace

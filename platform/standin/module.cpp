@@ -23,7 +23,7 @@ ModuleImage::ModuleImage(const std::filesystem::path& file) {
   if (!std::filesystem::exists(file, error))
     throw LoadError(Message("$$$/standin/Module/Absent=cannot load %1: there is no such file",
                             {file.string()}));
-  // dlopen would wait for the writer of a pipe.
+  // Opening a pipe, dlopen would wait for its writer.
   if (!std::filesystem::is_regular_file(file, error))
     throw LoadError(Message(
         "$$$/standin/Module/NotRegular=cannot load %1: it is not a regular file", {file.string()}));
@@ -56,7 +56,7 @@ Module::Module(Host& host, PluginEntryPoint entry, const std::string& name)
 Module::~Module() {
   try {
     if (globals) static_cast<void>(ShutDown());
-  } catch (...) {  // Leftovers lists what stays
+  } catch (...) {  // Leftovers lists the objects that the plug-in keeps
   }
   host.RemovePlugin(plugin);
 }
@@ -102,7 +102,7 @@ ResultCode Module::Reload(const std::filesystem::path& otherFile) {
 }
 
 ResultCode Module::Send(const char* caller, const char* selector) {
-  NotifierMessage message{};  // the longest: what a plug-in reads is there
+  NotifierMessage message{};  // the longest record, so that every read of the plug-in is valid
   return Send(caller, selector, message);
 }
 

@@ -11,16 +11,16 @@
 
 namespace standin {
 
-/// A module that cannot be loaded; what() has the file and the reason.
+/// A module that cannot be loaded. what() contains the file and the reason.
 class LoadError : public std::runtime_error {
  public:
   using std::runtime_error::runtime_error;
 };
 
-/// Loads a module's code; the destructor unloads it.
+/// A module's code in memory. The destructor unloads it.
 class ModuleImage {
  public:
-  /// Throws LoadError when the file cannot be loaded or has no entry point.
+  /// Throws LoadError if the file cannot be loaded or has no entry point.
   explicit ModuleImage(const std::filesystem::path& file);
   ~ModuleImage();
 
@@ -34,11 +34,11 @@ class ModuleImage {
   PluginEntryPoint entry;
 };
 
-/// A plug-in in the host: its code, and what the host keeps for it between messages. The host must
-/// outlive it. The destructor shuts down a running plug-in.
+/// A plug-in: its code, and the values that the host keeps for it between messages. The host must
+/// outlive it. The destructor shuts down a running plug-in. Main thread only.
 class Module {
  public:
-  /// Loads the file and sends no message. Throws LoadError.
+  /// Loads the file without sending a message. Throws LoadError.
   Module(Host& host, const std::filesystem::path& file);
   /// A plug-in whose code is linked into this program.
   Module(Host& host, PluginEntryPoint entry, const std::string& name);
@@ -48,17 +48,17 @@ class Module {
   Module& operator=(const Module&) = delete;
 
   ResultCode StartUp();
-  /// Loads the code first if it is unloaded. Throws LoadError.
+  /// If the code is unloaded, reloads it first, which can throw LoadError.
   ResultCode ShutDown();
-  /// Sends the message and unloads the code, unless the plug-in returns a failure. kPluginInUse
-  /// while it is in use.
+  /// Sends the message and unloads the code. Returns the plug-in's code, kPluginInUse or kNotLoaded
+  /// if the code stays as it was.
   ResultCode Unload();
-  /// Loads the code, from another file if one is given, unless it is loaded, and sends the message.
-  /// Throws LoadError; the code then stays unloaded.
+  /// Loads unloaded code, from the same or from another file, and sends the message. Throws
+  /// LoadError if the code cannot be loaded.
   ResultCode Reload();
   ResultCode Reload(const std::filesystem::path& otherFile);
 
-  /// Sends a message whose further fields are null. kNotLoaded while the code is unloaded.
+  /// Sends a message whose other fields are null. Returns kNotLoaded while the code is unloaded.
   ResultCode Send(const char* caller, const char* selector);
   ResultCode Send(const MessageName& name) { return Send(name.caller, name.selector); }
   /// Sends the message of a notifier of `type`.
@@ -67,11 +67,11 @@ class Module {
 
   bool IsLoaded() const { return entry; }
   PluginRef Ref() const { return plugin; }
-  /// The plug-in's globals; null when it does not run.
+  /// The plug-in's globals: null before its start-up and after its shut-down.
   void* Globals() const { return globals; }
 
  protected:
-  /// Delivers a message of the host's; `message` is a NotifierMessage, whatever the caller.
+  /// Calls the entry point. `message` is part of a NotifierMessage for every caller.
   virtual ResultCode Deliver(PluginEntryPoint to, const char* caller, const char* selector,
                              PluginMessage& message) {
     return to(caller, selector, &message);

@@ -15,17 +15,16 @@
 
 namespace standin {
 
-/// The name of an operation as a template argument.
+/// An operation's name as a template argument.
 template <size_t kSize>
 struct OperationName {
   consteval OperationName(const char (&name)[kSize]) { std::copy_n(name, kSize, text); }
   char text[kSize];
 };
 
-/// The host's operations by name. Each checks in before it does its work: the call is counted, and
-/// a test can make it fail. Names are "<suite>/<operation>", for example
-/// "QP Plug-ins Suite/SetPluginName", and "acquire/<suite>" and "release/<suite>". Main thread
-/// only.
+/// The host's operations by name. Each operation checks in before it does its work: its calls are
+/// counted, and tests can inject faults. Names are "<suite>/<operation>", for example
+/// "QP Plug-ins Suite/SetPluginName", "acquire/<suite>" and "release/<suite>". Main thread only.
 class OperationRegistry {
  public:
   struct InjectedFault {
@@ -42,32 +41,32 @@ class OperationRegistry {
 
   /// Adds the names of all CheckIn<...> in the program.
   void DeclareAll();
-  /// Adds a name and returns its operation, whose address does not change.
+  /// Adds a name. The operation's address stays the same.
   Operation& Declare(const std::string& name);
   /// All names, sorted.
   std::vector<std::string> Names() const;
 
-  /// Makes the named operation return `code` without doing its work, once. An operation without a
-  /// result code returns null or NaN, or does nothing. Replaces the operation's fault if it has
-  /// one. Throws std::invalid_argument for an unknown name.
+  /// Injects a fault: one call of the operation returns `code` without doing its work. An operation
+  /// without a result code returns null or NaN, or has no effect. Replaces an earlier fault of the
+  /// operation. Throws std::invalid_argument for an unknown name.
   void Refuse(std::string_view name, ResultCode code, size_t callsFromNow = 1);
-  /// Makes it throw without doing its work, once.
+  /// As Refuse, but the call throws.
   void Throw(std::string_view name, std::exception_ptr exception, size_t callsFromNow = 1);
   void ClearFaults();
   /// The number of calls that failed because of a fault.
   size_t InjectedFaults() const { return injectedFaults; }
 
-  /// How often the operation was called, including calls that failed.
+  /// The number of calls of the operation, including those that failed. Throws as Refuse does.
   size_t Calls(std::string_view name) { return Find(name).calls; }
 
-  /// Sets the function that is called with the name of each operation as it checks in; null for
+  /// Sets the function that is called with the name of each operation that checks in; null for
   /// none.
   void Listen(std::function<void(const std::string& name)> newListener) {
     listener = std::move(newListener);
   }
 
-  /// Counts the call. Returns kSuccess when the operation is to do its work; otherwise the code of
-  /// its fault, or throws its exception.
+  /// Counts the call. Returns kSuccess if the operation can do its work. Otherwise returns the code
+  /// of its fault or throws its exception.
   ResultCode CheckIn(Operation& operation);
   template <OperationName kName>
   ResultCode CheckIn() {
@@ -77,7 +76,7 @@ class OperationRegistry {
 
  private:
   static std::vector<const char*>& ListedNames();
-  /// Its initialisation, before main, lists the name, so that no list repeats the names.
+  /// Its initialisation, which precedes main, adds the name to ListedNames.
   template <OperationName kName>
   inline static const bool kIsListed = (ListedNames().push_back(kName.text), true);
 

@@ -15,15 +15,14 @@ using nrvcore::config::Message;
 
 namespace {
 
-/// Empty when there is no such file.
+/// The list of a file; empty if the file does not exist.
 StringList ReadList(const std::filesystem::path& file) {
   std::error_code error;
   if (!std::filesystem::exists(file, error) && !error) return {};
-  std::istringstream stream(nrvcore::ReadFile(file));
-  return ReadStringList(stream, file);
+  return ParseStringList(nrvcore::ReadFile(file), file);
 }
 
-/// The language of the texts. The catalogue states it, so lists and dialogs match.
+/// The language of the texts, as the catalogue in use states it.
 std::filesystem::path Language() {
   return nrvcore::config::Localizer::Get().Localize("$$$/standin/Lists/Language=en").View();
 }
@@ -31,14 +30,15 @@ std::filesystem::path Language() {
 }  // namespace
 
 ResourceFolders ResourceFolders::OfProgram() {
-  std::error_code error;  // the location is then empty
+  std::error_code error;  // after an error the location is empty
   const std::filesystem::path tree =
       boost::dll::program_location(error).parent_path().parent_path();
   return {tree / "share/tesserae", tree / "lib/tesserae/plugins/TesseraeUI"};
 }
 
-StringList ReadStringList(std::istream& stream, const std::filesystem::path& file) {
+StringList ParseStringList(const std::string& text, const std::filesystem::path& file) {
   StringList list;
+  std::istringstream stream(text);
   int32_t index = 0;
   size_t lineNumber = 0;
   for (std::string line; std::getline(stream, line);) {

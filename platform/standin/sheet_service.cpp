@@ -7,7 +7,6 @@
 #include "platform/nrvcore/file.h"
 #include "platform/nrvui/ui_controls.h"
 #include "platform/standin/host.h"
-#include "platform/standin/layout_reader.h"
 
 namespace standin {
 
@@ -23,7 +22,6 @@ nrvcore::geom::PointT<float> SizeOf(const nrvui::ui::UI_Node& node) {
   return {rect.right, rect.bottom};
 }
 
-/// The property sheet of a layout; dialogs only hold it.
 class PropertySheet final : public VXUICairnSheet {
  public:
   explicit PropertySheet(LiveToken sheetToken) : token(std::move(sheetToken)) {}
@@ -32,8 +30,8 @@ class PropertySheet final : public VXUICairnSheet {
   LiveToken token;
 };
 
-/// A layout. Its destructor removes the callbacks that the dialog installed, because nodes may be
-/// held longer.
+/// A layout. Its destructor removes the callbacks that the dialog has installed in its nodes,
+/// because nodes may outlive the dialog.
 class LayoutSheetHolder final : public SheetHolder {
  public:
   LayoutSheetHolder(SheetTree newTree, boost::shared_ptr<PropertySheet> newSheet,
@@ -63,15 +61,15 @@ class LayoutSheetHolder final : public SheetHolder {
     return IsRefused<"Sheet Holder/GetInitialFocus">() ? nullptr : tree.initialFocus;
   }
 
-  /// The layout takes this size, but at least its natural size: that of its file, or the one that a
-  /// presenter has set since.
+  /// Gives the layout this size, but at least its natural size: the size in its file, or the size
+  /// that a presenter has set since.
   void ResizeSheet(std::int32_t width, std::int32_t height) override {
     if (IsRefused<"Sheet Holder/ResizeSheet">()) return;
     const auto current = SizeOf(*tree.layout);
     if (!(current == given)) natural = current;
     given = {std::max(natural.x, static_cast<float>(width)),
              std::max(natural.y, static_cast<float>(height))};
-    // The dialog follows the layout and calls this again, until the size no longer changes.
+    // The dialog adapts its size to the layout and calls this again until the size stays the same.
     tree.layout->UI_SetLocalRectF({0, 0, given.x, given.y});
   }
 
@@ -86,7 +84,7 @@ class LayoutSheetHolder final : public SheetHolder {
   boost::shared_ptr<PropertySheet> sheet;
   LiveToken token;
   nrvcore::geom::PointT<float> natural;
-  nrvcore::geom::PointT<float> given;  // by the last ResizeSheet
+  nrvcore::geom::PointT<float> given;  // the size that the last ResizeSheet set
 };
 
 }  // namespace
@@ -100,7 +98,7 @@ boost::shared_ptr<SheetHolder> SheetService::CreateSheetHolder(OpaqueModule* plu
   if (Failed(host.Operations().CheckIn<"Sheet Factory/CreateSheetHolder">())) return nullptr;
   const std::string layout = std::to_string(resourceID);
   if (!host.Objects().IsPlugin(pluginRef)) {
-    host.NoteResourceProblem("layout " + layout + " was requested by an unknown plug-in");
+    host.AddResourceProblem("layout " + layout + " was requested by an unknown plug-in");
     return nullptr;
   }
   try {
@@ -108,7 +106,7 @@ boost::shared_ptr<SheetHolder> SheetService::CreateSheetHolder(OpaqueModule* plu
                                                  boost::make_shared<PropertySheet>(sheets),
                                                  holders);
   } catch (const nrvcore::FileError& error) {
-    host.NoteResourceProblem(error.what());
+    host.AddResourceProblem(error.what());
     return nullptr;
   }
 }

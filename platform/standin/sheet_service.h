@@ -6,28 +6,28 @@
 #include <vector>
 
 #include "platform/nrvui/ui_dialog.h"
-#include "platform/standin/live_token.h"
+#include "platform/standin/layout_reader.h"
 #include "platform/vxui/host_interfaces.h"
 
 namespace standin {
 
 class Host;
 
-/// The host's user-interface objects: builds sheets from "<number>.xml" in the folder of layouts
-/// and provides the drawing supplier. The host owns it.
+/// The host's user-interface objects: the sheet factory, which builds sheets from the files
+/// "<number>.xml" of a folder, and the drawing supplier source. Main thread only.
 class SheetService final : public SheetFactory, public DrawingSupplierSource {
  public:
   SheetService(Host& owner, std::filesystem::path layoutFolder);
 
-  /// Reads the file each time. Null when it cannot be used; the host's resource problems then have
-  /// the reason.
+  /// Reads the file each time. If it cannot be used, returns null and adds the reason to the host's
+  /// resource problems.
   boost::shared_ptr<SheetHolder> CreateSheetHolder(OpaqueModule* pluginRef,
                                                    std::uint32_t resourceID,
                                                    const nrvcore::UTF16String& theme) override;
   void RegisterDialogView(nrvui::ui::OS_View* rootView) override;
   const nrvui::drawbot::SupplierInterface* GetDrawingSupplier() override;
 
-  /// A line for each kind of sheet object that still exists.
+  /// A line for each kind of sheet objects of which some still exist.
   std::vector<std::string> Leftovers() const;
 
  private:

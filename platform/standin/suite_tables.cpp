@@ -14,7 +14,7 @@ namespace {
 constexpr ResultCode kDone = ResultCode::kSuccess;
 constexpr int32_t kDefaultEncoding = 0;
 
-/// Lets the operation check in and does its work unless a fault is injected.
+/// Checks the operation in. Does its work unless a fault is injected.
 template <OperationName kName, typename Work>
 ResultCode Perform(Work work) {
   Host& host = Host::Current();
@@ -22,8 +22,8 @@ ResultCode Perform(Work work) {
   return Failed(refusal) ? refusal : work(host);
 }
 
-/// The longest prefix of a UTF-8 text of at most `size` bytes that ends between two characters.
-std::string_view Cut(const std::string& text, size_t size) {
+/// The longest prefix of a UTF-8 text of at most `size` bytes that contains whole characters only.
+std::string_view Truncated(const std::string& text, size_t size) {
   size = std::min(size, text.size());
   while (size > 0 && (text[size] & 0xC0) == 0x80) --size;
   return {text.data(), size};
@@ -99,11 +99,11 @@ ResultCode GetListString(ModuleRef module, int32_t list, int32_t index, char* bu
     try {
       entry = host.Lists().Find(owner, list, index);
     } catch (const nrvcore::FileError& error) {
-      host.NoteResourceProblem(error.what());
+      host.AddResourceProblem(error.what());
       return kDamagedList;
     }
     if (!entry) return kNoListEntry;
-    const std::string_view text = Cut(*entry, size - 1);
+    const std::string_view text = Truncated(*entry, size - 1);
     std::memcpy(buffer, text.data(), text.size());
     buffer[text.size()] = '\0';
     return kDone;
@@ -137,7 +137,7 @@ ResultCode AddSuite(void* list, PluginRef plugin, const char* name, int32_t apiV
     if (!host.Objects().IsPlugin(plugin)) return kUnknownPlugin;
     const SuiteHandle added =
         host.Suites().Add(name, apiVersion, functions, plugin, internalVersion);
-    if (!added) return kSuiteTaken;
+    if (!added) return kSuiteExists;
     *suite = added;
     return kDone;
   });
@@ -217,9 +217,9 @@ constexpr VXUserSuite kUser = {{}, ShowErrorAlert};
 constexpr GlossaHostInitSuite kHostInit = {GetHostModule};
 constexpr VXUserInterfaceMainSuite kUserInterface = {GetSheetFactory, GetDrawingSupplierSource};
 
-template <typename Suite>
-void AddTo(SuiteRegistry& suites, const Suite& table) {
-  suites.Add(Suite::kName, Suite::kVersion, &table);
+template <typename... Suites>
+void AddAll(SuiteRegistry& registry, const Suites&... tables) {
+  (registry.Add(Suites::kName, Suites::kVersion, &tables), ...);
 }
 
 }  // namespace
@@ -230,18 +230,8 @@ QPBasicSuite* Host::BasicSuite() {
 
 void Host::AddSuites() {
   operations.DeclareAll();
-  AddTo(suites, kAccess);
-  AddTo(suites, kPlugins);
-  AddTo(suites, kNotifier);
-  AddTo(suites, kContext);
-  AddTo(suites, kKdmBasic);
-  AddTo(suites, kBlocks);
-  AddTo(suites, kSuites);
-  AddTo(suites, kRealMath);
-  AddTo(suites, kUnicodeString);
-  AddTo(suites, kUser);
-  AddTo(suites, kHostInit);
-  AddTo(suites, kUserInterface);
+  AddAll(suites, kAccess, kPlugins, kNotifier, kContext, kKdmBasic, kBlocks, kSuites, kRealMath,
+         kUnicodeString, kUser, kHostInit, kUserInterface);
 }
 
 }  // namespace standin

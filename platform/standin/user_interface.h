@@ -6,7 +6,8 @@
 
 namespace standin {
 
-/// Shows the host's alerts and about boxes to the user. Texts are UTF-8.
+/// Shows the host's alerts and about boxes to the user, and returns when they are closed. Texts are
+/// UTF-8. Called on the main thread.
 class UserInterface {
  public:
   virtual ~UserInterface() = default;
@@ -15,7 +16,7 @@ class UserInterface {
   virtual void ShowAbout(const std::string& firstText, const std::string& secondText) = 0;
 };
 
-/// Records the texts and shows nothing.
+/// Records the texts instead of showing them.
 class RecordingUserInterface : public UserInterface {
  public:
   void ShowAlert(const std::string& text) override { alerts.push_back(text); }

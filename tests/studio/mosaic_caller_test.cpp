@@ -30,7 +30,7 @@ TEST(MosaicCaller, SaysWhatFailedAndWhy) {
   for (const auto& [refused, call, text] : kCases) {
     standin::RecordingUserInterface screen;
     MosaicCaller caller(screen);
-    standin::Host::Current().NoteResourceProblem("what went wrong in an earlier call");
+    standin::Host::Current().AddResourceProblem("what went wrong in an earlier call");
     standin::Host::Current().Operations().Refuse(refused, ResultCode{12});
     try {
       call(caller);
