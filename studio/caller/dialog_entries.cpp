@@ -2,6 +2,7 @@
 
 #include <QLocale>
 #include <QStringList>
+#include <cmath>
 
 #include "platform/nrvui/gesture.h"
 #include "platform/nrvui/ui_controls.h"
@@ -63,8 +64,11 @@ DialogEntries EntriesForOtherPictures(DialogEntries entries, const MosaicChoices
 
 QString DescriptionOf(const DialogEntries& entries) {
   const auto number = [&](const char* id) { return NumberForUser(Entry(entries, id)); };
-  QString text = Text("$$$/Studio/Preset/Tiles=%1 by %2 tiles", number("HorizontalCountTxt"),
-                      number("VerticalCountTxt"));
+  // The dialog returns counts and spacing as whole numbers.
+  const auto whole = [&](const char* id) { return std::trunc(float(Entry(entries, id))); };
+  QString text =
+      Text("$$$/Studio/Preset/Tiles=%1 by %2 tiles", NumberForUser(whole("HorizontalCountTxt")),
+           NumberForUser(whole("VerticalCountTxt")));
   const auto add = [&](const QString& part) {
     text = Text("$$$/Studio/Preset/Joined=%1, %2", text, part);
   };
@@ -77,9 +81,11 @@ QString DescriptionOf(const DialogEntries& entries) {
         isPercent ? "$$$/Studio/Preset/Percent=%1 by %2 %" : "$$$/Studio/Preset/Points=%1 by %2 pt";
     add(Text(key, number(kSizes[0]), number(kSizes[1])));
   }
-  if (Entry(entries, "TileSpaceHorzTxt") != 0 || Entry(entries, "TileSpaceVertTxt") != 0) {
-    add(Text("$$$/Studio/Preset/Spacing=spacing %1 by %2 pt", number("TileSpaceHorzTxt"),
-             number("TileSpaceVertTxt")));
+  const float spacingAcross = whole("TileSpaceHorzTxt");
+  const float spacingDown = whole("TileSpaceVertTxt");
+  if (spacingAcross != 0 || spacingDown != 0) {
+    add(Text("$$$/Studio/Preset/Spacing=spacing %1 by %2 pt", NumberForUser(spacingAcross),
+             NumberForUser(spacingDown)));
   }
   return text;
 }

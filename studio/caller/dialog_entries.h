@@ -17,8 +17,8 @@ DialogEntries EntriesIn(const nrvui::ui::UI_Dialog& dialog);
 /// picture's own. `choices` are what the dialog returned.
 DialogEntries EntriesForOtherPictures(DialogEntries entries, const MosaicChoices& choices);
 
-/// As in "40 by 23 tiles, colour, 50 by 50 %", in the user's language. A size that is the picture's
-/// own and a spacing of 0 are left out.
+/// The mosaic that these entries lead to, as in "40 by 23 tiles, colour, 50 by 50 %", in the user's
+/// language. A size that is the picture's own and a spacing of 0 are left out.
 QString DescriptionOf(const DialogEntries& entries);
 
 /// Gives the control of this ID the focus when the dialog opens.

@@ -22,17 +22,19 @@ bool IsRatioOfPercentages(const MosaicChoices& choices) {
 }
 
 /// Throws StudioError when there can be no mosaic.
-qtui::Summary SummaryOfTiles(const Picture& picture, const Forecast& forecast) {
-  const MosaicChoices& choices = forecast.choices;
-  const MosaicParameters& params = choices.params;
+QString TilesText(const Picture& picture, const MosaicChoices& choices) {
   const MosaicGeometry geometry = MosaicJob(picture, choices).Geometry();
   const uint64_t count = uint64_t(geometry.tilesAcross) * geometry.tilesDown;
-  const QString tiles =
-      PluralText("$$$/Studio/Dialog/Tiles=%1 tile of %2 by %3 pt", "%1 tiles of %2 by %3 pt", count,
-                 NumberForUser(double(count)), NumberForUser(geometry.tile.width()),
-                 NumberForUser(geometry.tile.height()));
+  return PluralText("$$$/Studio/Dialog/Tiles=%1 tile of %2 by %3 pt", "%1 tiles of %2 by %3 pt",
+                    count, NumberForUser(double(count)), NumberForUser(geometry.tile.width()),
+                    NumberForUser(geometry.tile.height()));
+}
+
+/// How the mosaic differs from what the fields suggest.
+QStringList Remarks(const Forecast& forecast) {
+  const MosaicParameters& params = forecast.choices.params;
   QStringList remarks;
-  if (IsRatioOfPercentages(choices)) {
+  if (IsRatioOfPercentages(forecast.choices)) {
     remarks +=
         Text("$$$/Studio/Dialog/RatioOnPercentages=The ratio is applied to the percentages.");
   }
@@ -45,17 +47,20 @@ qtui::Summary SummaryOfTiles(const Picture& picture, const Forecast& forecast) {
         "$$$/Studio/Dialog/WholeSpaces=Spacing is rounded down to whole points: %1 by %2 pt.",
         NumberForUser(params.tileSpacingHorizontal), NumberForUser(params.tileSpacingVertical));
   }
-  const bool isWarning = forecast.cutsTiles || forecast.cutsSpaces;
-  if (remarks.isEmpty()) return {tiles, isWarning};
-  return {Text("$$$/Studio/Dialog/TilesAndMore=%1. %2", tiles, remarks.join(' ')), isWarning};
+  return remarks;
 }
 
 }  // namespace
 
 qtui::Summary SummaryFor(const Picture& picture, const Forecast& forecast) {
+  QStringList remarks = Remarks(forecast);
   try {
-    return SummaryOfTiles(picture, forecast);
+    const QString tiles = TilesText(picture, forecast.choices);
+    const bool isWarning = forecast.cutsTiles || forecast.cutsSpaces;
+    if (remarks.isEmpty()) return {tiles, isWarning};
+    return {Text("$$$/Studio/Dialog/TilesAndMore=%1. %2", tiles, remarks.join(' ')), isWarning};
   } catch (const StudioError& error) {
-    return {Sentence(error.what()), true};
+    remarks.prepend(Sentence(error.what()));
+    return {remarks.join(' '), true};
   }
 }

@@ -22,7 +22,9 @@ constexpr int kDialogColumns = 48;  // how wide the dialogs are at least, in cha
 constexpr int kMostCharacters = 80;
 constexpr int kSavedName = Qt::UserRole;
 constexpr int kValidName = Qt::UserRole + 1;  // before the present edit
-constexpr int kMenuColumns = 48;              // of a name in the menu, in characters
+// The greatest width of a text in the menu, in characters.
+constexpr int kNameColumns = 48;
+constexpr int kReasonColumns = 120;
 
 /// New names of presets by their former names; an empty name deletes the preset.
 using PresetChanges = std::map<QString, QString, PresetOrder>;
@@ -192,9 +194,9 @@ void Apply(const PresetChanges& changes, KeptChoices::Presets& presets) {
 }
 
 /// A text as a menu shows it, where "&" would mark a mnemonic.
-QString Caption(const QMenu& menu, const QString& text) {
+QString Caption(const QMenu& menu, const QString& text, int columns) {
   const QFontMetrics metrics = menu.fontMetrics();
-  return metrics.elidedText(text, Qt::ElideRight, metrics.averageCharWidth() * kMenuColumns)
+  return metrics.elidedText(text, Qt::ElideRight, metrics.averageCharWidth() * columns)
       .replace('&', "&&");
 }
 
@@ -220,13 +222,16 @@ void PresetMenu::Fill() {
   QAction* const manage = menu.addAction(Text("$$$/Studio/Menu/ManagePresets=&Manage Presets…"),
                                          &window, [this] { Manage(); });
   manage->setObjectName("managePresets");
+  menu.addSeparator();
   KeptChoices kept;
   try {
     kept = file.Load();
-  } catch (const StudioError&) {
-    // Manage reports the reason.
+  } catch (const StudioError& error) {
+    const QString reason = Sentence(error.what());
+    QAction* const notice = menu.addAction(Caption(menu, reason, kReasonColumns));
+    notice->setToolTip(reason);
+    notice->setEnabled(false);
   }
-  menu.addSeparator();
   for (const auto& [name, entries] : kept.presets) AddEntries(name, entries);
   if (kept.recent.empty()) return;
   menu.addSection(Text("$$$/Studio/Menu/RecentMosaics=Recent Mosaics"));
@@ -234,8 +239,8 @@ void PresetMenu::Fill() {
 }
 
 void PresetMenu::AddEntries(const QString& caption, const DialogEntries& entries) {
-  QAction* const action =
-      menu.addAction(Caption(menu, caption), &window, [this, entries] { window.Create(entries); });
+  QAction* const action = menu.addAction(Caption(menu, caption, kNameColumns), &window,
+                                         [this, entries] { window.Create(entries); });
   action->setToolTip(DescriptionOf(entries));  // the caption can be a name, or elided
   action->setEnabled(window.Shown() != nullptr);
 }

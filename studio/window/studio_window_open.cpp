@@ -33,6 +33,23 @@ QStringList FilesIn(const QMimeData& data) {
   return files;
 }
 
+/// Reports that only the first of the dropped files was opened.
+QString OnlyFirstText(const QStringList& paths) {
+  const QString first = QFileInfo(paths[0]).fileName();
+  if (paths.size() == 2) {
+    return Text(
+        "$$$/Studio/Status/OnlyFirst=Opened %1. Only one picture can be dropped at a time; %2 was "
+        "not opened.",
+        first, QFileInfo(paths[1]).fileName());
+  }
+  const auto others = uint64_t(paths.size() - 1);
+  return PluralText(
+      "$$$/Studio/Status/OnlyFirstOfMany=Opened %1. Only one picture can be dropped at a time; %2 "
+      "other was not opened.",
+      "Opened %1. Only one picture can be dropped at a time; %2 others were not opened.", others,
+      first, NumberForUser(double(others)));
+}
+
 /// The picture that the data contain. Throws StudioError when there is no memory for it.
 std::optional<Picture> PictureIn(const QMimeData& data) {
   if (!data.hasImage()) return std::nullopt;
@@ -171,11 +188,7 @@ void StudioWindow::dropEvent(QDropEvent* event) {
   AcceptCopy(*event);
   // Later, as the other application waits for the answer to the drop.
   const auto open = [this, paths] {
-    if (!OpenPicture(paths.front()) || paths.size() == 1) return;
-    Tell(
-        Text("$$$/Studio/Status/OnlyFirst=Opened %1. Only one picture can be dropped at a time; %2 "
-             "was not opened.",
-             QFileInfo(paths[0]).fileName(), QFileInfo(paths[1]).fileName()));
+    if (OpenPicture(paths.front()) && paths.size() > 1) Tell(OnlyFirstText(paths));
   };
   QMetaObject::invokeMethod(this, open, Qt::QueuedConnection);
 }

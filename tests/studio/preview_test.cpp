@@ -168,9 +168,10 @@ TEST(Preview, SaysWhatChoicesLeadTo) {
             "rounded down to whole points: 2 by 0 pt.");
   MosaicChoices crowded = Choices(100, 50, true);
   crowded.params.tileSpacingHorizontal = 98;
-  const qtui::Summary bad = SummaryFor(picture, {crowded});
+  const qtui::Summary bad = SummaryFor(picture, {crowded, false, true});
   EXPECT_TRUE(bad.isWarning);
   EXPECT_TRUE(bad.text.startsWith("No room for tiles")) << bad.text.toStdString();
+  EXPECT_TRUE(bad.text.endsWith("whole points: 98 by 0 pt.")) << bad.text.toStdString();
 }
 
 }  // namespace

@@ -506,9 +506,11 @@ TEST_F(StudioWindowTest, OpensAnImageOfADrawingAndExportsTheDrawing) {
 TEST_F(StudioWindowTest, TakesWhatIsDroppedAndSaysWhatItCannotTake) {
   Open();
   Save("text.png", {});
-  const auto drop = [&](const QString& name) {
+  const auto drop = [&](const QStringList& names) {
     QMimeData data;
-    data.setUrls({QUrl::fromLocalFile(Path(name)), QUrl::fromLocalFile(Path("other.png"))});
+    QList<QUrl> urls;
+    for (const QString& name : names) urls += QUrl::fromLocalFile(Path(name));
+    data.setUrls(urls);
     const QImage before = window->grab().toImage();
     for (const bool leaves : {true, false}) {
       QDragEnterEvent enter({9, 9}, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
@@ -531,15 +533,19 @@ TEST_F(StudioWindowTest, TakesWhatIsDroppedAndSaysWhatItCannotTake) {
   QApplication::sendEvent(&*window, &enterWords);
   EXPECT_FALSE(enterWords.isAccepted());
   EXPECT_EQ(window->grab().toImage(), uninvited);
-  drop("in.png");
+  drop({"in.png", "other.png"});
   ASSERT_TRUE(QTest::qWaitFor([&] { return window->Shown() != nullptr; }));
-  const ArtworkPtr placed = window->Shown();
   EXPECT_EQ(window->statusBar()->currentMessage(),
             "Opened in.png. Only one picture can be dropped at a time; other.png was not opened.");
 
   QString text;
   Hear("error", text);
-  drop("text.png");
+  drop({"in.png", "other.png", "text.png"});
+  EXPECT_TRUE(QTest::qWaitFor([&] {
+    return window->statusBar()->currentMessage().endsWith("time; 2 others were not opened.");
+  }));
+  const ArtworkPtr placed = window->Shown();
+  drop({"text.png"});
   ASSERT_TRUE(QTest::qWaitFor([&] { return !text.isEmpty(); }));
   EXPECT_TRUE(text.contains("cannot be opened") && text.contains("is empty")) << text.toStdString();
   EXPECT_EQ(window->Shown(), placed);
@@ -633,9 +639,9 @@ TEST_F(StudioWindowTest, PresetsAreSavedRenamedDeletedAndAppliedToAnyPicture) {
   menu = window->findChild<QMenu*>("presets");
   EXPECT_FALSE(choose("&Save Preset…")) << "there is no mosaic yet";
   ASSERT_TRUE(
-      Create("enter HorizontalCountTxt 12\nenter VerticalCountTxt 8\nclick GrayRadio\n"
+      Create("enter HorizontalCountTxt 12.5\nenter VerticalCountTxt 8\nclick GrayRadio\n"
              "enter TileSpaceHorzTxt 1.5\nkey Return"));
-  const QString description = "12 by 8 tiles, grey, spacing 1.5 by 0 pt";
+  const QString description = "12 by 8 tiles, grey, spacing 1 by 0 pt";
   save("R&D", qPrintable(description));
   save("r&d", "The preset \"r&d\" will be replaced.");
   ASSERT_TRUE(Create("enter HorizontalCountTxt 7\nenter NewWidthTxt 30\nkey Return"));
@@ -677,6 +683,9 @@ TEST_F(StudioWindowTest, PresetsAreSavedRenamedDeletedAndAppliedToAnyPicture) {
   EXPECT_TRUE(choose("&Save Preset…"));
   EXPECT_TRUE(text.contains("cannot be read: line 1 is not valid JSON.")) << text.toStdString();
   EXPECT_EQ(Load("state"), "[");
+  emit menu->aboutToShow();
+  EXPECT_FALSE(menu->actions().back()->isEnabled());
+  EXPECT_TRUE(menu->actions().back()->toolTip().endsWith("line 1 is not valid JSON."));
   Export("b.svg");
 }
 
