@@ -9,7 +9,6 @@
 #include <cstring>
 #include <filesystem>
 #include <span>
-#include <utility>
 #include <vector>
 
 #include "platform/nrvcore/unicode.h"
@@ -71,16 +70,6 @@ UTF16String WithReplacements(std::u16string_view text, std::span<const Replaceme
 }
 
 }  // namespace
-
-ReplacementValue::ReplacementValue() noexcept = default;
-ReplacementValue::ReplacementValue(UTF16String replacement) : text(std::move(replacement)) {}
-ReplacementValue::ReplacementValue(const ReplacementValue& other) = default;
-ReplacementValue::~ReplacementValue() = default;
-ReplacementValue& ReplacementValue::operator=(const ReplacementValue& other) = default;
-
-const UTF16String& ReplacementValue::Text() const noexcept {
-  return text;
-}
 
 Localizer& Localizer::Get() {
   static Localizer localizer;

@@ -5,21 +5,19 @@
 #include <initializer_list>
 #include <string>
 #include <string_view>
+#include <utility>
 
 #include "platform/nrvcore/string.h"
 
 namespace nrvcore::config {
 
 /// A text that replaces one of the placeholders %1 to %4 in a localised text.
-class NRV_EXPORT ReplacementValue {
+class ReplacementValue {
  public:
-  ReplacementValue() noexcept;
-  explicit ReplacementValue(UTF16String replacement);
-  ReplacementValue(const ReplacementValue& other);
-  ~ReplacementValue();
-  ReplacementValue& operator=(const ReplacementValue& other);
+  ReplacementValue() noexcept = default;
+  explicit ReplacementValue(UTF16String replacement) noexcept : text(std::move(replacement)) {}
 
-  const UTF16String& Text() const noexcept;
+  const UTF16String& Text() const noexcept { return text; }
 
  private:
   UTF16String text;

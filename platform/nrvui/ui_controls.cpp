@@ -39,21 +39,6 @@ void UI_ControlView::SetDisabled(bool disable) {
   UI_Changed();
 }
 
-void UI_ControlView::SetCaption(const nrvcore::UTF16String& newCaption) {
-  caption = newCaption;
-  UI_Changed();
-}
-
-void UI_ControlView::SetHelp(const nrvcore::String& key) {
-  help = key;
-  UI_Changed();
-}
-
-void UI_ControlView::SetDisabledHelp(const nrvcore::String& key) {
-  disabledHelp = key;
-  UI_Changed();
-}
-
 nrvcore::UTF16String UI_ControlView::GetHelp() const {
   const nrvcore::String& key = isDisabled && !disabledHelp.IsEmpty() ? disabledHelp : help;
   return nrvcore::config::Localizer::Get().Localize(key.View().data());
@@ -75,11 +60,6 @@ void UI_StaticText::SetValue(const nrvcore::UTF16String& text) {
   SetCaption(text);
 }
 
-void UI_StaticText::SetBuddy(const nrvcore::String& nodeID) {
-  buddy = nodeID;
-  UI_Changed();
-}
-
 UI_Checkbox::~UI_Checkbox() = default;
 
 bool UI_Checkbox::IsChecked() const {
@@ -87,20 +67,13 @@ bool UI_Checkbox::IsChecked() const {
 }
 
 void UI_Checkbox::SetChecked(bool check) {
-  checked = check;
-  UI_Changed();
+  UI_SetMember(checked, check);
 }
 
 UI_RadioButton::~UI_RadioButton() = default;
 
 void UI_RadioButton::SetValue(RadioValue newValue) {
-  value = newValue;
-  UI_Changed();
-}
-
-void UI_RadioButton::SetGroup(const nrvcore::String& name) {
-  group = name;
-  UI_Changed();
+  UI_SetMember(value, newValue);
 }
 
 }  // namespace nrvui::controls

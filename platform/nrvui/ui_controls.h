@@ -65,11 +65,11 @@ class NRV_EXPORT UI_ControlView : public ui::UI_SubView {
   bool IsDisabled() const { return isDisabled; }
 
   /// '&' precedes the mnemonic; "&&" is an ampersand.
-  void SetCaption(const nrvcore::UTF16String& newCaption);
+  void SetCaption(const nrvcore::UTF16String& newCaption) { UI_SetMember(caption, newCaption); }
   const nrvcore::UTF16String& GetCaption() const { return caption; }
   /// Localisation keys of two sentences: the control's purpose, and why it is disabled.
-  void SetHelp(const nrvcore::String& key);
-  void SetDisabledHelp(const nrvcore::String& key);
+  void SetHelp(const nrvcore::String& key) { UI_SetMember(help, key); }
+  void SetDisabledHelp(const nrvcore::String& key) { UI_SetMember(disabledHelp, key); }
   /// The sentence for the present state, in the user's language. Empty without a key.
   nrvcore::UTF16String GetHelp() const;
   void ShowMnemonic(bool show);
@@ -107,7 +107,7 @@ class NRV_EXPORT UI_StaticText : public UI_ControlView {
   const nrvcore::UTF16String& GetValue() const { return GetCaption(); }
 
   /// The node ID of the labelled control; empty for none.
-  void SetBuddy(const nrvcore::String& nodeID);
+  void SetBuddy(const nrvcore::String& nodeID) { UI_SetMember(buddy, nodeID); }
   const nrvcore::String& GetBuddy() const { return buddy; }
 
  private:
@@ -137,7 +137,7 @@ class NRV_EXPORT UI_RadioButton : public UI_ControlView {
   RadioValue GetValue() const { return value; }
   void SetValue(RadioValue newValue);
 
-  void SetGroup(const nrvcore::String& name);
+  void SetGroup(const nrvcore::String& name) { UI_SetMember(group, name); }
   const nrvcore::String& GetGroup() const { return group; }
 
  private:

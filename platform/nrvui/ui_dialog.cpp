@@ -64,12 +64,7 @@ void OS_Dialog::RunModal() {
 }
 
 void OS_Dialog::Center() {
-  SetPlacement(DialogPlacement::kCentered);
-}
-
-void OS_Dialog::SetPlacement(DialogPlacement newPlacement) {
-  placement = newPlacement;
-  UI_Changed();
+  UI_SetMember(placement, DialogPlacement::kCentered);
 }
 
 void OS_Dialog::SetMinimumSize(nrvcore::geom::PointT<float> newMinimumSize) {
@@ -123,8 +118,7 @@ void UI_Dialog::OnCloseButton() {
 }
 
 void UI_Dialog::SetResponse(DialogResponse newResponse) {
-  response = newResponse;
-  UI_Changed();
+  UI_SetMember(response, newResponse);
 }
 
 void UI_Dialog::DefaultCloseOk() {
@@ -148,7 +142,7 @@ void UI_Dialog::SetInitialFocus(const boost::intrusive_ptr<UI_Node>& node) {
 }
 
 void UI_Dialog::Position() {
-  SetPlacement(DialogPlacement::kPositioned);
+  UI_SetMember(placement, DialogPlacement::kPositioned);
 }
 
 void UI_Dialog::UI_ContentRectChanged(const nrvcore::geom::RectT<float>& rect) {

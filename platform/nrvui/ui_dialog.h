@@ -94,8 +94,6 @@ class NRV_EXPORT OS_Dialog : public UI_Node {
             nrvcore::geom::PointT<float> contentSize, NSWindow* platformWindow,
             const DialogStyle& windowStyle);
 
-  void SetPlacement(DialogPlacement newPlacement);
-
   const drawbot::SupplierInterface* supplier;
   nrvcore::UTF16String title;
   nrvcore::geom::PointT<float> dialogPoint;

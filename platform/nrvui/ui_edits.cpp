@@ -14,8 +14,7 @@ nrvcore::UTF16String UI_TextEdit::GetValue() const {
 }
 
 void UI_TextEdit::SetValue(const nrvcore::UTF16String& newText) {
-  text = newText;
-  UI_Changed();
+  UI_SetMember(text, newText);
 }
 
 gestures::Outcome UI_TextEdit::AcceptEntry(const nrvcore::UTF16String& entry) {
@@ -44,18 +43,15 @@ double UI_NumberEdit::GetNumber() const {
 }
 
 void UI_NumberEdit::SetNumber(double newNumber) {
-  number = newNumber;
-  UI_Changed();
+  UI_SetMember(number, newNumber);
 }
 
 void UI_NumberEdit::SetLowerBound(double bound) {
-  lowerBound = bound;
-  UI_Changed();
+  UI_SetMember(lowerBound, bound);
 }
 
 void UI_NumberEdit::SetUpperBound(double bound) {
-  upperBound = bound;
-  UI_Changed();
+  UI_SetMember(upperBound, bound);
 }
 
 double UI_NumberEdit::GetUpperBound() const {

@@ -110,6 +110,13 @@ class NRV_EXPORT UI_Node : public UI_Container {
   /// Notifies the observer. Derived classes call it after every visible change.
   void UI_Changed();
 
+  /// Sets a member of a derived class and notifies the observer.
+  template <class Value>
+  void UI_SetMember(Value& member, const Value& value) {
+    member = value;
+    UI_Changed();
+  }
+
  private:
   friend void intrusive_ptr_add_ref(const UI_Node* node) noexcept;
   friend void intrusive_ptr_release(const UI_Node* node);

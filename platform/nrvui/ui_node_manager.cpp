@@ -9,9 +9,6 @@ void CustomSettingsManager::SetSetting(const std::string& key, const boost::any&
   settings[key] = value;
 }
 
-UI_NodeManager::UI_NodeManager() = default;
-UI_NodeManager::~UI_NodeManager() = default;
-
 UI_NodeManager& UI_NodeManager::Get(bool) {
   static UI_NodeManager manager;
   return manager;

@@ -37,8 +37,7 @@ class NRV_EXPORT UI_NodeManager {
   CustomSettingsManager& GetCustomSettingsManager() const;
 
  private:
-  UI_NodeManager();
-  ~UI_NodeManager();
+  UI_NodeManager() = default;
 
   mutable CustomSettingsManager customSettings;
 };

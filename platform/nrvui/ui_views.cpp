@@ -20,20 +20,9 @@ UI_Layout::~UI_Layout() = default;
 
 UI_Panel::~UI_Panel() = default;
 
-void UI_Panel::SetArrangement(PanelArrangement newArrangement) {
-  arrangement = newArrangement;
-  UI_Changed();
-}
-
 void UI_Panel::SetColumnCount(unsigned count) {
   if (count == 0 || count > kMaxColumns) throw std::invalid_argument("a grid's columns");
-  columnCount = count;
-  UI_Changed();
-}
-
-void UI_Panel::SetTitle(const nrvcore::UTF16String& newTitle) {
-  title = newTitle;
-  UI_Changed();
+  UI_SetMember(columnCount, count);
 }
 
 bool UI_Panel::IsSpace() const {

@@ -36,7 +36,9 @@ class NRV_EXPORT UI_Panel : public UI_SubView {
 
   ~UI_Panel() override;
 
-  void SetArrangement(PanelArrangement newArrangement);
+  void SetArrangement(PanelArrangement newArrangement) {
+    UI_SetMember(arrangement, newArrangement);
+  }
   PanelArrangement GetArrangement() const { return arrangement; }
 
   /// The number of columns of a grid, whose children fill it row by row. Throws
@@ -45,7 +47,7 @@ class NRV_EXPORT UI_Panel : public UI_SubView {
   unsigned GetColumnCount() const { return columnCount; }
 
   /// A panel with a title has a frame; an empty title removes both.
-  void SetTitle(const nrvcore::UTF16String& newTitle);
+  void SetTitle(const nrvcore::UTF16String& newTitle) { UI_SetMember(title, newTitle); }
   const nrvcore::UTF16String& GetTitle() const { return title; }
 
   /// Whether the panel is a spacer: without title and children. A spacer takes the remaining space

@@ -57,10 +57,6 @@ void Host::RemovePlugin(PluginRef plugin) {
   plugin->isRemoved = true;
 }
 
-void Host::SetUnloaded(PluginRef plugin, bool isUnloaded) {
-  plugin->isUnloaded = isUnloaded;
-}
-
 bool Host::IsInUse(PluginRef plugin) const {
   const auto& accesses = objects.accesses.Objects();
   return suites.IsInUse(plugin) ||

@@ -45,8 +45,6 @@ class Host {
   /// Removes the plug-in's registrations and invalidates its reference. Leftovers continues to list
   /// what it holds.
   void RemovePlugin(PluginRef plugin);
-  /// States whether the plug-in's code is unloaded. Its suites cannot be acquired then.
-  void SetUnloaded(PluginRef plugin, bool isUnloaded);
   /// Whether an access handle or one of its suites is held, so that the plug-in must stay loaded.
   bool IsInUse(PluginRef plugin) const;
   /// The module that owns the host's string lists.

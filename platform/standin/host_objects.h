@@ -15,7 +15,7 @@ struct OpaqueModule {
   std::string fileName;
   std::string name{};       // set by SetPluginName; empty before
   bool isHost = false;      // the host's own module, which has string lists but no code
-  bool isUnloaded = false;  // its code is not in memory
+  bool isUnloaded = false;  // its code is not in memory, so its suites cannot be acquired
   bool isRemoved = false;   // the object remains, so that no other plug-in gets its reference
 };
 

@@ -85,7 +85,7 @@ ResultCode Module::Unload() {
   if (host.IsInUse(plugin)) return kPluginInUse;
   const ResultCode code = Send(messages::kUnload);
   if (Failed(code)) return code;
-  host.SetUnloaded(plugin, true);
+  plugin->isUnloaded = true;
   entry = nullptr;
   image.reset();
   return code;
@@ -97,7 +97,7 @@ ResultCode Module::Reload() {
 
 ResultCode Module::Reload(const std::filesystem::path& otherFile) {
   if (!IsLoaded()) Load(otherFile);
-  host.SetUnloaded(plugin, false);
+  plugin->isUnloaded = false;
   return Send(messages::kReload);
 }
 

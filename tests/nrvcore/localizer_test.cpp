@@ -68,7 +68,7 @@ TEST(LocalizerDeathTest, TakesTheLanguageFromTheEnvironmentUnlessTheLocaleIsC) {
 }
 
 TEST(Localizer, ReplacesEachPlaceholderOnce) {
-  const ReplacementValue value(u"%2"), empty;
+  const ReplacementValue value(u"%2"), empty{};
   const Localizer& localizer = Localizer::Get();
   const char* const key = "$$$/Test/Width=%1 is wide, %0 %2 is %3 % so";
   EXPECT_EQ(localizer.Localize(key, {value, value, empty}), u"%2 is wide, %0 %2 is  % so");

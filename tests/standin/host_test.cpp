@@ -162,9 +162,9 @@ TEST_F(HostTest, PublishedSuiteIsAvailableWhileItsPluginIsLoaded) {
     EXPECT_EQ(held.operator->(), &greeting);
     EXPECT_TRUE(host.IsInUse(plugin));
   }
-  host.SetUnloaded(plugin, true);
+  plugin->isUnloaded = true;
   EXPECT_EQ(ScopedSuite<Greeting>(host.Suites()).Code(), standin::kNotLoaded);
-  host.SetUnloaded(plugin, false);
+  plugin->isUnloaded = false;
   const ScopedSuite<VXNotifierSuite> notifiers(host.Suites());
   NotifierHandle notifier = nullptr;
   ASSERT_EQ(notifiers->AddNotifier(plugin, "mine", "t", &notifier), kDone);
