@@ -16,10 +16,10 @@
 namespace {
 
 constexpr int kPipeSize = 1 << 20;
-constexpr int kFirstFree = 3;  // above the standard descriptors, which the child's are copied to
+constexpr int kFirstFree = 3;  // the first descriptor after the standard ones
 
-/// Where it lies from a program in `bin`, in a build folder as in an installed tree.
-std::filesystem::path PlaceOf(const std::string& name) {
+/// The program's path, relative to `bin` both in a build folder and in an installed tree.
+std::filesystem::path PathOf(const std::string& name) {
   std::error_code error;
   const auto self = std::filesystem::read_symlink("/proc/self/exe", error);
   return self.parent_path().parent_path() / "lib/tesserae" / name;
@@ -30,6 +30,7 @@ std::filesystem::path PlaceOf(const std::string& name) {
                     FileName(program.c_str()), ReasonText(error));
 }
 
+/// A copy above the standard descriptors, which the child's are copied to.
 Descriptor Moved(int descriptor) {
   return Descriptor(fcntl(descriptor, F_DUPFD_CLOEXEC, kFirstFree));
 }
@@ -41,7 +42,7 @@ Descriptor::~Descriptor() {
 }
 
 ChildProcess::ChildProcess(const std::string& name, const std::string& argument, int input) {
-  const std::filesystem::path program = PlaceOf(name);
+  const std::filesystem::path program = PathOf(name);
   int ends[2];
   if (pipe2(ends, O_CLOEXEC) != 0) Refuse(program, errno);
   output = Descriptor(ends[0]);

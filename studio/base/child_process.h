@@ -6,7 +6,7 @@
 #include <string>
 #include <utility>
 
-/// Owns a file descriptor; -1 is none.
+/// Owns a file descriptor; -1 if empty.
 class Descriptor {
  public:
   explicit Descriptor(int number = -1) : number(number) {}
@@ -23,24 +23,24 @@ class Descriptor {
   int number;
 };
 
-/// A program of this project that works for this process and is killed with this object. Terminal
-/// signals do not reach it, and what it writes to its error output is lost.
+/// A helper program of this project in a process of its own, which the destructor kills. It has its
+/// own process group, so signals of the terminal do not reach it; its error output is discarded.
 class ChildProcess : boost::noncopyable {
  public:
-  /// Starts `lib/tesserae/NAME` of the tree in which this program is installed. `input` becomes its
-  /// standard input and stays the caller's; -1 is none. An empty `argument` is left out. Throws
-  /// StudioError, which names the program, when it cannot be started.
+  /// Starts `lib/tesserae/NAME` of the tree in which this program is installed. The descriptor
+  /// `input`, which the caller keeps, becomes its standard input; -1 leaves that unchanged. Without
+  /// an `argument` if that is empty. Throws StudioError if it cannot be started.
   ChildProcess(const std::string& name, const std::string& argument, int input);
   ~ChildProcess();
 
-  /// The end of a pipe from which its standard output is read.
+  /// The read end of the pipe to which it writes its standard output.
   int Output() const { return output.Get(); }
 
-  /// Limits its CPU time, in seconds; a limit that it inherited stays where it is lower.
+  /// Limits its CPU time, in seconds, unless it inherited a lower limit.
   void AllowSeconds(unsigned long seconds);
 
-  /// Waits for its end and returns its exit status, or the negative number of the signal that
-  /// ended it. Can be called once.
+  /// Waits until it ends, and returns its exit status or the negated number of the signal that
+  /// killed it. Can be called once.
   int Wait();
 
  private:

@@ -10,7 +10,7 @@ bool IsByte(QChar unit) {
   return unit.unicode() >= kByteBase + 0x80 && unit.unicode() <= kByteBase + 0xFF;
 }
 
-/// Whether the unit at this place is a byte of its own and no half of a character.
+/// Whether the unit is a lone surrogate that stands for a byte, not half of a surrogate pair.
 bool IsLoneByte(const QString& text, qsizetype at) {
   return IsByte(text[at]) && (at == 0 || !text[at - 1].isHighSurrogate());
 }

@@ -11,8 +11,8 @@
 
 namespace {
 
-std::atomic<bool> requested = false;  // set in a signal handler, read on any thread
-std::atomic<int> exitStatus = 0;      // read in a signal handler
+std::atomic<bool> requested = false;  // set by a signal handler, read on any thread
+std::atomic<int> exitStatus = 0;      // read by a signal handler
 static_assert(std::atomic<bool>::is_always_lock_free && std::atomic<int>::is_always_lock_free);
 int waker[2] = {-1, -1};
 
@@ -22,7 +22,7 @@ struct sigaction former[std::size(kSignals)];
 void SetRequested(int) {
   const int error = errno;
   requested = true;
-  // A full pipe has woken its reader already.
+  // If the pipe is full, its reader has been woken already.
   [[maybe_unused]] const auto written = write(waker[1], "", 1);
   errno = error;
 }

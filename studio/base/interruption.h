@@ -2,19 +2,22 @@
 
 #include <boost/core/noncopyable.hpp>
 
-/// From now on SIGINT, SIGTERM and SIGHUP end the program at once with this exit status. A signal
-/// that is ignored, as nohup does with SIGHUP, stays ignored.
+/// From now on SIGINT, SIGTERM and SIGHUP end the program at once with this exit status. Ignored
+/// signals, such as SIGHUP under nohup, stay ignored.
 void ExitOnSignals(int status);
 
-/// While an Interruption lives, these signals set a flag instead of ending the program, so that it
-/// can remove unfinished files. An ignored signal stays ignored. At most one lives at a time.
+/// During the lifetime of an Interruption these signals set a flag instead of ending the program,
+/// so that it can remove unfinished files. Ignored signals stay ignored. Only one may exist at a
+/// time.
 class Interruption : boost::noncopyable {
  public:
   Interruption();
   ~Interruption();
 
+  /// Whether a signal has arrived. Any thread may call it.
   bool IsRequested() const;
 
-  /// Becomes readable on a request, for use in an event loop; -1 when creating the pipe failed.
+  /// A descriptor that becomes readable when a signal arrives, for use in an event loop; -1 if the
+  /// pipe could not be created.
   int Descriptor() const;
 };

@@ -16,10 +16,10 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr int kMostLinks = 64;  // from one to the next, in case they lead in a circle
+constexpr int kMostLinks = 64;  // the links may form a cycle
 
-/// The file that a path means, behind its links, there or not yet.
-fs::path BehindLinks(fs::path path) {
+/// The target of a path's symbolic links, which need not exist.
+fs::path Resolved(fs::path path) {
   std::error_code error;
   for (int i = 0; i < kMostLinks && is_symlink(path, error); ++i) {
     path = path.parent_path() / read_symlink(path, error);
@@ -31,13 +31,13 @@ fs::path FolderOf(const fs::path& place) {
   return place.has_parent_path() ? place.parent_path() : ".";
 }
 
-/// The same for all names of one file that is there. It may have several, one in capitals where the
-/// disk doesn't tell them from small letters.
+/// Equal for all names of one existing file: hard links, and names that differ in case on a file
+/// system that ignores case.
 QString Identity(const struct stat& file) {
   return QString("%1:%2").arg(file.st_dev).arg(file.st_ino);
 }
 
-/// The same for all ways to write a path to one file, there or not yet.
+/// Equal for all paths to one file, which need not exist.
 QString Identity(const fs::path& place) {
   struct stat status {};
   if (stat(place.c_str(), &status) == 0) return Identity(status);
@@ -53,17 +53,18 @@ QString Identity(const fs::path& place) {
   Refuse(name, Text("$$$/Studio/Write/InUse=it is also an input or another output of this run"));
 }
 
-/// In a sticky folder only a file's owner, the folder's owner and root may rename or remove a file,
-/// even one that everybody may write.
-bool IsSomebodyElsesInStickyFolder(const fs::path& place, const struct stat& file) {
+/// In a sticky folder only the owners of the file and of the folder, and root, may rename or remove
+/// a file, even if its mode lets others write it.
+bool IsForeignInStickyFolder(const fs::path& place, const struct stat& file) {
   struct stat folder {};
   if (stat(FolderOf(place).c_str(), &folder) != 0 || !(folder.st_mode & S_ISVTX)) return false;
   const uid_t user = geteuid();
   return user != 0 && user != file.st_uid && user != folder.st_uid;
 }
 
-/// A name that nothing has, short, since the place's own may be as long as names can be.
-fs::path FreeName(const fs::path& folder) {
+/// An unused name. It does not contain the output's name, which may have the greatest length
+/// already.
+fs::path UnusedName(const fs::path& folder) {
   const auto number = QRandomGenerator::system()->generate64();
   return folder / (".tesserae-" + QString::number(number, 36).toStdString());
 }
@@ -78,12 +79,12 @@ OutputSet::~OutputSet() {
 }
 
 void OutputSet::Protect(const QString& name) {
-  taken << Identity(BehindLinks(SystemPath(name)));
+  taken << Identity(Resolved(SystemPath(name)));
 }
 
 QIODevice& OutputSet::Add(const QString& name) {
   auto output = std::make_unique<Output>();
-  const fs::path place = output->place = BehindLinks(SystemPath(name));
+  const fs::path place = output->place = Resolved(SystemPath(name));
   struct stat status {};
   const bool isThere = stat(place.c_str(), &status) == 0;
   const int error = errno;
@@ -92,7 +93,7 @@ QIODevice& OutputSet::Add(const QString& name) {
     if (!S_ISREG(status.st_mode))
       Refuse(name, Text("$$$/nrvcore/File/NotRegular=it is not a regular file"));
     if (access(place.c_str(), W_OK) != 0) Refuse(name, ReasonText(errno));
-    if (IsSomebodyElsesInStickyFolder(place, status)) Refuse(name, ReasonText(EPERM));
+    if (IsForeignInStickyFolder(place, status)) Refuse(name, ReasonText(EPERM));
   }
   std::error_code unknown;
   if (!is_directory(FolderOf(place), unknown)) {
@@ -103,13 +104,13 @@ QIODevice& OutputSet::Add(const QString& name) {
   const QString identity = Identity(place);
   if (taken.contains(identity)) RefuseInUse(name);
 
-  output->draft = FreeName(FolderOf(place));
+  output->draft = UnusedName(FolderOf(place));
   const int descriptor =
       open(output->draft.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, mode_t(0666));
   if (descriptor < 0) Refuse(name, ReasonText(errno));
   if (isThere) fchmod(descriptor, status.st_mode & 07777);
   output->device.setObjectName(name);
-  // Without a buffer errno says why a write fails, as Qt's error text does not always.
+  // Unbuffered, so that errno has the reason when a write fails; Qt's error text may not.
   output->device.open(descriptor, QIODevice::WriteOnly | QIODevice::Unbuffered,
                       QFileDevice::AutoCloseHandle);
   taken << identity;
@@ -123,7 +124,7 @@ void OutputSet::Commit() {
     if (fsync(device.handle()) != 0 && errno != EINVAL)
       Refuse(device.objectName(), ReasonText(errno));
   }
-  placed.reserve(outputs.size());  // nothing may fail between two steps of one output
+  placed.reserve(outputs.size());  // no allocation may fail between the steps of TakePlace
   try {
     for (const auto& output : outputs) TakePlace(*output);
   } catch (...) {
@@ -135,11 +136,11 @@ void OutputSet::Commit() {
   outputs.clear();
 }
 
-/// What was there is kept beside it until all files have their places.
+/// Keeps the former file under another name until all outputs are placed.
 void OutputSet::TakePlace(Output& output) {
   struct stat status {};
   if (lstat(output.place.c_str(), &status) == 0) {
-    // Where the disk doesn't tell capitals from small letters, two names may mean one place.
+    // On a file system that ignores case, two names can refer to one file.
     const QString identity = Identity(status);
     for (const Output* other : placed) {
       if (identity == Identity(other->place)) RefuseInUse(output.device.objectName());
@@ -147,10 +148,10 @@ void OutputSet::TakePlace(Output& output) {
     if (!S_ISREG(status.st_mode))
       Refuse(output.device.objectName(),
              Text("$$$/nrvcore/File/NotRegular=it is not a regular file"));
-    // The second name below could not be removed again.
-    if (IsSomebodyElsesInStickyFolder(output.place, status))
+    // The link created below could not be removed.
+    if (IsForeignInStickyFolder(output.place, status))
       Refuse(output.device.objectName(), ReasonText(EPERM));
-    output.former = FreeName(FolderOf(output.place));
+    output.former = UnusedName(FolderOf(output.place));
     // Some file systems do not support hard links.
     if (link(output.place.c_str(), output.former.c_str()) != 0 &&
         rename(output.place.c_str(), output.former.c_str()) != 0) {
@@ -160,7 +161,7 @@ void OutputSet::TakePlace(Output& output) {
   placed.push_back(&output);
   if (rename(output.draft.c_str(), output.place.c_str()) == 0) return;
   const int error = errno;
-  if (output.former.empty()) placed.pop_back();  // nothing to remove
+  if (output.former.empty()) placed.pop_back();  // PutBack would remove somebody else's new file
   Refuse(output.device.objectName(), ReasonText(error));
 }
 
@@ -169,7 +170,7 @@ void OutputSet::PutBack(Output& output) {
     unlink(output.place.c_str());
   } else {
     rename(output.former.c_str(), output.place.c_str());
-    unlink(output.former.c_str());  // still there when both are names of one file
+    unlink(output.former.c_str());  // rename does nothing if both are links to one file
   }
 }
 

@@ -7,30 +7,30 @@
 #include <memory>
 #include <vector>
 
-/// The files that one run writes. Each is written beside its place and takes it only on Commit, so
-/// a run that fails or is stopped leaves everything as it was. Names are as FileName makes them.
+/// The output files of one run. Each is a temporary file beside its final name, which Commit
+/// renames, so a run that fails or is stopped changes no file. Names are texts by FileName.
 class OutputSet {
  public:
   ~OutputSet();
 
-  /// Opens a file for writing right away, so that a place that cannot be written is known before
-  /// any work is spent on it. Throws StudioError; also when the path is already in the set.
-  /// The set owns the device.
+  /// Creates the temporary file at once, so that an output that cannot be written is reported
+  /// before the work. The set owns the device. Throws StudioError, also if the file is already an
+  /// output or protected.
   QIODevice& Add(const QString& name);
 
-  /// Refuses this path from now on, because the run still reads it.
+  /// Makes Add refuse this file, because the run reads it.
   void Protect(const QString& name);
 
-  /// Puts all files in their places, after all of them were written out in full. Throws
-  /// StudioError when that fails; all places are then as before.
+  /// Synchronises all files with the disk, then renames them to their final names. Throws
+  /// StudioError; all files are then as before.
   void Commit();
 
  private:
   struct Output {
     QFile device;                  // its object name is the name that the user gave
-    std::filesystem::path place;   // where it goes, behind all links
-    std::filesystem::path draft;   // where it is written, in the same folder
-    std::filesystem::path former;  // what was in its place, during Commit; empty for nothing
+    std::filesystem::path place;   // the final path, with links resolved
+    std::filesystem::path draft;   // the temporary file, in the same folder
+    std::filesystem::path former;  // the file that had the final path, during Commit; may be empty
   };
 
   void TakePlace(Output& output);
@@ -41,6 +41,6 @@ class OutputSet {
   QStringList taken;
 };
 
-/// Writes all of it to a device of an OutputSet, or one that cannot fail. Throws StudioError with
-/// the device's object name, which is the file's, and the reason.
+/// Writes all bytes to a device of an OutputSet or to a QBuffer. Throws StudioError, with the
+/// device's object name as the file's name and with the reason from errno.
 void WriteAll(QIODevice& device, QByteArrayView bytes);

@@ -6,12 +6,12 @@
 #include "studio/base/file_name.h"
 #include "studio/base/text.h"
 
-/// A failure whose cause lies outside the program, such as a file or the command line. what() is
-/// one line of UTF-8 in the user's language without a full stop, ready to stand behind the
-/// program's name.
+/// An error whose cause lies outside the program, such as a file or the command line. what() is one
+/// line of UTF-8 in the user's language, without a full stop, as it follows the program's name and
+/// a colon.
 class StudioError : public std::runtime_error {
  public:
-  /// A key, and values in the places of its %1 to %4.
+  /// A key, with `values` in place of %1 to %4.
   template <typename... Values>
   explicit StudioError(const char* key, const Values&... values)
       : StudioError(Text(key, values...)) {}
@@ -23,9 +23,10 @@ class StudioError : public std::runtime_error {
 inline constexpr const char* kNoMemory =
     "$$$/Studio/Reason/Memory=there is not enough memory for this";
 
-/// What went wrong, in the user's language; the system's text for an errno without one of ours.
+/// The reason of an error in the user's language: of an exception, or of an errno, where the text
+/// is the system's if there is no translation.
 QString ReasonText(const std::exception& error);
 QString ReasonText(int systemError);
 
-/// A reason, which is made to stand behind a colon, as a sentence of its own.
+/// A reason as a sentence, with a capital letter and a full stop.
 QString Sentence(QString reason);

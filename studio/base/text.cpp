@@ -20,9 +20,9 @@ std::string NumberText(double value, int decimals) {
   return text;
 }
 
-QString NumberForUser(double value) {
+QString NumberForUser(double value, int decimals) {
   const QChar sign(nrvcore::config::Localizer::Get().GetDecimalSign());
-  QString text = QString::fromStdString(NumberText(value)).replace('.', sign);
+  QString text = QString::fromStdString(NumberText(value, decimals)).replace('.', sign);
   const qsizetype start = value < 0 ? 1 : 0;
   const qsizetype end = text.indexOf(sign);
   for (qsizetype i = (end < 0 ? text.size() : end) - 3; i > start; i -= 3)

@@ -2,7 +2,6 @@
 
 #include <QFileInfo>
 #include <QGuiApplication>
-#include <cmath>
 
 #include "studio/base/text.h"
 
@@ -11,7 +10,7 @@ namespace {
 constexpr double kMillimetersPerPoint = 25.4 / 72;
 
 QString ShortNumber(double value) {
-  return NumberForUser(std::round(value * 10) / 10);
+  return NumberForUser(value, 1);
 }
 
 /// A picture of unknown size is drawn in an arbitrary one; a mosaic always has the size asked for.

@@ -4,7 +4,6 @@
 #include <QLabel>
 #include <QMessageBox>
 #include <QPushButton>
-#include <cmath>
 
 #include "studio/base/studio_error.h"
 #include "studio/base/text.h"
@@ -63,7 +62,7 @@ void MessageBoxes::ShowError(const QString& text, const std::exception& error) c
 bool MessageBoxes::AskBeforeLargeExport(double bytes) const {
   QMessageBox box(QMessageBox::Question, Text("$$$/Studio/Box/AlertTitle=Tesserae Studio"),
                   Text("$$$/Studio/Box/LargeExport=The file will be about %1 GB.",
-                       NumberForUser(std::round(bytes / 1e8) / 10)),
+                       NumberForUser(bytes / 1e9, 1)),
                   QMessageBox::NoButton, window);
   box.setObjectName("largeExport");
   box.setInformativeText(

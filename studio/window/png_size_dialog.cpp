@@ -147,7 +147,7 @@ std::optional<qtui::Summary> PngSizeDialog::DialogChanged(
   }
   const double pitch = (geometry.tile.width() + geometry.spacing.width()) * shown;
   const bool isSharp = std::abs(pitch - std::round(pitch)) < 1e-6;
-  const QString pixels = NumberForUser(std::round(pitch * 100) / 100);
+  const QString pixels = NumberForUser(pitch, 2);
   QString text;
   if (shown == proposed && isSharp) {
     text = PluralText(

@@ -1,6 +1,5 @@
 #include <QElapsedTimer>
 #include <QScopeGuard>
-#include <cmath>
 
 #include "studio/base/studio_error.h"
 #include "studio/caller/dialog_choices.h"
@@ -77,8 +76,7 @@ void StudioWindow::Create(const DialogEntries& entries) {
     const MosaicParameters& params = built->choices.params;
     const uint64_t count = uint64_t(params.tilesAcross) * params.tilesDown;
     Tell(PluralText("$$$/Studio/Status/Built=Built %1 tile in %2 s.", "Built %1 tiles in %2 s.",
-                    count, NumberForUser(double(count)),
-                    NumberForUser(std::round(built->seconds * 10) / 10)));
+                    count, NumberForUser(double(count)), NumberForUser(built->seconds, 1)));
     KeepChoices(*ConfirmedForShown());
     return true;
   });
