@@ -28,6 +28,9 @@ constexpr struct {
      "$$$/Studio/Picture/CutShort=the picture %1 is incomplete: its file ends too early"},
     {kTooLarge,
      "$$$/Studio/Picture/TooLarge=the picture %1 is too large: reading it takes too much memory"},
+    {kUnconfined,
+     "$$$/Studio/Picture/Unconfined=the picture %1 was not read, because its decoder could not be "
+     "sandboxed"},
     {-SIGXCPU, "$$$/Studio/Picture/TooSlow=the picture %1 takes too long to read"}};
 
 ssize_t ReadSome(int descriptor, void* to, size_t size) {

@@ -93,7 +93,7 @@ int main(int argc, char** argv) {
     return std::fflush(stdout) == 0 ? EXIT_SUCCESS : EXIT_FAILURE;
   }
   vips_cache_set_max(0);
-  EnterSandbox();
+  if (!EnterSandbox()) return kUnconfined;
   PictureOutcome outcome = kDamaged;
   try {
     outcome = Decode();

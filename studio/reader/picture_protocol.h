@@ -21,4 +21,11 @@ inline constexpr const char* kListFormats = "--formats";
 
 /// The exit status of the reader. SIGXCPU means that it took too long; other signals and values are
 /// failures of a decoder.
-enum PictureOutcome { kRead = 0, kUnsupported = 3, kDamaged, kTruncated, kTooLarge };
+enum PictureOutcome {
+  kRead = 0,
+  kUnsupported = 3,
+  kDamaged,
+  kTruncated,
+  kTooLarge,
+  kUnconfined  // the sandbox could not be set up
+};

@@ -11,10 +11,13 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <cerrno>
 #include <csignal>
 #include <cstdlib>
+#include <iterator>
 #include <sstream>
 #include <string>
+#include <vector>
 
 namespace {
 
@@ -28,48 +31,37 @@ void Limit(int what, rlim_t amount) {
   setrlimit(what, &limit);
 }
 
-// Where decoders find modules, fonts, profiles and tables of encodings.
-constexpr const char* kReadable[] = {"/usr/lib",
-                                     "/usr/lib64",
-                                     "/usr/local/lib",
-                                     "/lib",
-                                     "/lib64",
-                                     "/usr/share",
-                                     "/etc/fonts",
-                                     "/usr/local/share",
-                                     "/etc/ld.so.cache",
-                                     "/var/cache/fontconfig",
-                                     "/etc/ImageMagick-6"};
-constexpr const char* kReadableOfUser[] = {"/.fonts", "/.local/share/fonts", "/.cache/fontconfig"};
-
-void AllowReading(int ruleset, const std::string& path) {
-  const int folder = open(path.c_str(), O_PATH | O_CLOEXEC);
-  landlock_path_beneath_attr rule{};
-  rule.parent_fd = folder;
-  rule.allowed_access = LANDLOCK_ACCESS_FS_READ_FILE | LANDLOCK_ACCESS_FS_READ_DIR;
-  if (folder >= 0 &&
-      syscall(SYS_landlock_add_rule, ruleset, LANDLOCK_RULE_PATH_BENEATH, &rule, 0)) {
-    rule.allowed_access = LANDLOCK_ACCESS_FS_READ_FILE;  // the path of a file
-    syscall(SYS_landlock_add_rule, ruleset, LANDLOCK_RULE_PATH_BENEATH, &rule, 0);
-  }
-  close(folder);
+std::vector<std::string> WordsOf(const char* text) {
+  std::istringstream stream(text);
+  return {std::istream_iterator<std::string>(stream), {}};
 }
 
-void RestrictFiles() {
+// Where decoders find modules, fonts, profiles and tables of encodings.
+constexpr const char* kReadableFolders =
+    "/usr/lib /usr/lib64 /usr/local/lib /lib /lib64 /usr/share /usr/local/share /etc/fonts "
+    "/etc/ImageMagick-6 /var/cache/fontconfig ~/.fonts ~/.local/share/fonts ~/.cache/fontconfig";
+
+[[nodiscard]] bool RestrictFiles() {
   landlock_ruleset_attr handled{};
   handled.handled_access_fs = (LANDLOCK_ACCESS_FS_MAKE_SYM << 1) - 1;  // all of the first version
-  const long ruleset = syscall(SYS_landlock_create_ruleset, &handled, sizeof handled, 0);
-  if (ruleset < 0) return;
-  for (const char* path : kReadable) AllowReading(int(ruleset), path);
-  if (const char* const home = std::getenv("HOME")) {
-    for (const char* path : kReadableOfUser) AllowReading(int(ruleset), std::string(home) + path);
+  const auto ruleset = int(syscall(SYS_landlock_create_ruleset, &handled, sizeof handled, 0));
+  if (ruleset < 0) return errno == ENOSYS || errno == EOPNOTSUPP;  // not in this kernel
+  const char* const home = std::getenv("HOME");
+  for (std::string path : WordsOf(kReadableFolders)) {
+    if (path[0] == '~') path.replace(0, 1, home ? home : "");
+    landlock_path_beneath_attr rule{};
+    rule.allowed_access = LANDLOCK_ACCESS_FS_READ_FILE | LANDLOCK_ACCESS_FS_READ_DIR;
+    rule.parent_fd = open(path.c_str(), O_PATH | O_DIRECTORY | O_CLOEXEC);
+    syscall(SYS_landlock_add_rule, ruleset, LANDLOCK_RULE_PATH_BENEATH, &rule, 0);
+    close(rule.parent_fd);
   }
-  syscall(SYS_landlock_restrict_self, ruleset, 0);
-  close(int(ruleset));
+  const bool isRestricted = syscall(SYS_landlock_restrict_self, ruleset, 0) == 0;
+  close(ruleset);
+  return isRestricted;
 }
 
 // Memory, threads, signals, files that are open, and facts about files and the process.
-constexpr const char* kAllowed =
+constexpr const char* kAllowedCalls =
     "brk mmap munmap mremap mprotect madvise futex set_robust_list rseq set_tid_address "
     "sched_yield sched_getaffinity sched_getparam sched_getscheduler membarrier exit "
     "exit_group rt_sigaction rt_sigprocmask rt_sigreturn sigaltstack restart_syscall read "
@@ -79,11 +71,11 @@ constexpr const char* kAllowed =
     "nanosleep getpid gettid getppid getuid geteuid getgid getegid getrlimit getrusage times "
     "sysinfo uname ";
 
-void RestrictCalls() {
+[[nodiscard]] bool RestrictCalls() {
+  if (prctl(PR_GET_SECCOMP) < 0) return true;  // this kernel has no filters
   const scmp_filter_ctx filter = seccomp_init(SCMP_ACT_ERRNO(EPERM));
-  if (!filter) return;
-  std::istringstream names(kAllowed);
-  for (std::string name; names >> name;)
+  if (!filter) return false;
+  for (const std::string& name : WordsOf(kAllowedCalls))
     seccomp_rule_add(filter, SCMP_ACT_ALLOW, seccomp_syscall_resolve_name(name.c_str()), 0);
   const auto allow = [&](int call, auto... conditions) {
     seccomp_rule_add(filter, SCMP_ACT_ALLOW, call, sizeof...(conditions), conditions...);
@@ -105,8 +97,9 @@ void RestrictCalls() {
   // Threads fall back to clone, whose flags a filter can see.
   seccomp_rule_add(filter, SCMP_ACT_ERRNO(ENOSYS), SCMP_SYS(clone3), 0);
   seccomp_attr_set(filter, SCMP_FLTATR_CTL_TSYNC, 1);
-  seccomp_load(filter);
+  const bool isRestricted = seccomp_load(filter) == 0;
   seccomp_release(filter);
+  return isRestricted;
 }
 
 }  // namespace
@@ -121,8 +114,6 @@ void LimitResources() {
   mallopt(M_ARENA_MAX, 2);  // each reserves addresses of its own
 }
 
-void EnterSandbox() {
-  prctl(PR_SET_NO_NEW_PRIVS, 1, 0, 0, 0);
-  RestrictFiles();
-  RestrictCalls();
+bool EnterSandbox() {
+  return prctl(PR_SET_NO_NEW_PRIVS, 1, 0, 0, 0) == 0 && RestrictFiles() && RestrictCalls();
 }

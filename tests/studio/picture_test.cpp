@@ -1,11 +1,19 @@
 #include "studio/picture/picture.h"
 
 #include <gtest/gtest.h>
+#include <linux/capability.h>
+#include <linux/landlock.h>
+#include <sys/prctl.h>
+#include <sys/syscall.h>
+#include <unistd.h>
 
 #include <QBuffer>
 #include <QImageWriter>
 #include <QPainter>
+#include <QProcess>
+#include <QTemporaryFile>
 #include <QtEndian>
+#include <boost/crc.hpp>
 
 #include "studio/base/studio_error.h"
 #include "testkit/random.h"
@@ -136,10 +144,12 @@ TEST(PictureFile, StandsUprightWhateverTheCameraNoted) {
                                                                      "Exif\0\0",
                                                                      10) +
                                                               note);
-    const QByteArray inPng = QByteArray(png).insert(33, QByteArray("\0\0\0\x1A"
-                                                                   "eXIf",
-                                                                   8) +
-                                                            note + number(0));
+    const QByteArray chunk = "eXIf" + note;
+    boost::crc_32_type checksum;
+    checksum.process_bytes(chunk.data(), size_t(chunk.size()));
+    QByteArray inPng = QByteArray(png).insert(33, number(0) + chunk + number(0));
+    qToBigEndian(quint32(note.size()), inPng.data() + 33);
+    qToBigEndian(checksum.checksum(), inPng.data() + 37 + chunk.size());
     // A header that announces EXIF, with the sides less one.
     const QByteArray header = "VP8X" + number(10) + number(8) + QByteArray("\x27\0\0\x13\0\0", 6);
     QByteArray inWebp = QByteArray(webp).insert(12, header) + "JUNK" + number(3) + number('x') +
@@ -159,6 +169,27 @@ TEST(PictureFile, StandsUprightWhateverTheCameraNoted) {
       EXPECT_GT(qRed(turned.copy(corner).scaled(1, 1).pixel(0, 0)), 200);
     }
   }
+}
+
+TEST(PictureReader, ConfinesADecoderThatAnAttackerControls) {
+  QTemporaryFile file;
+  ASSERT_TRUE(file.open());
+  file.write(Encoded(RandomImage(9, 9, QImage::Format_RGB32, 1), "jpg"));
+  file.close();
+  auto environment = QProcessEnvironment::systemEnvironment();
+  environment.insert("LD_PRELOAD", HOSTILE_DECODER);
+  environment.insert("ASAN_OPTIONS", "verify_asan_link_order=0");
+  QProcess reader;
+  reader.setProcessEnvironment(environment);
+  // Only a process with this capability can restrict itself without PR_SET_NO_NEW_PRIVS.
+  reader.setChildProcessModifier([] { prctl(PR_CAPBSET_DROP, CAP_SYS_ADMIN); });
+  reader.setStandardInputFile(file.fileName());
+  reader.start(TESSERAE_LIBRARIES "/tesserae-picture-reader", QStringList());
+  ASSERT_TRUE(reader.waitForFinished());
+  const bool hasLandlock =
+      syscall(SYS_landlock_create_ruleset, nullptr, 0, LANDLOCK_CREATE_RULESET_VERSION) > 0;
+  EXPECT_EQ(reader.readAllStandardOutput().mid(sizeof(PictureHeader)).toStdString(),
+            std::string(hasLandlock ? "" : "reads a file\n") + "cannot start a program\n");
 }
 
 TEST(Picture, IsTransparentOnlyWhereSomePixelIs) {
