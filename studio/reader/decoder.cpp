@@ -49,17 +49,23 @@ bool IsAvailable(const Format& format) {
   return vips_type_find("VipsForeignLoad", format.loader) != 0;
 }
 
-const Format& FormatOf(const VSource& source) {
+/// The first bytes of a file, where its metadata are. The whole file would count as memory.
+std::string StartOf(const VSource& source) {
+  constexpr size_t kSize = 1 << 16;
+  unsigned char* bytes = nullptr;
+  const gint64 size = vips_source_sniff_at_most(source.get_source(), &bytes, kSize);
+  return {reinterpret_cast<const char*>(bytes), size_t(std::max<gint64>(size, 0))};
+}
+
+const Format& FormatOf(const VSource& source, std::string_view start) {
   const char* const type = vips_foreign_find_load_source(source.get_source());
-  const char* const loader = type ? vips_nickname_find(g_type_from_name(type)) : "";
+  const std::string_view loader = type ? vips_nickname_find(g_type_from_name(type)) : "";
   const auto matches = [&](const Format& format) {
-    const auto begins = [&](std::string_view signature) {
-      const auto* const start =
-          signature.empty() ? nullptr : vips_source_sniff(source.get_source(), signature.size());
-      return start && std::memcmp(start, signature.data(), signature.size()) == 0;
+    const auto isSignature = [&](std::string_view signature) {
+      return !signature.empty() && start.starts_with(signature);
     };
-    return std::strcmp(loader, format.loader) == 0 || begins(format.signatures[0]) ||
-           begins(format.signatures[1]);
+    return format.loader == loader || isSignature(format.signatures[0]) ||
+           isSignature(format.signatures[1]);
   };
   const auto* const found = std::find_if(std::begin(kFormats), std::end(kFormats), matches);
   if (found == std::end(kFormats) || !IsAvailable(*found)) throw UnsupportedFormat();
@@ -72,44 +78,15 @@ std::string_view BytesOf(const VSource& source) {
   return {static_cast<const char*>(bytes), bytes ? size : 0};
 }
 
-/// The first bytes of a file, where its metadata are. The whole file would count as memory.
-std::string StartOf(const VSource& source) {
-  constexpr size_t kSize = 1 << 16;
-  unsigned char* bytes = nullptr;
-  const gint64 size = vips_source_sniff_at_most(source.get_source(), &bytes, kSize);
-  return {reinterpret_cast<const char*>(bytes), size_t(std::max<gint64>(size, 0))};
-}
-
 uint64_t BigEndian(std::string_view bytes) {
   uint64_t number = 0;
   for (const char byte : bytes) number = number << 8 | uint8_t(byte);
   return number;
 }
 
-/// The value of the entry in an EXIF block that is the orientation, one 16-bit number.
-int OrientationIn(std::string_view exif) {
-  constexpr auto kBigEndian = "\x01\x12\0\x03\0\0\0\x01"sv;
-  constexpr auto kLittleEndian = "\x12\x01\x03\0\x01\0\0\0"sv;
-  size_t value = exif.find(exif.substr(0, 2) == "MM" ? kBigEndian : kLittleEndian);
-  if (value < exif.size()) value += exif[0] == 'M' ? 9 : 8;
-  return value < exif.size() && exif[value] >= 1 && exif[value] <= 8 ? exif[value] : 1;
-}
-
-/// libvips ignores a PNG's eXIf chunk. A chunk is a length, a type, data and a checksum.
-int OrientationOfPng(const VSource& source) {
-  constexpr size_t kSignature = 8, kFrame = 12;
-  const std::string_view file = BytesOf(source);
-  for (size_t at = kSignature; at + kFrame <= file.size();) {
-    const size_t length = BigEndian(file.substr(at, 4));
-    if (file.substr(at + 4, 4) == "eXIf") return OrientationIn(file.substr(at + 8, length));
-    at += kFrame + length;
-  }
-  return 1;
-}
-
-/// ImageMagick does not report that the merged picture of a PSD or PSB is cut off. Three sections
-/// precede it, each with its length; it is raw (0) or has the lengths of its compressed rows first
-/// (1).
+/// Whether a PSD or PSB ends before its merged picture does, which ImageMagick does not report.
+/// Three sections precede that picture, each with its length. It is raw (0), or compressed row by
+/// row with the lengths of all rows in front (1).
 bool IsCutPsd(std::string_view file) {
   const auto number = [&](uint64_t at, size_t size) {
     return at < file.size() ? BigEndian(file.substr(at, size)) : 0;
@@ -142,21 +119,19 @@ VImage WithJfifResolution(const VImage& image, std::string_view header) {
 }
 
 VImage Load(const VSource& source, std::string_view start) {
-  const Format& format = FormatOf(source);
+  const Format& format = FormatOf(source, start);
   const std::string_view loader = format.loader;
   auto* const options =
       VImage::option()->set("access", VIPS_ACCESS_SEQUENTIAL)->set("fail_on", VIPS_FAIL_ON_WARNING);
   if (loader == kMagick) {
     const std::string_view bytes = BytesOf(source);
-    if (format.signatures[0] == "8BPS"sv && IsCutPsd(bytes)) throw vips::VError("truncated");
+    if (start.starts_with("8BPS") && IsCutPsd(bytes)) throw vips::VError("truncated");
     return VImage::new_from_buffer(bytes.data(), bytes.size(), "", options);
   }
   // The limits of the process bound what a drawing can ask for.
   if (loader == "svgload_source") options->set("unlimited", true);
   VImage image = VImage::new_from_source(source, "", options);
-  if (loader == "jpegload_source") return WithJfifResolution(image, start);
-  if (loader == "pngload_source") image.set(VIPS_META_ORIENTATION, OrientationOfPng(source));
-  return image;
+  return loader == "jpegload_source" ? WithJfifResolution(image, start) : image;
 }
 
 /// HEIC and AVIF can name their primaries by a number ("nclx", ISO/IEC 23091-2) instead of a
@@ -165,22 +140,48 @@ bool IsDisplayP3(std::string_view start) {
   return start.substr(4, 4) == "ftyp" && start.find("colrnclx\0\x0C"sv) != start.npos;
 }
 
-bool HasProfile(const VImage& image) {
-  if (image.get_typeof(VIPS_META_ICC_NAME) == 0) return false;
+std::string_view ProfileOf(const VImage& image) {
+  if (image.get_typeof(VIPS_META_ICC_NAME) == 0) return {};
   size_t size = 0;
   const void* const profile = image.get_blob(VIPS_META_ICC_NAME, &size);
-  return vips_icc_is_compatible_profile(image.get_image(), profile, size);
+  return {static_cast<const char*>(profile), size};
 }
 
-vips::VOption* Intent() {
-  return VImage::option()
-      ->set("intent", VIPS_INTENT_RELATIVE)
-      ->set("black_point_compensation", true);
+bool HasProfile(const VImage& image) {
+  const std::string_view profile = ProfileOf(image);
+  return !profile.empty() &&
+         vips_icc_is_compatible_profile(image.get_image(), profile.data(), profile.size());
 }
 
+/// Relative colorimetric with black point compensation. A profile whose only table is the
+/// perceptual one (A2B0), as scanners have, uses it for every intent (ICC.1, 8.10); libvips
+/// then accepts only the perceptual intent.
 VImage Converted(const VImage& image, const char* defaultProfile) {
-  return image.icc_transform("srgb",
-                             Intent()->set("embedded", true)->set("input_profile", defaultProfile));
+  const std::string_view profile = ProfileOf(image);
+  const auto has = [&](const char* tag) { return profile.find(tag) != profile.npos; };
+  const bool isPerceptual = has("A2B0") && !has("A2B1");
+  return image.icc_transform(
+      "srgb", VImage::option()
+                  ->set("intent", isPerceptual ? VIPS_INTENT_PERCEPTUAL : VIPS_INTENT_RELATIVE)
+                  ->set("black_point_compensation", true)
+                  ->set("embedded", true)
+                  ->set("input_profile", defaultProfile));
+}
+
+/// Lab of ICC profiles has the white of D50; Bradford's matrix adapts it to the D65 of sRGB. A
+/// conversion by profiles would interpolate in a table, with errors up to 5 of 255.
+VImage FromLab(const VImage& image) {
+  const VImage adaptation =
+      VImage::new_matrixv(3, 3, 0.9555766, -0.0230393, 0.0631636, -0.0282895, 1.0099416, 0.0210077,
+                          0.0122982, -0.0204830, 1.3299098);
+  const VImage lab = image.colourspace(VIPS_INTERPRETATION_LAB);
+  VImage colors =
+      lab.extract_band(0, VImage::option()->set("n", 3))
+          .Lab2XYZ(VImage::option()->set("temp", std::vector<double>{96.42, 100, 82.49}))
+          .recomb(adaptation)
+          .copy(VImage::option()->set("interpretation", VIPS_INTERPRETATION_XYZ));
+  if (lab.has_alpha()) colors = colors.bandjoin(lab[3]);
+  return colors.colourspace(VIPS_INTERPRETATION_sRGB);
 }
 
 /// Whether the profile of 8-bit RGB leaves its values as they are, apart from rounding. Most
@@ -190,9 +191,8 @@ bool HasProfileOfSrgb(const VImage& image) {
   const VImage ramp = VImage::identity();
   const VImage colors = VImage::bandjoin({ramp, ramp.invert(), ramp})
                             .copy(VImage::option()->set("interpretation", image.interpretation()));
-  size_t size = 0;
-  const void* const profile = image.get_blob(VIPS_META_ICC_NAME, &size);
-  vips_image_set_blob_copy(colors.get_image(), VIPS_META_ICC_NAME, profile, size);
+  const std::string_view profile = ProfileOf(image);
+  vips_image_set_blob_copy(colors.get_image(), VIPS_META_ICC_NAME, profile.data(), profile.size());
   return (Converted(colors, "srgb") - colors).abs().max() <= 1;
 }
 
@@ -203,10 +203,8 @@ VImage ToSrgb(VImage image, bool isDisplayP3) {
   const int colors = isCmyk ? 4 : image.bands() >= 3 ? 3 : 1;
   const int wanted = colors + (image.has_alpha() ? 1 : 0);
   if (image.bands() > wanted) image = image.extract_band(0, VImage::option()->set("n", wanted));
-  if (stored == VIPS_INTERPRETATION_LAB || stored == VIPS_INTERPRETATION_LABS) {
-    return image.colourspace(VIPS_INTERPRETATION_LAB)
-        .icc_export(Intent()->set("output_profile", "srgb"));
-  }
+  if (stored == VIPS_INTERPRETATION_LAB || stored == VIPS_INTERPRETATION_LABS)
+    return FromLab(image);
   const auto as = [&](VipsInterpretation rgb, VipsInterpretation grey) {
     return image.copy(VImage::option()->set("interpretation", colors == 3 ? rgb : grey));
   };

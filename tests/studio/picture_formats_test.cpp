@@ -47,21 +47,41 @@ VImage InProfile(const VImage& image, const char* profile, int depth = 8) {
   return image.icc_transform(profile, Intent()->set("depth", depth));
 }
 
-/// The values that a profile of a single curve gives these greys.
-VImage GreyOfGamma(const VImage& image, double gamma) {
-  cmsToneCurve* const curve = cmsBuildGamma(nullptr, gamma);
-  const cmsHPROFILE profile = cmsCreateGrayProfile(cmsD50_xyY(), curve);
-  cmsFreeToneCurve(curve);
+VImage WithProfile(const VImage& image, cmsHPROFILE profile) {
   cmsUInt32Number size = 0;
   cmsSaveProfileToMem(profile, nullptr, &size);
   std::vector<char> bytes(size);
   cmsSaveProfileToMem(profile, bytes.data(), &size);
   cmsCloseProfile(profile);
-  VImage grey = (image.colourspace(VIPS_INTERPRETATION_scRGB)[1].pow(1 / gamma) * 255 + 0.5)
-                    .cast(VIPS_FORMAT_UCHAR)
-                    .copy(VImage::option()->set("interpretation", VIPS_INTERPRETATION_B_W));
-  vips_image_set_blob_copy(grey.get_image(), VIPS_META_ICC_NAME, bytes.data(), bytes.size());
-  return grey;
+  VImage copy = image.copy();
+  vips_image_set_blob_copy(copy.get_image(), VIPS_META_ICC_NAME, bytes.data(), bytes.size());
+  return copy;
+}
+
+/// The values that a profile of a single curve gives these greys.
+VImage GreyOfGamma(const VImage& image, double gamma) {
+  cmsToneCurve* const curve = cmsBuildGamma(nullptr, gamma);
+  const cmsHPROFILE profile = cmsCreateGrayProfile(cmsD50_xyY(), curve);
+  cmsFreeToneCurve(curve);
+  const VImage grey = (image.colourspace(VIPS_INTERPRETATION_scRGB)[1].pow(1 / gamma) * 255 + 0.5)
+                          .cast(VIPS_FORMAT_UCHAR)
+                          .copy(VImage::option()->set("interpretation", VIPS_INTERPRETATION_B_W));
+  return WithProfile(grey, profile);
+}
+
+/// Its profile becomes one with a single table, as scanners write it.
+VImage WithTableProfile(const VImage& image) {
+  size_t size = 0;
+  const void* const bytes = image.get_blob(VIPS_META_ICC_NAME, &size);
+  const cmsHPROFILE matrix = cmsOpenProfileFromMem(bytes, cmsUInt32Number(size));
+  const cmsHPROFILE lab = cmsCreateLab4Profile(nullptr);
+  const cmsHTRANSFORM transform =
+      cmsCreateTransform(matrix, TYPE_RGB_16, lab, TYPE_Lab_16, INTENT_RELATIVE_COLORIMETRIC, 0);
+  const cmsHPROFILE table = cmsTransform2DeviceLink(transform, 4.3, cmsFLAGS_GUESSDEVICECLASS);
+  cmsDeleteTransform(transform);
+  cmsCloseProfile(lab);
+  cmsCloseProfile(matrix);
+  return WithProfile(image, table);
 }
 
 TEST(PictureFormats, AllHaveTheSameColours) {
@@ -92,6 +112,7 @@ TEST(PictureFormats, AllHaveTheSameColours) {
       {"CMYK of 16 bits", printed, InProfile(patches, "cmyk", 16), ".tif"},
       {"wide gamut", patches, InProfile(patches, "p3"), ".jpg[Q=98]"},
       {"wide gamut of 16 bits", patches, InProfile(patches, "p3", 16), ".png"},
+      {"a table profile", patches, WithTableProfile(InProfile(patches, "p3")), ".png"},
       {"16 bits", patches, patches.colourspace(VIPS_INTERPRETATION_RGB16), ".png[bitdepth=16]"},
       {"fractions", patches, patches.colourspace(VIPS_INTERPRETATION_scRGB), ".tif"},
       {"Lab", patches, patches.icc_import(Intent()), ".tif"},
