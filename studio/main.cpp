@@ -7,7 +7,6 @@
 #include <QSocketNotifier>
 #include <QTimer>
 #include <QTranslator>
-#include <algorithm>
 #include <csignal>
 #include <cstdlib>
 
@@ -21,7 +20,6 @@
 #include "studio/caller/kept_choices.h"
 #include "studio/console/command_line.h"
 #include "studio/console/console_run.h"
-#include "studio/console/inkscape_run.h"
 #include "studio/console/terminal.h"
 #include "studio/window/settings.h"
 #include "studio/window/studio_window.h"
@@ -29,13 +27,13 @@
 namespace {
 
 constexpr int kStopped = 1;
-constexpr int kSomethingWrong = 2;
+constexpr int kFailed = 2;
 
 constexpr const char* kPlatform = "QT_QPA_PLATFORM";
 
-/// Lets Qt use the display that the environment names, and none when it cannot be reached. A
-/// platform that the user chose takes precedence, except in runs without windows, which need no
-/// display. Takes effect before the QApplication.
+/// Selects Qt's platform: the display that the environment names, or "offscreen" if it cannot be
+/// reached. A platform that the user chose takes precedence, except in runs without windows, which
+/// need no display. Must be called before the QApplication is created.
 void ChoosePlatform(bool showsWindows) {
   if (showsWindows && qEnvironmentVariableIsSet(kPlatform)) return;
   QByteArray platforms;
@@ -44,30 +42,10 @@ void ChoosePlatform(bool showsWindows) {
   qputenv(kPlatform, platforms + "offscreen");
 }
 
-/// Scales that no screen has, 0 for one, crash Qt or take all memory: they count as not set. Takes
-/// effect before the QApplication.
-void PassOverAbsurdScales() {
-  constexpr struct {
-    const char* variable;  // numbers parted by ";", each perhaps behind a screen's name and "="
-    double least;
-    double most;
-  } kScales[] = {{"QT_SCALE_FACTOR", 0.25, 8},
-                 {"QT_SCREEN_SCALE_FACTORS", 0.25, 8},
-                 {"QT_FONT_DPI", 24, 1000}};
-  for (const auto& [variable, least, most] : kScales) {
-    const QByteArrayList values = qgetenv(variable).split(';');
-    const bool isSensible = std::all_of(
-        values.begin(), values.end(), [least = least, most = most](const QByteArray& value) {
-          const double scale = value.mid(value.lastIndexOf('=') + 1).toDouble();
-          return scale >= least && scale <= most;
-        });
-    if (!isSensible) qunsetenv(variable);
-  }
-}
-
-/// An empty code is the language of the user's environment. Windows are laid out as it is written,
-/// also when their words are English for want of a translation.
-void SpeakLanguage(const QString& code) {
+/// Sets Qt's locale, layout direction and translations. An empty code stands for the language of
+/// the environment. The layout direction is that of the language even if its texts are missing and
+/// appear in English.
+void SetLanguage(const QString& code) {
   const auto& localizer = nrvcore::config::Localizer::Get();
   if (!code.isEmpty()) QLocale::setDefault(QLocale(code));
   if (!code.isEmpty() && !localizer.HasCatalogue() && QLocale().language() != QLocale::English) {
@@ -78,7 +56,7 @@ void SpeakLanguage(const QString& code) {
   }
   QGuiApplication::setLayoutDirection(QLocale().textDirection());
 
-  // What Qt's own boxes say, where its translations are installed.
+  // The texts of Qt's own dialogs, if its translations are installed.
   static QTranslator translator;
   if (translator.load(QLocale(), "qtbase", "_", QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
     QCoreApplication::installTranslator(&translator);
@@ -125,10 +103,22 @@ QImage WindowScreenshot(const ArtworkPtr& artwork) {
   return screenshot;
 }
 
+/// Cancel has status 0 and writes nothing, which leaves Inkscape's document as it is, without a
+/// step to undo. Inkscape shows the error output in a box, so an error is a sentence without the
+/// program's name.
+int RunForInkscape(const CommandLine& line) {
+  try {
+    return ConsoleRun(line, WindowScreenshot).Run();
+  } catch (const std::exception& error) {
+    PrintSentence(Sentence(ReasonText(error)));
+    return kFailed;
+  }
+}
+
 int RunStudio(const CommandLine& line) {
-  SpeakLanguage(line.language);
+  SetLanguage(line.language);
   qtui::ApplyTheme(qtui::ThemeNamed(line.theme).value_or(settings::ChosenTheme()));
-  if (line.isFromInkscape) return RunForInkscape(line, WindowScreenshot);
+  if (line.isFromInkscape) return RunForInkscape(line);
   const bool wantsStudio = line.ShownWindows() == CommandLine::Windows::kStudio;
   if (wantsStudio && HasDisplay()) return RunWindow(line);
   if (wantsStudio && line.picture.isEmpty())
@@ -136,8 +126,8 @@ int RunStudio(const CommandLine& line) {
   return ConsoleRun(line, WindowScreenshot).Run();
 }
 
-/// Qt's messages are for developers and stay off the user's terminal. After a fatal one, such as
-/// that a platform is not available, Qt aborts; this ends the program with one line instead.
+/// Drops Qt's messages, which are for developers. After a fatal one, such as a platform that is not
+/// available, Qt aborts; this ends the program with one line instead.
 void HandleQtMessage(QtMsgType type, const QMessageLogContext&, const QString& message) {
   if (type != QtFatalMsg) return;
   const bool isStarting = QGuiApplication::platformName().isEmpty();
@@ -145,16 +135,16 @@ void HandleQtMessage(QtMsgType type, const QMessageLogContext&, const QString& m
                  ? Text("$$$/Studio/Line/NoPlatform=no display is available on the platform %1",
                         qEnvironmentVariable(kPlatform))
                  : message.section('\n', 0, 0));
-  std::_Exit(kSomethingWrong);
+  std::_Exit(kFailed);
 }
 
 bool hasReturned = false;  // from main
 
-/// Qt calls exit when its display goes away.
+/// Qt calls exit when the connection to the display breaks.
 void ReportExitOfLibrary() {
   if (hasReturned) return;
   PrintError(Text("$$$/Studio/Line/DisplayLost=the connection to the display was lost"));
-  std::_Exit(kSomethingWrong);
+  std::_Exit(kFailed);
 }
 
 QStringList Arguments(int argc, char** argv) {
@@ -163,27 +153,17 @@ QStringList Arguments(int argc, char** argv) {
   return arguments;
 }
 
-}  // namespace
-
-int main(int argc, char** argv) try {
-  SilenceLibraries();
-  qInstallMessageHandler(HandleQtMessage);
-  ExitOnSignals(kStopped);
-  // Writing to a closed pipe, or more than RLIMIT_FSIZE, then fails with an errno.
-  std::signal(SIGPIPE, SIG_IGN);
-  std::signal(SIGXFSZ, SIG_IGN);
-  std::signal(SIGCHLD, SIG_DFL);  // when ignored, the picture reader's exit status is lost
+int Run(int argc, char** argv) {
   auto& localizer = nrvcore::config::Localizer::Get();
-  std::atexit(ReportExitOfLibrary);
-  const auto returning = qScopeGuard([] { hasReturned = true; });
   localizer.SetCatalogues(standin::ResourceFolders::OfProgram().host / "translations");
   localizer.SetLanguage({});
   const CommandLine line = CommandLine::Parse(Arguments(argc, argv));
-  localizer.SetLanguage(line.language.toStdString());  // before there are other threads
+  localizer.SetLanguage(line.language.toStdString());  // before other threads start
+  // The options are the program's own; Qt would interpret "-platform".
+  int nameOnly = 1;
   if (line.showHelp) {
-    int onlyName = 1;
-    const QCoreApplication application(onlyName, argv);
-    SpeakLanguage(line.language);
+    const QCoreApplication application(nameOnly, argv);
+    SetLanguage(line.language);
     Print(CommandLine::HelpText());
     return 0;
   }
@@ -192,15 +172,30 @@ int main(int argc, char** argv) try {
     return 0;
   }
   ChoosePlatform(line.ShownWindows() != CommandLine::Windows::kNone);
-  PassOverAbsurdScales();
-  int onlyName = 1;  // the options are ours; Qt would take "-platform" for one of its own
-  const QApplication application(onlyName, argv);
+  const QApplication application(nameOnly, argv);
   QCoreApplication::setApplicationName("tesserae-studio");
-  QGuiApplication::setDesktopFileName("tesserae-studio");  // whose icon Wayland shows
+  QGuiApplication::setDesktopFileName("tesserae-studio");  // for Wayland to find the icon
   QGuiApplication::setWindowIcon(QIcon(":/tesserae-studio.svg"));
   QCoreApplication::setApplicationVersion(TESSERAE_VERSION);
   return RunStudio(line);
-} catch (const std::exception& error) {
-  PrintError(ReasonText(error));
-  return kSomethingWrong;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  SilenceLibraries();
+  qInstallMessageHandler(HandleQtMessage);
+  ExitOnSignals(kStopped);
+  // Writing to a closed pipe, or beyond RLIMIT_FSIZE, then fails with an errno.
+  std::signal(SIGPIPE, SIG_IGN);
+  std::signal(SIGXFSZ, SIG_IGN);
+  std::signal(SIGCHLD, SIG_DFL);  // if ignored, the picture reader's exit status is lost
+  std::atexit(ReportExitOfLibrary);
+  const auto returning = qScopeGuard([] { hasReturned = true; });
+  try {
+    return Run(argc, argv);
+  } catch (const std::exception& error) {
+    PrintError(ReasonText(error));
+    return kFailed;
+  }
 }

@@ -1,5 +1,3 @@
-#include "studio/caller/choices_json.h"
-
 #include <QByteArrayList>
 #include <algorithm>
 #include <cmath>
@@ -8,13 +6,13 @@
 #include <type_traits>
 
 #include "studio/base/studio_error.h"
+#include "studio/caller/kept_choices.h"
 
 namespace {
 
-using Json = nlohmann::ordered_json;
-/// Writes numbers of single precision with as few digits as they need.
-using FloatJson = nlohmann::basic_json<nlohmann::ordered_map, std::vector, std::string, bool,
-                                       int64_t, uint64_t, float>;
+/// Keeps the order of members, and writes floats with as few digits as they need.
+using Json = nlohmann::basic_json<nlohmann::ordered_map, std::vector, std::string, bool, int64_t,
+                                  uint64_t, float>;
 
 struct Range {
   double least;
@@ -23,11 +21,11 @@ struct Range {
 
 constexpr Range kFlag{0, 1};
 constexpr Range kByte{0, 255};
-constexpr Range kTiles{1, 32767};  // the ratio button can give more than a user can enter
+constexpr Range kTiles{1, 32767};  // the ratio button exceeds the bounds of user input
 constexpr Range kFinite{std::numeric_limits<float>::lowest(), std::numeric_limits<float>::max()};
 
-/// Calls `visit` with the name and place of each field, in the order of memory. Fields that the
-/// next dialog starts with have the range of their values as the third argument.
+/// Calls `visit` with the name of each field and the field, in the order of memory. The fields of
+/// "last", with which the next dialog starts, have the range of valid values as third argument.
 template <typename Choices, typename Visit>
 void ForEachField(Choices& choices, Visit visit) {
   auto& [params, state] = choices;
@@ -61,20 +59,20 @@ void ForEachField(Choices& choices, Visit visit) {
   visit("reserved7", state.reserved7, kByte);
 }
 
-/// A field's value; whole numbers have no ".0".
-template <typename AnyJson, typename Value>
-AnyJson ToValue(const Value& value) {
+/// Whole numbers have no ".0".
+template <typename Value>
+Json ToValue(const Value& value) {
   if constexpr (std::is_floating_point_v<Value>) {
     constexpr Value kMostWhole = 1e9F;
-    if (std::trunc(value) == value && std::abs(value) <= kMostWhole) return AnyJson(int64_t(value));
+    if (std::trunc(value) == value && std::abs(value) <= kMostWhole) return Json(int64_t(value));
   }
-  return AnyJson(value);
+  return Json(value);
 }
 
 Json LastJson(const MosaicChoices& choices) {
   Json json;
   ForEachField(choices, [&](const char* name, const auto& value, auto... range) {
-    if constexpr (sizeof...(range) > 0) json[name] = ToValue<Json>(value);
+    if constexpr (sizeof...(range) > 0) json[name] = ToValue(value);
   });
   return json;
 }
@@ -100,22 +98,23 @@ MosaicChoices LastFrom(const Json& json) {
 
 Json EntriesJson(const DialogEntries& entries) {
   Json json = Json::object();
-  for (const auto& [control, value] : entries) json[control] = ToValue<Json>(value);
+  for (const auto& [control, value] : entries) json[control] = ToValue(value);
   return json;
 }
 
-KeptChoices KeptFrom(const Json& json) {
+KeptChoices KeptFrom(Json json) {
   KeptChoices kept;
   // A file of version 1.0 is the object that "last" holds now.
-  const bool isOld =
-      !json.contains("last") && !json.contains("recent") && !json.contains("presets");
-  if (isOld || json.contains("last")) kept.last = LastFrom(isOld ? json : json["last"]);
+  if (!json.contains("last") && !json.contains("recent") && !json.contains("presets"))
+    json = {{"last", json}};
+  if (json.contains("last")) kept.last = LastFrom(json["last"]);
   kept.recent = json.value("recent", kept.recent);
   for (const auto& [key, entries] : json.value("presets", std::map<std::string, DialogEntries>())) {
     const QString name = QString::fromStdString(key);
     if (!kept.presets.emplace(name, entries).second)
       throw StudioError("$$$/Studio/Choices/SamePreset=two presets are named \"%1\"", name);
   }
+  kept.document = json.dump();
   return kept;
 }
 
@@ -124,15 +123,15 @@ KeptChoices KeptFrom(const Json& json) {
 QByteArray RecordJson(const MosaicChoices& record) {
   QByteArrayList lines;
   ForEachField(record, [&](const char* name, const auto& value, auto...) {
-    const auto text = QByteArray::fromStdString(ToValue<FloatJson>(value).dump());
+    const auto text = QByteArray::fromStdString(ToValue(value).dump());
     lines << QByteArray("  \"") + name + "\": " + QByteArray(text).replace(",", ", ");
   });
   return "{\n" + lines.join(",\n") + "\n}\n";
 }
 
 QByteArray ToJson(const KeptChoices& kept) {
-  Json json;
-  if (kept.last) json["last"] = LastJson(*kept.last);
+  Json json = Json::parse(kept.document);
+  if (kept.last) json["last"].update(LastJson(*kept.last));
   json["recent"] = Json::array();
   for (const DialogEntries& entries : kept.recent) json["recent"] += EntriesJson(entries);
   json["presets"] = Json::object();

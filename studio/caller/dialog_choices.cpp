@@ -19,7 +19,7 @@ using nrvui::ui::UI_Node;
 namespace {
 
 constexpr int kFirstTilesAcross = 100;
-constexpr int kMostTilesEntered = 8640;  // that the dialog lets a user enter
+constexpr int kMostTilesEntered = 8640;  // the upper bound of user input
 
 constexpr const char* kTilesAcross = "HorizontalCountTxt";
 constexpr const char* kTilesDown = "VerticalCountTxt";
@@ -33,7 +33,7 @@ MosaicChoices FirstChoices() {
   return choices;
 }
 
-/// The controls of a dialog by their IDs, with the number that is being typed into one.
+/// The controls of a dialog by ID, with the number that is being typed into one of them.
 class Controls {
  public:
   Controls(const nrvui::ui::UI_Dialog& dialog,
@@ -77,14 +77,15 @@ class Controls {
   const std::optional<qtui::PendingEntry>& pending;
 };
 
-/// A spacing field when OK reads it. Entering a number of tiles limits both.
+/// The number of a spacing field as OK would read it: entering a number of tiles clamps both
+/// spacings.
 float Spacing(const Controls& controls, const char* spacingId, const char* tilesId) {
   const float spacing = controls.Number(spacingId);
   if (!controls.ChangesTiles()) return spacing;
   return std::min(spacing, std::max(controls.Number(tilesId) - 2, 0.0F));
 }
 
-/// The whole number in a field's number; `cuts` becomes true when that leaves a fraction out.
+/// Cuts off a number's fraction; `cuts` becomes true if it has one.
 int32_t Whole(float number, bool& cuts) {
   const auto whole = int32_t(number);
   cuts |= float(whole) != number;

@@ -1,8 +1,9 @@
 #include "studio/caller/dialog_entries.h"
 
-#include <QLocale>
 #include <QStringList>
+#include <charconv>
 #include <cmath>
+#include <iterator>
 
 #include "platform/nrvui/gesture.h"
 #include "platform/nrvui/ui_controls.h"
@@ -22,7 +23,7 @@ constexpr const char* kUsePercent = "UsePercentChk";
 constexpr const char* kSizes[] = {"NewWidthTxt", "NewHeightTxt"};
 
 /// 0 for an entry that is not there.
-double Entry(const DialogEntries& entries, const std::string& id) {
+float Entry(const DialogEntries& entries, const std::string& id) {
   const auto found = entries.find(id);
   return found == entries.end() ? 0 : found->second;
 }
@@ -32,16 +33,19 @@ void RemoveSize(DialogEntries& entries) {
 }
 
 /// The text that a user would type for a number.
-nrvcore::UTF16String Typed(double number) {
+nrvcore::UTF16String Typed(float number) {
+  char digits[64];
+  const char* const end =
+      std::to_chars(digits, std::end(digits), number, std::chars_format::general).ptr;
   const QChar sign(nrvcore::config::Localizer::Get().GetDecimalSign());
-  return ToToolkit(QString::number(number, 'g', QLocale::FloatingPointShortest).replace('.', sign));
+  return ToToolkit(QString::fromLatin1(digits, end - digits).replace('.', sign));
 }
 
 }  // namespace
 
 DialogEntries EntriesIn(const nrvui::ui::UI_Dialog& dialog) {
   DialogEntries entries;
-  const auto note = [&](const UI_Node& node, double value) {
+  const auto note = [&](const UI_Node& node, float value) {
     entries.emplace(node.UI_GetNodeID().View(), value);
   };
   ForEachBelow<UI_Checkbox>(dialog, [&](UI_Checkbox& box) { note(box, box.IsChecked()); });
@@ -49,7 +53,7 @@ DialogEntries EntriesIn(const nrvui::ui::UI_Dialog& dialog) {
     note(radio, radio.GetValue() == nrvui::controls::kRadioOn);
   });
   ForEachBelow<UI_NumberEdit>(dialog,
-                              [&](UI_NumberEdit& field) { note(field, field.GetNumber()); });
+                              [&](UI_NumberEdit& field) { note(field, float(field.GetNumber())); });
   return entries;
 }
 
@@ -65,7 +69,7 @@ DialogEntries EntriesForOtherPictures(DialogEntries entries, const MosaicChoices
 QString DescriptionOf(const DialogEntries& entries) {
   const auto number = [&](const char* id) { return NumberForUser(Entry(entries, id)); };
   // The dialog returns counts and spacing as whole numbers.
-  const auto whole = [&](const char* id) { return std::trunc(float(Entry(entries, id))); };
+  const auto whole = [&](const char* id) { return std::trunc(Entry(entries, id)); };
   QString text =
       Text("$$$/Studio/Preset/Tiles=%1 by %2 tiles", NumberForUser(whole("HorizontalCountTxt")),
            NumberForUser(whole("VerticalCountTxt")));
@@ -124,7 +128,7 @@ QString EnterAgain(nrvui::ui::UI_Dialog& dialog, const DialogEntries& entries) {
     RemoveSize(numbers);
   ForEachBelow<UI_NumberEdit>(dialog, [&](UI_NumberEdit& field) {
     const auto wanted = numbers.find(std::string(field.UI_GetNodeID().View()));
-    if (wanted == numbers.end() || field.GetNumber() == wanted->second) return;
+    if (wanted == numbers.end() || float(field.GetNumber()) == wanted->second) return;
     note(nrvui::gestures::Enter(dialog, field, Typed(wanted->second)));
   });
   return changes.join(' ');

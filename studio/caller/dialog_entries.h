@@ -7,9 +7,9 @@
 #include "platform/nrvui/ui_dialog.h"
 #include "studio/mosaic/mosaic_choices.h"
 
-/// What the controls of a dialog hold, by their IDs: the numbers of fields; 1 for a check box or
-/// radio button that is on, 0 for one that is off.
-using DialogEntries = std::map<std::string, double>;
+/// The values of a dialog's controls, by their IDs: the numbers of fields, as the dialog computes
+/// with them; 1 for a check box or radio button that is on, 0 for one that is off.
+using DialogEntries = std::map<std::string, float>;
 
 DialogEntries EntriesIn(const nrvui::ui::UI_Dialog& dialog);
 

@@ -5,7 +5,6 @@
 #include "platform/nrvcore/file.h"
 #include "studio/base/output.h"
 #include "studio/base/studio_error.h"
-#include "studio/caller/choices_json.h"
 
 namespace {
 

@@ -1,16 +1,18 @@
 #pragma once
 
+#include <QByteArray>
 #include <QString>
 #include <QStringList>
 #include <functional>
 #include <map>
 #include <optional>
+#include <string>
 #include <vector>
 
 #include "studio/caller/dialog_entries.h"
 #include "studio/mosaic/mosaic_choices.h"
 
-/// Orders the names of presets. Names that differ in case alone are the same.
+/// Orders the names of presets. Names that differ only in case are equal.
 struct PresetOrder {
   bool operator()(const QString& one, const QString& other) const {
     return one.compare(other, Qt::CaseInsensitive) < 0;
@@ -23,31 +25,43 @@ struct KeptChoices {
   using Presets = std::map<QString, DialogEntries, PresetOrder>;
   static constexpr size_t kMostRecent = 5;
 
-  std::optional<MosaicChoices> last;  // as the last dialog returned them; a part of the fields
-  std::vector<DialogEntries> recent;  // of the last mosaics, the latest first, each only once
+  std::optional<MosaicChoices> last;  // some fields of what the last dialog returned
+  std::vector<DialogEntries> recent;  // of the last mosaics, without duplicates, the latest first
   Presets presets;
+  std::string document = "{}";  // the JSON that was read; members that are not known here are kept
 
-  /// Adds a mosaic of these choices, from a dialog with these entries.
+  /// Adds a mosaic: what the dialog returned, and its entries.
   void AddMosaic(const MosaicChoices& choices, const DialogEntries& entries);
-  /// Throws StudioError, which names the presets that exist, when there is none of this name.
+  /// Throws StudioError, which names the existing presets, if there is none of this name.
   const DialogEntries& Preset(const QString& name) const;
 };
 
-/// The JSON file with the kept choices. Every operation reads it anew, because other runs change it
-/// too.
+/// An object with one line for each field, with the fields' names and order in memory. NaN and
+/// infinity become null.
+QByteArray RecordJson(const MosaicChoices& record);
+
+/// The content of a file of choices.
+QByteArray ToJson(const KeptChoices& kept);
+
+/// The inverse of ToJson. Also reads version 1.0, an object with the fields of `last` alone. Throws
+/// StudioError, with the reason alone, if the text is not JSON, or a field is missing or has a
+/// value outside its range.
+KeptChoices KeptChoicesFromJson(const std::string& json);
+
+/// The JSON file with the kept choices. Each operation reads it again, because other processes can
+/// change it.
 class ChoicesFile {
  public:
-  /// The path that the user named; if empty, a file in the user's configuration folder.
+  /// An empty path stands for "choices.json" in the user's configuration folder.
   explicit ChoicesFile(const QString& namedPath);
 
   bool IsNamed() const { return isNamed; }
 
-  /// Nothing is kept while there is no file. Throws StudioError when the file cannot be read or
-  /// holds something else.
+  /// Empty if there is no file. Throws StudioError if the file cannot be read or has other content.
   KeptChoices Load() const;
 
-  /// Writes what `change` makes of the kept choices, all or nothing. Throws StudioError; a file
-  /// that Load refuses stays as it is.
+  /// Applies `change` to the kept choices and replaces the file. Throws StudioError; the file is
+  /// then unchanged, also if Load refuses it.
   void Change(const std::function<void(KeptChoices&)>& change) const;
 
  private:

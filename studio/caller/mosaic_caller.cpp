@@ -66,8 +66,8 @@ void MosaicCaller::EndCall(ResultCode code, const char* key) {
   for (const std::string& alert : std::exchange(alerts, {})) screen.ShowAlert(alert);
 }
 
-/// The host's findings and alerts during the call, which are more specific than the code; without
-/// any, the code.
+/// The host's problems and alerts during the call, which are more specific than the code; the code
+/// if there are none.
 std::string MosaicCaller::Reason(ResultCode code) const {
   std::vector<std::string> reasons = alerts;
   if (!host.ResourceProblems().empty()) {

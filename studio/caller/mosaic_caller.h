@@ -14,9 +14,9 @@
 /// the console run, which use it on the user-interface thread; owns host and module.
 class MosaicCaller : private standin::UserInterface {
  public:
-  /// Loads the module that is installed with this program and starts it. `userInterface` must
-  /// outlive the caller; it shows the host's alerts and about boxes. If a call fails, it and the
-  /// operations below throw StudioError, and the alerts of that call become the error's reason.
+  /// Loads and starts the module that is installed with this program. `userInterface` shows the
+  /// host's alerts and about boxes and must outlive the caller. This and the operations below throw
+  /// StudioError; the alerts of the failed call are then its reason and are not shown.
   explicit MosaicCaller(standin::UserInterface& userInterface);
 
   /// Shows the dialog modally over a record and state. Returns whether OK ended it; otherwise both
@@ -26,8 +26,8 @@ class MosaicCaller : private standin::UserInterface {
   /// Has the module show its about box.
   void ShowAbout();
 
-  /// Shuts the module down and unloads it. Also throws when the module has not released everything
-  /// that it acquired from the host. Call it before the destructor, which does not report.
+  /// Shuts the module down and unloads it. Also throws if the module did not release everything
+  /// that it acquired from the host. To be called before the destructor, which reports no errors.
   void Close();
 
  private:
@@ -42,7 +42,7 @@ class MosaicCaller : private standin::UserInterface {
   std::string Reason(ResultCode code) const;
 
   standin::UserInterface& screen;
-  std::vector<std::string> alerts;  // of the present call
+  std::vector<std::string> alerts;  // of the current call
   standin::Host host;
   std::unique_ptr<standin::Module> module;
 };

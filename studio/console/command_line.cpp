@@ -1,8 +1,6 @@
 #include "studio/console/command_line.h"
 
 #include <QCommandLineParser>
-#include <QTextBoundaryFinder>
-#include <algorithm>
 
 #include "platform/qt/theme.h"
 #include "studio/base/studio_error.h"
@@ -11,11 +9,11 @@ namespace {
 
 struct Option {
   const char* name;
-  const char* value;  // what the help calls it; null for none
-  const char* help;   // a key, as the value's name is
+  const char* value;  // the key of its value's name in the help; null without a value
+  const char* help;   // the key of its description
   bool CommandLine::*flag = nullptr;
   QString CommandLine::*text = nullptr;
-  QStringList CommandLine::*list = nullptr;  // of values, for an option that can be repeated
+  QStringList CommandLine::*list = nullptr;  // the values of an option that can be repeated
 };
 
 constexpr const char* kFile = "$$$/Studio/Help/File=FILE";
@@ -35,8 +33,7 @@ constexpr Option kOptions[] = {
      nullptr, &CommandLine::record},
     {"preset", kName,
      "$$$/Studio/Help/Preset=Enters the values of this preset in the dialog. On the console it "
-     "also "
-     "confirms the dialog, unless there are gestures.",
+     "also confirms the dialog, unless there are gestures.",
      nullptr, &CommandLine::preset},
     {"image", kId,
      "$$$/Studio/Help/Image=Turns the image with this ID in an SVG drawing into a mosaic and "
@@ -64,42 +61,20 @@ constexpr Option kOptions[] = {
     {"version", nullptr, "$$$/Studio/Help/Version=Prints the version.", &CommandLine::showVersion},
 };
 
-constexpr const char* kDescription[] = {
-    "$$$/Studio/Help/Runs=Opens the picture in a window. With --gestures, --export or --record it "
-    "shows the dialog \"Create Tesserae\" without that window, builds the mosaic, writes the files "
-    "and ends. With screenshots alone it writes these and ends.",
-    "$$$/Studio/Help/Status=Exit status: 0 after OK; 1 if the dialog or the mosaic was cancelled, "
-    "in which case nothing is written; 2 after an error, with one line on the standard error "
-    "output.",
-};
-
-/// How many columns of a terminal it takes.
-qsizetype Columns(QStringView text) {
-  constexpr QChar kFirstWide(0x2E80);
-  return text.size() +
-         std::count_if(text.begin(), text.end(), [&](QChar unit) { return unit >= kFirstWide; });
-}
-
-/// The text wrapped at 80 columns.
-QString Paragraph(const QString& text) {
-  constexpr qsizetype kLongestLine = 80;
-  QTextBoundaryFinder finder(QTextBoundaryFinder::Line, text);
-  QString paragraph;
-  qsizetype lineStart = 0, last = 0;
-  for (qsizetype next = finder.toNextBoundary(); next >= 0; next = finder.toNextBoundary()) {
-    if (Columns(QStringView(text).mid(lineStart, next - lineStart)) > kLongestLine) {
-      paragraph += text.mid(lineStart, last - lineStart).trimmed() + '\n';
-      lineStart = last;
-    }
-    last = next;
-  }
-  return paragraph + text.mid(lineStart);
-}
+// Qt does not wrap the description.
+constexpr const char* kDescription =
+    "$$$/Studio/Help/Description="
+    "Opens the picture in a window. With --gestures, --export or --record it shows\n"
+    "the dialog \"Create Tesserae\" without that window, builds the mosaic, writes the\n"
+    "files and ends. With screenshots alone it writes these and ends.\n"
+    "\n"
+    "Exit status: 0 after OK; 1 if the dialog or the mosaic was cancelled, in which\n"
+    "case nothing is written; 2 after an error, with one line on the standard error\n"
+    "output.";
 
 void Describe(QCommandLineParser& parser) {
   parser.setSingleDashWordOptionMode(QCommandLineParser::ParseAsLongOptions);
-  parser.setApplicationDescription('\n' + Paragraph(Text(kDescription[0])) + "\n\n" +
-                                   Paragraph(Text(kDescription[1])));
+  parser.setApplicationDescription('\n' + Text(kDescription));
   parser.addPositionalArgument("picture",
                                Text("$$$/Studio/Help/Picture=The picture to turn into a mosaic."),
                                Text("$$$/Studio/Help/PictureName=[PICTURE]"));
@@ -107,7 +82,7 @@ void Describe(QCommandLineParser& parser) {
     parser.addOption({option.name, Text(option.help), Text(option.value)});
 }
 
-/// The values of an option that takes one.
+/// The values that were given for an option.
 QStringList ValuesOf(const QCommandLineParser& parser, const Option& option) {
   QStringList values = parser.values(option.name);
   if (parser.isSet(option.name) && (values.isEmpty() || values.contains(QString()))) {
@@ -120,10 +95,10 @@ QStringList ValuesOf(const QCommandLineParser& parser, const Option& option) {
   return values;
 }
 
-/// Inkscape adds options of its own, which differ between its versions and are passed over.
+/// Inkscape adds options of its own, which differ between its versions and are ignored.
 CommandLine FromInkscape(const QStringList& arguments) {
   CommandLine line;
-  line.isFromInkscape = true;
+  line.isFromInkscape = line.isQuiet = true;
   for (const QString& argument : arguments.mid(1)) {
     const QString value = argument.section('=', 1);
     if (argument.startsWith("--id=")) line.selected << value;
@@ -155,7 +130,7 @@ CommandLine CommandLine::Parse(const QStringList& arguments) {
     }
   }
   if (!isUnderstood) {
-    QString reason = parser.errorText();  // Qt's, a sentence
+    QString reason = parser.errorText();  // a sentence by Qt
     if (reason.endsWith('.')) reason.chop(1);
     throw StudioError(reason);
   }
@@ -179,7 +154,7 @@ CommandLine CommandLine::Parse(const QStringList& arguments) {
 
 CommandLine::Windows CommandLine::ShownWindows() const {
   const bool hasScreenshots = !Screenshots().isEmpty();
-  const bool hasOutputs = !exports.isEmpty() || !record.isEmpty();
+  const bool hasOutputs = isFromInkscape || !exports.isEmpty() || !record.isEmpty();
   if (gestures.isEmpty() && !hasOutputs)
     return hasScreenshots ? Windows::kForScreenshots : Windows::kStudio;
   if (gestures.isEmpty() && preset.isEmpty()) return Windows::kDialogs;

@@ -3,7 +3,7 @@
 #include <QString>
 #include <QStringList>
 
-/// What the user asked for on the command line, made in main. A text that was not given is empty.
+/// The arguments of one run, parsed by main. A text that was not given is empty.
 struct CommandLine {
   bool showHelp = false;
   bool showVersion = false;
@@ -13,25 +13,28 @@ struct CommandLine {
   QString gestures;
   QString preset;
   QStringList exports;
-  QStringList images;  // of the drawing that `picture` names, by their IDs; empty for a picture
+  QStringList images;  // IDs of images in the drawing `picture`; empty for a picture
   bool isFromInkscape = false;
-  QStringList selected;  // the IDs of the objects that are selected in Inkscape
+  QStringList selected;  // IDs of the objects that are selected in Inkscape
   QString record;
-  QString state;     // empty for the user's settings
-  QString language;  // as in "de"; empty for the user's own
+  QString state;     // empty for the file in the user's configuration folder
+  QString language;  // a code such as "de"; empty for the environment's language
   QString theme;     // "light", "dark", "system"; empty for the one chosen in the window
   QString dialogScreenshot;
   QString windowScreenshot;
 
   enum class Windows {
-    kStudio,          // the studio's window, for the user to work in
-    kDialogs,         // dialogs, which the user answers
-    kScripted,        // dialogs, which gestures or a preset answer
-    kForScreenshots,  // what the screenshots are to show; the dialog is cancelled
-    kNone,            // gestures or a preset answer dialogs that do not show
+    kStudio,          // the studio's main window
+    kDialogs,         // dialogs that the user answers
+    kScripted,        // dialogs that gestures or a preset answer
+    kForScreenshots,  // a dialog that is cancelled, or the main window, to take screenshots
+    kNone,            // none: gestures or a preset answer dialogs without windows
   };
-  /// Which windows the run shows where there is a display.
+  /// The windows of this run if a display is available.
   Windows ShownWindows() const;
+
+  /// Whether the mosaics are of images in an SVG document, the drawing `picture`.
+  bool UsesDrawing() const { return isFromInkscape || !images.isEmpty(); }
 
   /// Parses the program's arguments, its name first. With "--inkscape=true" they are those that
   /// Inkscape passes to an extension: "--id=ID" for each selected object, the extension's

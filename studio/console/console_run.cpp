@@ -1,6 +1,7 @@
 #include "studio/console/console_run.h"
 
 #include <QGuiApplication>
+#include <QRandomGenerator>
 #include <QSocketNotifier>
 #include <algorithm>
 #include <utility>
@@ -8,16 +9,12 @@
 #include "platform/nrvui/scripted_presenter.h"
 #include "platform/qt/qt_presenter.h"
 #include "platform/standin/user_interface.h"
-#include "studio/base/file_name.h"
-#include "studio/base/output.h"
 #include "studio/base/studio_error.h"
-#include "studio/caller/choices_json.h"
 #include "studio/caller/dialog_summary.h"
 #include "studio/caller/mosaic_caller.h"
 #include "studio/console/terminal.h"
 #include "studio/drawing/image_source.h"
 #include "studio/export/mosaic_export.h"
-#include "studio/export/picture_encoding.h"
 #include "studio/mosaic/mosaic_job.h"
 #include "studio/mosaic/preview.h"
 #include "studio/window/live_preview.h"
@@ -31,29 +28,8 @@ constexpr int kCancelled = 1;
 
 using Report = std::function<void(const std::string&)>;
 
-/// Plays a script on dialogs that do not show.
-class HiddenScript final : public nrvui::ui::DialogPresenter {
- public:
-  /// Each dialog starts with the entries, which become those that it ends with.
-  HiddenScript(const nrvui::gestures::GestureScript& gestures, DialogEntries& keptEntries,
-               const Report& reportFunction)
-      : script(gestures, reportFunction), entries(keptEntries), report(reportFunction) {}
-
-  void Present(nrvui::ui::UI_Dialog& dialog) override {
-    const QString changes = EnterAgain(dialog, entries);
-    if (!changes.isEmpty()) report(changes.toStdString());
-    script.Present(dialog);
-    entries = EntriesIn(dialog);
-  }
-  const std::optional<nrvcore::FileError>& Error() const { return script.Error(); }
-
- private:
-  nrvui::gestures::ScriptedPresenter script;
-  DialogEntries& entries;
-  const Report report;
-};
-
-/// Restores and keeps the entries of dialogs that show, and has window and summary follow them.
+/// Enters the kept entries when a dialog opens, keeps those that it ends with, and updates the
+/// preview and the summary.
 class AskListener final : public qtui::DialogListener {
  public:
   /// `previewWindow` may be null; `report` may be empty.
@@ -86,11 +62,41 @@ class AskListener final : public qtui::DialogListener {
   const Report report;
 };
 
-/// A preset replaces the user where the studio's window cannot show.
-CommandLine::Windows ShownWindows(const CommandLine& line) {
-  const CommandLine::Windows windows = line.ShownWindows();
+/// Plays a script on a dialog without a window.
+class HiddenScript final : public nrvui::ui::DialogPresenter {
+ public:
+  HiddenScript(const nrvui::gestures::GestureScript& gestures, const Report& report,
+               qtui::DialogListener& dialogListener)
+      : script(gestures, report), listener(dialogListener) {}
+
+  void Present(nrvui::ui::UI_Dialog& dialog) override {
+    listener.DialogOpening(dialog);
+    script.Present(dialog);
+    listener.DialogChanged(dialog, {});
+  }
+  const std::optional<nrvcore::FileError>& Error() const { return script.Error(); }
+
+ private:
+  nrvui::gestures::ScriptedPresenter script;
+  qtui::DialogListener& listener;
+};
+
+/// Without a display a preset confirms the dialog itself.
+Windows ShownWindows(const CommandLine& line) {
+  const Windows windows = line.ShownWindows();
   const bool isAnswered = !line.preset.isEmpty() && !HasDisplay();
   return windows == Windows::kStudio && isAnswered ? Windows::kNone : windows;
+}
+
+/// Rows of tiles for an estimate. Random colours need the most space.
+QImage RandomTiles(int across) {
+  constexpr int kRows = 16;
+  QImage tiles(across, kRows, QImage::Format_ARGB32);
+  QRandomGenerator random(1);
+  for (int y = 0; y < kRows; ++y) {
+    for (int x = 0; x < across; ++x) tiles.setPixel(x, y, random.generate() | 0xFF000000);
+  }
+  return tiles;
 }
 
 }  // namespace
@@ -123,7 +129,7 @@ int ConsoleRun::Run() {
     MosaicChoices choices;
     if (!AskUntilUsable(choices)) {
       Tell(Text("$$$/Studio/Line/Cancelled=The dialog was cancelled."));
-      return kCancelled;
+      return line.isFromInkscape && !interruption->IsRequested() ? kDone : kCancelled;
     }
     kept.AddMosaic(choices, entries);
     made.emplace_back(choices, entries);
@@ -141,6 +147,11 @@ int ConsoleRun::Run() {
   }
   SaveScreenshots();
   KeepChoices();
+  if (line.isFromInkscape) {
+    if (interruption->IsRequested()) return kCancelled;
+    ExitOnSignals(kCancelled);
+    PrintBytes(inkscapeDocument.data());
+  }
   ExitOnSignals(kDone);
   TellOfFiles();
   return kDone;
@@ -167,7 +178,7 @@ void ConsoleRun::ReadGestures() {
 }
 
 void ConsoleRun::CheckExport(const QString& path) const {
-  if (line.images.isEmpty()) {
+  if (!line.UsesDrawing()) {
     ExportKindOf(path);
   } else if (FindExportKind(path) != FindExportKind(".svg")) {
     throw StudioError(
@@ -179,30 +190,44 @@ void ConsoleRun::CheckExport(const QString& path) const {
 /// Reads the picture, or the images of the drawing.
 void ConsoleRun::Open() {
   outputs.Protect(line.picture);
-  if (line.images.isEmpty()) {
+  if (line.UsesDrawing()) {
+    drawing = std::make_shared<const SvgDrawing>(SvgDrawing::Read(line.picture));
+    for (const ImageElement* image : ChosenImages()) {
+      placed.push_back(PlacedImage::Read(drawing, *image, line.isSizeUnknown));
+      artworks.push_back(placed.back().artwork);
+      if (const QString file = LinkedFile(*drawing, *image); !file.isEmpty()) outputs.Protect(file);
+    }
+  } else {
     Picture picture = Picture::Open(PictureFile(line.picture));
     if (!line.windowScreenshot.isEmpty()) MakeShowable(picture);
     artworks = {Place(line.picture, std::move(picture), line.isSizeUnknown)};
-  } else {
-    drawing = std::make_shared<const SvgDrawing>(SvgDrawing::Read(line.picture));
-  }
-  std::vector<const ImageElement*> images;
-  for (const QString& id : line.images) images.push_back(&drawing->Image(id));
-  for (const ImageElement* image : images) {
-    placed.push_back(PlacedImage::Read(drawing, *image, line.isSizeUnknown));
-    artworks.push_back(placed.back().artwork);
-    if (const QString file = LinkedFile(*drawing, *image); !file.isEmpty()) outputs.Protect(file);
   }
   artwork = artworks.front();
 }
 
-/// Shows dialog and window only for as long as the screenshots take.
+/// The drawing's images that become mosaics, at least one.
+std::vector<const ImageElement*> ConsoleRun::ChosenImages() const {
+  std::vector<const ImageElement*> images;
+  for (const QString& id : line.images) images.push_back(&drawing->Image(id));
+  if (!line.isFromInkscape) return images;
+  if (line.selected.isEmpty())
+    throw StudioError("$$$/Studio/Inkscape/NothingSelected=select a picture first");
+  images = drawing->ImagesIn(line.selected);
+  if (images.empty()) {
+    throw StudioError(
+        "$$$/Studio/Inkscape/NoPicture=the selection has no picture; mosaics are made of pictures, "
+        "such as imported photographs");
+  }
+  return images;
+}
+
+/// Cancels the dialog and closes the window after their screenshots.
 int ConsoleRun::TakeScreenshots() {
   interruption.emplace();
   OpenScreenshots();
   MosaicChoices choices;
   entries = preset;
-  gestures.emplace();  // none: the dialog is cancelled
+  gestures.emplace();  // an empty script, after which the dialog is cancelled
   if (dialogScreenshotDevice) Ask(choices);
   SaveScreenshots();
   if (interruption->IsRequested()) return kCancelled;
@@ -212,11 +237,15 @@ int ConsoleRun::TakeScreenshots() {
   return kDone;
 }
 
-/// A place that cannot be written is found before the dialog opens.
+/// Called before the dialog opens, so that a file that cannot be written is reported early.
 void ConsoleRun::OpenOutputs() {
   interruption.emplace();
   outputs.Protect(line.gestures);
   for (const QString& path : line.exports) exportDevices.push_back(&outputs.Add(path));
+  if (line.isFromInkscape) {
+    inkscapeDocument.open(QIODevice::WriteOnly);
+    exportDevices = {&inkscapeDocument};
+  }
   recordDevice = OpenOutput(line.record);
   stateDevice = OpenOutput(line.state);
   OpenScreenshots();
@@ -253,25 +282,20 @@ bool ConsoleRun::Ask(MosaicChoices& choices) {
   choices = ChoicesFor(*artwork, kept.last);
   const QSocketNotifier notifier(interruption->Descriptor(), QSocketNotifier::Read);
   QObject::connect(&notifier, &QSocketNotifier::activated, [] { QCoreApplication::exit(); });
-  return windows == Windows::kNone ? AskUnseen(choices) : AskInWindows(choices);
-}
-
-bool ConsoleRun::AskUnseen(MosaicChoices& choices) {
-  HiddenScript script(*gestures, entries, Reporter());
-  const nrvui::ui::InstalledPresenter installed(script);
-  return CallDialog(choices, script);
-}
-
-bool ConsoleRun::AskInWindows(MosaicChoices& choices) {
+  const bool isScripted = windows == Windows::kNone || windows == Windows::kScripted;
+  const Report report = isScripted ? Reporter() : Report();
+  if (windows == Windows::kNone) {
+    AskListener listener(artwork->picture, choices, nullptr, entries, report);
+    HiddenScript script(*gestures, report, listener);
+    return CallDialog(choices, script);
+  }
   qtui::QtPresenter presenter;
   std::optional<PreviewWindow> window;
   if (drawing && windows == Windows::kDialogs) window.emplace(artwork, choices, presenter);
-  const Report report = windows == Windows::kScripted ? Reporter() : Report();
   AskListener listener(artwork->picture, choices, window ? &*window : nullptr, entries, report);
   presenter.AddListener(listener);
   if (gestures) presenter.PlayScript(*gestures, report);
   if (dialogScreenshotDevice) presenter.TakeScreenshots();
-  const nrvui::ui::InstalledPresenter installed(presenter);
   const bool isOk = CallDialog(choices, presenter);
   if (dialogScreenshotDevice) dialogScreenshot = presenter.Screenshot();
   return isOk;
@@ -279,7 +303,8 @@ bool ConsoleRun::AskInWindows(MosaicChoices& choices) {
 
 /// Returns whether OK ended the dialog. Throws StudioError for a gesture that could not be played.
 template <typename Presenter>
-bool ConsoleRun::CallDialog(MosaicChoices& choices, const Presenter& presenter) {
+bool ConsoleRun::CallDialog(MosaicChoices& choices, Presenter& presenter) {
+  const nrvui::ui::InstalledPresenter installed(presenter);
   standin::RecordingUserInterface screen;
   MosaicCaller caller(screen);
   const bool isOk = caller.Ask(choices.params, choices.state);
@@ -298,7 +323,7 @@ bool ConsoleRun::Build(const MosaicChoices& choices) {
   }
 }
 
-/// Holds pixels only where the picture shows in the result; otherwise they pass through.
+/// Keeps the picture's pixels in memory only if the picture shows in the result.
 bool ConsoleRun::RunJob(const MosaicChoices& choices) {
   if (MosaicJob(artwork->picture, choices).ShowsPicture() && artwork->picture.Pixels().isNull()) {
     Picture picture = artwork->picture;
@@ -309,6 +334,8 @@ bool ConsoleRun::RunJob(const MosaicChoices& choices) {
   const MosaicGeometry& geometry = job.Geometry();
   for (size_t i = 0; !drawing && i < exportDevices.size(); ++i) {
     const ExportKind& kind = ExportKindOf(line.exports[int(i)]);
+    TellIfLarge(line.exports[int(i)],
+                EstimatedBytes({geometry, RandomTiles(geometry.tilesAcross), job.Below()}, kind));
     job.Add(kind.makeSink(*exportDevices[i], geometry, job.Below(), 0));
   }
   const bool isShown = drawing || windowScreenshotDevice;
@@ -333,10 +360,11 @@ bool ConsoleRun::RunJob(const MosaicChoices& choices) {
   return true;
 }
 
-/// Returns whether it ran to its end.
+/// Returns false if it was interrupted.
 bool ConsoleRun::ExportDrawing() {
   const auto goOn = [this](int) { return !interruption->IsRequested(); };
   if (!drawing) return true;
+  for (const QString& path : line.exports) TellIfLarge(path, EstimatedBytes(*drawing, mosaics));
   return std::all_of(exportDevices.begin(), exportDevices.end(), [&](QIODevice* device) {
     return WriteDrawing(*drawing, mosaics, *device, goOn);
   });
@@ -349,8 +377,8 @@ void ConsoleRun::SaveScreenshots() {
     WriteAll(*windowScreenshotDevice, EncodePicture(windowCamera(artwork), "png"));
 }
 
-/// A file that the user named is one of the run's outputs. Otherwise a failure to keep the choices
-/// is only a warning, because the mosaic is finished.
+/// Places all outputs, which include a file of choices that the user named. A failure to keep the
+/// choices elsewhere is only a warning, because the mosaic is finished.
 void ConsoleRun::KeepChoices() {
   if (stateDevice) WriteAll(*stateDevice, ToJson(kept));
   outputs.Commit();
@@ -367,6 +395,14 @@ void ConsoleRun::KeepChoices() {
 
 void ConsoleRun::Tell(const QString& text) const {
   if (!line.isQuiet) Print(text + '\n');
+}
+
+void ConsoleRun::TellIfLarge(const QString& path, double bytes) const {
+  if (bytes < kLargeExport) return;
+  Warn(
+      Text("$$$/Studio/Line/LargeExport=%1 will be about %2 GB; other programs may not be able to "
+           "open it",
+           path, NumberForUser(bytes / 1e9, 1)));
 }
 
 /// A failure to print is only a warning, because the files are complete.

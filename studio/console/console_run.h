@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QBuffer>
 #include <QImage>
 #include <functional>
 #include <optional>
@@ -14,22 +15,24 @@
 #include "studio/drawing/placed_image.h"
 #include "studio/mosaic/artwork.h"
 
-/// Whether the program runs on a display that shows its windows.
+/// Whether windows appear on a display.
 bool HasDisplay();
 
-/// One run of the program on the command line, from the picture to the files. Made and run by main
-/// or the run for Inkscape, on the user-interface thread.
+/// One run of the program without the main window, from the picture to the files; or, as an
+/// extension of Inkscape, from the document and its selection to the new document on the standard
+/// output. main creates and runs it on the user-interface thread.
 class ConsoleRun {
  public:
-  /// What the studio's window looks like over an artwork; null is the empty window.
+  /// Takes a screenshot of the main window with this artwork; null is the empty window.
   using WindowCamera = std::function<QImage(const ArtworkPtr&)>;
 
   ConsoleRun(CommandLine commandLine, WindowCamera windowCamera);
 
-  /// Returns the program's exit status: 0 after OK, 1 when the run was cancelled. Throws
-  /// StudioError, or another std::exception, when it failed. Unless it returns 0, all files are
-  /// unchanged, except when the disk fails while several files are moved to their places. After
-  /// that a signal ends the program with status 0.
+  /// Returns the program's exit status: 0 after OK, 1 if the dialog was cancelled or a signal
+  /// stopped the run; for Inkscape 0 after a cancelled dialog. Throws StudioError, or another
+  /// std::exception, on failure. Unless it returns 0, all files are unchanged, except if the disk
+  /// fails while several files are moved to their places. Once the outputs are complete, a signal
+  /// ends the program with status 0.
   int Run();
 
  private:
@@ -38,18 +41,17 @@ class ConsoleRun {
   void LoadChoices();
   void ReadGestures();
   void Open();
+  std::vector<const ImageElement*> ChosenImages() const;
   void OpenOutputs();
   void OpenScreenshots();
   QIODevice* OpenOutput(const QString& name);
-  /// Asks a user again, with their entries, when the choices lead to no mosaic. Returns whether OK
-  /// ended the dialog, with these choices.
+  /// Opens the dialog, for a user again until the choices lead to a mosaic. Returns whether OK
+  /// ended it.
   bool AskUntilUsable(MosaicChoices& choices);
   bool Ask(MosaicChoices& choices);
-  bool AskUnseen(MosaicChoices& choices);
-  bool AskInWindows(MosaicChoices& choices);
   template <typename Presenter>
-  bool CallDialog(MosaicChoices& choices, const Presenter& presenter);
-  /// Returns whether the mosaic is complete, which it is unless the run was interrupted.
+  bool CallDialog(MosaicChoices& choices, Presenter& presenter);
+  /// Returns false if the run was interrupted.
   bool Build(const MosaicChoices& choices);
   bool RunJob(const MosaicChoices& choices);
   bool ExportDrawing();
@@ -57,6 +59,7 @@ class ConsoleRun {
   void KeepChoices();
 
   void Tell(const QString& text) const;
+  void TellIfLarge(const QString& path, double bytes) const;
   void TellOfFiles() const;
   /// Passes UTF-8 text to Warn.
   std::function<void(const std::string&)> Reporter() const;
@@ -68,21 +71,23 @@ class ConsoleRun {
   const ChoicesFile choicesFile;
   KeptChoices kept;  // from the file, with the mosaics of this run
   bool canKeepChoices = true;
-  DialogEntries preset;                                    // the first entries; empty for none
-  std::optional<nrvui::gestures::GestureScript> gestures;  // nothing when the user answers
-  std::optional<const Interruption> interruption;          // from the first open output on
+  DialogEntries preset;                                    // the first entries; may be empty
+  std::optional<nrvui::gestures::GestureScript> gestures;  // no value if the user answers
+  std::optional<const Interruption> interruption;          // since the first output was opened
   std::shared_ptr<const SvgDrawing> drawing;               // null for a picture
   std::vector<PlacedImage> placed;                         // in the drawing
   std::vector<ArtworkPtr> artworks;                        // the picture, or those of `placed`
-  ArtworkPtr artwork;                 // the present one; null before a picture is placed
-  std::vector<PlacedMosaic> mosaics;  // of `placed`, as far as they are built
-  DialogEntries entries;              // of the dialog that is open or was last
+  ArtworkPtr artwork;                 // the current one; null before a picture is placed
+  std::vector<PlacedMosaic> mosaics;  // those of `placed` that are built
+  DialogEntries entries;              // of the open or the last dialog
   std::vector<std::pair<MosaicChoices, DialogEntries>> made;  // one for each mosaic of this run
   QImage dialogScreenshot;                                    // of the last dialog
   OutputSet outputs;
-  std::vector<QIODevice*> exportDevices;        // in the order of the command line's exports
-  QIODevice* recordDevice = nullptr;            // null when not asked for
-  QIODevice* stateDevice = nullptr;             // null when the choices go to the user's settings
-  QIODevice* dialogScreenshotDevice = nullptr;  // null when not asked for
-  QIODevice* windowScreenshotDevice = nullptr;  // null when not asked for
+  QBuffer inkscapeDocument;               // the new document for Inkscape
+  std::vector<QIODevice*> exportDevices;  // in the order of the command line's exports
+  // These are null if the user did not ask for them.
+  QIODevice* recordDevice = nullptr;
+  QIODevice* stateDevice = nullptr;
+  QIODevice* dialogScreenshotDevice = nullptr;
+  QIODevice* windowScreenshotDevice = nullptr;
 };

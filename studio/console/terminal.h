@@ -4,22 +4,22 @@
 #include <QString>
 #include <boost/core/noncopyable.hpp>
 
-/// Keeps the error output for this program's own lines: what libraries and child processes write
-/// there from now on is dropped. With a sanitizer it is shown, because reports go there too.
+/// Reserves the error output for this program: text that libraries and child processes write to it
+/// from now on is dropped, except in a build with a sanitizer, whose reports go there too.
 void SilenceLibraries();
 
-/// Writes a text to the standard output at once. Throws StudioError when it cannot be written.
+/// Writes to the standard output and flushes it. Throws StudioError.
 void Print(const QString& text);
 void PrintBytes(const QByteArray& bytes);
 
-/// Writes the program's name and the message to the error output as one line; control characters
-/// in it are escaped.
+/// Writes the program's name and the text to the error output as one line, with control characters
+/// escaped.
 void PrintError(const QString& text);
 
-/// Writes a sentence for another program to show to the error output, as one line.
+/// The same without the program's name, for a text that another program shows.
 void PrintSentence(const QString& text);
 
-/// Shows the progress of a job in a line on the error output, if that is a terminal and the job
+/// Shows the progress of a job on one line of the error output if that is a terminal and the job
 /// takes longer than half a second. The destructor erases the line.
 class ProgressLine : boost::noncopyable {
  public:

@@ -8,9 +8,9 @@
 
 #include "studio/base/output.h"
 #include "studio/base/studio_error.h"
-#include "studio/drawing/svg_drawing.h"
 #include "studio/drawing/svg_values.h"
-#include "studio/export/svg_tiles.h"
+#include "studio/export/mosaic_export.h"
+#include "studio/export/svg_sink.h"
 
 namespace {
 
@@ -186,6 +186,16 @@ void CheckKept(const PlacedMosaic& placed) {
 }
 
 }  // namespace
+
+double EstimatedBytes(const SvgDrawing& drawing, const std::vector<PlacedMosaic>& mosaics) {
+  auto bytes = double(drawing.Bytes().size());
+  for (const PlacedMosaic& placed : mosaics) {
+    Mosaic tiles = *placed.mosaic;
+    tiles.below = {};  // part of the drawing
+    bytes += EstimatedBytes(tiles, ExportKindOf(".svg"));
+  }
+  return bytes;
+}
 
 bool WriteDrawing(const SvgDrawing& drawing, std::vector<PlacedMosaic> mosaics, QIODevice& device,
                   const GoOn& goOn) {

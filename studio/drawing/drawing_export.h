@@ -4,13 +4,11 @@
 #include <memory>
 #include <vector>
 
-#include "studio/drawing/placement.h"
+#include "studio/drawing/placed_image.h"
 #include "studio/mosaic/artwork.h"
 #include "studio/mosaic/mosaic_job.h"
 
-class SvgDrawing;
 class QIODevice;
-struct ImageElement;
 
 /// A mosaic of an image in a drawing.
 struct PlacedMosaic {
@@ -18,6 +16,9 @@ struct PlacedMosaic {
   Placement placement;
   std::shared_ptr<const Mosaic> mosaic;
 };
+
+/// The approximate size in bytes of the drawing with these mosaics.
+double EstimatedBytes(const SvgDrawing& drawing, const std::vector<PlacedMosaic>& mosaics);
 
 /// Writes a copy of the drawing with a group of tiles for each mosaic: after its image if the
 /// mosaic keeps the picture, else in its place and with its ID. All other bytes stay the same. The

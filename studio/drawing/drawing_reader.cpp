@@ -20,8 +20,7 @@ constexpr double kPointsPerPixel = 0.75;
 constexpr double kDefaultFontSize = 16;
 constexpr QSizeF kDefaultViewport(300, 150);  // the size of replaced elements in CSS
 
-constexpr char kSeparator =
-    '\n';  // never part of a namespace: attribute values have spaces instead
+constexpr char kSeparator = '\n';  // never part of a namespace: in attributes it becomes a space
 constexpr std::string_view kSvg = "http://www.w3.org/2000/svg";
 constexpr std::string_view kXlink = "http://www.w3.org/1999/xlink";
 constexpr std::string_view kInkscape = "http://www.inkscape.org/namespaces/inkscape";

@@ -8,7 +8,6 @@
 #include "studio/base/output.h"
 #include "studio/base/text.h"
 #include "studio/export/mosaic_export.h"
-#include "studio/export/picture_encoding.h"
 
 namespace {
 
@@ -25,7 +24,7 @@ std::string OpacityName(int alpha) {
   return "/A" + std::to_string(alpha);
 }
 
-/// Names for all opacities, since which of them occur is known only at the end of the rows.
+/// Names for all opacities, because the pages' contents are written before it is known which occur.
 std::string OpacityResources() {
   std::string resources = "/ExtGState <<";
   for (int alpha = 0; alpha < 256; ++alpha) {
@@ -39,7 +38,7 @@ std::string Reference(int object) {
   return std::to_string(object) + " 0 R";
 }
 
-/// JPEG has no opacity, so what is transparent gets white behind it.
+/// The picture on white, because JPEG has no opacity.
 QImage OnPaper(const QImage& picture) {
   if (!picture.hasAlphaChannel()) return picture;
   QImage paper(picture.size(), QImage::Format_RGB32);
@@ -48,7 +47,7 @@ QImage OnPaper(const QImage& picture) {
   return paper;
 }
 
-/// A text as a PDF string: UTF-16 in hexadecimal digits, behind a byte order mark.
+/// A text as a PDF string: a byte order mark and UTF-16, in hexadecimal digits.
 std::string StringText(const QString& text) {
   std::string digits = "<FEFF";
   for (const QChar unit : text) {
@@ -77,16 +76,16 @@ class PdfSink final : public MosaicSink {
   const MosaicGeometry geometry;
   int64_t written = 0;
   std::vector<int64_t> offsets;  // of the objects, by number
-  int picture = 0;               // its object, 0 for none
+  int picture = 0;               // the number of its object; 0 without a picture
   std::vector<int> pieces;       // the numbers of the content streams
-  std::string content;           // of the piece that is being collected
-  int alpha = 255;               // in force
+  std::string content;           // the next piece
+  int alpha = 255;               // the current opacity of the page's content
   int row = 0;
 };
 
 PdfSink::PdfSink(QIODevice& device, const MosaicGeometry& geometry, const QImage& below)
     : device(device), geometry(geometry), offsets(kFirstFree) {
-  // Bytes above 127 in the first lines mark the file as binary for transfer programs.
+  // Bytes above 127 in the first lines mark the file as binary.
   Write("%PDF-1.4\n%\xE2\xE3\xCF\xD3\n");
   const std::string width = NumberText(geometry.size.width());
   const std::string height = NumberText(geometry.size.height());
@@ -172,9 +171,9 @@ void PdfSink::WriteStream(int number, const std::string& dictionary, const QByte
   Write("\nendstream\nendobj\n");
 }
 
-/// The state of the page's drawing carries over from one piece to the next.
+/// The graphics state continues from one piece to the next.
 void PdfSink::WriteContentPiece() {
-  constexpr qsizetype kLengthPrefix = 4;  // of qCompress, no part of the compressed data
+  constexpr qsizetype kLengthPrefix = 4;  // of qCompress, not part of the compressed data
   pieces.push_back(NewObject());
   const auto* bytes = reinterpret_cast<const uchar*>(content.data());
   WriteStream(pieces.back(), "/Filter /FlateDecode",

@@ -8,19 +8,18 @@
 #include "studio/base/output.h"
 #include "studio/base/studio_error.h"
 #include "studio/export/mosaic_export.h"
-#include "studio/export/picture_encoding.h"
 #include "studio/mosaic/light.h"
 
 namespace {
 
-constexpr double kLongSide = 1600;  // in pixels, where the tiles ask for no more
+constexpr double kLongSide = 1600;  // in pixels, unless the tiles need more
 constexpr double kPixelsPerTile = 4;
-constexpr double kMostPixels = 64e6;       // unless the tiles need more
-constexpr double kMostPixelsEver = 256e6;  // the export is refused above it
+constexpr double kMostPixels = 64e6;       // by default, unless the tiles need more
+constexpr double kMostPixelsEver = 256e6;  // larger exports are refused
 constexpr double kMostSide = 32000;
 constexpr double kPointsPerMeter = 72 / 0.0254;
 
-/// Gives every tile a pixel. Throws StudioError when no picture can be that large.
+/// The smallest scale with a pixel for each tile. Throws StudioError if that picture is too large.
 double LeastScale(const MosaicGeometry& geometry) {
   const QSizeF pitch = geometry.tile + geometry.spacing;
   const double least = std::max(1 / pitch.width(), 1 / pitch.height());
@@ -33,7 +32,7 @@ double LeastScale(const MosaicGeometry& geometry) {
       NumberForUser(width), NumberForUser(height));
 }
 
-// Borders this close to a pixel's edge lie on it, in pixels.
+// A border this close to a pixel's edge counts as lying on it, in pixels.
 constexpr double kTolerance = 1e-6;
 
 int PixelCount(double length, double scale) {
@@ -49,19 +48,19 @@ void ForEachPixel(double start, double end, int pixels, Use use) {
   }
 }
 
-/// Draws the mosaic in pixels. Pixels that a tile covers in part take their share of its light, so
-/// tiles that touch show no seam, and gaps narrower than a pixel keep their weight. What no tile
-/// covers stays transparent.
+/// Draws the mosaic in pixels. A pixel that several tiles cover in part mixes their light by area,
+/// so tiles that touch show no seam, and gaps narrower than a pixel keep their weight. Areas
+/// without tiles are transparent.
 class PngSink final : public MosaicSink {
  public:
-  /// Throws StudioError when there is no memory for the pixels. The scale is in pixels per point.
+  /// The scale is in pixels per point. Throws StudioError if memory is insufficient.
   PngSink(QIODevice& device, const MosaicGeometry& geometry, const QImage& below, double scale);
 
   void AddRow(std::span<const QRgb> tiles) override;
   void Finish() override;
 
  private:
-  /// Sums of light and of covered area, in shares of a pixel.
+  /// Sums over the parts of a pixel that tiles cover, weighted by area.
   struct Sample {
     Light light;
     double cover = 0;
@@ -76,9 +75,9 @@ class PngSink final : public MosaicSink {
   const QImage below;
   const double scale;
   QImage image;
-  std::vector<Sample> across;  // the present tiles along a line of full height
-  std::vector<Sample> open;    // of the row of pixels `openRow`, which more tiles may cover
-  int openRow = -1;
+  std::vector<Sample> across;  // the current row of tiles, for a row of pixels that it covers
+  std::vector<Sample> open;    // of `openRow`, a row of pixels that the next tiles may cover too
+  int openRow = -1;            // -1 if there is none
   bool isOpaque = true;
   int row = 0;
 };
@@ -167,7 +166,7 @@ void PngSink::Finish() {
   image.setDotsPerMeterX(int(std::lround(scale * kPointsPerMeter)));
   image.setDotsPerMeterY(image.dotsPerMeterX());
 
-  // Tiles are flat, so more effort gains next to nothing.
+  // Tiles are flat, so more effort gains almost nothing.
   constexpr int kQuickCompression = 80;
   WriteAll(device, EncodePicture(std::exchange(image, {}), "png", kQuickCompression));
 }

@@ -8,6 +8,7 @@
 #include <cmath>
 
 #include "studio/base/studio_error.h"
+#include "studio/drawing/drawing_export.h"
 #include "studio/export/mosaic_export.h"
 #include "studio/window/background_work.h"
 #include "studio/window/file_dialogs.h"
@@ -17,7 +18,6 @@
 
 namespace {
 
-constexpr double kLargeExport = 500e6;     // bytes
 constexpr qint64 kMostSvgTiles = 250'000;  // on the clipboard
 constexpr double kMostPixels = 16e6;       // on the clipboard
 
@@ -99,11 +99,14 @@ void StudioWindow::ExportAgain() {
 }
 
 bool StudioWindow::Write(LastExport how) {
-  const double bytes = EstimatedBytes(*Shown()->mosaic, ExportKindOf(how.path));
-  if (bytes >= kLargeExport && !boxes.AskBeforeLargeExport(bytes)) return false;
   const auto image = placedImages.find(Shown()->path);
   const bool isDrawing =
       image != placedImages.end() && &ExportKindOf(how.path) == FindExportKind(".svg");
+  const double bytes =
+      isDrawing ? EstimatedBytes(*image->second.drawing,
+                                 {{image->second.image, image->second.placement, Shown()->mosaic}})
+                : EstimatedBytes(*Shown()->mosaic, ExportKindOf(how.path), how.pixelsPerPoint);
+  if (bytes >= kLargeExport && !boxes.AskBeforeLargeExport(bytes)) return false;
   const bool isDone = isDrawing ? ExportDrawing(*this, image->second, Shown()->mosaic, how.path)
                                 : ExportMosaic(*this, *Shown(), how.path, how.pixelsPerPoint);
   if (!isDone) return TellOfCancel();

@@ -7,7 +7,6 @@
 #include <numeric>
 
 #include "studio/base/studio_error.h"
-#include "studio/caller/choices_json.h"
 #include "testkit/random.h"
 #include "tests/studio/studio_folder.h"
 
@@ -16,7 +15,7 @@ namespace {
 /// A file of version 1.0.
 const QByteArray kOldFile =
     R"({"isColor": 1, "deleteRaster": 1, "keepHorizontal": 0, "tilesAcross": 32767,
-        "tilesDown": 10, "aspectRatio": 1.5, "noOriginalSize": 0, "usePercent": 1,
+        "tilesDown": 10, "aspectRatio": 0.7471526, "noOriginalSize": 0, "usePercent": 1,
         "reserved6": 0, "reserved7": 9, "newWidth": 7, "later": "unknown"})";
 
 QJsonObject Parsed(const QByteArray& json) {
@@ -44,13 +43,16 @@ TEST(KeptChoices, AreReadBackAndRefusedWhenDamaged) {
   KeptChoices kept = KeptChoicesFromJson(kOldFile.toStdString());
   ASSERT_TRUE(kept.last);
   EXPECT_EQ(kept.last->params.newWidth, 0) << "a field of the record alone";
-  kept.recent = {{{"HorizontalCountTxt", 12.1}, {"ColorRadio", 0}}, {}};
-  kept.presets = {{"Größe \"A\"", {{"NewWidthTxt", 1e-7}}}, {"none", {}}};
+  kept.recent = {{{"HorizontalCountTxt", 12.1F}, {"ColorRadio", 0}}, {}};
+  kept.presets = {{"Größe \"A\"", {{"NewWidthTxt", 1e-7F}}}, {"none", {}}};
   const std::string json = ToJson(kept).toStdString();
   const KeptChoices again = KeptChoicesFromJson(json);
   EXPECT_EQ(testkit::Bytes(*again.last), testkit::Bytes(*kept.last));
   EXPECT_EQ(again.recent, kept.recent);
   EXPECT_EQ(again.presets, kept.presets);
+  for (const char* number : {"\"aspectRatio\": 0.7471526,", "\"HorizontalCountTxt\": 12.1"})
+    EXPECT_NE(json.find(number), std::string::npos) << json << "the shortest text of a float";
+  EXPECT_NE(json.find("\"later\": \"unknown\""), std::string::npos) << "of a later version";
   EXPECT_FALSE(KeptChoicesFromJson(ToJson({}).toStdString()).last);
   EXPECT_TRUE(KeptChoicesFromJson(R"({"recent": []})").presets.empty()) << "a user removed them";
 
@@ -62,8 +64,8 @@ TEST(KeptChoices, AreReadBackAndRefusedWhenDamaged) {
                                                           {": 10", ": \"\""},
                                                           {"tilesDown", "tilesUp"},
                                                           {"Color\": 1", "Color\": 2"},
-                                                          {": 1.5", ": 1e300"},
-                                                          {": 1.5", ": 1e999"},
+                                                          {": 0.7471526", ": 1e300"},
+                                                          {": 0.7471526", ": 1e999"},
                                                           {": 9", ": 256"},
                                                           {": 9", ": 9.5"}};
   for (const auto& [from, to] : kDamages) {
@@ -98,16 +100,16 @@ TEST(KeptChoices, HoldTheLastFiveMosaicsEachOnce) {
   MosaicChoices choices;
   choices.params.newWidth = choices.params.boundsRight = 60;
   choices.params.newHeight = choices.params.boundsBottom = 40;
-  for (const int tiles : {1, 2, 3, 4, 5, 6, 3}) {
+  for (const float tiles : {1, 2, 3, 4, 5, 6, 3}) {
     kept.AddMosaic(choices, {{"HorizontalCountTxt", tiles}, {"NewWidthTxt", 60}});
-    choices.params.tilesAcross = tiles;
+    choices.params.tilesAcross = int(tiles);
   }
-  std::vector<double> tiles;
+  std::vector<float> tiles;
   for (const DialogEntries& entries : kept.recent) {
     tiles.push_back(entries.at("HorizontalCountTxt"));
     EXPECT_FALSE(entries.contains("NewWidthTxt")) << "the picture's own";
   }
-  EXPECT_EQ(tiles, (std::vector<double>{3, 6, 5, 4, 2}));
+  EXPECT_EQ(tiles, (std::vector<float>{3, 6, 5, 4, 2}));
   EXPECT_EQ(kept.last->params.tilesAcross, 6);
   choices.params.newWidth = 59;
   kept.AddMosaic(choices, {{"NewWidthTxt", 59}});
