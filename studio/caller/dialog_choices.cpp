@@ -2,19 +2,9 @@
 
 #include <algorithm>
 #include <cmath>
-#include <map>
 #include <string>
 
-#include "platform/nrvui/ui_controls.h"
-#include "platform/nrvui/ui_edits.h"
-#include "platform/nrvui/ui_node.h"
 #include "studio/base/studio_error.h"
-
-using nrvui::controls::UI_Checkbox;
-using nrvui::controls::UI_NumberEdit;
-using nrvui::controls::UI_RadioButton;
-using nrvui::controls::UI_UnitNumberEdit;
-using nrvui::ui::UI_Node;
 
 namespace {
 
@@ -33,56 +23,9 @@ MosaicChoices FirstChoices() {
   return choices;
 }
 
-/// The controls of a dialog by ID, with the number that is being typed into one of them.
-class Controls {
- public:
-  Controls(const nrvui::ui::UI_Dialog& dialog,
-           const std::optional<qtui::PendingEntry>& pendingEntry)
-      : pending(pendingEntry) {
-    nrvui::ui::ForEachBelow<UI_Node>(
-        dialog, [this](UI_Node& node) { nodes.emplace(node.UI_GetNodeID().View(), &node); });
-  }
-
-  float Number(const char* id) const {
-    const auto& field = Get<UI_UnitNumberEdit>(id);
-    return float(IsPending(field) ? pending->number : field.GetNumber());
-  }
-  /// Whether the number of tiles changes when the pending entry is entered.
-  bool ChangesTiles() const {
-    return pending && pending->number != pending->field->GetNumber() &&
-           (IsPending(Get<UI_UnitNumberEdit>(kTilesAcross)) ||
-            IsPending(Get<UI_UnitNumberEdit>(kTilesDown)));
-  }
-  bool IsChecked(const char* id) const { return Get<UI_Checkbox>(id).IsChecked(); }
-  bool IsSelected(const char* id) const {
-    return Get<UI_RadioButton>(id).GetValue() == nrvui::controls::kRadioOn;
-  }
-
- private:
-  bool IsPending(const UI_NumberEdit& field) const { return pending && pending->field == &field; }
-
-  template <typename Control>
-  const Control& Get(const char* id) const {
-    const auto found = nodes.find(id);
-    const auto* const control =
-        found == nodes.end() ? nullptr : dynamic_cast<const Control*>(found->second);
-    if (!control) {
-      throw StudioError("$$$/Studio/Module/NoControl=the dialog has no usable control %1",
-                        QString(id));
-    }
-    return *control;
-  }
-
-  std::map<std::string, const UI_Node*, std::less<>> nodes;
-  const std::optional<qtui::PendingEntry>& pending;
-};
-
-/// The number of a spacing field as OK would read it: entering a number of tiles clamps both
-/// spacings.
-float Spacing(const Controls& controls, const char* spacingId, const char* tilesId) {
-  const float spacing = controls.Number(spacingId);
-  if (!controls.ChangesTiles()) return spacing;
-  return std::min(spacing, std::max(controls.Number(tilesId) - 2, 0.0F));
+float RequiredEntry(const DialogEntries& entries, const char* id) {
+  if (const auto found = entries.find(id); found != entries.end()) return found->second;
+  throw StudioError("$$$/Studio/Module/NoControl=the dialog has no usable control %1", QString(id));
 }
 
 /// Cuts off a number's fraction; `cuts` becomes true if it has one.
@@ -109,33 +52,43 @@ MosaicChoices ChoicesFor(const Artwork& artwork, const std::optional<MosaicChoic
   return choices;
 }
 
-Forecast ForecastFor(const nrvui::ui::UI_Dialog& dialog, const MosaicChoices& asked,
+Forecast ForecastFor(DialogEntries entries, const MosaicChoices& asked,
                      const std::optional<qtui::PendingEntry>& pending) {
-  const Controls controls(dialog, pending);
+  bool changesTiles = false;
+  if (pending) {
+    const std::string id(pending->field->UI_GetNodeID().View());
+    changesTiles =
+        (id == kTilesAcross || id == kTilesDown) && pending->number != pending->field->GetNumber();
+    entries[id] = float(pending->number);
+  }
+  const auto entry = [&](const char* id) { return RequiredEntry(entries, id); };
+  // Entering a number of tiles clamps both spacings.
+  const auto spacing = [&](const char* id, const char* tilesId) {
+    const float most = std::max(entry(tilesId) - 2, 0.0F);
+    return changesTiles ? std::min(entry(id), most) : entry(id);
+  };
   Forecast forecast{asked};
   MosaicParameters& params = forecast.choices.params;
   MosaicDialogState& state = forecast.choices.state;
 
   state.noOriginalSize = params.sizeUnavailable;
-  state.usePercent = controls.IsChecked("UsePercentChk");
+  state.usePercent = entry("UsePercentChk") != 0;
   state.reserved6 = 0;
   const float height = int16_t(params.boundsBottom - params.boundsTop);
   const bool hasRatio = !params.sizeUnavailable && height != 0;
   state.aspectRatio = hasRatio ? float(params.boundsRight - params.boundsLeft) / height : 1;
 
-  params.isColor = controls.IsSelected("ColorRadio");
-  params.keepHorizontal = controls.IsSelected("HorizontalRadio");
-  params.deleteRaster = controls.IsChecked("DeleteRasterChk");
+  params.isColor = entry("ColorRadio") != 0;
+  params.keepHorizontal = entry("HorizontalRadio") != 0;
+  params.deleteRaster = entry("DeleteRasterChk") != 0;
   const float whole = state.usePercent ? 100 : 1;
-  params.newWidth = controls.Number("NewWidthTxt") / whole;
-  params.newHeight = controls.Number("NewHeightTxt") / whole;
-  params.tileSpacingHorizontal =
-      Whole(Spacing(controls, "TileSpaceHorzTxt", kTilesAcross), forecast.cutsSpaces);
-  params.tileSpacingVertical =
-      Whole(Spacing(controls, "TileSpaceVertTxt", kTilesDown), forecast.cutsSpaces);
-  params.tilesAcross = params.tilesAcrossCopy =
-      Whole(controls.Number(kTilesAcross), forecast.cutsTiles);
-  params.tilesDown = params.tilesDownCopy = Whole(controls.Number(kTilesDown), forecast.cutsTiles);
+  params.newWidth = entry("NewWidthTxt") / whole;
+  params.newHeight = entry("NewHeightTxt") / whole;
+  bool& cutsSpaces = forecast.cutsSpaces;
+  params.tileSpacingHorizontal = Whole(spacing("TileSpaceHorzTxt", kTilesAcross), cutsSpaces);
+  params.tileSpacingVertical = Whole(spacing("TileSpaceVertTxt", kTilesDown), cutsSpaces);
+  params.tilesAcross = params.tilesAcrossCopy = Whole(entry(kTilesAcross), forecast.cutsTiles);
+  params.tilesDown = params.tilesDownCopy = Whole(entry(kTilesDown), forecast.cutsTiles);
   params.reserved28 = params.reserved32 = params.reserved60 = params.reserved64 = 0;
   return forecast;
 }

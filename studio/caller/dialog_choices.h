@@ -2,8 +2,8 @@
 
 #include <optional>
 
-#include "platform/nrvui/ui_dialog.h"
 #include "platform/qt/dialog_listener.h"
+#include "studio/caller/dialog_entries.h"
 #include "studio/mosaic/artwork.h"
 #include "studio/mosaic/mosaic_choices.h"
 
@@ -23,8 +23,8 @@ struct Forecast {
   bool cutsSpaces = false;
 };
 
-/// Reads the forecast from the controls of an open dialog, with `pending` as if it were entered.
-/// `asked` are the choices that the dialog started with; its flags are 0 or 1. Throws StudioError
-/// if a control is missing or has the wrong class.
-Forecast ForecastFor(const nrvui::ui::UI_Dialog& dialog, const MosaicChoices& asked,
+/// The forecast for a dialog with these entries, with `pending` as if it were entered. `asked` are
+/// the choices that the dialog started with; its flags are 0 or 1. Throws StudioError if an entry
+/// is missing.
+Forecast ForecastFor(DialogEntries entries, const MosaicChoices& asked,
                      const std::optional<qtui::PendingEntry>& pending = {});

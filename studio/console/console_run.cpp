@@ -49,7 +49,7 @@ class AskListener final : public qtui::DialogListener {
       const nrvui::ui::UI_Dialog& dialog,
       const std::optional<qtui::PendingEntry>& pending) override {
     entries = EntriesIn(dialog);
-    const Forecast forecast = ForecastFor(dialog, asked, pending);
+    const Forecast forecast = ForecastFor(entries, asked, pending);
     if (window != nullptr) window->Sync(forecast.choices);
     return SummaryFor(picture, forecast);
   }

@@ -31,7 +31,7 @@ class EntryKeeper final : public qtui::DialogListener {
       const nrvui::ui::UI_Dialog& dialog,
       const std::optional<qtui::PendingEntry>& pending) override {
     entries = EntriesIn(dialog);
-    const Forecast forecast = ForecastFor(dialog, asked, pending);
+    const Forecast forecast = ForecastFor(entries, asked, pending);
     if (preview != nullptr) preview->Sync(forecast.choices);
     if (!notice.isEmpty() && entries == opened && !pending) return qtui::Summary{notice, true};
     return SummaryFor(picture, forecast);

@@ -235,14 +235,17 @@ TEST(Export, OfManyTilesIsWhole) {
 
 TEST(Export, IsEstimatedFromAFewRows) {
   Mosaic mosaic{Touching(200, 300, {1, 1}), RandomImage(200, 300, QImage::Format_ARGB32, 1), {}};
-  for (const char* ending : {".svg", ".pdf"}) {
+  for (const char* ending : {".svg", ".pdf", ".svg", ".pdf"}) {
     QBuffer buffer;
     buffer.open(QIODevice::WriteOnly);
-    const auto sink = ExportKindOf(ending).makeSink(buffer, mosaic.geometry, {}, 0);
+    const auto sink = ExportKindOf(ending).makeSink(buffer, mosaic.geometry, mosaic.below, 0);
     ASSERT_TRUE(WriteMosaic(mosaic, *sink, [](int) { return true; }));
     const double estimate = EstimatedBytes(mosaic, ExportKindOf(ending));
     EXPECT_NEAR(estimate / double(buffer.size()), 1, 0.25) << ending;
+    if (ending == QByteArray(".pdf"))
+      mosaic.below = RandomImage(2000, 1500, QImage::Format_RGB32, 2);
   }
+  EXPECT_EQ(EstimatedBytes(mosaic, ExportKindOf(".png"), 10), 4.0 * 2000 * 3000);
 }
 
 TEST(Export, ShowsAClearPictureBelowTheTiles) {

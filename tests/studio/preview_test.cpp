@@ -54,7 +54,7 @@ class RandomPerson final : public nrvui::ui::DialogPresenter {
     const UI_NumberEdit::ParsedEntry entry = field.ParseEntry(typed);
     std::optional<qtui::PendingEntry> pending;
     if (!entry.outcome.IsClamped()) pending = {&field, entry.number};
-    expected = ForecastFor(dialog, asked, pending).choices;
+    expected = ForecastFor(EntriesIn(dialog), asked, pending).choices;
     if (pending) (void)nrvui::gestures::Enter(dialog, field, typed);
     (void)nrvui::gestures::Press(dialog, nrvui::gestures::Key::kReturn);
   }
