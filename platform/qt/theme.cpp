@@ -2,8 +2,8 @@
 
 #include <QApplication>
 #include <QDialogButtonBox>
+#include <QIconEngine>
 #include <QPainter>
-#include <QPainterPath>
 #include <QProxyStyle>
 #include <QStyleOption>
 #include <algorithm>
@@ -127,6 +127,38 @@ QString CurrentStyle() {
   return (proxy != nullptr ? proxy->baseStyle() : QApplication::style())->name();
 }
 
+QIcon Drawing(const QString& name) {
+  return QIcon(":/icons/" + name + ".svg");
+}
+
+/// The drawing's shape in one colour. `size` is in pixels of the device.
+QPixmap Tinted(const QIcon& drawing, const QSize& size, const QColor& color) {
+  QPixmap pixmap = drawing.pixmap(size, 1);
+  QPainter painter(&pixmap);
+  painter.setCompositionMode(QPainter::CompositionMode_SourceIn);
+  painter.fillRect(pixmap.rect(), color);
+  return pixmap;
+}
+
+class ThemedIconEngine final : public QIconEngine {
+ public:
+  explicit ThemedIconEngine(const QString& name) : drawing(Drawing(name)) {}
+
+  QPixmap pixmap(const QSize& size, QIcon::Mode mode, QIcon::State) override {
+    const auto group = mode == QIcon::Disabled ? QPalette::Disabled : QPalette::Active;
+    const auto role = mode == QIcon::Selected ? QPalette::HighlightedText : QPalette::ButtonText;
+    return Tinted(drawing, size, QApplication::palette().color(group, role));
+  }
+  void paint(QPainter* painter, const QRect& rect, QIcon::Mode mode, QIcon::State state) override {
+    const qreal ratio = painter->device()->devicePixelRatioF();
+    painter->drawPixmap(rect, pixmap(rect.size() * ratio, mode, state));
+  }
+  QIconEngine* clone() const override { return new ThemedIconEngine(*this); }
+
+ private:
+  const QIcon drawing;
+};
+
 }  // namespace
 
 const char* NameOf(Theme theme) {
@@ -178,25 +210,15 @@ QColor WarningColor(const QWidget& widget) {
   return QColor(IsDark(widget.palette()) ? 0xFFF2A33A : 0xFFA04E00);
 }
 
+QIcon ThemedIcon(const QString& name) {
+  return QIcon(new ThemedIconEngine(name));
+}
+
 QPixmap WarningIcon(const QWidget& widget) {
   const int side = widget.fontMetrics().height();
   const qreal ratio = widget.devicePixelRatioF();
-  QPixmap pixmap(QSize(side, side) * ratio);
+  QPixmap pixmap = Tinted(Drawing("warning"), QSize(side, side) * ratio, WarningColor(widget));
   pixmap.setDevicePixelRatio(ratio);
-  pixmap.fill(Qt::transparent);
-
-  QPainter painter(&pixmap);
-  painter.setRenderHint(QPainter::Antialiasing);
-  painter.scale(side / 16.0, side / 16.0);
-  painter.setPen(QPen(WarningColor(widget), 1.5, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
-  QPainterPath triangle;
-  triangle.moveTo(8, 2);
-  triangle.lineTo(14.5, 13.5);
-  triangle.lineTo(1.5, 13.5);
-  triangle.closeSubpath();
-  painter.drawPath(triangle);
-  painter.drawLine(QPointF(8, 6.5), QPointF(8, 9.5));
-  painter.drawPoint(QPointF(8, 11.5));
   return pixmap;
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QColor>
+#include <QIcon>
 #include <QPixmap>
 #include <QString>
 #include <QWidget>
@@ -26,6 +27,9 @@ QColor Faint(const QPalette& palette, int share);
 QColor FaintText(const QPalette& palette);
 /// The colour for warnings on the widget's background.
 QColor WarningColor(const QWidget& widget);
+/// The drawing `resources/icons/NAME.svg` in the colour that the theme gives texts on buttons, also
+/// after a change of the theme.
+QIcon ThemedIcon(const QString& name);
 /// As high as a line of the widget's text, at its screen's resolution.
 QPixmap WarningIcon(const QWidget& widget);
 

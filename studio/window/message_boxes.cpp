@@ -5,9 +5,9 @@
 #include <QMessageBox>
 #include <QPushButton>
 
+#include "platform/qt/theme.h"
 #include "studio/base/studio_error.h"
 #include "studio/base/text.h"
-#include "studio/window/line_icon.h"
 
 namespace {
 
@@ -48,7 +48,7 @@ void MessageBoxes::ShowAlert(const std::string& text) {
 void MessageBoxes::ShowAbout(const std::string& firstText, const std::string& secondText) {
   QMessageBox box(window);
   box.setWindowTitle(Text("$$$/Studio/Box/AboutTitle=About Tesserae Studio"));
-  box.setIconPixmap(LineIcon(Drawing::kTesserae)
+  box.setIconPixmap(qtui::ThemedIcon("tesserae")
                         .pixmap({kAboutIconSide, kAboutIconSide}, window->devicePixelRatioF()));
   RunWithOk(box, "about", Text("$$$/Studio/Title=Tesserae Studio"),
             Text("$$$/Studio/Box/AboutPlugIn=Plug-in %1: %2", QString::fromStdString(firstText),

@@ -11,7 +11,6 @@
 #include "platform/qt/theme.h"
 #include "studio/base/text.h"
 #include "studio/window/captions.h"
-#include "studio/window/line_icon.h"
 
 namespace {
 
@@ -38,7 +37,7 @@ class IconLabel final : public QWidget {
   void paintEvent(QPaintEvent*) override {
     QPainter painter(this);
     painter.setOpacity(0.45);
-    painter.drawPixmap(rect(), LineIcon(Drawing::kPicture).pixmap(size(), devicePixelRatioF()));
+    painter.drawPixmap(rect(), qtui::ThemedIcon("picture").pixmap(size(), devicePixelRatioF()));
   }
 };
 
@@ -99,7 +98,7 @@ void StartPage::ShowRecent(const QStringList& paths) {
     button->setAccessibleDescription(path);  // the tool tip has markup
     button->setAutoRaise(true);
     button->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
-    button->setIcon(LineIcon(Drawing::kPicture));
+    button->setIcon(qtui::ThemedIcon("picture"));
     for (const auto key : {Qt::Key_Return, Qt::Key_Enter}) {
       auto* const shortcut = new QShortcut(key, button);
       shortcut->setContext(Qt::WidgetShortcut);

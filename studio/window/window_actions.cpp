@@ -7,10 +7,9 @@
 #include <QRegularExpression>
 #include <QToolBar>
 #include <QToolButton>
-#include <optional>
 
+#include "platform/qt/theme.h"
 #include "studio/base/text.h"
-#include "studio/window/line_icon.h"
 #include "studio/window/settings.h"
 
 namespace {
@@ -20,49 +19,48 @@ struct Row {
   const char* name;
   const char* caption;
   const char* tip;
-  const char* shortcuts;  // separated by "; "
-  std::optional<Drawing> drawing = std::nullopt;
-  bool onlyLooks = false;  // also while the dialog "Create Tesserae" is open
+  const char* shortcuts;       // separated by "; "
+  const char* icon = nullptr;  // in resources/icons
+  bool onlyLooks = false;      // also while the dialog "Create Tesserae" is open
 };
 
 constexpr Row kRows[] = {
     {&WindowActions::open, "open", "$$$/Studio/Menu/Open=&Open Picture…",
-     "$$$/Studio/Tip/Open=Place a picture on the artboard", "Ctrl+O", Drawing::kOpen},
+     "$$$/Studio/Tip/Open=Place a picture on the artboard", "Ctrl+O", "open"},
     {&WindowActions::exportMosaic, "export", "$$$/Studio/Menu/Export=&Export…",
-     "$$$/Studio/Tip/Export=Save the mosaic as SVG, PDF or PNG", "Ctrl+E", Drawing::kExport},
+     "$$$/Studio/Tip/Export=Save the mosaic as SVG, PDF or PNG", "Ctrl+E", "export"},
     {&WindowActions::exportAgain, "exportAgain", "$$$/Studio/Menu/ExportAgain=Export A&gain",
      "$$$/Studio/Tip/ExportAgain=Export the mosaic to the same file again, without asking",
      "Ctrl+S"},
     {&WindowActions::quit, "quit", "$$$/Studio/Menu/Quit=&Quit", "", "Ctrl+Q"},
     {&WindowActions::undo, "undo", "$$$/Studio/Menu/Undo=&Undo", "$$$/Studio/Tip/Undo=Undo",
-     "Ctrl+Z", Drawing::kUndo},
+     "Ctrl+Z", "undo"},
     {&WindowActions::redo, "redo", "$$$/Studio/Menu/Redo=&Redo", "$$$/Studio/Tip/Redo=Redo",
-     "Ctrl+Shift+Z; Ctrl+Y", Drawing::kRedo},
+     "Ctrl+Shift+Z; Ctrl+Y", "redo"},
     {&WindowActions::copy, "copy", "$$$/Studio/Menu/Copy=&Copy",
      "$$$/Studio/Tip/Copy=Copy the mosaic as SVG and as a picture", "Ctrl+C"},
     {&WindowActions::paste, "paste", "$$$/Studio/Menu/Paste=&Paste",
      "$$$/Studio/Tip/Paste=Place the picture from the clipboard", "Ctrl+V"},
     {&WindowActions::tesserae, "createTesserae", "$$$/Studio/Menu/CreateTesserae=&Create Tesserae…",
-     "$$$/Studio/Tip/CreateTesserae=Turn the picture into a mosaic", "Ctrl+T", Drawing::kTesserae},
+     "$$$/Studio/Tip/CreateTesserae=Turn the picture into a mosaic", "Ctrl+T", "tesserae"},
     {&WindowActions::tesseraeAgain, "createTesseraeAgain",
      "$$$/Studio/Menu/CreateAgain=Create Tesserae A&gain…",
      "$$$/Studio/Tip/CreateAgain=Start with your last choices for this picture", "Ctrl+Shift+T"},
     {&WindowActions::zoomIn, "zoomIn", "$$$/Studio/Menu/ZoomIn=Zoom &In",
-     "$$$/Studio/Tip/ZoomIn=Zoom in", "Ctrl++; Ctrl+=", Drawing::kZoomIn, true},
+     "$$$/Studio/Tip/ZoomIn=Zoom in", "Ctrl++; Ctrl+=", "zoom-in", true},
     {&WindowActions::zoomOut, "zoomOut", "$$$/Studio/Menu/ZoomOut=Zoom &Out",
-     "$$$/Studio/Tip/ZoomOut=Zoom out", "Ctrl+-", Drawing::kZoomOut, true},
+     "$$$/Studio/Tip/ZoomOut=Zoom out", "Ctrl+-", "zoom-out", true},
     {&WindowActions::actualSize, "actualSize", "$$$/Studio/Menu/ActualSize=&Actual Size", "",
-     "Ctrl+1", std::nullopt, true},
+     "Ctrl+1", nullptr, true},
     {&WindowActions::fit, "fit", "$$$/Studio/Menu/Fit=&Fit in Window",
-     "$$$/Studio/Tip/Fit=Fit in the window", "Ctrl+0", Drawing::kFit, true},
+     "$$$/Studio/Tip/Fit=Fit in the window", "Ctrl+0", "fit", true},
     {&WindowActions::preview, "previewWhileChoosing",
      "$$$/Studio/Menu/Preview=&Preview While Choosing", "", ""},
     {&WindowActions::about, "about", "$$$/Studio/Menu/About=&About Tesserae Studio", "", ""},
     {&WindowActions::zoom, "zoom", "$$$/Studio/Menu/Zoom=&Zoom", "$$$/Studio/Tip/Zoom=Zoom", "",
-     std::nullopt, true},
+     nullptr, true},
     {&WindowActions::compare, "compare", "$$$/Studio/Menu/Compare=Co&mpare",
-     "$$$/Studio/Tip/Compare=Hold to see the picture without the mosaic", "F8", Drawing::kPicture,
-     true},
+     "$$$/Studio/Tip/Compare=Hold to see the picture without the mosaic", "F8", "picture", true},
 };
 
 /// "Zoom in (Ctrl++)"
@@ -83,7 +81,7 @@ void MakeAction(QMainWindow& window, WindowActions& actions, const Row& row) {
   action->setIconText(ButtonText(action->text()));
   action->setShortcuts(QKeySequence::listFromString(row.shortcuts));
   if (*row.tip) action->setToolTip(ToolTip(row, *action));
-  if (row.drawing) action->setIcon(LineIcon(*row.drawing));
+  if (row.icon) action->setIcon(qtui::ThemedIcon(row.icon));
   action->setIconVisibleInMenu(false);
   // Zooming works in the dialog's window too.
   row.onlyLooks ? action->setShortcutContext(Qt::ApplicationShortcut) : actions.Block(action);
