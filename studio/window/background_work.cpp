@@ -1,15 +1,6 @@
 #include "studio/window/background_work.h"
 
-#include <QEvent>
-#include <QEventLoop>
 #include <QFileInfo>
-#include <QFutureWatcher>
-#include <QLabel>
-#include <QPointer>
-#include <QProgressDialog>
-#include <QPushButton>
-#include <QShortcut>
-#include <QTimer>
 #include <QtConcurrentRun>
 #include <exception>
 #include <functional>
@@ -22,104 +13,30 @@
 #include "studio/export/mosaic_export.h"
 #include "studio/mosaic/mosaic_job.h"
 #include "studio/mosaic/preview.h"
+#include "studio/window/work_dialog.h"
 
 namespace {
 
-constexpr int kQuietTime = 500;  // ms
-
-/// Shows the progress. Emits canceled on Cancel, Escape, and when either window is closed; stays
-/// open until the work has stopped.
-class WorkDialog final : public QProgressDialog {
- public:
-  WorkDialog(QWidget& window, const QString& text, int steps)
-      : QProgressDialog(&window),
-        label(new QLabel(text)),
-        button(new QPushButton(Text("$$$/Studio/Progress/Cancel=Cancel"))) {
-    setObjectName("progress");
-    setWindowTitle(window.windowTitle().remove("[*]"));
-    window.installEventFilter(this);
-    setAutoReset(false);
-    setMinimumDuration(0);
-    setMinimumWidth(fontMetrics().averageCharWidth() * 52);
-    setRange(0, steps);
-    label->setTextFormat(Qt::PlainText);
-    setLabel(label);
-    setCancelButton(button);
-    // setCancelButton adds an Escape shortcut each time; two make Escape ambiguous. Without
-    // shortcuts Escape calls reject(), as in any dialog.
-    qDeleteAll(findChildren<QShortcut*>());
-    disconnect(this, SIGNAL(canceled()), this, SLOT(cancel()));  // which would hide it
-    connect(this, &QProgressDialog::canceled, this, [this] {
-      label->setText(Text("$$$/Studio/Progress/Stopping=Cancelling…"));
-      button->hide();
-    });
-  }
-
-  void reject() override { emit canceled(); }
-
- protected:
-  bool eventFilter(QObject*, QEvent* event) override {
-    if (event->type() == QEvent::Close) emit canceled();
-    return false;
-  }
-
- private:
-  QLabel* const label;
-  QPushButton* const button;
-};
-
-/// Blocks a window's input, but not its closing, which a modal dialog would block too.
-class DisabledWindow {
- public:
-  explicit DisabledWindow(QWidget& disabled) : window(disabled), focus(disabled.focusWidget()) {
-    window.setEnabled(false);
-  }
-  ~DisabledWindow() {
-    window.setEnabled(true);
-    if (focus) focus->setFocus();
-  }
-  Q_DISABLE_COPY(DisabledWindow)
-
- private:
-  QWidget& window;
-  const QPointer<QWidget> focus;
-};
-
-/// Returns what `work` returns: whether it is complete. Cancelling asks it to stop, by the promise,
-/// and waits until it has. With 0 `steps` the dialog shows that something is done, but not how far.
+/// Runs `work` on another thread and returns its result: whether it is complete. Cancelling sets
+/// the promise's flag, and this function waits until the work has stopped.
 bool DoInBackground(QWidget& window, const QString& label, int steps,
                     const std::function<bool(QPromise<void>&)>& work) {
-  QEventLoop loop;
+  WorkDialog dialog(window, label, steps);
   bool isComplete = false;
-  QFutureWatcher<void> watcher;
-  QObject::connect(&watcher, &QFutureWatcherBase::finished, &loop, &QEventLoop::quit);
-  watcher.setFuture(QtConcurrent::run([&](QPromise<void>& promise) {
+  QFuture<void> future = QtConcurrent::run([&](QPromise<void>& promise) {
     promise.setProgressRange(0, steps);
     try {
       isComplete = work(promise);
     } catch (...) {
-      // Qt would lose the exception's class. Stopped work may end with one of its own.
+      // Qt would lose the exception's class. Cancelled work may end with an exception of its own.
       if (!promise.isCanceled()) promise.setException(std::current_exception());
     }
-  }));
-  QTimer::singleShot(kQuietTime, &loop, &QEventLoop::quit);
-  loop.exec(QEventLoop::ExcludeUserInputEvents);
-  if (!watcher.isFinished()) {
-    const DisabledWindow disabled(window);  // before the dialog, which would be disabled with it
-    WorkDialog dialog(window, label, steps);
-    QObject::connect(&watcher, &QFutureWatcherBase::progressValueChanged, &dialog,
-                     &QProgressDialog::setValue);
-    QObject::connect(&dialog, &WorkDialog::canceled, &watcher, &QFutureWatcherBase::cancel);
-    dialog.setValue(watcher.progressValue());
-    dialog.show();
-    loop.exec();
-    if (!watcher.isFinished()) watcher.cancel();  // also when the program is ending
-  }
-  watcher.waitForFinished();  // throws what the work threw
-  return isComplete && !watcher.isCanceled();
+  });
+  dialog.WaitFor(future);
+  return isComplete && !future.isCanceled();
 }
 
-/// Passes on how many rows are done, and whether to go on.
+/// Reports the rows that are done and returns whether the work was not cancelled.
 GoOn ReportTo(QPromise<void>& promise) {
   return [&promise](int rowsDone) {
     promise.setProgressValue(rowsDone);

@@ -14,6 +14,7 @@
 #include "studio/base/studio_error.h"
 #include "studio/window/captions.h"
 #include "studio/window/settings.h"
+#include "studio/window/work_dialog.h"
 
 namespace {
 
@@ -189,9 +190,10 @@ void StudioWindow::Tell(const QString& text) {
 
 void StudioWindow::closeEvent(QCloseEvent* event) {
   event->ignore();
-  const bool isWorking = !isEnabled();
-  if (isBusy) closesAfterWork = isWorking;
-  if (isBusy) return;
+  if (isBusy) {
+    closesAfterWork = WorkDialog::IsOver(*this);
+    return;
+  }
   const size_t shown = document.CurrentStep();
   for (const size_t step : document.Unexported()) {
     const auto answer = boxes.AskBeforeClosing(QFileInfo(document.ArtworkOf(step).path).fileName());
