@@ -7,15 +7,15 @@
 #include "platform/suites/result_code.h"
 
 /// The host's suites: tables of functions that the host implements and plug-ins call. Each has a
-/// name and a version. An operation is identified by its position in the table, so slots that the
-/// module does not use remain as gaps, which may be null.
+/// name and a version. An operation is identified by its position in the table. The module does not
+/// call the unused slots, which may be null.
 ///
-/// Unless stated otherwise, for every operation: It is called on the host's main thread. It returns
-/// kSuccess, or a code of the host's choice that gives the reason, and then writes nothing through
-/// its pointers. A host written in C++ may throw instead; the module guards every call. Strings are
-/// NUL-terminated ASCII and valid for the call; the host copies those that it keeps. The caller
-/// owns a handle that an operation writes until it releases it; the host owns the object behind it.
-/// In C++14 the constants kName and kVersion have no address: pass them by value.
+/// Unless stated otherwise, the following holds for every operation. It is called on the host's
+/// main thread. It returns kSuccess, or a code of the host's choice; after a failure it has written
+/// nothing through its pointers. A host in C++ may throw instead; the module catches everything.
+/// Strings are NUL-terminated ASCII and valid during the call; the host copies those that it keeps.
+/// The host owns the object behind a handle; the plug-in owns the handle until it releases it.
+/// In C++14 kName and kVersion are declared without a definition: pass them by value.
 
 class SheetFactory;
 class DrawingSupplierSource;
@@ -28,27 +28,27 @@ using NotifierHandle = struct OpaqueNotifier*;
 using StringHandle = struct OpaqueString*;
 using SuiteHandle = struct OpaqueSuite*;
 
-/// Hands out all other suites; its address comes with every message.
+/// Gives access to all other suites. Every message contains its address.
 struct QPBasicSuite {
-  /// Writes the address of the table with this name and version to `*suite` and counts one more
-  /// user. The table belongs to the host or to a plug-in and keeps its address until the release.
-  /// Fails for a name or version that is not published; only an equal version matches.
+  /// Writes the address of the table with exactly this name and version to `*suite` and increments
+  /// the number of its users. The table belongs to the host or to a plug-in and keeps its address
+  /// until the release. Fails for a suite that is not published.
   ResultCode (*Acquire)(const char* name, int32_t version, const void** suite);
-  /// Counts one user less; this user must not use the table afterwards. Fails for a suite that is
-  /// not held. The module considers the suite released even after a failure, but stops what it was
-  /// doing, so suites that it would have released next stay held.
+  /// Decrements the number of users. The caller must not use the table afterwards. Fails for a
+  /// suite without users. After a failure the module considers this suite released and does not
+  /// release those that would follow.
   ResultCode (*Release)(const char* name, int32_t version);
 };
 
-/// Keeps the plug-in in the process while something needs it.
+/// Prevents the host from unloading a plug-in.
 struct QPAccessSuite {
   static constexpr const char* kName = "QP Access Suite";
   static constexpr int32_t kVersion = 3;
 
-  /// Writes a handle to `*access`; the plug-in's code stays in memory until it is released. The
-  /// result is ignored.
+  /// Writes a handle to `*access`. The plug-in's code stays in memory until the handle is released.
+  /// The result is ignored.
   ResultCode (*AcquirePlugin)(PluginRef plugin, AccessHandle* access);
-  /// Releases the handle; null if AcquirePlugin wrote none. The result is ignored.
+  /// Releases the handle, which is null if AcquirePlugin wrote none. The result is ignored.
   ResultCode (*ReleasePlugin)(AccessHandle access);
 };
 
@@ -66,24 +66,25 @@ struct VXNotifierSuite {
   static constexpr const char* kName = "VX Notifier Suite";
   static constexpr int32_t kVersion = 1003;
 
-  /// From now until the plug-in's shut-down the host sends messages of caller "VX Notifier" when an
-  /// event of `type` occurs. `name`, up to 255 characters, identifies the notifier in diagnostics.
-  /// `notifier` receives a handle, which is never released; it may be null. A failure ends the
-  /// plug-in's start-up with its code.
+  /// Adds a notifier: until the plug-in's shut-down the host sends a message of caller "VX
+  /// Notifier" for each event of `type`. `name`, up to 255 characters, identifies the notifier in
+  /// diagnostics.
+  /// `*notifier` receives a handle, which is never released; `notifier` may be null. A failure ends
+  /// the plug-in's start-up with its code.
   ResultCode (*AddNotifier)(PluginRef plugin, const char* name, const char* type,
                             NotifierHandle* notifier);
 };
 
-/// A context names the plug-in on whose behalf the host works. Push and Pop come in pairs.
+/// A context states for which plug-in the host works. Each Push is followed by one Pop.
 struct VXContextSuite {
   static constexpr const char* kName = "VX Context Suite";
   static constexpr int32_t kVersion = 1006;
 
   UnusedSlot unused0[1];
-  /// Opens a context for the plug-in. `*context` is null before the call. Contexts are closed in
-  /// reverse order. The result is ignored.
+  /// Opens a context for the plug-in and writes its handle to `*context`, which is null before the
+  /// call. Contexts are closed in reverse order. The result is ignored.
   ResultCode (*PushAppContext)(PluginRef plugin, ContextHandle* context);
-  /// Closes the context; null if the Push wrote none. The result is ignored.
+  /// Closes the context. The handle is null if the Push wrote none. The result is ignored.
   ResultCode (*PopAppContext)(ContextHandle context);
 };
 
@@ -91,30 +92,28 @@ struct KDMBasicSuite {
   static constexpr const char* kName = "KDM Basic Suite";
   static constexpr int32_t kVersion = 12;
 
-  /// Copies entry `index`, from 1, of the string list `list` of a module into the caller's
-  /// `buffer`: UTF-8, cut to `size` bytes (at least 1) and always terminated. Fails when there is
-  /// no such entry, which marks the end of a list; the buffer is then untouched. The module reads
-  /// no entry beyond 32766.
+  /// Copies entry `index` (1 to 32766) of the module's string list `list` to `buffer`, in UTF-8,
+  /// truncated to `size` bytes (at least 1) with the terminator. Fails, without a change of the
+  /// buffer, if the entry does not exist; a missing entry ends a list.
   ResultCode (*GetListString)(ModuleRef module, int32_t list, int32_t index, char* buffer,
                               size_t size);
   UnusedSlot unused1[19];
-  /// Shows the host's about box with two texts in UTF-8, which may be empty, and returns when it is
+  /// Shows the host's about box with two UTF-8 texts, which may be empty, and returns when it is
   /// closed. The result is ignored.
   ResultCode (*ShowAboutBox)(PluginRef plugin, const char* firstText, const char* secondText);
 };
 
-/// Blocks that outlive an unload of the plug-in.
+/// Allocates blocks of memory that outlive an unload of the plug-in.
 struct QPBlocksSuite {
   static constexpr const char* kName = "QP Blocks Suite";
   static constexpr int32_t kVersion = 2;
 
-  /// Allocates `size` bytes, at least 1 (this module asks for 8). `debugName`, never null, names
-  /// the block in the host's diagnostics. `*block` is null before the call; afterwards it is
-  /// aligned for any type and belongs to the caller until FreeBlock. A null `*block` means that
-  /// there was no memory, whatever the result.
+  /// Allocates `size` bytes, at least 1 (the module requests 8), aligned for any type, and writes
+  /// the block's address to `*block`, which is null before the call. The caller owns the block
+  /// until FreeBlock. `debugName`, never null, names the block in diagnostics. The module ignores
+  /// the result: a null `*block` is a failure.
   ResultCode (*AllocateBlock)(size_t size, const char* debugName, void** block);
-  /// Releases the block, which is never null. The plug-in's shut-down returns the code of a
-  /// failure.
+  /// Frees the block, which is never null. A failure ends the plug-in's shut-down with its code.
   ResultCode (*FreeBlock)(void* block);
 };
 
@@ -140,19 +139,19 @@ struct VXRealMathSuite {
   static constexpr int32_t kVersion = 1002;
 
   UnusedSlot unused0[1];
-  /// Any operands, in single precision. NaN when the host refuses.
+  /// Both compute in single precision, for any operands. A host that cannot returns NaN.
   float (*Multiply)(float a, float b);
   float (*Divide)(float dividend, float divisor);
 };
 
-/// The host's string objects. The holder of a handle owns the string; null is the empty string.
+/// The host's string objects. The owner of a handle owns the string; null is the empty string.
 struct VXUnicodeStringSuite {
   static constexpr const char* kName = "VX Unicode String Suite";
   static constexpr int32_t kVersion = 1007;
 
-  /// Makes a string of `length` bytes of `text`, which need not be terminated and is copied, in
-  /// `encoding`; 0, the host's default, is UTF-8 and the only one that the module uses. Writes the
-  /// new handle to `*string`, which is null before the call and after a failure.
+  /// Creates a string from a copy of `length` bytes of `text`, which need not be terminated.
+  /// `encoding` 0 is UTF-8; the module uses no other. Writes the handle to `*string`, which is null
+  /// before the call and after a failure.
   ResultCode (*CreateFromText)(StringHandle* string, const char* text, size_t length,
                                int32_t encoding);
   UnusedSlot unused1[2];
@@ -165,8 +164,8 @@ struct VXUserSuite {
   static constexpr int32_t kVersion = 1011;
 
   UnusedSlot unused0[43];
-  /// Shows the host's error alert and returns when it is closed. `text` is the address of the
-  /// string's handle; the caller keeps the string. The result is ignored.
+  /// Shows the host's error alert and returns when it is closed. `text` points to the handle of a
+  /// string, which the caller continues to own. The result is ignored.
   ResultCode (*ShowErrorAlert)(const StringHandle* text);
 };
 
@@ -174,20 +173,19 @@ struct GlossaHostInitSuite {
   static constexpr const char* kName = "Glossa Host Init Suite";
   static constexpr int32_t kVersion = 1;
 
-  /// Returns the module, for GetListString, whose list 257 holds the host's texts for error numbers
-  /// 10 to 899; null for none. It belongs to the host.
+  /// Returns the host's own module, or null. Its string list 257 (see GetListString) contains the
+  /// host's texts for the error numbers 10 to 899. The host owns it.
   ModuleRef (*GetHostModule)();
 };
 
 /// Gives access to the host's user-interface objects: C++ objects of its toolkit, owned by the
-/// host. A host without them fails or writes null. Without a factory the module's dialog returns
+/// host. A host without them fails or writes null. Without a factory the module's dialog ends with
 /// kCannot; without a supplier source it opens with a null drawing supplier.
 struct VXUserInterfaceMainSuite {
   static constexpr const char* kName = "VX User Interface Main Suite";
   static constexpr int32_t kVersion = 1001;
 
-  /// Both write an address or leave `*out` null; the caller sets it to null first. The result is
-  /// ignored.
+  /// Both write an address to `*out`, which is null before the call. The result is ignored.
   ResultCode (*GetSheetFactory)(SheetFactory** out);
   ResultCode (*GetDrawingSupplierSource)(DrawingSupplierSource** out);
 };

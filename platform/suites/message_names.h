@@ -1,9 +1,9 @@
 #pragma once
 
-/// The names of the messages that a plug-in can handle. A host passes `caller` and `selector` of
-/// one of these to the module's entry point (plugin_message.h).
+/// The names of the messages that a plug-in can handle. A host passes the two strings of a name to
+/// the module's entry point (plugin_message.h).
 
-/// Two NUL-terminated ASCII strings. They are compared byte for byte.
+/// The name of a message: two NUL-terminated ASCII strings, compared byte for byte.
 struct MessageName {
   const char* caller;
   const char* selector;
@@ -62,7 +62,7 @@ constexpr MessageName kClipboardGo = {"VX Clipboard", "VX Go"};
 constexpr MessageName kClipboardCanCopy = {"VX Clipboard", "VX Can Copy"};
 constexpr MessageName kClipboardClone = {"VX Clipboard", "VX Clone"};
 constexpr MessageName kClipboardDispose = {"VX Clipboard", "VX Dispose"};
-// Hosts send this spelling.
+// Hosts use this spelling of "workspace".
 constexpr MessageName kWriteWorkspace = {"Workspace Manager", "Write Woskspace"};
 constexpr MessageName kRestoreWorkspace = {"Workspace Manager", "Restore Woskspace"};
 constexpr MessageName kDefaultWorkspace = {"Workspace Manager", "Default Woskspace"};
@@ -73,12 +73,12 @@ constexpr MessageName kControlPanelGroupVisibility = {"Herder Control Panel",
 constexpr MessageName kControlPanelSubGroupVisibility = {"Herder Control Panel",
                                                          "VX Control Panel SubGroup Visibility"};
 
-// A message from "VX Notifier" comes with a NotifierMessage, whose type identifies the event. Hosts
-// send the selector of kNotify; plug-ins accept any.
+// A message from "VX Notifier" has a NotifierMessage, whose type identifies the event. Hosts send
+// the selector of kNotify; plug-ins accept any selector.
 constexpr const char* kNotifierCaller = "VX Notifier";
 constexpr const char* kStartedNotifierType = "VX Application Started Notifier";
 
-// A script message has a selector that the script chooses.
+// The selector of a script message is chosen by the script.
 constexpr const char* kScriptCaller = "VX Script Message Caller";
 
 }  // namespace messages

@@ -17,14 +17,14 @@ constexpr int32_t FourCharCode(const char (&text)[5]) {
 #define TESSERAE_NODISCARD
 #endif
 
-/// The result of every operation between host and module: 0 for success, otherwise the reason. A
-/// host may return other values too; the module passes them on.
+/// The result of an operation between host and module: 0 for success, otherwise the reason. Hosts
+/// may return values of their own; the module returns them unchanged.
 enum class TESSERAE_NODISCARD ResultCode : int32_t {
   kSuccess = 0,
   kNotHandled = FourCharCode("!MSG"),   // the plug-in does not handle this message
   kOutOfMemory = FourCharCode("!MEM"),  // the host has no memory
-  kCannot = FourCharCode("CANT"),       // another failure, usually an exception
-  kParameter = FourCharCode("PARM"),    // a bad argument, or the suite could not be published
+  kCannot = FourCharCode("CANT"),       // any other failure, usually an exception
+  kParameter = FourCharCode("PARM"),    // an invalid argument, or the suite cannot be published
   kCancelled = FourCharCode("STOP"),    // the user closed the dialog without OK
   kPurged = FourCharCode("pFls"),       // a purge request freed something
 };

@@ -14,32 +14,32 @@ namespace {
 
 /// Plays a script on the dialog. Returns the response, the notifications and the messages.
 std::string Play(const std::string& text, TestDialog& test) {
-  std::string said;
-  const auto say = [&](const std::string& sentence) { said += "|" + sentence; };
+  std::string messages;
+  const auto report = [&](const std::string& message) { messages += "|" + message; };
   try {
-    ScriptedPresenter presenter(GestureScript::Parse(text, "f"), say);
+    ScriptedPresenter presenter(GestureScript::Parse(text, "f"), report);
     const InstalledPresenter installed(presenter);
     test.dialog->RunModal();
-    if (presenter.Error()) say(presenter.Error()->what());
-  } catch (const nrvcore::FileError& unreadable) {
-    say(unreadable.what());
+    if (presenter.Error()) report(presenter.Error()->what());
+  } catch (const nrvcore::FileError& error) {
+    report(error.what());
   }
   constexpr const char* kResponses[] = {"open", "ok", "cancel"};
-  return kResponses[test.dialog->GetResponse()] + (" " + test.Notified()) + said;
+  return kResponses[test.dialog->GetResponse()] + (" " + test.Notified()) + messages;
 }
 
 }  // namespace
 
 TEST(Script, PlaysEveryGesture) {
   TestDialog test;
-  EXPECT_EQ(Play("\xEF\xBB\xBF# a person's visit\r\n"
+  EXPECT_EQ(Play("\xEF\xBB\xBF# a comment\r\n"
                  "\n"
                  "  enter width 2 in   # as a length\r\n"
                  "enter name two  wörds\n"
                  "enter count\t40\n"
                  "click percent\r\n"
                  "resize 120.5 90\n"
-                 "key Return  # and a comment",
+                 "key Return  # and another",
                  test),
             "ok count:1 name:1 percent:1 width:1");
   EXPECT_EQ(test.width->GetNumber(), 144);
@@ -51,7 +51,7 @@ TEST(Script, PlaysEveryGesture) {
 TEST(Script, ReportsFileLineAndReasonForEachProblem) {
   const struct {
     const char* script;
-    const char* story;
+    const char* result;
   } cases[] = {
       {"enter width 9000\nclick percent\n",
        "cancel percent:1 width:1|f:1: 9000 is more than 8640 pt; it was changed to 8640 pt."
@@ -67,9 +67,9 @@ TEST(Script, ReportsFileLineAndReasonForEachProblem) {
       {"enter width", "cancel |f:1: A number is missing; the field keeps 300 pt."},
       {"resize 99999 1", "cancel |f:1: A window cannot have the size 99999 × 1."},
   };
-  for (const auto& [script, story] : cases) {
+  for (const auto& [script, result] : cases) {
     TestDialog test;
-    EXPECT_EQ(Play(script, test), story);
+    EXPECT_EQ(Play(script, test), result);
   }
 }
 
@@ -87,7 +87,7 @@ TEST(Script, PlaysOnADialogOnTheStack) {
 TEST(Script, ExceptionOfAHandlerPropagates) {
   TestDialog test;
   WhenChanged(*test.ratio, [&] { test.dialog->RunModal(); });
-  EXPECT_THROW(Play("click ratio", test), std::logic_error) << "the dialog is open already";
+  EXPECT_THROW(Play("click ratio", test), std::logic_error) << "the dialog is already open";
   WhenChanged(*test.ratio, [] { throw std::out_of_range("handler"); });
   EXPECT_THROW(Play("click ratio\nkey Return", test), std::out_of_range);
   EXPECT_EQ(test.dialog->GetResponse(), kNoResponse);
