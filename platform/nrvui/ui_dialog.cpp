@@ -53,9 +53,7 @@ void OS_Dialog::RunModal() {
   DialogPresenter* const presenter = InstalledPresenter::Current();
   if (presenter == nullptr) nrvcore::config::ThrowError(kNoPresenter);
   if (isOpen) throw std::logic_error("the dialog is already open");
-  // A handler may release all other references. A dialog with a count of 0 is on the stack; taking
-  // and releasing a reference would delete it.
-  const boost::intrusive_ptr<OS_Dialog> kept = UI_GetReferenceCount() > 0 ? this : nullptr;
+  const boost::intrusive_ptr<OS_Dialog> kept = this;  // a handler may release all other references
   const OpenScope openScope(isOpen);
   auto& dialog = static_cast<UI_Dialog&>(*this);
   dialog.SetResponse(kNoResponse);

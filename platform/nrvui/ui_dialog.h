@@ -65,8 +65,9 @@ class NRV_EXPORT OS_Dialog : public UI_Node {
  public:
   ~OS_Dialog() override;
 
-  /// Passes the dialog to the installed presenter and returns when it has closed. Throws an Error
-  /// if no presenter is installed, and std::logic_error if the dialog is already open.
+  /// Passes the dialog, which must be on the heap, to the installed presenter and returns when it
+  /// has closed. Throws an Error if no presenter is installed, and std::logic_error if the dialog
+  /// is already open.
   virtual void RunModal();
 
   /// Makes the dialog open in the middle of the screen.

@@ -73,19 +73,9 @@ TEST(Script, ReportsFileLineAndReasonForEachProblem) {
   }
 }
 
-TEST(Script, PlaysOnADialogOnTheStack) {
-  PlainDialog dialog;
-  {
-    ScriptedPresenter presenter(GestureScript::Parse("close", "f"));
-    const InstalledPresenter installed(presenter);
-    dialog.RunModal();
-  }
-  EXPECT_EQ(dialog.GetResponse(), kCancelResponse);
-  EXPECT_THROW(dialog.RunModal(), nrvcore::config::Error) << "without a presenter";
-}
-
-TEST(Script, ExceptionOfAHandlerPropagates) {
+TEST(Script, NeedsAPresenterAndPropagatesExceptionsOfHandlers) {
   TestDialog test;
+  EXPECT_THROW(test.dialog->RunModal(), nrvcore::config::Error) << "without a presenter";
   WhenChanged(*test.ratio, [&] { test.dialog->RunModal(); });
   EXPECT_THROW(Play("click ratio", test), std::logic_error) << "the dialog is already open";
   WhenChanged(*test.ratio, [] { throw std::out_of_range("handler"); });
